@@ -1,0 +1,24 @@
+# How this repository's targets are made.
+
+add_library(orrelo_options INTERFACE)
+target_compile_options(orrelo_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(ORRELO_SANITIZE)
+  target_compile_options(orrelo_options INTERFACE -fsanitize=${ORRELO_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+  target_link_options(orrelo_options INTERFACE -fsanitize=${ORRELO_SANITIZE})
+endif()
+
+# orrelo_subsystem(<name> SOURCES <file>... [USES <subsystem>...] [LINKS <library>...])
+#
+# One folder of src/ as one target. USES names the subsystems that it may include from; a folder that is not
+# named there is out of reach only by agreement, which the test `include_order` holds everyone to.
+function(orrelo_subsystem name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LINKS")
+  add_library(orrelo_${name} OBJECT ${arg_SOURCES})
+  target_include_directories(orrelo_${name} PUBLIC
+    ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated)
+  list(TRANSFORM arg_USES PREPEND orrelo_)
+  target_link_libraries(orrelo_${name} PUBLIC ${arg_USES} ${arg_LINKS} PRIVATE orrelo_options)
+  set_property(GLOBAL APPEND PROPERTY ORRELO_SUBSYSTEMS orrelo_${name})
+endfunction()

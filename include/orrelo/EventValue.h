@@ -1,0 +1,88 @@
+#pragma once
+
+#include <orrelo/Date.h>
+#include <orrelo/Export.h>
+#include <orrelo/Url.h>
+#include <orrelo/Uuid.h>
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <map>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <typeinfo>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace orrelo {
+
+class EventValue;
+
+using EventArray = std::vector<EventValue>;
+using EventDictionary = std::map<std::string, EventValue, std::less<>>;
+using EventBytes = std::vector<std::byte>;
+
+/// Different values in the order in which they were first given.
+struct ORRELO_EXPORT EventSet {
+  EventSet();
+  EventSet(std::initializer_list<EventValue> values);
+  explicit EventSet(const EventArray& values);
+
+  EventArray elements;
+};
+
+/// A value of a type that the kit does not know; it remembers what the type was called.
+struct EventOther {
+  std::string typeName;
+};
+
+/// One value of a host event. Null, bytes and other are carried, so that a host can hand over what it has,
+/// but an event that holds one of them at its top level is refused (see Orrelo::sendEvent).
+///
+///     EventValues values{{"item", "Blue shoes"}, {"price", 39.9}, {"sizes", EventArray{41, 42}}};
+class ORRELO_EXPORT EventValue {
+ public:
+  using Variant = std::variant<std::monostate, bool, std::int64_t, double, std::string, Date, Uuid, Url,
+                               EventArray, EventSet, EventDictionary, EventBytes, EventOther>;
+
+  EventValue() = default;
+  EventValue(std::nullptr_t) {}
+  EventValue(std::same_as<bool> auto value) : value_(value) {}
+  template <std::integral Integer>
+  requires(!std::same_as<Integer, bool>) EventValue(Integer value)
+      : value_(static_cast<std::int64_t>(value)) {}
+  EventValue(std::floating_point auto value) : value_(static_cast<double>(value)) {}
+  EventValue(const char* text) : value_(std::string(text)) {}
+  EventValue(std::string_view text) : value_(std::string(text)) {}
+  EventValue(std::string text) : value_(std::move(text)) {}
+  EventValue(Date date) : value_(date) {}
+  EventValue(Uuid uuid) : value_(uuid) {}
+  EventValue(Url url) : value_(std::move(url)) {}
+  EventValue(EventArray array) : value_(std::move(array)) {}
+  EventValue(EventSet set) : value_(std::move(set)) {}
+  EventValue(EventDictionary dictionary) : value_(std::move(dictionary)) {}
+  EventValue(EventBytes bytes) : value_(std::move(bytes)) {}
+
+  /// For a value of any other type; only the type's name is kept.
+  template <class T>
+  static EventValue other(const T&) {
+    return other(typeid(T));
+  }
+  static EventValue other(const std::type_info& type);
+
+  const Variant& variant() const { return value_; }
+
+  friend ORRELO_EXPORT bool operator==(const EventValue& a, const EventValue& b);
+
+ private:
+  Variant value_;
+};
+
+/// The values of one event, by key.
+using EventValues = EventDictionary;
+
+}  // namespace orrelo

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <orrelo/EventValue.h>
+#include <orrelo/Export.h>
+#include <orrelo/ORLCampaignType.h>
+#include <orrelo/ORLConfig.h>
+#include <orrelo/ORLDelegates.h>
+#include <orrelo/ORLUser.h>
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orrelo {
+
+class ViewController;
+
+/// A notification that the user tapped, as the platform hands it to the host.
+struct NotificationResponse {
+  EventDictionary userInfo;
+};
+
+/// What a background fetch brought, for the platform.
+enum class BackgroundFetchResult { newData, noData, failed };
+
+/// The operations of Orrelo as an interface, for hosts that write their code against one.
+/// `Orrelo::interface()` is the kit's own. Orrelo has the documentation.
+class ORRELO_EXPORT IOrrelo {
+ public:
+  using FetchCompletion = std::function<void(BackgroundFetchResult)>;
+
+  virtual ~IOrrelo() = default;
+
+  virtual void initialize(const ORLConfig& config) = 0;
+  virtual void setUser(const std::optional<ORLUser>& user) = 0;
+  virtual void sendEvent(std::string_view name) = 0;
+  virtual void sendEvent(std::string_view name, const EventValues& values) = 0;
+
+  virtual void showHome(const std::shared_ptr<ViewController>& with) = 0;
+  virtual void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) = 0;
+  virtual void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with) = 0;
+  virtual void showNaverPayExchange(const std::shared_ptr<ViewController>& with) = 0;
+  virtual void showPage(std::string_view id) = 0;
+  virtual void showInAppMessage(const std::shared_ptr<ViewController>& with) = 0;
+
+  virtual void setDeviceToken(const std::vector<std::byte>& token) = 0;
+  virtual void setPushToken(std::string_view token) = 0;
+  virtual void userNotificationCenter(const NotificationResponse& response,
+                                      std::function<void()> completion) = 0;
+  virtual void application(const EventDictionary& userInfo, FetchCompletion completion) = 0;
+
+  virtual std::shared_ptr<ORLUserEventDelegate> userEventDelegate() const = 0;
+  virtual void setUserEventDelegate(const std::shared_ptr<ORLUserEventDelegate>& delegate) = 0;
+  virtual std::shared_ptr<ORLOptInMarketingCampaignDelegate> optInMarketingCampaignDelegate() const = 0;
+  virtual void setOptInMarketingCampaignDelegate(
+      const std::shared_ptr<ORLOptInMarketingCampaignDelegate>& delegate) = 0;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <orrelo/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace orrelo {
+
+using DefaultsData = std::vector<std::byte>;
+using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, DefaultsData>;
+
+/// One suite of a persistent key-value store. Values are typed: one of another type than asked for counts as
+/// missing.
+///
+/// Any thread. Reads come from memory after the first; a write is in the file when the call returns, or, if
+/// the file refused it, in memory until the process ends.
+class ORRELO_EXPORT UserDefaults {
+ public:
+  virtual ~UserDefaults() = default;
+
+  virtual std::optional<DefaultsValue> value(std::string_view key) const = 0;
+  virtual void set(std::string_view key, DefaultsValue value) = 0;
+  virtual void remove(std::string_view key) = 0;
+
+  std::optional<bool> boolean(std::string_view key) const { return typed<bool>(key); }
+  std::optional<std::int64_t> integer(std::string_view key) const { return typed<std::int64_t>(key); }
+  std::optional<double> number(std::string_view key) const { return typed<double>(key); }
+  std::optional<std::string> text(std::string_view key) const { return typed<std::string>(key); }
+  std::optional<DefaultsData> data(std::string_view key) const { return typed<DefaultsData>(key); }
+
+ private:
+  template <class T>
+  std::optional<T> typed(std::string_view key) const {
+    auto found = value(key);
+    if (!found || !std::holds_alternative<T>(*found)) return std::nullopt;
+    return std::get<T>(*std::move(found));
+  }
+};
+
+/// Opens suites. Two questions for one name are answered with the same suite.
+class ORRELO_EXPORT UserDefaultsFactory {
+ public:
+  virtual ~UserDefaultsFactory() = default;
+
+  /// The suite that has no name.
+  virtual std::shared_ptr<UserDefaults> standard() = 0;
+  /// Null for a name that no suite may have: the main bundle's identifier and "NSGlobalDomain".
+  virtual std::shared_ptr<UserDefaults> suite(std::string_view name) = 0;
+};
+
+}  // namespace orrelo

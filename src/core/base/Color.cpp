@@ -1,0 +1,66 @@
+#include "core/base/Color.h"
+
+#include "core/base/Utf8.h"
+#include "core/base/preconditionFailure.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+
+namespace orrelo {
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view blanks = " \t\n\v\f\r";
+  const auto first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::uint32_t scanHex(std::string_view text) {
+  if (text.starts_with("0x") || text.starts_with("0X")) text.remove_prefix(2);
+  std::uint32_t number = 0;
+  for (const char c : text) {
+    std::uint32_t digit = 0;
+    if (c >= '0' && c <= '9') {
+      digit = static_cast<std::uint32_t>(c - '0');
+    } else if (c >= 'A' && c <= 'F') {
+      digit = static_cast<std::uint32_t>(c - 'A' + 10);
+    } else if (c >= 'a' && c <= 'f') {
+      digit = static_cast<std::uint32_t>(c - 'a' + 10);
+    } else {
+      break;
+    }
+    number = number << 4 | digit;
+  }
+  return number;
+}
+
+std::int64_t wholeComponent(double component) {
+  const double scaled = component * 255.0;
+  if (!(std::abs(scaled) < 0x1p62)) preconditionFailure("A colour component is not a finite number");
+  return static_cast<std::int64_t>(scaled);
+}
+
+}  // namespace
+
+Color Color::fromHex(std::string_view text) {
+  text = trimmed(text);
+  if (text.starts_with('#')) text.remove_prefix(1);
+  if (text.empty() || utf8::length(text) >= 7) return Color{};
+  const auto number = scanHex(text);
+  const auto component = [number](unsigned shift) {
+    return static_cast<double>(number >> shift & 0xFF) / 255.0;
+  };
+  return Color{component(16), component(8), component(0), 1.0};
+}
+
+std::string Color::hexText() const {
+  const auto number = wholeComponent(red) << 16 | wholeComponent(green) << 8 | wholeComponent(blue);
+  std::array<char, 24> text{};
+  std::snprintf(text.data(), text.size(), "#%06x", static_cast<unsigned>(number));
+  return text.data();
+}
+
+}  // namespace orrelo

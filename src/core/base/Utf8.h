@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace orrelo::utf8 {
+
+bool isValid(std::string_view text);
+
+/// The text with each malformed sequence replaced by U+FFFD, so that what a host hands over can be stored and
+/// sent.
+std::string repaired(std::string_view text);
+
+/// The number of code points of a valid text.
+std::size_t length(std::string_view text);
+
+}  // namespace orrelo::utf8
