@@ -1,0 +1,51 @@
+#include "reactive/Creating.h"
+
+#include "reactive/Traits.h"
+
+namespace orrelo::reactive {
+namespace {
+
+// Keeps itself alive by the task that is scheduled; the sink is let go as soon as it is disposed of.
+class IntervalTimer : public std::enable_shared_from_this<IntervalTimer> {
+ public:
+  IntervalTimer(AnyObserver<std::int64_t> observer, std::chrono::microseconds period, SchedulerPtr scheduler)
+      : observer_(std::move(observer)), period_(period), scheduler_(std::move(scheduler)) {}
+
+  void start() {
+    due_ = scheduler_->now() + period_;
+    scheduleNext();
+  }
+
+ private:
+  void scheduleNext() {
+    scheduler_->scheduleAfter(due_ - scheduler_->now(), [self = shared_from_this()] { self->tick(); });
+  }
+
+  void tick() {
+    if (observer_.isDisposed()) return;
+    observer_.onNext(next_++);
+    due_ += period_;  // from tick to tick, so that no delay adds up
+    scheduleNext();
+  }
+
+  AnyObserver<std::int64_t> observer_;
+  std::chrono::microseconds period_;
+  SchedulerPtr scheduler_;
+  std::chrono::microseconds due_{};
+  std::int64_t next_ = 0;
+};
+
+}  // namespace
+
+Observable<std::int64_t> interval(std::chrono::microseconds period, SchedulerPtr scheduler) {
+  return create<std::int64_t>([period, scheduler = std::move(scheduler)](AnyObserver<std::int64_t> observer) {
+    std::make_shared<IntervalTimer>(std::move(observer), period, scheduler)->start();
+    return Disposables::create();
+  });
+}
+
+Error makeError(ReactiveError) {
+  return Error("ReactiveError", "moreThanOneElement");
+}
+
+}  // namespace orrelo::reactive

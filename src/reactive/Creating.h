@@ -1,0 +1,120 @@
+#pragma once
+
+#include "reactive/ObservableType.h"
+#include "reactive/SerialGate.h"
+
+#include <cstdint>
+
+namespace orrelo::reactive {
+
+/// The sink inside `create`. A copy is the same sink. Any thread; after the end or the disposal it drops what
+/// comes.
+template <class T>
+class AnyObserver {
+ public:
+  class Sink;
+  explicit AnyObserver(std::shared_ptr<Sink> sink) : sink_(std::move(sink)) {}
+
+  void onNext(const T& element) const { sink_->gate.onNext(element); }
+  void onError(const Error& error) const { end(Event<T>::failure(error)); }
+  void onCompleted() const { end(Event<T>::completed()); }
+  void on(const Event<T>& event) const { event.isTerminal() ? end(event) : onNext(*event.element()); }
+  /// For a source that emits in a loop: whether anybody still listens.
+  bool isDisposed() const { return sink_->cancel->isDisposed(); }
+  /// What to dispose of at the end; at once if that has come.
+  void hold(Disposable disposable) const { sink_->cancel->set(std::move(disposable)); }
+
+  class Sink {
+   public:
+    Sink(ObserverPtr<T> downstream, std::shared_ptr<SerialDisposable> handle)
+        : gate(std::move(downstream)), cancel(std::move(handle)) {}
+    SerialGate<T> gate;
+    std::shared_ptr<SerialDisposable> cancel;
+  };
+
+ private:
+  void end(const Event<T>& event) const {
+    const auto sink = sink_;
+    if (sink->gate.enqueue(event)) sink->gate.drain();
+    sink->cancel->dispose();
+  }
+
+  std::shared_ptr<Sink> sink_;
+};
+
+/// The handle on a `create`: cancels what the callback returned, and closes the sink.
+template <class T>
+class CreateHandle final : public Cancelable {
+ public:
+  CreateHandle(std::shared_ptr<SerialDisposable> cancel, std::weak_ptr<typename AnyObserver<T>::Sink> sink)
+      : cancel_(std::move(cancel)), sink_(std::move(sink)) {}
+
+  void dispose() override {
+    cancel_->dispose();
+    if (const auto sink = sink_.lock()) sink->gate.close();
+  }
+  bool isDisposed() const override { return cancel_->isDisposed(); }
+
+ private:
+  std::shared_ptr<SerialDisposable> cancel_;
+  std::weak_ptr<typename AnyObserver<T>::Sink> sink_;
+};
+
+/// Runs `run` now, or on `startOn` unless it has been cancelled by then.
+template <class T, class Run>
+void startCold(const std::shared_ptr<typename AnyObserver<T>::Sink>& sink, const StartOn& startOn, Run run) {
+  if (!startOn) return run(AnyObserver<T>(sink));
+  startOn->schedule([sink, run] {
+    if (!sink->cancel->isDisposed()) run(AnyObserver<T>(sink));
+  });
+}
+
+/// A cold stream: each subscription runs `callback` with a sink; the Disposable that it returns is disposed
+/// of at the end or when the subscription is.
+template <class T, class Callback>
+Observable<T> create(Callback callback) {
+  return makeSource<T>([callback = std::move(callback)](ObserverPtr<T> observer, const StartOn& startOn) {
+    auto cancel = std::make_shared<SerialDisposable>();
+    auto sink = std::make_shared<typename AnyObserver<T>::Sink>(observer, cancel);
+    observer->onSubscribe(Disposable(std::make_shared<CreateHandle<T>>(cancel, sink)));
+    startCold<T>(sink, startOn, [callback](AnyObserver<T> sinkEnd) {
+      try {
+        sinkEnd.hold(callback(sinkEnd));
+      } catch (...) {
+        sinkEnd.onError(Error::fromCurrentException());
+      }
+    });
+  });
+}
+
+/// One element, then completion.
+template <class T>
+Observable<T> just(T element) {
+  return create<T>([element = std::move(element)](AnyObserver<T> observer) {
+    observer.onNext(element);
+    observer.onCompleted();
+    return Disposables::create();
+  });
+}
+
+template <class T>
+Observable<T> empty() {
+  return create<T>([](AnyObserver<T> observer) {
+    observer.onCompleted();
+    return Disposables::create();
+  });
+}
+
+/// An immediate error.
+template <class T>
+Observable<T> error(Error error) {
+  return create<T>([error = std::move(error)](AnyObserver<T> observer) {
+    observer.onError(error);
+    return Disposables::create();
+  });
+}
+
+/// 0, 1, 2 … on `scheduler`, the first after one `period`.
+Observable<std::int64_t> interval(std::chrono::microseconds period, SchedulerPtr scheduler);
+
+}  // namespace orrelo::reactive

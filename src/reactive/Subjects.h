@@ -1,0 +1,166 @@
+#pragma once
+
+#include "reactive/Observable.h"
+#include "reactive/SerialGate.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace orrelo::reactive {
+
+/// What the two subjects share: the list of those who listen. Emitting takes a snapshot of it and holds no
+/// lock.
+template <class T>
+class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
+ public:
+  explicit SubjectCore(std::optional<T> replayed)
+      : replays_(replayed.has_value()), replayed_(std::move(replayed)) {}
+
+  void attach(ObserverPtr<T> observer) {
+    auto gate = std::make_shared<SerialGate<T>>(observer);
+    observer->onSubscribe(Disposable(std::make_shared<Registration>(this->weak_from_this(), gate)));
+    bool mustDrain = false;
+    {
+      const std::lock_guard lock(mutex_);
+      if (end_) {
+        mustDrain = gate->enqueue(*end_);
+      } else {
+        if (replayed_) mustDrain = gate->enqueue(Event<T>::next(*replayed_));
+        auto gates = std::make_shared<Gates>(*gates_);
+        std::erase_if(*gates, [](const auto& attached) { return attached->isClosed(); });
+        gates->push_back(gate);
+        gates_ = std::move(gates);
+      }
+    }
+    if (mustDrain) gate->drain();
+  }
+
+  void onNext(const T& element) {
+    if (replays_) return onNextReplayed(element);
+    std::shared_ptr<const Gates> gates;
+    {
+      const std::lock_guard lock(mutex_);
+      gates = gates_;
+    }
+    for (const auto& gate : *gates) gate->onNext(element);
+  }
+
+  void end(const Event<T>& event) {
+    std::shared_ptr<const Gates> gates;
+    {
+      const std::lock_guard lock(mutex_);
+      if (end_) return;
+      end_ = event;
+      gates = std::exchange(gates_, std::make_shared<Gates>());
+    }
+    for (const auto& gate : *gates) {
+      if (gate->enqueue(event)) gate->drain();
+    }
+  }
+
+  std::optional<T> replayed() const {
+    const std::lock_guard lock(mutex_);
+    return replayed_;
+  }
+
+  bool hasObservers() const {
+    const std::lock_guard lock(mutex_);
+    return std::any_of(gates_->begin(), gates_->end(), [](const auto& gate) { return !gate->isClosed(); });
+  }
+
+ private:
+  using Gates = std::vector<std::shared_ptr<SerialGate<T>>>;
+
+  class Registration final : public Cancelable {
+   public:
+    Registration(std::weak_ptr<SubjectCore> core, std::weak_ptr<SerialGate<T>> gate)
+        : core_(std::move(core)), gate_(std::move(gate)) {}
+
+    void dispose() override {
+      const auto gate = gate_.lock();
+      if (!gate) return;
+      gate->close();
+      if (const auto core = core_.lock()) core->detach(gate);
+    }
+
+    bool isDisposed() const override {
+      const auto gate = gate_.lock();
+      return !gate || gate->isClosed();
+    }
+
+   private:
+    std::weak_ptr<SubjectCore> core_;
+    std::weak_ptr<SerialGate<T>> gate_;
+  };
+
+  // The new value and the places in the observers' orders are taken together, so that whoever subscribes
+  // meanwhile hears each value once and in order.
+  void onNextReplayed(const T& element) {
+    std::vector<std::shared_ptr<SerialGate<T>>> mine;
+    {
+      const std::lock_guard lock(mutex_);
+      if (end_) return;
+      replayed_ = element;
+      for (const auto& gate : *gates_) {
+        if (gate->enqueue(Event<T>::next(element))) mine.push_back(gate);
+      }
+    }
+    for (const auto& gate : mine) gate->drain();
+  }
+
+  void detach(const std::shared_ptr<SerialGate<T>>& gate) {
+    std::shared_ptr<const Gates> former;  // let go outside the lock
+    const std::lock_guard lock(mutex_);
+    auto gates = std::make_shared<Gates>(*gates_);
+    std::erase(*gates, gate);
+    former = std::exchange(gates_, std::move(gates));
+  }
+
+  const bool replays_;
+  mutable std::mutex mutex_;
+  std::shared_ptr<const Gates> gates_ = std::make_shared<Gates>();
+  std::optional<T> replayed_;
+  std::optional<Event<T>> end_;
+};
+
+/// A hot stream: a subscriber hears only what comes after it subscribed, and after the end the end alone. Any
+/// thread; subscribers run on the thread that emits.
+template <class T>
+class PublishSubject {
+ public:
+  void onNext(const T& element) const { core_->onNext(element); }
+  void onError(const Error& error) const { core_->end(Event<T>::failure(error)); }
+  void onCompleted() const { core_->end(Event<T>::completed()); }
+  bool hasObservers() const { return core_->hasObservers(); }
+
+  Observable<T> asObservable() const {
+    return makeSource<T>(
+        [core = core_](ObserverPtr<T> observer, const StartOn&) { core->attach(std::move(observer)); });
+  }
+
+ private:
+  std::shared_ptr<SubjectCore<T>> core_ = std::make_shared<SubjectCore<T>>(std::nullopt);
+};
+
+/// A hot stream that holds the last element and gives it to each new subscriber first.
+template <class T>
+class BehaviorSubject {
+ public:
+  explicit BehaviorSubject(T initial) : core_(std::make_shared<SubjectCore<T>>(std::move(initial))) {}
+
+  T value() const { return *core_->replayed(); }
+  void onNext(const T& element) const { core_->onNext(element); }
+  void onError(const Error& error) const { core_->end(Event<T>::failure(error)); }
+  void onCompleted() const { core_->end(Event<T>::completed()); }
+  bool hasObservers() const { return core_->hasObservers(); }
+
+  Observable<T> asObservable() const {
+    return makeSource<T>(
+        [core = core_](ObserverPtr<T> observer, const StartOn&) { core->attach(std::move(observer)); });
+  }
+
+ private:
+  std::shared_ptr<SubjectCore<T>> core_;
+};
+
+}  // namespace orrelo::reactive

@@ -1,0 +1,194 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "reactive/ObservableType.h"
+#include "reactive/SerialGate.h"
+
+namespace orrelo::reactive {
+
+/// How many inner streams run at once, and what happens to those that come meanwhile.
+enum class FlatteningRule { mergeAll, latestOnly, oneByOne };
+
+/// The outer end of flatMap, flatMapLatest and concatMap. The source owns it; each inner stream's end owns it too.
+/// The handle that goes downstream is `upstreams_`, which knows sources alone, so that nothing holds itself.
+template <class In, class Out, class F>
+class FlatteningNode final : public Observer<In>, public std::enable_shared_from_this<FlatteningNode<In, Out, F>> {
+ public:
+  FlatteningNode(FlatteningRule rule, ObserverPtr<Out> downstream, F transform)
+      : rule_(rule), observer_(downstream), gate_(std::move(downstream)), transform_(std::move(transform)) {}
+
+  void onSubscribe(Disposable upstream) override {
+    upstreams_->insert(std::move(upstream));
+    // The gate's own pointer serves from here on.
+    std::exchange(observer_, nullptr)->onSubscribe(Disposable(upstreams_));
+  }
+
+  void onNext(const In& element) override {
+    if (upstreams_->isDisposed()) return;
+    if (rule_ == FlatteningRule::oneByOne && !takeTurn(element)) return;
+    if (rule_ == FlatteningRule::latestOnly) exchangeLatest({}).dispose();
+    start(element);
+    if (rule_ == FlatteningRule::oneByOne) startWaiting();
+  }
+
+  void onError(const Error& error) override { fail(error); }
+
+  void onCompleted() override {
+    bool isLast = false;
+    {
+      const std::lock_guard lock(mutex_);
+      outerEnded_ = true;
+      isLast = hasNothingLeft();
+    }
+    if (isLast) complete();
+  }
+
+ private:
+  class InnerNode final : public Observer<Out> {
+   public:
+    InnerNode(std::shared_ptr<FlatteningNode> outer, std::uint64_t turn) : outer_(std::move(outer)), turn_(turn) {}
+
+    void onSubscribe(Disposable upstream) override {
+      if (!outer_) return upstream.dispose();
+      outer_->upstreams_->insert(upstream);
+      if (outer_->rule_ == FlatteningRule::latestOnly) outer_->exchangeLatest(std::move(upstream));
+    }
+    void onNext(const Out& element) override {
+      if (outer_ && outer_->isCurrent(turn_)) outer_->gate_.onNext(element);
+    }
+    void onError(const Error& error) override {
+      if (const auto outer = std::exchange(outer_, nullptr); outer && outer->isCurrent(turn_)) outer->fail(error);
+    }
+    void onCompleted() override {
+      if (const auto outer = std::exchange(outer_, nullptr)) outer->innerCompleted(turn_);
+    }
+
+   private:
+    std::shared_ptr<FlatteningNode> outer_;
+    std::uint64_t turn_;
+  };
+
+  // oneByOne: false when another inner stream runs, and then the element waits.
+  bool takeTurn(const In& element) {
+    const std::lock_guard lock(mutex_);
+    if (running_ == 0 && waiting_.empty() && !starting_) return starting_ = true;
+    waiting_.push(Event<In>::next(element));
+    return false;
+  }
+
+  Disposable exchangeLatest(Disposable inner) {
+    const std::lock_guard lock(mutex_);
+    return std::exchange(latest_, std::move(inner));
+  }
+
+  bool hasNothingLeft() const { return outerEnded_ && running_ == 0 && !starting_ && waiting_.empty(); }
+
+  // A loop and not a recursion: a thousand waiting elements whose inner streams end at once cost no stack.
+  void startWaiting() {
+    while (true) {
+      std::optional<Event<In>> next;
+      bool isLast = false;
+      {
+        const std::lock_guard lock(mutex_);
+        if (upstreams_->isDisposed()) waiting_.clear();
+        if (running_ == 0 && !waiting_.empty()) {
+          next = waiting_.pop();
+        } else {
+          starting_ = false;
+          isLast = hasNothingLeft();
+        }
+      }
+      if (isLast) complete();
+      if (!next) return;
+      start(*next->element());
+    }
+  }
+
+  void start(const In& element) {
+    std::uint64_t turn = 0;
+    {
+      const std::lock_guard lock(mutex_);
+      turn = ++turn_;
+      // Of latestOnly the former inner stream has been dropped.
+      running_ = rule_ == FlatteningRule::latestOnly ? 1 : running_ + 1;
+    }
+    try {
+      transform_(element).subscribe(std::make_shared<InnerNode>(this->shared_from_this(), turn), nullptr);
+    } catch (...) {
+      fail(Error::fromCurrentException());
+    }
+  }
+
+  bool isCurrent(std::uint64_t turn) const {
+    return rule_ != FlatteningRule::latestOnly || turn == turn_.load(std::memory_order_acquire);
+  }
+
+  void innerCompleted(std::uint64_t turn) {
+    bool isLast = false;
+    bool mayStart = false;
+    {
+      const std::lock_guard lock(mutex_);
+      if (!isCurrent(turn)) return;
+      --running_;
+      isLast = hasNothingLeft();
+      mayStart = running_ == 0 && !starting_ && !waiting_.empty();
+      starting_ = starting_ || mayStart;
+    }
+    if (isLast) return complete();
+    if (mayStart) startWaiting();
+  }
+
+  void complete() {
+    gate_.onCompleted();
+    upstreams_->dispose();
+  }
+
+  void fail(const Error& error) {
+    if (upstreams_->isDisposed()) return;
+    gate_.onError(error);
+    upstreams_->dispose();
+  }
+
+  const FlatteningRule rule_;
+  ObserverPtr<Out> observer_;
+  SerialGate<Out> gate_;
+  F transform_;
+  std::shared_ptr<CompositeDisposable> upstreams_ = std::make_shared<CompositeDisposable>();
+  std::mutex mutex_;
+  Disposable latest_;  // latestOnly: the inner stream that runs
+  std::atomic<std::uint64_t> turn_ = 0;
+  std::size_t running_ = 0;
+  bool outerEnded_ = false;
+  bool starting_ = false;
+  NotificationQueue<In> waiting_;
+};
+
+template <class T, class F>
+auto flattened(FlatteningRule rule, const Observable<T>& upstream, F transform) {
+  using Out = typename std::invoke_result_t<F&, const T&>::Element;
+  return makeOperator<Out>(upstream, [rule, transform](ObserverPtr<Out> downstream) {
+    return std::make_shared<FlatteningNode<T, Out, F>>(rule, std::move(downstream), transform);
+  });
+}
+
+template <class T>
+template <class F>
+auto Observable<T>::flatMap(F transform) const -> std::invoke_result_t<F&, const T&> {
+  return flattened(FlatteningRule::mergeAll, *this, std::move(transform));
+}
+
+template <class T>
+template <class F>
+auto Observable<T>::flatMapLatest(F transform) const -> std::invoke_result_t<F&, const T&> {
+  return flattened(FlatteningRule::latestOnly, *this, std::move(transform));
+}
+
+template <class T>
+template <class F>
+auto Observable<T>::concatMap(F transform) const -> std::invoke_result_t<F&, const T&> {
+  return flattened(FlatteningRule::oneByOne, *this, std::move(transform));
+}
+
+}  // namespace orrelo::reactive
