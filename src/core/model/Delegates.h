@@ -1,0 +1,16 @@
+#pragma once
+
+#include <orrelo/ORLDelegates.h>
+
+#include <memory>
+
+namespace orrelo {
+
+/// The host's delegates: weak, independent of `initialize`. Any thread.
+std::shared_ptr<ORLUserEventDelegate> userEventDelegate();
+void setUserEventDelegate(const std::shared_ptr<ORLUserEventDelegate>& delegate);
+
+std::shared_ptr<ORLOptInMarketingCampaignDelegate> optInMarketingCampaignDelegate();
+void setOptInMarketingCampaignDelegate(const std::shared_ptr<ORLOptInMarketingCampaignDelegate>& delegate);
+
+}  // namespace orrelo

@@ -1,0 +1,43 @@
+#include "network/HTTPClient.h"
+
+#include "reactive/Observable.h"
+
+#include <orrelo/Platform.h>
+
+#include <utility>
+
+namespace orrelo {
+
+reactive::Observable<HTTPReply> HTTPClientImpl::run(URLRequest request) {
+  return reactive::create<HTTPReply>([request =
+                                          std::move(request)](reactive::AnyObserver<HTTPReply> observer) {
+    const auto task = Platform::current().urlSession->dataTask(request, [observer](URLSessionResult result) {
+      if (result.error) {
+        observer.onError(*result.error);
+      } else if (result.data && result.response) {
+        observer.onNext({std::move(*result.data), std::move(*result.response)});
+        observer.onCompleted();
+      } else {
+        observer.onError(makeError(NetworkError::nonHttpResponse));
+      }
+    });
+    task->resume();
+    return reactive::Disposables::create([task] { task->cancel(); });
+  });
+}
+
+reactive::Observable<HTTPReply> requireSuccess(const HTTPReply& reply) {
+  const int status = reply.response.statusCode;
+  if (status >= 200 && status <= 299) return reactive::just(reply);
+  return reactive::error<HTTPReply>(makeError(NetworkError::invalidHttpStatusCode));
+}
+
+reactive::Observable<HTTPReply> send(const URLRequestBuilder& builder, HTTPClient& client) {
+  try {
+    return client.run(builder.build()).flatMap(&requireSuccess);
+  } catch (const Error& error) {
+    return reactive::error<HTTPReply>(error);
+  }
+}
+
+}  // namespace orrelo

@@ -1,0 +1,39 @@
+#include "network/KelsoMutator.h"
+
+#include <orrelo/Url.h>
+
+namespace orrelo {
+namespace {
+
+constexpr auto selectorKey = "ORRELO_SERVICE_URL";
+constexpr std::int64_t development = 3;
+
+}  // namespace
+
+bool KelsoMutator::isDevelopment() const {
+  return userDefaults && userDefaults->integer(selectorKey) == development;
+}
+
+std::string KelsoMutator::serviceUrl() const {
+  switch (userDefaults ? userDefaults->integer(selectorKey).value_or(0) : 0) {
+    case 1:
+      return "https://api-staging.orrelo.example";
+    case 2:
+      return "https://api-staging-qa.orrelo.example";
+    case development:
+      break;
+    default:
+      return "https://api.orrelo.example";
+  }
+  if (const auto text = userDefaults->text("ORRELO_DEVELOPMENT_URL")) {
+    const auto url = Url::parse(*text);
+    if (url && url->scheme() == "https" && !url->host().empty()) return *text;
+  }
+  return "https://localhost:9443";
+}
+
+std::optional<std::string> KelsoMutator::certificateFile() const {
+  return isDevelopment() ? userDefaults->text("ORRELO_DEVELOPMENT_CA") : std::nullopt;
+}
+
+}  // namespace orrelo

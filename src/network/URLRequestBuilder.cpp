@@ -1,0 +1,75 @@
+#include "network/URLRequestBuilder.h"
+
+#include "core/base/Utf8.h"
+
+#include <algorithm>
+#include <array>
+
+namespace orrelo {
+namespace {
+
+// RFC 3986 section 3.4, less what separates the items from one another.
+std::string queryEncoded(std::string_view text) {
+  constexpr std::string_view hexDigits = "0123456789ABCDEF";
+  constexpr std::string_view plain = "-._~!$'()*,;:@/?";
+  std::string encoded;
+  for (const char c : utf8::repaired(text)) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool isAlphanumeric = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    if (isAlphanumeric || plain.find(c) != std::string_view::npos) {
+      encoded += c;
+    } else {
+      encoded += {'%', hexDigits[byte >> 4], hexDigits[byte & 0x0F]};
+    }
+  }
+  return encoded;
+}
+
+std::string queryOf(const std::vector<URLQueryItem>& items) {
+  std::string query;
+  for (const auto& item : items) {
+    query += query.empty() ? '?' : '&';
+    query += queryEncoded(item.name);
+    if (item.value) query += '=' + queryEncoded(*item.value);
+  }
+  return query;
+}
+
+}  // namespace
+
+Error makeError(NetworkError error) {
+  static constexpr std::array names{"buildURLRequestFailed", "invalidHttpStatusCode", "nonHttpResponse",
+                                    "parseStringFailed"};
+  return Error("NetworkError", names.at(static_cast<std::size_t>(error)));
+}
+
+std::string_view URLRequestBuilder::rawValue(Method method) {
+  return method == Method::post ? "POST" : "GET";
+}
+
+std::optional<URLRequestBuilder::Method> URLRequestBuilder::methodOf(std::string_view rawValue) {
+  if (rawValue == "POST") return Method::post;
+  if (rawValue == "GET") return Method::get;
+  return std::nullopt;
+}
+
+URLRequest URLRequestBuilder::build() const {
+  const auto components = Url::parse(baseUrl + path);
+  if (!components) throw makeError(NetworkError::buildURLRequestFailed);
+
+  std::string text = components->text();
+  text.erase(std::min(text.find_first_of("?#"), text.size()));
+  if (queryItems) text += queryOf(*queryItems);
+  if (const auto fragment = components->fragment()) text.append("#").append(*fragment);
+
+  const auto url = Url::parse(text);
+  if (!url || url->scheme().empty() || url->host().empty())
+    throw makeError(NetworkError::buildURLRequestFailed);
+  URLRequest request{.url = *url};
+  request.method = rawValue(method);
+  if (headers) request.headers = *headers;
+  request.body = body;
+  return request;
+}
+
+}  // namespace orrelo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "network/NetworkError.h"
+#include "platform/URLSession.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orrelo {
+
+struct URLQueryItem {
+  std::string name;
+  std::optional<std::string> value;
+};
+
+/// Filled by a data source, one for each request.
+class URLRequestBuilder {
+ public:
+  enum class Method { post, get };
+  /// "POST" and "GET", and exactly these.
+  static std::string_view rawValue(Method method);
+  static std::optional<Method> methodOf(std::string_view rawValue);
+
+  explicit URLRequestBuilder(Method requestMethod) : method(requestMethod) {}
+
+  Method method;
+  std::string baseUrl;
+  std::optional<HTTPHeaders> headers;
+  /// Appended to the base URL as text. A query in it is dropped: `queryItems` is the whole query, also when
+  /// absent.
+  std::string path;
+  std::optional<std::vector<URLQueryItem>> queryItems;
+  std::optional<std::string> body;
+
+  /// Throws NetworkError buildURLRequestFailed.
+  URLRequest build() const;
+};
+
+}  // namespace orrelo
