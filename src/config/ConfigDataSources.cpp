@@ -1,0 +1,41 @@
+#include "config/ConfigDataSources.h"
+
+#include "config/FetchConfigResponse.h"
+#include "reactive/Observable.h"
+
+#include <string_view>
+
+namespace orrelo {
+namespace {
+
+constexpr auto storedKey = "ols_config";
+
+}  // namespace
+
+std::optional<Config> ConfigLocalDataSource::load() const {
+  const auto stored = userDefaults->data(storedKey);
+  if (!stored) return std::nullopt;
+  try {
+    return Config::decode({reinterpret_cast<const char*>(stored->data()), stored->size()});
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
+void ConfigLocalDataSource::save(const Config& config) const {
+  const auto json = config.encode();
+  const auto* const bytes = reinterpret_cast<const std::byte*>(json.data());
+  userDefaults->set(storedKey, DefaultsData(bytes, bytes + json.size()));
+}
+
+reactive::Observable<Config> ConfigRemoteDataSource::fetch() const {
+  URLRequestBuilder builder(URLRequestBuilder::Method::get);
+  builder.baseUrl = networkConfig.baseUrl;
+  builder.path = "/config";
+  builder.headers = networkConfig.headers;
+  return send(builder, *httpClient).map([](const HTTPReply& reply) {
+    return FetchConfigResponse::decode(reply.data).toConfig();
+  });
+}
+
+}  // namespace orrelo

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "config/Config.h"
+#include "network/HTTPClient.h"
+#include "network/NetworkConfig.h"
+#include "reactive/ObservableType.h"
+
+#include <orrelo/UserDefaults.h>
+
+#include <memory>
+#include <optional>
+
+namespace orrelo {
+
+using ConfigNetworkConfig = NetworkConfig;
+
+/// The copy on the device, in the application's suite.
+class ConfigLocalDataSource {
+ public:
+  explicit ConfigLocalDataSource(std::shared_ptr<UserDefaults> defaults)
+      : userDefaults(std::move(defaults)) {}
+
+  /// Nothing where there is no copy that can be read.
+  std::optional<Config> load() const;
+  void save(const Config& config) const;
+
+ private:
+  std::shared_ptr<UserDefaults> userDefaults;
+};
+
+/// GET "/config".
+class ConfigRemoteDataSource {
+ public:
+  ConfigRemoteDataSource(ConfigNetworkConfig config, std::shared_ptr<HTTPClient> client)
+      : networkConfig(std::move(config)), httpClient(std::move(client)) {}
+
+  reactive::Observable<Config> fetch() const;
+
+ private:
+  ConfigNetworkConfig networkConfig;
+  std::shared_ptr<HTTPClient> httpClient;
+};
+
+}  // namespace orrelo
