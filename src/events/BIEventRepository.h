@@ -1,0 +1,42 @@
+#pragma once
+
+#include "events/EventPipeline.h"
+#include "events/EventRemoteDataSource.h"
+
+#include <functional>
+#include <memory>
+
+namespace orrelo {
+
+class BIEventRepository {
+ public:
+  virtual ~BIEventRepository() = default;
+
+  /// Returns at once; see EventPipeline::save. Any thread.
+  virtual void save(const BIEvent& event) = 0;
+};
+
+/// The kit's own events: up to 900 a request, a tick for every 30 saves and every 30 seconds.
+class BIEventRepositoryImpl final : public BIEventRepository {
+ public:
+  BIEventRepositoryImpl(EventDao local, BIEventRemoteDataSource remote, reactive::SchedulerPtr mainScheduler,
+                        reactive::SchedulerPtr concurrentScheduler, std::function<Date()> currentDate);
+
+  void save(const BIEvent& event) override { pipeline->save(event); }
+
+ private:
+  std::shared_ptr<EventPipeline> pipeline;
+};
+
+class SaveBIEventUseCase {
+ public:
+  explicit SaveBIEventUseCase(std::shared_ptr<BIEventRepository> eventRepository)
+      : repository(std::move(eventRepository)) {}
+
+  void save(const BIEvent& event) const { repository->save(event); }
+
+ private:
+  std::shared_ptr<BIEventRepository> repository;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,92 @@
+#include "events/EventDao.h"
+
+#include "core/base/preconditionFailure.h"
+#include "reactive/Observable.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace orrelo {
+namespace {
+
+using reactive::AnyObserver;
+using reactive::Observable;
+using reactive::Unit;
+
+// A stream of what one operation of the database completes with.
+template <class T, class Start>
+Observable<T> operation(Start start) {
+  return reactive::create<T>([start](const AnyObserver<T>& observer) {
+    start([observer](const std::variant<T, Error>& result) {
+      if (const auto* const failure = std::get_if<Error>(&result)) return observer.onError(*failure);
+      observer.onNext(std::get<T>(result));
+      observer.onCompleted();
+    });
+    return reactive::Disposables::create();
+  });
+}
+
+}  // namespace
+
+Error makeError(CoreDataError, std::string message) {
+  return Error("CoreDataError", "invalidArgument", std::move(message));
+}
+
+Observable<Unit> EventDao::insert(const Event& event) const {
+  return reactive::create<Unit>(
+      [database = database, mapper = mapper, event](const AnyObserver<Unit>& observer) {
+        database->insert(mapper.toRow(event), [observer](const std::variant<std::monostate, Error>& result) {
+          if (const auto* const failure = std::get_if<Error>(&result)) return observer.onError(*failure);
+          observer.onNext({});
+          observer.onCompleted();
+        });
+        return reactive::Disposables::create();
+      });
+}
+
+Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit) const {
+  const auto rows = operation<std::vector<EventRow>>(
+      [database = database, limit](auto completion) { database->fetchOldest(limit, std::move(completion)); });
+  return rows.map([mapper = mapper](const std::vector<EventRow>& found) {
+    std::vector<Event> events;
+    events.reserve(found.size());
+    try {
+      for (const auto& row : found) events.push_back(mapper.toEvent(row));
+    } catch (const Error& error) {
+      preconditionFailure(error.description());
+    }
+    return events;
+  });
+}
+
+Observable<Unit> EventDao::remove(const Event& event) const {
+  const auto count = operation<std::size_t>([database = database, id = event.id.text()](auto completion) {
+    database->deleteRows({id}, std::move(completion));
+  });
+  return count.map([](std::size_t removed) {
+    if (removed == 0) {
+      throw makeError(CoreDataError::invalidArgument, "batch delete result does not have objectId");
+    }
+    return Unit{};
+  });
+}
+
+Observable<Unit> EventDao::remove(const std::vector<Event>& events) const {
+  std::vector<std::string> ids;
+  ids.reserve(events.size());
+  std::transform(events.begin(), events.end(), std::back_inserter(ids),
+                 [](const Event& event) { return event.id.text(); });
+  return operation<std::size_t>([database = database, ids](auto completion) {
+           database->deleteRows(ids, std::move(completion));
+         })
+      .map([](std::size_t) { return Unit{}; });
+}
+
+Observable<Unit> EventDao::removeUpTo(Date date) const {
+  return operation<std::size_t>([database = database, time = mapper.toStoredTime(date)](auto completion) {
+           database->deleteRowsUpTo(time, std::move(completion));
+         })
+      .map([](std::size_t) { return Unit{}; });
+}
+
+}  // namespace orrelo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "events/EventMapper.h"
+#include "platform/EventDatabase.h"
+#include "reactive/ObservableType.h"
+
+#include <memory>
+#include <vector>
+
+namespace orrelo {
+
+enum class CoreDataError { invalidArgument };
+Error makeError(CoreDataError error, std::string message);
+
+/// A store of events as streams. Each stream is cold, yields one element after the store has committed, and
+/// completes; the element comes on the stores' own thread. Disposing of a stream does not take back what has
+/// begun.
+class EventDao {
+ public:
+  EventDao(std::shared_ptr<EventDatabase> eventDatabase, EventTimeStorage timeStorage)
+      : database(std::move(eventDatabase)), mapper(timeStorage) {}
+
+  reactive::Observable<reactive::Unit> insert(const Event& event) const;
+  /// By time, the oldest first. A row that is no event stops the process: the store is the kit's own.
+  reactive::Observable<std::vector<Event>> fetchOldest(std::size_t limit) const;
+  /// CoreDataError invalidArgument where no row has the event's id.
+  reactive::Observable<reactive::Unit> remove(const Event& event) const;
+  /// Ids that no row has are passed over.
+  reactive::Observable<reactive::Unit> remove(const std::vector<Event>& events) const;
+  /// What happened at `date` or earlier.
+  reactive::Observable<reactive::Unit> removeUpTo(Date date) const;
+
+  /// Whether this process is the one that sends. See EventDatabase::acquireSending.
+  bool acquireSending() const { return database->acquireSending(); }
+
+ private:
+  std::shared_ptr<EventDatabase> database;
+  EventMapper mapper;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,66 @@
+#include "events/EventMapper.h"
+
+#include "core/base/Json.h"
+#include "core/base/JsonWriter.h"
+#include "network/RFC3339DateParser.h"
+
+namespace orrelo {
+namespace {
+
+std::optional<StringDictionary> valuesOf(const std::optional<std::string>& json) {
+  if (!json) return std::nullopt;
+  static thread_local JsonParser parser;
+  try {
+    StringDictionary values;
+    bool areTexts = true;
+    parser.parse(*json).objectValue().forEach([&](std::string_view key, const JsonValue& value) {
+      if (const auto text = value.asText()) {
+        values.set(std::string(key), std::string(*text));
+      } else {
+        areTexts = false;
+      }
+    });
+    return areTexts ? std::optional(std::move(values)) : std::nullopt;
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+Error makeError(EventMappingError, std::string message) {
+  return Error("EventMappingError", "entityToDtoMappingFailed", std::move(message));
+}
+
+StoredTime EventMapper::toStoredTime(Date time) const {
+  if (timeStorage_ == EventTimeStorage::date) return time;
+  return RFC3339DateParser::text(time);
+}
+
+std::optional<Date> EventMapper::timeOf(const StoredTime& stored) const {
+  if (timeStorage_ == EventTimeStorage::date) {
+    const auto* const date = std::get_if<Date>(&stored);
+    return date != nullptr ? std::optional(*date) : std::nullopt;
+  }
+  const auto* const text = std::get_if<std::string>(&stored);
+  return text != nullptr ? RFC3339DateParser::parse(*text) : std::nullopt;
+}
+
+EventRow EventMapper::toRow(const Event& event) const {
+  JsonWriter json(JsonWriter::Style::pretty);
+  json.dictionary(event.eventValues);
+  return {event.id.text(), event.userId, event.eventName, toStoredTime(event.eventTime),
+          std::move(json).result()};
+}
+
+Event EventMapper::toEvent(const EventRow& row) const {
+  const auto id = row.eventId ? Uuid::parse(*row.eventId) : std::nullopt;
+  const auto time = timeOf(row.eventTime);
+  auto values = valuesOf(row.eventValues);
+  if (!id || !row.eventName || !time || !values) {
+    throw makeError(EventMappingError::entityToDtoMappingFailed, "Some of required property is nil");
+  }
+  return {*id, row.userId, *row.eventName, *std::move(values), *time};
+}
+
+}  // namespace orrelo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "events/Event.h"
+#include "platform/EventDatabase.h"
+
+namespace orrelo {
+
+enum class EventMappingError { entityToDtoMappingFailed };
+Error makeError(EventMappingError error, std::string message);
+
+/// Between an event and its row. The host's store keeps the time as text, the kit's own as a date.
+class EventMapper {
+ public:
+  explicit EventMapper(EventTimeStorage storage) : timeStorage_(storage) {}
+
+  EventRow toRow(const Event& event) const;
+  /// Throws EventMappingError entityToDtoMappingFailed when anything but the user is missing or unreadable.
+  Event toEvent(const EventRow& row) const;
+
+  /// As the store compares it.
+  StoredTime toStoredTime(Date time) const;
+
+ private:
+  std::optional<Date> timeOf(const StoredTime& stored) const;
+
+  EventTimeStorage timeStorage_;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,70 @@
+#include "events/EventPipeline.h"
+
+#include "reactive/Observable.h"
+
+#include <utility>
+
+namespace orrelo {
+
+using reactive::Observable;
+using reactive::Unit;
+
+EventPipeline::EventPipeline(EventDao dao, Options options)
+    : dao_(std::move(dao)), options_(std::move(options)) {}
+
+std::shared_ptr<EventPipeline> EventPipeline::create(EventDao dao, Options options) {
+  const std::shared_ptr<EventPipeline> pipeline(new EventPipeline(std::move(dao), std::move(options)));
+  pipeline->start();
+  return pipeline;
+}
+
+void EventPipeline::save(const Event& event) {
+  dao_.insert(event)
+      .subscribeOn(options_.concurrentScheduler)
+      .observeOn(options_.concurrentScheduler)
+      .subscribe([weak = weak_from_this()](const Unit& signal) {
+        if (const auto self = weak.lock()) self->queueSource_.onNext(signal);
+      })
+      .disposedBy(disposeBag_);
+}
+
+void EventPipeline::start() {
+  const auto weak = weak_from_this();
+  const auto gone = makeError(ReferenceError::deallocated);
+  queueSource_.asObservable()
+      .buffer(options_.timeSpan, options_.count, options_.mainScheduler)
+      .map([](const std::vector<Unit>&) { return Unit{}; })  // a tick is a tick, however many signals made it
+      .subscribeOn(options_.concurrentScheduler)
+      .observeOn(options_.concurrentScheduler)
+      .concatMap([weak, gone](const Unit&) {
+        const auto self = weak.lock();
+        return self ? self->removeStale() : reactive::error<Unit>(gone);
+      })
+      .concatMap([weak, gone](const Unit&) {
+        const auto self = weak.lock();
+        return self ? self->sendOldest() : reactive::error<std::vector<Event>>(gone);
+      })
+      .retry(2)
+      .subscribe({.onNext = options_.onSent, .onError = options_.onEnded})
+      .disposedBy(disposeBag_);
+}
+
+Observable<Unit> EventPipeline::removeStale() const {
+  // Of the processes that share the store one sends; for the others the tick ends here.
+  if (!dao_.acquireSending()) return reactive::empty<Unit>();
+  return dao_.removeUpTo(options_.currentDate() - maximumAge);
+}
+
+Observable<std::vector<Event>> EventPipeline::sendOldest() const {
+  return dao_.fetchOldest(options_.fetchLimit)
+      .observeOn(options_.concurrentScheduler)
+      .filter([](const std::vector<Event>& events) { return !events.empty(); })
+      .concatMap([send = options_.send](const std::vector<Event>& events) {
+        return send(events).map([events](const Unit&) { return events; });
+      })
+      .concatMap([remove = options_.remove](const std::vector<Event>& events) {
+        return remove(events).map([events](const Unit&) { return events; });
+      });
+}
+
+}  // namespace orrelo

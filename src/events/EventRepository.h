@@ -1,0 +1,46 @@
+#pragma once
+
+#include "events/EventPipeline.h"
+#include "events/EventRemoteDataSource.h"
+
+#include <functional>
+#include <memory>
+
+namespace orrelo {
+
+class EventRepository {
+ public:
+  virtual ~EventRepository() = default;
+
+  /// Returns at once; see EventPipeline::save. Any thread.
+  virtual void save(const Event& event) = 0;
+};
+
+/// The host's events: one a request, a tick at each save and every 10 seconds.
+class EventRepositoryImpl final : public EventRepository {
+ public:
+  using OnNextHandler = std::function<void(const Event&)>;
+  using OnErrorHandler = std::function<void(const Error&)>;
+
+  EventRepositoryImpl(EventDao local, EventRemoteDataSource remote, reactive::SchedulerPtr mainScheduler,
+                      reactive::SchedulerPtr concurrentScheduler, std::function<Date()> currentDate,
+                      OnNextHandler eventQueueOnNextHandler, OnErrorHandler eventQueueOnErrorHandler);
+
+  void save(const Event& event) override { pipeline->save(event); }
+
+ private:
+  std::shared_ptr<EventPipeline> pipeline;
+};
+
+class SaveEventUseCase {
+ public:
+  explicit SaveEventUseCase(std::shared_ptr<EventRepository> eventRepository)
+      : repository(std::move(eventRepository)) {}
+
+  void save(const Event& event) const { repository->save(event); }
+
+ private:
+  std::shared_ptr<EventRepository> repository;
+};
+
+}  // namespace orrelo

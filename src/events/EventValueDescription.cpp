@@ -1,0 +1,51 @@
+#include "events/EventValueDescription.h"
+
+#include "core/base/DateFormat.h"
+
+#include <array>
+#include <charconv>
+
+namespace orrelo {
+namespace {
+
+struct Description {
+  std::string operator()(std::monostate) const { return "<null>"; }
+  std::string operator()(bool value) const { return value ? "true" : "false"; }
+  std::string operator()(std::int64_t number) const { return std::to_string(number); }
+  std::string operator()(double number) const {
+    std::array<char, 32> digits{};
+    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
+  }
+  std::string operator()(const std::string& text) const { return '"' + text + '"'; }
+  std::string operator()(Date date) const { return formatDate(date, "yyyy-MM-dd HH:mm:ss Z"); }
+  std::string operator()(const Uuid& uuid) const { return uuid.text(); }
+  std::string operator()(const Url& url) const { return url.text(); }
+  std::string operator()(const EventArray& array) const {
+    std::string text = "[";
+    for (const auto& element : array) text += (text.size() > 1 ? ", " : "") + description(element);
+    return text + "]";
+  }
+  std::string operator()(const EventSet& set) const { return (*this)(set.elements); }
+  std::string operator()(const EventDictionary& dictionary) const {
+    if (dictionary.empty()) return "[:]";
+    std::string text = "[";
+    for (const auto& [key, value] : dictionary) {
+      text += (text.size() > 1 ? ", \"" : "\"") + key + "\": " + description(value);
+    }
+    return text + "]";
+  }
+  std::string operator()(const EventBytes& bytes) const { return std::to_string(bytes.size()) + " bytes"; }
+  std::string operator()(const EventOther& other) const { return other.typeName; }
+};
+
+}  // namespace
+
+std::string description(const EventValue& value) {
+  return std::visit(Description{}, value.variant());
+}
+
+std::string description(const EventValues& values) {
+  return Description{}(values);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,66 @@
+#include "events/KelsoInsight.h"
+
+#include "core/base/preconditionFailure.h"
+#include "events/OLSEventMapper.h"
+#include "network/HttpHeaderGenerator.h"
+#include "platform/Clock.h"
+#include "platform/EventDatabase.h"
+
+#include <orrelo/Platform.h>
+
+#include <mutex>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+struct Slot {
+  std::mutex mutex;
+  std::shared_ptr<KelsoInsight> instance;
+};
+
+Slot& slot() {
+  static auto* const slot = new Slot;
+  return *slot;
+}
+
+}  // namespace
+
+BIEvent toBIEvent(const ORLUserEvent& event) {
+  static const OLSEventMapper mapper;
+  return makeEvent(event.name, event.values ? mapper.map(*event.values) : StringDictionary());
+}
+
+void KelsoInsight::setUp(const std::string& appKey, const std::string& baseUrl) {
+  const auto& platform = Platform::current();
+  const auto defaults = platform.userDefaults->suite(appKey);
+  if (!defaults)
+    preconditionFailure("The application key \"" + appKey + "\" names no suite of user defaults");
+
+  const EventDao dao(platform.eventDatabases->open("BIEventCoreData", EventTimeStorage::date),
+                     EventTimeStorage::date);
+  const BIEventNetworkConfig networkConfig{baseUrl + "sdk/" + appKey,
+                                           withJsonContentType(HttpHeaderGenerator(defaults).generate())};
+  auto repository = std::make_shared<BIEventRepositoryImpl>(
+      dao, BIEventRemoteDataSource(networkConfig, std::make_shared<HTTPClientImpl>()),
+      reactive::MainScheduler::instance(),
+      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::background),
+      [clock = platform.clock] { return clock->now(); });
+  auto insight = std::make_shared<KelsoInsight>(SaveBIEventUseCase(std::move(repository)));
+  {
+    const std::lock_guard lock(slot().mutex);
+    std::swap(slot().instance, insight);
+  }
+  // The former instance goes here, outside the lock.
+}
+
+std::shared_ptr<KelsoInsight> KelsoInsight::instance() {
+  const std::lock_guard lock(slot().mutex);
+  return slot().instance;
+}
+
+void KelsoInsight::track(const std::string& name, const StringDictionary& values) {
+  if (const auto insight = instance()) insight->save(makeEvent(name, values));
+}
+
+}  // namespace orrelo

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <orrelo/ORLUserEvent.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orrelo {
+
+enum class UserEventValueKey {
+  campaignId,
+  campaignType,
+  campaignEntryPointName,
+  rewardTabItemName,
+  pageName
+};
+std::string_view rawValue(UserEventValueKey key);
+/// Nothing for a text that names no key.
+std::optional<UserEventValueKey> userEventValueKey(std::string_view rawValue);
+
+/// What the kit's screens report, in the order of the service protocol.
+enum class UserEventName {
+  attendanceButtonClick,
+  campaignEntryPointShow,
+  campaignEntryPointClick,
+  campaignParticipateButtonClick,
+  campaignListItemShow,
+  campaignListItemClick,
+  tooltipShow,
+  optInMarketingMoveButtonClick,
+  visit,
+  pointViewShow,
+  pointViewClick,
+  referralCopyCodeButtonClick,
+  referralNavigationViewClick,
+  referralNavigationViewShow,
+  referralSharingButtonClick,
+  referralCodeAuthorizeButtonClick,
+  referralCodeConfirmButtonClick,
+  referralCodeAuthorized,
+  referralCodeConfirmed,
+  rewardPopUpShow,
+  rewardTabShow,
+  rewardTabItemClick,
+  rouletteSpinWheelEnd,
+  rouletteSpinWheelStart,
+  scratchLotteryScratchBlock,
+  scratchLotteryScratchEnd,
+  induceUpdateButtonClick
+};
+std::string_view rawValue(UserEventName name);
+
+/// Reports an event of a screen to the host's delegate, on the caller's thread, and to the kit's own
+/// pipeline. Nothing fails: who is not there is passed over.
+class UserEventTracker {
+ public:
+  using Values = std::map<UserEventValueKey, std::string>;
+
+  /// With no values the event has none.
+  static void track(UserEventName name, const Values& values = {}, bool skipBI = false);
+  static void track(const ORLUserEvent& event, bool skipBI = false);
+};
+
+}  // namespace orrelo
