@@ -1,0 +1,20 @@
+#include "core/ConfigComponent.h"
+
+#include "platform/Clock.h"
+
+#include <orrelo/Platform.h>
+
+#include <utility>
+
+namespace orrelo {
+
+ConfigComponent::ConfigComponent(std::shared_ptr<UserDefaults> userDefaults,
+                                 const ConfigNetworkConfig& networkConfig)
+    : configRepository(ConfigRepositoryImpl::create(
+          ConfigLocalDataSource(std::move(userDefaults)),
+          ConfigRemoteDataSource(networkConfig, std::make_shared<HTTPClientImpl>()),
+          [clock = Platform::current().clock] { return clock->now(); },
+          std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::standard))),
+      fetchConfigUseCase(std::make_shared<FetchConfigUseCaseImpl>(configRepository)) {}
+
+}  // namespace orrelo

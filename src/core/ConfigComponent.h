@@ -1,0 +1,22 @@
+#pragma once
+
+#include "config/ConfigRepository.h"
+#include "network/NetworkConfig.h"
+
+#include <orrelo/UserDefaults.h>
+
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// Wires the configuration, and starts its first fetch.
+class ConfigComponent {
+ public:
+  ConfigComponent(std::shared_ptr<UserDefaults> userDefaults, const ConfigNetworkConfig& networkConfig);
+
+  const std::shared_ptr<ConfigRepository> configRepository;
+  const std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
+};
+
+}  // namespace orrelo

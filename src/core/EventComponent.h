@@ -1,0 +1,16 @@
+#pragma once
+
+#include "events/EventRepository.h"
+#include "network/NetworkConfig.h"
+
+namespace orrelo {
+
+/// Wires the pipeline of the host's events, and starts its timer.
+class EventComponent {
+ public:
+  explicit EventComponent(const NetworkConfig& networkConfig);
+
+  const SaveEventUseCase saveEventUseCase;
+};
+
+}  // namespace orrelo

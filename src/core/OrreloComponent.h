@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/ConfigComponent.h"
+#include "core/EventComponent.h"
+
+#include <orrelo/ORLConfig.h>
+
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// The tree: every feature's component, built once and in order, on the caller's thread. Some start
+/// background work as they are built; that work touches only what stands by then.
+class OrreloComponent {
+ public:
+  /// `baseUrl` ends in "/orreloservice/". Stops the process where the app key can name no suite.
+  OrreloComponent(const ORLConfig& config, const std::string& baseUrl);
+
+  const ConfigComponent& configComponent() const { return *configComponent_; }
+  const EventComponent& eventComponent() const { return *eventComponent_; }
+
+ private:
+  std::unique_ptr<ConfigComponent> configComponent_;
+  std::unique_ptr<EventComponent> eventComponent_;
+};
+
+}  // namespace orrelo
