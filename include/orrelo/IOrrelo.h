@@ -28,7 +28,7 @@ struct NotificationResponse {
 enum class BackgroundFetchResult { newData, noData, failed };
 
 /// The operations of Orrelo as an interface, for hosts that write their code against one.
-/// `Orrelo::interface()` is the kit's own. Orrelo has the documentation.
+/// `Orrelo::asInterface()` is the kit's own. Orrelo has the documentation.
 class ORRELO_EXPORT IOrrelo {
  public:
   using FetchCompletion = std::function<void(BackgroundFetchResult)>;

@@ -47,7 +47,7 @@ class ORRELO_EXPORT Orrelo final {
   Orrelo() = delete;
 
   /// The same operations behind an interface.
-  static IOrrelo& interface();
+  static IOrrelo& asInterface();
 
   /// Builds the kit for the application that `config` names and starts its work in the background. It reports
   /// nothing. A second call replaces the first: events stored by then are kept, and go to the new

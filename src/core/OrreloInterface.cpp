@@ -54,9 +54,9 @@ class OrreloInterface final : public IOrrelo {
 
 }  // namespace
 
-IOrrelo& Orrelo::interface() {
-  static auto* const interface = new OrreloInterface;
-  return *interface;
+IOrrelo& Orrelo::asInterface() {
+  static auto* const instance = new OrreloInterface;
+  return *instance;
 }
 
 }  // namespace orrelo

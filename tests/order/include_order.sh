@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Holds every include of the kit to the order of its folders: a folder may include itself and what stands before it.
+# Usage: include_order.sh <source folder>
+set -euo pipefail
+cd "$1"
+
+layers=(core/base platform reactive "core/model navigation/page" network config events viewkit/base image viewkit
+  modular campaign "rewards referral inappmessage push" navigation core)
+
+# The public headers, by the folder that they belong to.
+declare -A owner=(
+  [Date]=core/base [EventValue]=core/base [Export]=core/base [ORLLogger]=core/base [Url]=core/base [Uuid]=core/base
+  [MainLoop]=platform [Platform]=platform [UserDefaults]=platform
+  [ORLCampaignType]=core/model [ORLConfig]=core/model [ORLDelegates]=core/model [ORLUser]=core/model
+  [ORLUserEvent]=core/model [UnsupportedEventValueException]=core/model
+  [IOrrelo]=core [Orrelo]=core)
+
+declare -A rank
+for i in "${!layers[@]}"; do
+  for folder in ${layers[i]}; do rank[$folder]=$i; done
+done
+
+# The innermost folder of the order that holds a path, e.g. "viewkit/base" for viewkit/base/View.h.
+folder_of() {
+  local path=$1
+  while [[ $path == */* ]]; do
+    path=${path%/*}
+    [ -n "${rank[$path]:-}" ] && { echo "$path"; return; }
+  done
+  return 1
+}
+
+faults=0
+count=0
+complain() { echo "$1"; faults=$((faults + 1)); }
+
+while IFS=: read -r file line text; do
+  count=$((count + 1))
+  if [[ $file == include/orrelo/* ]]; then
+    name=$(basename "$file" .h)
+    from=${owner[$name]:-}
+    [ -n "$from" ] || { complain "$file: not in the list of public headers"; continue; }
+    [[ $text =~ \<orrelo/|\<[a-z_]+\>$ ]] || complain "$file:$line: a public header includes $text"
+  else
+    from=$(folder_of "${file#src/}") || { complain "$file: in no folder of the order"; continue; }
+  fi
+  if [[ $text =~ \<orrelo/([A-Za-z]+)\.h\> ]]; then
+    to=${owner[${BASH_REMATCH[1]}]:-}
+    [ -n "$to" ] || { complain "$file:$line: unknown public header $text"; continue; }
+  elif [[ $text =~ \"([^\"]+)\" ]]; then
+    to=$(folder_of "${BASH_REMATCH[1]}") || { complain "$file:$line: names no folder: $text"; continue; }
+  else
+    continue
+  fi
+  [ "${rank[$from]}" -ge "${rank[$to]}" ] && { [ "${rank[$from]}" -ne "${rank[$to]}" ] || [ "$from" = "$to" ]; } ||
+    complain "$file:$line: $from may not include from $to"
+done < <(grep -rnE '^#include' src include --include='*.h' --include='*.cpp' | sed -E 's/#include +//')
+
+[ "$count" -gt 100 ] || complain "only $count includes were found: is this the source folder?"
+[ "$faults" -eq 0 ] || { echo "$faults faults"; exit 1; }
+echo "$count includes in order"

@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Installs the kit into an empty folder, and builds and runs a host against it, by CMake and by pkg-config.
+# Usage: run.sh <build folder of the kit> <build type> [<compiler flags>]
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+build=$1 type=$2 flags=${3:-}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export TMPDIR=$work HOME=$work
+
+cmake --install "$build" --prefix "$work/installed" >/dev/null
+mv "$work/installed" "$work/kit"  # so that no path of the build can be what makes it work
+
+cmake -S "$here/cmake" -B "$work/cmake" -DCMAKE_PREFIX_PATH="$work/kit" -DCMAKE_BUILD_TYPE="$type" \
+  -DCMAKE_CXX_FLAGS="$flags" >/dev/null
+cmake --build "$work/cmake" >/dev/null
+echo "by CMake: $("$work/cmake/packaged-host")"
+
+PKG_CONFIG_PATH=$(dirname "$(find "$work/kit" -name orrelosdk.pc)")
+export PKG_CONFIG_PATH
+read -ra options <<<"$flags $(pkg-config --cflags --libs orrelosdk)"
+"${CXX:-c++}" "$here/host.cpp" "${options[@]}" -Wl,-rpath,"$(pkg-config --variable=libdir orrelosdk)" \
+  -o "$work/packaged-by-pkgconfig"
+echo "by pkg-config: $("$work/packaged-by-pkgconfig")"
