@@ -1,0 +1,113 @@
+#include "core/base/preconditionFailure.h"
+#include "events/EventDao.h"
+#include "support/TestPlatform.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+class EventDaoTest : public testing::TestWithParam<EventTimeStorage> {
+ protected:
+  EventDaoTest()
+      : database_(Platform::current().eventDatabases->open("store", GetParam())),
+        dao_(database_, GetParam()) {}
+
+  template <class T>
+  std::variant<std::monostate, T, Error> result(const reactive::Observable<T>& stream) {
+    std::variant<std::monostate, T, Error> result;
+    stream.subscribe({.onNext = [&](const T& element) { result = element; },
+                      .onError = [&](const Error& error) { result = error; }});
+    platform_.loop->run();
+    return result;
+  }
+
+  Event event(const std::string& name, std::chrono::microseconds offset) {
+    return {Platform::current().random->uuid(),
+            "유저",
+            name,
+            {{"키", "값\n\"/"}, {"a", ""}},
+            platform_.clock->now() + offset};
+  }
+
+  TestPlatform platform_;
+  std::shared_ptr<EventDatabase> database_;
+  EventDao dao_;
+};
+
+INSTANTIATE_TEST_SUITE_P(BothForms, EventDaoTest,
+                         testing::Values(EventTimeStorage::text, EventTimeStorage::date),
+                         [](const auto& form) {
+                           return form.param == EventTimeStorage::text ? "Text" : "Date";
+                         });
+
+TEST_P(EventDaoTest, GivesBackWhatWasInsertedOldestFirst) {
+  const auto later = event("later", std::chrono::seconds(2));
+  auto earlier = event("earlier", std::chrono::seconds(1));
+  earlier.userId.reset();
+  result(dao_.insert(later));
+  result(dao_.insert(earlier));
+  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::ElementsAre(earlier, later));
+  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(1))), testing::ElementsAre(earlier));
+}
+
+TEST_P(EventDaoTest, RemovesByIdInListsAndByAge) {
+  std::vector<Event> events;
+  for (int i = 0; i < 5; ++i) {
+    events.push_back(event("e", std::chrono::seconds(i)));
+    result(dao_.insert(events.back()));
+  }
+  EXPECT_EQ(result(dao_.remove(events[2])).index(), 1u);
+  const auto missing = result(dao_.remove(events[2]));
+  ASSERT_EQ(missing.index(), 2u);
+  EXPECT_EQ(std::get<2>(missing).description(),
+            "CoreDataError.invalidArgument(message: \"batch delete result does not have objectId\")");
+  EXPECT_EQ(result(dao_.remove(std::vector<Event>{events[2], events[4]})).index(), 1u);
+  EXPECT_EQ(result(dao_.removeUpTo(events[0].eventTime)).index(), 1u);
+  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::ElementsAre(events[1], events[3]));
+  EXPECT_EQ(result(dao_.removeUpTo(events[3].eventTime)).index(), 1u);
+  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::IsEmpty());
+}
+
+TEST_P(EventDaoTest, NothingRunsBeforeTheSubscription) {
+  const auto insert = dao_.insert(event("e", {}));
+  platform_.loop->run();
+  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::IsEmpty());
+  result(insert);
+  result(insert);
+  EXPECT_EQ(std::get<1>(result(dao_.fetchOldest(10))).size(), 2u);
+}
+
+TEST_P(EventDaoTest, ARowThatIsNoEventStopsTheProcess) {
+  const bool asText = GetParam() == EventTimeStorage::text;
+  const StoredTime time = asText ? StoredTime("2024-01-02T03:04:05") : StoredTime(Date::fromSeconds(1));
+  const EventRow whole{Uuid().text(), "u", "e", time, "{}"};
+  std::vector<EventRow> broken(9, whole);
+  broken[0].eventId.reset();
+  broken[1].eventId = "no uuid";
+  broken[2].eventName.reset();
+  broken[3].eventTime = {};
+  broken[4].eventTime = asText ? StoredTime("yesterday") : StoredTime();
+  broken[5].eventValues.reset();
+  broken[6].eventValues = "[]";
+  broken[7].eventValues = R"({"k":1})";
+  broken[8].eventValues = "{\"k\":\"\xFF\"}";
+
+  // Replaced, the handler turns the stop into an error of the stream.
+  std::string message;
+  setPreconditionFailureHandler([&](std::string_view text) {
+    message = text;
+    throw std::runtime_error("stopped");
+  });
+  for (std::size_t i = 0; i < broken.size(); ++i) {
+    message.clear();
+    const auto store = Platform::current().eventDatabases->open("broken" + std::to_string(i), GetParam());
+    store->insert(broken[i], [](const auto&) {});
+    EXPECT_EQ(result(EventDao(store, GetParam()).fetchOldest(10)).index(), 2u);
+    EXPECT_THAT(message, testing::HasSubstr("Some of required property is nil")) << "row " << i;
+  }
+  setPreconditionFailureHandler({});
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,89 @@
+#include "core/base/Json.h"
+#include "core/base/Logger.h"
+#include "core/model/Delegates.h"
+#include "core/model/UserManager.h"
+#include "events/KelsoInsight.h"
+#include "events/UserEventTracker.h"
+#include "support/TestPlatform.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+class Listener final : public ORLUserEventDelegate {
+ public:
+  void userEventDidOccur(const ORLUserEvent& event) override { events.push_back(event); }
+  std::vector<ORLUserEvent> events;
+};
+
+class UserEventTrackerTest : public testing::Test {
+ protected:
+  UserEventTrackerTest() {
+    setUserEventDelegate(listener_);
+    KelsoInsight::setUp("app", "https://service.test/orreloservice/");
+    setCurrentUserId("user-1");
+  }
+  ~UserEventTrackerTest() override {
+    setUserEventDelegate(nullptr);
+    setCurrentUserId(std::nullopt);
+    setLogSink({});
+  }
+
+  std::string sent() {
+    platform_.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(200); };
+    platform_.loop->runFor(std::chrono::seconds(30));
+    return platform_.session->requests.empty() ? "" : *platform_.session->requests.back().body;
+  }
+
+  TestPlatform platform_;
+  std::shared_ptr<Listener> listener_ = std::make_shared<Listener>();
+};
+
+TEST_F(UserEventTrackerTest, ReachesTheDelegateAndThePipelineOnceEach) {
+  std::vector<std::string> log;
+  setLogSink([&](std::string_view line) { log.emplace_back(line); });
+  UserEventTracker::track(UserEventName::visit, {{UserEventValueKey::pageName, "home"}});
+  UserEventTracker::track(UserEventName::tooltipShow);
+
+  ASSERT_EQ(listener_->events.size(), 2u);
+  EXPECT_EQ(listener_->events[0].name, "ol_visit");
+  EXPECT_EQ(listener_->events[0].values, (EventValues{{"page_name", "home"}}));
+  EXPECT_EQ(listener_->events[1].name, "ol_tooltip_show");
+  EXPECT_FALSE(listener_->events[1].values);
+  EXPECT_THAT(log[0],
+              testing::EndsWith("[TRACE] 2023-11-14 22:13:20.000000+0000 userEventDidOccur. name:ol_visit "
+                                "values:[\"page_name\": \"home\"]"));
+  EXPECT_THAT(log[1], testing::EndsWith("name:ol_tooltip_show values:[:]"));
+
+  const auto body = sent();
+  JsonParser parser;
+  const auto events = parser.parse(body).arrayValue();
+  EXPECT_EQ(events.size(), 2u);
+  EXPECT_THAT(body, testing::HasSubstr(R"("user_id":"user-1")"));
+}
+
+TEST_F(UserEventTrackerTest, WhoIsNotThereIsPassedOver) {
+  listener_.reset();
+  UserEventTracker::track(UserEventName::visit);
+  EXPECT_THAT(sent(), testing::HasSubstr("ol_visit"));
+}
+
+TEST_F(UserEventTrackerTest, SkippingTheKitsOwnPipelineLeavesTheDelegate) {
+  UserEventTracker::track(UserEventName::visit, {}, true);
+  EXPECT_EQ(listener_->events.size(), 1u);
+  EXPECT_EQ(sent(), "");
+}
+
+TEST_F(UserEventTrackerTest, NamesStandAtTheirNumbers) {
+  EXPECT_EQ(rawValue(UserEventName::attendanceButtonClick), "ol_attendance_button_click");
+  EXPECT_EQ(rawValue(static_cast<UserEventName>(8)), "ol_visit");
+  EXPECT_EQ(rawValue(static_cast<UserEventName>(17)), "ol_referral_code_authorized");
+  EXPECT_EQ(rawValue(static_cast<UserEventName>(22)), "ol_roulette_spin_wheel_end");
+  EXPECT_EQ(rawValue(static_cast<UserEventName>(26)), "ol_induce_update_button_click");
+  EXPECT_EQ(userEventValueKey("reward_tab_item_name"), UserEventValueKey::rewardTabItemName);
+  EXPECT_EQ(userEventValueKey("page"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace orrelo::test

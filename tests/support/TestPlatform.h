@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/SqliteEventDatabase.h"
+#include "support/TemporaryFolder.h"
+#include "support/Twins.h"
+
+#include <orrelo/Platform.h>
+
+#include <filesystem>
+#include <memory>
+
+namespace orrelo::test {
+
+/// A machine of twins with real SQLite stores: nothing happens but when `loop` runs. Installed for the life
+/// of the object.
+class TestPlatform {
+ public:
+  TestPlatform() {
+    Platform platform;
+    platform.mainLoop = loop;
+    platform.workers = loop;
+    platform.clock = clock;
+    platform.random = std::make_shared<CountingRandom>();
+    platform.urlSession = session;
+    platform.userDefaults = defaults;
+    platform.directories = std::make_shared<Folders>(folder.path());
+    platform.eventDatabases = std::make_shared<SqliteEventDatabaseFactory>(platform.directories, clock, loop);
+    platform.device = device;
+    platform.mainBundle = std::make_shared<FixedBundle>(
+        std::map<std::string, std::string>{{"CFBundleIdentifier", "com.example.shop"},
+                                           {"CFBundleShortVersionString", "2.1"},
+                                           {"CFBundleVersion", "21"}});
+    platform.kitBundle = std::make_shared<FixedBundle>(
+        std::map<std::string, std::string>{{"CFBundleShortVersionString", "1.0.0"}, {"ORLBuildNumber", "1"}});
+    Platform::install(std::move(platform));
+  }
+
+  TemporaryFolder folder;
+  std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
+  std::shared_ptr<ManualLoop> loop = std::make_shared<ManualLoop>(clock);
+  std::shared_ptr<ScriptedURLSession> session = std::make_shared<ScriptedURLSession>();
+  std::shared_ptr<MemoryDefaultsFactory> defaults = std::make_shared<MemoryDefaultsFactory>();
+  std::shared_ptr<FixedDevice> device = std::make_shared<FixedDevice>();
+
+ private:
+  class Folders final : public Directories {
+   public:
+    explicit Folders(std::filesystem::path path) : path_(std::move(path)) {}
+    std::filesystem::path data() const override { return path_; }
+    std::filesystem::path cache() const override { return path_; }
+
+   private:
+    std::filesystem::path path_;
+  };
+};
+
+}  // namespace orrelo::test
