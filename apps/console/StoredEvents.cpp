@@ -1,0 +1,37 @@
+#include "StoredEvents.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <string>
+
+namespace orrelo::console {
+namespace {
+
+int printStore(const std::filesystem::path& file, std::ostream& out) {
+  int count = 0;
+  if (!std::filesystem::exists(file)) return count;
+  const SQLite::Database database(file.string(), SQLite::OPEN_READONLY, 1000);
+  if (!database.tableExists("events")) return count;
+  SQLite::Statement rows(database,
+                         "SELECT eventId, eventName, userId, eventTime FROM events ORDER BY eventTime");
+  while (rows.executeStep()) {
+    ++count;
+    out << "  " << rows.getColumn(0).getString() << "  " << rows.getColumn(1).getString() << "  user "
+        << (rows.isColumnNull(2) ? "-" : rows.getColumn(2).getString()) << "  "
+        << rows.getColumn(3).getString() << "\n";
+  }
+  return count;
+}
+
+}  // namespace
+
+void printStoredEvents(const std::filesystem::path& dataDirectory, std::ostream& out) {
+  try {
+    const int hosts = printStore(dataDirectory / "OLSCoreDataEvent.sqlite", out);
+    const int own = printStore(dataDirectory / "BIEventCoreData.sqlite", out);
+    out << "stored: " << hosts << " of the host's, " << own << " of the kit's" << std::endl;
+  } catch (const SQLite::Exception& exception) {
+    out << "the stores cannot be read now: " << exception.what() << std::endl;
+  }
+}
+
+}  // namespace orrelo::console

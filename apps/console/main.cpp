@@ -1,0 +1,129 @@
+// A host application without screens: reads commands, one a line.
+#include "StoredEvents.h"
+#include "ValueParser.h"
+
+#include <orrelo/Orrelo.h>
+
+#include <iostream>
+#include <map>
+#include <string>
+#include <thread>
+
+namespace {
+
+using namespace orrelo;
+
+constexpr auto usage =
+    "orrelo-console [--app-key KEY] [--data DIR] [--service URL --certificate FILE]\n"
+    "  --app-key      names the application at the service (default: demo)\n"
+    "  --data         where the kit keeps its files (default: the user's data folder)\n"
+    "  --service      an https URL: the kit turns to it as its development service, from now on\n"
+    "  --certificate  the file of certificates to trust there\n";
+
+constexpr auto help =
+    "signin ID [optin|optout] [key=value ...]   say who the user is\n"
+    "signout                                    say that nobody is\n"
+    "send NAME [key=value ...]                  report an event\n"
+    "stored                                     show the events that wait for the service\n"
+    "user                                       show the last user that the kit remembers\n"
+    "log                                        let the kit talk\n"
+    "quit\n"
+    "Values: null true 3 3.5 text \"a text\" [1, 2] set[1, 2] {key: value} date(2026-01-02T03:04:05Z) "
+    "uuid(...) url(...)\n";
+
+using Options = std::map<std::string, std::string, std::less<>>;
+
+bool readOptions(int count, char** words, Options& options) {
+  for (int i = 1; i < count; i += 2) {
+    const std::string name = words[i];
+    const bool isKnown =
+        name == "--app-key" || name == "--data" || name == "--service" || name == "--certificate";
+    if (!isKnown || i + 1 == count) return false;
+    options[name] = words[i + 1];
+  }
+  return options.contains("--service") == options.contains("--certificate");
+}
+
+// The environment suite chooses the service; it is read once, at Orrelo::initialize.
+void chooseDevelopmentService(const Options& options) {
+  const auto suite = Platform::current().userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane");
+  suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
+  suite->set("ORRELO_DEVELOPMENT_URL", options.find("--service")->second);
+  suite->set("ORRELO_DEVELOPMENT_CA", options.find("--certificate")->second);
+}
+
+void signIn(std::vector<std::string> words) {
+  if (words.empty()) throw console::SyntaxError("signin needs an id");
+  const auto id = words.front();
+  words.erase(words.begin());
+  auto status = ORLMarketingStatus::unknown;
+  if (!words.empty() && (words.front() == "optin" || words.front() == "optout")) {
+    status = words.front() == "optin" ? ORLMarketingStatus::optIn : ORLMarketingStatus::optOut;
+    words.erase(words.begin());
+  }
+  Orrelo::setUser(ORLUser(id, status, console::parseValues(words)));
+}
+
+void sendEvent(const std::vector<std::string>& words) {
+  if (words.empty()) throw console::SyntaxError("send needs a name");
+  Orrelo::sendEvent(words.front(), console::parseValues({words.begin() + 1, words.end()}));
+}
+
+void run(const std::string& line) {
+  try {
+    auto words = console::splitWords(line);
+    if (words.empty()) return;
+    const auto command = words.front();
+    words.erase(words.begin());
+    if (command == "signin") {
+      signIn(words);
+    } else if (command == "signout") {
+      Orrelo::setUser(std::nullopt);
+    } else if (command == "send") {
+      sendEvent(words);
+    } else if (command == "stored") {
+      console::printStoredEvents(Platform::current().directories->data(), std::cout);
+    } else if (command == "user") {
+      std::cout << Platform::current().userDefaults->standard()->text("orrelo_user_id").value_or("-")
+                << std::endl;
+    } else if (command == "log") {
+      ORLLogger::enable();
+    } else if (command == "quit") {
+      RunLoop::main().stop();
+    } else {
+      std::cout << help << std::flush;
+      return;
+    }
+    std::cout << "ok " << command << std::endl;
+  } catch (const std::exception& exception) {
+    std::cout << "no: " << exception.what() << std::endl;
+  }
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  Options options;
+  if (!readOptions(count, words, options)) {
+    std::cerr << usage;
+    return 2;
+  }
+  auto& loop = RunLoop::main();
+  Platform::install(Platform::posix({.bundleIdentifier = "com.example.orrelo-console",
+                                     .shortVersion = "1.0",
+                                     .bundleVersion = "1",
+                                     .dataDirectory = options["--data"],
+                                     .cacheDirectory = options["--data"]}));
+  if (options.contains("--service")) chooseDevelopmentService(options);
+  Orrelo::initialize(ORLConfig(options.contains("--app-key") ? options["--app-key"] : "demo"));
+  std::cout << "ready; type help" << std::endl;
+
+  std::thread([&loop] {
+    std::string line;
+    while (std::getline(std::cin, line)) loop.post([line] { run(line); });
+    loop.post([&loop] { loop.stop(); });
+  }).detach();
+  loop.run();
+  std::cout.flush();
+  std::_Exit(0);  // the reading thread may stand in the middle of a line
+}

@@ -1,0 +1,150 @@
+#include "Session.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <iomanip>
+#include <iostream>
+#include <stdexcept>
+#include <vector>
+
+namespace orrelo::console {
+namespace {
+
+using devservice::ReceivedEvent;
+using std::chrono::seconds;
+
+// An idle tick comes every 10 seconds and sends one event.
+constexpr seconds deliveryTimeout{60};
+
+struct Expected {
+  std::string name;
+  // Whom the event belongs to; absent before the first sign-in.
+  std::optional<std::string> user;
+};
+
+const std::array<Expected, 7> expectedEvents{{
+    {"ol_set_user_profile", std::nullopt},
+    {"opened", "minji"},
+    {"searched", "minji"},
+    {"added_to_cart", "minji"},
+    {"ordered", "minji"},
+    {"ol_set_user_profile", "minji"},
+    {"opened_again", "minji"},
+}};
+
+void require(bool holds, const std::string& why) {
+  if (!holds) throw std::runtime_error(why);
+}
+
+// The profile event carries the signed-in user as a value; only an event of a user has the id as its own.
+bool isOf(const ReceivedEvent& event, const Expected& expected) {
+  const auto owner = event.values.find("user_id");
+  const auto wanted = expected.user.value_or("minji");
+  return event.eventName == expected.name && owner != event.values.end() && owner->second == wanted;
+}
+
+void print(const std::vector<ReceivedEvent>& events) {
+  for (const auto& event : events) {
+    std::cout << "    " << event.eventId << "  " << std::left << std::setw(20) << event.eventName << " user "
+              << event.userId.value_or("-") << "  at " << event.eventTime << "  delivered "
+              << event.deliveries << (event.deliveries == 1 ? " time" : " times") << "\n";
+  }
+}
+
+}  // namespace
+
+Session::Session(const std::filesystem::path& folder)
+    : folder_(folder), service_({.dataDirectory = folder / "service"}) {}
+
+void Session::play() {
+  online();
+  offline();
+  killed();
+  restarted();
+  accounted();
+}
+
+void Session::step(const std::string& what) {
+  std::cout << "[" << ++steps_ << "/7] " << what << std::endl;
+}
+
+std::unique_ptr<ConsoleProcess> Session::launch() const {
+  return std::make_unique<ConsoleProcess>(
+      std::vector<std::string>{"--data", (folder_ / "device").string(), "--service", service_.baseUrl(),
+                               "--certificate", service_.certificatePath().string()});
+}
+
+void Session::online() {
+  service_.start();
+  step("the campaign service answers at " + service_.baseUrl() + " (open it in a browser)");
+  console_ = launch();
+  console_->command("signin minji optin level=3");
+  console_->command("send opened screen=home");
+  step("the console is up: minji signed in and opened the home screen");
+  require(service_.waitForEvents(2, deliveryTimeout), "the first events did not arrive");
+}
+
+void Session::offline() {
+  waitForStored(0);  // delivered, and known to be
+  service_.stop();
+  console_->command("send searched words=[\"blue\", \"shoes\"] results=12");
+  console_->command("send added_to_cart item=\"blue shoes\" price=39.9 new=true");
+  console_->command("send ordered at=date(2026-01-02T03:04:05Z)");
+  step("the service is gone; three events happened meanwhile");
+  for (const auto& line : waitForStored(3)) {
+    storedIds_.insert(line.substr(2, 36));
+    std::cout << "    " << line.substr(2) << "\n";
+  }
+}
+
+std::vector<std::string> Session::waitForStored(std::size_t count) {
+  // The console answers from the files, and a commit may be a moment behind the command that led to it.
+  const auto deadline = std::chrono::steady_clock::now() + deliveryTimeout;
+  while (true) {
+    auto lines = console_->command("stored");
+    lines.pop_back();  // the count
+    if (lines.size() == count) return lines;
+    require(std::chrono::steady_clock::now() < deadline, "the store does not hold what it must");
+  }
+}
+
+void Session::killed() {
+  console_->kill();
+  step("the console was killed with SIGKILL, " + std::to_string(storedIds_.size()) + " events in its store");
+}
+
+void Session::restarted() {
+  service_.start();
+  console_ = launch();
+  require(console_->command("user").front() == "minji", "the kit forgot who was signed in");
+  console_->command("signin minji optin level=3");
+  console_->command("signin minji optin level=3");
+  console_->command("send opened_again screen=home");
+  step("service and console are back; two sign-ins and an event more. The rest follows every 10 seconds");
+}
+
+void Session::accounted() {
+  const auto total = static_cast<std::int64_t>(expectedEvents.size()) + 1;
+  for (std::int64_t count = service_.eventCount(); count < total; count = service_.eventCount()) {
+    require(service_.waitForEvents(count + 1, deliveryTimeout), "an event did not arrive");
+    std::cout << "      " << service_.eventCount() << " of " << total << " events\n" << std::flush;
+  }
+  require(console_->quit() == 0, "the console did not end well");
+  const auto events = service_.events();
+  step("the service received:");
+  print(events);
+
+  for (const auto& expected : expectedEvents) {
+    require(
+        std::any_of(events.begin(), events.end(), [&](const auto& event) { return isOf(event, expected); }),
+        "the event \"" + expected.name + "\" is missing");
+  }
+  for (const auto& id : storedIds_) {
+    require(std::any_of(events.begin(), events.end(), [&](const auto& event) { return event.eventId == id; }),
+            "the stored event " + id + " came under another id or not at all");
+  }
+  step("every event arrived, under the id that it was stored with");
+}
+
+}  // namespace orrelo::console
