@@ -1,0 +1,148 @@
+#include "DevService.h"
+
+#include "Certificate.h"
+#include "Dispatcher.h"
+#include "EventStore.h"
+#include "FaultBook.h"
+#include "HttpServer.h"
+#include "RequestLog.h"
+#include "Scenario.h"
+
+#include <mutex>
+#include <stdexcept>
+#include <utility>
+
+namespace orrelo::devservice {
+
+namespace {
+
+std::filesystem::path prepare(const std::filesystem::path& directory) {
+  if (directory.empty()) throw std::runtime_error("a data directory is needed");
+  std::filesystem::create_directories(directory);
+  return std::filesystem::absolute(directory);
+}
+
+std::filesystem::path scenarioOr(const std::filesystem::path& directory) {
+  return std::filesystem::absolute(directory.empty() ? ORRELO_DEVSERVICE_SCENARIO : directory);
+}
+
+}  // namespace
+
+class DevService::Impl {
+ public:
+  explicit Impl(const Options& options)
+      : directory(prepare(options.dataDirectory)),
+        certificate(Certificate::loadOrCreate(directory)),
+        scenario(scenarioOr(options.scenarioDirectory)),
+        store(directory / "devservice.sqlite3"),
+        dispatcher(store, scenario, requests, faults),
+        port(options.port) {}
+
+  const std::filesystem::path directory;
+  const Certificate certificate;
+  const Scenario scenario;
+  EventStore store;
+  RequestLog requests;
+  FaultBook faults;
+  Dispatcher dispatcher;
+
+  /// Guards what follows.
+  mutable std::mutex lifecycle;
+  int port;
+  std::unique_ptr<HttpServer> server;
+};
+
+DevService::DevService(const Options& options) : impl(std::make_unique<Impl>(options)) {}
+
+DevService::~DevService() {
+  stop();
+}
+
+void DevService::start() {
+  const std::lock_guard lock(impl->lifecycle);
+  if (impl->server) return;
+  impl->faults.open();
+  auto server = std::make_unique<HttpServer>(
+      impl->certificate, [dispatcher = &impl->dispatcher](const auto& request, auto& response) {
+        dispatcher->handle(request, response);
+      });
+  impl->port = server->start(impl->port);
+  impl->server = std::move(server);
+}
+
+void DevService::stop() {
+  const std::lock_guard lock(impl->lifecycle);
+  if (!impl->server) return;
+  impl->faults.close();
+  impl->server.reset();
+}
+
+bool DevService::isRunning() const {
+  const std::lock_guard lock(impl->lifecycle);
+  return impl->server != nullptr;
+}
+
+int DevService::port() const {
+  const std::lock_guard lock(impl->lifecycle);
+  return impl->port;
+}
+
+std::string DevService::baseUrl() const {
+  return "https://localhost:" + std::to_string(port());
+}
+
+std::filesystem::path DevService::certificatePath() const {
+  return impl->certificate.certificateFile;
+}
+
+std::vector<ReceivedEvent> DevService::events() const {
+  return impl->store.events();
+}
+std::int64_t DevService::eventCount() const {
+  return impl->store.counts().events;
+}
+std::int64_t DevService::deliveryCount() const {
+  return impl->store.counts().deliveries;
+}
+std::vector<KnownUser> DevService::users() const {
+  return impl->store.users();
+}
+std::vector<SavedToken> DevService::tokens() const {
+  return impl->store.tokens();
+}
+
+bool DevService::waitForEvents(std::int64_t count, std::chrono::milliseconds timeout) const {
+  return impl->store.waitFor([&] { return eventCount() >= count; }, timeout);
+}
+
+bool DevService::waitForEvents(const EventPredicate& predicate, std::chrono::milliseconds timeout) const {
+  return impl->store.waitFor([&] { return predicate(events()); }, timeout);
+}
+
+std::vector<RequestRecord> DevService::requests(const std::string& pathSuffix) const {
+  return impl->requests.records(pathSuffix);
+}
+
+std::int64_t DevService::requestCount(const std::string& pathSuffix) const {
+  return impl->requests.count(pathSuffix);
+}
+
+bool DevService::waitForRequests(const std::string& pathSuffix, std::int64_t count,
+                                 std::chrono::milliseconds timeout) const {
+  return impl->requests.waitFor(pathSuffix, count, timeout);
+}
+
+std::uint64_t DevService::orderFault(Fault fault) {
+  return impl->faults.order(std::move(fault));
+}
+void DevService::clearFaults() {
+  impl->faults.clear();
+}
+bool DevService::clearFault(std::uint64_t id) {
+  return impl->faults.clear(id);
+}
+std::vector<OrderedFault> DevService::faults() const {
+  return impl->faults.list();
+}
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "AdminRoutes.h"
+#include "FaultBook.h"
+#include "RequestLog.h"
+#include "ServiceRoutes.h"
+
+#include <httplib.h>
+
+namespace orrelo::devservice {
+
+/// Takes each request to the routes that answer it, and spoils the answer where a fault is ordered.
+class Dispatcher {
+ public:
+  Dispatcher(EventStore& store, const Scenario& scenario, RequestLog& requests, FaultBook& faults);
+
+  void handle(const httplib::Request& request, httplib::Response& response);
+
+ private:
+  void dispatch(const httplib::Request& request, httplib::Response& response);
+  void answerWith(const Fault& fault, const httplib::Request& request, httplib::Response& response);
+
+  ServiceRoutes service;
+  AdminRoutes admin;
+  RequestLog& requests;
+  FaultBook& faults;
+};
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,13 @@
+# Puts the admin page's three files together into one C++ source.
+#   cmake -D DIRECTORY=<folder of page.html> -D OUTPUT=<file> -P EmbedAdminPage.cmake
+
+file(READ "${DIRECTORY}/page.html" page)
+file(READ "${DIRECTORY}/page.css" style)
+file(READ "${DIRECTORY}/page.js" script)
+string(REPLACE "/*STYLE*/" "${style}" page "${page}")
+string(REPLACE "/*SCRIPT*/" "${script}" page "${page}")
+
+file(WRITE "${OUTPUT}" "namespace orrelo::devservice {\n"
+  "extern const char* const embeddedAdminPage;\n"
+  "const char* const embeddedAdminPage = R\"adminpage(${page})adminpage\";\n"
+  "}  // namespace orrelo::devservice\n")

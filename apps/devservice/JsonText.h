@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Reply.h"
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+namespace orrelo::devservice {
+
+/// Bytes that are no UTF-8, such as those of a percent-encoded path, come out as replacement characters.
+inline std::string toText(const nlohmann::json& json) {
+  return json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+inline Reply jsonReply(int status, const nlohmann::json& json) {
+  return Reply::text(status, toText(json));
+}
+
+inline Reply errorReply(int status, const std::string& message) {
+  return jsonReply(status, {{"error", message}});
+}
+
+/// The text of a string member; absent if it is missing or no string.
+inline std::optional<std::string> stringAt(const nlohmann::json& object, const char* key) {
+  const auto found = object.find(key);
+  if (found == object.end() || !found->is_string()) return std::nullopt;
+  return found->get<std::string>();
+}
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace orrelo::devservice {
+
+/// A folder of plain files that says what the service answers. Every question reads the files anew, so that
+/// an edit acts at once.
+class Scenario {
+ public:
+  explicit Scenario(std::filesystem::path directory);
+
+  const std::filesystem::path& directory() const { return root; }
+  /// The bytes of `apps/<appKey>/config.json`, else of `config.json`; absent if neither can be read.
+  std::optional<std::string> config(const std::string& appKey) const;
+
+ private:
+  /// The app's own file of this name, else the common one.
+  std::optional<std::string> read(const std::string& appKey, const std::string& name) const;
+
+  std::filesystem::path root;
+};
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,123 @@
+#include "ServiceRoutes.h"
+
+#include "JsonText.h"
+
+#include <array>
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string_view>
+
+namespace orrelo::devservice {
+
+namespace {
+
+constexpr std::string_view servicePrefix = "/orreloservice/sdk/";
+
+constexpr std::array identityHeaders{"Kelso-UUID", "sdk_version", "sdk_build_number",
+                                     "os_version", "locale",      "timezone",
+                                     "app_name",   "app_version", "app_version_code"};
+
+TimePoint now() {
+  return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
+}
+
+/// Says what is wrong with an event, or nothing.
+std::optional<std::string> faultOf(const nlohmann::json& event) {
+  if (!event.is_object()) return "an event must be an object";
+  for (const auto& [key, value] : event.items()) {
+    if (!value.is_string()) return "the value of \"" + key + "\" must be a string";
+  }
+  for (const auto* key : {"event_id", "event_name", "event_time"}) {
+    if (stringAt(event, key).value_or("").empty()) return "\"" + std::string(key) + "\" is missing";
+  }
+  return std::nullopt;
+}
+
+std::string identityOf(const httplib::Request& request) {
+  auto headers = nlohmann::json::object();
+  for (const auto* name : identityHeaders) {
+    if (request.has_header(name)) headers[name] = request.get_header_value(name);
+  }
+  return toText(headers);
+}
+
+}  // namespace
+
+ServiceRoutes::ServiceRoutes(EventStore& store, const Scenario& theScenario)
+    : eventStore(store), scenario(theScenario) {}
+
+const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
+  static const std::vector<Route> routes{
+      {"GET", "/config", &ServiceRoutes::config},
+      {"POST", "/event", &ServiceRoutes::receiveEvent},
+      {"POST", "/events", &ServiceRoutes::receiveEvents},
+      {"POST", "/token", &ServiceRoutes::saveToken},
+  };
+  return routes;
+}
+
+Reply ServiceRoutes::answer(const httplib::Request& request) {
+  const std::string_view path = request.path;
+  if (!path.starts_with(servicePrefix)) return errorReply(404, "no such path");
+  const auto rest = path.substr(servicePrefix.size());
+  const auto slash = rest.find('/');
+  if (slash == std::string_view::npos || slash == 0) return errorReply(404, "no such path");
+  const Call call{std::string(rest.substr(0, slash)), std::string(rest.substr(slash)), request};
+
+  for (const auto& route : table()) {
+    if (call.path != route.path) continue;
+    if (request.method == route.method) return (this->*route.handler)(call);
+    auto reply = errorReply(405, "this path takes " + std::string(route.method));
+    reply.headers.emplace_back("Allow", route.method);
+    return reply;
+  }
+  return errorReply(404, "no such path");
+}
+
+Reply ServiceRoutes::config(const Call& call) {
+  auto body = scenario.config(call.appKey);
+  if (!body) return errorReply(404, "the scenario has no config.json");
+  return Reply::text(200, std::move(*body));
+}
+
+Reply ServiceRoutes::receiveEvent(const Call& call) {
+  const auto json = nlohmann::json::parse(call.http.body, nullptr, false);
+  if (json.is_discarded()) return errorReply(400, "the body is not JSON");
+  if (const auto fault = faultOf(json)) return errorReply(400, *fault);
+  return store(call, {{json.get<std::map<std::string, std::string>>(), toText(json)}});
+}
+
+Reply ServiceRoutes::receiveEvents(const Call& call) {
+  const auto json = nlohmann::json::parse(call.http.body, nullptr, false);
+  if (json.is_discarded()) return errorReply(400, "the body is not JSON");
+  if (!json.is_array()) return errorReply(400, "the body must be an array of events");
+  std::vector<IncomingEvent> events;
+  events.reserve(json.size());
+  for (const auto& event : json) {
+    if (const auto fault = faultOf(event)) {
+      return errorReply(400, "event " + std::to_string(events.size()) + ": " + *fault);
+    }
+    events.push_back({event.get<std::map<std::string, std::string>>(), toText(event)});
+  }
+  return store(call, events);
+}
+
+Reply ServiceRoutes::store(const Call& call, const std::vector<IncomingEvent>& events) {
+  const auto result = eventStore.add(events, {call.appKey, call.path, identityOf(call.http), now()});
+  return jsonReply(200, {{"received", result.received}, {"duplicates", result.duplicates}});
+}
+
+Reply ServiceRoutes::saveToken(const Call& call) {
+  const auto json = nlohmann::json::parse(call.http.body, nullptr, false);
+  if (json.is_discarded()) return errorReply(400, "the body is not JSON");
+  if (!json.is_object()) return errorReply(400, "the body must be an object");
+  const auto token = stringAt(json, "token");
+  const auto userId = stringAt(json, "buid");
+  if (!token || token->empty()) return errorReply(400, "\"token\" is missing");
+  if (!userId) return errorReply(400, "\"buid\" is missing");
+  eventStore.saveToken(call.appKey, *userId, *token, now());
+  return jsonReply(200, nlohmann::json::object());
+}
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,121 @@
+#include "ServiceFixture.h"
+
+namespace orrelo::devservice {
+
+namespace {
+
+class AdminTest : public ServiceFixture {
+ protected:
+  json state(const std::string& query = {}) { return getJson("/admin/state" + query); }
+  httplib::Result order(const json& fault) { return post("/admin/faults", fault); }
+};
+
+TEST_F(AdminTest, StateTellsWhatChanged) {
+  auto last = state();
+  EXPECT_EQ(last["events"], json::array());
+  post(onApp("/event"), event("E-1", "<script>", {{"user_id", "mina"}}));
+  post(onApp("/event"), event("E-2"));
+
+  last = state("?after=" + last["next"].dump());
+  ASSERT_EQ(last["events"].size(), 2U);
+  EXPECT_EQ(last["events"][0]["eventName"], "<script>");
+  EXPECT_EQ(last["events"][0]["userId"], "mina");
+  EXPECT_TRUE(last["events"][1]["userId"].is_null());
+  EXPECT_EQ(last["users"][0]["userId"], "mina");
+
+  post(onApp("/event"), event("E-1"));
+  last = state("?after=" + last["next"].dump());
+  ASSERT_EQ(last["events"].size(), 1U) << "a further delivery is a change";
+  EXPECT_EQ(last["events"][0]["eventId"], "E-1");
+  EXPECT_EQ(last["events"][0]["deliveries"], 2);
+  EXPECT_EQ(last["counts"]["events"], 2);
+  EXPECT_EQ(last["counts"]["deliveries"], 3);
+  EXPECT_TRUE(state("?after=" + last["next"].dump())["events"].empty());
+  EXPECT_EQ(client->Get("/admin/state?after=x")->status, 400);
+}
+
+TEST_F(AdminTest, StateComesInPages) {
+  auto many = json::array();
+  for (int i = 0; i < 700; ++i) many.push_back(event("E-" + std::to_string(i)));
+  post(onApp("/events"), many);
+
+  const auto latest = state();
+  EXPECT_EQ(latest["events"].size(), 500U);
+  EXPECT_EQ(latest["events"].back()["eventId"], "E-699");
+  EXPECT_EQ(latest["more"], false);
+  const auto first = state("?after=0");
+  EXPECT_EQ(first["events"].front()["eventId"], "E-0");
+  EXPECT_EQ(first["more"], true);
+  EXPECT_EQ(state("?after=" + first["next"].dump())["events"].size(), 200U);
+}
+
+TEST_F(AdminTest, BytesThatAreNoTextDoNotSpoilTheState) {
+  EXPECT_EQ(post(onApp("/event", "%ff%fe"), event("E-1"), {{"locale", "\xff"}})->status, 200);
+  EXPECT_EQ(state()["events"][0]["eventId"], "E-1");
+}
+
+TEST_F(AdminTest, OrdersListsAndClearsFaults) {
+  const auto ordered = order({{"kind", "status"}, {"path", "/config"}, {"status", 418}, {"count", 3}});
+  EXPECT_EQ(ordered->status, 201);
+  EXPECT_EQ(client->Get(onApp("/config"))->status, 418);
+  const auto listed = getJson("/admin/faults")["faults"];
+  ASSERT_EQ(listed.size(), 1U);
+  EXPECT_EQ(listed[0]["remaining"], 2);
+  EXPECT_EQ(listed[0]["applied"], 1);
+  EXPECT_EQ(state()["faults"], listed);
+
+  EXPECT_EQ(client->Delete("/admin/faults/" + json::parse(ordered->body)["id"].dump())->status, 200);
+  EXPECT_EQ(client->Get(onApp("/config"))->status, 200);
+  EXPECT_EQ(client->Delete("/admin/faults/1")->status, 404);
+
+  order({{"kind", "drop"}});
+  EXPECT_EQ(client->Get("/admin/faults")->status, 200)
+      << "a fault for every path leaves the admin paths alone";
+  EXPECT_EQ(client->Delete("/admin/faults")->status, 200);
+  EXPECT_TRUE(service->faults().empty());
+}
+
+TEST_F(AdminTest, BodiesMayBeRepeatedOrBytes) {
+  order({{"kind", "body"}, {"count", 1}, {"body", "[{"}, {"repeat", 1000}});
+  EXPECT_EQ(client->Get(onApp("/config"))->body.size(), 2000U);
+  order({{"kind", "body"}, {"count", 1}, {"bodyBase64", "//4A"}, {"contentType", "image/gif"}});
+  const auto result = client->Get(onApp("/config"));
+  EXPECT_EQ(result->body, std::string("\xff\xfe\0", 3));
+  EXPECT_EQ(result->get_header_value("Content-Type"), "image/gif");
+}
+
+TEST_F(AdminTest, RefusesFaultsThatCannotBe) {
+  for (const json& fault :
+       {json::array(), json::object(), json{{"kind", "explode"}}, json{{"kind", 1}},
+        json{{"kind", "status"}, {"statsu", 500}}, json{{"kind", "status"}, {"status", 99}},
+        json{{"kind", "status"}, {"status", "500"}}, json{{"kind", "drop"}, {"count", 0}},
+        json{{"kind", "delay"}, {"delay", -1}}, json{{"kind", "delay"}, {"delay", 18446744073709551615ULL}},
+        json{{"kind", "redirect"}}, json{{"kind", "redirect"}, {"location", "x\r\ny: z"}},
+        json{{"kind", "body"}, {"bodyBase64", "a"}}, json{{"kind", "drop"}, {"carryOut", 1}},
+        json{{"kind", "body"}, {"body", std::string(1000, 'x')}, {"repeat", 1000000}}}) {
+    EXPECT_EQ(order(fault)->status, 400) << fault;
+  }
+  EXPECT_EQ(client->Post("/admin/faults", "{", "application/json")->status, 400);
+  EXPECT_TRUE(service->faults().empty());
+}
+
+TEST_F(AdminTest, AnotherSitesPageCannotOrderFaults) {
+  const auto body = json{{"kind", "drop"}};
+  EXPECT_EQ(post("/admin/faults", body, {{"Origin", "https://example.com"}})->status, 403);
+  EXPECT_EQ(post("/admin/faults", body, {{"Origin", service->baseUrl()}})->status, 201);
+}
+
+TEST_F(AdminTest, ThePageNeedsNothingFromOutside) {
+  const auto page = client->Get("/");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->get_header_value("Content-Type"), "text/html; charset=utf-8");
+  EXPECT_NE(page->get_header_value("Content-Security-Policy").find("script-src 'sha256-"), std::string::npos);
+  for (const auto* outside : {"src=", "@import", "url(", "innerHTML", "/*STYLE*/", "/*SCRIPT*/"}) {
+    EXPECT_EQ(page->body.find(outside), std::string::npos) << outside;
+  }
+  EXPECT_EQ(client->Post("/", "", "text/plain")->status, 405);
+}
+
+}  // namespace
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,170 @@
+#include "ServiceFixture.h"
+
+#include <future>
+#include <thread>
+
+namespace orrelo::devservice {
+
+namespace {
+
+using EventIntakeTest = ServiceFixture;
+
+TEST_F(EventIntakeTest, KeepsWhatCameWithAnEvent) {
+  const auto sent = event("E-1", "purchase", {{"user_id", "mina"}, {"price", "24.5"}, {"note", "ü\"\n"}});
+  const auto reply = post(onApp("/event", "key-1"), sent,
+                          {{"Kelso-UUID", "K"}, {"locale", "50%25 en"}, {"app_name", ""}, {"X-Other", "no"}});
+  ASSERT_TRUE(reply);
+  EXPECT_EQ(reply->status, 200);
+
+  const auto events = service->events();
+  ASSERT_EQ(events.size(), 1U);
+  const auto& stored = events.front();
+  EXPECT_EQ(stored.eventId, "E-1");
+  EXPECT_EQ(stored.appKey, "key-1");
+  EXPECT_EQ(stored.userId, "mina");
+  EXPECT_EQ(stored.eventName, "purchase");
+  EXPECT_EQ(stored.eventTime, "2026-05-04T03:02:01");
+  EXPECT_EQ(stored.path, "/event");
+  EXPECT_EQ(stored.deliveries, 1);
+  EXPECT_EQ(stored.values, (sent.get<std::map<std::string, std::string>>()));
+  const std::map<std::string, std::string> headers{
+      {"Kelso-UUID", "K"}, {"locale", "50%25 en"}, {"app_name", ""}};
+  EXPECT_EQ(stored.headers, headers) << "as sent, empty ones too, and no others";
+}
+
+TEST_F(EventIntakeTest, CountsDeliveriesOfTheSameEvent) {
+  post(onApp("/event"), event("E-1"));
+  post(onApp("/events"), json::array({event("E-2"), event("E-1", "changed"), event("E-2")}));
+
+  const auto events = service->events();
+  ASSERT_EQ(events.size(), 2U);
+  EXPECT_EQ(events[0].deliveries, 2);
+  EXPECT_EQ(events[0].eventName, "opened") << "what came first stands";
+  EXPECT_EQ(events[0].path, "/event");
+  EXPECT_GE(events[0].lastArrival, events[0].firstArrival);
+  EXPECT_EQ(events[1].deliveries, 2);
+  EXPECT_FALSE(events[1].userId);
+  EXPECT_EQ(service->eventCount(), 2);
+  EXPECT_EQ(service->deliveryCount(), 4);
+}
+
+TEST_F(EventIntakeTest, StoresABatchWholeOrNotAtAll) {
+  const auto reply = post(onApp("/events"), json::array({event("E-1"), {{"event_id", "E-2"}}}));
+  EXPECT_EQ(reply->status, 400);
+  EXPECT_EQ(json::parse(reply->body)["error"], "event 1: \"event_name\" is missing");
+  EXPECT_EQ(service->eventCount(), 0);
+
+  auto many = json::array();
+  for (int i = 0; i < 900; ++i) many.push_back(event("B-" + std::to_string(i)));
+  EXPECT_EQ(post(onApp("/events"), many)->status, 200);
+  EXPECT_EQ(post(onApp("/events"), json::array())->status, 200);
+  EXPECT_EQ(service->eventCount(), 900);
+}
+
+TEST_F(EventIntakeTest, RefusesBadBodies) {
+  const auto status = [&](const std::string& path, const std::string& body) {
+    const auto result = client->Post(onApp(path), body, "application/json");
+    return result && json::accept(result->body) ? result->status : 0;
+  };
+  for (const auto* body : {"", "{", "[]", "\"text\"", R"({"event_id":"1","event_name":"n"})", "\xff\xfe",
+                           R"({"event_id":"1","event_name":"n","event_time":"t","count":1})",
+                           R"({"event_id":"","event_name":"n","event_time":"t"})",
+                           "{\"event_id\":\"\xc3\",\"event_name\":\"n\",\"event_time\":\"t\"}"}) {
+    EXPECT_EQ(status("/event", body), 400) << body;
+  }
+  EXPECT_EQ(status("/events", event("1").dump()), 400);
+  EXPECT_EQ(status("/events", "[[]]"), 400);
+  EXPECT_EQ(status("/token", R"({"token":"t"})"), 400);
+  EXPECT_EQ(status("/token", R"({"token":"","buid":"u"})"), 400);
+  EXPECT_EQ(service->eventCount(), 0);
+  EXPECT_TRUE(service->tokens().empty());
+}
+
+TEST_F(EventIntakeTest, KnowsUsersAndTheirTokens) {
+  post(onApp("/event"), event("E-1", "opened", {{"user_id", "mina"}}));
+  post(onApp("/event"), event("E-1", "opened", {{"user_id", "mina"}}));
+  EXPECT_EQ(post(onApp("/token"), {{"token", "T"}, {"buid", "mina"}}, {{"buid", "mina"}})->status, 200);
+  post(onApp("/token"), {{"token", "T"}, {"buid", "mina"}});
+  post(onApp("/token"), {{"token", "T"}, {"buid", "joon"}});
+
+  auto users = service->users();
+  std::ranges::sort(users, {}, &KnownUser::userId);
+  ASSERT_EQ(users.size(), 2U);
+  EXPECT_EQ(users[0].userId, "joon");
+  EXPECT_EQ(users[0].events, 0);
+  EXPECT_EQ(users[1].events, 1) << "a repeated delivery is no second event";
+
+  auto tokens = service->tokens();
+  std::ranges::sort(tokens, {}, &SavedToken::userId);
+  ASSERT_EQ(tokens.size(), 2U);
+  EXPECT_EQ(tokens[1].token, "T");
+  EXPECT_EQ(tokens[1].saves, 2);
+}
+
+TEST_F(EventIntakeTest, TellsWrongPathsFromWrongMethods) {
+  EXPECT_EQ(client->Get(onApp("/nothing"))->status, 404);
+  EXPECT_EQ(client->Get("/orreloservice/sdk/app")->status, 404);
+  EXPECT_EQ(client->Get(onApp("/config", ""))->status, 404);
+  EXPECT_EQ(client->Get("/elsewhere")->status, 404);
+  const auto wrong = client->Get(onApp("/event"));
+  EXPECT_EQ(wrong->status, 405);
+  EXPECT_EQ(wrong->get_header_value("Allow"), "POST");
+  EXPECT_EQ(client->Post(onApp("/config"), "{}", "application/json")->status, 405);
+  EXPECT_EQ(client->Delete(onApp("/token"))->status, 405);
+}
+
+TEST_F(EventIntakeTest, WakesThoseWhoWait) {
+  auto two = std::async(std::launch::async, [&] { return service->waitForEvents(2, 10s); });
+  auto repeated = std::async(std::launch::async, [&] {
+    return service->waitForEvents(
+        [](const auto& events) { return !events.empty() && events.front().deliveries == 2; }, 10s);
+  });
+  post(onApp("/event"), event("E-1"));
+  post(onApp("/event"), event("E-1"));
+  EXPECT_TRUE(repeated.get());
+  post(onApp("/event"), event("E-2"));
+  EXPECT_TRUE(two.get());
+  EXPECT_FALSE(service->waitForEvents(3, 1ms));
+}
+
+TEST_F(EventIntakeTest, TakesManyClientsAtOnce) {
+  constexpr int clients = 8;
+  constexpr int each = 25;
+  std::vector<std::jthread> threads;
+  threads.reserve(clients);
+  for (int number = 0; number < clients; ++number) {
+    threads.emplace_back([this, number] {
+      const auto own = makeClient();
+      // Two clients at a time send the same events.
+      for (int i = 0; i < each; ++i) {
+        const auto id = std::to_string(number / 2) + "-" + std::to_string(i);
+        own->Post(onApp("/event"), event(id).dump(), "application/json");
+      }
+    });
+  }
+  threads.clear();
+  EXPECT_EQ(service->eventCount(), clients * each / 2);
+  EXPECT_EQ(service->deliveryCount(), clients * each);
+  EXPECT_EQ(service->requestCount("/event"), clients * each);
+}
+
+TEST_F(EventIntakeTest, KeepsARecordOfRequests) {
+  client->Get(onApp("/config") + "?a=b", {{"Kelso-UUID", "K"}, {"empty", ""}});
+  post(onApp("/event"), event("E-1"));
+  client->Get("/admin/state");
+
+  EXPECT_EQ(service->requestCount(), 2);
+  const auto configs = service->requests("/config");
+  ASSERT_EQ(configs.size(), 1U);
+  EXPECT_EQ(configs[0].method, "GET");
+  EXPECT_EQ(configs[0].path, onApp("/config"));
+  EXPECT_EQ(configs[0].target, onApp("/config") + "?a=b");
+  EXPECT_EQ(configs[0].header("kelso-uuid"), "K");
+  EXPECT_EQ(configs[0].header("empty"), "");
+  EXPECT_FALSE(configs[0].header("buid"));
+  EXPECT_EQ(service->requests("/event").front().bodySize, event("E-1").dump().size());
+}
+
+}  // namespace
+
+}  // namespace orrelo::devservice

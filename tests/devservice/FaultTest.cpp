@@ -1,0 +1,166 @@
+#include "ServiceFixture.h"
+
+#include <future>
+
+namespace orrelo::devservice {
+
+namespace {
+
+using Kind = Fault::Kind;
+using Clock = std::chrono::steady_clock;
+
+class FaultTest : public ServiceFixture {
+ protected:
+  int sendStatus(const std::string& id) {
+    const auto result = post(onApp("/event"), event(id));
+    return result ? result->status : 0;
+  }
+
+  /// A config request on a connection of its own, in the background.
+  std::future<int> configInBackground() {
+    return std::async(std::launch::async, [own = makeClient()]() mutable {
+      const auto result = own->Get(onApp("/config"));
+      return result ? result->status : 0;
+    });
+  }
+};
+
+TEST_F(FaultTest, StatusAppliesToTheRequestsThatItWasOrderedFor) {
+  service->orderFault({.kind = Kind::status,
+                       .method = "POST",
+                       .pathSuffix = "/event",
+                       .count = 2,
+                       .status = 503,
+                       .body = "busy",
+                       .contentType = "text/plain"});
+  EXPECT_EQ(client->Get(onApp("/config"))->status, 200);
+  EXPECT_EQ(post(onApp("/events"), json::array({event("E-0")}))->status, 200);
+  const auto refused = post(onApp("/event"), event("E-1"));
+  EXPECT_EQ(refused->status, 503);
+  EXPECT_EQ(refused->body, "busy");
+  EXPECT_EQ(refused->get_header_value("Content-Type"), "text/plain");
+  EXPECT_EQ(sendStatus("E-1"), 503);
+  EXPECT_EQ(sendStatus("E-1"), 200);
+  EXPECT_EQ(service->eventCount(), 2);
+  EXPECT_TRUE(service->faults().empty()) << "used up";
+}
+
+TEST_F(FaultTest, FaultsFollowEachOtherInOrder) {
+  service->orderFault({.kind = Kind::status, .pathSuffix = "/event", .count = 1, .status = 500});
+  service->orderFault({.kind = Kind::drop, .pathSuffix = "/event", .count = 1});
+  EXPECT_EQ(sendStatus("E-1"), 500);
+  EXPECT_EQ(sendStatus("E-1"), 0);
+  EXPECT_EQ(service->eventCount(), 0);
+  EXPECT_EQ(sendStatus("E-1"), 200);
+}
+
+TEST_F(FaultTest, ALostReplyLeadsToASecondDelivery) {
+  service->orderFault({.kind = Kind::drop, .pathSuffix = "/event", .count = 1, .carryOut = true});
+  EXPECT_EQ(sendStatus("E-1"), 0);
+  EXPECT_EQ(service->eventCount(), 1);
+  EXPECT_EQ(sendStatus("E-1"), 200);
+  EXPECT_EQ(service->events().front().deliveries, 2);
+}
+
+TEST_F(FaultTest, TruncatedReplyAnnouncesMoreThanItSends) {
+  const auto whole = client->Get(onApp("/config"))->body.size();
+  service->orderFault({.kind = Kind::truncate, .pathSuffix = "/config", .count = 1});
+  std::size_t announced = 0;
+  std::size_t received = 0;
+  const auto result = client->Get(
+      onApp("/config"),
+      [&](const httplib::Response& response) {
+        announced = response.get_header_value<std::uint64_t>("Content-Length");
+        return true;
+      },
+      [&](const char*, std::size_t size) {
+        received += size;
+        return true;
+      });
+  EXPECT_FALSE(result);
+  EXPECT_EQ(announced, whole);
+  EXPECT_EQ(received, whole / 2);
+}
+
+TEST_F(FaultTest, DelayComesBeforeTheUsualReply) {
+  service->orderFault({.kind = Kind::delay, .pathSuffix = "/config", .count = 1, .delay = 80ms});
+  const auto start = Clock::now();
+  EXPECT_EQ(client->Get(onApp("/config"))->status, 200);
+  EXPECT_GE(Clock::now() - start, 80ms);
+}
+
+TEST_F(FaultTest, BodyIsSentAsItIs) {
+  for (const auto& body :
+       {std::string("\xff\xfe\0{", 4), std::string(100000, '['), std::string(50 << 20, 'x')}) {
+    service->orderFault({.kind = Kind::body,
+                         .pathSuffix = "/config",
+                         .count = 1,
+                         .body = body,
+                         .contentType = "application/octet-stream"});
+    // Asks for compression and for a part, and gets the plain whole.
+    const auto result =
+        client->Get(onApp("/config"), {{"Accept-Encoding", "gzip, br"}, {"Range", "bytes=2-3"}});
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->status, 200);
+    EXPECT_TRUE(result->body == body) << "size " << result->body.size();
+    EXPECT_EQ(result->get_header_value("Content-Type"), "application/octet-stream");
+  }
+}
+
+TEST_F(FaultTest, RedirectNamesItsLocation) {
+  service->orderFault(
+      {.kind = Kind::redirect, .count = 1, .status = 307, .location = "https://example.com/x"});
+  const auto result = client->Get(onApp("/config"));
+  EXPECT_EQ(result->status, 307);
+  EXPECT_EQ(result->get_header_value("Location"), "https://example.com/x");
+}
+
+TEST_F(FaultTest, ClearingLetsHeldRequestsBeAnswered) {
+  service->orderFault({.kind = Kind::hang, .pathSuffix = "/config", .count = 1});
+  const auto late = service->orderFault({.kind = Kind::delay, .pathSuffix = "/config", .delay = 1h});
+  auto hung = configInBackground();
+  ASSERT_TRUE(service->waitForRequests("/config", 1, 10s));
+  auto delayed = configInBackground();
+  ASSERT_TRUE(service->waitForRequests("/config", 2, 10s));
+
+  EXPECT_TRUE(service->clearFault(late));
+  EXPECT_EQ(delayed.get(), 200);
+  EXPECT_EQ(hung.wait_for(0s), std::future_status::timeout)
+      << "only its own fault holds it, and that still stands";
+  ASSERT_EQ(service->faults().size(), 1U);
+  EXPECT_EQ(service->faults().front().waiting, 1);
+  service->clearFaults();
+  EXPECT_EQ(hung.get(), 200);
+  EXPECT_FALSE(service->clearFault(late));
+}
+
+TEST_F(FaultTest, StoppingEndsHeldRequestsAtOnce) {
+  service->orderFault({.kind = Kind::hang, .pathSuffix = "/config"});
+  std::vector<std::future<int>> held;
+  held.reserve(12);
+  for (int i = 0; i < 12; ++i) held.push_back(configInBackground());
+  ASSERT_TRUE(service->waitForRequests("/config", 12, 10s));
+
+  const auto start = Clock::now();
+  service->stop();
+  EXPECT_LT(Clock::now() - start, 1s);
+  for (auto& request : held) EXPECT_EQ(request.get(), 0);
+}
+
+TEST_F(FaultTest, AHeldRequestEndsWhenItsClientLeaves) {
+  service->orderFault({.kind = Kind::hang, .pathSuffix = "/config", .count = 1});
+  auto leaving = makeClient();
+  leaving->set_read_timeout(50ms);
+  EXPECT_FALSE(leaving->Get(onApp("/config")));
+  leaving.reset();
+  // The used-up fault goes when it holds nobody any more; slow requests give the service the time to notice.
+  service->orderFault({.kind = Kind::delay, .pathSuffix = "/config", .delay = 50ms});
+  for (int i = 0; i < 100 && service->faults().size() > 1; ++i) {
+    EXPECT_EQ(client->Get(onApp("/config"))->status, 200);
+  }
+  EXPECT_EQ(service->faults().size(), 1U);
+}
+
+}  // namespace
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,72 @@
+#include "ServiceFixture.h"
+
+namespace orrelo::devservice {
+
+namespace {
+
+class ScenarioTest : public ServiceFixture {
+ protected:
+  void SetUp() override {
+    scenario = folder.path;
+    ServiceFixture::SetUp();
+  }
+
+  std::string config(const std::string& appKey) { return client->Get(onApp("/config", appKey))->body; }
+
+  TemporaryDirectory folder;
+};
+
+TEST_F(ScenarioTest, EditsActAtOnce) {
+  EXPECT_EQ(client->Get(onApp("/config"))->status, 404);
+  folder.write("config.json", "{ \"first\" : 1 }\n");
+  EXPECT_EQ(config("app"), "{ \"first\" : 1 }\n");
+  folder.write("config.json", std::string("\xffnot JSON\0", 10));
+  EXPECT_EQ(config("app"), std::string("\xffnot JSON\0", 10));
+  EXPECT_EQ(client->Get(onApp("/config"))->get_header_value("Content-Type"), "application/json");
+}
+
+TEST_F(ScenarioTest, AnAppMayHaveItsOwnFile) {
+  folder.write("config.json", "common");
+  folder.write("apps/my key/config.json", "own");
+  EXPECT_EQ(config("app"), "common");
+  EXPECT_EQ(config("my%20key"), "own");
+  std::filesystem::remove_all(folder.path / "apps");
+  EXPECT_EQ(config("my%20key"), "common");
+}
+
+TEST_F(ScenarioTest, AnAppKeyDoesNotLeadOutOfTheFolder) {
+  folder.write("config.json", "common");
+  folder.write("secret/config.json", "secret");
+  std::filesystem::create_directories(folder.path / "apps/app");
+  for (const auto* appKey : {"..", "..%5c", ".", "%2e%2e", "x%00"})
+    EXPECT_EQ(config(appKey), "common") << appKey;
+  EXPECT_EQ(client->Get(onApp("/config", "..%2fsecret"))->status, 404);
+}
+
+class BundledScenarioTest : public ServiceFixture {};
+
+TEST_F(BundledScenarioTest, HasACompleteConfig) {
+  const auto config = getJson(onApp("/config"));
+  EXPECT_EQ(config.value("sdk_enable", false), true);
+  for (const auto* key : {"notification_polling_interval", "auto_swipe_interval"}) {
+    EXPECT_TRUE(config[key].is_number_integer()) << key;
+  }
+  EXPECT_TRUE(config["push_service_setting"].is_string());
+  for (const auto* key : {"main", "sub1", "sub2"}) EXPECT_TRUE(config["color"][key].is_string()) << key;
+  EXPECT_TRUE(config["plugins"]["pointsystem"].is_boolean());
+  EXPECT_TRUE(config["plugins"]["gifticon"].is_boolean());
+  const auto& exchange = config["plugins"]["naverpay"];
+  EXPECT_TRUE(exchange["is_enabled"].is_boolean());
+  for (const auto* key : {"entry_view_message", "exchange_text", "landing_url"}) {
+    EXPECT_TRUE(exchange[key].is_string()) << key;
+  }
+  EXPECT_FALSE(config["entries"].empty());
+  for (const auto& entry : config["entries"]) {
+    for (const auto* key : {"id", "destination_type", "destination"})
+      EXPECT_TRUE(entry[key].is_string()) << entry;
+  }
+}
+
+}  // namespace
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "DevService.h"
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <httplib.h>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <stdlib.h>
+#include <string>
+
+namespace orrelo::devservice {
+
+using namespace std::chrono_literals;
+using nlohmann::json;
+
+/// A folder that goes with its owner.
+class TemporaryDirectory {
+ public:
+  TemporaryDirectory() {
+    auto name = (std::filesystem::temp_directory_path() / "devservice-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
+    path = name;
+  }
+  ~TemporaryDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+  }
+  TemporaryDirectory(const TemporaryDirectory&) = delete;
+  TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+
+  void write(const std::string& name, const std::string& text) const {
+    std::filesystem::create_directories((path / name).parent_path());
+    std::ofstream(path / name, std::ios::binary) << text;
+  }
+
+  std::filesystem::path path;
+};
+
+inline std::string onApp(const std::string& path, const std::string& appKey = "app") {
+  return "/orreloservice/sdk/" + appKey + path;
+}
+
+inline json event(const std::string& id, const std::string& name = "opened",
+                  const json& more = json::object()) {
+  json result{{"event_id", id}, {"event_name", name}, {"event_time", "2026-05-04T03:02:01"}};
+  result.update(more);
+  return result;
+}
+
+/// A running service with the scenario that comes with it, and a client that trusts its certificate alone.
+class ServiceFixture : public testing::Test {
+ protected:
+  void SetUp() override { startService(); }
+
+  void startService() {
+    service = std::make_unique<DevService>(
+        Options{.dataDirectory = data.path, .scenarioDirectory = scenario, .port = port});
+    service->start();
+    port = service->port();
+    client = makeClient();
+  }
+
+  std::unique_ptr<httplib::SSLClient> makeClient(const std::string& host = "localhost") const {
+    auto made = std::make_unique<httplib::SSLClient>(host, service->port());
+    made->set_ca_cert_path(service->certificatePath().c_str());
+    made->enable_server_certificate_verification(true);
+    made->set_keep_alive(true);
+    made->set_tcp_nodelay(true);
+    made->set_read_timeout(20s);
+    return made;
+  }
+
+  httplib::Result post(const std::string& path, const json& body, const httplib::Headers& headers = {}) {
+    return client->Post(path, headers, body.dump(), "application/json");
+  }
+
+  json getJson(const std::string& path) {
+    const auto result = client->Get(path);
+    return result ? json::parse(result->body, nullptr, false) : json();
+  }
+
+  TemporaryDirectory data;
+  std::filesystem::path scenario;
+  int port = 0;
+  std::unique_ptr<DevService> service;
+  std::unique_ptr<httplib::SSLClient> client;
+};
+
+}  // namespace orrelo::devservice
