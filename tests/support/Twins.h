@@ -89,6 +89,7 @@ class ManualLoop final : public MainLoop, public WorkerPool, public SerialExecut
     postAfter(delay, std::move(task));
   }
 
+  std::chrono::microseconds now() const { return clock_->steady(); }
   /// What is due now, and what that posts for now.
   void run() { runFor({}); }
   /// What becomes due within `span`.

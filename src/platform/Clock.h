@@ -1,0 +1,20 @@
+#pragma once
+
+#include <orrelo/Date.h>
+
+#include <chrono>
+
+namespace orrelo {
+
+/// Any thread.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+
+  /// What the device's clock shows; the user may set it.
+  virtual Date now() const = 0;
+  /// Time since some fixed moment; it never goes back.
+  virtual std::chrono::microseconds steady() const = 0;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,248 @@
+#include "platform/CurlTransfer.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+constexpr int maximumRedirects = 20;
+
+std::string lowercased(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return result;
+}
+
+std::string_view trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t\r\n");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+bool isRedirect(long status) {
+  return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+}
+
+URLError errorOf(CURLcode code) {
+  switch (code) {
+    case CURLE_URL_MALFORMAT:
+      return URLError::badURL;
+    case CURLE_UNSUPPORTED_PROTOCOL:
+      return URLError::unsupportedURL;
+    case CURLE_OPERATION_TIMEDOUT:
+      return URLError::timedOut;
+    case CURLE_COULDNT_RESOLVE_HOST:
+    case CURLE_COULDNT_RESOLVE_PROXY:
+      return URLError::cannotFindHost;
+    case CURLE_COULDNT_CONNECT:
+      return URLError::cannotConnectToHost;
+    case CURLE_RECV_ERROR:
+    case CURLE_SEND_ERROR:
+    case CURLE_SEND_FAIL_REWIND:
+    case CURLE_GOT_NOTHING:
+    case CURLE_PARTIAL_FILE:
+    case CURLE_HTTP2:
+    case CURLE_HTTP2_STREAM:
+      return URLError::networkConnectionLost;
+    case CURLE_SSL_CONNECT_ERROR:
+    case CURLE_SSL_CERTPROBLEM:
+    case CURLE_SSL_CIPHER:
+    case CURLE_PEER_FAILED_VERIFICATION:
+    case CURLE_SSL_CACERT_BADFILE:
+    case CURLE_SSL_ISSUER_ERROR:
+      return URLError::secureConnectionFailed;
+    case CURLE_BAD_CONTENT_ENCODING:
+      return URLError::cannotDecodeContentData;
+    default:
+      return URLError::unknown;
+  }
+}
+
+}  // namespace
+
+Error makeError(URLError error, std::optional<std::string> message) {
+  static constexpr std::array names{"unknown",
+                                    "cancelled",
+                                    "badURL",
+                                    "unsupportedURL",
+                                    "timedOut",
+                                    "cannotFindHost",
+                                    "cannotConnectToHost",
+                                    "networkConnectionLost",
+                                    "secureConnectionFailed",
+                                    "httpTooManyRedirects",
+                                    "redirectToNonExistentLocation",
+                                    "badServerResponse",
+                                    "cannotDecodeContentData",
+                                    "dataLengthExceedsMaximum"};
+  return Error("URLError", names.at(static_cast<std::size_t>(error)), std::move(message));
+}
+
+std::string originOf(const Url& url) {
+  const auto scheme = lowercased(url.scheme());
+  const std::string port = !url.port().empty() ? std::string(url.port()) : scheme == "https" ? "443" : "80";
+  return scheme + "://" + lowercased(url.host()) + ":" + port;
+}
+
+CurlTransfer::CurlTransfer(URLRequest request, URLSession::Completion completion)
+    : request_(std::move(request)), completion_(std::move(completion)) {}
+
+CurlTransfer::~CurlTransfer() = default;
+
+CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {
+  if (!easy_) {
+    easy_.reset(curl_easy_init());
+    deadline_ = std::chrono::steady_clock::now() + request_.timeout;
+  }
+  CURL* const easy = easy_.get();
+  if (easy == nullptr) return nullptr;
+  curl_easy_reset(easy);
+  body_.clear();
+  response_ = {};
+
+  using std::chrono::milliseconds;
+  const auto remaining =
+      std::chrono::duration_cast<milliseconds>(deadline_ - std::chrono::steady_clock::now()).count();
+  curl_easy_setopt(easy, CURLOPT_URL, request_.url.text().c_str());
+  curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
+  curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "");
+  curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, static_cast<long>(std::max<std::int64_t>(1, remaining)));
+  if (trusted) curl_easy_setopt(easy, CURLOPT_CAINFO, trusted->certificateFile.c_str());
+
+  // The path is sent as it was given, without "." and ".." being resolved.
+  curl_easy_setopt(easy, CURLOPT_PATH_AS_IS, 1L);
+  if (request_.body) {
+    curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.body->size()));
+    curl_easy_setopt(easy, CURLOPT_POSTFIELDS, request_.body->data());
+  } else if (request_.method == "POST") {
+    curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t{0});
+    curl_easy_setopt(easy, CURLOPT_POSTFIELDS, "");
+  }
+  curl_easy_setopt(easy, CURLOPT_CUSTOMREQUEST, request_.method.c_str());
+  setHeaders();
+
+  curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &CurlTransfer::onBody);
+  curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
+  curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &CurlTransfer::onHeader);
+  curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
+  curl_easy_setopt(easy, CURLOPT_PRIVATE, this);
+  return easy;
+}
+
+void CurlTransfer::setHeaders() {
+  curl_slist* list = curl_slist_append(nullptr, "Expect:");  // bodies go at once, without asking
+  bool hasContentType = false;
+  for (const auto& [name, value] : request_.headers) {
+    hasContentType = hasContentType || lowercased(name) == "content-type";
+    // "Name;" is curl's way to send a header whose value is empty.
+    list = curl_slist_append(list, (value.empty() ? name + ";" : name + ": " + value).c_str());
+  }
+  if (!hasContentType) list = curl_slist_append(list, "Content-Type:");
+  headerList_.reset(list);
+  curl_easy_setopt(easy_.get(), CURLOPT_HTTPHEADER, list);
+}
+
+std::size_t CurlTransfer::onBody(char* bytes, std::size_t, std::size_t count, void* self) {
+  auto& transfer = *static_cast<CurlTransfer*>(self);
+  if (transfer.body_.size() + count > transfer.request_.maximumReplySize) {
+    transfer.isTooLarge_ = true;
+    return 0;  // ends the transfer
+  }
+  transfer.body_.append(bytes, count);
+  return count;
+}
+
+std::size_t CurlTransfer::onHeader(char* bytes, std::size_t, std::size_t count, void* self) {
+  static_cast<CurlTransfer*>(self)->takeHeader(std::string_view(bytes, count));
+  return count;
+}
+
+void CurlTransfer::takeHeader(std::string_view line) {
+  if (line.starts_with("HTTP/")) response_.headers.clear();  // an interim reply was before this one
+  const auto colon = line.find(':');
+  if (colon == std::string_view::npos) return;
+  response_.headers[lowercased(line.substr(0, colon))] = trimmed(line.substr(colon + 1));
+}
+
+bool CurlTransfer::finishHop(CURLcode code) {
+  if (code != CURLE_OK) {
+    complete(failureOf(code));
+    return false;
+  }
+  long status = 0;
+  curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
+  response_.statusCode = static_cast<int>(status);
+  if (isRedirect(status) && follow()) return !isOver();
+  complete({std::nullopt, std::move(body_), std::move(response_)});
+  return false;
+}
+
+URLSessionResult CurlTransfer::failureOf(CURLcode code) const {
+  if (isTooLarge_) return {makeError(URLError::dataLengthExceedsMaximum), {}, {}};
+  long status = 0;
+  curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
+  const bool isNoHttp =
+      code == CURLE_WEIRD_SERVER_REPLY ||
+      (code == CURLE_UNSUPPORTED_PROTOCOL && status == 0 && request_.url.scheme().starts_with("http"));
+  if (isNoHttp) return {{}, {}, {}};
+  return {makeError(errorOf(code), curl_easy_strerror(code)), {}, {}};
+}
+
+bool CurlTransfer::follow() {
+  char* location = nullptr;
+  curl_easy_getinfo(easy_.get(), CURLINFO_REDIRECT_URL, &location);
+  const auto target = location != nullptr ? Url::parse(location) : std::nullopt;
+  const auto scheme = target ? lowercased(target->scheme()) : std::string();
+  if (scheme != "http" && scheme != "https") return false;  // the redirect itself is the reply then
+  if (++redirects_ > maximumRedirects) {
+    complete({makeError(URLError::httpTooManyRedirects), {}, {}});
+    return true;
+  }
+  const bool leavesHost = lowercased(target->host()) != lowercased(request_.url.host()) ||
+                          (scheme == "http" && lowercased(request_.url.scheme()) == "https");
+  if (leavesHost) {
+    // Who the user is and what the device is stays between the kit and the host that was asked.
+    std::erase_if(request_.headers,
+                  [](const auto& header) { return lowercased(header.first) != "content-type"; });
+  }
+  const bool becomesGet =
+      response_.statusCode == 303 || (response_.statusCode < 303 && request_.method == "POST");
+  if (becomesGet) {
+    request_.method = "GET";
+    request_.body.reset();
+  }
+  request_.url = *target;
+  return true;
+}
+
+void CurlTransfer::fail(const Error& error) {
+  complete({error, {}, {}});
+}
+
+void CurlTransfer::complete(URLSessionResult result) {
+  URLSession::Completion completion;
+  {
+    const std::lock_guard lock(mutex_);
+    completion = std::exchange(completion_, nullptr);
+  }
+  if (completion) completion(std::move(result));
+}
+
+void CurlTransfer::cancel() {
+  URLSession::Completion completion;  // let go outside the lock
+  const std::lock_guard lock(mutex_);
+  std::swap(completion, completion_);
+}
+
+bool CurlTransfer::isOver() const {
+  const std::lock_guard lock(mutex_);
+  return !completion_;
+}
+
+}  // namespace orrelo

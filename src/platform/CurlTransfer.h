@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/URLSession.h"
+
+#include <chrono>
+#include <curl/curl.h>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+namespace orrelo {
+
+/// Which certificate file stands in for the system's, for one origin.
+struct TrustedOrigin {
+  std::string origin;
+  std::string certificateFile;
+};
+
+/// "https://host:port" in lower case, the port always told; what trust is compared by.
+std::string originOf(const Url& url);
+
+/// One request with the redirects that it meets. All but `cancel` and `isOver` belong to the session's
+/// thread.
+class CurlTransfer {
+ public:
+  CurlTransfer(URLRequest request, URLSession::Completion completion);
+  ~CurlTransfer();
+
+  /// Readies a handle for the current hop. Null where curl has no memory.
+  CURL* prepare(const std::optional<TrustedOrigin>& trusted);
+  CURL* handle() const { return easy_.get(); }
+  const Url& url() const { return request_.url; }
+
+  /// What the hop ended with. True when another hop must be prepared, else the completion has run.
+  bool finishHop(CURLcode code);
+  void fail(const Error& error);
+
+  /// After this the completion does not run. Any thread.
+  void cancel();
+  bool isOver() const;
+
+ private:
+  struct EasyDeleter {
+    void operator()(CURL* easy) const { curl_easy_cleanup(easy); }
+  };
+  struct ListDeleter {
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+  };
+
+  static std::size_t onBody(char* bytes, std::size_t, std::size_t count, void* self);
+  static std::size_t onHeader(char* bytes, std::size_t, std::size_t count, void* self);
+  void takeHeader(std::string_view line);
+  void setHeaders();
+  bool follow();
+  void complete(URLSessionResult result);
+  URLSessionResult failureOf(CURLcode code) const;
+
+  URLRequest request_;
+  std::chrono::steady_clock::time_point deadline_;
+  std::unique_ptr<CURL, EasyDeleter> easy_;
+  std::unique_ptr<curl_slist, ListDeleter> headerList_;
+  int redirects_ = 0;
+  bool isTooLarge_ = false;
+  std::string body_;
+  HTTPURLResponse response_;
+
+  mutable std::mutex mutex_;
+  URLSession::Completion completion_;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,244 @@
+#include "platform/CurlURLSession.h"
+
+#include "platform/CurlTransfer.h"
+#include "platform/KitThread.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <curl/curl.h>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <openssl/crypto.h>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace orrelo {
+namespace {
+
+constexpr long connectionsPerHost = 6;
+
+// Held while the thread is inside curl. The end of the process takes it for good, so that no transfer runs
+// while other libraries' exit handlers tear down what it uses.
+std::mutex& curlTurn() {
+  static auto* const turn = new std::mutex;
+  return *turn;
+}
+
+void initializeCurl() {
+  static const bool initialized = [] {
+    OPENSSL_init_crypto(OPENSSL_INIT_NO_ATEXIT, nullptr);
+    curl_global_init(CURL_GLOBAL_DEFAULT);
+    std::atexit([] { curlTurn().lock(); });
+    return true;
+  }();
+  static_cast<void>(initialized);
+}
+
+// What the session and its thread share.
+class Engine {
+ public:
+  Engine() {
+    initializeCurl();
+    multi_ = curl_multi_init();
+    curl_multi_setopt(multi_, CURLMOPT_MAX_HOST_CONNECTIONS, connectionsPerHost);
+  }
+
+  ~Engine() {
+    for (const auto& [easy, transfer] : running_) curl_multi_remove_handle(multi_, easy);
+    running_.clear();
+    curl_multi_cleanup(multi_);
+  }
+
+  void start(std::shared_ptr<CurlTransfer> transfer) {
+    {
+      const std::lock_guard lock(mutex_);
+      if (stopping_) return;
+      starting_.push_back(std::move(transfer));
+    }
+    curl_multi_wakeup(multi_);
+  }
+
+  void wake() { curl_multi_wakeup(multi_); }
+
+  void stop() {
+    {
+      const std::lock_guard lock(mutex_);
+      stopping_ = true;
+    }
+    curl_multi_wakeup(multi_);
+  }
+
+  void trust(TrustedOrigin trusted) {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(trusted_, [&](const auto& known) { return known.origin == trusted.origin; });
+    trusted_.push_back(std::move(trusted));
+  }
+
+  void run() {
+    while (true) {
+      {
+        const std::lock_guard turn(curlTurn());
+        startNew();
+        dropCancelled();
+        int count = 0;
+        curl_multi_perform(multi_, &count);
+      }
+      finishDone();
+      {
+        const std::lock_guard lock(mutex_);
+        if (stopping_) return;
+        if (!starting_.empty()) continue;
+      }
+      curl_multi_poll(multi_, nullptr, 0, 60'000, nullptr);
+    }
+  }
+
+ private:
+  void startNew() {
+    std::vector<std::shared_ptr<CurlTransfer>> starting;
+    {
+      const std::lock_guard lock(mutex_);
+      std::swap(starting, starting_);
+    }
+    for (auto& transfer : starting) {
+      if (!transfer->isOver()) startHop(std::move(transfer));
+    }
+  }
+
+  void startHop(std::shared_ptr<CurlTransfer> transfer) {
+    CURL* const easy = transfer->prepare(trustedFor(transfer->url()));
+    if (easy == nullptr || curl_multi_add_handle(multi_, easy) != CURLM_OK) {
+      return transfer->fail(makeError(URLError::unknown, "There is no memory for the request"));
+    }
+    running_[easy] = std::move(transfer);
+  }
+
+  void dropCancelled() {
+    for (auto each = running_.begin(); each != running_.end();) {
+      if (each->second->isOver()) {
+        curl_multi_remove_handle(multi_, each->first);
+        each = running_.erase(each);
+      } else {
+        ++each;
+      }
+    }
+  }
+
+  void finishDone() {
+    while (true) {
+      std::shared_ptr<CurlTransfer> transfer;
+      CURLcode code = CURLE_OK;
+      {
+        const std::lock_guard turn(curlTurn());
+        int waiting = 0;
+        const CURLMsg* const message = curl_multi_info_read(multi_, &waiting);
+        if (message == nullptr) return;
+        if (message->msg != CURLMSG_DONE) continue;
+        code = message->data.result;
+        auto node = running_.extract(message->easy_handle);
+        transfer = std::move(node.mapped());
+        curl_multi_remove_handle(multi_, transfer->handle());
+      }
+      bool goesOn = false;
+      runGuarded([&] { goesOn = transfer->finishHop(code); });
+      if (goesOn) {
+        const std::lock_guard lock(mutex_);
+        starting_.push_back(std::move(transfer));
+      }
+    }
+  }
+
+  std::optional<TrustedOrigin> trustedFor(const Url& url) {
+    const auto origin = originOf(url);
+    const std::lock_guard lock(mutex_);
+    const auto found = std::find_if(trusted_.begin(), trusted_.end(),
+                                    [&](const auto& trusted) { return trusted.origin == origin; });
+    return found == trusted_.end() ? std::nullopt : std::optional(*found);
+  }
+
+  CURLM* multi_ = nullptr;
+  std::map<CURL*, std::shared_ptr<CurlTransfer>> running_;
+
+  std::mutex mutex_;
+  bool stopping_ = false;
+  std::vector<std::shared_ptr<CurlTransfer>> starting_;
+  std::vector<TrustedOrigin> trusted_;
+};
+
+// The engine and its thread, made by the first request.
+class LazyEngine {
+ public:
+  ~LazyEngine() {
+    if (!engine_) return;
+    engine_->stop();
+    finish(thread_);
+  }
+
+  std::shared_ptr<Engine> get() {
+    const std::lock_guard lock(mutex_);
+    if (!engine_) {
+      engine_ = std::make_shared<Engine>();
+      for (auto& trusted : trusted_) engine_->trust(std::move(trusted));
+      thread_ = startKitThread("orrelo-network", [engine = engine_] { engine->run(); });
+    }
+    return engine_;
+  }
+
+  void trust(TrustedOrigin trusted) {
+    const std::lock_guard lock(mutex_);
+    if (engine_) {
+      engine_->trust(std::move(trusted));
+    } else {
+      trusted_.push_back(std::move(trusted));
+    }
+  }
+
+ private:
+  std::mutex mutex_;
+  std::vector<TrustedOrigin> trusted_;
+  std::shared_ptr<Engine> engine_;
+  std::thread thread_;
+};
+
+class CurlURLSessionTask final : public URLSessionTask {
+ public:
+  CurlURLSessionTask(std::shared_ptr<LazyEngine> engine, URLRequest request,
+                     URLSession::Completion completion)
+      : engine_(std::move(engine)),
+        transfer_(std::make_shared<CurlTransfer>(std::move(request), std::move(completion))) {}
+
+  void resume() override { engine_->get()->start(transfer_); }
+
+  void cancel() override {
+    transfer_->cancel();
+    engine_->get()->wake();
+  }
+
+ private:
+  std::shared_ptr<LazyEngine> engine_;
+  std::shared_ptr<CurlTransfer> transfer_;
+};
+
+class CurlURLSession final : public URLSession {
+ public:
+  std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) override {
+    return std::make_shared<CurlURLSessionTask>(engine_, std::move(request), std::move(completion));
+  }
+
+  void trust(std::string_view origin, const std::string& certificateFile) override {
+    if (const auto url = Url::parse(origin)) engine_->trust({originOf(*url), certificateFile});
+  }
+
+ private:
+  std::shared_ptr<LazyEngine> engine_ = std::make_shared<LazyEngine>();
+};
+
+}  // namespace
+
+std::shared_ptr<URLSession> makeCurlURLSession() {
+  return std::make_shared<CurlURLSession>();
+}
+
+}  // namespace orrelo

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/SqliteFile.h"
+
+#include <orrelo/UserDefaults.h>
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+using DefaultsValues = std::map<std::string, DefaultsValue, std::less<>>;
+
+/// The rows of one open suite, for one thread at a time. Whatever fails throws a SqliteFailure or the
+/// wrapper's own exception.
+class DefaultsFile {
+ public:
+  /// Opens without writing. Null where there is no file.
+  static std::unique_ptr<DefaultsFile> openExisting(const std::filesystem::path& path);
+  static std::unique_ptr<DefaultsFile> openOrCreate(const std::filesystem::path& path);
+
+  bool hasMoved() const { return file_.hasMoved(); }
+  void leaveAsItIs() { file_.leaveAsItIs(); }
+
+  /// Rows that are not of their type's form are left out.
+  DefaultsValues read();
+  /// Adds or replaces all of them or none.
+  void write(const DefaultsValues& values);
+  void remove(const std::string& key);
+
+ private:
+  DefaultsFile(const std::filesystem::path& path, SqliteFile::Missing missing);
+  void prepareForWriting();
+
+  SqliteFile file_;
+  bool isWritable_ = false;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,58 @@
+#include "platform/KitThread.h"
+
+#include "core/base/Error.h"
+#include "core/base/Logger.h"
+
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <pthread.h>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+std::atomic<bool> exitBegan = false;
+
+}  // namespace
+
+bool isExiting() {
+  [[maybe_unused]] static const int registered = std::atexit([] { exitBegan = true; });
+  return exitBegan.load(std::memory_order_relaxed);
+}
+
+std::thread startKitThread(const char* name, std::function<void()> body) {
+  sigset_t all;
+  sigset_t before;
+  sigfillset(&all);
+  pthread_sigmask(SIG_SETMASK, &all, &before);
+  std::thread thread;
+  try {
+    thread = std::thread(std::move(body));
+  } catch (...) {
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    throw;
+  }
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  pthread_setname_np(thread.native_handle(), name);
+  return thread;
+}
+
+void runGuarded(const std::function<void()>& task) {
+  try {
+    task();
+  } catch (...) {
+    log(LogLevel::ERROR, [] { return "A task threw " + Error::fromCurrentException().description(); });
+  }
+}
+
+void finish(std::thread& thread) {
+  if (!thread.joinable()) return;
+  if (thread.get_id() == std::this_thread::get_id()) {
+    thread.detach();
+  } else {
+    thread.join();
+  }
+}
+
+}  // namespace orrelo

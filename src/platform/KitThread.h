@@ -1,0 +1,22 @@
+#pragma once
+
+#include <functional>
+#include <thread>
+
+namespace orrelo {
+
+/// Whether the process has begun to exit. The kit's threads drop what they are asked for from then on: what a
+/// task would touch may be gone.
+bool isExiting();
+
+/// A thread that takes none of the host's signals. Its name has at most 15 characters. Throws
+/// std::system_error where the machine has no thread to give.
+std::thread startKitThread(const char* name, std::function<void()> body);
+
+/// Runs `task`; what it throws ends in an ERROR line.
+void runGuarded(const std::function<void()>& task);
+
+/// Joins, or lets go of the thread when it is the caller's own.
+void finish(std::thread& thread);
+
+}  // namespace orrelo

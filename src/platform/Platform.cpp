@@ -1,0 +1,67 @@
+#include "core/base/Logger.h"
+#include "platform/CurlURLSession.h"
+#include "platform/PosixBundle.h"
+#include "platform/PosixDevice.h"
+#include "platform/PosixDirectories.h"
+#include "platform/PosixWorkerPool.h"
+#include "platform/SqliteEventDatabase.h"
+#include "platform/SqliteUserDefaults.h"
+#include "platform/SystemClock.h"
+#include "platform/SystemRandom.h"
+
+#include <orrelo/Platform.h>
+
+#include <atomic>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace orrelo {
+namespace {
+
+std::mutex installMutex;
+std::atomic<const Platform*> installed = nullptr;
+
+/// Never destroyed, and a former one neither: somebody may still hold what it gave out.
+const Platform& keep(Platform platform) {
+  static auto* const kept = new std::vector<std::unique_ptr<const Platform>>;
+  kept->push_back(std::make_unique<const Platform>(std::move(platform)));
+  const auto& current = *kept->back();
+  if (current.clock) setLogClock([clock = current.clock] { return clock->now(); });
+  installed.store(&current, std::memory_order_release);
+  return current;
+}
+
+}  // namespace
+
+Platform Platform::posix(const HostApplication& host) {
+  Platform platform;
+  platform.mainLoop = std::shared_ptr<MainLoop>(&RunLoop::main(), [](MainLoop*) {});
+  platform.workers = std::make_shared<PosixWorkerPool>();
+  platform.clock = std::make_shared<SystemClock>();
+  platform.random = std::make_shared<SystemRandom>();
+  platform.urlSession = makeCurlURLSession();
+  platform.directories = std::make_shared<PosixDirectories>(host);
+  platform.userDefaults = std::make_shared<SqliteUserDefaultsFactory>(platform.directories, platform.clock,
+                                                                      bundleIdentifier(host));
+  platform.eventDatabases =
+      std::make_shared<SqliteEventDatabaseFactory>(platform.directories, platform.clock);
+  platform.device = std::make_shared<PosixDevice>();
+  platform.mainBundle = PosixBundle::main(host);
+  platform.kitBundle = PosixBundle::kit();
+  return platform;
+}
+
+void Platform::install(Platform platform) {
+  const std::lock_guard lock(installMutex);
+  keep(std::move(platform));
+}
+
+const Platform& Platform::current() {
+  if (const auto* platform = installed.load(std::memory_order_acquire)) return *platform;
+  const std::lock_guard lock(installMutex);
+  if (const auto* platform = installed.load(std::memory_order_relaxed)) return *platform;
+  return keep(posix());
+}
+
+}  // namespace orrelo

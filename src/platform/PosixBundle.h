@@ -1,0 +1,33 @@
+#pragma once
+
+#include <orrelo/Platform.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// An information dictionary in memory.
+class PosixBundle final : public Bundle {
+ public:
+  using Entries = std::map<std::string, std::string, std::less<>>;
+
+  explicit PosixBundle(Entries entries) : entries_(std::move(entries)) {}
+
+  /// The application's. What it does not state is absent.
+  static std::shared_ptr<Bundle> main(const HostApplication& host);
+  /// The kit's own.
+  static std::shared_ptr<Bundle> kit();
+
+  bool hasInfoDictionary() const override { return true; }
+  std::optional<std::string> info(std::string_view key) const override;
+
+ private:
+  Entries entries_;
+};
+
+/// What the application calls itself, else the name of the executable.
+std::string bundleIdentifier(const HostApplication& host);
+
+}  // namespace orrelo

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <orrelo/Uuid.h>
+
+#include <cstdint>
+#include <span>
+
+namespace orrelo {
+
+/// Any thread.
+class Random {
+ public:
+  virtual ~Random() = default;
+
+  /// Fills `bytes` with values that nobody can guess.
+  virtual void fill(std::span<std::uint8_t> bytes) = 0;
+
+  Uuid uuid() {
+    Uuid::Bytes bytes{};
+    fill(bytes);
+    return Uuid::fromRandom(bytes);
+  }
+};
+
+}  // namespace orrelo

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+#include <orrelo/Platform.h>
+#include <orrelo/UserDefaults.h>
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+namespace orrelo {
+
+/// Suites as SQLite files, one each. Opening a suite touches no file: the first read loads it, and the first
+/// write makes it where it is missing.
+class SqliteUserDefaultsFactory final : public UserDefaultsFactory {
+ public:
+  SqliteUserDefaultsFactory(std::shared_ptr<Directories> directories, std::shared_ptr<Clock> clock,
+                            std::string mainBundleIdentifier);
+
+  std::shared_ptr<UserDefaults> standard() override;
+  std::shared_ptr<UserDefaults> suite(std::string_view name) override;
+
+ private:
+  std::shared_ptr<UserDefaults> open(const std::string& fileName);
+
+  std::shared_ptr<Directories> directories_;
+  std::shared_ptr<Clock> clock_;
+  std::string mainBundleIdentifier_;
+  std::mutex mutex_;
+  std::map<std::string, std::shared_ptr<UserDefaults>> suites_;
+};
+
+}  // namespace orrelo

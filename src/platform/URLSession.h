@@ -1,0 +1,92 @@
+#pragma once
+
+#include "core/base/Error.h"
+
+#include <orrelo/Url.h>
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orrelo {
+
+using HTTPHeaders = std::map<std::string, std::string>;
+
+struct URLRequest {
+  Url url;
+  std::string method = "GET";
+  /// Sent as given, empty values too. "buid" and the kit's own headers are dropped when a redirect leaves the
+  /// host.
+  HTTPHeaders headers = {};
+  std::optional<std::string> body = {};
+  /// From the start to the last byte.
+  std::chrono::milliseconds timeout{60'000};
+  /// A larger reply ends the task with `dataLengthExceedsMaximum`, and is not kept in memory.
+  std::size_t maximumReplySize = std::size_t{8} * 1024 * 1024;
+};
+
+struct HTTPURLResponse {
+  int statusCode = 0;
+  /// Names in lower case; of a repeated header the last.
+  HTTPHeaders headers;
+};
+
+/// What a task ended with: an error, or bytes with the response that they came with. A reply that is none of
+/// HTTP's has no response.
+struct URLSessionResult {
+  std::optional<Error> error;
+  std::optional<std::string> data;
+  std::optional<HTTPURLResponse> response;
+};
+
+/// Errors of the network layer, in the domain "URLError".
+enum class URLError {
+  unknown,
+  cancelled,
+  badURL,
+  unsupportedURL,
+  timedOut,
+  cannotFindHost,
+  cannotConnectToHost,
+  networkConnectionLost,
+  secureConnectionFailed,
+  httpTooManyRedirects,
+  redirectToNonExistentLocation,
+  badServerResponse,
+  cannotDecodeContentData,
+  dataLengthExceedsMaximum
+};
+Error makeError(URLError error, std::optional<std::string> message = {});
+
+class URLSessionTask {
+ public:
+  virtual ~URLSessionTask() = default;
+
+  /// Starts; once.
+  virtual void resume() = 0;
+  /// Ends the task without its completion, or does nothing when that has run or runs. Any thread.
+  virtual void cancel() = 0;
+};
+
+/// Runs HTTP requests. No cookies and no cache; at most 6 connections a host and 20 redirects a request, to
+/// http and https alone. Any thread.
+class URLSession {
+ public:
+  /// Called once, on the session's own thread.
+  using Completion = std::function<void(URLSessionResult)>;
+
+  virtual ~URLSession() = default;
+
+  virtual std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) = 0;
+
+  /// For requests to this origin ("https://localhost:9443") the certificates in the file are the trusted
+  /// ones, in place of the system's. Verification itself stays on.
+  virtual void trust(std::string_view origin, const std::string& certificateFile) = 0;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,324 @@
+#include "core/base/preconditionFailure.h"
+#include "platform/StoreSupport.h"
+
+#include <fstream>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace orrelo::test {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+class SqliteEventDatabaseTest : public ::testing::Test {
+ protected:
+  std::shared_ptr<EventDatabase> open(EventTimeStorage storage = EventTimeStorage::date) {
+    return factory->open("store", storage);
+  }
+  /// Forgets the connection, as the end of the process would.
+  void reopen() { factory = std::make_unique<SqliteEventDatabaseFactory>(directories, clock, executor); }
+
+  /// Carries an operation out and gives what it completed with.
+  template <class T, class... Given, class... Arguments>
+  std::variant<T, Error> run(void (EventDatabase::*operation)(Given...), Arguments... arguments) {
+    std::optional<std::variant<T, Error>> result;
+    (open().get()->*operation)(std::move(arguments)...,
+                               [&](std::variant<T, Error> given) { result = std::move(given); });
+    executor->runAll();
+    return std::move(result).value();
+  }
+
+  bool insert(EventRow row) {
+    return run<std::monostate>(&EventDatabase::insert, std::move(row)).index() == 0;
+  }
+  std::vector<EventRow> fetch(std::size_t limit = 1000) {
+    return std::get<0>(run<std::vector<EventRow>>(&EventDatabase::fetchOldest, limit));
+  }
+  std::size_t deleteRows(std::vector<std::string> eventIds) {
+    return std::get<0>(run<std::size_t>(&EventDatabase::deleteRows, std::move(eventIds)));
+  }
+  std::size_t deleteUpTo(StoredTime time) {
+    return std::get<0>(run<std::size_t>(&EventDatabase::deleteRowsUpTo, std::move(time)));
+  }
+
+  TemporaryFolder folder;
+  std::filesystem::path file = folder / "store.sqlite";
+  std::shared_ptr<Directories> directories = std::make_shared<FolderDirectories>(folder.path());
+  std::shared_ptr<Clock> clock = std::make_shared<ManualClock>();
+  std::shared_ptr<StepExecutor> executor = std::make_shared<StepExecutor>();
+  std::unique_ptr<SqliteEventDatabaseFactory> factory =
+      std::make_unique<SqliteEventDatabaseFactory>(directories, clock, executor);
+};
+
+TEST_F(SqliteEventDatabaseTest, keepsRowsAsGivenAcrossReopening) {
+  const EventRow full{.eventId = "1",
+                      .userId = "유저",
+                      .eventName = std::string("a\0b", 3),
+                      .eventTime = Date(std::chrono::microseconds(-1'234'567)),
+                      .eventValues = "{\n}"};
+  ASSERT_TRUE(insert(full));
+  ASSERT_TRUE(insert({}));
+  reopen();
+  EXPECT_THAT(fetch(), ElementsAre(EventRow{}, full));
+}
+
+TEST_F(SqliteEventDatabaseTest, fetchesTheOldestFirstAndAtMostTheLimit) {
+  for (const auto& [id, seconds] : {std::pair{"c", 3}, {"a", 1}, {"b2", 2}, {"b1", 2}, {"far", -5}}) {
+    insert(eventRow(id, seconds));
+  }
+  EXPECT_THAT(ids(fetch(4)), ElementsAre("far", "a", "b2", "b1"));
+  EXPECT_THAT(fetch(0), IsEmpty());
+  EXPECT_THAT(fetch(static_cast<std::size_t>(-1)), SizeIs(5));
+}
+
+TEST_F(SqliteEventDatabaseTest, deletesForEachIdTheFirstRowThatHasIt) {
+  insert(eventRow("twice", 2));
+  insert(eventRow("twice", 1));
+  insert(eventRow("other", 3));
+  EXPECT_EQ(deleteRows({"twice", "unknown", "other"}), 2U);
+  EXPECT_EQ(fetch().at(0).eventTime, StoredTime(Date::fromSeconds(2)));
+  EXPECT_EQ(deleteRows({}), 0U);
+  EXPECT_EQ(deleteRows({"unknown"}), 0U);
+}
+
+TEST_F(SqliteEventDatabaseTest, deletesUpToATimeInBothStorages) {
+  for (int second = 1; second <= 3; ++second) insert(eventRow(std::to_string(second), second));
+  EXPECT_EQ(deleteUpTo(Date::fromSeconds(2)), 2U);
+  EXPECT_THAT(ids(fetch()), ElementsAre("3"));
+  EXPECT_EQ(deleteUpTo(StoredTime()), 0U);
+
+  file = folder / "text.sqlite";
+  const auto text = factory->open("text", EventTimeStorage::text);
+  for (const char* time : {"2024-01-02T00:00:00", "2024-01-01T23:59:59", "2023-12-31T00:00:00"}) {
+    auto row = eventRow(time);
+    row.eventTime = time;
+    text->insert(row, nullptr);
+  }
+  std::size_t deleted = 0;
+  std::vector<EventRow> left;
+  text->deleteRowsUpTo("2024-01-01T23:59:59", [&](auto result) { deleted = std::get<0>(result); });
+  text->fetchOldest(9, [&](auto result) { left = std::get<0>(result); });
+  executor->runAll();
+  EXPECT_EQ(deleted, 2U);
+  EXPECT_THAT(ids(left), ElementsAre("2024-01-02T00:00:00"));
+}
+
+TEST_F(SqliteEventDatabaseTest, readsColumnsOfAForeignTypeAsAbsent) {
+  insert(eventRow("1", 1));
+  SQLite::Database(file.string(), SQLite::OPEN_READWRITE)
+      .exec("UPDATE events SET eventId = x'00', userId = x'', eventName = NULL, eventTime = 'noon'");
+  EventRow left;
+  left.eventValues = "{}";
+  EXPECT_THAT(fetch(), ElementsAre(left));
+}
+
+TEST_F(SqliteEventDatabaseTest, commitsWhatWaitsTogetherThenCompletesInOrder) {
+  insert(eventRow("0"));
+  SQLite::Database other(file.string());
+  SQLite::Statement count(other, "SELECT count(*) FROM events");
+  const auto visibleRows = [&] {
+    count.reset();
+    count.executeStep();
+    return count.getColumn(0).getInt();
+  };
+  std::vector<std::string> order;
+  const auto store = open();
+  store->insert(eventRow("1", 1), [&](auto) {
+    order.push_back("1 sees " + std::to_string(visibleRows()));
+    store->insert(eventRow("4", 4),
+                  [&](auto) { order.push_back("4 sees " + std::to_string(visibleRows())); });
+  });
+  store->fetchOldest(
+      9, [&](auto rows) { order.push_back("fetched " + std::to_string(std::get<0>(rows).size())); });
+  store->deleteRows({"0"}, [&](auto) { order.push_back("deleted"); });
+  store->insert(eventRow("3", 3), [&](auto) { throw std::runtime_error("must do no harm"); });
+  EXPECT_EQ(visibleRows(), 1);
+  executor->runOne();
+  EXPECT_THAT(order, ElementsAre("1 sees 2", "fetched 2", "deleted"));
+  executor->runAll();
+  EXPECT_EQ(order.back(), "4 sees 3");
+}
+
+TEST_F(SqliteEventDatabaseTest, failsWhileAnotherConnectionWritesAndWorksAfterwards) {
+  insert(eventRow("1", 1));
+  std::vector<std::string> results;
+  const auto note = [&](const auto& result) {
+    results.push_back(result.index() == 0 ? "ok" : std::get<Error>(result).caseName());
+  };
+  {
+    SQLite::Database other(file.string(), SQLite::OPEN_READWRITE);
+    SQLite::Transaction writing(other, SQLite::TransactionBehavior::IMMEDIATE);
+    open()->insert(eventRow("2"), note);
+    open()->fetchOldest(1, note);
+    open()->insert(eventRow("3"), note);
+    executor->runAll();
+  }
+  EXPECT_THAT(results, ElementsAre("busy", "ok", "busy"));
+  EXPECT_TRUE(insert(eventRow("4", 4)));
+  EXPECT_THAT(ids(fetch()), ElementsAre("1", "4"));
+}
+
+TEST_F(SqliteEventDatabaseTest, takesInsertsFromManyThreads) {
+  constexpr int threads = 8;
+  constexpr int each = 2000;
+  executor.reset();
+  factory = std::make_unique<SqliteEventDatabaseFactory>(directories, clock);
+  const auto store = open();
+  std::atomic<int> failures = 0;
+  std::vector<std::thread> writers;
+  for (int thread = 0; thread < threads; ++thread) {
+    writers.emplace_back([&, thread] {
+      for (int n = 0; n < each; ++n) {
+        store->insert(eventRow(std::to_string(thread), n),
+                      [&](const auto& result) { failures += static_cast<int>(result.index()); });
+      }
+    });
+  }
+  for (auto& writer : writers) writer.join();
+  std::promise<std::vector<EventRow>> rows;
+  store->fetchOldest(1'000'000, [&](auto result) { rows.set_value(std::get<0>(std::move(result))); });
+  EXPECT_THAT(rows.get_future().get(), SizeIs(threads * each));
+  EXPECT_EQ(failures, 0);
+}
+
+TEST_F(SqliteEventDatabaseTest, staysInItsFolderAndGivesOneStoreForOneName) {
+  EXPECT_EQ(factory->open("a", EventTimeStorage::date), factory->open("a", EventTimeStorage::date));
+  factory->open("../up", EventTimeStorage::date)->insert(eventRow("1"), nullptr);
+  executor->runAll();
+  EXPECT_THAT(fileNames(folder.path()), Contains("%2E.%2Fup.sqlite"));
+}
+
+TEST_F(SqliteEventDatabaseTest, startsAnewWhenTheFileIsRemovedWhileOpen) {
+  insert(eventRow("1"));
+  std::filesystem::remove(file);
+  ASSERT_TRUE(insert(eventRow("2")));
+  reopen();
+  EXPECT_THAT(ids(fetch()), Contains("2"));
+}
+
+// -- What lies in the place of the file
+
+using Damage = std::function<void(const std::filesystem::path&)>;
+
+void overwrite(const std::filesystem::path& path, std::uintmax_t from, std::uintmax_t count) {
+  std::fstream stream(path, std::ios::in | std::ios::out | std::ios::binary);
+  stream.seekp(static_cast<std::streamoff>(from));
+  stream << std::string(count, '\xAA');
+}
+
+class DamagedStoreTest : public SqliteEventDatabaseTest, public ::testing::WithParamInterface<Damage> {};
+
+TEST_P(DamagedStoreTest, isSetAsideOnceAndReplaced) {
+  for (int n = 0; n < 500; ++n) open()->insert(eventRow(std::to_string(n), n), nullptr);
+  executor->runAll();
+  reopen();
+  std::filesystem::remove(folder / "store.sqlite-wal");
+  GetParam()(file);
+  const LogCapture log;
+  for (int n = 0; n < 3; ++n) {
+    EXPECT_TRUE(insert(eventRow("new" + std::to_string(n), 600 + n)));
+    fetch();
+    deleteUpTo(Date::fromSeconds(500));
+  }
+  EXPECT_THAT(ids(fetch()), Contains("new2"));
+  EXPECT_THAT(log.lines(),
+              ElementsAre(AllOf(StartsWith("[OrreloSDK][ERROR]"), HasSubstr("20231114-221320"))));
+  EXPECT_THAT(fileNames(folder.path()), Contains("store.sqlite.corrupt-20231114-221320"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , DamagedStoreTest,
+    ::testing::Values(Damage([](const auto& path) {
+                        overwrite(path, 4096, std::filesystem::file_size(path) - 4096);
+                      }),
+                      Damage([](const auto& path) { overwrite(path, 0, 100); }),
+                      Damage([](const auto& path) { std::filesystem::resize_file(path, 4096 + 1000); }),
+                      Damage([](const auto& path) { std::ofstream(path) << std::string(5000, 'x'); }),
+                      Damage([](const auto& path) {
+                        std::filesystem::remove(path);
+                        std::filesystem::create_directories(path / "in the way");
+                      }),
+                      Damage([](const auto& path) {
+                        SQLite::Database(path.string(), SQLite::OPEN_READWRITE)
+                            .exec("DROP TABLE events; CREATE TABLE events (eventId, eventTime)");
+                      }),
+                      Damage([](const auto& path) {
+                        SQLite::Database(path.string(), SQLite::OPEN_READWRITE)
+                            .exec(
+                                "DROP TABLE events; CREATE TABLE events (eventId, userId, eventName, "
+                                "eventTime, eventValues, "
+                                "more NOT NULL)");
+                      })));
+
+TEST_F(SqliteEventDatabaseTest, takesAnEmptyFileForAFreshOne) {
+  std::ofstream(file).flush();
+  const LogCapture log;
+  EXPECT_TRUE(insert(eventRow("1")));
+  EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST_F(SqliteEventDatabaseTest, numbersFilesSetAsideInOneSecond) {
+  for (int n = 0; n < 3; ++n) {
+    reopen();
+    std::filesystem::remove(folder / "store.sqlite-wal");
+    std::ofstream(file) << std::string(5000, 'x');
+    EXPECT_TRUE(insert(eventRow("1")));
+  }
+  EXPECT_THAT(fileNames(folder.path()), AllOf(Contains("store.sqlite.corrupt-20231114-221320"),
+                                              Contains("store.sqlite.corrupt-20231114-221320-1"),
+                                              Contains("store.sqlite.corrupt-20231114-221320-2")));
+}
+
+TEST_F(SqliteEventDatabaseTest, failsWhileItsFolderIsMissing) {
+  directories = std::make_shared<FolderDirectories>(folder / "later");
+  reopen();
+  EXPECT_FALSE(insert(eventRow("1")));
+  std::filesystem::create_directory(folder / "later");
+  EXPECT_TRUE(insert(eventRow("1")));
+}
+
+// -- Several processes
+
+/// Runs `body` in a forked process, which must end with success.
+pid_t inChild(const std::function<bool()>& body) {
+  const auto child = fork();
+  if (child == 0) _exit(body() ? 0 : 1);
+  return child;
+}
+
+bool succeeded(pid_t child) {
+  int status = 0;
+  return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST_F(SqliteEventDatabaseTest, letsOneProcessSendUntilItEnds) {
+  const auto other = factory->open("other", EventTimeStorage::date);
+  ASSERT_TRUE(open()->acquireSending());
+  EXPECT_TRUE(open()->acquireSending());
+  EXPECT_TRUE(succeeded(inChild([&] { return !open()->acquireSending() && other->acquireSending(); })));
+  EXPECT_TRUE(other->acquireSending());
+}
+
+TEST_F(SqliteEventDatabaseTest, sharesTheFileWithAnotherProcess) {
+  constexpr int each = 200;
+  const auto fill = [&](const std::string& name) {
+    bool isFine = true;
+    for (int n = 0; n < each; ++n) isFine = insert(eventRow(name, n)) && isFine;
+    return isFine;
+  };
+  const auto first = inChild([&] { return fill("first"); });
+  const auto second = inChild([&] { return fill("second"); });
+  EXPECT_TRUE(succeeded(first));
+  EXPECT_TRUE(succeeded(second));
+  EXPECT_EQ(fetch().size(), 2U * each);
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "core/base/Logger.h"
+#include "platform/SqliteEventDatabase.h"
+#include "support/TemporaryFolder.h"
+#include "support/Twins.h"
+
+#include <orrelo/Platform.h>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <deque>
+#include <future>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace orrelo::test {
+
+class FolderDirectories final : public Directories {
+ public:
+  explicit FolderDirectories(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+  std::filesystem::path data() const override { return folder_; }
+  std::filesystem::path cache() const override { return folder_; }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+/// Runs what was posted when the test says so, on its thread.
+class StepExecutor final : public SerialExecutor {
+ public:
+  void post(Task task) override { tasks_.push_back(std::move(task)); }
+
+  bool runOne() {
+    if (tasks_.empty()) return false;
+    const auto task = std::move(tasks_.front());
+    tasks_.pop_front();
+    task();
+    return true;
+  }
+  void runAll() {
+    while (runOne()) continue;
+  }
+
+ private:
+  std::deque<Task> tasks_;
+};
+
+/// The log's lines while it lives.
+class LogCapture {
+ public:
+  LogCapture() {
+    setLogSink([this](std::string_view line) { lines_.emplace_back(line); });
+  }
+  ~LogCapture() {
+    setLogSink([](std::string_view) {}, false);
+    setLogSink({});
+  }
+  LogCapture(const LogCapture&) = delete;
+  LogCapture& operator=(const LogCapture&) = delete;
+
+  const std::vector<std::string>& lines() const { return lines_; }
+
+ private:
+  std::vector<std::string> lines_;
+};
+
+inline std::vector<std::string> fileNames(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    names.push_back(entry.path().filename().string());
+  }
+  return names;
+}
+
+inline EventRow eventRow(const std::string& id, std::int64_t seconds = 0) {
+  return {.eventId = id,
+          .userId = "user",
+          .eventName = "name",
+          .eventTime = Date::fromSeconds(seconds),
+          .eventValues = "{}"};
+}
+
+inline std::vector<std::string> ids(const std::vector<EventRow>& rows) {
+  std::vector<std::string> found;
+  for (const auto& row : rows) found.push_back(row.eventId.value_or("absent"));
+  return found;
+}
+
+}  // namespace orrelo::test

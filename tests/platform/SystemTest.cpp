@@ -1,0 +1,152 @@
+#include "platform/Clock.h"
+#include "platform/PosixBundle.h"
+#include "platform/PosixDevice.h"
+#include "platform/PosixDirectories.h"
+#include "platform/SystemRandom.h"
+#include "support/TemporaryFolder.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <optional>
+#include <set>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace orrelo::test {
+namespace {
+
+/// Sets a variable of the environment, or removes it, until the end of the test.
+class Variable {
+ public:
+  Variable(const char* name, const char* value) : name_(name) {
+    if (const char* before = std::getenv(name)) before_ = before;
+    assign(value);
+  }
+  ~Variable() { assign(before_ ? before_->c_str() : nullptr); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+ private:
+  void assign(const char* value) {
+    if (value != nullptr) {
+      setenv(name_, value, 1);
+    } else {
+      unsetenv(name_);
+    }
+  }
+
+  const char* name_;
+  std::optional<std::string> before_;
+};
+
+HostApplication host(const std::string& identifier, const std::filesystem::path& dataDirectory = {}) {
+  HostApplication stated;
+  stated.bundleIdentifier = identifier;
+  stated.bundleVersion = "7";
+  stated.dataDirectory = dataDirectory;
+  return stated;
+}
+
+TEST(SystemRandomTest, neverRepeatsItself) {
+  SystemRandom random;
+  std::set<Uuid> seen;
+  for (int n = 0; n < 1000; ++n) EXPECT_TRUE(seen.insert(random.uuid()).second);
+  Uuid elsewhere;
+  std::thread([&] { elsewhere = random.uuid(); }).join();
+  EXPECT_TRUE(seen.insert(elsewhere).second);
+
+  std::array<std::uint8_t, 10'000> large{};
+  random.fill(large);
+  EXPECT_GT(std::count_if(large.end() - 1000, large.end(), [](auto byte) { return byte != 0; }), 900);
+}
+
+TEST(SystemRandomTest, givesAForkedChildOtherBytes) {
+  SystemRandom random;
+  random.uuid();
+  std::array<int, 2> pipeEnds{};
+  ASSERT_EQ(pipe(pipeEnds.data()), 0);
+  const auto child = fork();
+  const auto bytes = random.uuid().bytes();
+  if (child == 0) _exit(write(pipeEnds[1], bytes.data(), bytes.size()) == ssize_t{16} ? 0 : 1);
+  Uuid::Bytes childBytes{};
+  EXPECT_EQ(read(pipeEnds[0], childBytes.data(), childBytes.size()), 16);
+  EXPECT_NE(bytes, childBytes);
+  waitpid(child, nullptr, 0);
+  close(pipeEnds[0]);
+  close(pipeEnds[1]);
+}
+
+TEST(PosixDeviceTest, tellsTheVersionThatTheSystemStates) {
+  const TemporaryFolder folder;
+  const auto file = folder / "os-release";
+  const auto version = [&](const std::string& text) {
+    std::ofstream(file) << text;
+    return PosixDevice(file).systemVersion();
+  };
+  EXPECT_EQ(version("NAME=x\nVERSION_ID=\"12.5\"\n"), "12.5");
+  EXPECT_EQ(version("VERSION_ID=12"), "12");
+  EXPECT_EQ(version("VERSION_ID='12'\n"), "12");
+  const auto kernel = PosixDevice(folder / "missing").systemVersion();
+  EXPECT_FALSE(kernel.empty());
+  EXPECT_EQ(version("OLD_VERSION_ID=12\nVERSION_ID=\"\"\n"), kernel);
+}
+
+TEST(PosixDeviceTest, readsTheLocaleFromTheEnvironment) {
+  const auto locale = [](const char* all, const char* messages, const char* lang) {
+    const Variable first("LC_ALL", all);
+    const Variable second("LC_MESSAGES", messages);
+    const Variable third("LANG", lang);
+    return PosixDevice().localeIdentifier();
+  };
+  EXPECT_EQ(locale(nullptr, nullptr, "ko_KR.UTF-8"), "ko_KR");
+  EXPECT_EQ(locale("", "de_DE@euro", "ko_KR"), "de_DE");
+  EXPECT_EQ(locale("fr", "de_DE", "ko_KR"), "fr");
+  EXPECT_EQ(locale("C.UTF-8", nullptr, "ko_KR"), "en_US");
+  EXPECT_EQ(locale(nullptr, "POSIX", nullptr), "en_US");
+  EXPECT_EQ(locale(nullptr, nullptr, nullptr), "en_US");
+}
+
+TEST(PosixBundleTest, statesWhatTheHostStates) {
+  const auto stated = PosixBundle::main(host("com.example"));
+  EXPECT_EQ(stated->info("CFBundleIdentifier"), "com.example");
+  EXPECT_EQ(stated->info("CFBundleShortVersionString"), std::nullopt);
+  EXPECT_EQ(stated->info("CFBundleVersion"), "7");
+  EXPECT_EQ(PosixBundle::main({})->info("CFBundleIdentifier"), "platform_tests");
+  EXPECT_NE(PosixBundle::kit()->info("ORLBuildNumber"), std::nullopt);
+}
+
+TEST(PosixDirectoriesTest, makesTheFoldersThatTheHostOrTheEnvironmentNames) {
+  const TemporaryFolder folder;
+  const Variable home("HOME", folder.path().c_str());
+  const Variable data("XDG_DATA_HOME", "relative");
+  const Variable cache("XDG_CACHE_HOME", (folder / "caches").c_str());
+  const PosixDirectories chosen(host("../com.example"));
+  EXPECT_EQ(chosen.data(), folder / ".local/share/%2E.%2Fcom.example");
+  EXPECT_EQ(chosen.cache(), folder / "caches/%2E.%2Fcom.example");
+  EXPECT_TRUE(std::filesystem::is_directory(chosen.data()));
+  EXPECT_EQ(std::filesystem::status(chosen.data()).permissions(), std::filesystem::perms::owner_all);
+  EXPECT_EQ(PosixDirectories(host("", folder / "d")).data(), folder / "d");
+}
+
+TEST(PlatformTest, servesPosixDefaultsUntilAnotherIsInstalled) {
+  const TemporaryFolder folder;
+  const Variable data("XDG_DATA_HOME", folder.path().c_str());
+  const auto& defaults = Platform::current();
+  EXPECT_EQ(defaults.mainLoop.get(), &RunLoop::main());
+  EXPECT_EQ(&Platform::current(), &defaults);
+  auto other = Platform::posix(host("com.example", folder.path()));
+  EXPECT_EQ(other.userDefaults->suite("com.example"), nullptr);
+  other.userDefaults->standard()->set("k", true);
+  EXPECT_TRUE(std::filesystem::exists(folder / "defaults.sqlite"));
+  EXPECT_GT(other.clock->now(), Date::fromSeconds(1'700'000'000));
+  Platform::install(std::move(other));
+  EXPECT_EQ(Platform::current().mainBundle->info("CFBundleIdentifier"), "com.example");
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/EventDatabase.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace orrelo::test {
+
+/// A real store whose commits can be watched: the callbacks run on the stores' thread, just before the
+/// completion.
+class ObservedDatabase final : public EventDatabase {
+ public:
+  explicit ObservedDatabase(std::shared_ptr<EventDatabase> database) : database_(std::move(database)) {}
+
+  std::function<void(const std::string& eventId)> onInserted;
+  std::function<void(const std::vector<std::string>& eventIds)> onDeleted;
+
+  void insert(EventRow row, Completion<std::monostate> completion) override {
+    auto id = row.eventId.value_or("");
+    database_->insert(std::move(row),
+                      [this, id = std::move(id), completion = std::move(completion)](const auto& result) {
+                        if (onInserted && result.index() == 0) onInserted(id);
+                        completion(result);
+                      });
+  }
+  void fetchOldest(std::size_t limit, Completion<std::vector<EventRow>> completion) override {
+    database_->fetchOldest(limit, std::move(completion));
+  }
+  void deleteRows(std::vector<std::string> ids, Completion<std::size_t> completion) override {
+    database_->deleteRows(ids, [this, ids, completion = std::move(completion)](const auto& result) {
+      if (onDeleted && result.index() == 0) onDeleted(ids);
+      completion(result);
+    });
+  }
+  void deleteRowsUpTo(StoredTime time, Completion<std::size_t> completion) override {
+    database_->deleteRowsUpTo(std::move(time), std::move(completion));
+  }
+  bool acquireSending() override { return database_->acquireSending(); }
+
+ private:
+  std::shared_ptr<EventDatabase> database_;
+};
+
+}  // namespace orrelo::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+namespace orrelo::test {
+
+/// A new empty folder, removed with all that it holds at the end.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    auto name = (std::filesystem::temp_directory_path() / "orrelo-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    path_ = name;
+  }
+  ~TemporaryFolder() {
+    std::error_code failure;
+    std::filesystem::remove_all(path_, failure);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+  std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace orrelo::test
