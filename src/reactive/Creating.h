@@ -21,8 +21,6 @@ class AnyObserver {
   void on(const Event<T>& event) const { event.isTerminal() ? end(event) : onNext(*event.element()); }
   /// For a source that emits in a loop: whether anybody still listens.
   bool isDisposed() const { return sink_->cancel->isDisposed(); }
-  /// What to dispose of at the end; at once if that has come.
-  void hold(Disposable disposable) const { sink_->cancel->set(std::move(disposable)); }
 
   class Sink {
    public:
@@ -60,15 +58,6 @@ class CreateHandle final : public Cancelable {
   std::weak_ptr<typename AnyObserver<T>::Sink> sink_;
 };
 
-/// Runs `run` now, or on `startOn` unless it has been cancelled by then.
-template <class T, class Run>
-void startCold(const std::shared_ptr<typename AnyObserver<T>::Sink>& sink, const StartOn& startOn, Run run) {
-  if (!startOn) return run(AnyObserver<T>(sink));
-  startOn->schedule([sink, run] {
-    if (!sink->cancel->isDisposed()) run(AnyObserver<T>(sink));
-  });
-}
-
 /// A cold stream: each subscription runs `callback` with a sink; the Disposable that it returns is disposed
 /// of at the end or when the subscription is.
 template <class T, class Callback>
@@ -77,13 +66,19 @@ Observable<T> create(Callback callback) {
     auto cancel = std::make_shared<SerialDisposable>();
     auto sink = std::make_shared<typename AnyObserver<T>::Sink>(observer, cancel);
     observer->onSubscribe(Disposable(std::make_shared<CreateHandle<T>>(cancel, sink)));
-    startCold<T>(sink, startOn, [callback](AnyObserver<T> sinkEnd) {
+    auto start = [callback, sink] {
+      if (sink->cancel->isDisposed()) return;
       try {
-        sinkEnd.hold(callback(sinkEnd));
+        sink->cancel->set(callback(AnyObserver<T>(sink)));
       } catch (...) {
-        sinkEnd.onError(Error::fromCurrentException());
+        AnyObserver<T>(sink).onError(Error::fromCurrentException());
       }
-    });
+    };
+    if (startOn) {
+      startOn->schedule(std::move(start));
+    } else {
+      start();
+    }
   });
 }
 

@@ -77,7 +77,7 @@ struct Handlers {
 };
 
 /// The end of a chain. It lets its handlers go at the end or when it is disposed of; none is called after
-/// that.
+/// that. No exception leaves it for whoever emits.
 template <class T>
 class Subscriber final : public Observer<T>, public Cancelable {
  public:
@@ -140,9 +140,20 @@ class Subscriber final : public Observer<T>, public Cancelable {
       upstream = std::exchange(upstream_, {});
     }
     if (!handlers) return;
-    last(*handlers);
+    guarded([&] { last(*handlers); });
     upstream.dispose();
-    if (handlers->onDisposed) handlers->onDisposed();
+    guarded([&] {
+      if (handlers->onDisposed) handlers->onDisposed();
+    });
+  }
+
+  // The stream has ended: what its last handlers throw has nowhere to go.
+  template <class Step>
+  static void guarded(Step step) {
+    try {
+      step();
+    } catch (...) {
+    }
   }
 
   mutable std::mutex mutex_;

@@ -11,11 +11,13 @@
 
 namespace orrelo::reactive {
 
-/// Notifications that wait, in order.
+/// Notifications that wait, in order. What comes after an end that waits is dropped.
 template <class T>
 class NotificationQueue {
  public:
-  void push(Event<T> event) { events_.push_back(std::move(event)); }
+  void push(Event<T> event) {
+    if (events_.empty() || !events_.back().isTerminal()) events_.push_back(std::move(event));
+  }
   bool empty() const { return events_.empty(); }
   Event<T> pop() {
     auto event = std::move(events_.front());
@@ -33,6 +35,7 @@ template <>
 class NotificationQueue<Unit> {
  public:
   void push(Event<Unit> event) {
+    if (end_) return;
     if (event.isTerminal()) {
       end_ = std::move(event);
     } else {

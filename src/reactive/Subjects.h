@@ -77,18 +77,18 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
         : core_(std::move(core)), gate_(std::move(gate)) {}
 
     void dispose() override {
+      disposed_ = true;
       const auto gate = gate_.lock();
       if (!gate) return;
       gate->close();
       if (const auto core = core_.lock()) core->detach(gate);
     }
 
-    bool isDisposed() const override {
-      const auto gate = gate_.lock();
-      return !gate || gate->isClosed();
-    }
+    // Without a lock() of the gate, which could make the caller the one that destroys it, and all below.
+    bool isDisposed() const override { return disposed_ || gate_.expired(); }
 
    private:
+    std::atomic<bool> disposed_ = false;
     std::weak_ptr<SubjectCore> core_;
     std::weak_ptr<SerialGate<T>> gate_;
   };
@@ -97,10 +97,11 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
   // meanwhile hears each value once and in order.
   void onNextReplayed(const T& element) {
     std::vector<std::shared_ptr<SerialGate<T>>> mine;
+    std::optional<T> value(element);  // in the end the former value, let go outside the lock
     {
       const std::lock_guard lock(mutex_);
       if (end_) return;
-      replayed_ = element;
+      std::swap(replayed_, value);
       for (const auto& gate : *gates_) {
         if (gate->enqueue(Event<T>::next(element))) mine.push_back(gate);
       }

@@ -106,11 +106,12 @@ Observable<T> Observable<T>::filter(F isWanted) const {
 
 template <class T>
 Observable<T> Observable<T>::distinctUntilChanged() const {
-  return transformed<T>(*this, [last = std::optional<T>()](const T& element, Observer<T>& downstream) mutable {
-    if (last && *last == element) return;
-    last = element;
-    downstream.onNext(element);
-  });
+  return transformed<T>(*this,
+                        [last = std::optional<T>()](const T& element, Observer<T>& downstream) mutable {
+                          if (last && *last == element) return;
+                          last = element;
+                          downstream.onNext(element);
+                        });
 }
 
 template <class T>

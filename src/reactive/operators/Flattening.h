@@ -1,20 +1,21 @@
 #pragma once
 
-#include <atomic>
-#include <cstdint>
-
 #include "reactive/ObservableType.h"
 #include "reactive/SerialGate.h"
+
+#include <cstdint>
 
 namespace orrelo::reactive {
 
 /// How many inner streams run at once, and what happens to those that come meanwhile.
 enum class FlatteningRule { mergeAll, latestOnly, oneByOne };
 
-/// The outer end of flatMap, flatMapLatest and concatMap. The source owns it; each inner stream's end owns it too.
-/// The handle that goes downstream is `upstreams_`, which knows sources alone, so that nothing holds itself.
+/// The outer end of flatMap, flatMapLatest and concatMap. The source owns it; each inner stream's end owns it
+/// too. The handle that goes downstream is `upstreams_`, which knows sources alone, so that nothing holds
+/// itself.
 template <class In, class Out, class F>
-class FlatteningNode final : public Observer<In>, public std::enable_shared_from_this<FlatteningNode<In, Out, F>> {
+class FlatteningNode final : public Observer<In>,
+                             public std::enable_shared_from_this<FlatteningNode<In, Out, F>> {
  public:
   FlatteningNode(FlatteningRule rule, ObserverPtr<Out> downstream, F transform)
       : rule_(rule), observer_(downstream), gate_(std::move(downstream)), transform_(std::move(transform)) {}
@@ -48,7 +49,8 @@ class FlatteningNode final : public Observer<In>, public std::enable_shared_from
  private:
   class InnerNode final : public Observer<Out> {
    public:
-    InnerNode(std::shared_ptr<FlatteningNode> outer, std::uint64_t turn) : outer_(std::move(outer)), turn_(turn) {}
+    InnerNode(std::shared_ptr<FlatteningNode> outer, std::uint64_t turn)
+        : outer_(std::move(outer)), turn_(turn) {}
 
     void onSubscribe(Disposable upstream) override {
       if (!outer_) return upstream.dispose();
@@ -56,10 +58,10 @@ class FlatteningNode final : public Observer<In>, public std::enable_shared_from
       if (outer_->rule_ == FlatteningRule::latestOnly) outer_->exchangeLatest(std::move(upstream));
     }
     void onNext(const Out& element) override {
-      if (outer_ && outer_->isCurrent(turn_)) outer_->gate_.onNext(element);
+      if (outer_) outer_->innerNext(turn_, element);
     }
     void onError(const Error& error) override {
-      if (const auto outer = std::exchange(outer_, nullptr); outer && outer->isCurrent(turn_)) outer->fail(error);
+      if (const auto outer = std::exchange(outer_, nullptr)) outer->innerFailed(turn_, error);
     }
     void onCompleted() override {
       if (const auto outer = std::exchange(outer_, nullptr)) outer->innerCompleted(turn_);
@@ -121,8 +123,29 @@ class FlatteningNode final : public Observer<In>, public std::enable_shared_from
     }
   }
 
-  bool isCurrent(std::uint64_t turn) const {
-    return rule_ != FlatteningRule::latestOnly || turn == turn_.load(std::memory_order_acquire);
+  bool isCurrent(std::uint64_t turn) const { return rule_ != FlatteningRule::latestOnly || turn == turn_; }
+
+  void innerNext(std::uint64_t turn, const Out& element) {
+    if (rule_ != FlatteningRule::latestOnly) return gate_.onNext(element);
+    enqueueIfCurrent(turn, Event<Out>::next(element));
+  }
+
+  void innerFailed(std::uint64_t turn, const Error& error) {
+    if (!upstreams_->isDisposed() && enqueueIfCurrent(turn, Event<Out>::failure(error)))
+      upstreams_->dispose();
+  }
+
+  // The place is taken before the next turn can begin: nothing of a former inner stream comes after the new
+  // one's.
+  bool enqueueIfCurrent(std::uint64_t turn, Event<Out> event) {
+    bool mustDrain = false;
+    {
+      const std::lock_guard lock(mutex_);
+      if (!isCurrent(turn)) return false;
+      mustDrain = gate_.enqueue(std::move(event));
+    }
+    if (mustDrain) gate_.drain();
+    return true;
   }
 
   void innerCompleted(std::uint64_t turn) {
@@ -158,7 +181,7 @@ class FlatteningNode final : public Observer<In>, public std::enable_shared_from
   std::shared_ptr<CompositeDisposable> upstreams_ = std::make_shared<CompositeDisposable>();
   std::mutex mutex_;
   Disposable latest_;  // latestOnly: the inner stream that runs
-  std::atomic<std::uint64_t> turn_ = 0;
+  std::uint64_t turn_ = 0;
   std::size_t running_ = 0;
   bool outerEnded_ = false;
   bool starting_ = false;

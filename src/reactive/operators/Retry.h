@@ -4,7 +4,8 @@
 
 namespace orrelo::reactive {
 
-/// Stays for the life of the chain; each subscription to the source has an Attempt of its own.
+/// Stays for the life of the chain; each subscription to the source has an Attempt of its own. To subscribe
+/// again it must hold its source: a subject under it stays until the chain ends or is disposed of.
 template <class T>
 class RetryNode final : public std::enable_shared_from_this<RetryNode<T>> {
  public:
@@ -32,29 +33,29 @@ class RetryNode final : public std::enable_shared_from_this<RetryNode<T>> {
       if (const auto node = std::exchange(node_, nullptr)) node->failed(error);
     }
     void onCompleted() override {
-      if (const auto node = std::exchange(node_, nullptr)) node->downstream_->onCompleted();
+      if (const auto node = std::exchange(node_, nullptr)) node->end(Event<T>::completed());
     }
 
    private:
     std::shared_ptr<RetryNode> node_;
   };
 
-  void subscribe() {
-    --remaining_;
-    source_.subscribe(std::make_shared<Attempt>(this->shared_from_this()), startOn_);
-  }
+  void subscribe() { source_.subscribe(std::make_shared<Attempt>(this->shared_from_this()), startOn_); }
 
   void failed(const Error& error) {
     if (upstream_->isDisposed()) return;
-    if (remaining_ == 0) {
-      downstream_->onError(error);
-    } else {
-      subscribe();
-    }
+    if (remaining_ <= 1) return end(Event<T>::failure(error));
+    --remaining_;
+    subscribe();
+  }
+
+  void end(const Event<T>& event) {
+    downstream_->on(event);
+    upstream_->dispose();
   }
 
   Observable<T> source_;
-  std::size_t remaining_;
+  std::size_t remaining_;  // subscriptions, the one that runs among them
   ObserverPtr<T> downstream_;
   StartOn startOn_;
   std::shared_ptr<SerialDisposable> upstream_ = std::make_shared<SerialDisposable>();

@@ -1,17 +1,18 @@
 #pragma once
 
-#include <atomic>
-
 #include "reactive/ObservableType.h"
 #include "reactive/SerialGate.h"
+
+#include <atomic>
 
 namespace orrelo::reactive {
 
 template <class T>
 Observable<T> Observable<T>::subscribeOn(SchedulerPtr scheduler) const {
-  return makeSource<T>([source = *this, scheduler = std::move(scheduler)](ObserverPtr<T> observer, const StartOn&) {
-    source.subscribe(std::move(observer), scheduler);
-  });
+  return makeSource<T>(
+      [source = *this, scheduler = std::move(scheduler)](ObserverPtr<T> observer, const StartOn&) {
+        source.subscribe(std::move(observer), scheduler);
+      });
 }
 
 /// Queues what comes and hands it on from one scheduled task at a time.
@@ -22,7 +23,9 @@ class ObserveOnNode final : public Observer<T>, public std::enable_shared_from_t
       : downstream_(std::move(downstream)), scheduler_(std::move(scheduler)) {}
 
   void onSubscribe(Disposable upstream) override {
-    downstream_->onSubscribe(Disposable(std::make_shared<Handle>(std::move(upstream), this->weak_from_this())));
+    const auto downstream = downstream_;  // which it may dispose of meanwhile
+    downstream->onSubscribe(
+        Disposable(std::make_shared<Handle>(std::move(upstream), this->weak_from_this())));
   }
   void onNext(const T& element) override { enqueue(Event<T>::next(element)); }
   void onError(const Error& error) override { enqueue(Event<T>::failure(error)); }

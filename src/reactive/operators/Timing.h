@@ -5,8 +5,8 @@
 
 namespace orrelo::reactive {
 
-/// The ground of operators that emit from a timer as well as from their source. The source owns the node, timers
-/// hold it weakly: when the source lets go, they find nobody.
+/// The ground of operators that emit from a timer as well as from their source. The source owns the node,
+/// timers hold it weakly: when the source lets go, they find nobody.
 template <class In, class Out>
 class TimedNode : public Observer<In>, public std::enable_shared_from_this<TimedNode<In, Out>> {
  public:
@@ -28,7 +28,7 @@ class TimedNode : public Observer<In>, public std::enable_shared_from_this<Timed
   void startTimer(std::chrono::microseconds delay) {
     scheduler_->scheduleAfter(delay, [weak = this->weak_from_this()] {
       const auto self = weak.lock();
-      if (!self || self->gate_.isClosed()) return;
+      if (!self) return;
       bool mustDrain = false;
       {
         const std::lock_guard lock(self->mutex_);
@@ -109,7 +109,8 @@ Observable<std::vector<T>> Observable<T>::buffer(std::chrono::microseconds timeS
 template <class T>
 class ThrottleNode final : public TimedNode<T, T> {
  public:
-  ThrottleNode(ObserverPtr<T> downstream, std::chrono::microseconds period, bool latest, SchedulerPtr scheduler)
+  ThrottleNode(ObserverPtr<T> downstream, std::chrono::microseconds period, bool latest,
+               SchedulerPtr scheduler)
       : TimedNode<T, T>(std::move(downstream), std::move(scheduler)), period_(period), latest_(latest) {}
 
   void onNext(const T& element) override {
@@ -153,7 +154,8 @@ class ThrottleNode final : public TimedNode<T, T> {
 };
 
 template <class T>
-Observable<T> Observable<T>::throttle(std::chrono::microseconds period, bool latest, SchedulerPtr scheduler) const {
+Observable<T> Observable<T>::throttle(std::chrono::microseconds period, bool latest,
+                                      SchedulerPtr scheduler) const {
   return makeOperator<T>(*this, [=](ObserverPtr<T> downstream) {
     return std::make_shared<ThrottleNode<T>>(std::move(downstream), period, latest, scheduler);
   });

@@ -1,0 +1,375 @@
+// What each operator and each source means, in virtual time where time matters.
+
+#include "reactive/Combining.h"
+#include "reactive/Subjects.h"
+#include "support/Probe.h"
+#include "support/VirtualTimeScheduler.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace orrelo::test {
+namespace {
+
+using namespace reactive;
+using std::chrono::milliseconds;
+using testing::IsEmpty;
+
+class TimedOperators : public testing::Test {
+ protected:
+  template <class T>
+  NotesPtr watchInTime(const Observable<T>& stream) {
+    auto notes = std::make_shared<Notes>();
+    notes->clock = scheduler;
+    watch(stream, notes);
+    return notes;
+  }
+  void send(int time, int element) {
+    scheduler->advanceTo(milliseconds(time));
+    subject.onNext(element);
+  }
+
+  std::shared_ptr<VirtualTimeScheduler> scheduler = std::make_shared<VirtualTimeScheduler>();
+  PublishSubject<int> subject;
+};
+
+TEST_F(TimedOperators, BufferEmitsByCountAndBySpanCountedFromTheLastEmission) {
+  const auto notes = watchInTime(subject.asObservable().buffer(milliseconds(10), 3, scheduler));
+  send(4, 1);
+  send(12, 2);
+  send(14, 3);
+  send(15, 4);  // the third: the span starts again at 15
+  send(25, 5);  // comes after the empty list that is due at the same time
+  send(36, 6);
+  send(36, 7);
+  send(36, 8);
+  send(36, 9);
+  EXPECT_EQ(scheduler->pendingCount(), 1u);
+  scheduler->advanceTo(milliseconds(57));
+  EXPECT_EQ(notes->lines,
+            (Lines{"10: [1]", "15: [2 3 4]", "25: []", "35: [5]", "36: [6 7 8]", "46: [9]", "56: []"}));
+  EXPECT_EQ(scheduler->pendingCount(), 1u);
+
+  notes->lines.clear();
+  send(58, 10);
+  subject.onCompleted();
+  scheduler->advanceBy(milliseconds(100));
+  EXPECT_EQ(notes->lines, (Lines{"58: [10]", "58: completed"}));
+  EXPECT_EQ(scheduler->pendingCount(), 0u);
+}
+
+TEST_F(TimedOperators, BufferKeepsOneTimerHoweverOftenItEmits) {
+  const auto notes = watchInTime(subject.asObservable().buffer(milliseconds(10), 1, scheduler));
+  for (int i = 0; i < 100; ++i) subject.onNext(i);
+  EXPECT_EQ(notes->lines.size(), 100u);
+  EXPECT_EQ(scheduler->pendingCount(), 1u);
+  notes->handle.dispose();
+  scheduler->advanceBy(milliseconds(100));
+  EXPECT_EQ(notes->lines.size(), 100u);
+  EXPECT_EQ(scheduler->pendingCount(), 0u);
+}
+
+TEST_F(TimedOperators, ThrottleLetsOneThroughAPeriod) {
+  const auto first = watchInTime(subject.asObservable().throttle(milliseconds(10), false, scheduler));
+  const auto latest = watchInTime(subject.asObservable().throttle(milliseconds(10), true, scheduler));
+  send(5, 1);
+  send(7, 2);
+  send(9, 3);
+  send(16, 4);
+  scheduler->advanceTo(milliseconds(40));
+  send(41, 5);
+  send(42, 6);
+  subject.onCompleted();
+  scheduler->advanceBy(milliseconds(100));
+  EXPECT_EQ(first->lines, (Lines{"5: 1", "16: 4", "41: 5", "42: completed"}));
+  EXPECT_EQ(latest->lines, (Lines{"5: 1", "15: 3", "25: 4", "41: 5", "42: 6", "42: completed"}));
+}
+
+TEST_F(TimedOperators, IntervalTicksForEachSubscriberUntilItIsDisposedOf) {
+  const auto ticks = interval(milliseconds(10), scheduler);
+  const auto early = watchInTime(ticks);
+  scheduler->advanceTo(milliseconds(15));
+  const auto late = watchInTime(ticks);
+  late->onElement = [&] { late->handle.dispose(); };
+  scheduler->advanceTo(milliseconds(30));
+  early->handle.dispose();
+  scheduler->advanceBy(milliseconds(100));
+  EXPECT_EQ(early->lines, (Lines{"10: 0", "20: 1", "30: 2"}));
+  EXPECT_EQ(late->lines, (Lines{"25: 0"}));
+  EXPECT_EQ(scheduler->pendingCount(), 0u);
+}
+
+TEST_F(TimedOperators, SubscribeOnAndObserveOnMoveWork) {
+  int runs = 0;
+  const auto cold = create<int>([&](AnyObserver<int> observer) {
+    ++runs;
+    observer.onNext(runs);
+    return Disposables::create();
+  });
+  const auto notes = watch(cold.subscribeOn(scheduler));
+  const auto cancelled = watch(cold.subscribeOn(scheduler));
+  cancelled->handle.dispose();
+  EXPECT_EQ(runs, 0);
+  scheduler->runDue();
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(notes->lines, (Lines{"1"}));
+
+  const auto observed = watch(cold.observeOn(scheduler));
+  EXPECT_EQ(runs, 2);
+  EXPECT_THAT(observed->lines, IsEmpty());
+  scheduler->runDue();
+  EXPECT_EQ(observed->lines, (Lines{"2"}));
+}
+
+TEST_F(TimedOperators, ABurstOfSignalsWaitsBehindOneTask) {
+  const PublishSubject<Unit> signals;
+  int heard = 0;
+  bool completed = false;
+  signals.asObservable().observeOn(scheduler).subscribe(
+      {.onNext = [&](Unit) { ++heard; }, .onCompleted = [&] { completed = true; }});
+  for (int i = 0; i < 100'000; ++i) signals.onNext({});
+  signals.onCompleted();
+  EXPECT_EQ(scheduler->pendingCount(), 1u);
+  scheduler->runDue();
+  EXPECT_EQ(heard, 100'000);
+  EXPECT_TRUE(completed);
+}
+
+TEST(Create, DropsWhatIsSentAfterTheEndEvenWhenItWaits) {
+  for (const bool fails : {false, true}) {
+    std::optional<AnyObserver<Unit>> sink;
+    const auto notes = watch(create<Unit>([&](AnyObserver<Unit> observer) {
+      sink = observer;
+      return Disposables::create();
+    }));
+    notes->onElement = [&] {  // while the gate is busy
+      fails ? sink->onError(broken()) : sink->onCompleted();
+      sink->onNext({});
+      fails ? sink->onCompleted() : sink->onError(broken());
+    };
+    sink->onNext({});
+    EXPECT_EQ(notes->lines, (Lines{"signal", fails ? "error broken" : "completed"}));
+    EXPECT_TRUE(sink->isDisposed());
+  }
+}
+
+TEST(Create, WhatItThrowsIsTheStreamsErrorAndNothingRunsForACancelledSubscription) {
+  const auto throwing = create<int>([](AnyObserver<int> observer) -> Disposable {
+    observer.onNext(1);
+    throw broken();
+  });
+  EXPECT_EQ(watch(throwing)->lines, (Lines{"1", "error broken"}));
+  EXPECT_EQ(watch(error<int>(broken()))->lines, (Lines{"error broken"}));
+
+  bool ran = false;
+  const auto observed = create<int>([&](AnyObserver<int>) {
+    ran = true;
+    return Disposables::create();
+  });
+  EXPECT_EQ(watch(combineLatest(error<int>(broken()), observed))->lines, (Lines{"error broken"}));
+  EXPECT_EQ(watch(zip(empty<int>(), observed))->lines, (Lines{"completed"}));
+  EXPECT_EQ(watch(merge<int>({error<int>(broken()), observed}))->lines, (Lines{"error broken"}));
+  EXPECT_FALSE(ran);
+}
+
+TEST(DistinctUntilChanged, DropsOnlyRepetitionsInARow) {
+  const PublishSubject<int> subject;
+  const auto notes = watch(subject.asObservable().distinctUntilChanged());
+  for (const int i : {1, 1, 2, 2, 2, 1}) subject.onNext(i);
+  EXPECT_EQ(notes->lines, (Lines{"1", "2", "1"}));
+}
+
+TEST(DoOn, RunsBeforeWhatItAccompaniesAndMayFailIt) {
+  const auto seen = std::make_shared<Notes>();
+  const auto effects = Handlers<int>{.onNext = [&](int i) { seen->lines.push_back("before " + text(i)); },
+                                     .onError = [](const Error&) { throw Error("Test", "worse"); },
+                                     .onCompleted = [] { throw broken(); }};
+  watch(upTo(2).doOn(effects), seen);
+  EXPECT_EQ(seen->lines, (Lines{"before 1", "1", "before 2", "2", "error broken"}));
+  EXPECT_EQ(watch(error<int>(broken()).doOn(effects))->lines, (Lines{"error worse"}));
+}
+
+TEST(Retry, CountsSubscriptionsOverTheLifeOfTheChain) {
+  std::vector<AnyObserver<int>> attempts;
+  int cancelled = 0;
+  const auto notes = watch(create<int>([&](AnyObserver<int> observer) {
+                             attempts.push_back(observer);
+                             return Disposables::create([&] { ++cancelled; });
+                           }).retry(2));
+  attempts.at(0).onNext(1);
+  attempts.at(0).onError(broken());
+  ASSERT_EQ(attempts.size(), 2u);
+  EXPECT_EQ(cancelled, 1);
+  attempts.at(0).onNext(7);
+  attempts.at(1).onNext(2);  // a success in between resets nothing
+  attempts.at(1).onError(broken());
+  EXPECT_EQ(attempts.size(), 2u);
+  EXPECT_EQ(cancelled, 2);
+  EXPECT_EQ(notes->lines, (Lines{"1", "2", "error broken"}));
+}
+
+TEST(Retry, DisposalCancelsTheAttemptThatRuns) {
+  std::vector<AnyObserver<int>> attempts;
+  const auto source = create<int>([&](AnyObserver<int> observer) {
+    attempts.push_back(observer);
+    return Disposables::create();
+  });
+  const auto notes = watch(source.retry(2));
+  attempts.at(0).onError(broken());
+  notes->handle.dispose();
+  EXPECT_TRUE(attempts.at(1).isDisposed());
+  attempts.at(1).onError(broken());
+  EXPECT_EQ(attempts.size(), 2u);
+  EXPECT_THAT(notes->lines, IsEmpty());
+}
+
+/// Inner streams that the test plays by hand.
+class Flattening : public testing::Test {
+ protected:
+  auto inner() {
+    return [this](int i) { return inners.at(static_cast<std::size_t>(i)).asObservable(); };
+  }
+
+  PublishSubject<int> outer;
+  std::vector<PublishSubject<int>> inners = std::vector<PublishSubject<int>>(3);
+};
+
+TEST_F(Flattening, FlatMapMergesAndEndsWithTheLastInnerStream) {
+  const auto notes = watch(outer.asObservable().flatMap(inner()));
+  outer.onNext(0);
+  outer.onNext(1);
+  inners[1].onNext(10);
+  inners[0].onNext(1);
+  outer.onCompleted();
+  inners[0].onCompleted();
+  inners[1].onNext(11);
+  inners[1].onCompleted();
+  EXPECT_EQ(notes->lines, (Lines{"10", "1", "11", "completed"}));
+}
+
+TEST_F(Flattening, AnInnerErrorEndsAllAndCancelsTheRest) {
+  const auto notes = watch(outer.asObservable().flatMap(inner()));
+  outer.onNext(0);
+  outer.onNext(1);
+  inners[0].onError(broken());
+  EXPECT_EQ(notes->lines, (Lines{"error broken"}));
+  EXPECT_FALSE(outer.hasObservers());
+  EXPECT_FALSE(inners[1].hasObservers());
+}
+
+TEST_F(Flattening, FlatMapLatestDropsTheFormerInnerStream) {
+  const auto notes = watch(outer.asObservable().flatMapLatest(inner()));
+  outer.onNext(0);
+  inners[0].onNext(1);
+  outer.onNext(1);
+  EXPECT_FALSE(inners[0].hasObservers());
+  inners[0].onError(broken());
+  inners[1].onNext(2);
+  outer.onCompleted();
+  inners[1].onNext(3);
+  inners[1].onCompleted();
+  EXPECT_EQ(notes->lines, (Lines{"1", "2", "3", "completed"}));
+}
+
+TEST_F(Flattening, ConcatMapStartsTheNextInnerStreamWhenTheOneBeforeEnds) {
+  const auto notes = watch(outer.asObservable().concatMap(inner()));
+  for (const int i : {0, 1, 2}) outer.onNext(i);
+  EXPECT_FALSE(inners[1].hasObservers());
+  outer.onCompleted();
+  inners[1].onNext(99);  // nobody listens yet
+  inners[0].onNext(1);
+  inners[0].onCompleted();
+  inners[1].onNext(2);
+  inners[2].onCompleted();  // before its turn
+  inners[1].onCompleted();
+  EXPECT_EQ(notes->lines, (Lines{"1", "2", "completed"}));
+}
+
+TEST_F(Flattening, ConcatMapDropsWhatWaitsAtAnErrorAndAtDisposal) {
+  for (const bool fails : {true, false}) {
+    const PublishSubject<int> first;
+    int started = 0;
+    const auto notes = watch(outer.asObservable().concatMap([&](int) {
+      ++started;
+      return first.asObservable();
+    }));
+    outer.onNext(0);
+    outer.onNext(1);
+    fails ? first.onError(broken()) : notes->handle.dispose();
+    EXPECT_EQ(started, 1);
+    EXPECT_FALSE(outer.hasObservers());
+    EXPECT_FALSE(first.hasObservers());
+  }
+}
+
+TEST_F(Flattening, ConcatMapCostsNoStackForInnerStreamsThatEndAtOnce) {
+  constexpr int count = 100'000;
+  int sum = 0;
+  bool completed = false;
+  outer.asObservable()
+      .concatMap([this](int i) { return i == 0 ? inners[0].asObservable() : just(1); })
+      .subscribe({.onNext = [&](int i) { sum += i; }, .onCompleted = [&] { completed = true; }});
+  for (int i = 0; i <= count; ++i) outer.onNext(i);
+  EXPECT_EQ(sum, 0);
+  inners[0].onCompleted();
+  EXPECT_EQ(sum, count);
+  outer.onCompleted();
+  EXPECT_TRUE(completed);
+}
+
+TEST(Combining, CombineLatestAndZipTakeTheirSourcesInAnyOrder) {
+  const PublishSubject<int> a, b, c;
+  const auto latest = watch(combineLatest(a.asObservable(), b.asObservable()));
+  const auto pairs = watch(zip(a.asObservable(), b.asObservable()));
+  const auto triples = watch(zip(a.asObservable(), b.asObservable(), c.asObservable()));
+  c.onNext(7);
+  a.onNext(1);
+  a.onNext(2);
+  b.onNext(3);
+  b.onNext(4);
+  a.onCompleted();
+  EXPECT_EQ(pairs->lines, (Lines{"[1 3]", "[2 4]", "completed"}));
+  c.onNext(8);
+  EXPECT_EQ(triples->lines, (Lines{"[1 3 7]", "[2 4 8]", "completed"}));
+  b.onNext(5);
+  b.onCompleted();
+  EXPECT_EQ(latest->lines, (Lines{"[2 3]", "[2 4]", "[2 5]", "completed"}));
+  EXPECT_FALSE(c.hasObservers());
+}
+
+TEST(Combining, AnErrorEndsAllAndCancelsTheOthers) {
+  const PublishSubject<int> a, b;
+  const auto latest = watch(combineLatest(a.asObservable(), b.asObservable()));
+  const auto pairs = watch(zip(a.asObservable(), b.asObservable()));
+  const auto merged = watch(merge<int>({a.asObservable(), b.asObservable()}));
+  a.onNext(1);
+  b.onError(broken());
+  EXPECT_EQ(latest->lines, (Lines{"error broken"}));
+  EXPECT_EQ(pairs->lines, (Lines{"error broken"}));
+  EXPECT_EQ(merged->lines, (Lines{"1", "error broken"}));
+  EXPECT_FALSE(a.hasObservers());
+  EXPECT_EQ(watch(merge<int>({}))->lines, (Lines{"completed"}));
+}
+
+TEST(Maybe, AnEmptyOneTakesItsReplacement) {
+  int asked = 0;
+  const auto other = create<int>([&](AnyObserver<int> observer) {
+                       ++asked;
+                       observer.onNext(8);
+                       observer.onCompleted();
+                       return Disposables::create();
+                     }).asMaybe();
+  const auto lines = [](const Maybe<int>& maybe) { return watch(maybe.asObservable())->lines; };
+  EXPECT_EQ(lines(Maybe<int>::empty().ifEmpty(7)), (Lines{"7", "completed"}));
+  EXPECT_EQ(lines(Maybe<int>::just(1).ifEmptySwitchTo(other)), (Lines{"1", "completed"}));
+  EXPECT_EQ(lines(error<int>(broken()).asMaybe().ifEmptySwitchTo(other)), (Lines{"error broken"}));
+  EXPECT_EQ(asked, 0);
+  EXPECT_EQ(lines(Maybe<int>::empty().ifEmptySwitchTo(other)), (Lines{"8", "completed"}));
+  EXPECT_EQ(lines(Maybe<int>::just(1).map([](int i) { return i + 1; }).flatMap([](int i) {
+              return i == 2 ? Maybe<int>::empty() : Maybe<int>::just(i);
+            })),
+            (Lines{"completed"}));
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,221 @@
+// What every operator promises, whatever it does to the elements.
+
+#include "EveryOperator.h"
+#include "reactive/Subjects.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace orrelo::test {
+namespace {
+
+using namespace reactive;
+using std::chrono::seconds;
+
+bool isEnd(const std::string& line) {
+  return line == "completed" || line.starts_with("error");
+}
+
+/// A source that goes on after its end, holds on to its observers, and is hot.
+class RudeSource final : public Source<int> {
+ public:
+  void subscribe(ObserverPtr<int> observer, const StartOn&) const override {
+    observers.push_back(observer);
+    observer->onSubscribe(Disposables::create([] {}));
+  }
+  void send(const Event<int>& event) const {
+    for (const auto& observer : std::vector(observers)) observer->on(event);
+  }
+  mutable std::vector<ObserverPtr<int>> observers;
+};
+
+class StreamLaws : public testing::TestWithParam<OperatorCase> {
+ protected:
+  ~StreamLaws() override { setting.scheduler->dropPending(); }
+
+  void start(const Observable<int>& source) { GetParam().chain(source, setting)(notes); }
+  /// The operator's callback and the end of the chain hold what is returned.
+  std::weak_ptr<int> startWithSentinel(const Observable<int>& source) {
+    notes = std::make_shared<Notes>();
+    notes->disposesAtOnce = disposesAtOnce;
+    notes->sentinel = std::make_shared<int>();
+    const std::weak_ptr<int> held = notes->sentinel;
+    setting.callback = [sentinel = notes->sentinel] {};
+    start(source);
+    setting.callback = [] {};
+    return held;
+  }
+  void letTimePass() { setting.scheduler->advanceBy(seconds(10)); }
+  bool deliversLater() const { return GetParam().name == "observeOn" || GetParam().name == "eventPipeline"; }
+
+  Setting setting;
+  bool disposesAtOnce = false;
+  NotesPtr notes = std::make_shared<Notes>();
+};
+
+TEST_P(StreamLaws, ElementsAndEndsPassAsTheOperatorSays) {
+  const PublishSubject<int> completing;
+  start(completing.asObservable());
+  for (int i = 1; i <= 3; ++i) completing.onNext(i);
+  completing.onCompleted();
+  letTimePass();
+  EXPECT_EQ(notes->lines, GetParam().afterCompletion);
+  EXPECT_TRUE(notes->handle.isDisposed());
+
+  const PublishSubject<int> failing;
+  notes = std::make_shared<Notes>();
+  start(failing.asObservable());
+  failing.onNext(1);
+  setting.scheduler->runDue();
+  failing.onError(broken());
+  letTimePass();
+  EXPECT_EQ(notes->lines, GetParam().afterError);
+  EXPECT_TRUE(notes->handle.isDisposed());
+}
+
+// A cold source begins on the scheduler, a hot one must not wait for it.
+TEST_P(StreamLaws, NothingSentAfterSubscribeReturnedIsLost) {
+  const BehaviorSubject<int> subject(1);
+  start(subject.asObservable().subscribeOn(setting.scheduler));
+  subject.onNext(2);
+  subject.onNext(3);
+  subject.onCompleted();
+  letTimePass();
+  EXPECT_EQ(notes->lines, GetParam().afterCompletion);
+}
+
+TEST_P(StreamLaws, EachSubscriptionRunsAnew) {
+  const auto startAgain = GetParam().chain(upTo(3).subscribeOn(setting.scheduler), setting);
+  for (int round = 0; round < 2; ++round) {
+    notes = std::make_shared<Notes>();
+    startAgain(notes);
+    EXPECT_THAT(notes->lines, testing::IsEmpty()) << "the cold source did not wait for its scheduler";
+    letTimePass();
+    EXPECT_EQ(notes->lines, GetParam().afterCompletion);
+  }
+}
+
+TEST_P(StreamLaws, NothingFollowsTheEnd) {
+  if (GetParam().name == "subscribeOn") GTEST_SKIP() << "it stands in no notification's way";
+  const auto completed = Event<int>::completed();
+  const auto failure = Event<int>::failure(broken());
+  for (const auto& end : {completed, failure}) {
+    const auto source = std::make_shared<RudeSource>();
+    notes = std::make_shared<Notes>();
+    start(Observable<int>(source));
+    const auto next = [](int i) { return Event<int>::next(i); };
+    for (const auto& event : {next(1), end, next(2), failure, completed, next(3)}) {
+      source->send(event);
+      setting.scheduler->runDue();
+    }
+    letTimePass();
+    EXPECT_EQ(std::ranges::find_if(notes->lines, isEnd), notes->lines.end() - 1)
+        << testing::PrintToString(notes->lines);
+  }
+}
+
+TEST_P(StreamLaws, ACancelledSourceEmitsNoMore) {
+  int sent = 0;
+  int cancelled = 0;
+  notes->onElement = [this] { notes->handle.dispose(); };
+  start(create<int>([&](AnyObserver<int> observer) {
+    while (!observer.isDisposed() && sent < 1000) observer.onNext(++sent);
+    return Disposables::create([&cancelled] { ++cancelled; });
+  }));
+  letTimePass();
+  notes->onElement = nullptr;
+  EXPECT_EQ(notes->lines.size(), 1u);
+  EXPECT_LE(sent, deliversLater() ? 1000 : 2);
+  EXPECT_EQ(cancelled, 1);
+}
+
+TEST_P(StreamLaws, WhoeverCancelsBeforeTheStartHearsNothing) {
+  bool ran = false;
+  const PublishSubject<int> subject;
+  const auto cold = create<int>([&](AnyObserver<int>) {
+    ran = true;
+    return Disposables::create();
+  });
+  disposesAtOnce = true;
+  for (const auto& source : {cold, subject.asObservable()}) {
+    const auto held = startWithSentinel(source);
+    subject.onNext(1);
+    EXPECT_TRUE(held.expired());
+    letTimePass();
+    EXPECT_TRUE(notes->lines.empty());
+  }
+  EXPECT_FALSE(ran);
+}
+
+TEST_P(StreamLaws, NothingIsHeldAfterTheEndAndAfterDisposal) {
+  const std::vector<std::function<void(const PublishSubject<int>&)>> goings = {
+      [](const PublishSubject<int>& source) { source.onCompleted(); },
+      [](const PublishSubject<int>& source) { source.onError(broken()); },
+      [this](const PublishSubject<int>&) { notes->handle.dispose(); }};
+  for (const auto& go : goings) {
+    const PublishSubject<int> source;
+    const auto held = startWithSentinel(source.asObservable());
+    source.onNext(1);
+    letTimePass();
+    source.onNext(2);
+    EXPECT_FALSE(held.expired() && notes->lines.empty());
+    go(source);
+    if (!notes->handle.isDisposed()) letTimePass();  // an end may be on its way; a disposal waits for nothing
+    EXPECT_TRUE(held.expired());
+  }
+}
+
+TEST_P(StreamLaws, NothingIsHeldWhenTheSourceGoesWithoutAnEnd) {
+  std::optional<AnyObserver<int>> source;
+  const auto held = startWithSentinel(create<int>([&](AnyObserver<int> observer) {
+    source = observer;
+    return Disposables::create();
+  }));
+  letTimePass();
+  source->onNext(1);
+  source->onNext(2);
+  source.reset();
+  letTimePass();
+  EXPECT_TRUE(held.expired());
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, StreamLaws, testing::ValuesIn(everyOperator()),
+                         [](const auto& tested) { return tested.param.name; });
+
+class CallbackLaws : public StreamLaws {};
+
+TEST_P(CallbackLaws, WhatACallbackThrowsEndsTheStreamAndCancelsTheSource) {
+  const PublishSubject<int> subject;
+  setting.callback = [] { throw broken(); };
+  start(subject.asObservable());
+  subject.onNext(1);
+  subject.onNext(2);
+  letTimePass();
+  EXPECT_EQ(notes->lines.back(), "error broken");
+  EXPECT_EQ(notes->lines.size(), 1u);
+  // The pipeline's retry listens a second time, and fails a second time.
+  subject.onNext(3);
+  subject.onNext(4);
+  letTimePass();
+  EXPECT_FALSE(subject.hasObservers());
+  EXPECT_EQ(notes->lines.size(), 1u);
+}
+
+TEST_P(CallbackLaws, ACallbackMayDisposeOfItsOwnStream) {
+  const PublishSubject<int> subject;
+  setting.callback = [this] { notes->handle.dispose(); };
+  const auto sentinel = std::make_shared<int>();
+  notes->sentinel = sentinel;
+  start(subject.asObservable());
+  subject.onNext(1);
+  subject.onNext(2);
+  letTimePass();
+  EXPECT_FALSE(subject.hasObservers());
+  EXPECT_EQ(sentinel.use_count(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, CallbackLaws, testing::ValuesIn(operatorsWithCallbacks()),
+                         [](const auto& tested) { return tested.param.name; });
+
+}  // namespace
+}  // namespace orrelo::test
