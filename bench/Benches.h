@@ -1,0 +1,11 @@
+#pragma once
+
+namespace orrelo::bench {
+
+void addSendEvent();
+void addSave();
+void addDrain();
+void addInitialize();
+void addChain();
+
+}  // namespace orrelo::bench

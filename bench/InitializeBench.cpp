@@ -1,0 +1,57 @@
+// `Orrelo::initialize` with stores that exist, each sample in a process of its own.
+#include "Benches.h"
+#include "DevService.h"
+#include "Targets.h"
+#include "support/TemporaryFolder.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace orrelo::bench {
+namespace {
+
+struct Sample {
+  double milliseconds = 0.0;
+  double threads = 0.0;
+  double mebibytes = 0.0;
+};
+
+Sample takeSample(const std::string& command) {
+  FILE* const output = popen(command.c_str(), "r");
+  if (output == nullptr) throw std::runtime_error("the sample does not start");
+  Sample sample;
+  const int read =
+      std::fscanf(output, "%lf %lf %lf", &sample.milliseconds, &sample.threads, &sample.mebibytes);
+  if (pclose(output) != 0 || read != 3) throw std::runtime_error("the sample failed");
+  return sample;
+}
+
+std::vector<double> measureInitialize() {
+  const test::TemporaryFolder folder;
+  devservice::DevService service({.dataDirectory = folder.path() / "service"});
+  service.start();
+  const auto command = std::string(ORRELO_INITIALIZE_SAMPLE) + " '" + (folder.path() / "kit").string() +
+                       "' " + service.baseUrl() + " '" + service.certificatePath().string() + "'";
+  takeSample(command);  // makes the stores
+  std::vector<double> times;
+  std::vector<double> threads;
+  std::vector<double> sizes;
+  for (int i = 0; i < 31; ++i) {
+    const auto sample = takeSample(command);
+    times.push_back(sample.milliseconds);
+    threads.push_back(sample.threads);
+    sizes.push_back(sample.mebibytes);
+  }
+  return {quantile(times, 0.5), quantile(threads, 1.0), quantile(sizes, 0.5)};
+}
+
+}  // namespace
+
+void addInitialize() {
+  add({{"initialize on the caller's thread, median", "ms", 4},
+       {"threads after initialize, most", "", 8},
+       {"resident memory that initialize adds, median", "MiB", 3}},
+      &measureInitialize);
+}
+
+}  // namespace orrelo::bench

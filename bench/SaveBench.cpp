@@ -1,0 +1,160 @@
+// Saving against plain SQLite: a burst, and one event alone.
+#include "Benches.h"
+#include "Targets.h"
+#include "events/EventRepository.h"
+#include "network/RFC3339DateParser.h"
+#include "platform/Clock.h"
+#include "platform/Random.h"
+#include "support/ObservedDatabase.h"
+#include "support/TemporaryFolder.h"
+
+#include <orrelo/Platform.h>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <condition_variable>
+#include <mutex>
+
+namespace orrelo::bench {
+namespace {
+
+// A service that never answers: what is measured here is the way into the store.
+class SilentClient final : public HTTPClient {
+ public:
+  reactive::Observable<HTTPReply> run(URLRequest) override { return silence_.asObservable(); }
+
+ private:
+  reactive::PublishSubject<HTTPReply> silence_;
+};
+
+Event makeSample(std::size_t number) {
+  std::string value(200, 'v');
+  value.replace(0, 8, std::to_string(10'000'000 + number));
+  const auto& platform = Platform::current();
+  return {platform.random->uuid(), "user-1", "purchase", {{"value", value}}, platform.clock->now()};
+}
+
+// The kit's way: repository, pipeline, worker pool, writer thread.
+class KitStore {
+ public:
+  explicit KitStore(const test::TemporaryFolder& folder) {
+    auto platform = Platform::posix({.bundleIdentifier = "bench",
+                                     .shortVersion = "",
+                                     .bundleVersion = "",
+                                     .dataDirectory = folder.path() / "kit",
+                                     .cacheDirectory = folder.path() / "kit"});
+    Platform::install(platform);
+    database_ = std::make_shared<test::ObservedDatabase>(
+        platform.eventDatabases->open("Bench", EventTimeStorage::text));
+    database_->onInserted = [this](const std::string&) {
+      const std::lock_guard lock(mutex_);
+      if (++committed_ == awaited_) changed_.notify_one();
+    };
+    repository_ = std::make_unique<EventRepositoryImpl>(
+        EventDao(database_, EventTimeStorage::text),
+        EventRemoteDataSource({"https://localhost", {}}, std::make_shared<SilentClient>()),
+        reactive::MainScheduler::instance(),
+        std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::utility),
+        [clock = platform.clock] { return clock->now(); }, [](const Event&) {}, [](const Error&) {});
+  }
+
+  void save(const Event& event) { repository_->save(event); }
+
+  void waitForCommits(std::size_t count) {
+    std::unique_lock lock(mutex_);
+    awaited_ = committed_before_ + count;
+    changed_.wait(lock, [this] { return committed_ >= awaited_; });
+    committed_before_ = committed_;
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::size_t committed_ = 0;
+  std::size_t committed_before_ = 0;
+  std::size_t awaited_ = SIZE_MAX;
+  std::shared_ptr<test::ObservedDatabase> database_;
+  std::unique_ptr<EventRepositoryImpl> repository_;
+};
+
+// One prepared statement, one row a transaction.
+class PlainStore {
+ public:
+  explicit PlainStore(const test::TemporaryFolder& folder)
+      : database_((folder.path() / "plain.sqlite").string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE),
+        insert_(prepare()) {}
+
+  void save(const Event& event) {
+    insert_.reset();
+    insert_.bindNoCopy(1, ids_.emplace_back(event.id.text()));
+    insert_.bindNoCopy(2, *event.userId);
+    insert_.bindNoCopy(3, event.eventName);
+    insert_.bindNoCopy(4, RFC3339DateParser::text(event.eventTime));
+    insert_.bindNoCopy(5, event.eventValues.begin()->second);
+    insert_.exec();
+    ids_.clear();
+  }
+
+ private:
+  SQLite::Statement prepare() {
+    database_.exec("PRAGMA journal_mode=WAL");
+    database_.exec("PRAGMA synchronous=NORMAL");
+    database_.exec(
+        "CREATE TABLE events(eventId TEXT, userId TEXT, eventName TEXT, eventTime TEXT, eventValues TEXT)");
+    database_.exec("CREATE INDEX events_by_time ON events(eventTime)");
+    return {database_, "INSERT INTO events VALUES(?, ?, ?, ?, ?)"};
+  }
+
+  SQLite::Database database_;
+  SQLite::Statement insert_;
+  std::vector<std::string> ids_;
+};
+
+std::vector<double> measureBurst() {
+  constexpr std::size_t kitCount = 100'000;
+  constexpr std::size_t plainCount = 30'000;
+  const test::TemporaryFolder folder;
+  std::vector<Event> events;
+  for (std::size_t i = 0; i < kitCount; ++i) events.push_back(makeSample(i));
+
+  PlainStore plain(folder);
+  auto start = std::chrono::steady_clock::now();
+  for (std::size_t i = 0; i < plainCount; ++i) plain.save(events[i]);
+  const double plainRate = plainCount / secondsSince(start);
+
+  auto* const kit = new KitStore(folder);  // its pipeline outlives the measurement
+  start = std::chrono::steady_clock::now();
+  for (const auto& event : events) kit->save(event);
+  kit->waitForCommits(kitCount);
+  const double kitRate = kitCount / secondsSince(start);
+  std::fprintf(stderr, "rows a second: kit %.0f, plain %.0f\n", kitRate, plainRate);
+  return {kitRate / plainRate};
+}
+
+std::vector<double> measureAlone() {
+  const test::TemporaryFolder folder;
+  PlainStore plain(folder);
+  auto* const kit = new KitStore(folder);
+  std::vector<double> plainTimes;
+  std::vector<double> kitTimes;
+  for (std::size_t i = 0; i < 2000; ++i) {
+    const auto event = makeSample(i);
+    auto start = std::chrono::steady_clock::now();
+    plain.save(event);
+    plainTimes.push_back(secondsSince(start));
+    start = std::chrono::steady_clock::now();
+    kit->save(event);
+    kit->waitForCommits(1);
+    kitTimes.push_back(secondsSince(start));
+  }
+  std::fprintf(stderr, "us: kit %.1f, plain %.1f\n", quantile(kitTimes, 0.5)*1e6, quantile(plainTimes, 0.5)*1e6);
+  return {quantile(kitTimes, 0.5) / quantile(plainTimes, 0.5)};
+}
+
+}  // namespace
+
+void addSave() {
+  add({{"burst of 100,000 saves, rate against plain SQLite", "x", 4, true}}, &measureBurst);
+  add({{"one save alone, time against plain SQLite", "x", 3}}, &measureAlone);
+}
+
+}  // namespace orrelo::bench
