@@ -19,19 +19,16 @@ std::shared_ptr<EventPipeline> EventPipeline::create(EventDao dao, Options optio
 }
 
 void EventPipeline::save(const Event& event) {
-  dao_.insert(event)
-      .subscribeOn(options_.concurrentScheduler)
-      .observeOn(options_.concurrentScheduler)
-      .subscribe([weak = weak_from_this()](const Unit& signal) {
-        if (const auto self = weak.lock()) self->queueSource_.onNext(signal);
-      })
-      .disposedBy(disposeBag_);
+  dao_.insert(event).subscribe([weak = weak_from_this()](const Unit& signal) {
+    if (const auto self = weak.lock()) self->queueSource_.onNext(signal);
+  });
 }
 
 void EventPipeline::start() {
   const auto weak = weak_from_this();
   const auto gone = makeError(ReferenceError::deallocated);
   queueSource_.asObservable()
+      .observeOn(options_.concurrentScheduler)  // a signal comes on the stores' thread, which must not wait for us
       .buffer(options_.timeSpan, options_.count, options_.mainScheduler)
       .map([](const std::vector<Unit>&) { return Unit{}; })  // a tick is a tick, however many signals made it
       .subscribeOn(options_.concurrentScheduler)

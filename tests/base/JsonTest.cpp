@@ -1,0 +1,160 @@
+#include "core/base/Error.h"
+#include "core/base/Json.h"
+#include "core/base/JsonWriter.h"
+#include "support/ServiceReplies.h"
+
+#include <cfloat>
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace orrelo::test {
+namespace {
+
+// The case of the error that `body` throws, else "".
+template <class Body>
+std::string caseOf(Body body) {
+  try {
+    body();
+  } catch (const Error& error) {
+    return error.domain() == "DecodingError" ? error.caseName() : error.description();
+  }
+  return "";
+}
+
+std::string parseCase(std::string_view json) {
+  return caseOf([&] { JsonParser().parse(json); });
+}
+
+std::string nested(std::size_t depth, const std::string& core = "") {
+  return std::string(depth, '[') + core + std::string(depth, ']');
+}
+
+TEST(JsonTest, FieldsHaveExactlyTheirTypes) {
+  JsonParser parser;
+  const auto json = parser
+                        .parse(R"({"t":"é\u00e9","b":true,"i":-7,"whole":1.0,"half":1.5,"null":null,
+      "max":9223372036854775807,"over":9223372036854775808,"huge":1e19,"o":{"k":1},"a":[1,2],
+      "twice":1,"twice":2})")
+                        .objectValue();
+  EXPECT_EQ(json.text("t"), "éé");
+  EXPECT_TRUE(json.boolean("b"));
+  EXPECT_EQ(json.integer("i"), -7);
+  EXPECT_EQ(json.integer("whole"), 1);
+  EXPECT_EQ(json.integer("max"), std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(json.object("o").integer("k"), 1);
+  EXPECT_EQ(json.array("a").size(), 2U);
+  EXPECT_EQ(json.integer("twice"), 1);
+  EXPECT_DOUBLE_EQ(*json.find("half")->asNumber(), 1.5);
+  EXPECT_DOUBLE_EQ(*json.find("i")->asNumber(), -7.0);
+  EXPECT_EQ(json.optionalText("t"), "éé");
+  EXPECT_FALSE(json.optionalText("null"));
+  EXPECT_FALSE(json.optionalText("absent"));
+
+  for (const auto* const key : {"b", "t", "half", "over", "huge", "o", "a"}) {
+    EXPECT_EQ(caseOf([&] { json.integer(key); }), "typeMismatch") << key;
+  }
+  EXPECT_FALSE(json.find("b")->asNumber());
+  EXPECT_EQ(caseOf([&] { json.boolean("i"); }), "typeMismatch");
+  EXPECT_EQ(caseOf([&] { json.text("i"); }), "typeMismatch");
+  EXPECT_EQ(caseOf([&] { json.optionalText("i"); }), "typeMismatch");
+  EXPECT_EQ(caseOf([&] { json.object("a"); }), "typeMismatch");
+  EXPECT_EQ(caseOf([&] { json.array("o"); }), "typeMismatch");
+  EXPECT_EQ(caseOf([&] { json.text("null"); }), "valueNotFound");
+  EXPECT_EQ(caseOf([&] { json.text("absent"); }), "keyNotFound");
+}
+
+TEST(JsonTest, NestsTo512LevelsAndNoDeeper) {
+  EXPECT_EQ(parseCase(nested(512)), "");
+  EXPECT_EQ(parseCase(nested(512, "1")), "");
+  for (const std::size_t depth : {513U, 10'000U, 1'000'000U}) {
+    EXPECT_EQ(parseCase(nested(depth)), "dataCorrupted") << depth;
+    EXPECT_EQ(parseCase(nested(depth, "1")), "dataCorrupted") << depth;
+    EXPECT_EQ(parseCase(std::string(depth, '[')), "dataCorrupted") << depth;
+  }
+  std::string objects;
+  for (int i = 0; i < 513; ++i) objects += R"({"k":)";
+  EXPECT_EQ(parseCase(objects + "{}" + std::string(513, '}')), "dataCorrupted");
+}
+
+TEST(JsonTest, TakesEightMebibytesAndNoMore) {
+  const auto ofSize = [](std::size_t size) { return '"' + std::string(size - 2, 'x') + '"'; };
+  EXPECT_EQ(parseCase(ofSize(JsonParser::maximumSize)), "");
+  EXPECT_EQ(parseCase(ofSize(JsonParser::maximumSize + 1)), "dataCorrupted");
+}
+
+TEST(JsonTest, RefusesWhatIsNoDocument) {
+  for (const std::string_view bytes :
+       {"", " ", "nul", "{a:1}", "{'a':1}", "[1,]", "{\"a\":1,}", "01", "+1", "NaN", "1 2", "{} x", "\"\n\"",
+        "\"\\q\"", "\"\\ud800\"", "\"\xC3\"", "\"\xED\xA0\x80\"", "\"\xC0\xAF\"", "{\"\xFF\":1}"}) {
+    EXPECT_EQ(parseCase(bytes), "dataCorrupted") << bytes;
+  }
+  const auto whole = configReply();
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    // A copy of its own, so that a read past the end is one past a block of memory.
+    const std::vector<char> cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+    EXPECT_EQ(parseCase({cut.data(), cut.size()}), "dataCorrupted") << length;
+  }
+}
+
+TEST(JsonTest, AParserServesManyDocuments) {
+  JsonParser parser;
+  const auto big = R"({"k":")" + std::string(100'000, 'y') + R"("})";
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_EQ(parser.parse(R"({"k":"small"})").objectValue().text("k"), "small");
+    EXPECT_EQ(caseOf([&] { parser.parse(R"({"k":)"); }), "dataCorrupted");
+    EXPECT_EQ(parser.parse(big).objectValue().text("k").size(), 100'000U);
+    EXPECT_EQ(caseOf([&] { parser.parse(nested(600)); }), "dataCorrupted");
+  }
+}
+
+TEST(JsonWriterTest, EscapesNoMoreThanItMust) {
+  JsonWriter json;
+  json.text(std::string("\"\\/\b\f\n\r\t\x01\x1F\0\x7F포😀", 21));
+  EXPECT_EQ(json.result(), "\"\\\"\\\\/\\b\\f\\n\\r\\t\\u0001\\u001F\\u0000\x7F포😀\"");
+  JsonParser parser;
+  EXPECT_EQ(parser.parse(json.result()).asText(), std::string("\"\\/\b\f\n\r\t\x01\x1F\0\x7F포😀", 21));
+}
+
+std::string sample(JsonWriter::Style style) {
+  JsonWriter json(style);
+  json.beginObject().field("z", "1").key("a").beginArray();
+  json.integer(std::numeric_limits<std::int64_t>::min()).boolean(true).null().beginObject().endObject();
+  json.endArray().key("e").beginArray().endArray().key("d").dictionary({{"b", "2"}, {"a", "1"}}).endObject();
+  return std::move(json).result();
+}
+
+TEST(JsonWriterTest, KeepsTheOrderGivenCompactOrPretty) {
+  EXPECT_EQ(sample(JsonWriter::Style::compact),
+            R"({"z":"1","a":[-9223372036854775808,true,null,{}],"e":[],"d":{"a":"1","b":"2"}})");
+  EXPECT_EQ(sample(JsonWriter::Style::pretty), R"({
+  "z" : "1",
+  "a" : [
+    -9223372036854775808,
+    true,
+    null,
+    {}
+  ],
+  "e" : [],
+  "d" : {
+    "a" : "1",
+    "b" : "2"
+  }
+})");
+}
+
+TEST(JsonWriterTest, WritesTheShortestNumberThatReadsBack) {
+  for (const auto& [number, text] : std::vector<std::pair<double, std::string>>{
+           {0.1, "0.1"}, {1.0, "1"}, {-2.5, "-2.5"}, {1e300, "1e+300"}, {5e-324, "5e-324"}}) {
+    EXPECT_EQ(JsonWriter().number(number).result(), text);
+  }
+  JsonParser parser;
+  for (const double number : {0.1 + 0.2, DBL_MAX, DBL_MIN, 1.0 / 3, 123456789012345680.0}) {
+    EXPECT_EQ(parser.parse(JsonWriter().number(number).result()).asNumber(), number);
+  }
+}
+
+}  // namespace
+}  // namespace orrelo::test
