@@ -149,7 +149,8 @@ std::vector<double> measureAlone() {
     kit->save(event);
     kitTimes.push_back(std::chrono::duration<double>(kit->waitForCommits(1) - start).count());
   }
-  std::fprintf(stderr, "us: kit %.1f, plain %.1f\n", quantile(kitTimes, 0.5)*1e6, quantile(plainTimes, 0.5)*1e6);
+  std::fprintf(stderr, "us: kit %.1f, plain %.1f\n", quantile(kitTimes, 0.5) * 1e6,
+               quantile(plainTimes, 0.5) * 1e6);
   return {quantile(kitTimes, 0.5) / quantile(plainTimes, 0.5)};
 }
 

@@ -2,8 +2,8 @@
 // memory. Usage: orrelo-bench-initialize <data folder> <service URL> <certificate file>
 #include <orrelo/Orrelo.h>
 
-#include <chrono>
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <string>

@@ -38,7 +38,7 @@ class ORRELO_EXPORT IOrrelo {
   virtual void initialize(const ORLConfig& config) = 0;
   virtual void setUser(const std::optional<ORLUser>& user) = 0;
   virtual void sendEvent(std::string_view name) = 0;
-  virtual void sendEvent(std::string_view name, const EventValues& values) = 0;
+  virtual void sendEvent(std::string_view name, EventValues values) = 0;
 
   virtual void showHome(const std::shared_ptr<ViewController>& with) = 0;
   virtual void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) = 0;

@@ -64,9 +64,10 @@ class ORRELO_EXPORT Orrelo final {
   /// Reports what the user did. The event is of this moment and of the current user; it is stored and sent in
   /// the background, unless the service has switched the kit off or its configuration was never reached.
   static void sendEvent(std::string_view name);
-  /// The values become texts: see EventValue. Throws UnsupportedEventValueException for null, bytes and
-  /// unknown types at the top level. A collection that holds what JSON has no form for is left out.
-  static void sendEvent(std::string_view name, const EventValues& values);
+  /// The values become texts in the background; moving them in makes the call cheapest. Throws
+  /// UnsupportedEventValueException for null, bytes and unknown types at the top level. A collection that
+  /// holds what JSON has no form for is left out.
+  static void sendEvent(std::string_view name, EventValues values);
 
   static void showHome(const std::shared_ptr<ViewController>& with);
   static void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with);

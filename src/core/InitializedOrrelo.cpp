@@ -1,5 +1,9 @@
 #include "core/InitializedOrrelo.h"
 
+#include "core/base/Utf8.h"
+#include "core/model/UserManager.h"
+#include "platform/Clock.h"
+#include "platform/Random.h"
 #include "platform/WorkerPool.h"
 #include "reactive/Observable.h"
 
@@ -9,37 +13,45 @@
 
 namespace orrelo {
 
-void InitializedOrrelo::accept(Event event) {
+void InitializedOrrelo::accept(std::string name, EventValues values) {
+  const auto& platform = Platform::current();
+  Accepted accepted{currentUserId(), std::move(name), std::move(values), platform.clock->now()};
   {
     const std::lock_guard lock(mutex_);
-    accepted_.push_back(std::move(event));
+    accepted_.push_back(std::move(accepted));
     if (std::exchange(isScheduled_, true)) return;
   }
-  Platform::current().workers->post(QualityOfService::utility, [weak = weak_from_this()] {
+  platform.workers->post(QualityOfService::utility, [weak = weak_from_this()] {
     if (const auto self = weak.lock()) self->storeAccepted();
   });
 }
 
 void InitializedOrrelo::storeAccepted() {
+  std::vector<Accepted> accepted;
   while (true) {
-    std::vector<Event> events;
+    accepted.clear();  // its memory serves the next calls
     {
       const std::lock_guard lock(mutex_);
       if (accepted_.empty()) {
         isScheduled_ = false;
         return;
       }
-      std::swap(events, accepted_);
+      std::swap(accepted, accepted_);
     }
-    for (auto& event : events) {
-      component->configComponent()
-          .fetchConfigUseCase->fetch()
-          .filter([](const Config& config) { return config.sdkEnable; })
-          .subscribe([save = component->eventComponent().saveEventUseCase,
-                      event = std::move(event)](const Config&) { save.save(event); })
-          .disposedBy(disposeBag);
+    for (auto& each : accepted) {
+      store({Platform::current().random->uuid(), std::move(each.userId), utf8::repaired(each.name),
+             eventMapper.map(each.values), each.time});
     }
   }
+}
+
+void InitializedOrrelo::store(Event event) {
+  component->configComponent()
+      .fetchConfigUseCase->fetch()
+      .filter([](const Config& config) { return config.sdkEnable; })
+      .subscribe([save = component->eventComponent().saveEventUseCase,
+                  event = std::move(event)](const Config&) { save.save(event); })
+      .disposedBy(disposeBag);
 }
 
 }  // namespace orrelo

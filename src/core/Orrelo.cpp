@@ -67,7 +67,7 @@ void Orrelo::setUser(const std::optional<ORLUser>& user) {
     }
     values["user_id"] = user->userId();
     // Deliberately before the current user changes: the event goes out under the id of the user before.
-    sendEvent("ol_set_user_profile", values);
+    sendEvent("ol_set_user_profile", std::move(values));
   }
   const auto userId = user ? std::optional(utf8::repaired(user->userId())) : std::nullopt;
   UserManager().setUserId(userId);
@@ -78,14 +78,15 @@ void Orrelo::sendEvent(std::string_view name) {
   sendEvent(name, {});
 }
 
-void Orrelo::sendEvent(std::string_view name, const EventValues& values) {
+void Orrelo::sendEvent(std::string_view name, EventValues values) {
   log(LogLevel::TRACE, [&] {
     return "sendEvent(_: values:) is called with name:" + std::string(name) +
            " values:" + description(values);
   });
   const auto instance = initializedInstance("sendEvent(_:values:)");
   if (!instance) return;
-  instance->accept(makeEvent(utf8::repaired(name), instance->eventMapper.map(values)));
+  instance->eventMapper.requireSupported(values);
+  instance->accept(std::string(name), std::move(values));
 }
 
 void Orrelo::showHome(const std::shared_ptr<ViewController>&) {

@@ -11,8 +11,8 @@ class OrreloInterface final : public IOrrelo {
   void initialize(const ORLConfig& config) override { Orrelo::initialize(config); }
   void setUser(const std::optional<ORLUser>& user) override { Orrelo::setUser(user); }
   void sendEvent(std::string_view name) override { Orrelo::sendEvent(name); }
-  void sendEvent(std::string_view name, const EventValues& values) override {
-    Orrelo::sendEvent(name, values);
+  void sendEvent(std::string_view name, EventValues values) override {
+    Orrelo::sendEvent(name, std::move(values));
   }
   void showHome(const std::shared_ptr<ViewController>& with) override { Orrelo::showHome(with); }
   void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) override {

@@ -81,13 +81,19 @@ std::optional<std::string> jsonText(const Collection& collection) {
   return std::nullopt;
 }
 
-// The text of a value at the top level; nothing where its JSON failed.
+void requireSupportedValue(const EventValue& value) {
+  const auto& variant = value.variant();
+  if (std::holds_alternative<std::monostate>(variant)) throw UnsupportedEventValueException("Null");
+  if (std::holds_alternative<EventBytes>(variant)) throw UnsupportedEventValueException("Bytes");
+  if (const auto* const other = std::get_if<EventOther>(&variant)) {
+    throw UnsupportedEventValueException(other->typeName);
+  }
+}
+
+// The text of a supported value at the top level; nothing where its JSON failed.
 struct TextForm {
   using Text = std::optional<std::string>;
 
-  Text operator()(std::monostate) const { throw UnsupportedEventValueException("Null"); }
-  Text operator()(const EventBytes&) const { throw UnsupportedEventValueException("Bytes"); }
-  Text operator()(const EventOther& other) const { throw UnsupportedEventValueException(other.typeName); }
   Text operator()(bool value) const { return value ? "true" : "false"; }
   Text operator()(std::int64_t number) const { return numberText(number); }
   Text operator()(double number) const { return numberText(number); }
@@ -98,6 +104,10 @@ struct TextForm {
   Text operator()(const EventArray& array) const { return jsonText(array); }
   Text operator()(const EventSet& set) const { return jsonText(set.elements); }
   Text operator()(const EventDictionary& dictionary) const { return jsonText(dictionary); }
+  template <class Unsupported>
+  Text operator()(const Unsupported&) const {
+    return std::nullopt;
+  }
 };
 
 }  // namespace
@@ -105,10 +115,15 @@ struct TextForm {
 UnsupportedEventValueException::UnsupportedEventValueException(const std::string& typeName)
     : std::invalid_argument(typeName + " is not supported class"), name_("Not supported class") {}
 
+void OLSEventMapper::requireSupported(const EventValues& values) const {
+  for (const auto& [key, value] : values) requireSupportedValue(value);
+}
+
 StringDictionary OLSEventMapper::map(const EventValues& values) const {
   StringDictionary texts;
   texts.reserve(values.size());
   for (const auto& [key, value] : values) {
+    requireSupportedValue(value);
     if (auto text = std::visit(TextForm{}, value.variant())) texts.set(utf8::repaired(key), *std::move(text));
   }
   return texts;

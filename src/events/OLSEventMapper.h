@@ -13,6 +13,8 @@ class OLSEventMapper {
   /// Throws UnsupportedEventValueException for null, bytes and values of unknown types. A key whose value has
   /// no JSON form, such as an array with a date in it, is left out with a line on standard error.
   StringDictionary map(const EventValues& values) const;
+  /// Throws what `map` would, and does nothing else.
+  void requireSupported(const EventValues& values) const;
 };
 
 }  // namespace orrelo

@@ -85,13 +85,22 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
 
   void work(Worker& worker) {
     std::unique_lock lock(mutex);
+    bool hasYielded = false;
     while (!stopping) {
       promoteDue();
       auto task = takeFirst();
+      if (!task && !std::exchange(hasYielded, true)) {
+        // Whoever feeds the pool often has more: one turn for them is cheaper than being woken by them.
+        lock.unlock();
+        std::this_thread::yield();
+        lock.lock();
+        continue;
+      }
       if (!task) {
         sleep(worker, lock);
         continue;
       }
+      hasYielded = false;
       // While this worker is away another one has to see to the rest.
       const bool isNeeded = hasReady() || (!delayed.empty() && timekeeper == nullptr);
       auto* const other = isNeeded ? callWorker() : nullptr;

@@ -3,6 +3,7 @@
 #include "core/base/Utf8.h"
 #include "core/base/preconditionFailure.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -11,11 +12,21 @@
 namespace orrelo {
 namespace {
 
+// Unicode's white space: texts pasted from a document bring more than ASCII's.
+constexpr std::array<std::string_view, 25> blanks{
+    " ",      "\t",     "\n",     "\v",     "\f",     "\r",     "\u0085", "\u00A0", "\u1680",
+    "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",
+    "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"};
+
 std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\n\v\f\r";
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  const auto leads = [&text](std::string_view blank) { return text.starts_with(blank); };
+  const auto ends = [&text](std::string_view blank) { return text.ends_with(blank); };
+  for (auto blank = blanks.end();
+       (blank = std::find_if(blanks.begin(), blanks.end(), leads)) != blanks.end();)
+    text.remove_prefix(blank->size());
+  for (auto blank = blanks.end(); (blank = std::find_if(blanks.begin(), blanks.end(), ends)) != blanks.end();)
+    text.remove_suffix(blank->size());
+  return text;
 }
 
 std::uint32_t scanHex(std::string_view text) {

@@ -83,6 +83,7 @@ class JsonArray {
 class JsonParser {
  public:
   static constexpr std::size_t maximumSize = std::size_t{8} * 1024 * 1024;
+  /// Of arrays and objects that hold something; an empty one within the innermost of them is still read.
   static constexpr std::size_t maximumDepth = 512;
 
   /// Throws DecodingError dataCorrupted for what is no JSON, no UTF-8, larger or nested deeper than the
