@@ -54,13 +54,13 @@ class ORRELO_EXPORT Directories {
 /// The application that the kit is linked into, for the POSIX defaults.
 struct HostApplication {
   /// Names the folder of the kit's stores and goes to the service; the executable's name where it is empty.
-  std::string bundleIdentifier;
-  std::string shortVersion;
-  std::string bundleVersion;
+  std::string bundleIdentifier = {};
+  std::string shortVersion = {};
+  std::string bundleVersion = {};
   /// Empty: "$XDG_DATA_HOME/<bundle identifier>", else "~/.local/share/<bundle identifier>".
-  std::filesystem::path dataDirectory;
+  std::filesystem::path dataDirectory = {};
   /// Empty: "$XDG_CACHE_HOME/<bundle identifier>", else "~/.cache/<bundle identifier>".
-  std::filesystem::path cacheDirectory;
+  std::filesystem::path cacheDirectory = {};
 };
 
 /// Everything that the kit asks of a machine. Nothing in the kit reads the time, the disk, the network or a
