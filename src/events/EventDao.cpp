@@ -32,18 +32,6 @@ Error makeError(CoreDataError, std::string message) {
   return Error("CoreDataError", "invalidArgument", std::move(message));
 }
 
-Observable<Unit> EventDao::insert(const Event& event) const {
-  return reactive::create<Unit>(
-      [database = database, mapper = mapper, event](const AnyObserver<Unit>& observer) {
-        database->insert(mapper.toRow(event), [observer](const std::variant<std::monostate, Error>& result) {
-          if (const auto* const failure = std::get_if<Error>(&result)) return observer.onError(*failure);
-          observer.onNext({});
-          observer.onCompleted();
-        });
-        return reactive::Disposables::create();
-      });
-}
-
 Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit) const {
   const auto rows = operation<std::vector<EventRow>>(
       [database = database, limit](auto completion) { database->fetchOldest(limit, std::move(completion)); });

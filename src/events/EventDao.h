@@ -5,6 +5,7 @@
 #include "reactive/ObservableType.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace orrelo {
@@ -12,7 +13,7 @@ namespace orrelo {
 enum class CoreDataError { invalidArgument };
 Error makeError(CoreDataError error, std::string message);
 
-/// A store of events as streams. Each stream is cold, yields one element after the store has committed, and
+/// A store of events. Each stream is cold, yields one element after the store has committed, and
 /// completes; the element comes on the stores' own thread. Disposing of a stream does not take back what has
 /// begun.
 class EventDao {
@@ -20,7 +21,11 @@ class EventDao {
   EventDao(std::shared_ptr<EventDatabase> eventDatabase, EventTimeStorage timeStorage)
       : database(std::move(eventDatabase)), mapper(timeStorage) {}
 
-  reactive::Observable<reactive::Unit> insert(const Event& event) const;
+  /// The one operation that is a callback: it comes by the hundred thousand, and a stream for each would cost
+  /// more than the rows. `completion` runs on the stores' thread, after the commit.
+  void insert(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
+    database->insert(mapper.toRow(event), std::move(completion));
+  }
   /// By time, the oldest first. A row that is no event stops the process: the store is the kit's own.
   reactive::Observable<std::vector<Event>> fetchOldest(std::size_t limit) const;
   /// CoreDataError invalidArgument where no row has the event's id.

@@ -19,8 +19,9 @@ std::shared_ptr<EventPipeline> EventPipeline::create(EventDao dao, Options optio
 }
 
 void EventPipeline::save(const Event& event) {
-  dao_.insert(event).subscribe([weak = weak_from_this()](const Unit& signal) {
-    if (const auto self = weak.lock()) self->queueSource_.onNext(signal);
+  dao_.insert(event, [weak = weak_from_this()](const auto& result) {
+    if (result.index() != 0) return;
+    if (const auto self = weak.lock()) self->queueSource_.onNext({});
   });
 }
 
@@ -28,7 +29,8 @@ void EventPipeline::start() {
   const auto weak = weak_from_this();
   const auto gone = makeError(ReferenceError::deallocated);
   queueSource_.asObservable()
-      .observeOn(options_.concurrentScheduler)  // a signal comes on the stores' thread, which must not wait for us
+      .observeOn(
+          options_.concurrentScheduler)  // a signal comes on the stores' thread, which must not wait for us
       .buffer(options_.timeSpan, options_.count, options_.mainScheduler)
       .map([](const std::vector<Unit>&) { return Unit{}; })  // a tick is a tick, however many signals made it
       .subscribeOn(options_.concurrentScheduler)

@@ -22,6 +22,14 @@ class EventDaoTest : public testing::TestWithParam<EventTimeStorage> {
     return result;
   }
 
+  void insert(const Event& event) {
+    bool isStored = false;
+    dao_.insert(event, [&](const auto& result) { isStored = result.index() == 0; });
+    EXPECT_FALSE(isStored);
+    platform_.loop->run();
+    EXPECT_TRUE(isStored);
+  }
+
   Event event(const std::string& name, std::chrono::microseconds offset) {
     return {Platform::current().random->uuid(),
             "유저",
@@ -45,8 +53,8 @@ TEST_P(EventDaoTest, GivesBackWhatWasInsertedOldestFirst) {
   const auto later = event("later", std::chrono::seconds(2));
   auto earlier = event("earlier", std::chrono::seconds(1));
   earlier.userId.reset();
-  result(dao_.insert(later));
-  result(dao_.insert(earlier));
+  insert(later);
+  insert(earlier);
   EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::ElementsAre(earlier, later));
   EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(1))), testing::ElementsAre(earlier));
 }
@@ -55,7 +63,7 @@ TEST_P(EventDaoTest, RemovesByIdInListsAndByAge) {
   std::vector<Event> events;
   for (int i = 0; i < 5; ++i) {
     events.push_back(event("e", std::chrono::seconds(i)));
-    result(dao_.insert(events.back()));
+    insert(events.back());
   }
   EXPECT_EQ(result(dao_.remove(events[2])).index(), 1u);
   const auto missing = result(dao_.remove(events[2]));
@@ -70,12 +78,15 @@ TEST_P(EventDaoTest, RemovesByIdInListsAndByAge) {
 }
 
 TEST_P(EventDaoTest, NothingRunsBeforeTheSubscription) {
-  const auto insert = dao_.insert(event("e", {}));
+  insert(event("e", {}));
+  const auto removal = dao_.removeUpTo(platform_.clock->now());
   platform_.loop->run();
+  EXPECT_EQ(std::get<1>(result(dao_.fetchOldest(10))).size(), 1u);
+  result(removal);
   EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::IsEmpty());
-  result(insert);
-  result(insert);
-  EXPECT_EQ(std::get<1>(result(dao_.fetchOldest(10))).size(), 2u);
+  insert(event("e", {}));
+  result(removal);
+  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::IsEmpty());
 }
 
 TEST_P(EventDaoTest, ARowThatIsNoEventStopsTheProcess) {
