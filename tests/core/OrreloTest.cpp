@@ -6,6 +6,7 @@
 #include <orrelo/Orrelo.h>
 
 #include <gmock/gmock.h>
+#include <mutex>
 #include <thread>
 
 namespace orrelo::test {
@@ -19,7 +20,10 @@ using testing::EndsWith;
 class OrreloTest : public testing::Test {
  protected:
   OrreloTest() {
-    setLogSink([this](std::string_view line) { log_.emplace_back(line); });
+    setLogSink([this](std::string_view line) {
+      const std::lock_guard lock(logMutex_);
+      log_.emplace_back(line);
+    });
     platform_.session->responder = [this](const URLRequest& request) {
       if (request.url.path().ends_with("/config")) return configReply_;
       return std::optional(ScriptedURLSession::reply(200));
@@ -47,6 +51,7 @@ class OrreloTest : public testing::Test {
 
   TestPlatform platform_;
   std::optional<URLSessionResult> configReply_ = ScriptedURLSession::reply(200, configReply());
+  std::mutex logMutex_;
   std::vector<std::string> log_;
 };
 
