@@ -23,6 +23,15 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
+// One line, whatever the value holds: what comes from a host cannot add headers of its own.
+std::string headerLine(const std::string& name, std::string value) {
+  std::replace_if(
+      value.begin(), value.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+  const auto rest = trimmed(value);
+  if (rest.empty()) return name + ";";  // curl's way to send a header whose value is empty
+  return (name + ": ").append(rest);
+}
+
 bool isRedirect(long status) {
   return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
@@ -113,7 +122,12 @@ CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {
   curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "");
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, static_cast<long>(std::max<std::int64_t>(1, remaining)));
-  if (trusted) curl_easy_setopt(easy, CURLOPT_CAINFO, trusted->certificateFile.c_str());
+  // A name that takes long to resolve must not hold up the other requests when its own is given up.
+  curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
+  if (trusted) {
+    curl_easy_setopt(easy, CURLOPT_CAINFO, trusted->certificateFile.c_str());
+    curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);  // else the system's stay trusted beside it
+  }
 
   // The path is sent as it was given, without "." and ".." being resolved.
   curl_easy_setopt(easy, CURLOPT_PATH_AS_IS, 1L);
@@ -140,8 +154,7 @@ void CurlTransfer::setHeaders() {
   bool hasContentType = false;
   for (const auto& [name, value] : request_.headers) {
     hasContentType = hasContentType || lowercased(name) == "content-type";
-    // "Name;" is curl's way to send a header whose value is empty.
-    list = curl_slist_append(list, (value.empty() ? name + ";" : name + ": " + value).c_str());
+    list = curl_slist_append(list, headerLine(name, value).c_str());
   }
   if (!hasContentType) list = curl_slist_append(list, "Content-Type:");
   headerList_.reset(list);

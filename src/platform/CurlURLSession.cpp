@@ -30,6 +30,7 @@ void initializeCurl() {
   static const bool initialized = [] {
     OPENSSL_init_crypto(OPENSSL_INIT_NO_ATEXIT, nullptr);
     curl_global_init(CURL_GLOBAL_DEFAULT);
+    isExiting();  // from here on it is known
     std::atexit([] { curlTurn().lock(); });
     return true;
   }();
@@ -46,9 +47,7 @@ class Engine {
   }
 
   ~Engine() {
-    for (const auto& [easy, transfer] : running_) curl_multi_remove_handle(multi_, easy);
-    running_.clear();
-    curl_multi_cleanup(multi_);
+    if (multi_ != nullptr) curl_multi_cleanup(multi_);
   }
 
   void start(std::shared_ptr<CurlTransfer> transfer) {
@@ -63,10 +62,8 @@ class Engine {
   void wake() { curl_multi_wakeup(multi_); }
 
   void stop() {
-    {
-      const std::lock_guard lock(mutex_);
-      stopping_ = true;
-    }
+    const std::lock_guard lock(mutex_);  // the thread must not see it, and clean up, before it is woken
+    stopping_ = true;
     curl_multi_wakeup(multi_);
   }
 
@@ -88,14 +85,25 @@ class Engine {
       finishDone();
       {
         const std::lock_guard lock(mutex_);
-        if (stopping_) return;
+        if (stopping_) break;
         if (!starting_.empty()) continue;
       }
       curl_multi_poll(multi_, nullptr, 0, 60'000, nullptr);
     }
+    closeConnections();
   }
 
  private:
+  // On the network's thread: what is written to a connection that its server has left raises SIGPIPE, which
+  // this thread alone takes no notice of.
+  void closeConnections() {
+    std::map<CURL*, std::shared_ptr<CurlTransfer>> left;  // their completions are let go outside the turn
+    const std::lock_guard turn(curlTurn());
+    std::swap(left, running_);
+    for (const auto& [easy, transfer] : left) curl_multi_remove_handle(multi_, easy);
+    curl_multi_cleanup(std::exchange(multi_, nullptr));
+  }
+
   void startNew() {
     std::vector<std::shared_ptr<CurlTransfer>> starting;
     {
@@ -173,17 +181,27 @@ class LazyEngine {
   ~LazyEngine() {
     if (!engine_) return;
     engine_->stop();
-    finish(thread_);
+    if (isExiting()) {
+      thread_.detach();  // it may wait for a turn that does not come any more
+    } else {
+      finish(thread_);
+    }
   }
 
   std::shared_ptr<Engine> get() {
     const std::lock_guard lock(mutex_);
     if (!engine_) {
-      engine_ = std::make_shared<Engine>();
-      for (auto& trusted : trusted_) engine_->trust(std::move(trusted));
-      thread_ = startKitThread("orrelo-network", [engine = engine_] { engine->run(); });
+      const auto engine = std::make_shared<Engine>();
+      for (const auto& trusted : trusted_) engine->trust(trusted);
+      thread_ = startKitThread("orrelo-network", [engine] { engine->run(); });
+      engine_ = engine;  // once it has its thread; without one, the next request tries again
     }
     return engine_;
+  }
+
+  void wake() {
+    const std::lock_guard lock(mutex_);
+    if (engine_) engine_->wake();
   }
 
   void trust(TrustedOrigin trusted) {
@@ -213,7 +231,7 @@ class CurlURLSessionTask final : public URLSessionTask {
 
   void cancel() override {
     transfer_->cancel();
-    engine_->get()->wake();
+    engine_->wake();
   }
 
  private:

@@ -41,9 +41,9 @@ TEST(Utf8Test, RepairsWhatIsMalformedAndNothingElse) {
        "b",
        "a" + mark + "b"},
       {"\x80", mark},
-      {"\xC3", mark},                         // cut off
-      {"\xC0\xAF", mark + mark},              // overlong
-      {"\xED\xA0\x80", mark + mark + mark},   // a surrogate
+      {"\xC3", mark},                                   // cut off
+      {"\xC0\xAF", mark + mark},                        // overlong
+      {"\xED\xA0\x80", mark + mark + mark},             // a surrogate
       {"\xF4\x90\x80\x80", mark + mark + mark + mark},  // beyond U+10FFFF
       {"\xE3\x81x", mark + mark + "x"},
       {"\xF0\x9F\x98\x80\xF0\x9F", "😀" + mark + mark},

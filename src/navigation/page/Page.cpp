@@ -67,15 +67,18 @@ Page Page::fromPageEntry(const JsonObject& component) {
 Page Page::decode(const JsonValue& json) {
   const auto object = json.objectValue();
   std::optional<std::pair<std::string_view, JsonValue>> only;
-  std::size_t known = 0;
+  bool hasOthers = false;
   object.forEach([&](std::string_view key, JsonValue value) {
     const bool isFixed = std::any_of(fixedPages.begin(), fixedPages.end(),
                                      [key](const auto& each) { return each.first == key; });
     if (!isFixed && key != "deepLink" && key != "campaign") return;
-    ++known;
-    only.emplace(key, value);
+    if (!only) {
+      only.emplace(key, value);
+    } else if (key != only->first) {  // of a doubled key the first counts
+      hasOthers = true;
+    }
   });
-  if (known != 1) {
+  if (!only || hasOthers) {
     throw makeError(DecodingError::typeMismatch, "Invalid number of keys found, expected one.");
   }
   const auto payload = only->second.objectValue();

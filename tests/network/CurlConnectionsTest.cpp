@@ -1,0 +1,127 @@
+#include "RawServer.h"
+#include "SessionFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+// What can only be seen on the wire, over plain HTTP.
+class CurlConnectionsTest : public SessionFixture {};
+
+TEST_F(CurlConnectionsTest, AHeaderValueIsOneLine) {
+  RawServer server([](const std::string& request) { return RawServer::reply(request); });
+  auto sent = request(server.url("/a/../b"));
+  sent.headers = {{"buid", std::string("a\r\nEvil: 1\n\r\n\0b\t", 17)}, {"empty", "\r\n"}};
+  const auto head = outcome(sent);
+  EXPECT_THAT(head, testing::HasSubstr("GET /a/../b HTTP/1.1\r\n"));
+  EXPECT_THAT(head, testing::HasSubstr("\r\nbuid: a  Evil: 1    b\r\n"));
+  EXPECT_THAT(head, testing::ContainsRegex("\r\nempty: *\r\n"));
+  EXPECT_THAT(head, testing::Not(testing::HasSubstr("\nEvil")));
+}
+
+TEST_F(CurlConnectionsTest, WhatIsNoHttpHasNoResponse) {
+  for (const std::string bytes : {"SSH-2.0-server\r\n\r\n", "{\"json\":1}"}) {
+    std::string answer = bytes;
+    RawServer server([&](const std::string&) { return answer; });
+    EXPECT_EQ(outcome(request(server.url())), "none") << bytes;
+  }
+  for (const auto& [answer, expected] : std::vector<std::pair<std::string, std::string>>{
+           {"HTTP/1.1 200 OK\r\nX: a\r\nx: b\r\nContent-Length: 2\r\n\r\nok", "200 ok"},
+           {"HTTP/1.1 100 Continue\r\nA: 1\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok", "200 ok"},
+           {"HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 3\r\n\r\nabc",
+            "cannotDecodeContentData"}}) {
+    RawServer server([&](const std::string&) { return answer; });
+    const auto result = run(request(server.url()));
+    EXPECT_EQ(text(result), expected);
+    EXPECT_FALSE(result.response && result.response->headers.contains("a")) << "of an interim reply";
+  }
+}
+
+TEST_F(CurlConnectionsTest, AConnectionServesOneRequestAfterAnother) {
+  RawServer server([](const std::string&) { return RawServer::reply("ok"); });
+  for (int i = 0; i < 20; ++i) ASSERT_EQ(outcome(request(server.url())), "200 ok");
+  EXPECT_EQ(server.connectionCount(), 1U);
+}
+
+TEST_F(CurlConnectionsTest, ManyRequestsShareSixConnections) {
+  std::promise<void> gate;
+  const std::shared_future<void> opened = gate.get_future().share();
+  RawServer server([opened](const std::string& request) {
+    opened.wait();
+    return RawServer::reply(request.substr(0, request.find(" HTTP")));
+  });
+  std::vector<Reply> replies;
+  for (int i = 0; i < 64; ++i) replies.push_back(start(request(server.url("/" + std::to_string(i)))));
+  ASSERT_TRUE(server.waitForRequests(6));
+  gate.set_value();
+  for (int i = 0; i < 64; ++i) {
+    EXPECT_EQ(text(wait(std::move(replies[static_cast<std::size_t>(i)]))), "200 GET /" + std::to_string(i));
+  }
+  EXPECT_EQ(server.connectionCount(), 6U);
+}
+
+TEST_F(CurlConnectionsTest, EightThreadsAskAndCancelAtOnce) {
+  RawServer server([](const std::string& request) { return RawServer::reply(request.substr(0, 4)); });
+  std::vector<std::jthread> threads;
+  for (int thread = 0; thread < 8; ++thread) {
+    threads.emplace_back([&, thread] {
+      for (int i = 0; i < 25; ++i) {
+        const auto dropped = session_->dataTask(request(server.url()), [](const auto&) {});
+        dropped->resume();
+        session_->trust("https://host" + std::to_string(thread), "/none.pem");
+        EXPECT_EQ(outcome(post(server.url(), std::string(1000, 'x'))), "200 POST");
+        dropped->cancel();
+      }
+    });
+  }
+  threads.clear();
+  EXPECT_LE(server.connectionCount(), 8U * 25);
+}
+
+TEST_F(CurlConnectionsTest, TheServerSeesACancelledRequestGo) {
+  RawServer server([](const std::string&) { return std::string(); });
+  const auto unsent = session_->dataTask(request(server.url()), [](const auto&) { FAIL(); });
+  unsent->cancel();
+  unsent->resume();
+  const auto task = session_->dataTask(request(server.url()), [](const auto&) { FAIL(); });
+  task->resume();
+  ASSERT_TRUE(server.waitForRequests(1));
+  task->cancel();
+  EXPECT_TRUE(server.waitForClosed(1));
+  task->cancel();
+  EXPECT_EQ(server.connectionCount(), 1U);
+}
+
+TEST_F(CurlConnectionsTest, ASessionMayGoWhileRequestsHang) {
+  RawServer server([](const std::string&) { return std::string(); });
+  const auto token = std::make_shared<int>();
+  for (int i = 0; i < 10; ++i) {
+    session_->dataTask(request(server.url()), [token](const auto&) { FAIL(); })->resume();
+  }
+  ASSERT_TRUE(server.waitForRequests(6));
+  session_.reset();
+  EXPECT_TRUE(server.waitForClosed(6));
+  EXPECT_EQ(token.use_count(), 1);
+}
+
+TEST_F(CurlConnectionsTest, ACompletionMayStartARequestOrEndTheSession) {
+  RawServer server([](const std::string&) { return RawServer::reply("ok"); });
+  std::promise<std::string> last;
+  auto* const session = session_.get();
+  const auto first = session->dataTask(request(server.url()), [&](const auto&) {
+    session
+        ->dataTask(request(server.url()),
+                   [&](const URLSessionResult& result) {
+                     session_.reset();
+                     last.set_value(text(result));
+                   })
+        ->resume();
+    throw std::runtime_error("a completion's own trouble");
+  });
+  first->resume();
+  EXPECT_EQ(last.get_future().get(), "200 ok");
+}
+
+}  // namespace
+}  // namespace orrelo::test

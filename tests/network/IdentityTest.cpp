@@ -1,0 +1,123 @@
+#include "network/HttpHeaderGenerator.h"
+#include "network/KelsoMutator.h"
+#include "network/NetworkConfig.h"
+#include "support/TestPlatform.h"
+
+#include <gmock/gmock.h>
+#include <set>
+#include <string>
+
+namespace orrelo::test {
+namespace {
+
+constexpr auto deviceIdKey = "orl_user_default_key_kelso_uuid";
+
+TEST(KelsoMutatorTest, AStoredNumberChoosesTheService) {
+  const auto suite = std::make_shared<MemoryDefaults>();
+  const auto url = [&suite] { return KelsoMutator(suite).serviceUrl(); };
+  const auto production = url();
+  EXPECT_EQ(KelsoMutator(nullptr).serviceUrl(), production);
+  for (const std::int64_t selector : {0, -1, 4, 7}) {
+    suite->set("ORRELO_SERVICE_URL", selector);
+    EXPECT_EQ(url(), production) << selector;
+  }
+  for (const DefaultsValue& other :
+       {DefaultsValue(std::string("1")), DefaultsValue(true), DefaultsValue(1.0)}) {
+    suite->set("ORRELO_SERVICE_URL", other);
+    EXPECT_EQ(url(), production);
+  }
+  std::set<std::string> urls{production};
+  for (const std::int64_t selector : {1, 2, 3}) {
+    suite->set("ORRELO_SERVICE_URL", selector);
+    EXPECT_TRUE(urls.insert(url()).second);
+  }
+  for (const auto& each : urls) EXPECT_THAT(each, testing::StartsWith("https://"));
+}
+
+TEST(KelsoMutatorTest, OnlyDevelopmentHasAHostAndACertificateOfItsOwn) {
+  const auto suite = std::make_shared<MemoryDefaults>();
+  const KelsoMutator mutator(suite);
+  suite->set("ORRELO_DEVELOPMENT_URL", std::string("https://localhost:1234"));
+  suite->set("ORRELO_DEVELOPMENT_CA", std::string("/ca.pem"));
+  for (const std::int64_t selector : {0, 1, 2}) {
+    suite->set("ORRELO_SERVICE_URL", selector);
+    EXPECT_NE(mutator.serviceUrl(), "https://localhost:1234");
+    EXPECT_FALSE(mutator.certificateFile());
+  }
+  suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
+  EXPECT_EQ(mutator.serviceUrl(), "https://localhost:1234");
+  EXPECT_EQ(mutator.certificateFile(), "/ca.pem");
+  for (const std::string bad : {"http://localhost:1234", "localhost", "https://", "https://a b", ""}) {
+    suite->set("ORRELO_DEVELOPMENT_URL", bad);
+    EXPECT_EQ(mutator.serviceUrl(), "https://localhost:9443") << bad;
+  }
+}
+
+class HttpHeaderGeneratorTest : public testing::Test {
+ protected:
+  void install(std::shared_ptr<Bundle> main, std::shared_ptr<Bundle> kit) {
+    auto changed = Platform::current();
+    changed.mainBundle = std::move(main);
+    changed.kitBundle = std::move(kit);
+    Platform::install(changed);
+  }
+  HTTPHeaders headers(const std::string& appKey = "app") {
+    return HttpHeaderGenerator(platform_.defaults->suite(appKey)).generate();
+  }
+
+  TestPlatform platform_;
+};
+
+TEST_F(HttpHeaderGeneratorTest, TellsNineThings) {
+  const auto made = headers();
+  const auto id = platform_.defaults->suite("app")->text(deviceIdKey);
+  ASSERT_TRUE(id);
+  const HTTPHeaders expected{{"Kelso-UUID", *id},
+                             {"sdk_version", "1.0.0"},
+                             {"sdk_build_number", "1"},
+                             {"os_version", "12"},
+                             {"locale", "ko_KR"},
+                             {"timezone", "Asia/Seoul"},
+                             {"app_name", "com.example.shop"},
+                             {"app_version", "2.1"},
+                             {"app_version_code", "21"}};
+  EXPECT_EQ(made, expected);
+  auto withType = expected;
+  withType["Content-Type"] = "application/json";
+  EXPECT_EQ(withJsonContentType(made), withType);
+}
+
+TEST_F(HttpHeaderGeneratorTest, WhatIsNotKnownIsLeftOutOrEmpty) {
+  const auto unknown = std::make_shared<FixedBundle>(std::nullopt);
+  const auto empty = std::make_shared<FixedBundle>(std::map<std::string, std::string>{});
+  install(unknown, unknown);
+  for (const auto* const absent :
+       {"sdk_version", "sdk_build_number", "app_name", "app_version", "app_version_code"}) {
+    EXPECT_EQ(headers().count(absent), 0U) << absent;
+  }
+  EXPECT_EQ(headers().size(), 4U);
+  install(empty, empty);
+  for (const auto* const blank : {"app_name", "app_version", "app_version_code"}) {
+    EXPECT_EQ(headers().at(blank), "") << blank;
+  }
+  EXPECT_EQ(headers().size(), 7U);
+}
+
+TEST_F(HttpHeaderGeneratorTest, TheDeviceIdIsMadeOncePerAppKey) {
+  const auto suite = platform_.defaults->suite("app");
+  suite->set(deviceIdKey, std::string("stored"));
+  EXPECT_EQ(headers().at("Kelso-UUID"), "stored");
+  EXPECT_EQ(suite->text(deviceIdKey), "stored");
+
+  const auto other = headers("other").at("Kelso-UUID");
+  EXPECT_TRUE(Uuid::parse(other)) << other;
+  EXPECT_EQ(headers("other").at("Kelso-UUID"), other);
+  EXPECT_NE(headers("third").at("Kelso-UUID"), other);
+
+  suite->set(deviceIdKey, std::int64_t{5});  // no text: it counts as missing
+  EXPECT_TRUE(Uuid::parse(headers().at("Kelso-UUID")));
+  EXPECT_EQ(headers().at("Kelso-UUID"), suite->text(deviceIdKey));
+}
+
+}  // namespace
+}  // namespace orrelo::test
