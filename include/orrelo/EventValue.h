@@ -53,7 +53,7 @@ class ORRELO_EXPORT EventValue {
   EventValue(std::nullptr_t) {}
   EventValue(std::same_as<bool> auto value) : value_(value) {}
   template <std::integral Integer>
-  requires(!std::same_as<Integer, bool>) EventValue(Integer value)
+  requires(!std::same_as<Integer, bool> && !std::same_as<Integer, char>) EventValue(Integer value)
       : value_(static_cast<std::int64_t>(value)) {}
   EventValue(std::floating_point auto value) : value_(static_cast<double>(value)) {}
   EventValue(const char* text) : value_(std::string(text)) {}

@@ -59,6 +59,7 @@ class ORRELO_EXPORT Orrelo final {
   /// the event "ol_set_user_profile" with the user's properties, "user_id", and "opt_in_marketing" where that
   /// is known; it goes out under the id of the user before. Before `initialize` the event is dropped with a
   /// log line.
+  /// Throws as `sendEvent` does, and then leaves the user as it was.
   static void setUser(const std::optional<ORLUser>& user);
 
   /// Reports what the user did. The event is of this moment and of the current user; it is stored and sent in

@@ -3,6 +3,7 @@
 #include "core/base/Utf8.h"
 #include "core/model/UserManager.h"
 #include "platform/Clock.h"
+#include "platform/KitThread.h"
 #include "platform/Random.h"
 #include "platform/WorkerPool.h"
 #include "reactive/Observable.h"
@@ -39,8 +40,10 @@ void InitializedOrrelo::storeAccepted() {
       std::swap(accepted, accepted_);
     }
     for (auto& each : accepted) {
-      store({Platform::current().random->uuid(), std::move(each.userId), utf8::repaired(each.name),
-             eventMapper.map(each.values), each.time});
+      runGuarded([&] {  // one event that fails must not stop those behind it
+        store({Platform::current().random->uuid(), std::move(each.userId), utf8::repaired(each.name),
+               eventMapper.map(each.values), each.time});
+      });
     }
   }
 }

@@ -9,7 +9,9 @@ namespace {
 
 std::optional<StringDictionary> valuesOf(const std::optional<std::string>& json) {
   if (!json) return std::nullopt;
-  static thread_local JsonParser parser;
+  // The host's own values, not the service's: whatever could be stored must be readable.
+  constexpr std::size_t largestRow = std::size_t{1} << 30;
+  static thread_local JsonParser parser(largestRow);
   try {
     StringDictionary values;
     bool areTexts = true;

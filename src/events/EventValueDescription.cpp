@@ -8,7 +8,15 @@
 namespace orrelo {
 namespace {
 
+constexpr int deepest = 16;
+
 struct Description {
+  int depth = 0;
+
+  std::string of(const EventValue& value) const {
+    return depth == deepest ? "…" : std::visit(Description{depth + 1}, value.variant());
+  }
+
   std::string operator()(std::monostate) const { return "<null>"; }
   std::string operator()(bool value) const { return value ? "true" : "false"; }
   std::string operator()(std::int64_t number) const { return std::to_string(number); }
@@ -22,7 +30,7 @@ struct Description {
   std::string operator()(const Url& url) const { return url.text(); }
   std::string operator()(const EventArray& array) const {
     std::string text = "[";
-    for (const auto& element : array) text += (text.size() > 1 ? ", " : "") + description(element);
+    for (const auto& element : array) text += (text.size() > 1 ? ", " : "") + of(element);
     return text + "]";
   }
   std::string operator()(const EventSet& set) const { return (*this)(set.elements); }
@@ -30,7 +38,7 @@ struct Description {
     if (dictionary.empty()) return "[:]";
     std::string text = "[";
     for (const auto& [key, value] : dictionary) {
-      text += (text.size() > 1 ? ", \"" : "\"") + key + "\": " + description(value);
+      text += (text.size() > 1 ? ", \"" : "\"") + key + "\": " + of(value);
     }
     return text + "]";
   }
@@ -40,9 +48,7 @@ struct Description {
 
 }  // namespace
 
-std::string description(const EventValue& value) {
-  return std::visit(Description{}, value.variant());
-}
+std::string description(const EventArray& values) { return Description{}(values); }
 
 std::string description(const EventValues& values) {
   return Description{}(values);

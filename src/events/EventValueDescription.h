@@ -7,7 +7,8 @@
 namespace orrelo {
 
 /// For log lines: texts in quotes, "[1, 2]", "["key": "value"]" in the order of the keys, "[:]" for no keys.
-std::string description(const EventValue& value);
+/// What is nested deeper than a log line is read for is "…".
+std::string description(const EventArray& values);
 std::string description(const EventValues& values);
 
 }  // namespace orrelo

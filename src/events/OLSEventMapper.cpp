@@ -77,7 +77,7 @@ template <class Collection>
 std::optional<std::string> jsonText(const Collection& collection) {
   JsonWriter json;
   if (JsonForm(json).writeAs(collection)) return std::move(json).result();
-  std::fprintf(stderr, "%s is invalid JSON\n", description(EventValue(collection)).c_str());
+  std::fprintf(stderr, "%s is invalid JSON\n", description(collection).c_str());
   return std::nullopt;
 }
 

@@ -20,9 +20,8 @@ using HTTPHeaders = std::map<std::string, std::string>;
 struct URLRequest {
   Url url;
   std::string method = "GET";
-  /// Sent as given, empty values too, but for control characters, which become blanks, and blanks at the ends.
-  /// "buid" and the kit's own headers are dropped when a redirect leaves the
-  /// host.
+  /// Sent as given, empty values too, but for control characters, which become blanks, and blanks at the
+  /// ends. "buid" and the kit's own headers are dropped when a redirect leaves the host.
   HTTPHeaders headers = {};
   std::optional<std::string> body = {};
   /// From the start to the last byte.

@@ -88,7 +88,11 @@ TEST_F(HttpHeaderGeneratorTest, TellsNineThings) {
 }
 
 TEST_F(HttpHeaderGeneratorTest, WhatIsNotKnownIsLeftOutOrEmpty) {
-  const auto unknown = std::make_shared<FixedBundle>(std::nullopt);
+  class NoBundle final : public Bundle {
+    bool hasInfoDictionary() const override { return false; }
+    std::optional<std::string> info(std::string_view) const override { return std::nullopt; }
+  };
+  const auto unknown = std::make_shared<NoBundle>();
   const auto empty = std::make_shared<FixedBundle>(std::map<std::string, std::string>{});
   install(unknown, unknown);
   for (const auto* const absent :

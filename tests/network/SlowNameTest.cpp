@@ -39,6 +39,7 @@ namespace {
 using SlowNameTest = SessionFixture;
 
 TEST_F(SlowNameTest, ARequestGivenUpWhileItsNameResolvesHoldsUpNoOther) {
+  names() = {};
   RawServer server([](const std::string&) { return RawServer::reply("ok"); });
   const auto task = session_->dataTask(request("http://host.slow/"), [](const auto&) { FAIL(); });
   task->resume();

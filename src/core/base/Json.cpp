@@ -107,10 +107,11 @@ std::optional<std::string> JsonObject::optionalText(std::string_view key) const 
 }
 
 JsonValue JsonParser::parse(std::string_view bytes) {
-  if (bytes.size() > maximumSize) throw makeError(DecodingError::dataCorrupted, "The document is too large.");
+  if (bytes.size() > maximum_) throw makeError(DecodingError::dataCorrupted, "The document is too large.");
+  if (bytes.empty()) throw makeError(DecodingError::dataCorrupted, "The document is empty.");
   if (bytes.size() > capacity_ || capacity_ == 0) {
     // The library counts the document itself as a level.
-    const auto wanted = std::clamp(bytes.size() * 2, std::size_t{1024}, maximumSize);
+    const auto wanted = std::clamp(bytes.size() * 2, std::size_t{1024}, maximum_);
     if (parser_.allocate(wanted, maximumDepth + 1) != simdjson::SUCCESS) {
       throw makeError(DecodingError::dataCorrupted, "There is no memory for the document.");
     }

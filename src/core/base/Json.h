@@ -86,12 +86,16 @@ class JsonParser {
   /// Of arrays and objects that hold something; an empty one within the innermost of them is still read.
   static constexpr std::size_t maximumDepth = 512;
 
+  /// Documents of up to `maximum` bytes.
+  explicit JsonParser(std::size_t maximum = maximumSize) : maximum_(maximum), parser_(maximum) {}
+
   /// Throws DecodingError dataCorrupted for what is no JSON, no UTF-8, larger or nested deeper than the
   /// maxima.
   JsonValue parse(std::string_view bytes);
 
  private:
-  simdjson::dom::parser parser_{maximumSize};
+  std::size_t maximum_;
+  simdjson::dom::parser parser_;
   std::size_t capacity_ = 0;
 };
 
