@@ -19,9 +19,9 @@ std::optional<Number> numberOf(std::string_view text) {
 std::optional<Date> dateOf(const std::string& text) {
   int year = 0;
   unsigned month = 0, day = 0, hour = 0, minute = 0, second = 0;
-  if (std::sscanf(text.c_str(), "%d-%u-%uT%u:%u:%u", &year, &month, &day, &hour, &minute, &second) != 6) {
-    return std::nullopt;
-  }
+  int length = 0;
+  std::sscanf(text.c_str(), "%d-%u-%uT%u:%u:%uZ%n", &year, &month, &day, &hour, &minute, &second, &length);
+  if (length == 0 || static_cast<std::size_t>(length) != text.size()) return std::nullopt;
   using namespace std::chrono;
   const year_month_day date{std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)};
   if (!date.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;

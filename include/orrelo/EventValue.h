@@ -40,6 +40,11 @@ struct EventOther {
   std::string typeName;
 };
 
+template <class T>
+inline constexpr bool IsCharacter =
+    std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
+    std::same_as<T, char16_t> || std::same_as<T, char32_t>;
+
 /// One value of a host event. Null, bytes and other are carried, so that a host can hand over what it has,
 /// but an event that holds one of them at its top level is refused (see Orrelo::sendEvent).
 ///
@@ -52,9 +57,11 @@ class ORRELO_EXPORT EventValue {
   EventValue() = default;
   EventValue(std::nullptr_t) {}
   EventValue(std::same_as<bool> auto value) : value_(value) {}
+  /// A number beyond 64 signed bits is kept as the text of its digits.
   template <std::integral Integer>
-  requires(!std::same_as<Integer, bool> && !std::same_as<Integer, char>) EventValue(Integer value)
-      : value_(static_cast<std::int64_t>(value)) {}
+  requires(!std::same_as<Integer, bool> && !IsCharacter<Integer>) EventValue(Integer value)
+      : value_(std::in_range<std::int64_t>(value) ? Variant(static_cast<std::int64_t>(value))
+                                                  : Variant(std::to_string(value))) {}
   EventValue(std::floating_point auto value) : value_(static_cast<double>(value)) {}
   EventValue(const char* text) : value_(std::string(text)) {}
   EventValue(std::string_view text) : value_(std::string(text)) {}

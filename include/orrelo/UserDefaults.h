@@ -26,6 +26,8 @@ class ORRELO_EXPORT UserDefaults {
   virtual ~UserDefaults() = default;
 
   virtual std::optional<DefaultsValue> value(std::string_view key) const = 0;
+  /// False while what was stored cannot be read: values may seem to be missing that are not.
+  virtual bool isReadable() const { return true; }
   virtual void set(std::string_view key, DefaultsValue value) = 0;
   virtual void remove(std::string_view key) = 0;
 

@@ -13,10 +13,11 @@ constexpr std::chrono::seconds cacheLifetime{60};
 }  // namespace
 
 ConfigRepositoryImpl::ConfigRepositoryImpl(ConfigLocalDataSource local, ConfigRemoteDataSource remote,
-                                           CurrentDateGenerator currentDate)
+                                           CurrentDateGenerator currentDate, reactive::SchedulerPtr scheduler)
     : localDataSource(std::move(local)),
       remoteDataSource(std::move(remote)),
-      currentDateGenerator(std::move(currentDate)) {
+      currentDateGenerator(std::move(currentDate)),
+      scheduler_(std::move(scheduler)) {
   cacheExpiredDate = currentDateGenerator() + cacheLifetime;
 }
 
@@ -25,7 +26,7 @@ std::shared_ptr<ConfigRepositoryImpl> ConfigRepositoryImpl::create(ConfigLocalDa
                                                                    CurrentDateGenerator currentDate,
                                                                    reactive::SchedulerPtr scheduler) {
   const std::shared_ptr<ConfigRepositoryImpl> repository(
-      new ConfigRepositoryImpl(std::move(local), std::move(remote), std::move(currentDate)));
+      new ConfigRepositoryImpl(std::move(local), std::move(remote), std::move(currentDate), scheduler));
   repository->fetch().subscribeOn(std::move(scheduler)).subscribe().disposedBy(repository->disposeBag);
   return repository;
 }
@@ -45,10 +46,11 @@ reactive::Observable<Config> ConfigRepositoryImpl::fetch() {
       return reactive::Disposables::create();
     });
   }
-  const auto remote =
-      remoteDataSource.fetch().doOn({.onNext = [weak = weak_from_this()](const Config& config) {
-        if (const auto self = weak.lock()) self->save(config);
-      }});
+  const auto remote = remoteDataSource.fetch()
+                          .observeOn(scheduler_)
+                          .doOn({.onNext = [weak = weak_from_this()](const Config& config) {
+                            if (const auto self = weak.lock()) self->save(config);
+                          }});
   return remote.catchAndReturn(localDataSource.load().value_or(Config::defaults()));
 }
 

@@ -30,7 +30,8 @@ class ConfigRepositoryImpl final : public ConfigRepository,
  public:
   using CurrentDateGenerator = std::function<Date()>;
 
-  /// Starts the first fetch, on `scheduler`.
+  /// Starts the first fetch, on `scheduler`, where the service's answers come too: they are written to the
+  /// device there, and not on the network's thread.
   static std::shared_ptr<ConfigRepositoryImpl> create(ConfigLocalDataSource local,
                                                       ConfigRemoteDataSource remote,
                                                       CurrentDateGenerator currentDate,
@@ -40,7 +41,7 @@ class ConfigRepositoryImpl final : public ConfigRepository,
 
  private:
   ConfigRepositoryImpl(ConfigLocalDataSource local, ConfigRemoteDataSource remote,
-                       CurrentDateGenerator currentDate);
+                       CurrentDateGenerator currentDate, reactive::SchedulerPtr scheduler);
 
   std::shared_ptr<const Config> freshConfig() const;
   void save(const Config& config);
@@ -51,6 +52,7 @@ class ConfigRepositoryImpl final : public ConfigRepository,
   ConfigLocalDataSource localDataSource;
   ConfigRemoteDataSource remoteDataSource;
   CurrentDateGenerator currentDateGenerator;
+  reactive::SchedulerPtr scheduler_;
   reactive::DisposeBag disposeBag;
 };
 

@@ -10,11 +10,10 @@ namespace orrelo {
 
 ConfigComponent::ConfigComponent(std::shared_ptr<UserDefaults> userDefaults,
                                  const ConfigNetworkConfig& networkConfig)
-    : configRepository(ConfigRepositoryImpl::create(
+    : fetchConfigUseCase(std::make_shared<FetchConfigUseCaseImpl>(ConfigRepositoryImpl::create(
           ConfigLocalDataSource(std::move(userDefaults)),
           ConfigRemoteDataSource(networkConfig, std::make_shared<HTTPClientImpl>()),
           [clock = Platform::current().clock] { return clock->now(); },
-          std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::standard))),
-      fetchConfigUseCase(std::make_shared<FetchConfigUseCaseImpl>(configRepository)) {}
+          std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::standard)))) {}
 
 }  // namespace orrelo

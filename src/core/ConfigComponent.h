@@ -15,7 +15,6 @@ class ConfigComponent {
  public:
   ConfigComponent(std::shared_ptr<UserDefaults> userDefaults, const ConfigNetworkConfig& networkConfig);
 
-  const std::shared_ptr<ConfigRepository> configRepository;
   const std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
 };
 

@@ -10,35 +10,77 @@
 
 #include <orrelo/Platform.h>
 
+#include <atomic>
+#include <mutex>
 #include <utility>
 
 namespace orrelo {
+namespace {
 
-void InitializedOrrelo::accept(std::string name, EventValues values) {
-  const auto& platform = Platform::current();
-  Accepted accepted{currentUserId(), std::move(name), std::move(values), platform.clock->now()};
+constexpr std::size_t keptCapacity = 1024;
+
+struct Slot {
+  std::mutex mutex;
+  std::shared_ptr<InitializedOrrelo> instance;
+  std::atomic<bool> isFilled = false;
+};
+
+Slot& slot() {
+  static auto* const slot = new Slot;
+  return *slot;
+}
+
+}  // namespace
+
+std::shared_ptr<InitializedOrrelo> InitializedOrrelo::current() {
+  const std::lock_guard lock(slot().mutex);
+  return slot().instance;
+}
+
+bool InitializedOrrelo::hasCurrent() {
+  return slot().isFilled.load(std::memory_order_acquire);
+}
+
+void InitializedOrrelo::makeCurrent(std::shared_ptr<InitializedOrrelo> instance) {
   {
-    const std::lock_guard lock(mutex_);
-    accepted_.push_back(std::move(accepted));
-    if (std::exchange(isScheduled_, true)) return;
+    const std::lock_guard lock(slot().mutex);
+    std::swap(slot().instance, instance);
+    slot().isFilled.store(true, std::memory_order_release);
   }
-  platform.workers->post(QualityOfService::utility, [weak = weak_from_this()] {
-    if (const auto self = weak.lock()) self->storeAccepted();
+  // A worker may still hold it, for the events that it accepted.
+  if (instance) instance->component->eventComponent().saveEventUseCase.stopSending();
+}
+
+void InitializedOrrelo::accept(std::string_view name, EventValues&& values) {
+  const auto& platform = Platform::current();
+  auto userId = currentUserId();
+  const auto now = platform.clock->now();
+  std::weak_ptr<InitializedOrrelo> idle;
+  {
+    const std::lock_guard lock(slot().mutex);
+    auto& instance = *slot().instance;
+    instance.accepted_.push_back({std::move(userId), std::string(name), std::move(values), now});
+    if (std::exchange(instance.isScheduled_, true)) return;
+    idle = instance.weak_from_this();
+  }
+  platform.workers->post(QualityOfService::utility, [idle = std::move(idle)] {
+    if (const auto self = idle.lock()) self->storeAccepted();
   });
+}
+
+bool InitializedOrrelo::takeAccepted(std::vector<Accepted>& accepted) {
+  // Its memory serves the next calls, but for what only a burst needed.
+  accepted.clear();
+  if (accepted.capacity() > keptCapacity) accepted = {};
+  const std::lock_guard lock(slot().mutex);
+  std::swap(accepted, accepted_);
+  isScheduled_ = !accepted.empty();
+  return isScheduled_;
 }
 
 void InitializedOrrelo::storeAccepted() {
   std::vector<Accepted> accepted;
-  while (true) {
-    accepted.clear();  // its memory serves the next calls
-    {
-      const std::lock_guard lock(mutex_);
-      if (accepted_.empty()) {
-        isScheduled_ = false;
-        return;
-      }
-      std::swap(accepted, accepted_);
-    }
+  while (takeAccepted(accepted)) {
     for (auto& each : accepted) {
       runGuarded([&] {  // one event that fails must not stop those behind it
         store({Platform::current().random->uuid(), std::move(each.userId), utf8::repaired(each.name),

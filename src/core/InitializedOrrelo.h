@@ -6,9 +6,9 @@
 #include "reactive/Disposable.h"
 
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orrelo {
@@ -19,9 +19,17 @@ class InitializedOrrelo : public std::enable_shared_from_this<InitializedOrrelo>
   explicit InitializedOrrelo(std::unique_ptr<OrreloComponent> orreloComponent)
       : component(std::move(orreloComponent)) {}
 
-  /// An event of now and of the current user; stored if the service's configuration lets it through. Returns
-  /// at once: the values are flattened on a worker, and calls that follow one another closely share one task.
-  void accept(std::string name, EventValues values);
+  /// The one in use; null until `makeCurrent`. Any thread, as are all of these.
+  static std::shared_ptr<InitializedOrrelo> current();
+  /// Whether there is one in use: then there always will be.
+  static bool hasCurrent();
+  /// Puts it into use. The former one stops sending and is let go.
+  static void makeCurrent(std::shared_ptr<InitializedOrrelo> instance);
+
+  /// For the one in use, which there must be: an event of now and of the current user; stored if the
+  /// service's configuration lets it through. Returns at once: the values are flattened on a worker, and
+  /// calls that follow one another closely share one task.
+  static void accept(std::string_view name, EventValues&& values);
 
   const std::unique_ptr<OrreloComponent> component;
   const OLSEventMapper eventMapper{};
@@ -35,10 +43,12 @@ class InitializedOrrelo : public std::enable_shared_from_this<InitializedOrrelo>
     Date time;
   };
 
+  /// False when there were none: then nothing is scheduled any more.
+  bool takeAccepted(std::vector<Accepted>& accepted);
   void storeAccepted();
   void store(Event event);
 
-  std::mutex mutex_;
+  // Guarded by the lock of the slot that holds the instance in use: a call takes one lock and no more.
   std::vector<Accepted> accepted_;
   bool isScheduled_ = false;
   reactive::DisposeBag disposeBag;

@@ -10,35 +10,19 @@
 
 #include <orrelo/Orrelo.h>
 
-#include <mutex>
 #include <string>
 #include <utility>
 
 namespace orrelo {
 namespace {
 
-struct Slot {
-  std::mutex mutex;
-  std::shared_ptr<InitializedOrrelo> instance;
-};
-
-Slot& slot() {
-  static auto* const slot = new Slot;
-  return *slot;
-}
-
-std::shared_ptr<InitializedOrrelo> currentInstance() {
-  const std::lock_guard lock(slot().mutex);
-  return slot().instance;
-}
-
-// The guard of every operation that needs the instance: null, with a log line, where there is none.
-std::shared_ptr<InitializedOrrelo> initializedInstance(std::string_view operation) {
-  if (auto instance = currentInstance()) return instance;
+// The guard of every operation that needs the instance: false, with a log line, where there is none.
+bool isInitialized(std::string_view operation) {
+  if (InitializedOrrelo::hasCurrent()) return true;
   log(LogLevel::ERROR, [operation] {
     return "Orrelo SDK is not initialized. Call Orrelo.initialize() before " + std::string(operation);
   });
-  return currentInstance();  // another thread may have initialized meanwhile
+  return InitializedOrrelo::hasCurrent();  // another thread may have initialized meanwhile
 }
 
 }  // namespace
@@ -50,12 +34,8 @@ void Orrelo::initialize(const ORLConfig& config) {
   if (const auto file = mutator.certificateFile()) platform.urlSession->trust(serviceUrl, *file);
   const auto baseUrl = serviceUrl + "/orreloservice/";
 
-  auto instance = std::make_shared<InitializedOrrelo>(std::make_unique<OrreloComponent>(config, baseUrl));
-  {
-    const std::lock_guard lock(slot().mutex);
-    std::swap(slot().instance, instance);
-  }
-  instance.reset();  // the former one goes here, outside the lock
+  InitializedOrrelo::makeCurrent(
+      std::make_shared<InitializedOrrelo>(std::make_unique<OrreloComponent>(config, baseUrl)));
   KelsoInsight::setUp(config.appKey(), baseUrl);
 }
 
@@ -83,50 +63,49 @@ void Orrelo::sendEvent(std::string_view name, EventValues values) {
     return "sendEvent(_: values:) is called with name:" + std::string(name) +
            " values:" + description(values);
   });
-  const auto instance = initializedInstance("sendEvent(_:values:)");
-  if (!instance) return;
-  instance->eventMapper.requireSupported(values);
-  instance->accept(std::string(name), std::move(values));
+  if (!isInitialized("sendEvent(_:values:)")) return;
+  OLSEventMapper::requireSupported(values);
+  InitializedOrrelo::accept(name, std::move(values));
 }
 
 void Orrelo::showHome(const std::shared_ptr<ViewController>&) {
-  initializedInstance("showHome(with:)");
+  isInitialized("showHome(with:)");
 }
 
 void Orrelo::showCampaign(std::string_view, const std::shared_ptr<ViewController>&) {
-  initializedInstance("showCampaign(by:with:)");
+  isInitialized("showCampaign(by:with:)");
 }
 
 void Orrelo::showCampaign(ORLCampaignType, const std::shared_ptr<ViewController>&) {
-  initializedInstance("showCampaign(by:with:)");
+  isInitialized("showCampaign(by:with:)");
 }
 
 void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>&) {
-  initializedInstance("showNaverPayExchange(with:)");
+  isInitialized("showNaverPayExchange(with:)");
 }
 
 void Orrelo::showPage(std::string_view) {
-  initializedInstance("showPage(by:)");
+  isInitialized("showPage(by:)");
 }
 
 void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>&) {
-  initializedInstance("showInAppMessage(with:)");
+  isInitialized("showInAppMessage(with:)");
 }
 
 void Orrelo::setDeviceToken(const std::vector<std::byte>&) {
-  initializedInstance("setDeviceToken(_:)");
+  isInitialized("setDeviceToken(_:)");
 }
 
 void Orrelo::setPushToken(std::string_view) {
-  initializedInstance("setPushToken(_:)");
+  isInitialized("setPushToken(_:)");
 }
 
 void Orrelo::userNotificationCenter(const NotificationResponse&, std::function<void()>) {
-  initializedInstance("userNotificationCenter(_:didReceive:withCompletionHandler:)");
+  isInitialized("userNotificationCenter(_:didReceive:withCompletionHandler:)");
 }
 
 void Orrelo::application(const EventDictionary&, IOrrelo::FetchCompletion) {
-  initializedInstance("application(_:didReceiveRemoteNotification:fetchCompletionHandler:)");
+  isInitialized("application(_:didReceiveRemoteNotification:fetchCompletionHandler:)");
 }
 
 std::shared_ptr<ORLUserEventDelegate> Orrelo::userEventDelegate() {

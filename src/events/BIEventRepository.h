@@ -14,6 +14,8 @@ class BIEventRepository {
 
   /// Returns at once; see EventPipeline::save. Any thread.
   virtual void save(const BIEvent& event) = 0;
+  /// See EventPipeline::stop. Any thread.
+  virtual void stopSending() = 0;
 };
 
 /// The kit's own events: up to 900 a request, a tick for every 30 saves and every 30 seconds.
@@ -23,6 +25,7 @@ class BIEventRepositoryImpl final : public BIEventRepository {
                         reactive::SchedulerPtr concurrentScheduler, std::function<Date()> currentDate);
 
   void save(const BIEvent& event) override { pipeline->save(event); }
+  void stopSending() override { pipeline->stop(); }
 
  private:
   std::shared_ptr<EventPipeline> pipeline;
@@ -34,6 +37,7 @@ class SaveBIEventUseCase {
       : repository(std::move(eventRepository)) {}
 
   void save(const BIEvent& event) const { repository->save(event); }
+  void stopSending() const { repository->stopSending(); }
 
  private:
   std::shared_ptr<BIEventRepository> repository;

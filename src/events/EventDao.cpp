@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace orrelo {
 namespace {
@@ -32,18 +33,16 @@ Error makeError(CoreDataError, std::string message) {
   return Error("CoreDataError", "invalidArgument", std::move(message));
 }
 
-Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit) const {
+Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit,
+                                                     reactive::SchedulerPtr scheduler) const {
   const auto rows = operation<std::vector<EventRow>>(
       [database = database, limit](auto completion) { database->fetchOldest(limit, std::move(completion)); });
-  return rows.map([mapper = mapper](const std::vector<EventRow>& found) {
-    std::vector<Event> events;
-    events.reserve(found.size());
+  return rows.observeOn(std::move(scheduler)).map([mapper = mapper](const std::vector<EventRow>& found) {
     try {
-      for (const auto& row : found) events.push_back(mapper.toEvent(row));
+      return mapper.toEvents(found);
     } catch (const Error& error) {
       preconditionFailure(error.description());
     }
-    return events;
   });
 }
 

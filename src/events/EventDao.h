@@ -3,6 +3,7 @@
 #include "events/EventMapper.h"
 #include "platform/EventDatabase.h"
 #include "reactive/ObservableType.h"
+#include "reactive/Scheduler.h"
 
 #include <memory>
 #include <utility>
@@ -14,8 +15,8 @@ enum class CoreDataError { invalidArgument };
 Error makeError(CoreDataError error, std::string message);
 
 /// A store of events. Each stream is cold, yields one element after the store has committed, and
-/// completes; the element comes on the stores' own thread. Disposing of a stream does not take back what has
-/// begun.
+/// completes; unless told otherwise the element comes on the stores' own thread. Disposing of a stream does
+/// not take back what has begun.
 class EventDao {
  public:
   EventDao(std::shared_ptr<EventDatabase> eventDatabase, EventTimeStorage timeStorage)
@@ -26,8 +27,10 @@ class EventDao {
   void insert(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
     database->insert(mapper.toRow(event), std::move(completion));
   }
-  /// By time, the oldest first. A row that is no event stops the process: the store is the kit's own.
-  reactive::Observable<std::vector<Event>> fetchOldest(std::size_t limit) const;
+  /// By time, the oldest first; the rows are read as events on `scheduler`, where the element comes too. A
+  /// row that is no event stops the process: the store is the kit's own.
+  reactive::Observable<std::vector<Event>> fetchOldest(std::size_t limit,
+                                                       reactive::SchedulerPtr scheduler) const;
   /// CoreDataError invalidArgument where no row has the event's id.
   reactive::Observable<reactive::Unit> remove(const Event& event) const;
   /// Ids that no row has are passed over.
@@ -35,8 +38,8 @@ class EventDao {
   /// What happened at `date` or earlier.
   reactive::Observable<reactive::Unit> removeUpTo(Date date) const;
 
-  /// Whether this process is the one that sends. See EventDatabase::acquireSending.
-  bool acquireSending() const { return database->acquireSending(); }
+  /// See EventDatabase::acquireSending.
+  std::shared_ptr<const void> acquireSending() const { return database->acquireSending(); }
 
  private:
   std::shared_ptr<EventDatabase> database;

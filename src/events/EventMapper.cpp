@@ -1,17 +1,16 @@
 #include "events/EventMapper.h"
 
-#include "core/base/Json.h"
 #include "core/base/JsonWriter.h"
 #include "network/RFC3339DateParser.h"
 
 namespace orrelo {
 namespace {
 
-std::optional<StringDictionary> valuesOf(const std::optional<std::string>& json) {
+// The host's own values, not the service's: whatever could be stored must be readable.
+constexpr std::size_t largestRow = std::size_t{1} << 30;
+
+std::optional<StringDictionary> valuesOf(const std::optional<std::string>& json, JsonParser& parser) {
   if (!json) return std::nullopt;
-  // The host's own values, not the service's: whatever could be stored must be readable.
-  constexpr std::size_t largestRow = std::size_t{1} << 30;
-  static thread_local JsonParser parser(largestRow);
   try {
     StringDictionary values;
     bool areTexts = true;
@@ -55,10 +54,18 @@ EventRow EventMapper::toRow(const Event& event) const {
           std::move(json).result()};
 }
 
-Event EventMapper::toEvent(const EventRow& row) const {
+std::vector<Event> EventMapper::toEvents(const std::vector<EventRow>& rows) const {
+  JsonParser parser(largestRow);
+  std::vector<Event> events;
+  events.reserve(rows.size());
+  for (const auto& row : rows) events.push_back(toEvent(row, parser));
+  return events;
+}
+
+Event EventMapper::toEvent(const EventRow& row, JsonParser& parser) const {
   const auto id = row.eventId ? Uuid::parse(*row.eventId) : std::nullopt;
   const auto time = timeOf(row.eventTime);
-  auto values = valuesOf(row.eventValues);
+  auto values = valuesOf(row.eventValues, parser);
   if (!id || !row.eventName || !time || !values) {
     throw makeError(EventMappingError::entityToDtoMappingFailed, "Some of required property is nil");
   }

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "core/base/Json.h"
 #include "events/Event.h"
 #include "platform/EventDatabase.h"
+
+#include <optional>
+#include <vector>
 
 namespace orrelo {
 
@@ -14,13 +18,15 @@ class EventMapper {
   explicit EventMapper(EventTimeStorage storage) : timeStorage_(storage) {}
 
   EventRow toRow(const Event& event) const;
-  /// Throws EventMappingError entityToDtoMappingFailed when anything but the user is missing or unreadable.
-  Event toEvent(const EventRow& row) const;
+  /// Throws EventMappingError entityToDtoMappingFailed when anything but the user is missing or unreadable in
+  /// one of the rows.
+  std::vector<Event> toEvents(const std::vector<EventRow>& rows) const;
 
   /// As the store compares it.
   StoredTime toStoredTime(Date time) const;
 
  private:
+  Event toEvent(const EventRow& row, JsonParser& parser) const;
   std::optional<Date> timeOf(const StoredTime& stored) const;
 
   EventTimeStorage timeStorage_;

@@ -44,19 +44,36 @@ void EventPipeline::start() {
         return self ? self->sendOldest() : reactive::error<std::vector<Event>>(gone);
       })
       .retry(2)
-      .subscribe({.onNext = options_.onSent, .onError = options_.onEnded})
+      .subscribe({.onNext = options_.onSent,
+                  .onError =
+                      [weak, onEnded = options_.onEnded](const Error& error) {
+                        if (const auto self = weak.lock()) self->stop();
+                        onEnded(error);
+                      }})
       .disposedBy(disposeBag_);
 }
 
-Observable<Unit> EventPipeline::removeStale() const {
-  // Of the processes that share the store one sends; for the others the tick ends here.
-  if (!dao_.acquireSending()) return reactive::empty<Unit>();
+void EventPipeline::stop() {
+  disposeBag_.dispose();
+  const std::lock_guard lock(sendingMutex_);
+  isStopped_ = true;
+  sendingRight_.reset();
+}
+
+bool EventPipeline::maySend() {
+  const std::lock_guard lock(sendingMutex_);
+  if (!isStopped_ && !sendingRight_) sendingRight_ = dao_.acquireSending();
+  return sendingRight_ != nullptr;
+}
+
+Observable<Unit> EventPipeline::removeStale() {
+  // Of all who share the store one sends; for the others the tick ends here.
+  if (!maySend()) return reactive::empty<Unit>();
   return dao_.removeUpTo(options_.currentDate() - maximumAge);
 }
 
 Observable<std::vector<Event>> EventPipeline::sendOldest() const {
-  return dao_.fetchOldest(options_.fetchLimit)
-      .observeOn(options_.concurrentScheduler)
+  return dao_.fetchOldest(options_.fetchLimit, options_.concurrentScheduler)
       .filter([](const std::vector<Event>& events) { return !events.empty(); })
       .concatMap([send = options_.send](const std::vector<Event>& events) {
         return send(events).map([events](const Unit&) { return events; });

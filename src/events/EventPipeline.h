@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace orrelo {
@@ -46,16 +47,23 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
   /// Returns at once. An event that the store refuses is lost without a word. Any thread.
   void save(const Event& event);
 
+  /// Ends the sending, for another pipeline to take over; `save` goes on writing. Any thread.
+  void stop();
+
  private:
   EventPipeline(EventDao dao, Options options);
 
   void start();
-  reactive::Observable<reactive::Unit> removeStale() const;
+  bool maySend();
+  reactive::Observable<reactive::Unit> removeStale();
   reactive::Observable<std::vector<Event>> sendOldest() const;
 
   EventDao dao_;
   Options options_;
   reactive::PublishSubject<reactive::Unit> queueSource_;
+  std::mutex sendingMutex_;
+  std::shared_ptr<const void> sendingRight_;
+  bool isStopped_ = false;
   reactive::DisposeBag disposeBag_;
 };
 

@@ -25,7 +25,7 @@ struct EventRemoteDTO {
   std::optional<std::string> userId;
   std::string eventName;
   std::string eventTime;
-  const StringDictionary& eventValues;
+  StringDictionary eventValues;
 
   void encode(JsonWriter& json) const;
 };

@@ -14,6 +14,8 @@ class EventRepository {
 
   /// Returns at once; see EventPipeline::save. Any thread.
   virtual void save(const Event& event) = 0;
+  /// See EventPipeline::stop. Any thread.
+  virtual void stopSending() = 0;
 };
 
 /// The host's events: one a request, a tick at each save and every 10 seconds.
@@ -27,6 +29,7 @@ class EventRepositoryImpl final : public EventRepository {
                       OnNextHandler eventQueueOnNextHandler, OnErrorHandler eventQueueOnErrorHandler);
 
   void save(const Event& event) override { pipeline->save(event); }
+  void stopSending() override { pipeline->stop(); }
 
  private:
   std::shared_ptr<EventPipeline> pipeline;
@@ -38,6 +41,7 @@ class SaveEventUseCase {
       : repository(std::move(eventRepository)) {}
 
   void save(const Event& event) const { repository->save(event); }
+  void stopSending() const { repository->stopSending(); }
 
  private:
   std::shared_ptr<EventRepository> repository;

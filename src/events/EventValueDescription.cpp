@@ -48,7 +48,9 @@ struct Description {
 
 }  // namespace
 
-std::string description(const EventArray& values) { return Description{}(values); }
+std::string description(const EventArray& values) {
+  return Description{}(values);
+}
 
 std::string description(const EventValues& values) {
   return Description{}(values);

@@ -1,5 +1,6 @@
 #include "events/KelsoInsight.h"
 
+#include "core/base/Utf8.h"
 #include "core/base/preconditionFailure.h"
 #include "events/OLSEventMapper.h"
 #include "network/HttpHeaderGenerator.h"
@@ -28,7 +29,7 @@ Slot& slot() {
 
 BIEvent toBIEvent(const ORLUserEvent& event) {
   static const OLSEventMapper mapper;
-  return makeEvent(event.name, event.values ? mapper.map(*event.values) : StringDictionary());
+  return makeEvent(utf8::repaired(event.name), event.values ? mapper.map(*event.values) : StringDictionary());
 }
 
 void KelsoInsight::setUp(const std::string& appKey, const std::string& baseUrl) {
@@ -51,7 +52,7 @@ void KelsoInsight::setUp(const std::string& appKey, const std::string& baseUrl) 
     const std::lock_guard lock(slot().mutex);
     std::swap(slot().instance, insight);
   }
-  // The former instance goes here, outside the lock.
+  if (insight) insight->stopSending();  // somebody may still hold the former one
 }
 
 std::shared_ptr<KelsoInsight> KelsoInsight::instance() {
@@ -60,7 +61,11 @@ std::shared_ptr<KelsoInsight> KelsoInsight::instance() {
 }
 
 void KelsoInsight::track(const std::string& name, const StringDictionary& values) {
-  if (const auto insight = instance()) insight->save(makeEvent(name, values));
+  const auto insight = instance();
+  if (!insight) return;
+  StringDictionary texts;
+  for (const auto& [key, value] : values) texts.set(utf8::repaired(key), utf8::repaired(value));
+  insight->save(makeEvent(utf8::repaired(name), std::move(texts)));
 }
 
 }  // namespace orrelo

@@ -30,6 +30,7 @@ class KelsoInsight {
   explicit KelsoInsight(SaveBIEventUseCase useCase) : saveBIEventUseCase(std::move(useCase)) {}
 
   void save(const BIEvent& event) const { saveBIEventUseCase.save(event); }
+  void stopSending() const { saveBIEventUseCase.stopSending(); }
 
  private:
   SaveBIEventUseCase saveBIEventUseCase;

@@ -115,7 +115,7 @@ struct TextForm {
 UnsupportedEventValueException::UnsupportedEventValueException(const std::string& typeName)
     : std::invalid_argument(typeName + " is not supported class"), name_("Not supported class") {}
 
-void OLSEventMapper::requireSupported(const EventValues& values) const {
+void OLSEventMapper::requireSupported(const EventValues& values) {
   for (const auto& [key, value] : values) requireSupportedValue(value);
 }
 

@@ -14,7 +14,7 @@ class OLSEventMapper {
   /// no JSON form, such as an array with a date in it, is left out with a line on standard error.
   StringDictionary map(const EventValues& values) const;
   /// Throws what `map` would, and does nothing else.
-  void requireSupported(const EventValues& values) const;
+  static void requireSupported(const EventValues& values);
 };
 
 }  // namespace orrelo

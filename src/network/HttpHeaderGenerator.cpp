@@ -10,7 +10,8 @@ std::string HttpHeaderGenerator::deviceId() const {
   constexpr auto key = "orl_user_default_key_kelso_uuid";
   if (auto stored = userDefaults->text(key)) return *stored;
   auto made = Platform::current().random->uuid().text();
-  userDefaults->set(key, made);
+  // Else it is this launch's alone: it must not take the place of one that only cannot be read for now.
+  if (userDefaults->isReadable()) userDefaults->set(key, made);
   return made;
 }
 

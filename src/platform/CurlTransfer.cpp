@@ -9,6 +9,7 @@ namespace orrelo {
 namespace {
 
 constexpr int maximumRedirects = 20;
+constexpr std::size_t maximumHeaderSize = std::size_t{256} * 1024;
 
 std::string lowercased(std::string_view text) {
   std::string result(text);
@@ -75,7 +76,6 @@ URLError errorOf(CURLcode code) {
 
 Error makeError(URLError error, std::optional<std::string> message) {
   static constexpr std::array names{"unknown",
-                                    "cancelled",
                                     "badURL",
                                     "unsupportedURL",
                                     "timedOut",
@@ -84,8 +84,6 @@ Error makeError(URLError error, std::optional<std::string> message) {
                                     "networkConnectionLost",
                                     "secureConnectionFailed",
                                     "httpTooManyRedirects",
-                                    "redirectToNonExistentLocation",
-                                    "badServerResponse",
                                     "cannotDecodeContentData",
                                     "dataLengthExceedsMaximum"};
   return Error("URLError", names.at(static_cast<std::size_t>(error)), std::move(message));
@@ -100,17 +98,19 @@ std::string originOf(const Url& url) {
 CurlTransfer::CurlTransfer(URLRequest request, URLSession::Completion completion)
     : request_(std::move(request)), completion_(std::move(completion)) {}
 
+void CurlTransfer::startClock() {
+  deadline_ = std::chrono::steady_clock::now() + request_.timeout;
+}
+
 CurlTransfer::~CurlTransfer() = default;
 
 CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {
-  if (!easy_) {
-    easy_.reset(curl_easy_init());
-    deadline_ = std::chrono::steady_clock::now() + request_.timeout;
-  }
+  if (!easy_) easy_.reset(curl_easy_init());
   CURL* const easy = easy_.get();
   if (easy == nullptr) return nullptr;
   curl_easy_reset(easy);
   body_.clear();
+  headerSize_ = 0;
   response_ = {};
 
   using std::chrono::milliseconds;
@@ -172,7 +172,13 @@ std::size_t CurlTransfer::onBody(char* bytes, std::size_t, std::size_t count, vo
 }
 
 std::size_t CurlTransfer::onHeader(char* bytes, std::size_t, std::size_t count, void* self) {
-  static_cast<CurlTransfer*>(self)->takeHeader(std::string_view(bytes, count));
+  auto& transfer = *static_cast<CurlTransfer*>(self);
+  transfer.headerSize_ += count;
+  if (transfer.headerSize_ > maximumHeaderSize) {
+    transfer.isTooLarge_ = true;
+    return 0;
+  }
+  transfer.takeHeader(std::string_view(bytes, count));
   return count;
 }
 
@@ -213,19 +219,21 @@ bool CurlTransfer::follow() {
   const auto target = location != nullptr ? Url::parse(location) : std::nullopt;
   const auto scheme = target ? lowercased(target->scheme()) : std::string();
   if (scheme != "http" && scheme != "https") return false;  // the redirect itself is the reply then
+  const bool becomesGet =
+      response_.statusCode == 303 || (response_.statusCode < 303 && request_.method == "POST");
+  const bool leavesHost = lowercased(target->host()) != lowercased(request_.url.host()) ||
+                          (scheme == "http" && lowercased(request_.url.scheme()) == "https");
+  // What a user did is for the host that was asked: the redirect itself is the reply here too.
+  if (leavesHost && request_.body && !becomesGet) return false;
   if (++redirects_ > maximumRedirects) {
     complete({makeError(URLError::httpTooManyRedirects), {}, {}});
     return true;
   }
-  const bool leavesHost = lowercased(target->host()) != lowercased(request_.url.host()) ||
-                          (scheme == "http" && lowercased(request_.url.scheme()) == "https");
   if (leavesHost) {
     // Who the user is and what the device is stays between the kit and the host that was asked.
     std::erase_if(request_.headers,
                   [](const auto& header) { return lowercased(header.first) != "content-type"; });
   }
-  const bool becomesGet =
-      response_.statusCode == 303 || (response_.statusCode < 303 && request_.method == "POST");
   if (becomesGet) {
     request_.method = "GET";
     request_.body.reset();
@@ -247,10 +255,11 @@ void CurlTransfer::complete(URLSessionResult result) {
   if (completion) completion(std::move(result));
 }
 
-void CurlTransfer::cancel() {
+bool CurlTransfer::cancel() {
   URLSession::Completion completion;  // let go outside the lock
   const std::lock_guard lock(mutex_);
   std::swap(completion, completion_);
+  return completion != nullptr;
 }
 
 bool CurlTransfer::isOver() const {

@@ -27,6 +27,8 @@ class CurlTransfer {
   CurlTransfer(URLRequest request, URLSession::Completion completion);
   ~CurlTransfer();
 
+  /// Starts the request's timeout.
+  void startClock();
   /// Readies a handle for the current hop. Null where curl has no memory.
   CURL* prepare(const std::optional<TrustedOrigin>& trusted);
   CURL* handle() const { return easy_.get(); }
@@ -36,8 +38,8 @@ class CurlTransfer {
   bool finishHop(CURLcode code);
   void fail(const Error& error);
 
-  /// After this the completion does not run. Any thread.
-  void cancel();
+  /// After this the completion does not begin to run. Says whether it still could have. Any thread.
+  bool cancel();
   bool isOver() const;
 
  private:
@@ -62,6 +64,7 @@ class CurlTransfer {
   std::unique_ptr<curl_slist, ListDeleter> headerList_;
   int redirects_ = 0;
   bool isTooLarge_ = false;
+  std::size_t headerSize_ = 0;
   std::string body_;
   HTTPURLResponse response_;
 

@@ -18,6 +18,8 @@ namespace orrelo {
 namespace {
 
 constexpr long connectionsPerHost = 6;
+// What is beyond them waits as a request, which takes far less memory than curl's handle.
+constexpr std::size_t maximumRunning = 64;
 
 // Held while the thread is inside curl. The end of the process takes it for good, so that no transfer runs
 // while other libraries' exit handlers tear down what it uses.
@@ -54,12 +56,21 @@ class Engine {
     {
       const std::lock_guard lock(mutex_);
       if (stopping_) return;
+      transfer->startClock();
       starting_.push_back(std::move(transfer));
     }
     curl_multi_wakeup(multi_);
   }
 
-  void wake() { curl_multi_wakeup(multi_); }
+  /// The transfer's completion will not run any more; what it takes is given back.
+  void drop(std::shared_ptr<CurlTransfer> transfer) {
+    {
+      const std::lock_guard lock(mutex_);
+      if (stopping_) return;
+      dropped_.push_back(std::move(transfer));
+    }
+    curl_multi_wakeup(multi_);
+  }
 
   void stop() {
     const std::lock_guard lock(mutex_);  // the thread must not see it, and clean up, before it is woken
@@ -77,8 +88,8 @@ class Engine {
     while (true) {
       {
         const std::lock_guard turn(curlTurn());
+        forgetDropped();
         startNew();
-        dropCancelled();
         int count = 0;
         curl_multi_perform(multi_, &count);
       }
@@ -86,7 +97,7 @@ class Engine {
       {
         const std::lock_guard lock(mutex_);
         if (stopping_) break;
-        if (!starting_.empty()) continue;
+        if (!dropped_.empty() || (!starting_.empty() && running_.size() < maximumRunning)) continue;
       }
       curl_multi_poll(multi_, nullptr, 0, 60'000, nullptr);
     }
@@ -105,12 +116,14 @@ class Engine {
   }
 
   void startNew() {
-    std::vector<std::shared_ptr<CurlTransfer>> starting;
-    {
-      const std::lock_guard lock(mutex_);
-      std::swap(starting, starting_);
-    }
-    for (auto& transfer : starting) {
+    while (running_.size() < maximumRunning) {
+      std::shared_ptr<CurlTransfer> transfer;
+      {
+        const std::lock_guard lock(mutex_);
+        if (starting_.empty()) return;
+        transfer = std::move(starting_.front());
+        starting_.pop_front();
+      }
       if (!transfer->isOver()) startHop(std::move(transfer));
     }
   }
@@ -123,14 +136,14 @@ class Engine {
     running_[easy] = std::move(transfer);
   }
 
-  void dropCancelled() {
-    for (auto each = running_.begin(); each != running_.end();) {
-      if (each->second->isOver()) {
-        curl_multi_remove_handle(multi_, each->first);
-        each = running_.erase(each);
-      } else {
-        ++each;
-      }
+  void forgetDropped() {
+    std::vector<std::shared_ptr<CurlTransfer>> dropped;
+    {
+      const std::lock_guard lock(mutex_);
+      std::swap(dropped, dropped_);
+    }
+    for (const auto& transfer : dropped) {
+      if (running_.erase(transfer->handle()) > 0) curl_multi_remove_handle(multi_, transfer->handle());
     }
   }
 
@@ -153,7 +166,7 @@ class Engine {
       runGuarded([&] { goesOn = transfer->finishHop(code); });
       if (goesOn) {
         const std::lock_guard lock(mutex_);
-        starting_.push_back(std::move(transfer));
+        starting_.push_front(std::move(transfer));
       }
     }
   }
@@ -171,7 +184,8 @@ class Engine {
 
   std::mutex mutex_;
   bool stopping_ = false;
-  std::vector<std::shared_ptr<CurlTransfer>> starting_;
+  std::deque<std::shared_ptr<CurlTransfer>> starting_;
+  std::vector<std::shared_ptr<CurlTransfer>> dropped_;
   std::vector<TrustedOrigin> trusted_;
 };
 
@@ -199,9 +213,9 @@ class LazyEngine {
     return engine_;
   }
 
-  void wake() {
+  void drop(std::shared_ptr<CurlTransfer> transfer) {
     const std::lock_guard lock(mutex_);
-    if (engine_) engine_->wake();
+    if (engine_) engine_->drop(std::move(transfer));
   }
 
   void trust(TrustedOrigin trusted) {
@@ -230,8 +244,7 @@ class CurlURLSessionTask final : public URLSessionTask {
   void resume() override { engine_->get()->start(transfer_); }
 
   void cancel() override {
-    transfer_->cancel();
-    engine_->wake();
+    if (transfer_->cancel()) engine_->drop(transfer_);
   }
 
  private:

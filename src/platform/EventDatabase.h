@@ -57,9 +57,9 @@ class EventDatabase {
   /// number.
   virtual void deleteRowsUpTo(StoredTime time, Completion<std::size_t> completion) = 0;
 
-  /// Whether this process may send what the store holds: of the processes that share the file, one at a time
-  /// may. Once true it stays true until the process ends.
-  virtual bool acquireSending() = 0;
+  /// The right to send what the store holds. It is held as long as the answer lives; null while somebody else
+  /// has it, in this process or in another that shares the file.
+  virtual std::shared_ptr<const void> acquireSending() = 0;
 };
 
 /// Opens event stores in the data directory. Two questions for one name are answered with the same store.

@@ -22,10 +22,15 @@ bool isExiting() {
 }
 
 std::thread startKitThread(const char* name, std::function<void()> body) {
-  sigset_t all;
+  // The host's signals are for the host's threads, but for those that a thread raises by a fault of its own
+  // or that look at every thread: crash reporters and profilers live on them.
+  sigset_t blocked;
   sigset_t before;
-  sigfillset(&all);
-  pthread_sigmask(SIG_SETMASK, &all, &before);
+  sigfillset(&blocked);
+  for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS, SIGPROF}) {
+    sigdelset(&blocked, signal);
+  }
+  pthread_sigmask(SIG_SETMASK, &blocked, &before);
   std::thread thread;
   try {
     thread = std::thread(std::move(body));

@@ -109,7 +109,7 @@ class SqliteEventDatabase final : public EventDatabase,
     enqueue(DeleteUpTo{{std::move(completion)}, std::move(time)});
   }
 
-  bool acquireSending() override { return acquireFileLock(path() += ".lock"); }
+  std::shared_ptr<const void> acquireSending() override { return FileLock::acquire(path() += ".lock"); }
 
  private:
   /// Who was kept waiting once in this batch need not wait again.
@@ -143,7 +143,13 @@ class SqliteEventDatabase final : public EventDatabase,
       batch = std::move(waiting_.front());
       waiting_.pop_front();
     }
-    run(batch);
+    try {
+      run(batch);
+    } catch (...) {
+      // None of the file's failures, which `run` has dealt with: without memory for a report, say.
+      table_.reset();
+      for (auto& operation : batch) report(operation, SqliteFailure::fromCurrentException());
+    }
     for (auto& operation : batch) operation.complete();
     {
       const std::lock_guard lock(mutex_);

@@ -24,6 +24,12 @@ class SqliteUserDefaults final : public UserDefaults {
     return inMemory(key).value_or(std::nullopt);
   }
 
+  bool isReadable() const override {
+    const std::lock_guard file(fileMutex_);
+    load();
+    return isLoaded_;
+  }
+
   void set(std::string_view key, DefaultsValue value) override {
     const std::lock_guard file(fileMutex_);
     load();

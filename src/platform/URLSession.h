@@ -26,7 +26,8 @@ struct URLRequest {
   std::optional<std::string> body = {};
   /// From the start to the last byte.
   std::chrono::milliseconds timeout{60'000};
-  /// A larger reply ends the task with `dataLengthExceedsMaximum`, and is not kept in memory.
+  /// A larger reply, or one with more than 256 KiB of headers, ends the task with `dataLengthExceedsMaximum`,
+  /// and is not kept in memory.
   std::size_t maximumReplySize = std::size_t{8} * 1024 * 1024;
 };
 
@@ -47,7 +48,6 @@ struct URLSessionResult {
 /// Errors of the network layer, in the domain "URLError".
 enum class URLError {
   unknown,
-  cancelled,
   badURL,
   unsupportedURL,
   timedOut,
@@ -56,8 +56,6 @@ enum class URLError {
   networkConnectionLost,
   secureConnectionFailed,
   httpTooManyRedirects,
-  redirectToNonExistentLocation,
-  badServerResponse,
   cannotDecodeContentData,
   dataLengthExceedsMaximum
 };
@@ -73,8 +71,9 @@ class URLSessionTask {
   virtual void cancel() = 0;
 };
 
-/// Runs HTTP requests. No cookies and no cache; at most 6 connections a host and 20 redirects a request, to
-/// http and https alone. Any thread.
+/// Runs HTTP requests. No cookies and no cache; at most 64 requests at a time, 6 connections a host and 20
+/// redirects a request, to http and https alone. A redirect that would carry a body to another host, or from
+/// https to http, is not followed. Any thread.
 class URLSession {
  public:
   /// Called once, on the session's own thread.

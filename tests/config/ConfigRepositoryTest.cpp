@@ -21,7 +21,9 @@ class ConfigRepositoryTest : public testing::Test {
         ConfigLocalDataSource(suite_),
         ConfigRemoteDataSource({"https://api.example/sdk/app", {{"Kelso-UUID", "u"}}},
                                std::make_shared<HTTPClientImpl>()),
-        [clock = platform_.clock] { return clock->now(); }, nullptr);
+        [clock = platform_.clock] { return clock->now(); },
+        std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::standard));
+    platform_.loop->run();
   }
   // With the warming fetch answered.
   void startWith(URLSessionResult first) {
@@ -42,6 +44,7 @@ class ConfigRepositoryTest : public testing::Test {
             .subscribe({.onNext = [answer](const Config& config) { answer->configs.push_back(config); },
                         .onError = [answer](const Error& error) { answer->end = error.description(); },
                         .onCompleted = [answer] { answer->end = "done"; }}));
+    platform_.loop->run();
     return answer;
   }
   void expectAnswer(const Config& expected, const std::string& what) {
@@ -50,6 +53,10 @@ class ConfigRepositoryTest : public testing::Test {
     EXPECT_EQ(answer->end, "done") << what;
   }
 
+  void answer(URLSessionResult reply) {
+    platform_.session->answer(std::move(reply));
+    platform_.loop->run();
+  }
   std::size_t requests() const { return platform_.session->requests.size(); }
   static URLSessionResult good(bool sdkEnable = true) {
     return ScriptedURLSession::reply(200, configReply(sdkEnable));
@@ -152,11 +159,11 @@ TEST_F(ConfigRepositoryTest, QuestionsAtOnceAskEachForItself) {
   const auto first = ask();
   const auto second = ask();
   EXPECT_EQ(requests(), 3U);
-  platform_.session->answer(offline());
-  platform_.session->answer(good(true));
+  answer(offline());
+  answer(good(true));
   EXPECT_EQ(first->configs, std::vector{config(true)});
   EXPECT_TRUE(second->configs.empty());
-  platform_.session->answer(good(false));
+  answer(good(false));
   EXPECT_EQ(second->configs, std::vector{config(false)});
   expectAnswer(config(false), "the last answer is remembered");
 }

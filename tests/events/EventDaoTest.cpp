@@ -30,6 +30,10 @@ class EventDaoTest : public testing::TestWithParam<EventTimeStorage> {
     EXPECT_TRUE(isStored);
   }
 
+  std::vector<Event> stored(std::size_t limit) {
+    return std::get<1>(result(dao_.fetchOldest(limit, scheduler_)));
+  }
+
   Event event(const std::string& name, std::chrono::microseconds offset) {
     return {Platform::current().random->uuid(),
             "유저",
@@ -41,6 +45,8 @@ class EventDaoTest : public testing::TestWithParam<EventTimeStorage> {
   TestPlatform platform_;
   std::shared_ptr<EventDatabase> database_;
   EventDao dao_;
+  const reactive::SchedulerPtr scheduler_ =
+      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::utility);
 };
 
 INSTANTIATE_TEST_SUITE_P(BothForms, EventDaoTest,
@@ -55,8 +61,8 @@ TEST_P(EventDaoTest, GivesBackWhatWasInsertedOldestFirst) {
   earlier.userId.reset();
   insert(later);
   insert(earlier);
-  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::ElementsAre(earlier, later));
-  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(1))), testing::ElementsAre(earlier));
+  EXPECT_THAT(stored(10), testing::ElementsAre(earlier, later));
+  EXPECT_THAT(stored(1), testing::ElementsAre(earlier));
 }
 
 TEST_P(EventDaoTest, RemovesByIdInListsAndByAge) {
@@ -72,21 +78,21 @@ TEST_P(EventDaoTest, RemovesByIdInListsAndByAge) {
             "CoreDataError.invalidArgument(message: \"batch delete result does not have objectId\")");
   EXPECT_EQ(result(dao_.remove(std::vector<Event>{events[2], events[4]})).index(), 1u);
   EXPECT_EQ(result(dao_.removeUpTo(events[0].eventTime)).index(), 1u);
-  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::ElementsAre(events[1], events[3]));
+  EXPECT_THAT(stored(10), testing::ElementsAre(events[1], events[3]));
   EXPECT_EQ(result(dao_.removeUpTo(events[3].eventTime)).index(), 1u);
-  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::IsEmpty());
+  EXPECT_THAT(stored(10), testing::IsEmpty());
 }
 
 TEST_P(EventDaoTest, NothingRunsBeforeTheSubscription) {
   insert(event("e", {}));
   const auto removal = dao_.removeUpTo(platform_.clock->now());
   platform_.loop->run();
-  EXPECT_EQ(std::get<1>(result(dao_.fetchOldest(10))).size(), 1u);
+  EXPECT_EQ(stored(10).size(), 1u);
   result(removal);
-  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::IsEmpty());
+  EXPECT_THAT(stored(10), testing::IsEmpty());
   insert(event("e", {}));
   result(removal);
-  EXPECT_THAT(std::get<1>(result(dao_.fetchOldest(10))), testing::IsEmpty());
+  EXPECT_THAT(stored(10), testing::IsEmpty());
 }
 
 TEST_P(EventDaoTest, ARowThatIsNoEventStopsTheProcess) {
@@ -114,7 +120,7 @@ TEST_P(EventDaoTest, ARowThatIsNoEventStopsTheProcess) {
     message.clear();
     const auto store = Platform::current().eventDatabases->open("broken" + std::to_string(i), GetParam());
     store->insert(broken[i], [](const auto&) {});
-    EXPECT_EQ(result(EventDao(store, GetParam()).fetchOldest(10)).index(), 2u);
+    EXPECT_EQ(result(EventDao(store, GetParam()).fetchOldest(10, scheduler_)).index(), 2u);
     EXPECT_THAT(message, testing::HasSubstr("Some of required property is nil")) << "row " << i;
   }
   setPreconditionFailureHandler({});

@@ -131,6 +131,21 @@ TEST_F(EventPipelineTest, ABacklogLeavesByIdleTicksEveryTenSecondsAfterARestart)
   EXPECT_THAT(sentNames(), ElementsAre("a", "b", "c"));
 }
 
+TEST_F(EventPipelineTest, OneSendsAtATimeAndTheNextTakesOverWhenItHasEnded) {
+  EventComponent other(networkConfig_);
+  platform_.session->lay(ScriptedURLSession::reply(500));
+  save("a");
+  other.saveEventUseCase.save({platform_.next(), "user-1", "b", {}, platform_.clock->now()});
+  platform_.loop->run();
+  EXPECT_THAT(sentNames(), ElementsAre("a"));
+  platform_.session->lay(ScriptedURLSession::reply(500));
+  platform_.loop->runFor(seconds(10));
+  EXPECT_THAT(sentNames(), ElementsAre("a", "a"));
+  platform_.session->lay(ScriptedURLSession::reply(200));
+  platform_.loop->runFor(seconds(10));
+  EXPECT_THAT(sentNames(), ElementsAre("a", "a", "a"));
+}
+
 TEST_F(EventPipelineTest, TheIdleTickIsCountedFromTheLastTick) {
   platform_.session->lay(ScriptedURLSession::failure(URLError::timedOut));
   platform_.loop->runFor(seconds(7));

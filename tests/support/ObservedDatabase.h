@@ -39,7 +39,7 @@ class ObservedDatabase final : public EventDatabase {
   void deleteRowsUpTo(StoredTime time, Completion<std::size_t> completion) override {
     database_->deleteRowsUpTo(std::move(time), std::move(completion));
   }
-  bool acquireSending() override { return database_->acquireSending(); }
+  std::shared_ptr<const void> acquireSending() override { return database_->acquireSending(); }
 
  private:
   std::shared_ptr<EventDatabase> database_;

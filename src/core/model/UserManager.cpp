@@ -2,6 +2,8 @@
 
 #include <orrelo/Platform.h>
 
+#include <atomic>
+#include <cstdint>
 #include <mutex>
 #include <utility>
 
@@ -11,6 +13,13 @@ namespace {
 struct CurrentUser {
   std::mutex mutex;
   std::optional<std::string> id;
+  /// Counts the changes.
+  std::atomic<std::uint64_t> version = 0;
+};
+
+struct CurrentUserCopy {
+  std::optional<std::string> id;
+  std::uint64_t version = 0;
 };
 
 CurrentUser& currentUser() {
@@ -21,13 +30,21 @@ CurrentUser& currentUser() {
 }  // namespace
 
 std::optional<std::string> currentUserId() {
-  const std::lock_guard lock(currentUser().mutex);
-  return currentUser().id;
+  // Each event asks: every thread has a copy, and takes the lock only after a change.
+  thread_local CurrentUserCopy copy;
+  auto& user = currentUser();
+  if (copy.version != user.version.load(std::memory_order_acquire)) {
+    const std::lock_guard lock(user.mutex);
+    copy = {user.id, user.version};
+  }
+  return copy.id;
 }
 
 void setCurrentUserId(std::optional<std::string> userId) {
-  const std::lock_guard lock(currentUser().mutex);
-  currentUser().id = std::move(userId);
+  auto& user = currentUser();
+  const std::lock_guard lock(user.mutex);
+  user.id = std::move(userId);
+  ++user.version;
 }
 
 const reactive::PublishSubject<std::optional<std::string>>& userIdStream() {
