@@ -1,0 +1,23 @@
+#pragma once
+
+#include "viewkit/base/View.h"
+
+#include <string>
+#include <vector>
+
+namespace orrelo {
+
+/// What the user has to know, as a list under a heading.
+class CampaignNoticeView final : public View {
+ public:
+  static constexpr auto heading = "[유의사항]";
+
+  std::string_view kind() const override { return "CampaignNoticeView"; }
+
+  void setMessages(const std::vector<std::string>& messages);
+
+  /// One bullet line a message.
+  Followed<std::string> body;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "core/base/Color.h"
+#include "viewkit/base/ViewController.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace orrelo {
+
+class CampaignRewardViewControllerDelegate {
+ public:
+  virtual ~CampaignRewardViewControllerDelegate() = default;
+
+  virtual void didClose() = 0;
+};
+
+/// Announces a reward on a card over the whole screen.
+class CampaignRewardViewController final : public ViewController {
+ public:
+  struct Content {
+    std::string title;
+    std::string message;
+    std::string buttonText;
+    /// Of the heading and of the button.
+    Color color;
+  };
+  static constexpr auto closeAsset = "orl_ic_close";
+
+  explicit CampaignRewardViewController(Content reward) : content(std::move(reward)) {
+    modalPresentationStyle = ModalPresentationStyle::overFullScreen;
+  }
+
+  std::string_view kind() const override { return "CampaignRewardViewController"; }
+
+  /// The icon and the button.
+  void close();
+
+  const Content content;
+  std::weak_ptr<CampaignRewardViewControllerDelegate> delegate;
+
+ protected:
+  void viewDidLoad() override;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/base/Error.h"
+#include "viewkit/base/View.h"
+
+#include <string>
+
+namespace orrelo {
+
+/// A picture of something gone wrong over a text.
+class ErrorView final : public View {
+ public:
+  struct State {
+    std::string text;
+    bool isHidden = false;
+
+    friend bool operator==(const State&, const State&) = default;
+  };
+  /// The kit's picture.
+  static constexpr auto asset = "orl_ic_error";
+
+  explicit ErrorView(std::string text) : state({std::move(text), false}) {}
+
+  std::string_view kind() const override { return "ErrorView"; }
+
+  void setText(const Error& error);
+
+  Followed<State> state;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "viewkit/ErrorView.h"
+#include "viewkit/ORLUIViewController.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace orrelo {
+
+/// A screen that says what is wrong, and no more.
+class ErrorViewController final : public ORLUIViewController {
+ public:
+  explicit ErrorViewController(std::string text)
+      : message(std::move(text)), errorView(std::make_shared<ErrorView>(message)) {}
+
+  std::string_view kind() const override { return "ErrorViewController"; }
+
+  const std::string message;
+  static constexpr auto backgroundAsset = "orl_bg_gray_gradient";
+  const std::shared_ptr<ErrorView> errorView;
+
+ protected:
+  void viewDidLoad() override { setTitle("이벤트"); }
+};
+
+}  // namespace orrelo

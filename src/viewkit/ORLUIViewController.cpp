@@ -1,0 +1,41 @@
+#include "viewkit/ORLUIViewController.h"
+
+namespace orrelo {
+
+void ORLUIViewController::setTitle(const std::optional<std::string>& title) {
+  modalTopBar_.change([&](ModalTopBar& bar) { bar.title = title; });
+  ViewController::setTitle(title);
+}
+
+void ORLUIViewController::viewWillAppear(bool animated) {
+  ViewController::viewWillAppear(animated);
+  const auto navigation = navigationController();
+  navigationBarTitleTextAttributes = navigation ? navigation->state().titleTextAttributes : std::nullopt;
+  if (navigation || !presentingViewController()) collapseTopBar();
+  if (navigation && !navigation->state().isNavigationBarHidden) {
+    navigation->setTitleTextAttributes(NavigationController::TitleTextAttributes{Color()});
+  }
+}
+
+void ORLUIViewController::viewWillDisappear(bool animated) {
+  ViewController::viewWillDisappear(animated);
+  if (const auto navigation = navigationController()) {
+    navigation->setTitleTextAttributes(navigationBarTitleTextAttributes);
+  }
+}
+
+void ORLUIViewController::collapseTopBar() {
+  modalTopBar_.change([](ModalTopBar& bar) { bar.height = 0.0; });
+}
+
+void ORLUIViewController::close() {
+  const auto keep = shared_from_this();
+  const auto navigation = navigationController();
+  if (navigation && navigation->state().viewControllers.size() >= 2) {
+    navigation->popViewController(true);
+  } else {
+    dismiss(true);
+  }
+}
+
+}  // namespace orrelo

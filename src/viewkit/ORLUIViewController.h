@@ -1,0 +1,45 @@
+#pragma once
+
+#include "viewkit/base/NavigationController.h"
+#include "viewkit/base/ViewController.h"
+
+#include <optional>
+#include <string>
+
+namespace orrelo {
+
+/// The kit's own bar at the top of a presented screen: a title between two places for buttons.
+struct ModalTopBar {
+  std::optional<std::string> title;
+  /// In points; 0 where the bar takes no room.
+  double height = 44.0;
+
+  friend bool operator==(const ModalTopBar&, const ModalTopBar&) = default;
+};
+
+/// The base of the kit's full-page screens. It has a bar of its own where the host gives none, and leaves the
+/// host's bar as it found it.
+class ORLUIViewController : public ViewController {
+ public:
+  void setTitle(const std::optional<std::string>& title) override;
+
+  ModalTopBar modalTopBar() const { return modalTopBar_.value(); }
+  reactive::Observable<ModalTopBar> modalTopBars() const { return modalTopBar_.stream(); }
+
+  /// Leaves the screen: back on its stack, or else away with what was presented. For the back arrow, Escape
+  /// and Back.
+  void close();
+
+ protected:
+  void viewWillAppear(bool animated) override;
+  void viewWillDisappear(bool animated) override;
+
+  /// Takes the bar's room; there is no way to give it back.
+  void collapseTopBar();
+
+ private:
+  Followed<ModalTopBar> modalTopBar_;
+  std::optional<NavigationController::TitleTextAttributes> navigationBarTitleTextAttributes;
+};
+
+}  // namespace orrelo

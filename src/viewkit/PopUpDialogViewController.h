@@ -1,0 +1,42 @@
+#pragma once
+
+#include "image/ImageView.h"
+#include "viewkit/base/ViewController.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace orrelo {
+
+/// A picture with two lines over it, until it is tapped away.
+class PopUpDialogViewController final : public ViewController {
+ public:
+  struct Content {
+    std::string title;
+    std::string label;
+    std::string imageUrl;
+    /// What the service calls the button; the dialog says `closeText`.
+    std::string buttonText;
+  };
+  static constexpr auto closeText = "닫기";
+
+  PopUpDialogViewController(std::string page, Content dialog)
+      : pageName(std::move(page)), content(std::move(dialog)), imageView(std::make_shared<ImageView>()) {
+    modalPresentationStyle = ModalPresentationStyle::overFullScreen;
+  }
+
+  std::string_view kind() const override { return "PopUpDialogViewController"; }
+
+  /// A tap on the close label or beside the picture.
+  void close() { dismiss(false); }
+
+  const std::string pageName;
+  const Content content;
+  const std::shared_ptr<ImageView> imageView;
+
+ protected:
+  void viewDidLoad() override { imageView->load(content.imageUrl); }
+};
+
+}  // namespace orrelo

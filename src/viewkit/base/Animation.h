@@ -1,0 +1,21 @@
+#pragma once
+
+#include <chrono>
+
+namespace orrelo {
+
+/// A change of one property over time, for a front to play.
+struct Animation {
+  enum class Curve { linear, easeIn, easeOut, easeInOut };
+
+  double from = 0.0;
+  double to = 0.0;
+  std::chrono::milliseconds duration{0};
+  /// `from` holds meanwhile.
+  std::chrono::milliseconds delay{0};
+  Curve curve = Curve::easeInOut;
+
+  friend bool operator==(const Animation&, const Animation&) = default;
+};
+
+}  // namespace orrelo

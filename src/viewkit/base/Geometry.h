@@ -1,0 +1,22 @@
+#pragma once
+
+namespace orrelo {
+
+/// In points: pixels at a scale of 1.
+struct Size {
+  double width = 0.0;
+  double height = 0.0;
+
+  friend bool operator==(const Size&, const Size&) = default;
+};
+
+struct EdgeInsets {
+  double top = 0.0;
+  double left = 0.0;
+  double bottom = 0.0;
+  double right = 0.0;
+
+  friend bool operator==(const EdgeInsets&, const EdgeInsets&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,124 @@
+#include "core/base/Logger.h"
+#include "viewkit/base/NavigationController.h"
+#include "viewkit/base/ViewController.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Log = std::vector<std::string>;
+
+// Writes down what happens to it.
+class Screen final : public ViewController {
+ public:
+  Screen(std::string name, Log& log) : name_(std::move(name)), log_(log) {}
+  std::string_view kind() const override { return "Screen"; }
+
+ protected:
+  void viewDidLoad() override { note("load"); }
+  void viewWillAppear(bool) override { note("willAppear"); }
+  void viewDidAppear(bool) override { note("didAppear"); }
+  void viewWillDisappear(bool) override { note("willDisappear"); }
+  void viewDidDisappear(bool) override { note("didDisappear"); }
+
+ private:
+  void note(const char* what) { log_.push_back(name_ + " " + what); }
+
+  std::string name_;
+  Log& log_;
+};
+
+class ViewControllerTest : public testing::Test {
+ protected:
+  std::shared_ptr<Screen> screen(const std::string& name) { return std::make_shared<Screen>(name, log_); }
+  Log taken() { return std::exchange(log_, {}); }
+
+  Log log_;
+};
+
+TEST_F(ViewControllerTest, AScreenThatCoversTakesTheOtherOneAwayAndGivesItBack) {
+  const auto host = screen("host");
+  const auto top = screen("top");
+  host->appear(false);
+  EXPECT_THAT(taken(), ElementsAre("host load", "host willAppear", "host didAppear"));
+  EXPECT_TRUE(host->present(top, true));
+  EXPECT_THAT(taken(), ElementsAre("host willDisappear", "host didDisappear", "top load", "top willAppear",
+                                   "top didAppear"));
+  EXPECT_EQ(top->presentingViewController(), host);
+  EXPECT_EQ(host->topmost(), top);
+  top->dismiss(true);
+  EXPECT_THAT(taken(),
+              ElementsAre("top willDisappear", "top didDisappear", "host willAppear", "host didAppear"));
+  EXPECT_EQ(top->presentingViewController(), nullptr);
+  top->dismiss(true);
+  EXPECT_THAT(taken(), IsEmpty());
+}
+
+TEST_F(ViewControllerTest, ADialogLeavesWhatLiesBeneathAlone) {
+  const auto host = screen("host");
+  const auto dialog = screen("dialog");
+  dialog->modalPresentationStyle = ModalPresentationStyle::overFullScreen;
+  host->appear(false);
+  taken();
+  host->present(dialog, false);
+  EXPECT_THAT(taken(), ElementsAre("dialog load", "dialog willAppear", "dialog didAppear"));
+  dialog->dismiss(false);
+  EXPECT_THAT(taken(), ElementsAre("dialog willDisappear", "dialog didDisappear"));
+}
+
+TEST_F(ViewControllerTest, OneAtATimeIsPresentedByAScreenAndItsContainers) {
+  const auto inner = screen("inner");
+  const auto navigation = NavigationController::create(inner);
+  navigation->appear(false);
+  const auto first = screen("first");
+  const auto second = screen("second");
+  EXPECT_TRUE(inner->present(first, false));
+  EXPECT_FALSE(navigation->present(second, false));
+  EXPECT_EQ(inner->presentingViewController(), nullptr);
+  EXPECT_EQ(first->presentingViewController(), navigation);
+  EXPECT_FALSE(second->isViewLoaded());
+  EXPECT_TRUE(first->present(second, false));
+  taken();
+  inner->dismiss(false);  // all that lies above
+  EXPECT_THAT(taken(), ElementsAre("second willDisappear", "second didDisappear",
+
+                                   "inner willAppear", "inner didAppear"));
+  EXPECT_EQ(navigation->topmost(), inner);
+}
+
+TEST_F(ViewControllerTest, AStackShowsItsLastScreen) {
+  const auto root = screen("root");
+  const auto next = screen("next");
+  const auto navigation = NavigationController::create(root);
+  EXPECT_EQ(root->navigationController(), navigation);
+  navigation->pushViewController(next, true);
+  EXPECT_THAT(taken(), ElementsAre("root load", "next load"));  // in no window yet
+  navigation->appear(false);
+  EXPECT_THAT(taken(), ElementsAre("next willAppear", "next didAppear"));
+  EXPECT_TRUE(navigation->state().animated);
+  EXPECT_EQ(navigation->popViewController(true), next);
+  EXPECT_THAT(taken(),
+              ElementsAre("next willDisappear", "next didDisappear", "root willAppear", "root didAppear"));
+  EXPECT_EQ(next->navigationController(), nullptr);
+  EXPECT_EQ(navigation->popViewController(true), nullptr);
+  EXPECT_EQ(navigation->topViewController(), root);
+}
+
+TEST_F(ViewControllerTest, NothingIsHeldByWhatItOnceShowed) {
+  std::weak_ptr<ViewController> gone;
+  const auto host = screen("host");
+  host->appear(false);
+  {
+    const auto top = NavigationController::create(screen("top"));
+    gone = top;
+    host->present(top, false);
+    top->dismiss(false);
+  }
+  EXPECT_TRUE(gone.expired());
+}
+
+}  // namespace
+}  // namespace orrelo::test
