@@ -1,0 +1,145 @@
+#include "campaign/CampaignViewController.h"
+
+#include "campaign/attendance/AttendanceCampaignView.h"
+#include "campaign/result/CampaignResultView.h"
+#include "core/model/UserManager.h"
+#include "reactive/Observable.h"
+#include "viewkit/CampaignRewardViewController.h"
+#include "viewkit/PopUpDialogViewController.h"
+
+#include <algorithm>
+#include <type_traits>
+#include <utility>
+
+namespace orrelo {
+
+CampaignViewController::CampaignViewController(std::shared_ptr<CampaignViewModel> model,
+                                               std::optional<std::string> id,
+                                               std::optional<ORLCampaignType> type)
+    : errorView(std::make_shared<ErrorView>("잠시 후 다시 시도해주세요")),
+      viewModel(std::move(model)),
+      campaignId(std::move(id)),
+      campaignType(type) {
+  errorView->state.change([](ErrorView::State& state) { state.isHidden = true; });
+}
+
+std::shared_ptr<CampaignViewController> CampaignViewController::create(
+    std::shared_ptr<CampaignViewModel> viewModel, std::string id) {
+  return std::shared_ptr<CampaignViewController>(
+      new CampaignViewController(std::move(viewModel), std::move(id), std::nullopt));
+}
+
+std::shared_ptr<CampaignViewController> CampaignViewController::create(
+    std::shared_ptr<CampaignViewModel> viewModel, ORLCampaignType type) {
+  return std::shared_ptr<CampaignViewController>(
+      new CampaignViewController(std::move(viewModel), std::nullopt, type));
+}
+
+void CampaignViewController::viewDidLoad() {
+  ORLUIViewController::viewDidLoad();
+  const std::weak_ptr<CampaignViewController> weak =
+      std::static_pointer_cast<CampaignViewController>(shared_from_this());
+  const auto fail = [weak](const Error& error) {
+    if (const auto self = weak.lock()) self->fail(error);
+  };
+  const auto background =
+      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
+  const auto main = reactive::MainScheduler::instance();
+  const auto output =
+      viewModel->transform(loadTriggerByCampaignId.asObservable(), loadTriggerByCampaignType.asObservable(),
+                           participateTrigger.asObservable());
+  output.campaign.subscribeOn(background)
+      .observeOn(main)
+      .subscribe({.onNext =
+                      [weak](const BrandedCampaign& element) {
+                        if (const auto self = weak.lock()) self->render(element);
+                      },
+                  .onError = fail})
+      .disposedBy(disposeBag);
+  output.isLoading.subscribeOn(background)
+      .observeOn(main)
+      .subscribe({.onNext =
+                      [weak](bool isLoading) {
+                        const auto self = weak.lock();
+                        if (self) self->state_.change([&](State& state) { state.isLoading = isLoading; });
+                      },
+                  .onError = fail})
+      .disposedBy(disposeBag);
+}
+
+void CampaignViewController::viewWillAppear(bool animated) {
+  ORLUIViewController::viewWillAppear(animated);
+  if (campaignId) {
+    loadTriggerByCampaignId.onNext({*campaignId, currentUserId()});
+  } else if (campaignType) {
+    loadTriggerByCampaignType.onNext({*campaignType, currentUserId()});
+  }
+}
+
+void CampaignViewController::participate(const std::string& actionUrl) {
+  participateTrigger.onNext({actionUrl, currentUserId()});
+}
+
+void CampaignViewController::render(const BrandedCampaign& element) {
+  const auto& campaign = element.campaign;
+  errorView->state.change([](ErrorView::State& state) { state.isHidden = true; });
+  viewModel->visit(campaign);
+  if (campaign.title) {
+    setTitle(campaign.title);
+  } else {
+    collapseTopBar();
+  }
+  std::visit(
+      [&](const auto& kind) {
+        using Kind = std::decay_t<decltype(kind)>;
+        if constexpr (std::is_same_v<Kind, AttendanceCampaign>) {
+          render(kind);
+        } else if constexpr (std::is_same_v<Kind, CampaignResult>) {
+          render(kind, campaign.id);
+        } else {
+          show(nullptr);
+          constexpr bool isDeprecated = std::is_same_v<Kind, DeprecatedCampaign>;
+          fail(makeError(isDeprecated ? OrreloError::deprecatedCampaign : OrreloError::unknownCampaign));
+        }
+      },
+      campaign.type);
+}
+
+void CampaignViewController::show(const std::shared_ptr<View>& content) {
+  state_.change([&](State& state) { state.content = content; });
+}
+
+void CampaignViewController::render(const AttendanceCampaign& attendance) {
+  const auto page = std::make_shared<AttendanceCampaignView>(attendance);
+  page->actionView->delegate = std::static_pointer_cast<CampaignViewController>(shared_from_this());
+  show(page);
+  if (const auto& reward = attendance.rewardMessage) {
+    const CampaignRewardViewController::Content content{reward->title, reward->message, reward->buttonText,
+                                                        attendance.calendar.primaryColor};
+    root()->topmost()->present(std::make_shared<CampaignRewardViewController>(content), false);
+  }
+}
+
+void CampaignViewController::render(const CampaignResult& result, const std::string& id) {
+  show(std::make_shared<CampaignResultView>(result));
+  if (result.popUpDialog) showOnce(*result.popUpDialog, id);
+}
+
+void CampaignViewController::showOnce(const CampaignPopUpDialog& dialog, const std::string& id) {
+  const auto states = viewModel->fetchCampaignStateUseCase().fetch();
+  const auto known = std::find_if(states.begin(), states.end(),
+                                  [&](const CampaignState& state) { return state.campaignId == id; });
+  if (known != states.end() && known->popUpDialogIsShown) return;
+  const PopUpDialogViewController::Content content{dialog.title, dialog.label, dialog.imageUrl,
+                                                   dialog.buttonText};
+  present(std::make_shared<PopUpDialogViewController>("campaign_result_pop_up_dialog", content), false);
+  viewModel->saveCampaignStateUseCase().save(id, true);
+}
+
+void CampaignViewController::fail(const Error& error) {
+  setTitle("이벤트");
+  errorView->setText(error);
+  errorView->state.change([](ErrorView::State& state) { state.isHidden = false; });
+}
+
+}  // namespace orrelo

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "campaign/CampaignActionView.h"
+#include "campaign/CampaignViewModel.h"
+#include "viewkit/ErrorView.h"
+#include "viewkit/ORLUIViewController.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace orrelo {
+
+/// The one screen for every kind of campaign. It loads each time it appears, and whatever comes, from a load
+/// or from taking part, replaces what it shows. After an error it stays as it is.
+class CampaignViewController final : public ORLUIViewController, public CampaignActionViewDelegate {
+ public:
+  struct State {
+    /// The page of the campaign's kind; null until there is one. It stays while another loads.
+    std::shared_ptr<View> content;
+    bool isLoading = false;
+
+    friend bool operator==(const State&, const State&) = default;
+  };
+  static constexpr auto backgroundAsset = "orl_bg_gray_gradient";
+  /// Of the activity indicator, in points.
+  static constexpr Size indicatorSize{50.0, 50.0};
+
+  static std::shared_ptr<CampaignViewController> create(std::shared_ptr<CampaignViewModel> viewModel,
+                                                        std::string id);
+  static std::shared_ptr<CampaignViewController> create(std::shared_ptr<CampaignViewModel> viewModel,
+                                                        ORLCampaignType type);
+
+  std::string_view kind() const override { return "CampaignViewController"; }
+
+  State state() const { return state_.value(); }
+  reactive::Observable<State> states() const { return state_.stream(); }
+  /// Over the content while it is not hidden.
+  const std::shared_ptr<ErrorView> errorView;
+
+  void participate(const std::string& actionUrl) override;
+
+ protected:
+  void viewDidLoad() override;
+  void viewWillAppear(bool animated) override;
+
+ private:
+  template <class Target>
+  using TriggerSubject = reactive::PublishSubject<CampaignTrigger<Target>>;
+
+  CampaignViewController(std::shared_ptr<CampaignViewModel> model, std::optional<std::string> id,
+                         std::optional<ORLCampaignType> type);
+
+  void render(const BrandedCampaign& element);
+  void show(const std::shared_ptr<View>& content);
+  void render(const AttendanceCampaign& attendance);
+  void render(const CampaignResult& result, const std::string& id);
+  void showOnce(const CampaignPopUpDialog& dialog, const std::string& id);
+  void fail(const Error& error);
+
+  const std::shared_ptr<CampaignViewModel> viewModel;
+  const std::optional<std::string> campaignId;
+  const std::optional<ORLCampaignType> campaignType;
+  const TriggerSubject<std::string> loadTriggerByCampaignId;
+  const TriggerSubject<ORLCampaignType> loadTriggerByCampaignType;
+  const TriggerSubject<std::string> participateTrigger;
+  Followed<State> state_;
+  reactive::DisposeBag disposeBag;
+};
+
+}  // namespace orrelo

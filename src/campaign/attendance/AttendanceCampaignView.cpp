@@ -1,0 +1,21 @@
+#include "campaign/attendance/AttendanceCampaignView.h"
+
+#include "events/UserEventTracker.h"
+
+namespace orrelo {
+
+AttendanceCampaignView::AttendanceCampaignView(const AttendanceCampaign& campaign) {
+  const auto& info = campaign.campaignInfo;
+  infoView->configure({info.firstTitle, info.secondTitle, "출석체크 안내", info.guideMessage});
+  if (info.imageUrl) {
+    infoView->imageView->load(*info.imageUrl);
+  } else {
+    infoView->imageView->setAsset(asset);
+  }
+  actionView->configure(campaign.action, campaign.calendar.primaryColor,
+                        [] { UserEventTracker::track(UserEventName::attendanceButtonClick); });
+  calendarView->configure(campaign.calendar);
+  noticeView->setMessages(campaign.notice.messages);
+}
+
+}  // namespace orrelo

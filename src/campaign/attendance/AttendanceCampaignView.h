@@ -1,0 +1,29 @@
+#pragma once
+
+#include "campaign/CampaignActionView.h"
+#include "campaign/attendance/AttendanceCampaign.h"
+#include "campaign/attendance/CampaignCalendarView.h"
+#include "viewkit/CampaignInfoView.h"
+#include "viewkit/CampaignNoticeView.h"
+
+#include <memory>
+
+namespace orrelo {
+
+/// The page of an attendance campaign, from top to bottom.
+class AttendanceCampaignView final : public View {
+ public:
+  /// The kit's picture, where the campaign has none.
+  static constexpr auto asset = "orl_ic_attendance";
+
+  explicit AttendanceCampaignView(const AttendanceCampaign& campaign);
+
+  std::string_view kind() const override { return "AttendanceCampaignView"; }
+
+  const std::shared_ptr<CampaignInfoView> infoView = std::make_shared<CampaignInfoView>();
+  const std::shared_ptr<CampaignActionView> actionView = std::make_shared<CampaignActionView>();
+  const std::shared_ptr<CampaignCalendarView> calendarView = std::make_shared<CampaignCalendarView>();
+  const std::shared_ptr<CampaignNoticeView> noticeView = std::make_shared<CampaignNoticeView>();
+};
+
+}  // namespace orrelo

@@ -1,0 +1,116 @@
+#include "campaign/attendance/CampaignCalendarView.h"
+
+#include <type_traits>
+#include <variant>
+
+namespace orrelo {
+namespace {
+
+constexpr Color headerColor{0.582, 0.588, 0.592, 1.0};
+constexpr Color deemedColor{0.715, 0.717, 0.72, 1.0};
+constexpr Color dayColor{0.239, 0.243, 0.247, 1.0};
+constexpr Color white{1.0, 1.0, 1.0, 1.0};
+constexpr double strokeWidth = 2.0;
+
+// Puts together a cell's look, property by property. An icon hides the day, but not from those who cannot
+// see.
+class CellPainter {
+ public:
+  CellPainter(const Color& primary, const Color& secondary, int day)
+      : primary_(primary), secondary_(secondary), day_(day) {}
+
+  CampaignCalendarViewCell operator()(const CalendarCell::Header& header) const {
+    return {.day = header.text, .dayColor = headerColor, .accessibilityLabel = header.text};
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::Deemed& cell) const {
+    return dayCell(cell.date, deemedColor);
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::Normal& cell) const {
+    return dayCell(cell.date, dayColor);
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::Today& cell) const {
+    return ofToday(stroked(dayCell(cell.date, dayColor)));
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::TodayHighlight& cell) const {
+    return ofToday(attended(filled(dayCell(cell.date, white), primary_)));
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::TodayHighlightWithIcon& cell) const {
+    return ofToday(attended(filled(iconCell(cell.iconUrl), secondary_)));
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::TodayStrokeHighlightWithIcon& cell) const {
+    return ofToday(stroked(iconCell(cell.iconUrl)));
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::Highlight& cell) const {
+    return attended(filled(dayCell(cell.date, white), primary_));
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::HighlightWithIcon& cell) const {
+    return attended(filled(iconCell(cell.iconUrl), secondary_));
+  }
+  CampaignCalendarViewCell operator()(const CalendarCell::StrokeHighlightWithIcon& cell) const {
+    return stroked(iconCell(cell.iconUrl));
+  }
+
+ private:
+  using Cell = CampaignCalendarViewCell;
+
+  static Cell dayCell(const CalendarDate& date, const Color& color) {
+    const auto day = std::to_string(date.day);
+    return {.day = day, .dayColor = color, .accessibilityLabel = day + "일"};
+  }
+  Cell iconCell(const std::optional<std::string>& iconUrl) const {
+    return {.hasIcon = true,
+            .iconUrl = iconUrl.value_or(""),
+            .accessibilityLabel = std::to_string(day_) + "일, 보너스"};
+  }
+  static Cell filled(Cell cell, const Color& color) {
+    cell.backgroundColor = color;
+    return cell;
+  }
+  Cell stroked(Cell cell) const {
+    cell.borderWidth = strokeWidth;
+    cell.borderColor = primary_;
+    return cell;
+  }
+  static Cell attended(Cell cell) {
+    cell.accessibilityLabel += ", 출석";
+    return cell;
+  }
+  static Cell ofToday(Cell cell) {
+    cell.bottomText = CampaignCalendarView::todayLegend;
+    cell.accessibilityLabel += ", 오늘";
+    return cell;
+  }
+
+  const Color& primary_;
+  const Color& secondary_;
+  const int day_;
+};
+
+}  // namespace
+
+CampaignCalendarViewCell renderCell(const CalendarCellViewState& state, const Color& primary,
+                                    const Color& secondary, int day) {
+  return std::visit(CellPainter(primary, secondary, day), state);
+}
+
+void CampaignCalendarView::configure(const CampaignCalendar& calendar) {
+  cellViewState = orrelo::cellViewState(calendar);
+  const auto& descriptions = calendar.descriptions;
+  State content{.monthText = std::to_string(calendar.today.month) + "월",
+                .firstDescription = descriptions.empty() ? "" : descriptions[0],
+                .secondDescription = descriptions.size() < 2 ? "" : descriptions[1],
+                .primaryColor = calendar.primaryColor,
+                .secondaryColor = calendar.secondaryColor,
+                .cells = {}};
+  content.cells.reserve(cellViewState.size());
+  int day = 0;
+  for (const auto& cell : cellViewState) {
+    const bool isOfMonth = !std::holds_alternative<CalendarCell::Header>(cell) &&
+                           !std::holds_alternative<CalendarCell::Deemed>(cell);
+    if (isOfMonth) ++day;
+    content.cells.push_back(renderCell(cell, calendar.primaryColor, calendar.secondaryColor, day));
+  }
+  state.set(std::move(content));
+}
+
+}  // namespace orrelo

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "campaign/Campaign.h"
+#include "image/ImageView.h"
+#include "viewkit/CampaignNoticeView.h"
+
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// What a campaign shows once it has ended for this user.
+class CampaignResultView final : public View {
+ public:
+  explicit CampaignResultView(const CampaignResult& result)
+      : body(result.body), name(result.name), label(result.label) {
+    imageView->load(result.imageUrl);
+    noticeView->setMessages(result.notice.messages);
+  }
+
+  std::string_view kind() const override { return "CampaignResultView"; }
+
+  const std::string body;
+  const std::string name;
+  const std::string label;
+  const std::shared_ptr<AutoLayoutImageView> imageView = std::make_shared<AutoLayoutImageView>();
+  const std::shared_ptr<CampaignNoticeView> noticeView = std::make_shared<CampaignNoticeView>();
+};
+
+}  // namespace orrelo
