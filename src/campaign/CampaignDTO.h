@@ -1,0 +1,42 @@
+#pragma once
+
+#include "campaign/PageDetailDTO.h"
+#include "core/base/Json.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orrelo {
+
+/// A campaign as the service sends it. Every field is required, and only these fail a reply; what is wrong
+/// within a page's detail makes that page unknown.
+struct CampaignDTO {
+  /// Also the whole reply to a participation.
+  struct PageResponse {
+    std::string pageType;
+    std::string pageId;
+    PageDetailDTO pageDetail;
+
+    /// Throw a DecodingError.
+    static PageResponse decode(std::string_view json);
+    static PageResponse decode(const JsonObject& json);
+
+    friend bool operator==(const PageResponse&, const PageResponse&) = default;
+  };
+
+  std::string id;
+  std::string label;
+  std::string name;
+  std::string iconUrl;
+  PageResponse page;
+
+  /// Throw a DecodingError.
+  static CampaignDTO decode(std::string_view json);
+  static CampaignDTO decode(const JsonObject& json);
+  static std::vector<CampaignDTO> decodeList(std::string_view json);
+
+  friend bool operator==(const CampaignDTO&, const CampaignDTO&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,101 @@
+#include "campaign/CampaignDataSources.h"
+
+#include "core/base/Json.h"
+#include "core/base/JsonWriter.h"
+#include "core/base/Utf8.h"
+#include "reactive/Observable.h"
+
+#include <algorithm>
+#include <set>
+#include <string_view>
+
+namespace orrelo {
+namespace {
+
+constexpr auto storedKey = "orrelo_live_campaign_state_array";
+
+std::vector<CampaignState> decodeStates(std::string_view json) {
+  JsonParser parser;
+  std::vector<CampaignState> states;
+  parser.parse(json).arrayValue().forEach([&](const JsonValue& row) {
+    const auto state = row.objectValue();
+    states.push_back({state.text("campaignId"), state.boolean("popUpDialogIsShown")});
+  });
+  return states;
+}
+
+}  // namespace
+
+std::vector<CampaignState> CampaignLocalDataSource::load() const {
+  const auto stored = userDefaults->data(storedKey);
+  if (!stored) return {};
+  try {
+    return decodeStates({reinterpret_cast<const char*>(stored->data()), stored->size()});
+  } catch (const Error&) {
+    return {};
+  }
+}
+
+void CampaignLocalDataSource::save(const CampaignState& state) const {
+  if (!utf8::isValid(state.campaignId)) return;
+  auto states = load();
+  std::erase_if(states, [&](const auto& stored) { return stored.campaignId == state.campaignId; });
+  states.push_back(state);
+  store(states);
+}
+
+void CampaignLocalDataSource::prune(const std::vector<Campaign>& listed) const {
+  std::set<std::string_view> wanted;
+  for (const auto& campaign : listed) wanted.insert(campaign.id);
+  auto states = load();
+  // The first state of a campaign is the one that counts.
+  std::erase_if(states, [&](const auto& stored) { return wanted.erase(stored.campaignId) == 0; });
+  store(states);
+}
+
+void CampaignLocalDataSource::store(const std::vector<CampaignState>& states) const {
+  JsonWriter json;
+  json.beginArray();
+  for (const auto& state : states) {
+    json.beginObject();
+    json.field("campaignId", state.campaignId);
+    json.key("popUpDialogIsShown").boolean(state.popUpDialogIsShown);
+    json.endObject();
+  }
+  json.endArray();
+  const auto& text = json.result();
+  const auto* const bytes = reinterpret_cast<const std::byte*>(text.data());
+  userDefaults->set(storedKey, DefaultsData(bytes, bytes + text.size()));
+}
+
+HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId) {
+  headers["buid"] = userId;
+  return headers;
+}
+
+reactive::Observable<Campaign> CampaignRemoteDataSource::fetch(const std::string& campaignId,
+                                                               const std::string& userId) const {
+  return get("/campaigns/" + campaignId, userId).map([mapper = mapper](const HTTPReply& reply) {
+    return mapper.map(CampaignDTO::decode(reply.data));
+  });
+}
+
+reactive::Observable<std::vector<Campaign>> CampaignRemoteDataSource::fetchAll(
+    const std::string& userId) const {
+  return get("/campaigns", userId).map([mapper = mapper](const HTTPReply& reply) {
+    std::vector<Campaign> campaigns;
+    for (auto& dto : CampaignDTO::decodeList(reply.data)) campaigns.push_back(mapper.map(std::move(dto)));
+    return campaigns;
+  });
+}
+
+reactive::Observable<HTTPReply> CampaignRemoteDataSource::get(const std::string& path,
+                                                              const std::string& userId) const {
+  URLRequestBuilder builder(URLRequestBuilder::Method::get);
+  builder.baseUrl = networkConfig.baseUrl;
+  builder.path = path;
+  builder.headers = withUser(networkConfig.headers, userId);
+  return send(builder, *httpClient).observeOn(scheduler_);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,83 @@
+#include "campaign/CampaignMapper.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+std::vector<CalendarDate> datesOf(const std::vector<std::string>& texts) {
+  std::vector<CalendarDate> dates;
+  dates.reserve(texts.size());
+  std::transform(texts.begin(), texts.end(), std::back_inserter(dates), &CalendarDate::parse);
+  return dates;
+}
+
+CampaignRewardMessage rewardMessageOf(RewardMessageDTO dto) {
+  return {std::move(dto.title), std::move(dto.body), std::move(dto.buttonText)};
+}
+
+CampaignPopUpDialog popUpDialogOf(PopUpDialogDTO dto) {
+  return {std::move(dto.title), std::move(dto.label), std::move(dto.imageUrl), std::move(dto.buttonText)};
+}
+
+AttendanceCampaign attendanceOf(AttendanceCampaignPageDetailDTO dto) {
+  AttendanceCampaign campaign{
+      .campaignInfo = {std::move(dto.firstTitle), std::move(dto.secondTitle), std::move(dto.guideMessage),
+                       std::move(dto.imageUrl)},
+      .action = {std::move(dto.buttonText), std::move(dto.statusMessage), std::move(dto.buttonUrl),
+                 dto.buttonEnable},
+      .calendar = {.today = CalendarDate::parse(dto.today),
+                   .primaryHighlightDates = datesOf(dto.attendedDate),
+                   .secondaryHighlightDates = datesOf(dto.highlightDate),
+                   .highlightIconUrl = std::move(dto.highlightIcon),
+                   .descriptions = std::move(dto.calendarDescription),
+                   .primaryColor = Color::fromHex(dto.color),
+                   .secondaryColor = Color::fromHex(dto.highlightColor)},
+      .notice = {std::move(dto.notice)},
+      .rewardMessage = std::nullopt,
+  };
+  if (dto.rewardMessage) campaign.rewardMessage = rewardMessageOf(*std::move(dto.rewardMessage));
+  return campaign;
+}
+
+// The name and the label are the campaign's, not the page's.
+CampaignResult resultOf(CampaignResultPageDTO dto, const Campaign& campaign) {
+  CampaignResult result{campaign.name,       campaign.label,          std::move(dto.imageUrl),
+                        std::move(dto.body), {std::move(dto.notice)}, std::nullopt};
+  if (dto.popUpDialog) result.popUpDialog = popUpDialogOf(*std::move(dto.popUpDialog));
+  return result;
+}
+
+struct TypeOf {
+  const Campaign& campaign;
+
+  Campaign::CampaignType operator()(AttendanceCampaignPageDetailDTO& dto) const {
+    return attendanceOf(std::move(dto));
+  }
+  Campaign::CampaignType operator()(OptInMarketingCampaignPageDetailDTO&) const {
+    return OptInMarketingCampaign{};
+  }
+  Campaign::CampaignType operator()(ReferralCampaignPageDTO&) const { return ReferralCampaign{}; }
+  Campaign::CampaignType operator()(StampCampaignPageDTO&) const { return StampCampaign{}; }
+  Campaign::CampaignType operator()(ModularCampaignPageDTO&) const { return ModularCampaign{}; }
+  Campaign::CampaignType operator()(CampaignResultPageDTO& dto) const {
+    return resultOf(std::move(dto), campaign);
+  }
+  // A deprecated page too: deliberately, its user is led to an update and not to DeprecatedCampaign.
+  Campaign::CampaignType operator()(DeprecatedPageDTO&) const { return UnknownCampaign{}; }
+  Campaign::CampaignType operator()(UnknownCampaignDetailDTO&) const { return UnknownCampaign{}; }
+};
+
+}  // namespace
+
+Campaign CampaignMapper::map(CampaignDTO dto) const {
+  auto& detail = dto.page.pageDetail;
+  Campaign campaign{std::move(dto.id), std::move(dto.label), std::move(dto.name), std::move(dto.iconUrl),
+                    std::move(detail.toolbarText)};
+  campaign.type = std::visit(TypeOf{campaign}, detail.kind);
+  return campaign;
+}
+
+}  // namespace orrelo

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/base/Json.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orrelo {
+
+/// Every field is required.
+struct PopUpDialogDTO {
+  std::string title;
+  std::string label;
+  std::string imageUrl;
+  std::string buttonText;
+
+  static PopUpDialogDTO decode(const JsonObject& json);
+
+  friend bool operator==(const PopUpDialogDTO&, const PopUpDialogDTO&) = default;
+};
+
+/// The page after a campaign has ended for this user.
+struct CampaignResultPageDTO {
+  std::string imageUrl;
+  std::string body;
+  std::vector<std::string> notice;
+  /// Tolerant: absent where it cannot be read.
+  std::optional<PopUpDialogDTO> popUpDialog;
+
+  static CampaignResultPageDTO decode(const JsonObject& json);
+
+  friend bool operator==(const CampaignResultPageDTO&, const CampaignResultPageDTO&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,144 @@
+#include "campaign/CampaignViewModel.h"
+
+#include "events/UserEventTracker.h"
+#include "reactive/Combining.h"
+#include "reactive/Observable.h"
+#include "reactive/Subjects.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+bool hasType(const Campaign& campaign, ORLCampaignType type) {
+  try {
+    return publicType(campaign) == type;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+template <class T>
+reactive::Observable<T> failure(OrreloError error) {
+  return reactive::error<T>(makeError(error));
+}
+
+// Before anything of the stream can run, on whichever scheduler that begins.
+template <class T, class Effect>
+reactive::Observable<T> onSubscribe(const reactive::Observable<T>& stream, Effect effect) {
+  return reactive::makeSource<T>(
+      [stream, effect](reactive::ObserverPtr<T> observer, const reactive::StartOn& startOn) {
+        effect();
+        stream.subscribe(std::move(observer), startOn);
+      });
+}
+
+}  // namespace
+
+std::shared_ptr<CampaignViewModelImpl> CampaignViewModelImpl::create(CampaignUseCases useCases) {
+  return std::shared_ptr<CampaignViewModelImpl>(new CampaignViewModelImpl(std::move(useCases)));
+}
+
+/// `method` as a step of a stream that holds the view model weakly.
+template <class In, class Out>
+auto CampaignViewModelImpl::step(Stream<Out> (CampaignViewModelImpl::*method)(const In&)) {
+  return [weak = weak_from_this(), method](const In& element) {
+    const auto self = weak.lock();
+    return self ? ((*self).*method)(element) : failure<Out>(OrreloError::referenceDeallocation);
+  };
+}
+
+CampaignViewModel::Output CampaignViewModelImpl::transform(
+    const Triggers<std::string>& loadTriggerByCampaignId,
+    const Triggers<ORLCampaignType>& loadTriggerByCampaignType,
+    const Triggers<std::string>& participateTrigger) {
+  using Trigger = CampaignTrigger<std::string>;
+  const reactive::BehaviorSubject<bool> isLoading(false);
+  const auto begins = [isLoading](const Trigger&) { isLoading.onNext(true); };
+  const auto ends = [isLoading] { isLoading.onNext(false); };
+
+  const auto byType = loadTriggerByCampaignType.flatMap(step(&CampaignViewModelImpl::lookUp));
+  const auto loads = reactive::merge<Trigger>({loadTriggerByCampaignId, byType})
+                         .doOn({.onNext = begins})
+                         .flatMap(step(&CampaignViewModelImpl::load));
+  const auto participations =
+      participateTrigger.doOn({.onNext = begins}).flatMap(step(&CampaignViewModelImpl::participate));
+  const auto campaigns = reactive::merge<BrandedCampaign>({loads, participations})
+                             .flatMap(step(&CampaignViewModelImpl::induceUpdateIfUnknown))
+                             .doOn({.onNext =
+                                        [weak = weak_from_this(), ends](const BrandedCampaign& branded) {
+                                          if (const auto self = weak.lock()) self->remember(branded.campaign);
+                                          ends();
+                                        },
+                                    .onError = [ends](const Error&) { ends(); },
+                                    .onCompleted = ends});
+  return {onSubscribe(campaigns, [isLoading] { isLoading.onNext(true); }),
+          isLoading.asObservable().distinctUntilChanged()};
+}
+
+CampaignViewModelImpl::Stream<CampaignTrigger<std::string>> CampaignViewModelImpl::lookUp(
+    const CampaignTrigger<ORLCampaignType>& trigger) {
+  using Found = CampaignTrigger<std::string>;
+  if (!trigger.userId) return failure<Found>(OrreloError::notLoggedIn);
+  return useCases_.fetchCampaignsUseCase.fetch(*trigger.userId)
+      .map([trigger](const std::vector<Campaign>& campaigns) {
+        const auto found = std::find_if(campaigns.begin(), campaigns.end(),
+                                        [&](const auto& each) { return hasType(each, trigger.target); });
+        if (found == campaigns.end()) throw makeError(OrreloError::campaignNotExists);
+        return Found{found->id, trigger.userId};
+      });
+}
+
+CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::load(
+    const CampaignTrigger<std::string>& trigger) {
+  if (!trigger.userId) return failure<BrandedCampaign>(OrreloError::notLoggedIn);
+  return branded(useCases_.fetchCampaignUseCase.fetch(trigger.target, *trigger.userId));
+}
+
+CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::participate(
+    const CampaignTrigger<std::string>& trigger) {
+  if (!trigger.userId) return failure<BrandedCampaign>(OrreloError::notLoggedIn);
+  std::optional<Campaign> shown;
+  {
+    const std::lock_guard lock(mutex_);
+    shown = campaign;
+  }
+  if (!shown) return failure<BrandedCampaign>(OrreloError::campaignNotExists);
+  return branded(useCases_.participateCampaignUseCase->participate(*shown, trigger.target, *trigger.userId));
+}
+
+CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::branded(
+    const Stream<Campaign>& stream) {
+  return reactive::zip(stream, useCases_.fetchConfigUseCase->fetch())
+      .map([](const std::tuple<Campaign, Config>& row) {
+        const auto& theme = std::get<Config>(row).brandTheme;
+        return BrandedCampaign{std::get<Campaign>(row), theme.primary, theme.seconary, theme.seconaryVariant};
+      });
+}
+
+CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::induceUpdateIfUnknown(
+    const BrandedCampaign& branded) {
+  if (!std::holds_alternative<UnknownCampaign>(branded.campaign.type)) return reactive::just(branded);
+  return useCases_.fetchUpdateUrlUseCase->fetch().map([branded](const std::string& url) {
+    auto inducing = branded;
+    inducing.campaign.type = InduceUpdateCampaign{url};
+    return inducing;
+  });
+}
+
+void CampaignViewModelImpl::remember(const Campaign& shown) {
+  const std::lock_guard lock(mutex_);
+  campaign = shown;
+}
+
+void CampaignViewModelImpl::visit(const Campaign& visited) {
+  {
+    const std::lock_guard lock(mutex_);
+    if (lastVisitCampaign && lastVisitCampaign->id == visited.id) return;
+    lastVisitCampaign = visited;
+  }
+  UserEventTracker::track(UserEventName::visit, {{UserEventValueKey::pageName, pageName(visited)}});
+}
+
+}  // namespace orrelo

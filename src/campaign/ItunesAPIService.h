@@ -1,0 +1,56 @@
+#pragma once
+
+#include "network/HTTPClient.h"
+#include "reactive/ObservableType.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orrelo {
+
+struct ITunesAppData {
+  std::string bundleId;
+  std::int64_t trackId = 0;
+
+  friend bool operator==(const ITunesAppData&, const ITunesAppData&) = default;
+};
+
+/// What the store knows of an application.
+struct ITunesResponse {
+  std::int64_t resultCount = 0;
+  std::vector<ITunesAppData> results;
+
+  /// Throws a DecodingError: every field is required.
+  static ITunesResponse decode(std::string_view json);
+
+  friend bool operator==(const ITunesResponse&, const ITunesResponse&) = default;
+};
+
+/// The store's public lookup.
+class ItunesAPIService {
+ public:
+  virtual ~ItunesAPIService() = default;
+
+  /// A cold stream of one element or an error. Any thread.
+  virtual reactive::Observable<ITunesResponse> lookup(const std::string& bundleId) = 0;
+};
+
+class ItunesAPIServiceImpl final : public ItunesAPIService {
+ public:
+  /// Over plain HTTP, as the store offers it: nothing of the user or of the kit goes with the question.
+  static constexpr const char* storeUrl = "http://itunes.apple.com";
+
+  explicit ItunesAPIServiceImpl(std::shared_ptr<HTTPClient> client, std::string baseUrl = storeUrl)
+      : httpClient(std::move(client)), baseUrl_(std::move(baseUrl)) {}
+
+  reactive::Observable<ITunesResponse> lookup(const std::string& bundleId) override;
+
+ private:
+  std::shared_ptr<HTTPClient> httpClient;
+  std::string baseUrl_;
+};
+
+}  // namespace orrelo

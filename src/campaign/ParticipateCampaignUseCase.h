@@ -1,0 +1,41 @@
+#pragma once
+
+#include "campaign/CampaignMapper.h"
+#include "network/HTTPClient.h"
+#include "network/NetworkConfig.h"
+#include "reactive/ObservableType.h"
+#include "reactive/Scheduler.h"
+
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+class ParticipageCampaignUseCase {
+ public:
+  virtual ~ParticipageCampaignUseCase() = default;
+
+  /// Calls the path that the campaign's page carries, as it stands, and gives the campaign with the page that
+  /// now applies. A cold stream of one element or an error. Any thread.
+  virtual reactive::Observable<Campaign> participate(const Campaign& campaign, const std::string& url,
+                                                     const std::string& userId) = 0;
+};
+
+/// Replies are read on `scheduler` and not on the network's thread.
+class ParticipateCampaignUseCaseImpl final : public ParticipageCampaignUseCase {
+ public:
+  ParticipateCampaignUseCaseImpl(NetworkConfig config, std::shared_ptr<HTTPClient> client,
+                                 reactive::SchedulerPtr scheduler)
+      : networkConfig(std::move(config)), httpClient(std::move(client)), scheduler_(std::move(scheduler)) {}
+
+  reactive::Observable<Campaign> participate(const Campaign& campaign, const std::string& url,
+                                             const std::string& userId) override;
+
+ private:
+  NetworkConfig networkConfig;
+  CampaignMapper mapper;
+  std::shared_ptr<HTTPClient> httpClient;
+  reactive::SchedulerPtr scheduler_;
+};
+
+}  // namespace orrelo

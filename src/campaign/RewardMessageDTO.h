@@ -1,0 +1,20 @@
+#pragma once
+
+#include "core/base/Json.h"
+
+#include <string>
+
+namespace orrelo {
+
+/// A reward to announce; every field is required.
+struct RewardMessageDTO {
+  std::string title;
+  std::string body;
+  std::string buttonText;
+
+  static RewardMessageDTO decode(const JsonObject& json);
+
+  friend bool operator==(const RewardMessageDTO&, const RewardMessageDTO&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,60 @@
+#include "campaign/attendance/CampaignCalendar.h"
+
+#include "core/base/TimeZone.h"
+#include "network/RFC3339DateParser.h"
+#include "platform/Clock.h"
+
+#include <orrelo/Platform.h>
+
+#include <date/date.h>
+
+namespace orrelo {
+namespace {
+
+std::optional<date::year_month> deviceMonth(int month) {
+  if (month < 1 || month > 12) return std::nullopt;
+  const auto now = Platform::current().clock->now();
+  return date::year(RFC3339DateParser::year(now, TimeZone::current())) /
+         date::month(static_cast<unsigned>(month));
+}
+
+int dayCount(date::year_month month) {
+  return static_cast<int>(static_cast<unsigned>((month / date::last).day()));
+}
+
+// How many cells stand before the first of the month in a week that begins on Sunday.
+int leadingCells(date::year_month month) {
+  return static_cast<int>(date::weekday(date::sys_days(month / 1)).c_encoding());
+}
+
+std::vector<CalendarDate> daysOf(date::year_month month, int first, int last) {
+  std::vector<CalendarDate> days;
+  for (int day = first; day <= last; ++day) {
+    days.push_back({int(month.year()), static_cast<int>(static_cast<unsigned>(month.month())), day});
+  }
+  return days;
+}
+
+}  // namespace
+
+std::vector<CalendarDate> CampaignCalendar::previousMonthTail(int month) const {
+  const auto current = deviceMonth(month);
+  if (!current) return {};
+  const auto previous = *current - date::months(1);
+  const int count = dayCount(previous);
+  return daysOf(previous, count - leadingCells(*current) + 1, count);
+}
+
+std::vector<CalendarDate> CampaignCalendar::monthDays(int month) const {
+  const auto current = deviceMonth(month);
+  return current ? daysOf(*current, 1, dayCount(*current)) : std::vector<CalendarDate>();
+}
+
+std::vector<CalendarDate> CampaignCalendar::nextMonthHead(int month) const {
+  const auto current = deviceMonth(month);
+  if (!current) return {};
+  const int cells = leadingCells(*current) + dayCount(*current);
+  return daysOf(*current + date::months(1), 1, (7 - cells % 7) % 7);
+}
+
+}  // namespace orrelo
