@@ -43,6 +43,8 @@ class ORRELO_EXPORT IOrrelo {
   virtual void showHome(const std::shared_ptr<ViewController>& with) = 0;
   virtual void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) = 0;
   virtual void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with) = 0;
+  virtual std::shared_ptr<ViewController> getCampaignViewController(std::string_view id) = 0;
+  virtual std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type) = 0;
   virtual void showNaverPayExchange(const std::shared_ptr<ViewController>& with) = 0;
   virtual void showPage(std::string_view id) = 0;
   virtual void showInAppMessage(const std::shared_ptr<ViewController>& with) = 0;

@@ -71,8 +71,15 @@ class ORRELO_EXPORT Orrelo final {
   static void sendEvent(std::string_view name, EventValues values);
 
   static void showHome(const std::shared_ptr<ViewController>& with);
+  /// Opens a campaign from the host's screen `with`: on its navigation stack where it stands on one, else
+  /// over it. Nothing happens without a screen.
   static void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with);
+  /// The first campaign of the type that the service lists for the current user.
   static void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with);
+  /// The same screens, for the host to show. Never null: before `initialize` a screen that asks to try again.
+  /// On the main thread.
+  static std::shared_ptr<ViewController> getCampaignViewController(std::string_view id);
+  static std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type);
   static void showNaverPayExchange(const std::shared_ptr<ViewController>& with);
   /// Opens the page that the service has put behind `id`.
   static void showPage(std::string_view id);

@@ -4,6 +4,8 @@
 #include "core/base/Color.h"
 #include "viewkit/base/View.h"
 
+#include <orrelo/Export.h>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -12,7 +14,7 @@
 namespace orrelo {
 
 /// What an action view asks its screen for.
-class CampaignActionViewDelegate {
+class ORRELO_EXPORT CampaignActionViewDelegate {
  public:
   virtual ~CampaignActionViewDelegate() = default;
 
@@ -21,7 +23,7 @@ class CampaignActionViewDelegate {
 };
 
 /// The one button of a campaign's page, and a line on how things stand.
-class CampaignActionView final : public View {
+class ORRELO_EXPORT CampaignActionView final : public View {
  public:
   struct State {
     std::string title;

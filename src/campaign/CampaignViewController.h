@@ -5,6 +5,8 @@
 #include "viewkit/ErrorView.h"
 #include "viewkit/ORLUIViewController.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,7 +15,8 @@ namespace orrelo {
 
 /// The one screen for every kind of campaign. It loads each time it appears, and whatever comes, from a load
 /// or from taking part, replaces what it shows. After an error it stays as it is.
-class CampaignViewController final : public ORLUIViewController, public CampaignActionViewDelegate {
+class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
+                                                   public CampaignActionViewDelegate {
  public:
   struct State {
     /// The page of the campaign's kind; null until there is one. It stays while another loads.

@@ -7,6 +7,8 @@
 #include "events/KelsoInsight.h"
 #include "network/KelsoMutator.h"
 #include "platform/URLSession.h"
+#include "viewkit/ErrorViewController.h"
+#include "viewkit/base/NavigationController.h"
 
 #include <orrelo/Orrelo.h>
 
@@ -23,6 +25,33 @@ bool isInitialized(std::string_view operation) {
     return "Orrelo SDK is not initialized. Call Orrelo.initialize() before " + std::string(operation);
   });
   return InitializedOrrelo::hasCurrent();  // another thread may have initialized meanwhile
+}
+
+std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() {
+  return InitializedOrrelo::current()->component->campaignComponent().campaignViewControllerFactory;
+}
+
+std::shared_ptr<ViewController> makeErrorScreen() {
+  return std::make_shared<ErrorViewController>("잠시 후 다시 시도해주세요.");
+}
+
+// Screens belong to the main thread; a call from another is posted there.
+void onMainThread(std::function<void()> task) {
+  const auto& mainLoop = Platform::current().mainLoop;
+  if (mainLoop->isCurrent()) {
+    task();
+  } else {
+    mainLoop->post(std::move(task));
+  }
+}
+
+void show(const std::shared_ptr<ViewController>& screen, const std::shared_ptr<ViewController>& with) {
+  if (!with) return;
+  if (const auto navigation = with->navigationController()) {
+    navigation->pushViewController(screen, true);
+  } else {
+    with->present(screen, true);
+  }
 }
 
 }  // namespace
@@ -72,12 +101,30 @@ void Orrelo::showHome(const std::shared_ptr<ViewController>&) {
   isInitialized("showHome(with:)");
 }
 
-void Orrelo::showCampaign(std::string_view, const std::shared_ptr<ViewController>&) {
-  isInitialized("showCampaign(by:with:)");
+void Orrelo::showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) {
+  if (!isInitialized("showCampaign(by:with:)")) return;
+  onMainThread([id = std::string(id), with] { show(campaignViewControllerFactory()->make(id), with); });
 }
 
-void Orrelo::showCampaign(ORLCampaignType, const std::shared_ptr<ViewController>&) {
-  isInitialized("showCampaign(by:with:)");
+std::shared_ptr<ViewController> Orrelo::getCampaignViewController(std::string_view id) {
+  if (!isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
+  return campaignViewControllerFactory()->make(std::string(id));
+}
+
+void Orrelo::showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with) {
+  if (!isInitialized("showCampaign(by:with:)")) return;
+  onMainThread([type, with] {
+    const auto screen = campaignViewControllerFactory()->make(type);
+    screen->modalPresentationStyle = ModalPresentationStyle::fullScreen;
+    show(screen, with);
+  });
+}
+
+std::shared_ptr<ViewController> Orrelo::getCampaignViewController(ORLCampaignType type) {
+  if (!isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
+  const auto screen = campaignViewControllerFactory()->make(type);
+  screen->modalPresentationStyle = ModalPresentationStyle::fullScreen;
+  return screen;
 }
 
 void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>&) {

@@ -15,6 +15,8 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
 
   const NetworkConfig networkConfig{baseUrl + "sdk/" + appKey, HttpHeaderGenerator(userDefaults).generate()};
   configComponent_ = std::make_unique<ConfigComponent>(userDefaults, networkConfig);
+  campaignComponent_ =
+      std::make_unique<CampaignComponent>(configComponent_->fetchConfigUseCase, networkConfig);
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
 }
 

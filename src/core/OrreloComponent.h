@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/CampaignComponent.h"
 #include "core/ConfigComponent.h"
 #include "core/EventComponent.h"
 
@@ -18,10 +19,12 @@ class OrreloComponent {
   OrreloComponent(const ORLConfig& config, const std::string& baseUrl);
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
+  const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
 
  private:
   std::unique_ptr<ConfigComponent> configComponent_;
+  std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
 };
 

@@ -21,6 +21,12 @@ class OrreloInterface final : public IOrrelo {
   void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with) override {
     Orrelo::showCampaign(type, with);
   }
+  std::shared_ptr<ViewController> getCampaignViewController(std::string_view id) override {
+    return Orrelo::getCampaignViewController(id);
+  }
+  std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type) override {
+    return Orrelo::getCampaignViewController(type);
+  }
   void showNaverPayExchange(const std::shared_ptr<ViewController>& with) override {
     Orrelo::showNaverPayExchange(with);
   }

@@ -2,11 +2,13 @@
 
 #include "viewkit/base/View.h"
 
+#include <orrelo/Export.h>
+
 #include <string>
 
 namespace orrelo {
 
-class ImageView : public View {
+class ORRELO_EXPORT ImageView : public View {
  public:
   struct State {
     std::string asset;
@@ -18,7 +20,7 @@ class ImageView : public View {
   void setAsset(const std::string& name);
   Followed<State> state;
 };
-class AutoLayoutImageView final : public ImageView {
+class ORRELO_EXPORT AutoLayoutImageView final : public ImageView {
  public:
   std::string_view kind() const override { return "AutoLayoutImageView"; }
 };

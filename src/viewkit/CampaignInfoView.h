@@ -4,13 +4,15 @@
 #include "viewkit/TooltipView.h"
 #include "viewkit/base/View.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <string>
 
 namespace orrelo {
 
 /// The head of a campaign's page: two title rows, a line that explains itself when it is tapped, a picture.
-class CampaignInfoView final : public View {
+class ORRELO_EXPORT CampaignInfoView final : public View {
  public:
   struct State {
     /// A row without text is not there.

@@ -2,13 +2,15 @@
 
 #include "viewkit/base/View.h"
 
+#include <orrelo/Export.h>
+
 #include <string>
 #include <vector>
 
 namespace orrelo {
 
 /// What the user has to know, as a list under a heading.
-class CampaignNoticeView final : public View {
+class ORRELO_EXPORT CampaignNoticeView final : public View {
  public:
   static constexpr auto heading = "[유의사항]";
 

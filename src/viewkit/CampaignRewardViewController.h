@@ -3,13 +3,15 @@
 #include "core/base/Color.h"
 #include "viewkit/base/ViewController.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <string>
 #include <utility>
 
 namespace orrelo {
 
-class CampaignRewardViewControllerDelegate {
+class ORRELO_EXPORT CampaignRewardViewControllerDelegate {
  public:
   virtual ~CampaignRewardViewControllerDelegate() = default;
 
@@ -17,7 +19,7 @@ class CampaignRewardViewControllerDelegate {
 };
 
 /// Announces a reward on a card over the whole screen.
-class CampaignRewardViewController final : public ViewController {
+class ORRELO_EXPORT CampaignRewardViewController final : public ViewController {
  public:
   struct Content {
     std::string title;

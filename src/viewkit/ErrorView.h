@@ -3,12 +3,14 @@
 #include "core/base/Error.h"
 #include "viewkit/base/View.h"
 
+#include <orrelo/Export.h>
+
 #include <string>
 
 namespace orrelo {
 
 /// A picture of something gone wrong over a text.
-class ErrorView final : public View {
+class ORRELO_EXPORT ErrorView final : public View {
  public:
   struct State {
     std::string text;

@@ -3,6 +3,8 @@
 #include "viewkit/ErrorView.h"
 #include "viewkit/ORLUIViewController.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,7 +12,7 @@
 namespace orrelo {
 
 /// A screen that says what is wrong, and no more.
-class ErrorViewController final : public ORLUIViewController {
+class ORRELO_EXPORT ErrorViewController final : public ORLUIViewController {
  public:
   explicit ErrorViewController(std::string text)
       : message(std::move(text)), errorView(std::make_shared<ErrorView>(message)) {}

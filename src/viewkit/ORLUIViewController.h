@@ -3,6 +3,8 @@
 #include "viewkit/base/NavigationController.h"
 #include "viewkit/base/ViewController.h"
 
+#include <orrelo/Export.h>
+
 #include <optional>
 #include <string>
 
@@ -19,7 +21,7 @@ struct ModalTopBar {
 
 /// The base of the kit's full-page screens. It has a bar of its own where the host gives none, and leaves the
 /// host's bar as it found it.
-class ORLUIViewController : public ViewController {
+class ORRELO_EXPORT ORLUIViewController : public ViewController {
  public:
   void setTitle(const std::optional<std::string>& title) override;
 

@@ -3,6 +3,8 @@
 #include "image/ImageView.h"
 #include "viewkit/base/ViewController.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,7 +12,7 @@
 namespace orrelo {
 
 /// A picture with two lines over it, until it is tapped away.
-class PopUpDialogViewController final : public ViewController {
+class ORRELO_EXPORT PopUpDialogViewController final : public ViewController {
  public:
   struct Content {
     std::string title;

@@ -4,13 +4,15 @@
 #include "viewkit/base/Animation.h"
 #include "viewkit/base/View.h"
 
+#include <orrelo/Export.h>
+
 #include <array>
 #include <string>
 
 namespace orrelo {
 
 /// A bubble of text with a tail, above what it explains.
-class TooltipView final : public View {
+class ORRELO_EXPORT TooltipView final : public View {
  public:
   enum class TailPosition { top = 0, bottom = 1 };
 

@@ -6,12 +6,14 @@
 #include "viewkit/CampaignInfoView.h"
 #include "viewkit/CampaignNoticeView.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 
 namespace orrelo {
 
 /// The page of an attendance campaign, from top to bottom.
-class AttendanceCampaignView final : public View {
+class ORRELO_EXPORT AttendanceCampaignView final : public View {
  public:
   /// The kit's picture, where the campaign has none.
   static constexpr auto asset = "orl_ic_attendance";

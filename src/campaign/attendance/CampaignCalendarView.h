@@ -5,6 +5,8 @@
 #include "core/base/Color.h"
 #include "viewkit/base/View.h"
 
+#include <orrelo/Export.h>
+
 #include <string>
 #include <vector>
 
@@ -32,7 +34,7 @@ struct CampaignCalendarViewCell {
 };
 
 /// The month, seven columns wide, with the days that count.
-class CampaignCalendarView final : public View {
+class ORRELO_EXPORT CampaignCalendarView final : public View {
  public:
   struct State {
     std::string monthText;

@@ -4,13 +4,15 @@
 #include "image/ImageView.h"
 #include "viewkit/CampaignNoticeView.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <string>
 
 namespace orrelo {
 
 /// What a campaign shows once it has ended for this user.
-class CampaignResultView final : public View {
+class ORRELO_EXPORT CampaignResultView final : public View {
  public:
   explicit CampaignResultView(const CampaignResult& result)
       : body(result.body), name(result.name), label(result.label) {

@@ -3,6 +3,8 @@
 #include "core/base/Color.h"
 #include "viewkit/base/ViewController.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <optional>
 #include <vector>
@@ -10,7 +12,7 @@
 namespace orrelo {
 
 /// A stack of screens, the last of which is on the screen, under a bar with its title and the way back.
-class NavigationController final : public ViewController {
+class ORRELO_EXPORT NavigationController final : public ViewController {
  public:
   /// How the bar writes the title; absent for the front's own way.
   struct TitleTextAttributes {

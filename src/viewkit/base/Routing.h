@@ -3,6 +3,7 @@
 #include "navigation/page/Page.h"
 #include "viewkit/base/ViewController.h"
 
+#include <orrelo/Export.h>
 #include <orrelo/ORLCampaignType.h>
 
 #include <memory>
@@ -12,7 +13,7 @@
 namespace orrelo {
 
 /// Takes the user to a page. Main thread.
-class PageRouter {
+class ORRELO_EXPORT PageRouter {
  public:
   virtual ~PageRouter() = default;
 
@@ -20,7 +21,7 @@ class PageRouter {
 };
 
 /// Makes the screens of campaigns.
-class CampaignViewControllerFactory {
+class ORRELO_EXPORT CampaignViewControllerFactory {
  public:
   virtual ~CampaignViewControllerFactory() = default;
 

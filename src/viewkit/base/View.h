@@ -3,6 +3,8 @@
 #include "reactive/Subjects.h"
 #include "viewkit/base/Geometry.h"
 
+#include <orrelo/Export.h>
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -13,7 +15,7 @@ namespace orrelo {
 
 /// A part of a screen: what it shows and does. A front draws it, by the look that `kind` names, for as long
 /// as it is part of a screen. Main thread.
-class View : public std::enable_shared_from_this<View> {
+class ORRELO_EXPORT View : public std::enable_shared_from_this<View> {
  public:
   View() = default;
   View(const View&) = delete;

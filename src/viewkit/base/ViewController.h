@@ -2,6 +2,8 @@
 
 #include "viewkit/base/View.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,7 +25,7 @@ enum class ModalPresentationStyle {
 /// A screen. It belongs to the screen that contains or presents it, or to a window. Main thread.
 ///
 /// A screen loads once, before it first appears. It appears and disappears together with what contains it.
-class ViewController : public std::enable_shared_from_this<ViewController> {
+class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewController> {
  public:
   ViewController() = default;
   ViewController(const ViewController&) = delete;
@@ -101,7 +103,7 @@ class ViewController : public std::enable_shared_from_this<ViewController> {
 
 /// A screen of the host's own, as the kit knows it: something to present from. A front makes one for each
 /// window of the host.
-class HostViewController final : public ViewController {
+class ORRELO_EXPORT HostViewController final : public ViewController {
  public:
   std::string_view kind() const override { return "HostViewController"; }
 };
