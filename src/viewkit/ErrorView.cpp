@@ -1,20 +1,11 @@
 #include "viewkit/ErrorView.h"
 
+#include "core/base/ErrorText.h"
+
 namespace orrelo {
-namespace {
-
-std::string textOf(const Error& error) {
-  if (error == makeError(OrreloError::emptyCampaigns)) return "진행 중인 캠페인이 없습니다.";
-  if (error == makeError(OrreloError::notLoggedIn)) return "로그인 후 다시 시도해 주세요.";
-  if (error == makeError(OrreloError::unknownCampaign)) return "앱을 업데이트 후 다시 시도해 주세요.";
-  if (error == makeError(OrreloError::deprecatedCampaign)) return "더 이상 지원하지 않는 캠페인입니다.";
-  return "잠시 후 다시 시도해 주세요.";
-}
-
-}  // namespace
 
 void ErrorView::setText(const Error& error) {
-  state.change([&](State& state) { state.text = textOf(error); });
+  state.change([&](State& changed) { changed.text = errorText(error); });
 }
 
 }  // namespace orrelo

@@ -14,19 +14,19 @@ TooltipView::Shape TooltipView::shape(Size size) const {
 }
 
 void TooltipView::show(const std::string& text) {
-  state.change([&](State& state) {
-    state.text = text;
-    state.isHidden = false;
-    ++state.shownCount;
+  state.change([&](State& changed) {
+    changed.text = text;
+    changed.isHidden = false;
+    ++changed.shownCount;
   });
 }
 
 void TooltipView::hide() {
-  state.change([](State& state) { state.isHidden = true; });
+  state.change([](State& changed) { changed.isHidden = true; });
 }
 
 void TooltipView::handleTapAction() {
-  state.change([](State& state) { state.isHidden = !state.isHidden; });
+  state.change([](State& changed) { changed.isHidden = !changed.isHidden; });
 }
 
 }  // namespace orrelo

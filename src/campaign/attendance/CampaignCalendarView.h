@@ -15,20 +15,20 @@ namespace orrelo {
 /// How a cell of the calendar looks.
 struct CampaignCalendarViewCell {
   /// Empty where the icon stands in its place.
-  std::string day;
+  std::string day = {};
   /// Under the day; empty mostly.
-  std::string bottomText;
-  Color dayColor;
+  std::string bottomText = {};
+  Color dayColor = {};
   /// Transparent mostly.
   Color backgroundColor{0.0, 0.0, 0.0, 0.0};
   /// In points; 0 where there is no border.
   double borderWidth = 0.0;
-  Color borderColor;
+  Color borderColor = {};
   /// Whether the icon's place is there, be there an icon or not.
   bool hasIcon = false;
-  std::string iconUrl;
+  std::string iconUrl = {};
   /// What assistive technology says of the cell.
-  std::string accessibilityLabel;
+  std::string accessibilityLabel = {};
 
   friend bool operator==(const CampaignCalendarViewCell&, const CampaignCalendarViewCell&) = default;
 };
