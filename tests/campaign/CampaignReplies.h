@@ -36,6 +36,11 @@ inline Json unknownJson(const std::string& id = "c-new") {
 inline Campaign mapped(const Json& json) {
   return CampaignMapper().map(CampaignDTO::decode(json.dump()));
 }
+inline std::vector<CampaignDTO> decodedList(const std::string& json) {
+  std::vector<CampaignDTO> list;
+  CampaignDTO::decodeList(json, [&](CampaignDTO&& dto) { list.push_back(std::move(dto)); });
+  return list;
+}
 inline CalendarDate day(int year, int month, int number) {
   return {year, month, number};
 }

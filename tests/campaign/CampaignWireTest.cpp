@@ -21,7 +21,7 @@ bool isUnknown(const CampaignDTO& dto) {
 }
 
 TEST(CampaignWireTest, EveryFieldOfAReplyArrives) {
-  const auto list = CampaignDTO::decodeList(campaignReply("list.json"));
+  const auto list = decodedList(campaignReply("list.json"));
   ASSERT_EQ(list.size(), 2U);
   EXPECT_EQ(list[0].id, "c-attendance-11");
   EXPECT_EQ(list[0].label, "출석체크");
@@ -303,12 +303,12 @@ TEST_P(PresenceTest, OneBadOuterFieldFailsAListAndABadPageDoesNot) {
   auto list = Json::parse(campaignReply("list.json"));
   auto& campaign = list[static_cast<std::size_t>(GetParam())];
   campaign["page"]["page_detail"].erase("notice");
-  const auto survivors = CampaignDTO::decodeList(list.dump());
+  const auto survivors = decodedList(list.dump());
   ASSERT_EQ(survivors.size(), 2U);
   EXPECT_TRUE(isUnknown(survivors[static_cast<std::size_t>(GetParam())]));
   EXPECT_FALSE(isUnknown(survivors[static_cast<std::size_t>(1 - GetParam())]));
   campaign["page"].erase("page_id");
-  EXPECT_THROW(CampaignDTO::decodeList(list.dump()), Error);
+  EXPECT_THROW(decodedList(list.dump()), Error);
 }
 
 INSTANTIATE_TEST_SUITE_P(Replies, PresenceTest, testing::Values(0, 1),
@@ -318,12 +318,12 @@ TEST(CampaignWireTest, BodiesOfAnotherShapeFail) {
   const auto list = campaignReply("list.json");
   for (const auto& body : {std::string(), std::string("{}"), std::string("null"), std::string("[[]]"),
                            std::string("[null]"), list.substr(0, list.size() / 2), "\xFF" + list}) {
-    EXPECT_THROW(CampaignDTO::decodeList(body), Error) << body.substr(0, 20);
+    EXPECT_THROW(decodedList(body), Error) << body.substr(0, 20);
     EXPECT_THROW(CampaignDTO::decode(body), Error) << body.substr(0, 20);
     EXPECT_THROW(CampaignDTO::PageResponse::decode(body), Error) << body.substr(0, 20);
   }
   EXPECT_THROW(CampaignDTO::decode(list), Error);
-  EXPECT_TRUE(CampaignDTO::decodeList("[]").empty());
+  EXPECT_TRUE(decodedList("[]").empty());
 }
 
 TEST(CampaignWireTest, ParticipationAnswersWithAPageAlone) {

@@ -21,7 +21,7 @@ void require(bool holds, const char* what) {
   std::abort();
 }
 
-void show(CampaignDTO dto) {
+void show(CampaignDTO&& dto) {
   const auto kind = dto.page.pageDetail.kind.index();
   const auto campaign = CampaignMapper().map(std::move(dto));
   require(!pageName(campaign).empty(), "every kind has a page name");
@@ -43,9 +43,7 @@ void attempt(Decode decode) {
 }
 
 void replay(std::string_view json) {
-  attempt([&] {
-    for (auto& dto : CampaignDTO::decodeList(json)) show(std::move(dto));
-  });
+  attempt([&] { CampaignDTO::decodeList(json, &show); });
   attempt([&] { show(CampaignDTO::decode(json)); });
   attempt([&] { show({"id", "label", "name", "icon", CampaignDTO::PageResponse::decode(json)}); });
 }
