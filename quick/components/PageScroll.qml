@@ -16,6 +16,7 @@ Flickable {
     boundsBehavior: Flickable.DragAndOvershootBounds
     flickableDirection: Flickable.VerticalFlick
     clip: true
+    focus: true
 
     function scrollBy(distance) {
         const end = Math.max(0, contentHeight - height)

@@ -5,8 +5,10 @@
 
 #include <orrelo/Platform.h>
 
+#include <algorithm>
 #include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -46,7 +48,7 @@ class Service final : public URLSession {
      private:
       std::function<void()> start_;
     };
-    return std::make_shared<Task>([this, path = request.url.path(), completion = std::move(completion)] {
+    return std::make_shared<Task>([this, path = std::string(request.url.path()), completion = std::move(completion)] {
       loop_->post([this, path, completion] { answer(path, completion); });
     });
   }
@@ -63,9 +65,9 @@ class Service final : public URLSession {
   std::shared_ptr<MainLoop> loop_;
 };
 
-/// An attendance campaign's JSON; `detail` replaces or adds members of the page.
+/// What the service sends: pages, with `more` members, and campaigns around them.
 inline std::string attendancePage(const std::string& more = "", bool isEnabled = true) {
-  return R"({"page_type":"attendance","page_id":"p-1","toolbar_text":"매일 출석체크","page_detail":{
+  return R"({"page_type":"attendance","page_id":"p-1","page_detail":{"toolbar_text":"매일 출석체크",
     "first_title":"매일매일 출석하고","second_title":"포인트 받아가세요!","status_message":"오늘 출석하면 100P를 드려요",
     "today":"2026-11-18","attended_date":["2026-11-02","2026-11-03","2026-11-04","2026-11-09","2026-11-10","2026-11-17"],
     "highlighted_date":["2026-11-10","2026-11-20","2026-11-30"],"highlight_icon":"https://cdn.example/gift.png",
@@ -80,7 +82,7 @@ inline std::string attendancePage(const std::string& more = "", bool isEnabled =
 }
 
 inline std::string resultPage(const std::string& more = "") {
-  return R"({"page_type":"campaign_result","page_id":"p-2","toolbar_text":"이벤트 결과","page_detail":{
+  return R"({"page_type":"campaign_result","page_id":"p-2","page_detail":{"toolbar_text":"이벤트 결과",
     "image_url":"https://cdn.example/result.png","body":"축하합니다! 11월 출석 이벤트에 당첨되셨어요.\n경품은 다음 주에 보내드립니다.",
     "notice":["당첨은 취소될 수 있습니다.","제세공과금은 당첨자 부담입니다."])" +
          more + "}}";
