@@ -15,6 +15,7 @@ class CampaignCalendarBridge final : public ViewBridge {
   Q_PROPERTY(QString monthText READ monthText NOTIFY stateChanged)
   Q_PROPERTY(QString firstDescription READ firstDescription NOTIFY stateChanged)
   Q_PROPERTY(QString secondDescription READ secondDescription NOTIFY stateChanged)
+  Q_PROPERTY(QColor secondDescriptionColor READ secondDescriptionColor NOTIFY stateChanged)
   Q_PROPERTY(QColor primaryColor READ primaryColor NOTIFY stateChanged)
   Q_PROPERTY(orrelo::quick::CalendarCells* cells READ cells CONSTANT)
   Q_PROPERTY(int columnCount READ columnCount CONSTANT)
@@ -36,6 +37,7 @@ class CampaignCalendarBridge final : public ViewBridge {
   QString firstDescription() const { return toQt(calendar_.state.value().firstDescription); }
   QString secondDescription() const { return toQt(calendar_.state.value().secondDescription); }
   QColor primaryColor() const { return toQt(calendar_.state.value().primaryColor); }
+  QColor secondDescriptionColor() const { return legibleOnWhite(primaryColor()); }
   CalendarCells* cells() const { return cells_; }
   int columnCount() const { return static_cast<int>(CampaignCalendarView::columnCount); }
   QString todayLegend() const { return toQt(CampaignCalendarView::todayLegend); }

@@ -17,6 +17,13 @@ double luminance(const QColor& color) {
   return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
+// For large or bold text, which is what brand colours meet.
+constexpr double sufficientContrast = 3.0;
+
+double contrastToWhite(const QColor& color) {
+  return 1.05 / (luminance(color) + 0.05);
+}
+
 }  // namespace
 
 QColor toQt(const Color& color) {
@@ -25,14 +32,17 @@ QColor toQt(const Color& color) {
 }
 
 QColor textColorOn(const QColor& background) {
-  // What is written on brand colours is large or bold, for which a contrast of 3 to 1 suffices.
-  const double contrastOfWhite = 1.05 / (luminance(background) + 0.05);
-  return contrastOfWhite >= 3.0 ? QColor(Qt::white) : QColor(0x3d, 0x3e, 0x3f);
+  return contrastToWhite(background) >= sufficientContrast ? QColor(Qt::white) : QColor(0x3d, 0x3e, 0x3f);
+}
+
+QColor legibleOnWhite(QColor color) {
+  while (contrastToWhite(color) < sufficientContrast) color = color.darker(105);
+  return color;
 }
 
 QColor dimmed(const QColor& color) {
-  constexpr float share = 0.35F;
-  const auto mixed = [](float value) { return share * value + (1.0F - share) * 0.93F; };
+  constexpr float share = 0.2F;
+  const auto mixed = [](float value) { return share * value + (1.0F - share) * 0.92F; };
   return QColor::fromRgbF(mixed(color.redF()), mixed(color.greenF()), mixed(color.blueF()), color.alphaF());
 }
 

@@ -18,6 +18,8 @@ QColor toQt(const Color& color);
 
 /// White, or the kit's dark grey where white could not be read on `background`.
 QColor textColorOn(const QColor& background);
+/// `color`, darkened as far as it takes to be read on white.
+QColor legibleOnWhite(QColor color);
 /// What a disabled button of this colour looks like.
 QColor dimmed(const QColor& color);
 

@@ -2,6 +2,8 @@
 
 #include "bridge/HostWindow.h"
 
+#include <QEvent>
+
 #include <vector>
 
 namespace orrelo::quick {
@@ -13,7 +15,9 @@ HostBridge::HostBridge(QObject* parent) : QObject(parent), layers_(new ScreenLay
 void HostBridge::setWindow(QQuickWindow* window) {
   if (window == window_) return;
   subscriptions_.clear();
+  if (window_) window_->removeEventFilter(this);
   window_ = window;
+  if (window_) window_->installEventFilter(this);
   screen_ = window ? HostWindow::of(*window).screen() : nullptr;
   if (screen_) {
     subscriptions_.follow(screen_->presentations(), [this](const ViewController::Presented& presented) {
@@ -23,6 +27,18 @@ void HostBridge::setWindow(QQuickWindow* window) {
     layers_->set({}, false);
   }
   Q_EMIT windowChanged();
+}
+
+bool HostBridge::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) setUsesKeyboard(true);
+  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin) setUsesKeyboard(false);
+  return false;
+}
+
+void HostBridge::setUsesKeyboard(bool uses) {
+  if (uses == usesKeyboard_) return;
+  usesKeyboard_ = uses;
+  Q_EMIT usesKeyboardChanged();
 }
 
 void HostBridge::update(bool animated) {

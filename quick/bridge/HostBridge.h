@@ -16,6 +16,8 @@ class HostBridge : public QObject {
   QML_ELEMENT
   Q_PROPERTY(QQuickWindow* window READ window WRITE setWindow NOTIFY windowChanged)
   Q_PROPERTY(orrelo::quick::ScreenLayers* layers READ layers CONSTANT)
+  /// What the user has touched last was the keyboard.
+  Q_PROPERTY(bool usesKeyboard READ usesKeyboard NOTIFY usesKeyboardChanged)
 
  public:
   explicit HostBridge(QObject* parent = nullptr);
@@ -23,16 +25,22 @@ class HostBridge : public QObject {
   QQuickWindow* window() const { return window_; }
   void setWindow(QQuickWindow* window);
   ScreenLayers* layers() const { return layers_; }
+  bool usesKeyboard() const { return usesKeyboard_; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  Q_SIGNALS:
   void windowChanged();
+  void usesKeyboardChanged();
 
  private:
   void update(bool animated);
+  void setUsesKeyboard(bool uses);
 
   QPointer<QQuickWindow> window_;
   std::shared_ptr<ViewController> screen_;
   ScreenLayers* const layers_;
+  bool usesKeyboard_ = false;
   Subscriptions subscriptions_;
 };
 

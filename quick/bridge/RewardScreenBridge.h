@@ -14,7 +14,8 @@ class RewardScreenBridge final : public ScreenBridge {
   Q_PROPERTY(QString heading READ heading CONSTANT)
   Q_PROPERTY(QString message READ message CONSTANT)
   Q_PROPERTY(QString buttonText READ buttonText CONSTANT)
-  Q_PROPERTY(QColor color READ color CONSTANT)
+  Q_PROPERTY(QColor headingColor READ headingColor CONSTANT)
+  Q_PROPERTY(QColor buttonColor READ buttonColor CONSTANT)
   Q_PROPERTY(QColor buttonTextColor READ buttonTextColor CONSTANT)
   Q_PROPERTY(QUrl closeAsset READ closeAsset CONSTANT)
 
@@ -25,8 +26,9 @@ class RewardScreenBridge final : public ScreenBridge {
   QString heading() const { return toQt(reward_.content.title); }
   QString message() const { return toQt(reward_.content.message); }
   QString buttonText() const { return toQt(reward_.content.buttonText); }
-  QColor color() const { return toQt(reward_.content.color); }
-  QColor buttonTextColor() const { return textColorOn(color()); }
+  QColor headingColor() const { return legibleOnWhite(buttonColor()); }
+  QColor buttonColor() const { return toQt(reward_.content.color); }
+  QColor buttonTextColor() const { return textColorOn(buttonColor()); }
   QUrl closeAsset() const { return assetFile(CampaignRewardViewController::closeAsset); }
   void close() override { reward_.close(); }
 

@@ -10,8 +10,6 @@ FocusScope {
     property int role: Accessible.Button
     property real focusRadius: Theme.cornerRadius
     property color focusColor: Theme.focus
-    readonly property bool showsFocus: activeFocus && byKeyboard
-    property bool byKeyboard: false
 
     signal pressed()
 
@@ -22,7 +20,6 @@ FocusScope {
     }
 
     activeFocusOnTab: isEnabled
-    onActiveFocusChanged: byKeyboard = activeFocus
     Accessible.role: role
     Accessible.name: name
     Accessible.focusable: isEnabled
@@ -36,7 +33,6 @@ FocusScope {
         enabled: area.isEnabled
         onTapped: {
             area.forceActiveFocus(Qt.MouseFocusReason)
-            area.byKeyboard = false
             area.press()
         }
     }
@@ -47,7 +43,7 @@ FocusScope {
     Rectangle {
         anchors { fill: parent; margins: -3 }
         z: 1
-        visible: area.showsFocus
+        visible: area.activeFocus && Theme.showsFocus
         color: "transparent"
         radius: area.focusRadius + 3
         border { width: 2; color: area.focusColor }

@@ -5,6 +5,8 @@ import QtQuick
 QtObject {
     /// From 1 to 2; set through OrreloHost.
     property real textScale: 1
+    /// Whether what has the keyboard's focus is marked: while the keyboard is in use.
+    property bool showsFocus: false
     /// The first of the machine's Korean fonts that suits a screen; the application's where there is none.
     property string fontFamily: {
         const families = Qt.fontFamilies()

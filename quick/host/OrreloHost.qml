@@ -17,6 +17,11 @@ FocusScope {
         property: "textScale"
         value: Math.min(2, Math.max(1, host.textScale))
     }
+    Binding {
+        target: Theme
+        property: "showsFocus"
+        value: bridge.usesKeyboard
+    }
     Keys.onEscapePressed: event => closeTop(event)
     Keys.onBackPressed: event => closeTop(event)
 

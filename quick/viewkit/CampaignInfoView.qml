@@ -17,12 +17,14 @@ Item {
         KitText {
             width: parent.width
             size: 24
+            maximumScale: 1.6
             text: view.model.firstTitle
             Accessible.role: Accessible.Heading
         }
         KitText {
             width: parent.width
             size: 24
+            maximumScale: 1.6
             font.bold: true
             text: view.model.secondTitle
             Accessible.role: Accessible.Heading

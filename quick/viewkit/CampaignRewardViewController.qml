@@ -17,9 +17,12 @@ FocusScope {
     }
     Rectangle {
         id: card
+
+        readonly property real room: parent.height - 48
+
         anchors.centerIn: parent
         width: Math.min(340, parent.width - 48)
-        height: Math.min(column.height + 48, parent.height - 48)
+        height: words.y + words.height + 20 + button.height + 24
         radius: Theme.cornerRadius
         color: "white"
 
@@ -30,8 +33,13 @@ FocusScope {
             name: "닫기"
             onPressed: view.screen.close()
         }
+        // The button stays in reach; the words scroll where they do not fit.
         Flickable {
-            anchors { fill: parent; margins: 24 }
+            id: words
+            x: 24
+            y: 52
+            width: parent.width - 48
+            height: Math.min(column.height, card.room - y - 20 - button.height - 24)
             contentHeight: column.height
             boundsBehavior: Flickable.StopAtBounds
             interactive: contentHeight > height
@@ -40,15 +48,15 @@ FocusScope {
             Column {
                 id: column
                 width: parent.width
-                topPadding: 28
                 spacing: 16
 
                 KitText {
                     width: parent.width
                     horizontalAlignment: Text.AlignHCenter
                     size: 22
+                    maximumScale: 1.5
                     font.bold: true
-                    color: view.screen.color
+                    color: view.screen.headingColor
                     text: view.screen.heading
                     Accessible.role: Accessible.Heading
                 }
@@ -56,22 +64,19 @@ FocusScope {
                     width: parent.width
                     horizontalAlignment: Text.AlignHCenter
                     size: 20
+                    maximumScale: 1.5
                     text: view.screen.message
                 }
-                Item {
-                    width: 1
-                    height: 4
-                }
-                ActionButton {
-                    width: parent.width
-                    objectName: "confirmButton"
-                    focus: true
-                    text: view.screen.buttonText
-                    fill: view.screen.color
-                    textColor: view.screen.buttonTextColor
-                    onPressed: view.screen.close()
-                }
             }
+        }
+        ActionButton {
+            id: button
+            anchors { left: parent.left; right: parent.right; bottom: parent.bottom; margins: 24 }
+            focus: true
+            text: view.screen.buttonText
+            fill: view.screen.buttonColor
+            textColor: view.screen.buttonTextColor
+            onPressed: view.screen.close()
         }
     }
 }

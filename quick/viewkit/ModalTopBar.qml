@@ -30,8 +30,9 @@ Rectangle {
         width: Math.max(0, parent.width - 2 * (backButton.width + 8))
         horizontalAlignment: Text.AlignHCenter
         color: "black"
-        // A bar of fixed height: large text fits, larger is cut short.
-        font.pixelSize: 17 * Math.min(Theme.textScale, 1.4)
+        // A bar of fixed height: what does not fit is cut short.
+        size: 17
+        maximumScale: 1.4
         font.bold: true
         wrapMode: Text.NoWrap
         elide: Text.ElideRight

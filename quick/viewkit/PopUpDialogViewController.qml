@@ -28,6 +28,7 @@ FocusScope {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             size: 24
+            maximumScale: 1.6
             font.weight: Font.Black
             color: "white"
             text: view.screen.heading
@@ -47,6 +48,10 @@ FocusScope {
             fillMode: Image.PreserveAspectFit
             source: view.screen.image.source
             Accessible.ignored: true
+        }
+        Item {
+            width: 1
+            height: 8
         }
         PressArea {
             anchors.horizontalCenter: parent.horizontalCenter

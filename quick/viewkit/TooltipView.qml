@@ -7,6 +7,7 @@ Item {
 
     required property TooltipBridge tooltip
     property real maximumWidth: 200
+    readonly property int shownCount: tooltip.shownCount
     readonly property bool isShown: !tooltip.isHidden && opacity > 0
 
     visible: !tooltip.isHidden
@@ -18,21 +19,12 @@ Item {
     Accessible.name: tooltip.text
     Accessible.ignored: !isShown
 
-    function showAnew() {
+    onShownCountChanged: {
         fading.stop()
         opacity = 1
         if (tooltip.autoDismiss) fading.start()
     }
 
-    Connections {
-        target: view.tooltip
-        property int shown: view.tooltip.shownCount
-        function onStateChanged() {
-            if (shown === view.tooltip.shownCount) return
-            shown = view.tooltip.shownCount
-            view.showAnew()
-        }
-    }
     SequentialAnimation {
         id: fading
         PauseAnimation { duration: view.tooltip.fadeDelay }

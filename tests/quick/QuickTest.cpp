@@ -69,6 +69,9 @@ QuickTest::~QuickTest() {
 
 void QuickTest::open(QSize size, double textScale) {
   engine_ = std::make_unique<QQmlApplicationEngine>();
+  QObject::connect(engine_.get(), &QQmlEngine::warnings, [](const QList<QQmlError>& faults) {
+    for (const auto& fault : faults) ADD_FAILURE() << fault.toString().toStdString();
+  });
   engine_->setInitialProperties({{"width", size.width()}, {"height", size.height()}, {"textScale", textScale}});
   engine_->loadData(R"(
     import QtQuick
