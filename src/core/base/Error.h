@@ -1,5 +1,7 @@
 #pragma once
 
+#include <orrelo/Export.h>
+
 #include <concepts>
 #include <exception>
 #include <optional>
@@ -10,7 +12,7 @@
 namespace orrelo {
 
 /// What went wrong, as a value: streams carry it, decoders throw it. Compared by domain and case alone.
-class Error : public std::exception {
+class ORRELO_EXPORT Error : public std::exception {
  public:
   Error(std::string domain, std::string caseName, std::optional<std::string> message = {});
 

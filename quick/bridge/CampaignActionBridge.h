@@ -1,0 +1,44 @@
+#pragma once
+
+#include "bridge/ViewBridge.h"
+#include "campaign/CampaignActionView.h"
+
+#include <QColor>
+
+namespace orrelo::quick {
+
+class CampaignActionBridge final : public ViewBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(QString title READ title NOTIFY stateChanged)
+  Q_PROPERTY(QString statusMessage READ statusMessage NOTIFY stateChanged)
+  Q_PROPERTY(bool isEnabled READ isEnabled NOTIFY stateChanged)
+  /// Of the button, dimmed where it is disabled.
+  Q_PROPERTY(QColor fill READ fill NOTIFY stateChanged)
+  Q_PROPERTY(QColor textColor READ textColor NOTIFY stateChanged)
+  Q_PROPERTY(double buttonHeight READ buttonHeight CONSTANT)
+
+ public:
+  CampaignActionBridge(const std::shared_ptr<CampaignActionView>& view, QObject* parent)
+      : ViewBridge(view, parent), action_(*view) {
+    follow(action_.state);
+  }
+
+  QString title() const { return toQt(action_.state.value().title); }
+  QString statusMessage() const { return toQt(action_.state.value().statusMessage); }
+  bool isEnabled() const { return action_.state.value().isEnabled; }
+  QColor fill() const {
+    const auto color = toQt(action_.state.value().color);
+    return isEnabled() ? color : dimmed(color);
+  }
+  QColor textColor() const { return isEnabled() ? textColorOn(fill()) : QColor(0x6b, 0x6d, 0x70); }
+  double buttonHeight() const { return CampaignActionView::buttonHeight; }
+
+  Q_INVOKABLE void onClick() { action_.onClick(); }
+
+ private:
+  CampaignActionView& action_;
+};
+
+}  // namespace orrelo::quick

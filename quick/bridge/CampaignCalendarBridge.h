@@ -1,0 +1,59 @@
+#pragma once
+
+#include "bridge/CalendarCells.h"
+#include "bridge/ImageBridge.h"
+#include "bridge/ViewBridge.h"
+#include "campaign/attendance/CampaignCalendarView.h"
+
+#include <QColor>
+
+namespace orrelo::quick {
+
+class CampaignCalendarBridge final : public ViewBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(QString monthText READ monthText NOTIFY stateChanged)
+  Q_PROPERTY(QString firstDescription READ firstDescription NOTIFY stateChanged)
+  Q_PROPERTY(QString secondDescription READ secondDescription NOTIFY stateChanged)
+  Q_PROPERTY(QColor secondDescriptionColor READ secondDescriptionColor NOTIFY stateChanged)
+  Q_PROPERTY(QColor primaryColor READ primaryColor NOTIFY stateChanged)
+  Q_PROPERTY(orrelo::quick::CalendarCells* cells READ cells CONSTANT)
+  Q_PROPERTY(orrelo::quick::ImageBridge* icon READ icon CONSTANT)
+  Q_PROPERTY(int columnCount READ columnCount CONSTANT)
+  Q_PROPERTY(QString todayLegend READ todayLegend CONSTANT)
+  Q_PROPERTY(QString attendanceLegend READ attendanceLegend CONSTANT)
+  Q_PROPERTY(QColor legendTextColor READ legendTextColor CONSTANT)
+  Q_PROPERTY(double dayFontShare READ dayFontShare CONSTANT)
+  Q_PROPERTY(double bottomFontShare READ bottomFontShare CONSTANT)
+  Q_PROPERTY(double iconShare READ iconShare CONSTANT)
+
+ public:
+  CampaignCalendarBridge(const std::shared_ptr<CampaignCalendarView>& view, QObject* parent)
+      : ViewBridge(view, parent), calendar_(*view), cells_(new CalendarCells(this)), icon_(new ImageBridge(view->iconView, this)) {
+    connect(this, &ViewBridge::stateChanged, this, [this] { cells_->set(calendar_.state.value().cells); });
+    follow(calendar_.state);
+  }
+
+  QString monthText() const { return toQt(calendar_.state.value().monthText); }
+  QString firstDescription() const { return toQt(calendar_.state.value().firstDescription); }
+  QString secondDescription() const { return toQt(calendar_.state.value().secondDescription); }
+  QColor primaryColor() const { return toQt(calendar_.state.value().primaryColor); }
+  QColor secondDescriptionColor() const { return legibleOnWhite(primaryColor()); }
+  CalendarCells* cells() const { return cells_; }
+  ImageBridge* icon() const { return icon_; }
+  int columnCount() const { return static_cast<int>(CampaignCalendarView::columnCount); }
+  QString todayLegend() const { return toQt(CampaignCalendarView::todayLegend); }
+  QString attendanceLegend() const { return toQt(CampaignCalendarView::attendanceLegend); }
+  QColor legendTextColor() const { return toQt(CampaignCalendarView::legendTextColor); }
+  double dayFontShare() const { return CampaignCalendarView::dayFontShare; }
+  double bottomFontShare() const { return CampaignCalendarView::bottomFontShare; }
+  double iconShare() const { return CampaignCalendarView::iconShare; }
+
+ private:
+  const CampaignCalendarView& calendar_;
+  CalendarCells* const cells_;
+  ImageBridge* const icon_;
+};
+
+}  // namespace orrelo::quick

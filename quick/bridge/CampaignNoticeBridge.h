@@ -1,0 +1,28 @@
+#pragma once
+
+#include "bridge/ViewBridge.h"
+#include "viewkit/CampaignNoticeView.h"
+
+namespace orrelo::quick {
+
+class CampaignNoticeBridge final : public ViewBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(QString heading READ heading CONSTANT)
+  Q_PROPERTY(QString body READ body NOTIFY stateChanged)
+
+ public:
+  CampaignNoticeBridge(const std::shared_ptr<CampaignNoticeView>& view, QObject* parent)
+      : ViewBridge(view, parent), notice_(*view) {
+    follow(notice_.body);
+  }
+
+  QString heading() const { return toQt(CampaignNoticeView::heading); }
+  QString body() const { return toQt(notice_.body.value()); }
+
+ private:
+  const CampaignNoticeView& notice_;
+};
+
+}  // namespace orrelo::quick

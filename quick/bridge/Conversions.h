@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/base/Color.h"
+
+#include <QColor>
+#include <QString>
+#include <QUrl>
+
+#include <string_view>
+
+namespace orrelo::quick {
+
+inline QString toQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QColor toQt(const Color& color);
+
+/// White, or the kit's dark grey where white could not be read on `background`.
+QColor textColorOn(const QColor& background);
+/// `color`, darkened as far as it takes to be read on white.
+QColor legibleOnWhite(QColor color);
+/// What a disabled button of this colour looks like.
+QColor dimmed(const QColor& color);
+
+/// A file of the kit's QML module: "campaign/CampaignViewController.qml".
+QUrl moduleFile(const QString& path);
+/// One of the kit's own pictures, by its name; empty for an empty name.
+QUrl assetFile(std::string_view name);
+
+}  // namespace orrelo::quick

@@ -1,0 +1,61 @@
+#include "bridge/HostWindow.h"
+
+#include <orrelo/quick/OrreloQuick.h>
+
+#include <QQuickWindow>
+
+#include <algorithm>
+#include <vector>
+
+namespace orrelo::quick {
+namespace {
+
+// From the host's own upwards, each presented by the one before.
+std::vector<std::shared_ptr<ViewController>> chain(const std::shared_ptr<ViewController>& lowest) {
+  std::vector<std::shared_ptr<ViewController>> screens;
+  for (auto screen = lowest; screen; screen = screen->presentedViewController()) screens.push_back(screen);
+  return screens;
+}
+
+}  // namespace
+
+HostWindow& HostWindow::of(QQuickWindow& window) {
+  for (auto* child : window.children()) {
+    if (auto* const found = dynamic_cast<HostWindow*>(child)) return *found;
+  }
+  return *new HostWindow(window);
+}
+
+HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {
+  connect(&window, &QWindow::visibleChanged, this, [this](bool isVisible) {
+    if (isVisible) {
+      appear();
+    } else {
+      disappear();
+    }
+  });
+  if (window.isVisible()) appear();
+}
+
+HostWindow::~HostWindow() {
+  disappear();
+}
+
+void HostWindow::appear() {
+  const auto screens = chain(screen_);
+  const auto covering = std::find_if(screens.rbegin(), screens.rend() - 1, [](const auto& screen) {
+    return screen->modalPresentationStyle == ModalPresentationStyle::fullScreen;
+  });
+  for (auto screen = covering.base() - 1; screen != screens.end(); ++screen) (*screen)->appear(false);
+}
+
+void HostWindow::disappear() {
+  const auto screens = chain(screen_);
+  for (auto screen = screens.rbegin(); screen != screens.rend(); ++screen) (*screen)->disappear(false);
+}
+
+std::shared_ptr<ViewController> hostViewController(QQuickWindow* window) {
+  return HostWindow::of(*window).screen();
+}
+
+}  // namespace orrelo::quick

@@ -1,0 +1,27 @@
+#include "bridge/NavigationBridge.h"
+
+namespace orrelo::quick {
+
+NavigationBridge::NavigationBridge(const std::shared_ptr<NavigationController>& screen, QObject* parent)
+    : ScreenBridge(screen, parent), navigation_(*screen), layers_(new ScreenLayers(this)) {
+  connect(this, &ScreenBridge::stateChanged, this, [this] {
+    const auto state = navigation_.state();
+    layers_->set(state.viewControllers, state.animated);
+  });
+  follow(navigation_.states());
+}
+
+QColor NavigationBridge::titleColor() const {
+  const auto attributes = navigation_.state().titleTextAttributes;
+  return attributes ? toQt(attributes->foregroundColor) : QColor(Qt::black);
+}
+
+bool NavigationBridge::canGoBack() const {
+  return navigation_.state().viewControllers.size() >= 2 || navigation_.presentingViewController();
+}
+
+void NavigationBridge::close() {
+  if (auto* top = layers_->top()) top->close();
+}
+
+}  // namespace orrelo::quick

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "bridge/ScreenBridge.h"
+#include "bridge/ScreenLayers.h"
+#include "viewkit/base/NavigationController.h"
+
+#include <QColor>
+
+namespace orrelo::quick {
+
+class NavigationBridge final : public ScreenBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(orrelo::quick::ScreenLayers* layers READ layers CONSTANT)
+  Q_PROPERTY(bool isBarHidden READ isBarHidden NOTIFY stateChanged)
+  Q_PROPERTY(QColor titleColor READ titleColor NOTIFY stateChanged)
+  Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY stateChanged)
+
+ public:
+  NavigationBridge(const std::shared_ptr<NavigationController>& screen, QObject* parent);
+
+  ScreenLayers* layers() const { return layers_; }
+  bool isBarHidden() const { return navigation_.state().isNavigationBarHidden; }
+  QColor titleColor() const;
+  /// Within the stack, or away from what was presented.
+  bool canGoBack() const;
+  /// Leaves the screen on top.
+  void close() override;
+
+ private:
+  const NavigationController& navigation_;
+  ScreenLayers* const layers_;
+};
+
+}  // namespace orrelo::quick

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "bridge/ScreenBridge.h"
+#include "viewkit/ORLUIViewController.h"
+
+namespace orrelo::quick {
+
+/// A full-page screen, with the kit's own bar where it has one.
+class PageBridge : public ScreenBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(QString barTitle READ barTitle NOTIFY stateChanged)
+  Q_PROPERTY(double barHeight READ barHeight NOTIFY stateChanged)
+
+ public:
+  PageBridge(const std::shared_ptr<ORLUIViewController>& screen, QObject* parent)
+      : ScreenBridge(screen, parent), page_(*screen) {
+    follow(page_.modalTopBars());
+  }
+
+  QString barTitle() const { return toQt(page_.modalTopBar().title.value_or("")); }
+  double barHeight() const { return page_.modalTopBar().height; }
+  void close() override { page_.close(); }
+
+ private:
+  ORLUIViewController& page_;
+};
+
+}  // namespace orrelo::quick

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "bridge/ScreenBridge.h"
+#include "viewkit/CampaignRewardViewController.h"
+
+#include <QColor>
+
+namespace orrelo::quick {
+
+class RewardScreenBridge final : public ScreenBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(QString heading READ heading CONSTANT)
+  Q_PROPERTY(QString message READ message CONSTANT)
+  Q_PROPERTY(QString buttonText READ buttonText CONSTANT)
+  Q_PROPERTY(QColor headingColor READ headingColor CONSTANT)
+  Q_PROPERTY(QColor buttonColor READ buttonColor CONSTANT)
+  Q_PROPERTY(QColor buttonTextColor READ buttonTextColor CONSTANT)
+  Q_PROPERTY(QUrl closeAsset READ closeAsset CONSTANT)
+
+ public:
+  RewardScreenBridge(const std::shared_ptr<CampaignRewardViewController>& screen, QObject* parent)
+      : ScreenBridge(screen, parent), reward_(*screen) {}
+
+  QString heading() const { return toQt(reward_.content.title); }
+  QString message() const { return toQt(reward_.content.message); }
+  QString buttonText() const { return toQt(reward_.content.buttonText); }
+  QColor headingColor() const { return legibleOnWhite(buttonColor()); }
+  QColor buttonColor() const { return toQt(reward_.content.color); }
+  QColor buttonTextColor() const { return textColorOn(buttonColor()); }
+  QUrl closeAsset() const { return assetFile(CampaignRewardViewController::closeAsset); }
+  void close() override { reward_.close(); }
+
+ private:
+  CampaignRewardViewController& reward_;
+};
+
+}  // namespace orrelo::quick

@@ -1,0 +1,30 @@
+#include "bridge/ScreenBridge.h"
+
+#include "bridge/Bridges.h"
+#include "viewkit/base/NavigationController.h"
+
+namespace orrelo::quick {
+
+ScreenBridge::ScreenBridge(std::shared_ptr<ViewController> screen, QObject* parent)
+    : QObject(parent), screen_(std::move(screen)) {
+  subscriptions_.follow(screen_->titles(), [this](const auto&) { Q_EMIT titleChanged(); });
+  subscriptions_.follow(screen_->presentations(), [this](const ViewController::Presented& presented) {
+    Q_EMIT presentationChanged(presented.animated);
+  });
+}
+
+QUrl ScreenBridge::delegate() const {
+  return delegateOf(screen_->kind());
+}
+
+void ScreenBridge::close() {
+  const auto keep = screen_;
+  const auto navigation = screen_->navigationController();
+  if (navigation && navigation->state().viewControllers.size() >= 2) {
+    navigation->popViewController(true);
+  } else {
+    keep->dismiss(true);
+  }
+}
+
+}  // namespace orrelo::quick

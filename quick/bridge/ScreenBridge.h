@@ -1,0 +1,55 @@
+#pragma once
+
+#include "bridge/Conversions.h"
+#include "bridge/Subscriptions.h"
+#include "viewkit/base/ViewController.h"
+
+#include <QObject>
+#include <QString>
+#include <QUrl>
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+
+namespace orrelo::quick {
+
+/// A core screen as QML sees it.
+class ScreenBridge : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  /// The file that draws it; empty for a kind that the kit has no look for.
+  Q_PROPERTY(QUrl delegate READ delegate CONSTANT)
+  Q_PROPERTY(QString title READ title NOTIFY titleChanged)
+  /// What lies beneath shows through.
+  Q_PROPERTY(bool isOver READ isOver CONSTANT)
+
+ public:
+  ScreenBridge(std::shared_ptr<ViewController> screen, QObject* parent);
+
+  const std::shared_ptr<ViewController>& screen() const { return screen_; }
+  QUrl delegate() const;
+  QString title() const { return toQt(screen_->title().value_or("")); }
+  bool isOver() const { return screen_->modalPresentationStyle == ModalPresentationStyle::overFullScreen; }
+
+  /// Escape, Back and whatever else leaves the screen.
+  Q_INVOKABLE virtual void close();
+
+ Q_SIGNALS:
+  void titleChanged();
+  void stateChanged();
+  /// It presents something else now, or nothing any more.
+  void presentationChanged(bool animated);
+
+ protected:
+  template <class T>
+  void follow(const reactive::Observable<T>& stream) {
+    subscriptions_.follow(stream, [this](const T&) { Q_EMIT stateChanged(); });
+  }
+
+ private:
+  std::shared_ptr<ViewController> screen_;
+  Subscriptions subscriptions_;
+};
+
+}  // namespace orrelo::quick

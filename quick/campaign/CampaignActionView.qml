@@ -1,0 +1,27 @@
+import QtQuick
+import Orrelo
+
+/// The page's one button, and a line on how things stand.
+Column {
+    id: view
+
+    required property CampaignActionBridge model
+
+    spacing: 10
+
+    ActionButton {
+        width: parent.width
+        minimumHeight: view.model.buttonHeight
+        isEnabled: view.model.isEnabled
+        text: view.model.title
+        fill: view.model.fill
+        textColor: view.model.textColor
+        onPressed: view.model.onClick()
+    }
+    KitText {
+        width: parent.width
+        horizontalAlignment: Text.AlignHCenter
+        size: 14
+        text: view.model.statusMessage
+    }
+}

@@ -1,0 +1,28 @@
+import QtQuick
+import Orrelo
+
+/// What a mark in the calendar means.
+Row {
+    id: legend
+
+    property alias text: label.text
+    property alias textColor: label.color
+    property alias color: mark.color
+    property alias border: mark.border
+
+    spacing: 4
+
+    Rectangle {
+        id: mark
+        anchors.verticalCenter: parent.verticalCenter
+        width: 12 * Theme.textScale
+        height: width
+        radius: width / 3
+        color: "transparent"
+    }
+    KitText {
+        id: label
+        anchors.verticalCenter: parent.verticalCenter
+        size: 10
+    }
+}

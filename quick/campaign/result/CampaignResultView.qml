@@ -1,0 +1,60 @@
+import QtQuick
+import Orrelo
+
+/// A page for the time after a campaign: its picture, what came of it, and the small print.
+PageScroll {
+    id: view
+
+    required property CampaignResultBridge model
+
+    spacing: 16
+
+    Image {
+        width: parent.width
+        height: implicitWidth > 0 ? width * implicitHeight / implicitWidth : 0
+        visible: status === Image.Ready
+        source: view.model.image.source
+        Accessible.ignored: true
+    }
+    Rectangle {
+        width: parent.width
+        height: body.height + 30
+        visible: body.visible
+        radius: Theme.cornerRadius
+        color: "white"
+
+        KitText {
+            id: body
+            x: 20
+            y: 15
+            width: parent.width - 40
+            size: 16
+            font { weight: Font.DemiBold; letterSpacing: -0.16 }
+            lineHeight: 1.17
+            text: view.model.body
+        }
+    }
+    Column {
+        width: parent.width
+        spacing: 4
+
+        KitText {
+            width: parent.width
+            size: 18
+            font.bold: true
+            color: "black"
+            text: view.model.name
+            Accessible.role: Accessible.Heading
+        }
+        KitText {
+            width: parent.width
+            size: 12
+            color: "black"
+            text: view.model.label
+        }
+    }
+    CampaignNoticeView {
+        width: parent.width
+        model: view.model.notice
+    }
+}

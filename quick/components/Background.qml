@@ -1,0 +1,15 @@
+import QtQuick
+
+/// A picture behind a whole screen, stretched to it.
+Image {
+    anchors.fill: parent
+    fillMode: Image.Stretch
+    sourceSize: Qt.size(64, 512)
+    Accessible.ignored: true
+
+    Rectangle {
+        anchors.fill: parent
+        z: -1
+        color: "white"
+    }
+}

@@ -1,0 +1,61 @@
+import QtQuick
+import Orrelo
+
+/// A page of blocks, one under the other in a column of readable width, that scrolls when it does not fit. It
+/// follows the keyboard's focus.
+Flickable {
+    id: scroll
+
+    default property alias blocks: column.data
+    property alias spacing: column.spacing
+    property real sideMargin: Theme.margin
+    readonly property Item focusItem: Window.activeFocusItem
+
+    contentWidth: width
+    contentHeight: column.y + column.height + 24
+    boundsBehavior: Flickable.DragAndOvershootBounds
+    flickableDirection: Flickable.VerticalFlick
+    clip: true
+    focus: true
+
+    function scrollBy(distance) {
+        const end = Math.max(0, contentHeight - height)
+        contentY = Math.min(end, Math.max(0, contentY + distance))
+    }
+
+    onFocusItemChanged: {
+        let above = focusItem
+        while (above && above !== column) above = above.parent
+        if (!above) return
+        const top = focusItem.mapToItem(column, 0, 0).y + column.y
+        if (top - 16 < contentY) scrollBy(top - 16 - contentY)
+        else if (top + focusItem.height + 16 > contentY + height) scrollBy(top + focusItem.height + 16 - contentY - height)
+    }
+    Keys.onPressed: event => {
+        const steps = {
+            [Qt.Key_Up]: -48, [Qt.Key_Down]: 48, [Qt.Key_PageUp]: -height * 0.9, [Qt.Key_PageDown]: height * 0.9,
+            [Qt.Key_Home]: -contentHeight, [Qt.Key_End]: contentHeight
+        }
+        event.accepted = event.key in steps
+        if (event.accepted) scrollBy(steps[event.key])
+    }
+
+    Column {
+        id: column
+        x: (scroll.width - width) / 2
+        y: 24
+        width: Math.min(scroll.width, Theme.contentWidth) - 2 * scroll.sideMargin
+        spacing: 24
+    }
+    Rectangle {
+        parent: scroll
+        visible: scroll.contentHeight > scroll.height
+        opacity: scroll.moving ? 0.5 : 0.2
+        x: scroll.width - width - 3
+        y: scroll.visibleArea.yPosition * scroll.height + 2
+        width: 4
+        height: Math.max(24, scroll.visibleArea.heightRatio * scroll.height - 4)
+        radius: 2
+        color: Theme.text
+    }
+}

@@ -1,0 +1,35 @@
+pragma Singleton
+import QtQuick
+
+/// Fonts, colours and sizes, in points.
+QtObject {
+    /// From 1 to 2; set through OrreloHost.
+    property real textScale: 1
+    /// Whether what has the keyboard's focus is marked: while the keyboard is in use.
+    property bool showsFocus: false
+    /// The first of the machine's Korean fonts that suits a screen; the application's where there is none.
+    property string fontFamily: {
+        const families = Qt.fontFamilies()
+        const wanted = ["Pretendard", "Noto Sans KR", "Noto Sans CJK KR", "NanumGothic", "NanumBarunGothic"]
+        return wanted.find(name => families.includes(name)) ?? Qt.application.font.family
+    }
+
+    readonly property color text: Qt.rgba(0.239, 0.243, 0.247, 1)
+    readonly property color secondaryText: Qt.rgba(0.582, 0.588, 0.592, 1)
+    readonly property color divider: Qt.rgba(0.945, 0.949, 0.953, 1)
+    readonly property color dialogDim: Qt.rgba(0, 0, 0, 0.4)
+    readonly property color popUpDim: Qt.rgba(0, 0, 0, 0.7)
+    readonly property color noticeFill: Qt.rgba(0, 0, 0, 0.05)
+    readonly property color focus: "#1a73e8"
+
+    readonly property real contentWidth: 480
+    readonly property real margin: 20
+    readonly property real cornerRadius: 8
+    readonly property real barHeight: 44
+    /// The least side of what a finger can hit.
+    readonly property real touchSize: 44
+
+    readonly property int slideDuration: 320
+    readonly property int fadeDuration: 180
+    readonly property int pressDuration: 300
+}

@@ -1,0 +1,74 @@
+import QtQuick
+import Orrelo
+
+/// A screen in its place among others: it comes, stays until it is taken away, and goes.
+FocusScope {
+    id: layer
+
+    enum Entry { FromBelow, FromRight }
+
+    required property ScreenLayers layers
+    required property int entry
+    required property ScreenBridge screen
+    required property bool isAnimated
+    required property bool isLeaving
+    required property bool isTop
+    required property bool isCovered
+
+    /// 0 out of sight, 1 in its place.
+    property real presence: isAnimated && !isLeaving ? 0 : 1
+
+    function takeFocus() {
+        if (isTop && !isLeaving) forceActiveFocus()
+    }
+
+    visible: !isCovered
+    enabled: isTop && !isLeaving
+    opacity: screen.isOver ? presence : 1
+    transform: Translate {
+        x: layer.entry === ScreenLayer.FromRight && !layer.screen.isOver ? (1 - layer.presence) * layer.width : 0
+        y: layer.entry === ScreenLayer.FromBelow && !layer.screen.isOver ? (1 - layer.presence) * layer.height : 0
+    }
+    Component.onCompleted: {
+        loader.setSource(screen.delegate, { screen: layer.screen })
+        takeFocus()
+        if (isAnimated) coming.start()
+    }
+    onIsTopChanged: takeFocus()
+    onIsLeavingChanged: {
+        if (!isLeaving) return
+        coming.stop()
+        going.start()
+    }
+
+    NumberAnimation {
+        id: coming
+        target: layer
+        property: "presence"
+        from: 0
+        to: 1
+        duration: layer.screen.isOver ? Theme.fadeDuration : Theme.slideDuration
+        easing.type: Easing.OutCubic
+        onFinished: layer.layers.arrived(layer.screen)
+    }
+    NumberAnimation {
+        id: going
+        target: layer
+        property: "presence"
+        to: 0
+        duration: layer.screen.isOver ? Theme.fadeDuration : Theme.slideDuration
+        easing.type: Easing.InCubic
+        onFinished: layer.layers.gone(layer.screen)
+    }
+    // Nothing passes to what lies beneath.
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+    Loader {
+        id: loader
+        anchors.fill: parent
+        focus: true
+    }
+}

@@ -1,0 +1,72 @@
+import QtQuick
+import Orrelo
+
+/// A bubble of text whose tail points at what it explains. As wide as its text, up to `maximumWidth`.
+Item {
+    id: view
+
+    required property TooltipBridge tooltip
+    property real maximumWidth: 200
+    readonly property int shownCount: tooltip.shownCount
+    readonly property bool isShown: !tooltip.isHidden && opacity > 0
+
+    visible: !tooltip.isHidden
+    implicitWidth: Math.min(maximumWidth, measure.implicitWidth + 24)
+    implicitHeight: label.implicitHeight + 20 + tooltip.tailHeight
+    width: implicitWidth
+    height: implicitHeight
+    Accessible.role: Accessible.ToolTip
+    Accessible.name: tooltip.text
+    Accessible.ignored: !isShown
+
+    onShownCountChanged: {
+        fading.stop()
+        opacity = 1
+        if (tooltip.autoDismiss) fading.start()
+    }
+
+    SequentialAnimation {
+        id: fading
+        PauseAnimation { duration: view.tooltip.fadeDelay }
+        NumberAnimation { target: view; property: "opacity"; to: 0; duration: view.tooltip.fadeDuration; easing.type: Easing.InOutQuad }
+    }
+    TooltipBubble {
+        anchors.fill: parent
+        tooltip: view.tooltip
+    }
+    KitText {
+        id: measure
+        visible: false
+        text: view.tooltip.text
+        wrapMode: Text.NoWrap
+    }
+    KitText {
+        id: label
+        x: 12
+        y: 10 + (view.tooltip.hasTailOnTop ? view.tooltip.tailHeight : 0)
+        width: view.width - 24
+        horizontalAlignment: Text.AlignHCenter
+        color: view.tooltip.textColor
+        text: view.tooltip.text
+        Accessible.ignored: true
+    }
+    TapHandler {
+        enabled: view.isShown
+        onTapped: view.tooltip.handleTapAction()
+    }
+    // Sees every press of the window first, and lets it pass.
+    Item {
+        parent: view.Window.contentItem
+        anchors.fill: parent
+        z: 1000
+        visible: view.isShown && view.tooltip.dismissOnTouchOutside
+
+        PointHandler {
+            onActiveChanged: {
+                if (!active) return
+                const place = view.mapFromItem(parent, point.pressPosition.x, point.pressPosition.y)
+                if (!view.contains(place)) view.tooltip.hide()
+            }
+        }
+    }
+}

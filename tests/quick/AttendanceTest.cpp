@@ -1,0 +1,156 @@
+#include "QuickTest.h"
+
+#include "viewkit/TooltipView.h"
+
+namespace orrelo::test {
+namespace {
+
+const QString checkIn = QStringLiteral("출석체크 하기");
+const QString done = QStringLiteral("오늘은 출석했어요");
+const QString guide = QStringLiteral("출석체크 안내");
+const QString guideMessage = QStringLiteral("하루에 한 번, 자정이 지나면 다시 출석할 수 있어요.");
+const QString back = QStringLiteral("뒤로");
+const QString loading = QStringLiteral("불러오는 중");
+
+class AttendanceTest : public QuickTest {
+ protected:
+  AttendanceTest() { service_->answers["/campaigns/c-1"] = {200, campaign(attendancePage())}; }
+
+  void openCampaign() {
+    showCampaign();
+    ASSERT_TRUE(waitForNamed(checkIn));
+    settle();
+  }
+};
+
+TEST_F(AttendanceTest, FitsPhonesAndDesktops) {
+  openCampaign();
+  grab("attendance-390");
+  press(Qt::Key_End);
+  grab("attendance-390-end");
+  struct Place {
+    QSize size;
+    double textScale;
+    QString name;
+  };
+  for (const auto& [size, scale, name] : {Place{{320, 568}, 1.0, "attendance-320"},
+                                          Place{{320, 568}, 2.0, "attendance-320-large-text"},
+                                          Place{{1280, 800}, 1.0, "attendance-desktop"}}) {
+    open(size, scale);
+    openCampaign();
+    grab(name);
+    // Nothing that can be read or pressed sticks out of the window.
+    for (const auto& shown : names()) {
+      const auto* const item = named(shown);
+      const auto left = item->mapToScene({0, 0}).x();
+      EXPECT_GE(left, 0.0) << name.toStdString() << ": " << shown.toStdString();
+      EXPECT_LE(left + item->width(), size.width() + 0.5) << name.toStdString() << ": " << shown.toStdString();
+    }
+    EXPECT_LE(named(checkIn)->width(), 480.0);
+    press(Qt::Key_End);
+    grab(name + "-end");
+  }
+}
+
+TEST_F(AttendanceTest, ShowsThatItLoadsThenThePage) {
+  auto answer = std::exchange(service_->answers, {});
+  answer.erase("/event");
+  service_->answers["/config"] = answer["/config"];
+  showCampaign();
+  EXPECT_TRUE(waitForNamed(loading));
+  grab("attendance-loading");
+  EXPECT_EQ(named(loading)->width(), 50.0);
+  EXPECT_EQ(named(checkIn), nullptr);
+}
+
+TEST_F(AttendanceTest, SaysWhatIsWrongOverThePage) {
+  openCampaign();
+  service_->answers["/attend"] = {500, ""};
+  click(checkIn);
+  EXPECT_TRUE(waitForNamed(QStringLiteral("잠시 후 다시 시도해 주세요.")));
+  grab("attendance-error");
+  EXPECT_EQ(named(checkIn), nullptr);
+  EXPECT_NE(named(back), nullptr);
+}
+
+TEST_F(AttendanceTest, TheButtonTakesPartAndTheAnswerReplacesThePage) {
+  openCampaign();
+  service_->answers["/attend"] = {200, attendancePage("", false)};
+  click(checkIn);
+  ASSERT_TRUE(waitForNamed(done));
+  EXPECT_EQ(service_->timesAsked("/attend"), 1);
+  EXPECT_EQ(named(checkIn), nullptr);
+  grab("attendance-done");
+  // Disabled: neither a click nor the keyboard reaches it.
+  click(done);
+  press(Qt::Key_Return);
+  settle();
+  EXPECT_EQ(service_->timesAsked("/attend"), 1);
+}
+
+TEST_F(AttendanceTest, AnEarnedRewardLiesOverThePageUntilItIsClosed) {
+  openCampaign();
+  service_->answers["/attend"] = {
+      200, attendancePage(R"(,"reward_message":{"title":"100P 적립!","body":"오늘의 출석 포인트를\n받았어요.",
+                                                "button_text":"확인"})",
+                          false)};
+  click(checkIn);
+  ASSERT_TRUE(waitForNamed(QStringLiteral("확인")));
+  grab("attendance-reward");
+  EXPECT_NE(named(done), nullptr) << "the page shows through";
+  EXPECT_EQ(focusName(), QStringLiteral("확인"));
+  press(Qt::Key_Return);
+  EXPECT_TRUE(waitFor([&] { return named(QStringLiteral("확인")) == nullptr; }));
+  EXPECT_EQ(service_->timesAsked("/campaigns/c-1"), 1) << "the page beneath never went away";
+}
+
+TEST_F(AttendanceTest, TheGuideShowsItsTooltipUntilATapElsewhere) {
+  openCampaign();
+  EXPECT_EQ(named(guideMessage), nullptr);
+  click(guide);
+  EXPECT_TRUE(waitForNamed(guideMessage));
+  grab("attendance-tooltip");
+  click(QStringLiteral("11월"));
+  EXPECT_EQ(named(guideMessage), nullptr);
+  click(guide);
+  EXPECT_TRUE(waitForNamed(guideMessage));
+  click(guideMessage);
+  EXPECT_EQ(named(guideMessage), nullptr);
+}
+
+TEST_F(AttendanceTest, TheTooltipFadesByItself) {
+  openCampaign();
+  click(guide);
+  ASSERT_TRUE(waitForNamed(guideMessage));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return named(guideMessage) == nullptr; }, 6000));
+  click(guide);
+  EXPECT_TRUE(waitForNamed(guideMessage)) << "and can be shown again";
+}
+
+TEST_F(AttendanceTest, TheKeyboardReachesEverythingInReadingOrder) {
+  openCampaign();
+  QStringList order;
+  for (int i = 0; i < 3; ++i) {
+    press(Qt::Key_Tab);
+    order.push_back(focusName());
+  }
+  EXPECT_EQ(order, QStringList({back, guide, checkIn}));
+  grab("attendance-focus");
+  press(Qt::Key_Tab);
+  EXPECT_EQ(focusName(), back) << "what lies beneath is out of reach";
+  service_->answers["/attend"] = {200, attendancePage("", false)};
+  press(Qt::Key_Backtab);
+  press(Qt::Key_Space);
+  EXPECT_TRUE(waitForNamed(done));
+}
+
+TEST_F(AttendanceTest, CellsAreReadAloud) {
+  openCampaign();
+  const auto all = names();
+  for (const auto* cell : {"일", "17일, 출석", "18일, 오늘", "10일, 보너스, 출석", "20일, 보너스"}) {
+    EXPECT_TRUE(all.contains(QString::fromUtf8(cell))) << cell;
+  }
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,89 @@
+#include "QuickTest.h"
+#include "viewkit/CampaignRewardViewController.h"
+#include "viewkit/PopUpDialogViewController.h"
+
+namespace orrelo::test {
+namespace {
+
+const QString closeText = QStringLiteral("닫기");
+
+class Closed final : public CampaignRewardViewControllerDelegate {
+ public:
+  void didClose() override { ++count; }
+  int count = 0;
+};
+
+class DialogTest : public QuickTest {
+ protected:
+  std::shared_ptr<CampaignRewardViewController> reward(const Color& color = {0.29, 0.365, 0.94}) {
+    auto screen = std::make_shared<CampaignRewardViewController>(CampaignRewardViewController::Content{
+        "축하합니다!", "출석 포인트 1,000P를 받았어요. 지금 바로 사용해 보세요.", "포인트 보러 가기", color});
+    screen->delegate = closed_;
+    return screen;
+  }
+
+  std::shared_ptr<Closed> closed_ = std::make_shared<Closed>();
+};
+
+TEST_F(DialogTest, ARewardClosesByItsIconAndByEscapeButNotBesideTheCard) {
+  host()->present(reward(), false);
+  ASSERT_TRUE(waitForNamed(closeText));
+  grab("reward-390");
+  QTest::mouseClick(window_, Qt::LeftButton, {}, {20, 20});
+  EXPECT_EQ(closed_->count, 0);
+  click(closeText);
+  EXPECT_EQ(closed_->count, 1);
+  EXPECT_EQ(host()->presentedViewController(), nullptr);
+  host()->present(reward(), false);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(closed_->count, 2);
+  EXPECT_EQ(named(closeText), nullptr);
+}
+
+TEST_F(DialogTest, ARewardFitsASmallScreenWithLargeTextAndALightBrandColour) {
+  open({320, 568}, 2.0);
+  host()->present(reward({1.0, 0.88, 0.54}), false);
+  ASSERT_TRUE(waitForNamed(closeText));
+  grab("reward-320-large-text");
+  const auto* const button = named(QStringLiteral("포인트 보러 가기"));
+  ASSERT_NE(button, nullptr);
+  // On this yellow white could not be read.
+  EXPECT_LT(button->property("textColor").value<QColor>().lightness(), 100);
+}
+
+TEST_F(DialogTest, DialogsStackAndCloseFromTheTop) {
+  const auto first = reward();
+  host()->present(first, false);
+  const auto second = std::make_shared<PopUpDialogViewController>(
+      "page", PopUpDialogViewController::Content{"당첨을 축하합니다", "경품은 다음 주에 보내드려요", "", ""});
+  EXPECT_FALSE(host()->present(second, false));
+  ASSERT_TRUE(first->present(second, false));
+  ASSERT_TRUE(waitForNamed(QStringLiteral("당첨을 축하합니다")));
+  grab("dialogs-stacked");
+  press(Qt::Key_Escape);
+  EXPECT_EQ(named(QStringLiteral("당첨을 축하합니다")), nullptr);
+  EXPECT_NE(named(QStringLiteral("축하합니다!")), nullptr);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(named(QStringLiteral("축하합니다!")), nullptr);
+}
+
+TEST_F(DialogTest, AResultShowsItsPopUpOnce) {
+  service_->answers["/campaigns/c-1"] = {200, campaign(resultPage(
+      R"(,"pop_up":{"title":"당첨!","label":"축하드려요","image_url":"https://cdn.example/p.png","button_text":"확인"})"))};
+  showCampaign();
+  ASSERT_TRUE(waitForNamed(QStringLiteral("당첨!")));
+  grab("result-pop-up");
+  QTest::mouseClick(window_, Qt::LeftButton, {}, {20, 400});  // beside the lines
+  EXPECT_EQ(named(QStringLiteral("당첨!")), nullptr);
+  grab("result-390");
+  press(Qt::Key_Escape);
+  ASSERT_TRUE(waitFor([&] { return named(QStringLiteral("매일 출석 이벤트")) == nullptr; }));
+  open({320, 568}, 2.0);
+  showCampaign();
+  ASSERT_TRUE(waitForNamed(QStringLiteral("매일 출석 이벤트")));
+  grab("result-320-large-text");
+  EXPECT_EQ(named(QStringLiteral("당첨!")), nullptr);
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,128 @@
+#include "QuickTest.h"
+#include "platform/QtMainLoop.h"
+#include "viewkit/ErrorViewController.h"
+#include "viewkit/base/NavigationController.h"
+
+#include <thread>
+#include <vector>
+
+namespace orrelo::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+const QString back = QStringLiteral("뒤로");
+
+// The front has no look for it.
+class CountingScreen final : public ViewController {
+ public:
+  std::string_view kind() const override { return "CountingScreen"; }
+  int appeared = 0;
+  int disappeared = 0;
+
+ protected:
+  void viewDidAppear(bool) override { ++appeared; }
+  void viewDidDisappear(bool) override { ++disappeared; }
+};
+
+std::shared_ptr<ErrorViewController> screen(const char* text) {
+  return std::make_shared<ErrorViewController>(text);
+}
+
+using HostTest = QuickTest;
+
+TEST_F(HostTest, TheMainLoopRunsTasksInOrderAndDelayedOnesWhenDue) {
+  const auto& loop = Platform::current().mainLoop;
+  std::vector<int> order;
+  bool wasCurrent = true;
+  std::thread other([&] {
+    wasCurrent = loop->isCurrent();
+    loop->postAfter(milliseconds(30), [&] { order.push_back(3); });
+    loop->postAfter(milliseconds(10), [&] { order.push_back(2); });
+    loop->post([&] { order.push_back(0); });
+    loop->postAfter(milliseconds(0), [&] { order.push_back(1); });
+  });
+  other.join();
+  EXPECT_TRUE(loop->isCurrent());
+  EXPECT_FALSE(wasCurrent);
+  EXPECT_TRUE(order.empty()) << "nothing runs before the loop does";
+  EXPECT_TRUE(waitFor([&] { return order.size() == 4; }));
+  EXPECT_EQ(order, (std::vector{0, 1, 2, 3}));
+}
+
+TEST_F(HostTest, AScreenComesFromBelowAndGoesAgain) {
+  named("host")->forceActiveFocus();
+  host()->present(screen("문제가 생겼어요"), true);
+  ASSERT_TRUE(waitForNamed(back));
+  EXPECT_GT(named(back)->mapToScene({0, 0}).y(), 400.0) << "on its way";
+  EXPECT_NE(named("host"), nullptr);
+  grab("error-390");
+  EXPECT_LT(named(back)->mapToScene({0, 0}).y(), 1.0);
+  EXPECT_FALSE(named("host")->isEnabled());
+  click(back);
+  EXPECT_EQ(host()->presentedViewController(), nullptr);
+  EXPECT_NE(named(back), nullptr) << "it is still to be seen going";
+  EXPECT_EQ(focusName(), "host") << "and takes no input any more";
+  EXPECT_TRUE(waitFor([&] { return named(back) == nullptr; }));
+  host()->present(screen("다시"), false);
+  EXPECT_LT(named(back)->mapToScene({0, 0}).y(), 1.0) << "not animated";
+}
+
+TEST_F(HostTest, ACoveredScreenIsNotDrawn) {
+  const auto lower = screen("아래");
+  host()->present(lower, false);
+  lower->present(screen("위"), true);
+  settle();
+  EXPECT_EQ(named(QStringLiteral("아래")), nullptr);
+  lower->dismiss(true);
+  EXPECT_NE(named(QStringLiteral("아래")), nullptr) << "it shows while the one above goes";
+}
+
+TEST_F(HostTest, AStackHasABarWithItsTitleAndTheWayBack) {
+  const auto navigation = NavigationController::create(screen("첫 화면"));
+  host()->present(navigation, false);
+  settle();
+  navigation->topViewController()->setTitle("내 이벤트");
+  EXPECT_NE(named(QStringLiteral("내 이벤트")), nullptr);
+  navigation->pushViewController(screen("둘째 화면"), true);
+  settle();
+  grab("navigation-390");
+  EXPECT_EQ(named(QStringLiteral("첫 화면")), nullptr);
+  EXPECT_NE(named(QStringLiteral("둘째 화면")), nullptr);
+  click(back);
+  settle();
+  EXPECT_EQ(navigation->state().viewControllers.size(), 1U);
+  EXPECT_NE(named(QStringLiteral("첫 화면")), nullptr);
+  EXPECT_EQ(named(QStringLiteral("둘째 화면")), nullptr);
+  navigation->setNavigationBarHidden(true);
+  EXPECT_EQ(named(back), nullptr);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(host()->presentedViewController(), nullptr);
+}
+
+TEST_F(HostTest, ScreensAppearAndDisappearWithTheWindow) {
+  EXPECT_TRUE(host()->isVisible());
+  const auto above = std::make_shared<CountingScreen>();
+  host()->present(above, false);
+  EXPECT_FALSE(host()->isVisible());
+  window_->hide();
+  EXPECT_EQ(above->disappeared, 1);
+  window_->show();
+  EXPECT_EQ(above->appeared, 2);
+  EXPECT_FALSE(host()->isVisible()) << "it is covered";
+  above->dismiss(false);
+  EXPECT_TRUE(host()->isVisible());
+}
+
+TEST_F(HostTest, EachWindowHasOneHostOfItsOwn) {
+  const auto mine = host();
+  EXPECT_EQ(mine, host());
+  QQuickWindow other;
+  const std::weak_ptr<ViewController> another = quick::hostViewController(&other);
+  EXPECT_NE(another.lock(), mine);
+  engine_.reset();
+  EXPECT_FALSE(mine->isVisible());
+}
+
+}  // namespace
+}  // namespace orrelo::test

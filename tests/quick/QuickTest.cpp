@@ -1,0 +1,145 @@
+#include "QuickTest.h"
+
+#include "platform/Clock.h"
+#include "platform/WorkerPool.h"
+
+#include <QAccessible>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QTest>
+
+namespace orrelo::test {
+namespace {
+
+// A day of the calendar that stands still, so that pictures are comparable.
+class StillCalendar final : public Clock {
+ public:
+  Date now() const override { return Date::fromSeconds(1794970800); }
+  std::chrono::microseconds steady() const override {
+    return std::chrono::duration_cast<std::chrono::microseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+  }
+};
+
+// Everything on the one thread: the tests see the same order in each run.
+class LoopWorkers final : public WorkerPool {
+ public:
+  explicit LoopWorkers(std::shared_ptr<MainLoop> loop) : loop_(std::move(loop)) {}
+  void post(QualityOfService, Task task) override { loop_->post(std::move(task)); }
+  void postAfter(QualityOfService, std::chrono::microseconds delay, Task task) override {
+    loop_->postAfter(delay, std::move(task));
+  }
+
+ private:
+  std::shared_ptr<MainLoop> loop_;
+};
+
+void visit(QQuickItem* item, const std::function<void(QQuickItem*)>& visitor) {
+  if (!item->isVisible() || item->opacity() == 0.0) return;
+  visitor(item);
+  for (auto* child : item->childItems()) visit(child, visitor);
+}
+
+QString nameOf(QObject* object) {
+  auto* const interface = object ? QAccessible::queryAccessibleInterface(object) : nullptr;
+  return interface ? interface->text(QAccessible::Name) : QString();
+}
+
+}  // namespace
+
+QuickTest::QuickTest() {
+  QAccessible::setActive(true);
+  auto platform = quick::platform({.bundleIdentifier = "com.example.shop",
+                                   .dataDirectory = folder_.path(),
+                                   .cacheDirectory = folder_.path()});
+  service_ = std::make_shared<Service>(platform.mainLoop);
+  platform.urlSession = service_;
+  platform.clock = std::make_shared<StillCalendar>();
+  platform.workers = std::make_shared<LoopWorkers>(platform.mainLoop);
+  Platform::install(std::move(platform));
+  Orrelo::initialize(ORLConfig("shop"));
+  Orrelo::setUser(ORLUser("u-1", ORLMarketingStatus::unknown, {}));
+  open({390, 844});
+}
+
+QuickTest::~QuickTest() {
+  engine_.reset();
+}
+
+void QuickTest::open(QSize size, double textScale) {
+  engine_ = std::make_unique<QQmlApplicationEngine>();
+  QObject::connect(engine_.get(), &QQmlEngine::warnings, [](const QList<QQmlError>& faults) {
+    for (const auto& fault : faults) ADD_FAILURE() << fault.toString().toStdString();
+  });
+  engine_->setInitialProperties({{"width", size.width()}, {"height", size.height()}, {"textScale", textScale}});
+  engine_->loadData(R"(
+    import QtQuick
+    import Orrelo
+    Window {
+      id: root
+      property real textScale
+      visible: true
+      OrreloHost {
+        anchors.fill: parent
+        textScale: root.textScale
+        Text {
+          anchors.centerIn: parent
+          text: "host"
+          activeFocusOnTab: true
+          Accessible.role: Accessible.Button
+          Accessible.name: "host"
+        }
+      }
+    })");
+  window_ = qobject_cast<QQuickWindow*>(engine_->rootObjects().value(0));
+  ASSERT_NE(window_, nullptr);
+  window_->requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window_));
+}
+
+bool QuickTest::waitFor(const std::function<bool()>& holds) {
+  return QTest::qWaitFor(holds, 5000);
+}
+
+void QuickTest::settle() {
+  QTest::qWait(450);
+}
+
+QImage QuickTest::grab(const QString& name) {
+  settle();
+  const QDir folder(QStringLiteral(ORRELO_PICTURES));
+  folder.mkpath(QStringLiteral("."));
+  auto image = window_->grabWindow();
+  image.save(folder.filePath(name + QStringLiteral(".png")));
+  return image;
+}
+
+QQuickItem* QuickTest::named(const QString& name) const {
+  QQuickItem* found = nullptr;
+  visit(window_->contentItem(), [&](QQuickItem* item) {
+    if (nameOf(item) == name) found = item;
+  });
+  return found;
+}
+
+void QuickTest::click(const QString& name) {
+  auto* const item = named(name);
+  ASSERT_NE(item, nullptr) << name.toStdString();
+  const auto middle = item->mapToScene({item->width() / 2, item->height() / 2});
+  QTest::mouseClick(window_, Qt::LeftButton, {}, middle.toPoint());
+}
+
+QString QuickTest::focusName() const {
+  return nameOf(window_->activeFocusItem());
+}
+
+QStringList QuickTest::names() const {
+  QStringList found;
+  visit(window_->contentItem(), [&](QQuickItem* item) {
+    if (const auto name = nameOf(item); !name.isEmpty()) found.push_back(name);
+  });
+  return found;
+}
+
+}  // namespace orrelo::test

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Service.h"
+#include "support/TemporaryFolder.h"
+#include "viewkit/base/ViewController.h"
+
+#include <orrelo/Orrelo.h>
+#include <orrelo/quick/OrreloQuick.h>
+
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QString>
+#include <QTest>
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <memory>
+
+namespace orrelo::test {
+
+/// A host's window over a real kit with a scripted service, drawn off the screen.
+class QuickTest : public testing::Test {
+ protected:
+  QuickTest();
+  ~QuickTest() override;
+
+  /// Opens the host's window anew.
+  void open(QSize size, double textScale = 1.0);
+  std::shared_ptr<ViewController> host() const { return quick::hostViewController(window_); }
+  void showCampaign() { Orrelo::showCampaign("c-1", host()); }
+
+  /// Runs the event loop until `holds`; false after some seconds.
+  static bool waitFor(const std::function<bool()>& holds);
+  /// Until nothing moves.
+  void settle();
+  /// What the window shows, kept as a picture for people to look at.
+  QImage grab(const QString& name);
+
+  /// The item that assistive technology knows by this name, where it can be seen; null where there is none.
+  QQuickItem* named(const QString& name) const;
+  bool waitForNamed(const QString& name) {
+    return waitFor([&] { return named(name) != nullptr; });
+  }
+  void click(const QString& name);
+  void press(Qt::Key key) { QTest::keyClick(window_, key); }
+  /// The name of what has the keyboard.
+  QString focusName() const;
+  /// Every name in reading order.
+  QStringList names() const;
+
+  TemporaryFolder folder_;
+  std::shared_ptr<Service> service_;
+  std::unique_ptr<QQmlApplicationEngine> engine_;
+  QQuickWindow* window_ = nullptr;
+};
+
+}  // namespace orrelo::test

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "platform/URLSession.h"
+#include "support/ServiceReplies.h"
+
+#include <orrelo/Platform.h>
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace orrelo::test {
+
+/// A service in the process: it answers from the main loop, by the end of the path. What it has no answer for
+/// waits for ever.
+class Service final : public URLSession {
+ public:
+  explicit Service(std::shared_ptr<MainLoop> loop) : loop_(std::move(loop)) {
+    answers["/config"] = {200, configReply()};
+    answers["/event"] = answers["/events"] = {200, ""};
+  }
+
+  struct Answer {
+    int status = 200;
+    std::string body;
+  };
+  /// The main thread's.
+  std::map<std::string, Answer> answers;
+  std::vector<std::string> asked;
+
+  int timesAsked(const std::string& pathEnd) const {
+    return static_cast<int>(std::count_if(asked.begin(), asked.end(),
+                                          [&](const auto& path) { return path.ends_with(pathEnd); }));
+  }
+
+  std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) override {
+    class Task final : public URLSessionTask {
+     public:
+      explicit Task(std::function<void()> start) : start_(std::move(start)) {}
+      void resume() override { start_(); }
+      void cancel() override {}
+
+     private:
+      std::function<void()> start_;
+    };
+    return std::make_shared<Task>([this, path = std::string(request.url.path()), completion = std::move(completion)] {
+      loop_->post([this, path, completion] { answer(path, completion); });
+    });
+  }
+  void trust(std::string_view, const std::string&) override {}
+
+ private:
+  void answer(const std::string& path, const Completion& completion) {
+    asked.push_back(path);
+    for (const auto& [end, reply] : answers) {
+      if (path.ends_with(end)) return completion({std::nullopt, reply.body, HTTPURLResponse{reply.status, {}}});
+    }
+  }
+
+  std::shared_ptr<MainLoop> loop_;
+};
+
+/// What the service sends: pages, with `more` members, and campaigns around them.
+inline std::string attendancePage(const std::string& more = "", bool isEnabled = true) {
+  return R"({"page_type":"attendance","page_id":"p-1","page_detail":{"toolbar_text":"매일 출석체크",
+    "first_title":"매일매일 출석하고","second_title":"포인트 받아가세요!","status_message":"오늘 출석하면 100P를 드려요",
+    "today":"2026-11-18","attended_date":["2026-11-02","2026-11-03","2026-11-04","2026-11-09","2026-11-10","2026-11-17"],
+    "highlighted_date":["2026-11-10","2026-11-20","2026-11-30"],"highlight_icon":"https://cdn.example/gift.png",
+    "button_enable":)" +
+         std::string(isEnabled ? "true" : "false") + R"(,"button_text":")" +
+         (isEnabled ? "출석체크 하기" : "오늘은 출석했어요") + R"(","button_url":"/attend",
+    "calendar_description":["이번 달 출석 6일","다음 보너스까지 2일 남았어요"],"color":"#4A5DF0","highlight_color":"#FFE08A",
+    "guide_message":"하루에 한 번, 자정이 지나면 다시 출석할 수 있어요.",
+    "notice":["출석은 하루에 한 번만 인정됩니다.","포인트는 출석 직후 지급되며 30일 안에 사용하지 않으면 사라집니다.",
+      "이벤트는 사정에 따라 예고 없이 변경될 수 있습니다."])" +
+         more + "}}";
+}
+
+inline std::string resultPage(const std::string& more = "") {
+  return R"({"page_type":"campaign_result","page_id":"p-2","page_detail":{"toolbar_text":"이벤트 결과",
+    "image_url":"https://cdn.example/result.png","body":"축하합니다! 11월 출석 이벤트에 당첨되셨어요.\n경품은 다음 주에 보내드립니다.",
+    "notice":["당첨은 취소될 수 있습니다.","제세공과금은 당첨자 부담입니다."])" +
+         more + "}}";
+}
+
+inline std::string campaign(const std::string& page) {
+  return R"({"id":"c-1","label":"11월 한 달 동안","name":"매일 출석 이벤트","icon":"https://cdn.example/i.png","page":)" + page + "}";
+}
+
+}  // namespace orrelo::test
