@@ -7,5 +7,6 @@ void addSave();
 void addDrain();
 void addInitialize();
 void addChain();
+void addImage();
 
 }  // namespace orrelo::bench

@@ -11,6 +11,7 @@ int main(int argumentCount, char** arguments) {
   addSave();
   addDrain();
   addSendEvent();
+  addImage();
   const bool allMet = runAll(argumentCount, arguments);
   std::fflush(stdout);
   std::_Exit(allMet ? 0 : 1);  // the kit's threads go with the process

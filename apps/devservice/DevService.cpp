@@ -35,13 +35,15 @@ class DevService::Impl {
         certificate(Certificate::loadOrCreate(directory)),
         scenario(scenarioOr(options.scenarioDirectory)),
         store(directory / "devservice.sqlite3"),
-        dispatcher(store, scenario, requests, faults),
+        attendances(directory / "attendances.sqlite3"),
+        dispatcher(store, attendances, scenario, requests, faults),
         port(options.port) {}
 
   const std::filesystem::path directory;
   const Certificate certificate;
   const Scenario scenario;
   EventStore store;
+  AttendanceBook attendances;
   RequestLog requests;
   FaultBook faults;
   Dispatcher dispatcher;

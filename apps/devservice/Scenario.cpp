@@ -1,5 +1,6 @@
 #include "Scenario.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <utility>
@@ -28,6 +29,31 @@ Scenario::Scenario(std::filesystem::path directory) : root(std::move(directory))
 
 std::optional<std::string> Scenario::config(const std::string& appKey) const {
   return read(appKey, "config.json");
+}
+
+std::vector<std::string> Scenario::campaigns(const std::string& appKey) const {
+  std::error_code error;
+  auto folder = root / "apps" / appKey / "campaigns";
+  if (!isPlainName(appKey) || !std::filesystem::is_directory(folder, error)) folder = root / "campaigns";
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+    if (entry.path().extension() == ".json") names.push_back(entry.path().stem().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::optional<std::string> Scenario::campaign(const std::string& appKey, const std::string& id) const {
+  if (!isPlainName(id)) return std::nullopt;
+  return read(appKey, "campaigns/" + id + ".json");
+}
+
+std::optional<std::string> Scenario::lookup() const {
+  return readFile(root / "lookup.json");
+}
+
+std::optional<std::string> Scenario::image(const std::string& name) const {
+  return isPlainName(name) ? readFile(root / "images" / name) : std::nullopt;
 }
 
 std::optional<std::string> Scenario::read(const std::string& appKey, const std::string& name) const {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orrelo::devservice {
 
@@ -15,6 +16,14 @@ class Scenario {
   const std::filesystem::path& directory() const { return root; }
   /// The bytes of `apps/<appKey>/config.json`, else of `config.json`; absent if neither can be read.
   std::optional<std::string> config(const std::string& appKey) const;
+  /// The names of the files in `apps/<appKey>/campaigns`, else in `campaigns`, sorted and without ".json".
+  std::vector<std::string> campaigns(const std::string& appKey) const;
+  /// The bytes of `campaigns/<id>.json`, as for `config`.
+  std::optional<std::string> campaign(const std::string& appKey, const std::string& id) const;
+  /// What the store says of an application: the bytes of `lookup.json`.
+  std::optional<std::string> lookup() const;
+  /// The bytes of a file in `images`.
+  std::optional<std::string> image(const std::string& name) const;
 
  private:
   /// The app's own file of this name, else the common one.

@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::string_view servicePrefix = "/orreloservice/sdk/";
 
+constexpr std::string_view imagePrefix = "/images/";
+
 constexpr std::array identityHeaders{"Kelso-UUID", "sdk_version", "sdk_build_number",
                                      "os_version", "locale",      "timezone",
                                      "app_name",   "app_version", "app_version_code"};
@@ -42,10 +44,33 @@ std::string identityOf(const httplib::Request& request) {
   return toText(headers);
 }
 
+/// What "*" stands for, empty in a pattern without one; absent where the path is another.
+std::optional<std::string> match(std::string_view pattern, std::string_view path) {
+  const auto star = pattern.find('*');
+  if (star == std::string_view::npos) return pattern == path ? std::optional<std::string>("") : std::nullopt;
+  const auto before = pattern.substr(0, star);
+  const auto after = pattern.substr(star + 1);
+  if (path.size() <= before.size() + after.size() || !path.starts_with(before) || !path.ends_with(after)) {
+    return std::nullopt;
+  }
+  const auto part = path.substr(before.size(), path.size() - before.size() - after.size());
+  return part.find('/') == std::string_view::npos ? std::optional(std::string(part)) : std::nullopt;
+}
+
+std::string contentTypeOf(std::string_view name) {
+  for (const auto& [ending, type] : {std::pair{".png", "image/png"},
+                                     {".jpg", "image/jpeg"},
+                                     {".webp", "image/webp"},
+                                     {".gif", "image/gif"}}) {
+    if (name.ends_with(ending)) return type;
+  }
+  return "application/octet-stream";
+}
+
 }  // namespace
 
-ServiceRoutes::ServiceRoutes(EventStore& store, const Scenario& theScenario)
-    : eventStore(store), scenario(theScenario) {}
+ServiceRoutes::ServiceRoutes(EventStore& store, AttendanceBook& attendances, const Scenario& theScenario)
+    : eventStore(store), scenario(theScenario), campaigns(attendances, theScenario) {}
 
 const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
   static const std::vector<Route> routes{
@@ -53,20 +78,29 @@ const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
       {"POST", "/event", &ServiceRoutes::receiveEvent},
       {"POST", "/events", &ServiceRoutes::receiveEvents},
       {"POST", "/token", &ServiceRoutes::saveToken},
+      {"GET", "/campaigns", &ServiceRoutes::listCampaigns},
+      {"GET", "/campaigns/*", &ServiceRoutes::campaign},
+      {"GET", "/campaigns/*/check-in", &ServiceRoutes::checkIn},
   };
   return routes;
 }
 
 Reply ServiceRoutes::answer(const httplib::Request& request) {
   const std::string_view path = request.path;
+  if (request.method == "GET" && path.starts_with(imagePrefix)) {
+    return image(std::string(path.substr(imagePrefix.size())));
+  }
+  if (request.method == "GET" && path == "/lookup") return lookup();
   if (!path.starts_with(servicePrefix)) return errorReply(404, "no such path");
   const auto rest = path.substr(servicePrefix.size());
   const auto slash = rest.find('/');
   if (slash == std::string_view::npos || slash == 0) return errorReply(404, "no such path");
-  const Call call{std::string(rest.substr(0, slash)), std::string(rest.substr(slash)), request};
+  Call call{std::string(rest.substr(0, slash)), std::string(rest.substr(slash)), request};
 
   for (const auto& route : table()) {
-    if (call.path != route.path) continue;
+    const auto id = match(route.path, call.path);
+    if (!id) continue;
+    call.id = *id;
     if (request.method == route.method) return (this->*route.handler)(call);
     auto reply = errorReply(405, "this path takes " + std::string(route.method));
     reply.headers.emplace_back("Allow", route.method);
@@ -118,6 +152,33 @@ Reply ServiceRoutes::saveToken(const Call& call) {
   if (!userId) return errorReply(400, "\"buid\" is missing");
   eventStore.saveToken(call.appKey, *userId, *token, now());
   return jsonReply(200, nlohmann::json::object());
+}
+
+Campaigns::Asker ServiceRoutes::askerOf(const Call& call) {
+  return {call.appKey, call.http.get_header_value("buid"), "https://" + call.http.get_header_value("Host")};
+}
+
+Reply ServiceRoutes::listCampaigns(const Call& call) {
+  return campaigns.list(askerOf(call));
+}
+
+Reply ServiceRoutes::campaign(const Call& call) {
+  return campaigns.one(askerOf(call), call.id);
+}
+
+Reply ServiceRoutes::checkIn(const Call& call) {
+  if (!call.http.has_header("buid")) return errorReply(400, "\"buid\" is missing");
+  return campaigns.checkIn(askerOf(call), call.id);
+}
+
+Reply ServiceRoutes::image(const std::string& name) const {
+  auto bytes = scenario.image(name);
+  if (!bytes) return errorReply(404, "the scenario has no such image");
+  return Reply::text(200, std::move(*bytes), contentTypeOf(name));
+}
+
+Reply ServiceRoutes::lookup() const {
+  return Reply::text(200, scenario.lookup().value_or(R"({"resultCount":0,"results":[]})"));
 }
 
 }  // namespace orrelo::devservice

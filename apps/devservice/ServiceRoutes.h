@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Campaigns.h"
 #include "EventStore.h"
 #include "Reply.h"
 #include "Scenario.h"
@@ -10,10 +11,11 @@
 
 namespace orrelo::devservice {
 
-/// Answers everything below `/orreloservice/sdk/<appKey>`.
+/// Answers everything below `/orreloservice/sdk/<appKey>`, the images of the scenario below `/images`, and
+/// the store's lookup.
 class ServiceRoutes {
  public:
-  ServiceRoutes(EventStore& store, const Scenario& scenario);
+  ServiceRoutes(EventStore& store, AttendanceBook& attendances, const Scenario& scenario);
 
   Reply answer(const httplib::Request& request);
 
@@ -24,8 +26,10 @@ class ServiceRoutes {
     /// What follows the app key, with its slash.
     std::string path;
     const httplib::Request& http;
+    /// What "*" of the route stands for.
+    std::string id = {};
   };
-  /// A path takes one method; a new path is one more row.
+  /// A path takes one method; a new path is one more row. "*" stands for one part of it.
   struct Route {
     const char* method;
     const char* path;
@@ -37,10 +41,17 @@ class ServiceRoutes {
   Reply receiveEvent(const Call& call);
   Reply receiveEvents(const Call& call);
   Reply saveToken(const Call& call);
+  static Campaigns::Asker askerOf(const Call& call);
+  Reply listCampaigns(const Call& call);
+  Reply campaign(const Call& call);
+  Reply checkIn(const Call& call);
+  Reply image(const std::string& name) const;
+  Reply lookup() const;
   Reply store(const Call& call, const std::vector<IncomingEvent>& events);
 
   EventStore& eventStore;
   const Scenario& scenario;
+  Campaigns campaigns;
 };
 
 }  // namespace orrelo::devservice

@@ -12,8 +12,10 @@
 
 namespace orrelo {
 
+class Application;
 class Clock;
 class EventDatabaseFactory;
+class ImageCodec;
 class Random;
 class URLSession;
 class WorkerPool;
@@ -77,6 +79,9 @@ struct ORRELO_EXPORT Platform {
   std::shared_ptr<Device> device;
   std::shared_ptr<Bundle> mainBundle;
   std::shared_ptr<Bundle> kitBundle;
+  std::shared_ptr<Application> application;
+  /// Null where there is none, as in the POSIX defaults: no picture can be shown then.
+  std::shared_ptr<ImageCodec> imageCodec;
 
   /// A machine with POSIX files, curl and SQLite, and RunLoop::main() as main loop. A front replaces what it
   /// knows better.

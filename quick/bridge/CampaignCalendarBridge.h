@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/CalendarCells.h"
-#include "bridge/ViewBridge.h"
+#include "quick/bridge/CalendarCells.h"
+#include "quick/bridge/ViewBridge.h"
 #include "campaign/attendance/CampaignCalendarView.h"
 
 #include <QColor>

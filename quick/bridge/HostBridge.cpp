@@ -1,6 +1,6 @@
-#include "bridge/HostBridge.h"
+#include "quick/bridge/HostBridge.h"
 
-#include "bridge/HostWindow.h"
+#include "quick/bridge/HostWindow.h"
 
 #include <QEvent>
 

@@ -1,12 +1,18 @@
 #include "image/ImageView.h"
 
+#include "image/ImageLoader.h"
+#include "platform/Application.h"
+
+#include <memory>
+
 namespace orrelo {
 
-void ImageView::load(const std::string& url) {
-  state.set({"", url});
+void ImageView::load(std::string_view url) {
+  ImageLoader::load(url, std::static_pointer_cast<ImageView>(shared_from_this()));
 }
-void ImageView::setAsset(const std::string& name) {
-  state.set({name, ""});
+
+double ImageView::scale() const {
+  return Platform::current().application->screenScale();
 }
 
 }  // namespace orrelo

@@ -98,8 +98,20 @@ std::string originOf(const Url& url) {
 CurlTransfer::CurlTransfer(URLRequest request, URLSession::Completion completion)
     : request_(std::move(request)), completion_(std::move(completion)) {}
 
+CurlTransfer::CurlTransfer(URLRequest request, std::shared_ptr<URLSessionDataDelegate> delegate)
+    : request_(std::move(request)),
+      completion_([delegate](const URLSessionResult& result) {
+        if (result.data && !result.data->empty()) delegate->onData(*result.data);
+        delegate->onCompletion(result.error);
+      }),
+      delegate_(delegate) {}
+
 void CurlTransfer::startClock() {
   deadline_ = std::chrono::steady_clock::now() + request_.timeout;
+}
+
+std::optional<std::chrono::steady_clock::time_point> CurlTransfer::idleDeadline() const {
+  return request_.isTimeoutIdle ? std::optional(deadline_) : std::nullopt;
 }
 
 CurlTransfer::~CurlTransfer() = default;
@@ -110,18 +122,16 @@ CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {
   if (easy == nullptr) return nullptr;
   curl_easy_reset(easy);
   body_.clear();
+  bodySize_ = 0;
   headerSize_ = 0;
   response_ = {};
 
-  using std::chrono::milliseconds;
-  const auto remaining =
-      std::chrono::duration_cast<milliseconds>(deadline_ - std::chrono::steady_clock::now()).count();
   curl_easy_setopt(easy, CURLOPT_URL, request_.url.text().c_str());
   curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
   curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "");
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
-  curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, static_cast<long>(std::max<std::int64_t>(1, remaining)));
+  setTimeout();
   // A name that takes long to resolve must not hold up the other requests when its own is given up.
   curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
   if (trusted) {
@@ -149,6 +159,13 @@ CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {
   return easy;
 }
 
+void CurlTransfer::setTimeout() {
+  if (request_.isTimeoutIdle) return startClock();  // what waited for its turn was not idle
+  using std::chrono::milliseconds;
+  const auto left = std::chrono::duration_cast<milliseconds>(deadline_ - std::chrono::steady_clock::now());
+  curl_easy_setopt(easy_.get(), CURLOPT_TIMEOUT_MS, std::max(1L, static_cast<long>(left.count())));
+}
+
 void CurlTransfer::setHeaders() {
   curl_slist* list = curl_slist_append(nullptr, "Expect:");  // bodies go at once, without asking
   bool hasContentType = false;
@@ -163,10 +180,12 @@ void CurlTransfer::setHeaders() {
 
 std::size_t CurlTransfer::onBody(char* bytes, std::size_t, std::size_t count, void* self) {
   auto& transfer = *static_cast<CurlTransfer*>(self);
-  if (transfer.body_.size() + count > transfer.request_.maximumReplySize) {
+  transfer.bodySize_ += count;
+  if (transfer.bodySize_ > transfer.request_.maximumReplySize) {
     transfer.isTooLarge_ = true;
     return 0;  // ends the transfer
   }
+  if (transfer.request_.isTimeoutIdle) transfer.startClock();
   transfer.body_.append(bytes, count);
   return count;
 }
@@ -178,6 +197,7 @@ std::size_t CurlTransfer::onHeader(char* bytes, std::size_t, std::size_t count, 
     transfer.isTooLarge_ = true;
     return 0;
   }
+  if (transfer.request_.isTimeoutIdle) transfer.startClock();
   transfer.takeHeader(std::string_view(bytes, count));
   return count;
 }
@@ -194,21 +214,33 @@ bool CurlTransfer::finishHop(CURLcode code) {
     complete(failureOf(code));
     return false;
   }
-  long status = 0;
-  curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
-  response_.statusCode = static_cast<int>(status);
-  if (isRedirect(status) && follow()) return !isOver();
+  response_.statusCode = status();
+  if (isRedirect(response_.statusCode) && follow()) return !isOver();
   complete({std::nullopt, std::move(body_), std::move(response_)});
   return false;
 }
 
-URLSessionResult CurlTransfer::failureOf(CURLcode code) const {
-  if (isTooLarge_) return {makeError(URLError::dataLengthExceedsMaximum), {}, {}};
+int CurlTransfer::status() const {
   long status = 0;
   curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
+  return static_cast<int>(status);
+}
+
+void CurlTransfer::deliver() {
+  if (body_.empty() || isRedirect(status())) return;  // a redirect is a reply only when it is not followed
+  std::shared_ptr<URLSessionDataDelegate> delegate;
+  {
+    const std::lock_guard lock(mutex_);
+    delegate = delegate_;
+  }
+  if (delegate) delegate->onData(std::exchange(body_, {}));
+}
+
+URLSessionResult CurlTransfer::failureOf(CURLcode code) const {
+  if (isTooLarge_) return {makeError(URLError::dataLengthExceedsMaximum), {}, {}};
   const bool isNoHttp =
       code == CURLE_WEIRD_SERVER_REPLY ||
-      (code == CURLE_UNSUPPORTED_PROTOCOL && status == 0 && request_.url.scheme().starts_with("http"));
+      (code == CURLE_UNSUPPORTED_PROTOCOL && status() == 0 && request_.url.scheme().starts_with("http"));
   if (isNoHttp) return {{}, {}, {}};
   return {makeError(errorOf(code), curl_easy_strerror(code)), {}, {}};
 }
@@ -251,14 +283,17 @@ void CurlTransfer::complete(URLSessionResult result) {
   {
     const std::lock_guard lock(mutex_);
     completion = std::exchange(completion_, nullptr);
+    delegate_.reset();
   }
   if (completion) completion(std::move(result));
 }
 
 bool CurlTransfer::cancel() {
   URLSession::Completion completion;  // let go outside the lock
+  std::shared_ptr<URLSessionDataDelegate> delegate;
   const std::lock_guard lock(mutex_);
   std::swap(completion, completion_);
+  std::swap(delegate, delegate_);
   return completion != nullptr;
 }
 

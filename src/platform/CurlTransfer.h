@@ -25,10 +25,16 @@ std::string originOf(const Url& url);
 class CurlTransfer {
  public:
   CurlTransfer(URLRequest request, URLSession::Completion completion);
+  /// What `deliver` has not handed to `delegate` comes with the end.
+  CurlTransfer(URLRequest request, std::shared_ptr<URLSessionDataDelegate> delegate);
   ~CurlTransfer();
 
   /// Starts the request's timeout.
   void startClock();
+  /// When the request has been idle for too long, if that is its timeout. curl minds a timeout for the whole.
+  std::optional<std::chrono::steady_clock::time_point> idleDeadline() const;
+  /// Hands over the bytes that came, if they are to go piece by piece. Outside curl.
+  void deliver();
   /// Readies a handle for the current hop. Null where curl has no memory.
   CURL* prepare(const std::optional<TrustedOrigin>& trusted);
   CURL* handle() const { return easy_.get(); }
@@ -53,8 +59,10 @@ class CurlTransfer {
   static std::size_t onBody(char* bytes, std::size_t, std::size_t count, void* self);
   static std::size_t onHeader(char* bytes, std::size_t, std::size_t count, void* self);
   void takeHeader(std::string_view line);
+  void setTimeout();
   void setHeaders();
   bool follow();
+  int status() const;
   void complete(URLSessionResult result);
   URLSessionResult failureOf(CURLcode code) const;
 
@@ -65,11 +73,13 @@ class CurlTransfer {
   int redirects_ = 0;
   bool isTooLarge_ = false;
   std::size_t headerSize_ = 0;
+  std::size_t bodySize_ = 0;
   std::string body_;
   HTTPURLResponse response_;
 
   mutable std::mutex mutex_;
   URLSession::Completion completion_;
+  std::shared_ptr<URLSessionDataDelegate> delegate_;
 };
 
 }  // namespace orrelo

@@ -93,13 +93,15 @@ class Engine {
         int count = 0;
         curl_multi_perform(multi_, &count);
       }
+      deliverChunks();
       finishDone();
+      const auto wait = failIdle();
       {
         const std::lock_guard lock(mutex_);
         if (stopping_) break;
         if (!dropped_.empty() || (!starting_.empty() && running_.size() < maximumRunning)) continue;
       }
-      curl_multi_poll(multi_, nullptr, 0, 60'000, nullptr);
+      curl_multi_poll(multi_, nullptr, 0, wait, nullptr);
     }
     closeConnections();
   }
@@ -171,6 +173,36 @@ class Engine {
     }
   }
 
+  void deliverChunks() {
+    for (const auto& [easy, transfer] : running_) runGuarded([&] { transfer->deliver(); });
+  }
+
+  // Says after how many milliseconds to look again.
+  int failIdle() {
+    using std::chrono::milliseconds;
+    const auto now = std::chrono::steady_clock::now();
+    milliseconds next{60'000};
+    std::vector<std::shared_ptr<CurlTransfer>> idle;
+    for (const auto& [easy, transfer] : running_) {
+      const auto deadline = transfer->idleDeadline();
+      if (!deadline) continue;
+      if (*deadline <= now) {
+        idle.push_back(transfer);
+      } else {
+        next = std::min(next, std::chrono::ceil<milliseconds>(*deadline - now));
+      }
+    }
+    for (const auto& transfer : idle) {
+      {
+        const std::lock_guard turn(curlTurn());
+        running_.erase(transfer->handle());
+        curl_multi_remove_handle(multi_, transfer->handle());
+      }
+      runGuarded([&] { transfer->fail(makeError(URLError::timedOut)); });
+    }
+    return static_cast<int>(next.count());
+  }
+
   std::optional<TrustedOrigin> trustedFor(const Url& url) {
     const auto origin = originOf(url);
     const std::lock_guard lock(mutex_);
@@ -236,10 +268,8 @@ class LazyEngine {
 
 class CurlURLSessionTask final : public URLSessionTask {
  public:
-  CurlURLSessionTask(std::shared_ptr<LazyEngine> engine, URLRequest request,
-                     URLSession::Completion completion)
-      : engine_(std::move(engine)),
-        transfer_(std::make_shared<CurlTransfer>(std::move(request), std::move(completion))) {}
+  CurlURLSessionTask(std::shared_ptr<LazyEngine> engine, std::shared_ptr<CurlTransfer> transfer)
+      : engine_(std::move(engine)), transfer_(std::move(transfer)) {}
 
   void resume() override { engine_->get()->start(transfer_); }
 
@@ -255,7 +285,12 @@ class CurlURLSessionTask final : public URLSessionTask {
 class CurlURLSession final : public URLSession {
  public:
   std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) override {
-    return std::make_shared<CurlURLSessionTask>(engine_, std::move(request), std::move(completion));
+    return makeTask(std::move(request), std::move(completion));
+  }
+
+  std::shared_ptr<URLSessionTask> streamingTask(URLRequest request,
+                                                std::shared_ptr<URLSessionDataDelegate> delegate) override {
+    return makeTask(std::move(request), std::move(delegate));
   }
 
   void trust(std::string_view origin, const std::string& certificateFile) override {
@@ -263,6 +298,12 @@ class CurlURLSession final : public URLSession {
   }
 
  private:
+  template <class Receiver>
+  std::shared_ptr<URLSessionTask> makeTask(URLRequest request, Receiver receiver) {
+    return std::make_shared<CurlURLSessionTask>(
+        engine_, std::make_shared<CurlTransfer>(std::move(request), std::move(receiver)));
+  }
+
   std::shared_ptr<LazyEngine> engine_ = std::make_shared<LazyEngine>();
 };
 

@@ -1,5 +1,6 @@
 #include "core/base/Logger.h"
 #include "platform/CurlURLSession.h"
+#include "platform/PosixApplication.h"
 #include "platform/PosixBundle.h"
 #include "platform/PosixDevice.h"
 #include "platform/PosixDirectories.h"
@@ -49,6 +50,7 @@ Platform Platform::posix(const HostApplication& host) {
   platform.device = std::make_shared<PosixDevice>();
   platform.mainBundle = PosixBundle::main(host);
   platform.kitBundle = PosixBundle::kit();
+  platform.application = std::make_shared<PosixApplication>();
   return platform;
 }
 

@@ -24,8 +24,9 @@ struct URLRequest {
   /// ends. "buid" and the kit's own headers are dropped when a redirect leaves the host.
   HTTPHeaders headers = {};
   std::optional<std::string> body = {};
-  /// From the start to the last byte.
+  /// From the start to the last byte, or, where `isTimeoutIdle`, until the next byte.
   std::chrono::milliseconds timeout{60'000};
+  bool isTimeoutIdle = false;
   /// A larger reply, or one with more than 256 KiB of headers, ends the task with `dataLengthExceedsMaximum`,
   /// and is not kept in memory.
   std::size_t maximumReplySize = std::size_t{8} * 1024 * 1024;
@@ -71,6 +72,17 @@ class URLSessionTask {
   virtual void cancel() = 0;
 };
 
+/// What takes a reply as it comes in. Called on the session's own thread, one call at a time.
+class URLSessionDataDelegate {
+ public:
+  virtual ~URLSessionDataDelegate() = default;
+
+  /// The next bytes of the reply, of any status.
+  virtual void onData(std::string_view bytes) = 0;
+  /// Once, after the last bytes.
+  virtual void onCompletion(const std::optional<Error>& error) = 0;
+};
+
 /// Runs HTTP requests. No cookies and no cache; at most 64 requests at a time, 6 connections a host and 20
 /// redirects a request, to http and https alone. A redirect that would carry a body to another host, or from
 /// https to http, is not followed. Any thread.
@@ -82,6 +94,9 @@ class URLSession {
   virtual ~URLSession() = default;
 
   virtual std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) = 0;
+  /// The reply in pieces. Once `cancel` returned, at most the call that runs by then goes on.
+  virtual std::shared_ptr<URLSessionTask> streamingTask(URLRequest request,
+                                                        std::shared_ptr<URLSessionDataDelegate> delegate) = 0;
 
   /// For requests to this origin ("https://localhost:9443") the certificates in the file are the trusted
   /// ones, in place of the system's. Verification itself stays on.

@@ -18,7 +18,7 @@ class ORRELO_EXPORT TooltipView final : public View {
 
   struct Look {
     TailPosition tailPosition = TailPosition::top;
-    Color tooltipBackgroundColor;
+    Color tooltipBackgroundColor = {};
     Color textColor{1.0, 1.0, 1.0, 1.0};
     /// Fades by itself once it was shown, as `fade` says.
     bool autoDismiss = false;

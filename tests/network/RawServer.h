@@ -55,6 +55,11 @@ class RawServer {
     const std::lock_guard lock(mutex_);
     return connections_.size();
   }
+  /// More bytes, on the connection made last.
+  void sendMore(const std::string& bytes) {
+    const std::lock_guard lock(mutex_);
+    send(connections_.back(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+  }
   /// Waits until so many requests have come, and until so many connections have been closed by the client.
   bool waitForRequests(int count) { return waitFor(requests_, count); }
   bool waitForClosed(int count) { return waitFor(closed_, count); }

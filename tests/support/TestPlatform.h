@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/PosixApplication.h"
 #include "platform/SqliteEventDatabase.h"
+#include "support/PlainImageCodec.h"
 #include "support/TemporaryFolder.h"
 #include "support/Twins.h"
 
@@ -32,6 +34,8 @@ class TestPlatform {
                                            {"CFBundleVersion", "21"}});
     platform.kitBundle = std::make_shared<FixedBundle>(
         std::map<std::string, std::string>{{"CFBundleShortVersionString", "1.0.0"}, {"ORLBuildNumber", "1"}});
+    platform.application = application;
+    platform.imageCodec = codec;
     Platform::install(std::move(platform));
   }
 
@@ -41,6 +45,8 @@ class TestPlatform {
   std::shared_ptr<ScriptedURLSession> session = std::make_shared<ScriptedURLSession>();
   std::shared_ptr<MemoryDefaultsFactory> defaults = std::make_shared<MemoryDefaultsFactory>();
   std::shared_ptr<FixedDevice> device = std::make_shared<FixedDevice>();
+  std::shared_ptr<PosixApplication> application = std::make_shared<PosixApplication>();
+  std::shared_ptr<PlainImageCodec> codec = std::make_shared<PlainImageCodec>();
 
  private:
   class Folders final : public Directories {

@@ -126,6 +126,14 @@ class ScriptedURLSession final : public URLSession {
   std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) override {
     return std::make_shared<Task>(*this, std::move(request), std::move(completion));
   }
+  std::shared_ptr<URLSessionTask> streamingTask(URLRequest request,
+                                                std::shared_ptr<URLSessionDataDelegate> delegate) override {
+    return dataTask(std::move(request), [delegate](const URLSessionResult& result) {
+      const std::string bytes = result.data.value_or("");
+      for (std::size_t i = 0; i < bytes.size(); i += chunkSize) delegate->onData(bytes.substr(i, chunkSize));
+      delegate->onCompletion(result.error);
+    });
+  }
   void trust(std::string_view origin, const std::string& file) override {
     trusted[std::string(origin)] = file;
   }
@@ -158,6 +166,8 @@ class ScriptedURLSession final : public URLSession {
   /// Requests that were cancelled while they waited.
   int cancelled = 0;
   std::map<std::string, std::string> trusted;
+  /// A streamed reply comes in pieces of so many bytes.
+  static constexpr std::size_t chunkSize = 1000;
 
  private:
   class Task final : public URLSessionTask {

@@ -13,6 +13,8 @@ Item {
     required property real borderWidth
     required property color borderColor
     required property bool hasIcon
+    /// Null where the service names none.
+    required property ImageBridge icon
     required property string accessibilityLabel
     required property real dayFontShare
     required property real bottomFontShare
@@ -29,6 +31,17 @@ Item {
         radius: Theme.cornerRadius
         color: cell.backgroundColor
         border { width: cell.borderWidth; color: cell.borderColor }
+    }
+    Loader {
+        anchors { horizontalCenter: parent.horizontalCenter; verticalCenter: parent.verticalCenter }
+        anchors.verticalCenterOffset: cell.hasBottom ? -cell.bottomSize * 0.45 : 0
+        active: cell.icon !== null
+
+        sourceComponent: KitImage {
+            width: cell.height * cell.iconShare
+            height: width
+            model: cell.icon
+        }
     }
     Text {
         anchors { horizontalCenter: parent.horizontalCenter; verticalCenter: parent.verticalCenter }

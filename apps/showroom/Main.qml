@@ -1,0 +1,95 @@
+import QtQuick
+import QtQuick.Window
+import Orrelo
+
+Window {
+    id: root
+    property alias textScale: host.textScale
+
+    width: 390
+    height: 844
+    visible: true
+    title: "파랑상점"
+    color: "#f6f4ee"
+
+    OrreloHost {
+        id: host
+        anchors.fill: parent
+
+        Flickable {
+            anchors.fill: parent
+            contentHeight: page.height + 48
+            boundsBehavior: Flickable.StopAtBounds
+
+            Column {
+                id: page
+                x: (root.width - width) / 2
+                y: 24
+                width: Math.min(440, root.width - 40)
+                spacing: 16
+
+                Text {
+                    text: "파랑상점"
+                    font { pixelSize: 28; weight: Font.Black }
+                    color: "#1d3a5f"
+                }
+                Text {
+                    width: parent.width
+                    wrapMode: Text.Wrap
+                    text: showroom.user === "" ? "로그인하지 않았어요" : showroom.user + "님, 반가워요"
+                    font.pixelSize: 16
+                    color: "#45566b"
+                }
+                ShopButton {
+                    text: showroom.user === "" ? "민지로 로그인" : "로그아웃"
+                    onPressed: showroom.user === "" ? showroom.signIn("minji") : showroom.signOut()
+                }
+                Rectangle {
+                    width: parent.width
+                    height: goods.height + 32
+                    radius: 16
+                    color: "#ffffff"
+
+                    Column {
+                        id: goods
+                        anchors { left: parent.left; right: parent.right; top: parent.top; margins: 16 }
+                        spacing: 12
+                        Text {
+                            text: "파란 운동화"
+                            font { pixelSize: 18; weight: Font.DemiBold }
+                            color: "#1d3a5f"
+                        }
+                        Text {
+                            text: "39,900원"
+                            font.pixelSize: 16
+                            color: "#45566b"
+                        }
+                        ShopButton {
+                            text: showroom.eventCount === 0 ? "구매하기" : "구매하기 (" + showroom.eventCount + ")"
+                            onPressed: showroom.buy()
+                        }
+                    }
+                }
+                ShopButton {
+                    text: "출석체크 열기"
+                    onPressed: showroom.openCampaign("attendance")
+                }
+                ShopButton {
+                    text: "진행 중인 출석 이벤트"
+                    onPressed: showroom.openAttendance()
+                }
+                ShopButton {
+                    text: "이벤트 결과 보기"
+                    onPressed: showroom.openCampaign("result")
+                }
+                Text {
+                    width: parent.width
+                    wrapMode: Text.WrapAnywhere
+                    text: "캠페인 서비스: " + showroom.serviceUrl
+                    font.pixelSize: 12
+                    color: "#7b8794"
+                }
+            }
+        }
+    }
+}

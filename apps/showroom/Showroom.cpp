@@ -1,0 +1,52 @@
+#include "Showroom.h"
+
+#include <orrelo/Orrelo.h>
+#include <orrelo/quick/OrreloQuick.h>
+
+namespace orrelo::showroom {
+
+Showroom::Showroom(const std::filesystem::path& folder) : service_({.dataDirectory = folder / "service"}) {
+  service_.start();
+  Platform::install(quick::platform({.bundleIdentifier = "com.example.orrelo-showroom",
+                                     .shortVersion = "1.0",
+                                     .bundleVersion = "1",
+                                     .dataDirectory = folder / "device",
+                                     .cacheDirectory = folder / "cache"}));
+  const auto suite = Platform::current().userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane");
+  suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
+  suite->set("ORRELO_DEVELOPMENT_URL", service_.baseUrl());
+  suite->set("ORRELO_DEVELOPMENT_CA", service_.certificatePath().string());
+  Orrelo::initialize(ORLConfig("showroom"));
+}
+
+void Showroom::signIn(const QString& user) {
+  Orrelo::setUser(ORLUser(user.toStdString(), ORLMarketingStatus::optIn, {}));
+  setUser(user);
+}
+
+void Showroom::signOut() {
+  Orrelo::setUser(std::nullopt);
+  setUser({});
+}
+
+void Showroom::setUser(const QString& user) {
+  if (user == user_) return;
+  user_ = user;
+  Q_EMIT userChanged();
+}
+
+void Showroom::buy() {
+  Orrelo::sendEvent("purchase", {{"item", "blue shoes"}, {"price", 39.9}});
+  ++eventCount_;
+  Q_EMIT eventCountChanged();
+}
+
+void Showroom::openCampaign(const QString& id) {
+  Orrelo::showCampaign(id.toStdString(), quick::hostViewController(window_));
+}
+
+void Showroom::openAttendance() {
+  Orrelo::showCampaign(ORLCampaignType::attendance, quick::hostViewController(window_));
+}
+
+}  // namespace orrelo::showroom

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "DevService.h"
+
+#include <QObject>
+#include <QQuickWindow>
+#include <QString>
+#include <filesystem>
+
+namespace orrelo::showroom {
+
+/// What the showroom's page can do: a shop's application that has the kit, with a campaign service of its own.
+class Showroom final : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(QString user READ user NOTIFY userChanged)
+  Q_PROPERTY(QString serviceUrl READ serviceUrl CONSTANT)
+  Q_PROPERTY(int eventCount READ eventCount NOTIFY eventCountChanged)
+
+ public:
+  /// `folder` keeps what the kit and the service store. Starts both.
+  explicit Showroom(const std::filesystem::path& folder);
+
+  devservice::DevService& service() { return service_; }
+  void setWindow(QQuickWindow* window) { window_ = window; }
+
+  /// Empty where nobody is signed in.
+  QString user() const { return user_; }
+  QString serviceUrl() const { return QString::fromStdString(service_.baseUrl()); }
+  int eventCount() const { return eventCount_; }
+
+  Q_INVOKABLE void signIn(const QString& user);
+  Q_INVOKABLE void signOut();
+  Q_INVOKABLE void buy();
+  Q_INVOKABLE void openCampaign(const QString& id);
+  Q_INVOKABLE void openAttendance();
+
+ Q_SIGNALS:
+  void userChanged();
+  void eventCountChanged();
+
+ private:
+  void setUser(const QString& user);
+
+  devservice::DevService service_;
+  QQuickWindow* window_ = nullptr;
+  QString user_;
+  int eventCount_ = 0;
+};
+
+}  // namespace orrelo::showroom

@@ -1,0 +1,242 @@
+#include "Tour.h"
+
+#include <QAccessible>
+#include <QColor>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QMouseEvent>
+#include <QTimer>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <utility>
+
+namespace orrelo::showroom {
+namespace {
+
+using devservice::Fault;
+
+constexpr int patience = 15'000;
+// Longer than any of the screens' movements.
+constexpr int stillness = 700;
+
+const QString checkInButton = QStringLiteral("오늘 출석하기");
+const QString guide = QStringLiteral("출석체크 안내");
+const QString tooltip =
+    QStringLiteral("하루에 한 번 출석할 수 있어요.\n선물 표시가 있는 날에는 보너스를 드려요.");
+const QString reward = QStringLiteral("출석 완료!");
+const QString checkedIn = QStringLiteral("출석 완료");
+const QString popUp = QStringLiteral("축하합니다!");
+const QString tryAgain = QStringLiteral("잠시 후 다시 시도해 주세요.");
+const QString loading = QStringLiteral("불러오는 중");
+
+QString nameOf(QQuickItem* item) {
+  auto* const accessible = QAccessible::queryAccessibleInterface(item);
+  return accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
+}
+
+QQuickItem* findBelow(QQuickItem* item, const QString& name) {
+  if (!item->isVisible() || item->opacity() == 0.0) return nullptr;
+  const auto children = item->childItems();
+  for (auto child = children.rbegin(); child != children.rend(); ++child) {
+    if (auto* const found = findBelow(*child, name)) return found;
+  }
+  return nameOf(item) == name ? item : nullptr;
+}
+
+void run(int milliseconds) {
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+// How much of the picture is of about this colour.
+double share(const QImage& picture, const QColor& color) {
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const auto pixel = picture.pixelColor(x, y);
+      const int distance = std::abs(pixel.red() - color.red()) + std::abs(pixel.green() - color.green()) +
+                           std::abs(pixel.blue() - color.blue());
+      if (distance < 24) ++count;
+    }
+  }
+  return static_cast<double>(count) / (picture.width() * picture.height());
+}
+
+void require(bool holds, const QString& what) {
+  if (!holds) throw std::runtime_error(what.toStdString());
+}
+
+}  // namespace
+
+Tour::Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folder)
+    : showroom_(showroom), window_(window), folder_(std::move(folder)) {
+  QAccessible::setActive(true);
+  std::filesystem::create_directories(folder_);
+}
+
+void Tour::play() {
+  signedOut();
+  attendance();
+  checkIn();
+  result();
+  failures();
+  sizes();
+  writePage();
+}
+
+void Tour::signedOut() {
+  await(QStringLiteral("민지로 로그인"));
+  picture(QStringLiteral("The host's own page; nobody is signed in"));
+  click(QStringLiteral("출석체크 열기"));
+  await(QStringLiteral("로그인 후 다시 시도해 주세요."));
+  picture(QStringLiteral("A campaign without a user asks to sign in"));
+  require(showroom_.service().requestCount("/campaigns/attendance") == 0, QStringLiteral("the service was asked"));
+  close();
+  click(QStringLiteral("민지로 로그인"));
+  click(QStringLiteral("구매하기"));
+  await(QStringLiteral("구매하기 (1)"));
+}
+
+void Tour::attendance() {
+  click(QStringLiteral("출석체크 열기"));
+  await(checkInButton);
+  const auto before = picture(QStringLiteral("The attendance campaign before the check-in"));
+  require(share(before, QColor(0x5B, 0x50, 0xE8)) > 0.02, QStringLiteral("the campaign's colour is not there"));
+  click(guide);
+  await(tooltip);
+  picture(QStringLiteral("What the guide explains"));
+  click(tooltip);
+  awaitGone(tooltip);
+}
+
+void Tour::checkIn() {
+  click(checkInButton);
+  await(reward);
+  picture(QStringLiteral("The check-in has earned a reward"));
+  click(QStringLiteral("확인"));
+  awaitGone(reward);
+  await(checkedIn);
+  picture(QStringLiteral("The calendar after the check-in"));
+  require(showroom_.service().requestCount("/check-in") == 1, QStringLiteral("there was not one check-in"));
+  close();
+  click(QStringLiteral("진행 중인 출석 이벤트"));
+  await(checkedIn);
+  picture(QStringLiteral("Opened again, by its type: the service remembers"));
+  close();
+}
+
+void Tour::result() {
+  click(QStringLiteral("이벤트 결과 보기"));
+  await(popUp);
+  picture(QStringLiteral("A result, and its pop-up"));
+  click(QStringLiteral("닫기"));
+  awaitGone(popUp);
+  await(QStringLiteral("가을 이벤트"));
+  picture(QStringLiteral("The result beneath"));
+  close();
+  click(QStringLiteral("이벤트 결과 보기"));
+  await(QStringLiteral("가을 이벤트"));
+  picture(QStringLiteral("The second time there is no pop-up"));
+  require(find(popUp) == nullptr, QStringLiteral("the pop-up came again"));
+  close();
+}
+
+void Tour::failures() {
+  auto& service = showroom_.service();
+  service.orderFault({.kind = Fault::Kind::status, .pathSuffix = "/campaigns/attendance", .count = 1});
+  click(QStringLiteral("출석체크 열기"));
+  await(tryAgain);
+  picture(QStringLiteral("A service that fails"));
+  close();
+  const auto hang = service.orderFault({.kind = Fault::Kind::hang, .pathSuffix = "/campaigns/attendance"});
+  click(QStringLiteral("출석체크 열기"));
+  await(loading);
+  picture(QStringLiteral("A slow service"));
+  service.clearFault(hang);
+  await(checkedIn);
+  close();
+}
+
+void Tour::sizes() {
+  const auto original = window_.size();
+  window_.resize(320, 568);
+  click(QStringLiteral("출석체크 열기"));
+  await(checkedIn);
+  picture(QStringLiteral("On a small phone"));
+  window_.setProperty("textScale", 2.0);
+  picture(QStringLiteral("With text twice as large"));
+  window_.setProperty("textScale", 1.0);
+  window_.resize(1100, 760);
+  picture(QStringLiteral("In a desktop window"));
+  close();
+  window_.resize(original);
+}
+
+void Tour::await(const QString& name) {
+  await([&] { return find(name) != nullptr; }, QStringLiteral("\"%1\" did not appear").arg(name));
+}
+
+void Tour::awaitGone(const QString& name) {
+  await([&] { return find(name) == nullptr; }, QStringLiteral("\"%1\" did not go").arg(name));
+}
+
+void Tour::await(const std::function<bool()>& holds, const QString& what) {
+  QElapsedTimer timer;
+  timer.start();
+  while (!holds()) {
+    require(timer.elapsed() < patience, what);
+    run(20);
+  }
+}
+
+QQuickItem* Tour::find(const QString& name) const {
+  return findBelow(window_.contentItem(), name);
+}
+
+void Tour::click(const QString& name) {
+  auto* const item = find(name);
+  require(item != nullptr, QStringLiteral("there is no \"%1\" to press").arg(name));
+  const auto middle = item->mapToScene({item->width() / 2, item->height() / 2});
+  const auto global = window_.mapToGlobal(middle);
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, middle, middle, global, Qt::LeftButton,
+                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window_, &event);
+  }
+}
+
+void Tour::close() {
+  click(QStringLiteral("뒤로"));
+  awaitGone(QStringLiteral("뒤로"));
+}
+
+QImage Tour::picture(const QString& caption) {
+  run(stillness);
+  const auto image = window_.grabWindow();
+  require(!image.isNull(), QStringLiteral("the window gives no picture"));
+  captions_.push_back(caption);
+  const auto name = QStringLiteral("%1.png").arg(captions_.size(), 2, 10, QLatin1Char('0'));
+  require(image.save(QString::fromStdString((folder_ / name.toStdString()).string())),
+          QStringLiteral("the picture cannot be written"));
+  std::cout << "[" << captions_.size() << "] " << caption.toStdString() << std::endl;
+  return image;
+}
+
+void Tour::writePage() const {
+  std::ofstream page(folder_ / "index.html");
+  page << "<!doctype html><meta charset=utf-8><title>OrreloSDK</title>\n"
+          "<style>body{font:15px sans-serif;background:#eceff3;margin:24px}"
+          "figure{display:inline-block;vertical-align:top;margin:12px;width:300px}"
+          "img{max-width:100%;border-radius:12px;box-shadow:0 2px 12px #0003}"
+          "figcaption{margin-top:8px}</style>\n";
+  for (qsizetype i = 0; i < captions_.size(); ++i) {
+    const auto name = QStringLiteral("%1.png").arg(i + 1, 2, 10, QLatin1Char('0'));
+    page << "<figure><img src=" << name.toStdString() << "><figcaption>" << (i + 1) << ". "
+         << captions_[i].toStdString() << "</figcaption></figure>\n";
+  }
+}
+
+}  // namespace orrelo::showroom

@@ -1,0 +1,62 @@
+// A host application with the kit's screens. With --tour FOLDER it plays itself, for people who want to see
+// what there is and for machines without a display.
+#include "Showroom.h"
+#include "Tour.h"
+
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQmlContext>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <exception>
+#include <iostream>
+
+namespace {
+
+using namespace orrelo::showroom;
+
+int playTour(Showroom& showroom, QQuickWindow& window, const std::string& folder) {
+  try {
+    Tour(showroom, window, folder).play();
+    std::cout << "All of it on one page: " << folder << "/index.html" << std::endl;
+    return 0;
+  } catch (const std::exception& exception) {
+    std::cerr << "The tour ends: " << exception.what() << std::endl;
+    return 1;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QGuiApplication application(argc, argv);
+  application.setApplicationName(QStringLiteral("orrelo-showroom"));
+  const auto arguments = application.arguments();
+  const bool isTour = arguments.size() == 3 && arguments[1] == QStringLiteral("--tour");
+  if (arguments.size() > 1 && !isTour) {
+    std::cerr << "orrelo-showroom [--tour FOLDER]\n";
+    return 2;
+  }
+  const QTemporaryDir temporary;
+  const auto folder = isTour ? temporary.path()
+                             : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+  try {
+    Showroom showroom(folder.toStdString());
+    QQmlApplicationEngine engine;
+    engine.rootContext()->setContextProperty(QStringLiteral("showroom"), &showroom);
+    engine.load(QUrl(QStringLiteral("qrc:/showroom/Main.qml")));
+    auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
+    if (window == nullptr) return 1;
+    showroom.setWindow(window);
+    if (isTour) {
+      QTimer::singleShot(0, &application, [&] {
+        QCoreApplication::exit(playTour(showroom, *window, arguments[2].toStdString()));
+      });
+    }
+    return QGuiApplication::exec();
+  } catch (const std::exception& exception) {
+    std::cerr << "orrelo-showroom: " << exception.what() << "\n";
+    return 1;
+  }
+}

@@ -1,0 +1,86 @@
+#include "image/DiskCache.h"
+
+#include "platform/Files.h"
+
+#include <array>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+using StreamError = ImagePipelineInputStreamError;
+
+void require(const std::optional<Error>& failure) {
+  if (failure) throw *failure;
+}
+
+Data readFile(const std::filesystem::path& file) {
+  std::string bytes;
+  try {
+    bytes = Files::read(file);
+  } catch (const Error& error) {
+    throw makeError(StreamError::uninitializedInputStream, error.localizedDescription());
+  }
+  if (bytes.empty()) throw makeError(StreamError::emptyFile);
+  return makeData(std::move(bytes));
+}
+
+}  // namespace
+
+Error makeError(ImagePipelineInputStreamError error, std::optional<std::string> message) {
+  static constexpr std::array names{"uninitializedInputStream", "emptyFile"};
+  return Error("ImagePipelineInputStreamError", names.at(static_cast<std::size_t>(error)),
+               std::move(message));
+}
+
+DiskCache::DiskCache(const std::string& name, const Platform& platform)
+    : cacheName_("com.tamrenzo.OrreloSDK.DiskCache." + name),
+      directories_(platform.directories),
+      diskQueue_(std::make_shared<SerialQueue>(platform.workers, QualityOfService::standard)) {}
+
+std::filesystem::path DiskCache::directory() const {
+  auto folder = directories_->cache() / cacheName_;
+  require(Files::makeFolder(folder));
+  return folder;
+}
+
+// The queue works on a copy: the cache may go before its turn comes.
+void DiskCache::run(std::function<void(const DiskCache&)> work, Completion completion) const {
+  diskQueue_->post([self = *this, work = std::move(work), completion = std::move(completion)] {
+    std::optional<Error> failure;
+    try {
+      work(self);
+    } catch (...) {
+      failure = Error::fromCurrentException();
+    }
+    if (completion) completion(failure);
+  });
+}
+
+void DiskCache::insert(Data data, const WrappedKey& key, Completion completion) {
+  run([data = std::move(data),
+       name = key.key()](const DiskCache& self) { require(Files::write(self.directory() / name, *data)); },
+      std::move(completion));
+}
+
+void DiskCache::value(const WrappedKey& key, std::function<void(Result<Data>)> completion) const {
+  const auto found = std::make_shared<Data>();
+  run([found, name = key.key()](const DiskCache& self) { *found = readFile(self.directory() / name); },
+      [found, completion = std::move(completion)](const std::optional<Error>& failure) {
+        completion(failure ? Result<Data>(*failure) : Result<Data>(*found));
+      });
+}
+
+void DiskCache::clear(Completion completion) {
+  run([](const DiskCache& self) { require(Files::removeFolder(self.directory())); }, std::move(completion));
+}
+
+Result<bool> DiskCache::contains(const WrappedKey& key) const {
+  try {
+    return Files::exists(directory() / key.key());
+  } catch (const Error& error) {
+    return error;
+  }
+}
+
+}  // namespace orrelo

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "image/Data.h"
+#include "image/WrappedKey.h"
+#include "platform/SerialQueue.h"
+
+#include <orrelo/Platform.h>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// Why a file of the cache gave nothing.
+enum class ImagePipelineInputStreamError { uninitializedInputStream, emptyFile };
+Error makeError(ImagePipelineInputStreamError error, std::optional<std::string> message = {});
+
+/// Bytes in files, one folder a cache. All work is done in order on a queue of its own, and completes there:
+/// a read that is asked for after a write sees it.
+class DiskCache {
+ public:
+  using Completion = std::function<void(std::optional<Error>)>;
+
+  /// Two days. Nothing reads it yet: the whole folder goes with every trip to the background, and this is for
+  /// a sweep by age. Deliberate.
+  static constexpr double maxCacheAgeSeconds = 172800.0;
+
+  DiskCache(const std::string& name, const Platform& platform);
+
+  const std::string& cacheName() const { return cacheName_; }
+
+  void insert(Data data, const WrappedKey& key, Completion completion = {});
+  /// `uninitializedInputStream` for a file that is not there or cannot be read.
+  void value(const WrappedKey& key, std::function<void(Result<Data>)> completion) const;
+  void clear(Completion completion = {});
+  /// Whether there is a file now, whatever the queue still has to do.
+  Result<bool> contains(const WrappedKey& key) const;
+
+ private:
+  /// Made where it is missing; throws what is in the way.
+  std::filesystem::path directory() const;
+  void run(std::function<void(const DiskCache&)> work, Completion completion) const;
+
+  std::string cacheName_;
+  std::shared_ptr<Directories> directories_;
+  std::shared_ptr<SerialQueue> diskQueue_;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,197 @@
+#pragma once
+
+#include "image/Data.h"
+#include "image/onMain.h"
+#include "platform/URLSession.h"
+
+#include <orrelo/Platform.h>
+
+#include <map>
+#include <mutex>
+#include <vector>
+
+namespace orrelo {
+
+enum class DownloaderError { dataConversion, canceled };
+Error makeError(DownloaderError error);
+
+template <class T>
+class Downloader;
+
+/// One transfer and those who wait for it, each under a token of its own: 0, 1, 2 …
+template <class T>
+class Download {
+ public:
+  using Completion = std::function<void(Result<T>)>;
+
+  /// Nothing for a download that was cancelled: it cannot be joined any more.
+  std::optional<int> addCompletion(Completion completion) {
+    const std::lock_guard lock(mutex_);
+    if (isCancelled_) return std::nullopt;
+    tokenCompletions_.emplace(currentToken_, std::move(completion));
+    return currentToken_++;
+  }
+
+  std::vector<Completion> completions() const {
+    const std::lock_guard lock(mutex_);
+    std::vector<Completion> all;
+    for (const auto& [token, completion] : tokenCompletions_) all.push_back(completion);
+    return all;
+  }
+
+  /// Ends the wait of one with `canceled`, and the transfer with the last. Does nothing for a token that has
+  /// its result or was cancelled.
+  void cancel(int token) {
+    Completion completion;
+    bool isLast = false;
+    {
+      const std::lock_guard lock(mutex_);
+      auto node = tokenCompletions_.extract(token);
+      if (node.empty()) return;
+      completion = std::move(node.mapped());
+      isLast = tokenCompletions_.empty();
+      isCancelled_ = isLast;
+    }
+    if (isLast) {
+      task_->cancel();
+      onCancelled_();
+    }
+    completion(makeError(DownloaderError::canceled));
+  }
+
+ private:
+  friend class Downloader<T>;
+
+  /// Each of them runs once, and none that another one cancels.
+  void complete(const Result<T>& result) {
+    while (auto completion = takeFirst()) completion(result);
+  }
+  Completion takeFirst() {
+    const std::lock_guard lock(mutex_);
+    if (tokenCompletions_.empty()) return nullptr;
+    return std::move(tokenCompletions_.extract(tokenCompletions_.begin()).mapped());
+  }
+
+  /// Set before anyone can see the download, and not changed after.
+  std::string key_;
+  std::shared_ptr<URLSessionTask> task_;
+  std::function<void()> onCancelled_;
+  /// The session's thread alone.
+  std::string data_;
+
+  mutable std::mutex mutex_;
+  bool isCancelled_ = false;
+  int currentToken_ = 0;
+  std::map<int, Completion> tokenCompletions_;
+};
+
+/// One caller's share of a download.
+template <class T>
+struct DownloadTask {
+  std::shared_ptr<Download<T>> download;
+  int cancelToken = 0;
+
+  void cancel() const { download->cancel(cancelToken); }
+};
+
+/// Fetches a URL once for all who ask while it is on its way; what arrives is converted once, and they share
+/// the value. Completions run on the main thread. Any thread.
+template <class T>
+class Downloader : public std::enable_shared_from_this<Downloader<T>> {
+ public:
+  using Completion = typename Download<T>::Completion;
+
+  /// A longer reply fails.
+  static constexpr std::size_t maximumSize = std::size_t{16} * 1024 * 1024;
+  /// Without a byte.
+  static constexpr std::chrono::seconds timeout{60};
+
+  Downloader(std::shared_ptr<DataConvertible<T>> convertible, const Platform& platform)
+      : convertible_(std::move(convertible)), session_(platform.urlSession), mainLoop_(platform.mainLoop) {}
+
+  /// Ends all transfers; nobody hears of it.
+  ~Downloader() {
+    for (const auto& [url, download] : downloads_) download->task_->cancel();
+  }
+
+  Downloader(const Downloader&) = delete;
+  Downloader& operator=(const Downloader&) = delete;
+
+  DownloadTask<T> fetch(const Url& url, Completion completion) {
+    std::unique_lock lock(mutex_);
+    auto& entry = downloads_[url.text()];
+    if (entry) {
+      if (const auto token = entry->addCompletion(completion)) return {entry, *token};
+    }
+    const auto download = std::make_shared<Download<T>>();
+    const std::weak_ptr<Download<T>> weak = download;
+    download->key_ = url.text();
+    URLRequest request{
+        .url = url, .timeout = timeout, .isTimeoutIdle = true, .maximumReplySize = maximumSize};
+    download->task_ = session_->streamingTask(
+        std::move(request), std::make_shared<SessionDelegate>(this->weak_from_this(), weak));
+    download->onCancelled_ = [weak, downloader = this->weak_from_this()] {
+      if (const auto self = downloader.lock()) self->forget(weak.lock());
+    };
+    const DownloadTask<T> task{download, *download->addCompletion(std::move(completion))};
+    entry = download;
+    lock.unlock();
+    download->task_->resume();
+    return task;
+  }
+
+ private:
+  class SessionDelegate final : public URLSessionDataDelegate {
+   public:
+    SessionDelegate(std::weak_ptr<Downloader> downloader, std::weak_ptr<Download<T>> download)
+        : downloader_(std::move(downloader)), download_(std::move(download)) {}
+
+    void onData(std::string_view bytes) override {
+      if (const auto download = download_.lock()) download->data_ += bytes;
+    }
+    void onCompletion(const std::optional<Error>& error) override {
+      const auto downloader = downloader_.lock();
+      const auto download = download_.lock();
+      if (downloader && download) downloader->finish(download, error);
+    }
+
+   private:
+    std::weak_ptr<Downloader> downloader_;
+    std::weak_ptr<Download<T>> download_;
+  };
+
+  void finish(const std::shared_ptr<Download<T>>& download, const std::optional<Error>& error) {
+    if (error) return complete(download, *error);
+    convertible_->value(makeData(std::move(download->data_)),
+                        [weak = this->weak_from_this(), download](std::optional<T> value) {
+                          const auto self = weak.lock();
+                          if (!self) return;
+                          if (value) return self->complete(download, *std::move(value));
+                          self->complete(download, makeError(DownloaderError::dataConversion));
+                        });
+  }
+
+  /// The entry goes first, so that a completion which asks again starts afresh.
+  void complete(const std::shared_ptr<Download<T>>& download, Result<T> result) {
+    onMain(*mainLoop_, [self = this->shared_from_this(), download, result = std::move(result)] {
+      self->forget(download);
+      download->complete(result);
+    });
+  }
+
+  /// Unless a later download has taken its place.
+  void forget(const std::shared_ptr<Download<T>>& download) {
+    const std::lock_guard lock(mutex_);
+    const auto found = downloads_.find(download->key_);
+    if (found != downloads_.end() && found->second == download) downloads_.erase(found);
+  }
+
+  std::shared_ptr<DataConvertible<T>> convertible_;
+  std::shared_ptr<URLSession> session_;
+  std::shared_ptr<MainLoop> mainLoop_;
+
+  std::mutex mutex_;
+  std::map<std::string, std::shared_ptr<Download<T>>> downloads_;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,63 @@
+#include "image/ImageLoader.h"
+
+#include "core/base/Logger.h"
+#include "core/base/Utf8.h"
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+bool isQueryAllowed(unsigned char c) {
+  return (std::isalnum(c) != 0 && c < 0x80) ||
+         std::string_view("!$&'()*+,-./:;=?@_~").find(static_cast<char>(c)) != std::string_view::npos;
+}
+
+// Of what is no text nothing can be escaped: it stays as it is.
+std::string percentEncoded(std::string_view text) {
+  static constexpr std::string_view digits = "0123456789ABCDEF";
+  if (!utf8::isValid(text)) return std::string(text);
+  std::string encoded;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (isQueryAllowed(byte)) {
+      encoded += c;
+    } else {
+      (encoded += '%').append({digits[byte >> 4U], digits[byte & 0x0FU]});
+    }
+  }
+  return encoded;
+}
+
+// In lower case; of "a/.b" there is none.
+std::string pathExtension(const Url& url) {
+  auto name = url.path();
+  while (name.ends_with('/')) name.remove_suffix(1);
+  name.remove_prefix(name.rfind('/') + 1);
+  const auto dot = name.rfind('.');
+  if (dot == std::string_view::npos || dot == 0) return {};
+  std::string extension(name.substr(dot + 1));
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return extension;
+}
+
+}  // namespace
+
+void ImageLoader::load(std::string_view urlString, const std::shared_ptr<ImageTarget>& imageView,
+                       ImagePipeline::Completion completion) {
+  const auto url = Url::parse(percentEncoded(urlString));
+  if (!url) {
+    return log(LogLevel::WARNING,
+               [&] { return "ImageLoader: " + std::string(urlString) + " is not valid URL"; });
+  }
+  if (pathExtension(*url) == "gif") {
+    ImageLoad::setImage(imageView, std::nullopt);  // nothing here plays them
+    return;
+  }
+  ImageLoad::setImage(imageView, url, {.completion = std::move(completion)});
+}
+
+}  // namespace orrelo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace orrelo {
+
+/// The application that the kit runs in.
+class Application {
+ public:
+  enum class Signal { didEnterBackground, willTerminate };
+  /// Ends an observation when its last copy is let go; a call that runs by then runs to its end.
+  using Registration = std::shared_ptr<const void>;
+
+  virtual ~Application() = default;
+
+  /// Calls `callback` at each signal, on the main thread. Any thread may ask.
+  [[nodiscard]] virtual Registration observe(Signal signal, std::function<void()> callback) = 0;
+  /// Pixels to a point of the main screen. Any thread.
+  virtual double screenScale() const = 0;
+};
+
+}  // namespace orrelo

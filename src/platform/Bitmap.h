@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace orrelo {
+
+/// A decoded picture. Copies share the pixels, which nobody changes.
+struct Bitmap {
+  static constexpr int maximumSide = 4096;
+  static constexpr int bytesPerPixel = 4;
+
+  int width = 0;
+  int height = 0;
+  /// Pixels to a point.
+  double scale = 1.0;
+  /// Rows from the top without gaps; red, green, blue, alpha, the colours multiplied by alpha.
+  std::shared_ptr<const std::uint8_t[]> pixels;
+
+  std::size_t size() const {
+    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * bytesPerPixel;
+  }
+
+  /// Whether a bitmap of this size may be made at all: it takes at most 64 MiB.
+  static constexpr bool isAllowed(int width, int height) {
+    return width > 0 && height > 0 && width <= maximumSide && height <= maximumSide;
+  }
+};
+
+}  // namespace orrelo

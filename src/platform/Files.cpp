@@ -1,0 +1,92 @@
+#include "platform/Files.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Descriptor {
+ public:
+  Descriptor(const fs::path& file, int flags) : number_(::open(file.c_str(), flags | O_CLOEXEC, 0600)) {}
+  ~Descriptor() {
+    if (number_ >= 0) ::close(number_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  int number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+std::string systemMessage() {
+  return std::generic_category().message(errno);
+}
+
+}  // namespace
+
+Error makeError(FileError error, std::string message) {
+  static constexpr std::array names{"directory", "open", "read", "write", "remove"};
+  return Error("FileError", names.at(static_cast<std::size_t>(error)), std::move(message));
+}
+
+std::optional<Error> Files::makeFolder(const fs::path& folder) {
+  std::error_code failure;
+  if (fs::create_directories(folder, failure)) fs::permissions(folder, fs::perms::owner_all, failure);
+  if (failure) return makeError(FileError::directory, failure.message());
+  return std::nullopt;
+}
+
+std::string Files::read(const fs::path& file) {
+  const Descriptor descriptor(file, O_RDONLY);
+  if (descriptor.number() < 0) throw makeError(FileError::open, systemMessage());
+  std::string bytes;
+  struct stat status {};
+  if (::fstat(descriptor.number(), &status) == 0 && S_ISREG(status.st_mode)) {
+    bytes.reserve(static_cast<std::size_t>(status.st_size));
+  }
+  std::array<char, 65536> chunk{};
+  while (true) {
+    const auto count = ::read(descriptor.number(), chunk.data(), chunk.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) throw makeError(FileError::read, systemMessage());
+    if (count == 0) return bytes;
+    bytes.append(chunk.data(), static_cast<std::size_t>(count));
+  }
+}
+
+std::optional<Error> Files::write(const fs::path& file, std::string_view bytes) {
+  const Descriptor descriptor(file, O_WRONLY | O_CREAT | O_TRUNC);
+  if (descriptor.number() < 0) return makeError(FileError::open, systemMessage());
+  while (!bytes.empty()) {
+    const auto count = ::write(descriptor.number(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return makeError(FileError::write, systemMessage());
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return std::nullopt;
+}
+
+std::optional<Error> Files::removeFolder(const fs::path& folder) {
+  std::error_code failure;
+  const auto removed = fs::remove_all(folder, failure);
+  if (failure) return makeError(FileError::remove, failure.message());
+  if (removed == 0) return makeError(FileError::remove, std::generic_category().message(ENOENT));
+  return std::nullopt;
+}
+
+bool Files::exists(const fs::path& file) {
+  std::error_code failure;
+  return fs::exists(file, failure);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/base/Error.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orrelo {
+
+/// Errors of plain files, in the domain "FileError"; the message is the system's.
+enum class FileError { directory, open, read, write, remove };
+Error makeError(FileError error, std::string message);
+
+/// Whole files, read and written at once. Any thread.
+struct Files {
+  /// Makes the folder and those above it, the user's alone to read; one that is there is as good.
+  static std::optional<Error> makeFolder(const std::filesystem::path& folder);
+  /// Throws `FileError` `open` or `read`.
+  static std::string read(const std::filesystem::path& file);
+  /// Replaces what the file held; a crash in between leaves a part of it.
+  static std::optional<Error> write(const std::filesystem::path& file, std::string_view bytes);
+  /// Removes a folder with all that it holds. An error where there is none.
+  static std::optional<Error> removeFolder(const std::filesystem::path& folder);
+  static bool exists(const std::filesystem::path& file);
+};
+
+}  // namespace orrelo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Application.h"
+
+#include <orrelo/Export.h>
+
+#include <atomic>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace orrelo {
+
+/// Knows nothing by itself: the front, or a host without one, tells it what happens.
+class ORRELO_EXPORT PosixApplication final : public Application {
+ public:
+  Registration observe(Signal signal, std::function<void()> callback) override;
+  double screenScale() const override { return screenScale_; }
+
+  /// Calls the observers in the order in which they came. On the main thread.
+  void send(Signal signal);
+  void setScreenScale(double scale) { screenScale_ = scale; }
+
+ private:
+  struct Observer {
+    Signal signal;
+    std::function<void()> callback;
+  };
+
+  std::atomic<double> screenScale_ = 1.0;
+  std::mutex mutex_;
+  std::vector<std::weak_ptr<const Observer>> observers_;
+};
+
+}  // namespace orrelo

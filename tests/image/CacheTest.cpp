@@ -1,0 +1,162 @@
+#include "image/Cache.h"
+#include "support/TestPlatform.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Signal = Application::Signal;
+
+// Bytes that are values but for one text.
+class Bytes final : public DataConvertible<std::string> {
+ public:
+  void value(Data data, std::function<void(std::optional<std::string>)> completion) override {
+    completion(*data == "bad" ? std::nullopt : std::optional(*data));
+  }
+  Data data(const std::string& value) override { return makeData(value); }
+};
+
+class CacheTest : public testing::Test {
+ protected:
+  std::shared_ptr<Cache<std::string>> make(const std::string& name = "A", std::size_t budget = 10'000) {
+    return Cache<std::string>::create(name, std::make_shared<Bytes>(), Platform::current(), budget);
+  }
+
+  /// "memory value", "disk value" or the error's name; "nothing" where no completion came.
+  std::string read(Cache<std::string>& cache, const std::string& key) {
+    std::string outcome = "nothing";
+    cache.value(key, [&](const Result<CacheResult<std::string>>& result) {
+      if (const auto* error = std::get_if<Error>(&result)) {
+        outcome = error->domain() + "." + error->caseName();
+      } else {
+        const auto& found = std::get<CacheResult<std::string>>(result);
+        outcome = (found.type == CacheType::memory ? "memory " : "disk ") + found.value;
+      }
+    });
+    platform_.loop->run();
+    return outcome;
+  }
+  fs::path folderOf(const std::string& name) const {
+    return platform_.folder / ("com.tamrenzo.OrreloSDK.DiskCache." + name);
+  }
+  fs::path fileOf(const std::string& key) const { return folderOf("A") / WrappedKey(key).key(); }
+
+  TestPlatform platform_;
+  std::shared_ptr<Cache<std::string>> cache_ = make();
+};
+
+constexpr auto missing = "ImagePipelineInputStreamError.uninitializedInputStream";
+
+TEST_F(CacheTest, AKeyIsAnMd5InLowerCase) {
+  EXPECT_EQ(WrappedKey("").key(), "d41d8cd98f00b204e9800998ecf8427e");
+  EXPECT_EQ(WrappedKey("https://example.com/a(b)/c.png?이미지").key().size(), 32u);
+  EXPECT_EQ(WrappedKey("The quick brown fox jumps over the lazy dog").key(),
+            "9e107d9d372bb6826bd81d3542a419d6");
+}
+
+TEST_F(CacheTest, IsServedByMemoryThenByDisk) {
+  EXPECT_EQ(std::get<bool>(cache_->isCached("k")), false);
+  EXPECT_EQ(read(*cache_, "k"), missing);
+  cache_->store(makeData("v"), "k");
+  EXPECT_EQ(read(*cache_, "k"), "memory v");
+  EXPECT_EQ(fs::file_size(fileOf("k")), 1u);
+  EXPECT_EQ(fs::status(folderOf("A")).permissions(), fs::perms::owner_all);
+
+  cache_->memoryCache().removeAll();
+  EXPECT_EQ(std::get<bool>(cache_->isCached("k")), true);
+  EXPECT_EQ(read(*cache_, "k"), "disk v");
+  EXPECT_EQ(read(*cache_, "k"), "memory v");
+  EXPECT_EQ(read(*make(), "k"), "disk v");
+  EXPECT_EQ(read(*make("B"), "k"), missing) << "another cache has another folder";
+}
+
+TEST_F(CacheTest, AReadSeesTheWritesBeforeIt) {
+  cache_->store(makeData("first and longer"), "k");
+  cache_->store(makeData("second"), "k");
+  cache_->memoryCache().removeAll();
+  EXPECT_EQ(read(*cache_, "k"), "disk second");
+}
+
+TEST_F(CacheTest, StoringNothingLeavesTheFile) {
+  cache_->store(makeData("v"), "k");
+  cache_->store(nullptr, "k");
+  EXPECT_EQ(read(*cache_, "k"), "disk v");
+}
+
+TEST_F(CacheTest, BothSignalsClearTheDiskAndLeaveMemory) {
+  for (const auto signal : {Signal::didEnterBackground, Signal::willTerminate}) {
+    cache_->store(makeData("v"), "k");
+    platform_.loop->run();
+    ASSERT_TRUE(fs::exists(fileOf("k")));
+    platform_.application->send(signal);
+    platform_.loop->run();
+    EXPECT_FALSE(fs::exists(folderOf("A")));
+    EXPECT_EQ(read(*cache_, "k"), "memory v");
+    cache_->memoryCache().removeAll();
+    EXPECT_EQ(read(*cache_, "k"), missing);
+  }
+  cache_->store(makeData("after"), "k");
+  cache_->memoryCache().removeAll();
+  EXPECT_EQ(read(*cache_, "k"), "disk after");
+}
+
+TEST_F(CacheTest, WhatCannotBeReadIsAnError) {
+  cache_->store(makeData("bad"), "k");
+  EXPECT_EQ(read(*cache_, "k"), "CacheError.dataConversion");
+  cache_->memoryCache().removeAll();
+  EXPECT_EQ(read(*cache_, "k"), "CacheError.dataConversion");
+  cache_->memoryCache().removeAll();
+  fs::resize_file(fileOf("k"), 0);
+  EXPECT_EQ(read(*cache_, "k"), "ImagePipelineInputStreamError.emptyFile");
+  fs::create_directory(fileOf("folder"));
+  EXPECT_EQ(read(*cache_, "folder"), missing);
+}
+
+TEST_F(CacheTest, AFolderThatCannotBeMadeIsAnErrorForWhoeverAsks) {
+  std::ofstream(folderOf("A")) << "in the way";
+  EXPECT_EQ(std::get<Error>(cache_->isCached("k")).caseName(), "directory");
+  EXPECT_EQ(read(*cache_, "k"), "FileError.directory");
+  std::vector<std::string> failures;
+  const auto note = [&](const std::optional<Error>& error) {
+    failures.push_back(error ? error->caseName() : "");
+  };
+  cache_->diskCache().insert(makeData("v"), "k", note);
+  cache_->diskCache().clear(note);
+  platform_.loop->run();
+  EXPECT_THAT(failures, testing::ElementsAre("directory", "directory"));
+}
+
+TEST_F(CacheTest, ACacheThatIsGoneCompletesNothingAndHearsNothing) {
+  cache_->store(makeData("v"), "k");
+  cache_->memoryCache().removeAll();
+  bool isCompleted = false;
+  cache_->value("k", [&](const auto&) { isCompleted = true; });
+  cache_.reset();
+  platform_.application->send(Signal::didEnterBackground);
+  platform_.loop->run();
+  EXPECT_FALSE(isCompleted);
+  EXPECT_TRUE(fs::exists(fileOf("k"))) << "its writes were still done";
+}
+
+TEST_F(CacheTest, MemoryHoldsWhatWasUsedLastWithinItsBudget) {
+  constexpr std::size_t size = 1000;
+  MemoryCache memory(3 * (size + MemoryCache::entryCost));
+  for (const auto* const key : {"a", "b", "c"}) memory.insert(key, makeData(std::string(size, *key)));
+  EXPECT_TRUE(memory.value("a"));
+  memory.insert("b", makeData(std::string(size, 'B')));  // in place of the former
+  memory.insert("d", makeData(std::string(size, 'd')));
+  EXPECT_FALSE(memory.value("c"));
+  EXPECT_EQ(memory.value("b")->front(), 'B');
+  EXPECT_TRUE(memory.contains("a"));
+  memory.insert("e", makeData(std::string(10'000, 'e')));
+  EXPECT_FALSE(memory.contains("e"));
+  EXPECT_TRUE(memory.contains("d"));
+  memory.insert("f", makeData(std::string(3 * size, 'f')));
+  for (const auto* const key : {"a", "b", "d"}) EXPECT_FALSE(memory.contains(key));
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,163 @@
+#include "image/Downloader.h"
+#include "support/TestPlatform.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+
+// Bytes that are values but for one text; `held` conversions wait for the test.
+class SlowBytes final : public DataConvertible<std::string> {
+ public:
+  void value(Data data, std::function<void(std::optional<std::string>)> completion) override {
+    auto run = [data, completion = std::move(completion)] {
+      completion(*data == "bad" ? std::nullopt : std::optional(*data));
+    };
+    ++conversions;
+    if (holds) {
+      held.emplace_back(std::move(run));
+    } else {
+      run();
+    }
+  }
+  Data data(const std::string&) override { return nullptr; }
+
+  int conversions = 0;
+  bool holds = false;
+  std::vector<std::function<void()>> held;
+};
+
+class DownloaderTest : public testing::Test {
+ protected:
+  DownloadTask<std::string> fetch(const std::string& name, const std::string& path = "/a.png") {
+    return downloader_->fetch(*Url::parse("https://img.example" + path), note(name));
+  }
+  Download<std::string>::Completion note(const std::string& name) {
+    return [this, name](const Result<std::string>& result) {
+      const auto* const error = std::get_if<Error>(&result);
+      heard_.push_back(name + ": " + (error != nullptr ? error->caseName() : std::get<std::string>(result)));
+      if (const auto then = std::exchange(then_[name], nullptr)) then();
+    };
+  }
+  void reply(const std::string& body) { platform_.session->answer(ScriptedURLSession::reply(200, body)); }
+  std::size_t requests() const { return platform_.session->requests.size(); }
+
+  TestPlatform platform_;
+  std::shared_ptr<SlowBytes> bytes_ = std::make_shared<SlowBytes>();
+  std::shared_ptr<Downloader<std::string>> downloader_ =
+      std::make_shared<Downloader<std::string>>(bytes_, Platform::current());
+  std::vector<std::string> heard_;
+  std::map<std::string, std::function<void()>> then_;
+};
+
+TEST_F(DownloaderTest, OneTransferServesAllWhoAskForItsUrl) {
+  const auto a = fetch("a");
+  const auto b = fetch("b");
+  fetch("other", "/b.png");
+  EXPECT_EQ(a.download, b.download);
+  EXPECT_EQ(a.cancelToken, 0);
+  EXPECT_EQ(b.cancelToken, 1);
+  EXPECT_EQ(b.download->completions().size(), 2u);
+  ASSERT_EQ(requests(), 2u);
+  EXPECT_TRUE(platform_.session->requests[0].isTimeoutIdle);
+  EXPECT_EQ(platform_.session->requests[0].timeout, std::chrono::seconds(60));
+
+  const std::string picture(2500, 'p');  // comes in three pieces
+  reply(picture);
+  EXPECT_THAT(heard_, ElementsAre("a: " + picture, "b: " + picture));
+  EXPECT_EQ(bytes_->conversions, 1);
+  const auto later = fetch("later");
+  EXPECT_NE(later.download, a.download);
+  EXPECT_EQ(later.cancelToken, 0);
+  EXPECT_EQ(requests(), 3u);
+}
+
+TEST_F(DownloaderTest, ACancelledCallerLeavesTheOthersTheirTransfer) {
+  const auto a = fetch("a");
+  const auto b = fetch("b");
+  a.cancel();
+  a.cancel();
+  EXPECT_THAT(heard_, ElementsAre("a: canceled"));
+  EXPECT_EQ(platform_.session->cancelled, 0);
+  EXPECT_EQ(fetch("c").cancelToken, 2) << "tokens are not used again";
+  reply("p");
+  b.cancel();
+  EXPECT_THAT(heard_, ElementsAre("a: canceled", "b: p", "c: p"));
+  EXPECT_EQ(platform_.session->cancelled, 0);
+}
+
+TEST_F(DownloaderTest, TheLastToCancelEndsTheTransferAndTheNextStartsAfresh) {
+  const auto a = fetch("a");
+  const auto b = fetch("b");
+  b.cancel();
+  a.cancel();
+  EXPECT_EQ(platform_.session->cancelled, 1);
+  EXPECT_EQ(a.download->addCompletion(note("late")), std::nullopt);
+  const auto c = fetch("c");
+  EXPECT_EQ(c.cancelToken, 0);
+  ASSERT_EQ(requests(), 2u);
+
+  reply("of the cancelled one");  // too late for anyone, and no end of the one that runs
+  EXPECT_THAT(heard_, ElementsAre("b: canceled", "a: canceled"));
+  EXPECT_EQ(fetch("d").download, c.download);
+  reply("new");
+  EXPECT_THAT(heard_, ElementsAre("b: canceled", "a: canceled", "c: new", "d: new"));
+}
+
+TEST_F(DownloaderTest, AFailureIsForAllAndTheNextFetchStartsAfresh) {
+  then_["a"] = [this] { fetch("again"); };
+  fetch("a");
+  fetch("b");
+  auto broken = ScriptedURLSession::failure(URLError::networkConnectionLost);
+  broken.data = "half of i";
+  platform_.session->answer(broken);
+  EXPECT_THAT(heard_, ElementsAre("a: networkConnectionLost", "b: networkConnectionLost"));
+  EXPECT_EQ(requests(), 2u) << "a completion may ask again";
+  reply("bad");
+  EXPECT_EQ(heard_.back(), "again: dataConversion");
+}
+
+TEST_F(DownloaderTest, WhoComesOrGoesDuringTheConversionIsServedSo) {
+  bytes_->holds = true;
+  const auto a = fetch("a");
+  fetch("b");
+  reply("p");
+  fetch("c");
+  a.cancel();
+  EXPECT_EQ(requests(), 1u);
+  bytes_->held.at(0)();
+  EXPECT_THAT(heard_, ElementsAre("a: canceled", "b: p", "c: p"));
+
+  const auto d = fetch("d");
+  reply("q");
+  d.cancel();
+  fetch("e");
+  bytes_->held.at(1)();
+  EXPECT_EQ(heard_.back(), "d: canceled");
+  EXPECT_EQ(requests(), 3u);
+  reply("r");
+  bytes_->held.at(2)();
+  EXPECT_EQ(heard_.back(), "e: r");
+}
+
+TEST_F(DownloaderTest, ACompletionMayCancelAnother) {
+  fetch("a");
+  const auto b = fetch("b");
+  then_["a"] = [b] { b.cancel(); };
+  reply("p");
+  EXPECT_THAT(heard_, ElementsAre("a: p", "b: canceled"));
+}
+
+TEST_F(DownloaderTest, NobodyHearsOfADownloaderThatIsGone) {
+  fetch("a");
+  fetch("b", "/b.png");
+  downloader_.reset();
+  EXPECT_EQ(platform_.session->cancelled, 2);
+  reply("late");
+  EXPECT_TRUE(heard_.empty());
+}
+
+}  // namespace
+}  // namespace orrelo::test

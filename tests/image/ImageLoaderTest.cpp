@@ -1,0 +1,271 @@
+#include "core/base/Logger.h"
+#include "image/ImageLoader.h"
+#include "support/TestPlatform.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+
+class TestView final : public ImageTarget {
+ public:
+  void setImage(const ImagePtr& image) override {
+    shown = image;
+    history.push_back(image ? std::to_string(image->bitmap.width) : "-");
+  }
+  ImageSize boundsSize() const override { return bounds; }
+  double scale() const override { return 2.0; }
+
+  ImageSize bounds = {4.0, 4.0};
+  ImagePtr shown;
+  /// The widths, "-" for none.
+  std::vector<std::string> history;
+};
+
+// Gives an image of one pixel's height, or nothing.
+class Flattening final : public ImageTransforming {
+ public:
+  explicit Flattening(bool gives = true) : gives_(gives) {}
+  std::string identifier() const override { return "#flat"; }
+  ImagePtr transform(const ImagePtr& image) const override {
+    auto flat = image->bitmap;
+    flat.height = 1;
+    return gives_ ? std::make_shared<const Image>(Image{flat, nullptr}) : nullptr;
+  }
+
+ private:
+  bool gives_;
+};
+
+class ImageLoaderTest : public testing::Test {
+ protected:
+  ImageLoaderTest() {
+    platform_.application->setScreenScale(2.0);
+    setLogSink(
+        [this](std::string_view line) { log_.emplace_back(line.substr(line.find(" ImageLoader") + 1)); });
+  }
+  ~ImageLoaderTest() override { setLogSink(nullptr); }
+
+  ImagePipeline::Completion note(const std::string& name) {
+    return [this, name](const Result<ImagePtr>& result) {
+      const auto* const error = std::get_if<Error>(&result);
+      heard_.push_back(name + ": " + (error != nullptr ? error->domain() + "." + error->caseName() : "ok"));
+    };
+  }
+  void load(const std::string& url, const std::shared_ptr<TestView>& view, const std::string& name = "") {
+    ImageLoader::load(url, view, note(name));
+  }
+  void set(const std::string& url, ImageLoadOptions options, const std::string& name = "") {
+    options.completion = note(name);
+    ImageLoad::setImage(view_, Url::parse(url), options);
+  }
+  void reply(const std::string& body = PlainImageCodec::file(8, 6)) {
+    platform_.session->answer(ScriptedURLSession::reply(200, body));
+    platform_.loop->run();
+  }
+  std::string requested() const {
+    std::string urls;
+    for (const auto& request : platform_.session->requests) urls += request.url.text() + " ";
+    return urls;
+  }
+  MemoryCache& memory() { return ImagePipeline::shared()->cache().memoryCache(); }
+
+  TestPlatform platform_;
+  std::shared_ptr<TestView> view_ = std::make_shared<TestView>();
+  std::vector<std::string> heard_;
+  std::vector<std::string> log_;
+};
+
+TEST_F(ImageLoaderTest, FetchesOnceThenServesFromMemoryThenFromDisk) {
+  load("https://a/x.png", view_, "net");
+  EXPECT_EQ(view_->shown, nullptr);
+  platform_.session->answer(ScriptedURLSession::reply(200, PlainImageCodec::file(8, 6)));
+  EXPECT_TRUE(heard_.empty()) << "decoded elsewhere";
+  platform_.loop->run();
+  ASSERT_TRUE(view_->shown);
+  EXPECT_EQ(view_->shown->width(), 4.0) << "at the screen's scale";
+
+  const auto first = view_->shown;
+  load("https://a/x.png", view_, "memory");
+  EXPECT_EQ(view_->shown, first) << "at once, the same bitmap";
+  memory().removeAll();
+  load("https://a/x.png", view_, "disk");
+  platform_.loop->run();
+  EXPECT_EQ(view_->shown->bitmap.width, 8);
+  EXPECT_THAT(heard_, ElementsAre("net: ok", "memory: ok", "disk: ok"));
+  EXPECT_EQ(requested(), "https://a/x.png ");
+  EXPECT_THAT(view_->history, ElementsAre("-", "8", "-", "8", "-", "8"));
+}
+
+TEST_F(ImageLoaderTest, AHundredViewsShareOneRequestAndOneBitmap) {
+  std::vector<std::shared_ptr<TestView>> views;
+  const auto loadAll = [&] {
+    views.clear();
+    for (int i = 0; i < 100; ++i) load("https://a/x.png", views.emplace_back(std::make_shared<TestView>()));
+  };
+  loadAll();
+  reply();
+  for (const auto& view : views) ASSERT_EQ(view->shown, views[0]->shown);
+  EXPECT_TRUE(views[0]->shown);
+  EXPECT_EQ(platform_.codec->decodes, 1);
+
+  loadAll();  // none of the former shows it any more: its file in memory is decoded anew, once
+  platform_.loop->run();
+  for (const auto& view : views) ASSERT_EQ(view->shown, views[0]->shown);
+  EXPECT_TRUE(views[0]->shown);
+  EXPECT_EQ(platform_.codec->decodes, 2);
+  EXPECT_EQ(requested(), "https://a/x.png ");
+  EXPECT_EQ(heard_.size(), 200u);
+}
+
+TEST_F(ImageLoaderTest, ASecondLoadEndsTheFirst) {
+  load("https://a/1.png", view_, "first");
+  load("https://a/2.png", view_, "second");
+  EXPECT_THAT(heard_, ElementsAre("first: DownloaderError.canceled"));
+  EXPECT_EQ(platform_.session->cancelled, 1);
+  reply(PlainImageCodec::file(1, 1));
+  EXPECT_EQ(view_->shown, nullptr);
+  reply(PlainImageCodec::file(2, 2));
+  EXPECT_EQ(view_->shown->bitmap.width, 2);
+  load("https://a/1.png", view_, "again");
+  reply(PlainImageCodec::file(3, 3));
+  EXPECT_EQ(view_->shown->bitmap.width, 3);
+}
+
+TEST_F(ImageLoaderTest, WhatComesForAUrlThatTheViewHasLeftIsDropped) {
+  load("https://a/1.png", view_);
+  reply(PlainImageCodec::file(1, 1));
+  memory().removeAll();
+  heard_.clear();
+  load("https://a/1.png", view_, "disk");  // nothing that could be cancelled
+  load("https://a/2.png", view_, "net");
+  platform_.loop->run();
+  EXPECT_THAT(heard_, ElementsAre("disk: ok"));
+  EXPECT_EQ(view_->shown, nullptr);
+
+  set("", {}, "none");
+  EXPECT_EQ(heard_.back(), "net: DownloaderError.canceled");
+  load("https://a/3.png", view_, "gone");
+  view_.reset();
+  platform_.session->waiting.pop_front();
+  reply();
+  EXPECT_EQ(heard_.back(), "gone: ok") << "the caller hears of it all the same";
+}
+
+TEST_F(ImageLoaderTest, ACompletionMayLoadAnotherImage) {
+  load("https://a/1.png", view_);
+  reply();
+  const auto decoded = view_->shown;
+  auto options = ImageLoadOptions{};
+  options.completion = [&](const auto&) { load("https://a/2.png", view_, "two"); };
+  ImageLoad::setImage(view_, Url::parse("https://a/1.png"), options);  // completes at once
+  load("https://a/3.png", view_, "three");
+  EXPECT_THAT(heard_, ElementsAre(": ok", "two: DownloaderError.canceled"));
+}
+
+TEST_F(ImageLoaderTest, AFailureLeavesThePlaceholder) {
+  const auto placeholder = std::make_shared<const Image>(Image{{3, 3, 1.0, {}}, nullptr});
+  set("https://a/1.png", {.placeholder = placeholder}, "lost");
+  platform_.session->answer(ScriptedURLSession::failure(URLError::timedOut));
+  set("https://a/1.png", {.placeholder = placeholder}, "html");
+  reply("<html>");
+  EXPECT_EQ(view_->shown, placeholder);
+  EXPECT_THAT(heard_, ElementsAre("lost: URLError.timedOut", "html: DownloaderError.dataConversion"));
+  EXPECT_FALSE(memory().contains("https://a/1.png"));
+  auto without = Platform::current();
+  without.imageCodec = nullptr;
+  Platform::install(without);
+  set("https://a/1.png", {}, "no codec");
+  reply();
+  EXPECT_EQ(heard_.back(), "no codec: DownloaderError.dataConversion");
+}
+
+TEST_F(ImageLoaderTest, AFailedReadIsNotFollowedByADownload) {
+  load("https://a/1.png", view_);
+  reply();
+  memory().removeAll();
+  std::filesystem::resize_file(platform_.folder.path() /
+                                   "com.tamrenzo.OrreloSDK.DiskCache.com.tamrenzo.OrreloSDK.MemoryCache" /
+                                   WrappedKey("https://a/1.png").key(),
+                               0);
+  load("https://a/1.png", view_, "empty");
+  platform_.loop->run();
+  EXPECT_EQ(heard_.back(), "empty: ImagePipelineInputStreamError.emptyFile");
+  EXPECT_EQ(platform_.session->requests.size(), 1u);
+}
+
+TEST_F(ImageLoaderTest, ATransformedImageHasAnEntryOfItsOwn) {
+  const auto flat = std::make_shared<Flattening>();
+  set("https://a/1.png", {.imageTransformer = flat}, "flat");
+  reply();
+  EXPECT_EQ(view_->shown->bitmap.height, 1);
+  EXPECT_TRUE(memory().contains("https://a/1.png#flat"));
+  EXPECT_FALSE(memory().contains("https://a/1.png"));
+  set("https://a/1.png", {.imageTransformer = flat}, "cached");
+  platform_.loop->run();
+  EXPECT_EQ(view_->shown->bitmap.height, 1);
+  EXPECT_EQ(platform_.session->requests.size(), 1u);
+
+  set("https://a/2.png", {.imageTransformer = std::make_shared<Flattening>(false)}, "nothing");
+  reply();
+  EXPECT_THAT(heard_,
+              ElementsAre("flat: ok", "cached: ok", "nothing: ImagePipelineError.imageTransformingError"));
+  EXPECT_EQ(view_->shown, nullptr);
+}
+
+TEST_F(ImageLoaderTest, DownsamplingIsToTheViewsPixels) {
+  set("https://a/1.png", {.displayOptions = {.downsamples = true}});
+  reply(PlainImageCodec::file(16, 12));
+  EXPECT_EQ(view_->shown->bitmap.width, 8);
+  EXPECT_TRUE(memory().contains("https://a/1.pngcom.velmark.DownsamplingImageTransformer@(8.0, 8.0)"));
+  set("https://a/1.png",
+      {.displayOptions = {.downsamples = true}, .imageTransformer = std::make_shared<Flattening>()});
+  reply(PlainImageCodec::file(16, 12));
+  EXPECT_EQ(view_->shown->bitmap.width, 8);
+  EXPECT_EQ(view_->shown->bitmap.height, 1);
+  EXPECT_TRUE(memory().contains("https://a/1.pngcom.velmark.DownsamplingImageTransformer@(8.0, 8.0)#flat"));
+  view_->bounds = {};
+  set("https://a/1.png", {.displayOptions = {.downsamples = true}}, "empty");
+  reply();
+  EXPECT_EQ(heard_.back(), "empty: ImagePipelineError.imageTransformingError");
+}
+
+TEST_F(ImageLoaderTest, TheTextIsEscapedAsAQuery) {
+  load("https://a/그 림/%20[1]#x?b=\"c\"&d=:@/?", view_);
+  EXPECT_EQ(requested(), "https://a/%EA%B7%B8%20%EB%A6%BC/%2520%5B1%5D%23x?b=%22c%22&d=:@/? ");
+}
+
+TEST_F(ImageLoaderTest, ATextThatIsNoUrlIsLoggedAndChangesNothing) {
+  load("https://a/1.png", view_, "before");
+  for (const std::string text : {"", "https://a:b/1.png", "1:x", "https://a/\xFF.png"})
+    load(text, view_, "bad");
+  EXPECT_THAT(
+      log_,
+      ElementsAre("ImageLoader:  is not valid URL", "ImageLoader: https://a:b/1.png is not valid URL",
+                  "ImageLoader: 1:x is not valid URL", "ImageLoader: https://a/\xFF.png is not valid URL"));
+  reply();
+  EXPECT_THAT(heard_, ElementsAre("before: ok"));
+  EXPECT_TRUE(view_->shown);
+}
+
+TEST_F(ImageLoaderTest, AGifLeavesTheViewEmpty) {
+  load("https://a/1.png", view_, "still");
+  reply();
+  for (const auto* const url : {"https://a/x.gif", "https://a/b.c/X.GIF?size=2", "https://a/x.GiF/"}) {
+    load("https://a/1.png", view_, "still");
+    load(url, view_, "moving");
+    EXPECT_EQ(view_->shown, nullptr) << url;
+  }
+  EXPECT_EQ(platform_.session->requests.size(), 1u);
+  load("https://a/gif", view_);
+  load("https://a/.gif", view_);
+  load("https://a/x.gif.png?x.gif", view_);
+  EXPECT_EQ(platform_.session->requests.size(), 4u);
+  EXPECT_THAT(heard_, testing::Not(testing::Contains("moving: ok")));
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,62 @@
+#include "image/ImageLoader.h"
+#include "network/RawServer.h"
+#include "platform/PosixApplication.h"
+#include "support/PlainImageCodec.h"
+#include "support/TemporaryFolder.h"
+
+#include <atomic>
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace orrelo::test {
+namespace {
+
+// The real session, workers and run loop: four threads load and cancel while the application comes and goes.
+TEST(ImageThreadsTest, EveryLoadEndsOnceOnTheMainThread) {
+  const TemporaryFolder folder;
+  const auto application = std::make_shared<PosixApplication>();
+  auto platform = Platform::posix({.bundleIdentifier = "images",
+                                   .shortVersion = "",
+                                   .bundleVersion = "",
+                                   .dataDirectory = folder.path(),
+                                   .cacheDirectory = folder.path()});
+  platform.imageCodec = std::make_shared<PlainImageCodec>();
+  platform.application = application;
+  RawServer server([](const std::string&) { return RawServer::reply(PlainImageCodec::file(8, 8)); });
+  const auto pipeline = std::make_shared<ImagePipeline>("threads", platform);
+
+  constexpr int threadCount = 4;
+  constexpr int loadsEach = 250;
+  std::atomic<int> ended = 0;
+  std::atomic<int> elsewhere = 0;
+  std::atomic<int> unexpected = 0;
+  const auto onEnd = [&](const Result<ImagePtr>& result) {
+    const auto* const error = std::get_if<Error>(&result);
+    const bool isCancelled = error != nullptr && error->caseName() == "canceled";
+    // A file that a trip to the background took between the question for it and its reading.
+    const bool isTaken = error != nullptr && error->caseName() == "uninitializedInputStream";
+    if (error != nullptr && !isCancelled && !isTaken) ++unexpected;
+    if (!isCancelled && !RunLoop::main().isCurrent()) ++elsewhere;
+    if (++ended == threadCount * loadsEach) RunLoop::main().stop();
+  };
+  std::vector<std::jthread> threads;
+  for (int thread = 0; thread < threadCount; ++thread) {
+    threads.emplace_back([&, thread] {
+      for (int i = 0; i < loadsEach; ++i) {
+        const auto url = Url::parse(server.url("/" + std::to_string(i % 20)));
+        const auto size = std::make_shared<DownsamplingImageTransformer>(ImageSize{4.0, 4.0});
+        const auto task = pipeline->image(*url, i % 3 == 0 ? size : nullptr, onEnd);
+        if (task && i % 5 == 0) task->cancel();
+        if (i % 50 == 7) pipeline->cache().memoryCache().removeAll();
+        if (thread == 0 && i % 50 == 0) application->send(Application::Signal::didEnterBackground);
+      }
+    });
+  }
+  RunLoop::main().runFor(std::chrono::seconds(120));
+  EXPECT_EQ(ended, threadCount * loadsEach);
+  EXPECT_EQ(elsewhere, 0);
+  EXPECT_EQ(unexpected, 0);
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,133 @@
+#include "RawServer.h"
+#include "SessionFixture.h"
+
+#include <condition_variable>
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+// What came, and how it ended: "ok" or the error's name.
+class Receiver final : public URLSessionDataDelegate {
+ public:
+  void onData(std::string_view bytes) override {
+    const std::lock_guard lock(mutex_);
+    received_ += bytes;
+    changed_.notify_all();
+  }
+  void onCompletion(const std::optional<Error>& error) override {
+    const std::lock_guard lock(mutex_);
+    ending_ += error ? error->caseName() : "ok";
+    changed_.notify_all();
+  }
+
+  /// What has come once there is so much of it.
+  std::string received(std::size_t size) {
+    return waitFor(received_, [&] { return received_.size() >= size; });
+  }
+  std::string ending() {
+    return waitFor(ending_, [&] { return !ending_.empty(); });
+  }
+
+ private:
+  template <class Condition>
+  std::string waitFor(const std::string& text, const Condition& condition) {
+    std::unique_lock lock(mutex_);
+    changed_.wait_for(lock, 30s, condition);
+    return text;
+  }
+
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::string received_;
+  std::string ending_;
+};
+
+class StreamingTest : public SessionFixture {
+ protected:
+  std::shared_ptr<URLSessionTask> stream(URLRequest request) {
+    const auto task = session_->streamingTask(std::move(request), receiver_);
+    task->resume();
+    return task;
+  }
+  static std::string head(int length) {
+    return "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(length) + "\r\n\r\n";
+  }
+
+  std::shared_ptr<Receiver> receiver_ = std::make_shared<Receiver>();
+};
+
+TEST_F(StreamingTest, BytesComeAsTheyAreSentAndWithoutThoseOfARedirect) {
+  RawServer server([](const std::string& request) {
+    if (request.starts_with("GET /new")) return head(6) + "abc";
+    return RawServer::reply("moved", "HTTP/1.1 302 Found\r\nLocation: /new");
+  });
+  stream(request(server.url("/old")));
+  EXPECT_EQ(receiver_->received(3), "abc");
+  server.sendMore("def");
+  EXPECT_EQ(receiver_->ending(), "ok");
+  EXPECT_EQ(receiver_->received(6), "abcdef");
+}
+
+TEST_F(StreamingTest, ARedirectThatLeadsNowhereAndAnErrorsPageAreReplies) {
+  for (const std::string status : {"302 Found\r\nLocation: ftp://a/", "404 Not Found"}) {
+    RawServer server([&](const std::string&) { return RawServer::reply("page", "HTTP/1.1 " + status); });
+    receiver_ = std::make_shared<Receiver>();
+    stream(request(server.url()));
+    EXPECT_EQ(receiver_->ending(), "ok");
+    EXPECT_EQ(receiver_->received(4), "page");
+  }
+}
+
+TEST_F(StreamingTest, TheWholeReplyCountsForItsSize) {
+  RawServer server([](const std::string&) { return head(10) + "1234"; });
+  auto limited = request(server.url());
+  limited.maximumReplySize = 7;
+  stream(limited);
+  EXPECT_EQ(receiver_->received(4), "1234");
+  server.sendMore("5678");
+  EXPECT_EQ(receiver_->ending(), "dataLengthExceedsMaximum");
+}
+
+TEST_F(StreamingTest, AfterACancelNothingComes) {
+  RawServer server([](const std::string&) { return head(6) + "abc"; });
+  const auto task = stream(request(server.url()));
+  EXPECT_EQ(receiver_->received(3), "abc");
+  task->cancel();
+  EXPECT_TRUE(server.waitForClosed(1));
+  EXPECT_EQ(receiver_.use_count(), 1);
+}
+
+// The server's pauses are shorter than the timeout, and longer together.
+TEST_F(StreamingTest, AnIdleTimeoutBeginsAnewWithEveryByte) {
+  RawServer server([](const std::string&) { return head(6) + "a"; });
+  auto patient = request(server.url());
+  patient.timeout = 1500ms;
+  patient.isTimeoutIdle = true;
+  stream(patient);
+  for (std::size_t i = 1; i <= 4; ++i) {
+    EXPECT_EQ(receiver_->received(i).size(), i);
+    std::promise<void>().get_future().wait_for(500ms);
+    server.sendMore("b");
+  }
+  EXPECT_EQ(receiver_->received(5), "abbbb");
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(receiver_->ending(), "timedOut");
+  EXPECT_GE(std::chrono::steady_clock::now() - start, 1s);
+  EXPECT_TRUE(server.waitForClosed(1));
+}
+
+TEST_F(StreamingTest, ASilentServerTimesOutAndTheOthersGoOn) {
+  RawServer silent([](const std::string&) { return std::string(); });
+  RawServer server([](const std::string&) { return RawServer::reply("ok"); });
+  auto impatient = request(silent.url());
+  impatient.timeout = 200ms;
+  impatient.isTimeoutIdle = true;
+  EXPECT_EQ(outcome(impatient), "timedOut");
+  EXPECT_EQ(outcome(request(server.url())), "200 ok");
+}
+
+}  // namespace
+}  // namespace orrelo::test
