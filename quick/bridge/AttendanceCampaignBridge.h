@@ -1,9 +1,9 @@
 #pragma once
 
-#include "bridge/CampaignActionBridge.h"
-#include "bridge/CampaignCalendarBridge.h"
-#include "bridge/CampaignInfoBridge.h"
-#include "bridge/CampaignNoticeBridge.h"
+#include "quick/bridge/CampaignActionBridge.h"
+#include "quick/bridge/CampaignCalendarBridge.h"
+#include "quick/bridge/CampaignInfoBridge.h"
+#include "quick/bridge/CampaignNoticeBridge.h"
 #include "campaign/attendance/AttendanceCampaignView.h"
 
 namespace orrelo::quick {

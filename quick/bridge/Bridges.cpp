@@ -1,12 +1,12 @@
-#include "bridge/Bridges.h"
+#include "quick/bridge/Bridges.h"
 
-#include "bridge/AttendanceCampaignBridge.h"
-#include "bridge/CampaignResultBridge.h"
-#include "bridge/CampaignScreenBridge.h"
-#include "bridge/ErrorScreenBridge.h"
-#include "bridge/NavigationBridge.h"
-#include "bridge/PopUpDialogScreenBridge.h"
-#include "bridge/RewardScreenBridge.h"
+#include "quick/bridge/AttendanceCampaignBridge.h"
+#include "quick/bridge/CampaignResultBridge.h"
+#include "quick/bridge/CampaignScreenBridge.h"
+#include "quick/bridge/ErrorScreenBridge.h"
+#include "quick/bridge/NavigationBridge.h"
+#include "quick/bridge/PopUpDialogScreenBridge.h"
+#include "quick/bridge/RewardScreenBridge.h"
 
 #include <QLoggingCategory>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/ScreenBridge.h"
-#include "bridge/ViewBridge.h"
+#include "quick/bridge/ScreenBridge.h"
+#include "quick/bridge/ViewBridge.h"
 
 #include <QUrl>
 

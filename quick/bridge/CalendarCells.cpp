@@ -1,6 +1,6 @@
-#include "bridge/CalendarCells.h"
+#include "quick/bridge/CalendarCells.h"
 
-#include "bridge/Conversions.h"
+#include "quick/bridge/Conversions.h"
 
 #include <array>
 #include <utility>
@@ -21,7 +21,7 @@ QColor bottomColor(const Cell& cell) {
   return fill.alpha() == 0 ? QColor(0x3d, 0x3e, 0x3f) : textColorOn(fill);
 }
 
-constexpr std::array<Role, 10> roles{{
+constexpr std::array<Role, 9> roles{{
     {"day", [](const Cell& cell) -> QVariant { return toQt(cell.day); }},
     {"dayColor", [](const Cell& cell) -> QVariant { return toQt(cell.dayColor); }},
     {"bottomText", [](const Cell& cell) -> QVariant { return toQt(cell.bottomText); }},
@@ -30,9 +30,10 @@ constexpr std::array<Role, 10> roles{{
     {"borderWidth", [](const Cell& cell) -> QVariant { return cell.borderWidth; }},
     {"borderColor", [](const Cell& cell) -> QVariant { return toQt(cell.borderColor); }},
     {"hasIcon", [](const Cell& cell) -> QVariant { return cell.hasIcon; }},
-    {"iconUrl", [](const Cell& cell) -> QVariant { return toQt(cell.iconUrl); }},
     {"accessibilityLabel", [](const Cell& cell) -> QVariant { return toQt(cell.accessibilityLabel); }},
 }};
+
+constexpr int iconRole = Qt::UserRole + static_cast<int>(roles.size());
 
 }  // namespace
 
@@ -40,6 +41,12 @@ void CalendarCells::set(std::vector<CampaignCalendarViewCell> cells) {
   if (cells == cells_) return;
   beginResetModel();
   cells_ = std::move(cells);
+  for (const auto& cell : cells_) {
+    if (cell.iconUrl.empty() || icons_.contains(cell.iconUrl)) continue;
+    const auto image = std::make_shared<ImageView>();
+    icons_[cell.iconUrl] = new ImageBridge(image, this);
+    image->load(cell.iconUrl);
+  }
   endResetModel();
 }
 
@@ -48,14 +55,23 @@ int CalendarCells::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant CalendarCells::data(const QModelIndex& index, int role) const {
+  if (role == iconRole && checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return QVariant::fromValue(icon(cells_[static_cast<std::size_t>(index.row())]));
+  }
   const auto number = static_cast<std::size_t>(role - Qt::UserRole);
   if (!checkIndex(index, CheckIndexOption::IndexIsValid) || number >= roles.size()) return {};
   return roles[number].read(cells_[static_cast<std::size_t>(index.row())]);
 }
 
+ImageBridge* CalendarCells::icon(const CampaignCalendarViewCell& cell) const {
+  const auto found = icons_.find(cell.iconUrl);
+  return found == icons_.end() ? nullptr : found->second;
+}
+
 QHash<int, QByteArray> CalendarCells::roleNames() const {
   QHash<int, QByteArray> names;
   for (std::size_t i = 0; i < roles.size(); ++i) names[Qt::UserRole + static_cast<int>(i)] = roles[i].name;
+  names[iconRole] = "icon";
   return names;
 }
 

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "campaign/attendance/CampaignCalendarView.h"
+#include "quick/bridge/ImageBridge.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
+#include <map>
+#include <string>
 #include <vector>
 
 namespace orrelo::quick {
@@ -24,7 +27,11 @@ class CalendarCells : public QAbstractListModel {
   QHash<int, QByteArray> roleNames() const override;
 
  private:
+  ImageBridge* icon(const CampaignCalendarViewCell& cell) const;
+
   std::vector<CampaignCalendarViewCell> cells_;
+  /// By address; mostly one for all cells.
+  std::map<std::string, ImageBridge*> icons_;
 };
 
 }  // namespace orrelo::quick

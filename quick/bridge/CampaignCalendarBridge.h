@@ -1,8 +1,7 @@
 #pragma once
 
-#include "bridge/CalendarCells.h"
-#include "bridge/ImageBridge.h"
-#include "bridge/ViewBridge.h"
+#include "quick/bridge/CalendarCells.h"
+#include "quick/bridge/ViewBridge.h"
 #include "campaign/attendance/CampaignCalendarView.h"
 
 #include <QColor>
@@ -19,7 +18,6 @@ class CampaignCalendarBridge final : public ViewBridge {
   Q_PROPERTY(QColor secondDescriptionColor READ secondDescriptionColor NOTIFY stateChanged)
   Q_PROPERTY(QColor primaryColor READ primaryColor NOTIFY stateChanged)
   Q_PROPERTY(orrelo::quick::CalendarCells* cells READ cells CONSTANT)
-  Q_PROPERTY(orrelo::quick::ImageBridge* icon READ icon CONSTANT)
   Q_PROPERTY(int columnCount READ columnCount CONSTANT)
   Q_PROPERTY(QString todayLegend READ todayLegend CONSTANT)
   Q_PROPERTY(QString attendanceLegend READ attendanceLegend CONSTANT)
@@ -30,7 +28,7 @@ class CampaignCalendarBridge final : public ViewBridge {
 
  public:
   CampaignCalendarBridge(const std::shared_ptr<CampaignCalendarView>& view, QObject* parent)
-      : ViewBridge(view, parent), calendar_(*view), cells_(new CalendarCells(this)), icon_(new ImageBridge(view->iconView, this)) {
+      : ViewBridge(view, parent), calendar_(*view), cells_(new CalendarCells(this)) {
     connect(this, &ViewBridge::stateChanged, this, [this] { cells_->set(calendar_.state.value().cells); });
     follow(calendar_.state);
   }
@@ -41,7 +39,6 @@ class CampaignCalendarBridge final : public ViewBridge {
   QColor primaryColor() const { return toQt(calendar_.state.value().primaryColor); }
   QColor secondDescriptionColor() const { return legibleOnWhite(primaryColor()); }
   CalendarCells* cells() const { return cells_; }
-  ImageBridge* icon() const { return icon_; }
   int columnCount() const { return static_cast<int>(CampaignCalendarView::columnCount); }
   QString todayLegend() const { return toQt(CampaignCalendarView::todayLegend); }
   QString attendanceLegend() const { return toQt(CampaignCalendarView::attendanceLegend); }
@@ -53,7 +50,6 @@ class CampaignCalendarBridge final : public ViewBridge {
  private:
   const CampaignCalendarView& calendar_;
   CalendarCells* const cells_;
-  ImageBridge* const icon_;
 };
 
 }  // namespace orrelo::quick

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "bridge/ImageBridge.h"
-#include "bridge/TooltipBridge.h"
-#include "bridge/ViewBridge.h"
+#include "quick/bridge/ImageBridge.h"
+#include "quick/bridge/TooltipBridge.h"
+#include "quick/bridge/ViewBridge.h"
 #include "viewkit/CampaignInfoView.h"
 
 #include <QUrl>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bridge/ViewBridge.h"
+#include "quick/bridge/ViewBridge.h"
 #include "viewkit/CampaignNoticeView.h"
 
 namespace orrelo::quick {

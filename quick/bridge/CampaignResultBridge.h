@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/CampaignNoticeBridge.h"
-#include "bridge/ImageBridge.h"
+#include "quick/bridge/CampaignNoticeBridge.h"
+#include "quick/bridge/ImageBridge.h"
 #include "campaign/result/CampaignResultView.h"
 
 namespace orrelo::quick {

@@ -1,6 +1,6 @@
-#include "bridge/CampaignScreenBridge.h"
+#include "quick/bridge/CampaignScreenBridge.h"
 
-#include "bridge/Bridges.h"
+#include "quick/bridge/Bridges.h"
 
 namespace orrelo::quick {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "bridge/ErrorBridge.h"
-#include "bridge/PageBridge.h"
-#include "bridge/ViewBridge.h"
+#include "quick/bridge/ErrorBridge.h"
+#include "quick/bridge/PageBridge.h"
+#include "quick/bridge/ViewBridge.h"
 #include "campaign/CampaignViewController.h"
 
 namespace orrelo::quick {

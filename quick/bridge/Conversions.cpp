@@ -1,4 +1,4 @@
-#include "bridge/Conversions.h"
+#include "quick/bridge/Conversions.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/ErrorBridge.h"
-#include "bridge/PageBridge.h"
+#include "quick/bridge/ErrorBridge.h"
+#include "quick/bridge/PageBridge.h"
 #include "viewkit/ErrorViewController.h"
 
 namespace orrelo::quick {

@@ -1,10 +1,8 @@
-#include "bridge/HostBridge.h"
+#include "quick/bridge/HostBridge.h"
 
-#include "bridge/HostWindow.h"
-#include "bridge/KitImages.h"
+#include "quick/bridge/HostWindow.h"
 
 #include <QEvent>
-#include <QQmlEngine>
 
 #include <vector>
 
@@ -16,7 +14,6 @@ HostBridge::HostBridge(QObject* parent) : QObject(parent), layers_(new ScreenLay
 
 void HostBridge::setWindow(QQuickWindow* window) {
   if (window == window_) return;
-  if (auto* const engine = qmlEngine(this)) KitImages::serve(*engine);
   subscriptions_.clear();
   if (window_) window_->removeEventFilter(this);
   window_ = window;

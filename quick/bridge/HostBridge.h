@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/ScreenLayers.h"
-#include "bridge/Subscriptions.h"
+#include "quick/bridge/ScreenLayers.h"
+#include "quick/bridge/Subscriptions.h"
 
 #include <QPointer>
 #include <QQuickWindow>

@@ -1,4 +1,4 @@
-#include "bridge/HostWindow.h"
+#include "quick/bridge/HostWindow.h"
 
 #include <orrelo/quick/OrreloQuick.h>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "bridge/KitImages.h"
-#include "bridge/ViewBridge.h"
 #include "image/ImageView.h"
+#include "quick/bridge/ViewBridge.h"
 
+#include <QSizeF>
 #include <QUrl>
 
 namespace orrelo::quick {
@@ -12,17 +12,21 @@ class ImageBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  /// For an Image; empty while there is no picture.
-  Q_PROPERTY(QUrl source READ source NOTIFY stateChanged)
+  /// One of the kit's own pictures; empty where another is shown, or none.
+  Q_PROPERTY(QUrl asset READ asset NOTIFY stateChanged)
+  /// Of a loaded picture, in points; empty until it is there.
+  Q_PROPERTY(QSizeF size READ size NOTIFY stateChanged)
 
  public:
   ImageBridge(const std::shared_ptr<ImageView>& view, QObject* parent) : ViewBridge(view, parent), image_(*view) {
     follow(image_.state);
   }
 
-  QUrl source() const {
-    const auto state = image_.state.value();
-    return state.image ? KitImages::url(state.image) : assetFile(state.asset);
+  QUrl asset() const { return assetFile(image_.state.value().asset); }
+  ImagePtr image() const { return image_.state.value().image; }
+  QSizeF size() const {
+    const auto picture = image();
+    return picture ? QSizeF(picture->width(), picture->height()) : QSizeF();
   }
 
  private:

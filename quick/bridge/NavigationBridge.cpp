@@ -1,4 +1,4 @@
-#include "bridge/NavigationBridge.h"
+#include "quick/bridge/NavigationBridge.h"
 
 namespace orrelo::quick {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/ScreenBridge.h"
-#include "bridge/ScreenLayers.h"
+#include "quick/bridge/ScreenBridge.h"
+#include "quick/bridge/ScreenLayers.h"
 #include "viewkit/base/NavigationController.h"
 
 #include <QColor>

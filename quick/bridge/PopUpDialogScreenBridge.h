@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/ImageBridge.h"
-#include "bridge/ScreenBridge.h"
+#include "quick/bridge/ImageBridge.h"
+#include "quick/bridge/ScreenBridge.h"
 #include "viewkit/PopUpDialogViewController.h"
 
 namespace orrelo::quick {

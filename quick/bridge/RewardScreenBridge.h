@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bridge/ScreenBridge.h"
+#include "quick/bridge/ScreenBridge.h"
 #include "viewkit/CampaignRewardViewController.h"
 
 #include <QColor>

@@ -1,6 +1,6 @@
-#include "bridge/ScreenBridge.h"
+#include "quick/bridge/ScreenBridge.h"
 
-#include "bridge/Bridges.h"
+#include "quick/bridge/Bridges.h"
 #include "viewkit/base/NavigationController.h"
 
 namespace orrelo::quick {

@@ -1,6 +1,6 @@
-#include "bridge/ScreenLayers.h"
+#include "quick/bridge/ScreenLayers.h"
 
-#include "bridge/Bridges.h"
+#include "quick/bridge/Bridges.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "bridge/TooltipBubble.h"
+#include "quick/bridge/TooltipBubble.h"
 
 #include <QPainter>
 #include <QPainterPath>

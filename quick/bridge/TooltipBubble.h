@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bridge/TooltipBridge.h"
+#include "quick/bridge/TooltipBridge.h"
 
 #include <QPointer>
 #include <QQuickPaintedItem>

@@ -1,6 +1,6 @@
-#include "bridge/ViewBridge.h"
+#include "quick/bridge/ViewBridge.h"
 
-#include "bridge/Bridges.h"
+#include "quick/bridge/Bridges.h"
 
 namespace orrelo::quick {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bridge/Conversions.h"
-#include "bridge/Subscriptions.h"
+#include "quick/bridge/Conversions.h"
+#include "quick/bridge/Subscriptions.h"
 #include "viewkit/base/View.h"
 
 #include <QObject>

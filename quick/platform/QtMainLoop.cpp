@@ -1,4 +1,4 @@
-#include "platform/QtMainLoop.h"
+#include "quick/platform/QtMainLoop.h"
 
 #include <QThread>
 

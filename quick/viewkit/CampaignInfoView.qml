@@ -71,16 +71,12 @@ Item {
             height: 16
             visible: picture.visible
         }
-        Image {
+        KitImage {
             id: picture
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(parent.width, 320)
             height: 180
-            visible: status === Image.Ready
-            fillMode: Image.PreserveAspectFit
-            source: view.model.image.source
-            sourceSize: Qt.size(width * 2, 0)
-            Accessible.ignored: true
+            model: view.model.image
         }
     }
     TooltipView {

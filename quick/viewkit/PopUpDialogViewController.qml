@@ -40,14 +40,11 @@ FocusScope {
             color: "white"
             text: view.screen.label
         }
-        Image {
+        KitImage {
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(parent.width, 320)
-            height: Math.min(width, view.height * 0.5)
-            visible: status === Image.Ready
-            fillMode: Image.PreserveAspectFit
-            source: view.screen.image.source
-            Accessible.ignored: true
+            height: Math.min(heightForWidth, view.height * 0.5)
+            model: view.screen.image
         }
         Item {
             width: 1

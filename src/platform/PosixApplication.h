@@ -2,6 +2,8 @@
 
 #include "platform/Application.h"
 
+#include <orrelo/Export.h>
+
 #include <atomic>
 #include <mutex>
 #include <utility>
@@ -10,7 +12,7 @@
 namespace orrelo {
 
 /// Knows nothing by itself: the front, or a host without one, tells it what happens.
-class PosixApplication final : public Application {
+class ORRELO_EXPORT PosixApplication final : public Application {
  public:
   Registration observe(Signal signal, std::function<void()> callback) override;
   double screenScale() const override { return screenScale_; }

@@ -14,7 +14,7 @@ const QString loading = QStringLiteral("불러오는 중");
 
 class AttendanceTest : public QuickTest {
  protected:
-  AttendanceTest() { service_->answers["/campaigns/c-1"] = {200, campaign(attendancePage())}; }
+  AttendanceTest() { service_->answers["/campaigns/c-1"] = {200, campaignReply(richAttendancePage())}; }
 
   void openCampaign() {
     showCampaign();
@@ -75,7 +75,7 @@ TEST_F(AttendanceTest, SaysWhatIsWrongOverThePage) {
 
 TEST_F(AttendanceTest, TheButtonTakesPartAndTheAnswerReplacesThePage) {
   openCampaign();
-  service_->answers["/attend"] = {200, attendancePage("", false)};
+  service_->answers["/attend"] = {200, richAttendancePage("", false)};
   click(checkIn);
   ASSERT_TRUE(waitForNamed(done));
   EXPECT_EQ(service_->timesAsked("/attend"), 1);
@@ -91,7 +91,7 @@ TEST_F(AttendanceTest, TheButtonTakesPartAndTheAnswerReplacesThePage) {
 TEST_F(AttendanceTest, AnEarnedRewardLiesOverThePageUntilItIsClosed) {
   openCampaign();
   service_->answers["/attend"] = {
-      200, attendancePage(R"(,"reward_message":{"title":"100P 적립!","body":"오늘의 출석 포인트를\n받았어요.",
+      200, richAttendancePage(R"(,"reward_message":{"title":"100P 적립!","body":"오늘의 출석 포인트를\n받았어요.",
                                                 "button_text":"확인"})",
                           false)};
   click(checkIn);
@@ -138,7 +138,7 @@ TEST_F(AttendanceTest, TheKeyboardReachesEverythingInReadingOrder) {
   grab("attendance-focus");
   press(Qt::Key_Tab);
   EXPECT_EQ(focusName(), back) << "what lies beneath is out of reach";
-  service_->answers["/attend"] = {200, attendancePage("", false)};
+  service_->answers["/attend"] = {200, richAttendancePage("", false)};
   press(Qt::Key_Backtab);
   press(Qt::Key_Space);
   EXPECT_TRUE(waitForNamed(done));

@@ -68,8 +68,8 @@ TEST_F(DialogTest, DialogsStackAndCloseFromTheTop) {
 }
 
 TEST_F(DialogTest, AResultShowsItsPopUpOnce) {
-  service_->answers["/campaigns/c-1"] = {200, campaign(resultPage(
-      R"(,"pop_up":{"title":"당첨!","label":"축하드려요","image_url":"https://cdn.example/p.png","button_text":"확인"})"))};
+  service_->answers["/campaigns/c-1"] = {200, campaignReply(richResultPage(
+      R"(,"pop_up":{"title":"당첨!","label":"축하드려요","image_url":"https://cdn.example/pop-up.png","button_text":"확인"})"))};
   showCampaign();
   ASSERT_TRUE(waitForNamed(QStringLiteral("당첨!")));
   grab("result-pop-up");
@@ -77,10 +77,10 @@ TEST_F(DialogTest, AResultShowsItsPopUpOnce) {
   EXPECT_EQ(named(QStringLiteral("당첨!")), nullptr);
   grab("result-390");
   press(Qt::Key_Escape);
-  ASSERT_TRUE(waitFor([&] { return named(QStringLiteral("매일 출석 이벤트")) == nullptr; }));
+  ASSERT_TRUE(waitFor([&] { return named(QStringLiteral("11월 출석")) == nullptr; }));
   open({320, 568}, 2.0);
   showCampaign();
-  ASSERT_TRUE(waitForNamed(QStringLiteral("매일 출석 이벤트")));
+  ASSERT_TRUE(waitForNamed(QStringLiteral("11월 출석")));
   grab("result-320-large-text");
   EXPECT_EQ(named(QStringLiteral("당첨!")), nullptr);
 }

@@ -1,5 +1,5 @@
 #include "QuickTest.h"
-#include "platform/QtMainLoop.h"
+#include "quick/platform/QtMainLoop.h"
 #include "viewkit/ErrorViewController.h"
 #include "viewkit/base/NavigationController.h"
 

@@ -4,9 +4,11 @@
 #include "platform/WorkerPool.h"
 
 #include <QAccessible>
+#include <QBuffer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QPainter>
 #include <QTest>
 
 namespace orrelo::test {
@@ -35,6 +37,25 @@ class LoopWorkers final : public WorkerPool {
   std::shared_ptr<MainLoop> loop_;
 };
 
+// A parcel on a coloured ground, as a PNG file.
+std::string picture(QSize size, const QColor& ground) {
+  QImage image(size, QImage::Format_ARGB32_Premultiplied);
+  image.fill(ground);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double side = size.height() * 0.6;
+  const QRectF box((size.width() - side) / 2, (size.height() - side) / 2, side, side);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor("#e8505b"));
+  painter.drawRoundedRect(box, side * 0.08, side * 0.08);
+  painter.fillRect(QRectF(box.center().x() - side * 0.08, box.top(), side * 0.16, side), QColor("#ffffff"));
+  painter.fillRect(QRectF(box.left(), box.top() + side * 0.25, side, side * 0.14), QColor("#ffffff"));
+  painter.end();
+  QBuffer file;
+  image.save(&file, "PNG");
+  return file.data().toStdString();
+}
+
 void visit(QQuickItem* item, const std::function<void(QQuickItem*)>& visitor) {
   if (!item->isVisible() || item->opacity() == 0.0) return;
   visitor(item);
@@ -54,6 +75,9 @@ QuickTest::QuickTest() {
                                    .dataDirectory = folder_.path(),
                                    .cacheDirectory = folder_.path()});
   service_ = std::make_shared<Service>(platform.mainLoop);
+  service_->answers["/gift.png"] = {200, picture({60, 60}, Qt::transparent)};
+  service_->answers["/result.png"] = {200, picture({700, 400}, QColor("#fff1d6"))};
+  service_->answers["/pop-up.png"] = {200, picture({500, 500}, QColor("#ffffff"))};
   platform.urlSession = service_;
   platform.clock = std::make_shared<StillCalendar>();
   platform.workers = std::make_shared<LoopWorkers>(platform.mainLoop);

@@ -52,6 +52,13 @@ class Service final : public URLSession {
       loop_->post([this, path, completion] { answer(path, completion); });
     });
   }
+  std::shared_ptr<URLSessionTask> streamingTask(URLRequest request,
+                                                std::shared_ptr<URLSessionDataDelegate> delegate) override {
+    return dataTask(std::move(request), [delegate](const URLSessionResult& result) {
+      delegate->onData(*result.data);
+      delegate->onCompletion(result.error);
+    });
+  }
   void trust(std::string_view, const std::string&) override {}
 
  private:
@@ -66,7 +73,7 @@ class Service final : public URLSession {
 };
 
 /// What the service sends: pages, with `more` members, and campaigns around them.
-inline std::string attendancePage(const std::string& more = "", bool isEnabled = true) {
+inline std::string richAttendancePage(const std::string& more = "", bool isEnabled = true) {
   return R"({"page_type":"attendance","page_id":"p-1","page_detail":{"toolbar_text":"매일 출석체크",
     "first_title":"매일매일 출석하고","second_title":"포인트 받아가세요!","status_message":"오늘 출석하면 100P를 드려요",
     "today":"2026-11-18","attended_date":["2026-11-02","2026-11-03","2026-11-04","2026-11-09","2026-11-10","2026-11-17"],
@@ -81,15 +88,11 @@ inline std::string attendancePage(const std::string& more = "", bool isEnabled =
          more + "}}";
 }
 
-inline std::string resultPage(const std::string& more = "") {
+inline std::string richResultPage(const std::string& more = "") {
   return R"({"page_type":"campaign_result","page_id":"p-2","page_detail":{"toolbar_text":"이벤트 결과",
     "image_url":"https://cdn.example/result.png","body":"축하합니다! 11월 출석 이벤트에 당첨되셨어요.\n경품은 다음 주에 보내드립니다.",
     "notice":["당첨은 취소될 수 있습니다.","제세공과금은 당첨자 부담입니다."])" +
          more + "}}";
-}
-
-inline std::string campaign(const std::string& page) {
-  return R"({"id":"c-1","label":"11월 한 달 동안","name":"매일 출석 이벤트","icon":"https://cdn.example/i.png","page":)" + page + "}";
 }
 
 }  // namespace orrelo::test

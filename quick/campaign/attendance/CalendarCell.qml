@@ -13,11 +13,12 @@ Item {
     required property real borderWidth
     required property color borderColor
     required property bool hasIcon
+    /// Null where the service names none.
+    required property ImageBridge icon
     required property string accessibilityLabel
     required property real dayFontShare
     required property real bottomFontShare
     required property real iconShare
-    required property url iconSource
 
     readonly property bool hasBottom: bottomText.length > 0
     readonly property real bottomSize: height * bottomFontShare
@@ -31,6 +32,17 @@ Item {
         color: cell.backgroundColor
         border { width: cell.borderWidth; color: cell.borderColor }
     }
+    Loader {
+        anchors { horizontalCenter: parent.horizontalCenter; verticalCenter: parent.verticalCenter }
+        anchors.verticalCenterOffset: cell.hasBottom ? -cell.bottomSize * 0.45 : 0
+        active: cell.icon !== null
+
+        sourceComponent: KitImage {
+            width: cell.height * cell.iconShare
+            height: width
+            model: cell.icon
+        }
+    }
     Text {
         anchors { horizontalCenter: parent.horizontalCenter; verticalCenter: parent.verticalCenter }
         anchors.verticalCenterOffset: cell.hasBottom ? -cell.bottomSize * 0.52 : 0
@@ -38,18 +50,6 @@ Item {
         font { family: Theme.fontFamily; pixelSize: cell.height * cell.dayFontShare }
         color: cell.dayColor
         text: cell.day
-        Accessible.ignored: true
-    }
-    Image {
-        anchors.centerIn: parent
-        anchors.verticalCenterOffset: cell.hasBottom ? -cell.bottomSize * 0.52 : 0
-        visible: cell.hasIcon
-        width: cell.height * cell.iconShare * (cell.hasBottom ? 0.85 : 1)
-        height: width
-        fillMode: Image.PreserveAspectFit
-        source: cell.iconSource
-        sourceSize: Qt.size(width * 2, height * 2)
-        mipmap: true
         Accessible.ignored: true
     }
     Text {

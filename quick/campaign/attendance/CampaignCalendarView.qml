@@ -84,7 +84,6 @@ Rectangle {
                     dayFontShare: view.model.dayFontShare
                     bottomFontShare: view.model.bottomFontShare
                     iconShare: view.model.iconShare
-                    iconSource: view.model.icon.source
                 }
             }
         }

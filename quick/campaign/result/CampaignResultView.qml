@@ -9,12 +9,10 @@ PageScroll {
 
     spacing: 16
 
-    Image {
+    KitImage {
         width: parent.width
-        height: implicitWidth > 0 ? width * implicitHeight / implicitWidth : 0
-        visible: status === Image.Ready
-        source: view.model.image.source
-        Accessible.ignored: true
+        height: heightForWidth
+        model: view.model.image
     }
     Rectangle {
         width: parent.width

@@ -111,7 +111,6 @@ void CampaignCalendarView::configure(const CampaignCalendar& calendar) {
     content.cells.push_back(renderCell(cell, calendar.primaryColor, calendar.secondaryColor, day));
   }
   state.set(std::move(content));
-  if (calendar.highlightIconUrl) iconView->load(*calendar.highlightIconUrl);
 }
 
 }  // namespace orrelo

@@ -3,12 +3,10 @@
 #include "campaign/attendance/CalendarCellViewState.h"
 #include "campaign/attendance/CampaignCalendar.h"
 #include "core/base/Color.h"
-#include "image/ImageView.h"
 #include "viewkit/base/View.h"
 
 #include <orrelo/Export.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -66,8 +64,6 @@ class ORRELO_EXPORT CampaignCalendarView final : public View {
 
   std::vector<CalendarCellViewState> cellViewState;
   Followed<State> state;
-  /// The bonus icon, which all cells share.
-  const std::shared_ptr<ImageView> iconView = std::make_shared<ImageView>();
 };
 
 /// The look of a cell in a state; `day` is the day of the month that it stands for.

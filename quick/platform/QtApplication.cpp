@@ -1,0 +1,45 @@
+#include "quick/platform/QtApplication.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+namespace orrelo::quick {
+
+QtApplication::QtApplication(std::shared_ptr<PosixApplication> application, QObject* parent)
+    : QObject(parent), application_(std::move(application)) {
+  if (const auto* screen = QGuiApplication::primaryScreen()) {
+    application_->setScreenScale(screen->devicePixelRatio());
+  }
+  qGuiApp->installEventFilter(this);
+  connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this] { update(); });
+  connect(qGuiApp, &QGuiApplication::aboutToQuit, this,
+          [this] { application_->send(Application::Signal::willTerminate); });
+}
+
+bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
+  const auto type = event->type();
+  if (watched->isWindowType() && (type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange)) {
+    // The window is as the event says only after it has been delivered.
+    QMetaObject::invokeMethod(this, [this] { update(); }, Qt::QueuedConnection);
+  }
+  return false;
+}
+
+void QtApplication::update() {
+  const auto windows = QGuiApplication::topLevelWindows();
+  const bool isSeen = std::any_of(windows.begin(), windows.end(), [](const QWindow* window) {
+    return window->isVisible() && (window->windowStates() & Qt::WindowMinimized) == 0;
+  });
+  // Phones suspend an application whose window stays as it is.
+  const auto state = QGuiApplication::applicationState();
+  const bool isSuspended = state == Qt::ApplicationSuspended || state == Qt::ApplicationHidden;
+  const bool was = std::exchange(isInForeground_, isSeen && !isSuspended);
+  if (was && !isInForeground_) application_->send(Application::Signal::didEnterBackground);
+}
+
+}  // namespace orrelo::quick

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/PosixApplication.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace orrelo::quick {
+
+/// Tells the kit what becomes of the application: it is in the background while no window of it can be seen,
+/// and its screen's scale is that of the primary one.
+class QtApplication final : public QObject {
+ public:
+  explicit QtApplication(std::shared_ptr<PosixApplication> application, QObject* parent);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void update();
+
+  std::shared_ptr<PosixApplication> application_;
+  bool isInForeground_ = false;
+};
+
+}  // namespace orrelo::quick
