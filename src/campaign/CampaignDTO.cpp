@@ -24,7 +24,7 @@ CampaignDTO::PageResponse CampaignDTO::PageResponse::decode(const JsonObject& js
 }
 
 CampaignDTO::PageResponse CampaignDTO::PageResponse::decode(std::string_view json) {
-  return readDocument(json, [](const JsonValue& page) { return decode(page.objectValue()); });
+  return readDocument(json, [](const JsonValue& body) { return decode(body.objectValue()); });
 }
 
 CampaignDTO CampaignDTO::decode(const JsonObject& json) {

@@ -9,9 +9,13 @@
 
 namespace orrelo::test {
 
-/// What a stream has said.
+/// What a stream has said, for as long as somebody wants to know.
 template <class T>
 struct Heard {
+  Heard() = default;
+  Heard(const Heard&) = delete;
+  ~Heard() { subscription.dispose(); }
+
   std::vector<T> elements;
   /// "done", the error's description, or "" while it runs.
   std::string end;
@@ -22,12 +26,18 @@ struct Heard {
 class CampaignFixture : public testing::Test {
  protected:
   template <class T>
-  std::shared_ptr<Heard<T>> listen(const reactive::Observable<T>& stream) {
+  static std::shared_ptr<Heard<T>> listenLater(const reactive::Observable<T>& stream) {
     auto heard = std::make_shared<Heard<T>>();
-    heard->subscription =
-        stream.subscribe({.onNext = [heard](const T& element) { heard->elements.push_back(element); },
-                          .onError = [heard](const Error& error) { heard->end = error.description(); },
-                          .onCompleted = [heard] { heard->end = "done"; }});
+    heard->subscription = stream.subscribe(
+        {.onNext = [to = heard.get()](const T& element) { to->elements.push_back(element); },
+         .onError = [to = heard.get()](const Error& error) { to->end = error.description(); },
+         .onCompleted = [to = heard.get()] { to->end = "done"; }});
+    return heard;
+  }
+  /// With what that sets off.
+  template <class T>
+  std::shared_ptr<Heard<T>> listen(const reactive::Observable<T>& stream) {
+    auto heard = listenLater(stream);
     platform_.loop->run();
     return heard;
   }

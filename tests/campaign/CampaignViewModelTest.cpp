@@ -40,19 +40,10 @@ class CampaignViewModelTest : public CampaignFixture {
         viewModel_->transform(byId_.asObservable(), byType_.asObservable(), action_.asObservable());
     const auto background = scheduler(QualityOfService::userInteractive);
     loading_ = listen(output.isLoading.subscribeOn(background));
-    campaigns_ = listenLater(output.campaign.subscribeOn(background));
+    // What the subscription would begin elsewhere has not begun yet.
+    campaigns_ =
+        listenLater(output.campaign.subscribeOn(background).observeOn(reactive::MainScheduler::instance()));
   }
-  // Without running the loop: what the subscription would begin elsewhere has not begun yet.
-  std::shared_ptr<Heard<BrandedCampaign>> listenLater(const reactive::Observable<BrandedCampaign>& stream) {
-    auto heard = std::make_shared<Heard<BrandedCampaign>>();
-    heard->subscription =
-        stream.observeOn(reactive::MainScheduler::instance())
-            .subscribe({.onNext = [heard](const auto& e) { heard->elements.push_back(e); },
-                        .onError = [heard](const Error& e) { heard->end = e.description(); },
-                        .onCompleted = [heard] { heard->end = "done"; }});
-    return heard;
-  }
-
   void load(const std::string& id, std::optional<std::string> user = "user-1") {
     byId_.onNext({id, std::move(user)});
     platform_.loop->run();
