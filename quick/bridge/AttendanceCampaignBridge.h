@@ -1,10 +1,10 @@
 #pragma once
 
+#include "campaign/attendance/AttendanceCampaignView.h"
 #include "quick/bridge/CampaignActionBridge.h"
 #include "quick/bridge/CampaignCalendarBridge.h"
 #include "quick/bridge/CampaignInfoBridge.h"
 #include "quick/bridge/CampaignNoticeBridge.h"
-#include "campaign/attendance/AttendanceCampaignView.h"
 
 namespace orrelo::quick {
 

@@ -9,7 +9,6 @@
 #include "quick/bridge/RewardScreenBridge.h"
 
 #include <QLoggingCategory>
-
 #include <algorithm>
 #include <array>
 
@@ -42,7 +41,8 @@ constexpr Kind<ViewController, ScreenBridge> screenKind(std::string_view name, c
 }
 
 constexpr std::array views{
-    viewKind<AttendanceCampaignView, AttendanceCampaignBridge>("AttendanceCampaignView", "campaign/attendance"),
+    viewKind<AttendanceCampaignView, AttendanceCampaignBridge>("AttendanceCampaignView",
+                                                               "campaign/attendance"),
     viewKind<CampaignResultView, CampaignResultBridge>("CampaignResultView", "campaign/result"),
 };
 
@@ -56,7 +56,8 @@ constexpr std::array screens{
 
 template <class Kinds>
 auto find(const Kinds& kinds, std::string_view name) {
-  const auto found = std::find_if(kinds.begin(), kinds.end(), [name](const auto& kind) { return kind.name == name; });
+  const auto found =
+      std::find_if(kinds.begin(), kinds.end(), [name](const auto& kind) { return kind.name == name; });
   return found == kinds.end() ? nullptr : &*found;
 }
 

@@ -4,7 +4,6 @@
 #include "quick/bridge/ViewBridge.h"
 
 #include <QUrl>
-
 #include <memory>
 #include <string_view>
 

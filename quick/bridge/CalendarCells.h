@@ -5,7 +5,6 @@
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
-
 #include <map>
 #include <string>
 #include <vector>

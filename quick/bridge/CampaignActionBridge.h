@@ -1,7 +1,7 @@
 #pragma once
 
-#include "quick/bridge/ViewBridge.h"
 #include "campaign/CampaignActionView.h"
+#include "quick/bridge/ViewBridge.h"
 
 #include <QColor>
 

@@ -4,7 +4,8 @@
 
 namespace orrelo::quick {
 
-CampaignScreenBridge::CampaignScreenBridge(const std::shared_ptr<CampaignViewController>& screen, QObject* parent)
+CampaignScreenBridge::CampaignScreenBridge(const std::shared_ptr<CampaignViewController>& screen,
+                                           QObject* parent)
     : PageBridge(screen, parent), campaign_(*screen), error_(new ErrorBridge(screen->errorView, this)) {
   connect(this, &ScreenBridge::stateChanged, this, &CampaignScreenBridge::updateContent);
   follow(campaign_.states());

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "campaign/CampaignViewController.h"
 #include "quick/bridge/ErrorBridge.h"
 #include "quick/bridge/PageBridge.h"
 #include "quick/bridge/ViewBridge.h"
-#include "campaign/CampaignViewController.h"
 
 namespace orrelo::quick {
 

@@ -5,7 +5,6 @@
 #include <QColor>
 #include <QString>
 #include <QUrl>
-
 #include <string_view>
 
 namespace orrelo::quick {

@@ -16,7 +16,8 @@ class ErrorBridge final : public ViewBridge {
   Q_PROPERTY(QUrl asset READ asset CONSTANT)
 
  public:
-  ErrorBridge(const std::shared_ptr<ErrorView>& view, QObject* parent) : ViewBridge(view, parent), error_(*view) {
+  ErrorBridge(const std::shared_ptr<ErrorView>& view, QObject* parent)
+      : ViewBridge(view, parent), error_(*view) {
     follow(error_.state);
   }
 

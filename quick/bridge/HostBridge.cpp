@@ -3,7 +3,6 @@
 #include "quick/bridge/HostWindow.h"
 
 #include <QEvent>
-
 #include <vector>
 
 namespace orrelo::quick {
@@ -20,9 +19,8 @@ void HostBridge::setWindow(QQuickWindow* window) {
   if (window_) window_->installEventFilter(this);
   screen_ = window ? HostWindow::of(*window).screen() : nullptr;
   if (screen_) {
-    subscriptions_.follow(screen_->presentations(), [this](const ViewController::Presented& presented) {
-      update(presented.animated);
-    });
+    subscriptions_.follow(screen_->presentations(),
+                          [this](const ViewController::Presented& presented) { update(presented.animated); });
   } else {
     layers_->set({}, false);
   }
@@ -31,7 +29,8 @@ void HostBridge::setWindow(QQuickWindow* window) {
 
 bool HostBridge::eventFilter(QObject*, QEvent* event) {
   if (event->type() == QEvent::KeyPress) setUsesKeyboard(true);
-  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin) setUsesKeyboard(false);
+  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin)
+    setUsesKeyboard(false);
   return false;
 }
 

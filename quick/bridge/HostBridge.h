@@ -5,7 +5,6 @@
 
 #include <QPointer>
 #include <QQuickWindow>
-
 #include <memory>
 
 namespace orrelo::quick {

@@ -3,7 +3,6 @@
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <QQuickWindow>
-
 #include <algorithm>
 #include <vector>
 

@@ -3,7 +3,6 @@
 #include "viewkit/base/ViewController.h"
 
 #include <QObject>
-
 #include <memory>
 
 class QQuickWindow;

@@ -18,7 +18,8 @@ class ImageBridge final : public ViewBridge {
   Q_PROPERTY(QSizeF size READ size NOTIFY stateChanged)
 
  public:
-  ImageBridge(const std::shared_ptr<ImageView>& view, QObject* parent) : ViewBridge(view, parent), image_(*view) {
+  ImageBridge(const std::shared_ptr<ImageView>& view, QObject* parent)
+      : ViewBridge(view, parent), image_(*view) {
     follow(image_.state);
   }
 

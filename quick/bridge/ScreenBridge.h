@@ -8,7 +8,6 @@
 #include <QString>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
-
 #include <memory>
 
 namespace orrelo::quick {

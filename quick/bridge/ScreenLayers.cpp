@@ -75,9 +75,9 @@ std::ptrdiff_t ScreenLayers::find(const ScreenBridge* bridge) const {
 }
 
 bool ScreenLayers::isCoveredAt(std::size_t row) const {
-  return std::any_of(layers_.begin() + static_cast<std::ptrdiff_t>(row) + 1, layers_.end(), [](const Layer& above) {
-    return above.hasArrived && !above.isLeaving && !above.bridge->isOver();
-  });
+  return std::any_of(
+      layers_.begin() + static_cast<std::ptrdiff_t>(row) + 1, layers_.end(),
+      [](const Layer& above) { return above.hasArrived && !above.isLeaving && !above.bridge->isOver(); });
 }
 
 void ScreenLayers::refresh() {

@@ -3,7 +3,6 @@
 #include "quick/bridge/ScreenBridge.h"
 
 #include <QAbstractListModel>
-
 #include <memory>
 #include <vector>
 

@@ -10,8 +10,8 @@ void TooltipBubble::paint(QPainter* painter) {
   const auto& tooltip = tooltip_->tooltip();
   const auto shape = tooltip.shape({width(), height()});
   QPainterPath bubble;
-  bubble.addRoundedRect(QRectF(0.0, shape.top, shape.size.width, shape.size.height), TooltipView::cornerRadius,
-                        TooltipView::cornerRadius);
+  bubble.addRoundedRect(QRectF(0.0, shape.top, shape.size.width, shape.size.height),
+                        TooltipView::cornerRadius, TooltipView::cornerRadius);
   QPainterPath tail;
   tail.moveTo(shape.tail[0].x, shape.tail[0].y);
   tail.lineTo(shape.tail[1].x, shape.tail[1].y);

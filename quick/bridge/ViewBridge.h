@@ -7,7 +7,6 @@
 #include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
-
 #include <memory>
 
 namespace orrelo::quick {

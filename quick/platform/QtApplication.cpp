@@ -4,7 +4,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
-
 #include <algorithm>
 #include <utility>
 
@@ -23,9 +22,11 @@ QtApplication::QtApplication(std::shared_ptr<PosixApplication> application, QObj
 
 bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
   const auto type = event->type();
-  if (watched->isWindowType() && (type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange)) {
+  if (watched->isWindowType() &&
+      (type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange)) {
     // The window is as the event says only after it has been delivered.
-    QMetaObject::invokeMethod(this, [this] { update(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { update(); }, Qt::QueuedConnection);
   }
   return false;
 }

@@ -3,7 +3,6 @@
 #include "platform/PosixApplication.h"
 
 #include <QObject>
-
 #include <memory>
 
 namespace orrelo::quick {

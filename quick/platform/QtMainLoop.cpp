@@ -1,7 +1,6 @@
 #include "quick/platform/QtMainLoop.h"
 
 #include <QThread>
-
 #include <algorithm>
 #include <utility>
 #include <vector>

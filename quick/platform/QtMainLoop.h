@@ -6,7 +6,6 @@
 
 #include <QObject>
 #include <QTimer>
-
 #include <chrono>
 
 namespace orrelo::quick {

@@ -9,8 +9,14 @@ Rectangle {
 
     implicitHeight: column.height + 32
     visible: model.body.length > 0
-    color: Theme.noticeFill
+    color: "white"
     radius: Theme.cornerRadius
+
+    Rectangle {
+        anchors.fill: parent
+        radius: parent.radius
+        color: Theme.noticeFill
+    }
 
     Column {
         id: column

@@ -71,6 +71,7 @@ FocusScope {
         }
         ActionButton {
             id: button
+            objectName: "confirmButton"
             anchors { left: parent.left; right: parent.right; bottom: parent.bottom; margins: 24 }
             focus: true
             text: view.screen.buttonText

@@ -1,5 +1,4 @@
 #include "QuickTest.h"
-
 #include "viewkit/TooltipView.h"
 
 namespace orrelo::test {
@@ -33,9 +32,9 @@ TEST_F(AttendanceTest, FitsPhonesAndDesktops) {
     double textScale;
     QString name;
   };
-  for (const auto& [size, scale, name] : {Place{{320, 568}, 1.0, "attendance-320"},
-                                          Place{{320, 568}, 2.0, "attendance-320-large-text"},
-                                          Place{{1280, 800}, 1.0, "attendance-desktop"}}) {
+  for (const auto& [size, scale, name] :
+       {Place{{320, 568}, 1.0, "attendance-320"}, Place{{320, 568}, 2.0, "attendance-320-large-text"},
+        Place{{1280, 800}, 1.0, "attendance-desktop"}}) {
     open(size, scale);
     openCampaign();
     grab(name);
@@ -44,7 +43,8 @@ TEST_F(AttendanceTest, FitsPhonesAndDesktops) {
       const auto* const item = named(shown);
       const auto left = item->mapToScene({0, 0}).x();
       EXPECT_GE(left, 0.0) << name.toStdString() << ": " << shown.toStdString();
-      EXPECT_LE(left + item->width(), size.width() + 0.5) << name.toStdString() << ": " << shown.toStdString();
+      EXPECT_LE(left + item->width(), size.width() + 0.5)
+          << name.toStdString() << ": " << shown.toStdString();
     }
     EXPECT_LE(named(checkIn)->width(), 480.0);
     press(Qt::Key_End);
@@ -91,9 +91,10 @@ TEST_F(AttendanceTest, TheButtonTakesPartAndTheAnswerReplacesThePage) {
 TEST_F(AttendanceTest, AnEarnedRewardLiesOverThePageUntilItIsClosed) {
   openCampaign();
   service_->answers["/attend"] = {
-      200, richAttendancePage(R"(,"reward_message":{"title":"100P 적립!","body":"오늘의 출석 포인트를\n받았어요.",
+      200,
+      richAttendancePage(R"(,"reward_message":{"title":"100P 적립!","body":"오늘의 출석 포인트를\n받았어요.",
                                                 "button_text":"확인"})",
-                          false)};
+                         false)};
   click(checkIn);
   ASSERT_TRUE(waitForNamed(QStringLiteral("확인")));
   grab("attendance-reward");

@@ -25,7 +25,7 @@ class DialogTest : public QuickTest {
   std::shared_ptr<Closed> closed_ = std::make_shared<Closed>();
 };
 
-TEST_F(DialogTest, ARewardClosesByItsIconAndByEscapeButNotBesideTheCard) {
+TEST_F(DialogTest, ARewardClosesByItsIconItsButtonAndEscapeButNotBesideTheCard) {
   host()->present(reward(), false);
   ASSERT_TRUE(waitForNamed(closeText));
   grab("reward-390");
@@ -37,6 +37,13 @@ TEST_F(DialogTest, ARewardClosesByItsIconAndByEscapeButNotBesideTheCard) {
   host()->present(reward(), false);
   press(Qt::Key_Escape);
   EXPECT_EQ(closed_->count, 2);
+  host()->present(reward(), false);
+  settle();
+  const auto button = named(QStringLiteral("포인트 보러 가기"))->mapToScene({20, 20}).toPoint();
+  auto* const finger = QTest::createTouchDevice();
+  QTest::touchEvent(window_, finger).press(0, button);
+  QTest::touchEvent(window_, finger).release(0, button);
+  EXPECT_EQ(closed_->count, 3);
   EXPECT_EQ(named(closeText), nullptr);
 }
 
@@ -68,8 +75,10 @@ TEST_F(DialogTest, DialogsStackAndCloseFromTheTop) {
 }
 
 TEST_F(DialogTest, AResultShowsItsPopUpOnce) {
-  service_->answers["/campaigns/c-1"] = {200, campaignReply(richResultPage(
-      R"(,"pop_up":{"title":"당첨!","label":"축하드려요","image_url":"https://cdn.example/pop-up.png","button_text":"확인"})"))};
+  service_->answers["/campaigns/c-1"] = {
+      200,
+      campaignReply(richResultPage(
+          R"(,"pop_up":{"title":"당첨!","label":"축하드려요","image_url":"https://cdn.example/pop-up.png","button_text":"확인"})"))};
   showCampaign();
   ASSERT_TRUE(waitForNamed(QStringLiteral("당첨!")));
   grab("result-pop-up");

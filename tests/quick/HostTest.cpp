@@ -1,5 +1,5 @@
 #include "QuickTest.h"
-#include "quick/platform/QtMainLoop.h"
+#include "platform/Application.h"
 #include "viewkit/ErrorViewController.h"
 #include "viewkit/base/NavigationController.h"
 
@@ -65,7 +65,10 @@ TEST_F(HostTest, AScreenComesFromBelowAndGoesAgain) {
   EXPECT_EQ(focusName(), "host") << "and takes no input any more";
   EXPECT_TRUE(waitFor([&] { return named(back) == nullptr; }));
   host()->present(screen("다시"), false);
+  ASSERT_NE(named(back), nullptr);
   EXPECT_LT(named(back)->mapToScene({0, 0}).y(), 1.0) << "not animated";
+  press(Qt::Key_Back);
+  EXPECT_EQ(host()->presentedViewController(), nullptr);
 }
 
 TEST_F(HostTest, ACoveredScreenIsNotDrawn) {
@@ -112,6 +115,19 @@ TEST_F(HostTest, ScreensAppearAndDisappearWithTheWindow) {
   EXPECT_FALSE(host()->isVisible()) << "it is covered";
   above->dismiss(false);
   EXPECT_TRUE(host()->isVisible());
+}
+
+TEST_F(HostTest, TheApplicationIsInTheBackgroundWhileNoWindowCanBeSeen) {
+  int times = 0;
+  const auto registration = Platform::current().application->observe(Application::Signal::didEnterBackground,
+                                                                     [&times] { ++times; });
+  QTest::qWait(50);
+  window_->showMinimized();
+  EXPECT_TRUE(waitFor([&] { return times == 1; }));
+  window_->showNormal();
+  QTest::qWait(50);
+  window_->hide();
+  EXPECT_TRUE(waitFor([&] { return times == 2; }));
 }
 
 TEST_F(HostTest, EachWindowHasOneHostOfItsOwn) {

@@ -96,7 +96,8 @@ void QuickTest::open(QSize size, double textScale) {
   QObject::connect(engine_.get(), &QQmlEngine::warnings, [](const QList<QQmlError>& faults) {
     for (const auto& fault : faults) ADD_FAILURE() << fault.toString().toStdString();
   });
-  engine_->setInitialProperties({{"width", size.width()}, {"height", size.height()}, {"textScale", textScale}});
+  engine_->setInitialProperties(
+      {{"width", size.width()}, {"height", size.height()}, {"textScale", textScale}});
   engine_->loadData(R"(
     import QtQuick
     import Orrelo

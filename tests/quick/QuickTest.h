@@ -12,7 +12,6 @@
 #include <QQuickWindow>
 #include <QString>
 #include <QTest>
-
 #include <functional>
 #include <gmock/gmock.h>
 #include <memory>

@@ -34,8 +34,8 @@ class Service final : public URLSession {
   std::vector<std::string> asked;
 
   int timesAsked(const std::string& pathEnd) const {
-    return static_cast<int>(std::count_if(asked.begin(), asked.end(),
-                                          [&](const auto& path) { return path.ends_with(pathEnd); }));
+    return static_cast<int>(
+        std::count_if(asked.begin(), asked.end(), [&](const auto& path) { return path.ends_with(pathEnd); }));
   }
 
   std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) override {
@@ -48,9 +48,10 @@ class Service final : public URLSession {
      private:
       std::function<void()> start_;
     };
-    return std::make_shared<Task>([this, path = std::string(request.url.path()), completion = std::move(completion)] {
-      loop_->post([this, path, completion] { answer(path, completion); });
-    });
+    return std::make_shared<Task>(
+        [this, path = std::string(request.url.path()), completion = std::move(completion)] {
+          loop_->post([this, path, completion] { answer(path, completion); });
+        });
   }
   std::shared_ptr<URLSessionTask> streamingTask(URLRequest request,
                                                 std::shared_ptr<URLSessionDataDelegate> delegate) override {
@@ -65,7 +66,8 @@ class Service final : public URLSession {
   void answer(const std::string& path, const Completion& completion) {
     asked.push_back(path);
     for (const auto& [end, reply] : answers) {
-      if (path.ends_with(end)) return completion({std::nullopt, reply.body, HTTPURLResponse{reply.status, {}}});
+      if (path.ends_with(end))
+        return completion({std::nullopt, reply.body, HTTPURLResponse{reply.status, {}}});
     }
   }
 

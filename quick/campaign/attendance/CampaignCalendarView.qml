@@ -8,7 +8,7 @@ Rectangle {
     required property CampaignCalendarBridge model
     readonly property real padding: width < 320 ? 12 : 16
     readonly property real cellWidth: (width - 2 * padding) / model.columnCount
-    readonly property real cellHeight: Math.min(cellWidth, 48)
+    readonly property real cellHeight: Math.min(cellWidth * 1.15, 48)
 
     implicitHeight: column.height + 2 * padding + 8
     color: "white"
