@@ -13,17 +13,17 @@ namespace orrelo::test {
 using Json = nlohmann::ordered_json;
 
 /// A reply of the service from the folder of test data.
-inline std::string campaignReply(const std::string& name) {
+inline std::string storedReply(const std::string& name) {
   std::ifstream file(std::string(ORRELO_TEST_DATA) + "/" + name);
   EXPECT_TRUE(file) << name;
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
 inline Json attendanceJson() {
-  return Json::parse(campaignReply("list.json"))[0];
+  return Json::parse(storedReply("list.json"))[0];
 }
 inline Json resultJson() {
-  return Json::parse(campaignReply("list.json"))[1];
+  return Json::parse(storedReply("list.json"))[1];
 }
 inline Json unknownJson(const std::string& id = "c-new") {
   return {{"id", id},

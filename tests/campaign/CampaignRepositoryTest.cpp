@@ -41,7 +41,7 @@ TEST_F(CampaignRepositoryTest, FetchesTheListInTheServicesOrderAndForgetsTheOthe
         R"({"campaignId":"c-result-7","popUpDialogIsShown":true},)"
         R"({"campaignId":"c-attendance-11","popUpDialogIsShown":false},)"
         R"({"campaignId":"c-result-7","popUpDialogIsShown":false}])");
-  lay(campaignReply("list.json"));
+  lay(storedReply("list.json"));
   const auto heard = listen(fetchAll_.fetch("user-1"));
   expectRequest("https://api.example/sdk/app/campaigns");
   ASSERT_EQ(heard->elements.size(), 1U);
@@ -59,7 +59,7 @@ TEST_F(CampaignRepositoryTest, AListThatFailsForgetsNothing) {
   store(before);
   lay("[]", 500);
   EXPECT_EQ(listen(fetchAll_.fetch("user-1"))->end, "NetworkError.invalidHttpStatusCode");
-  lay(campaignReply("list.json").substr(0, 900));
+  lay(storedReply("list.json").substr(0, 900));
   EXPECT_THAT(listen(fetchAll_.fetch("user-1"))->end, testing::StartsWith("DecodingError.dataCorrupted"));
   platform_.session->lay(ScriptedURLSession::failure(URLError::timedOut));
   EXPECT_THAT(listen(fetchAll_.fetch("user-1"))->end, testing::StartsWith("URLError.timedOut"));
@@ -68,12 +68,12 @@ TEST_F(CampaignRepositoryTest, AListThatFailsForgetsNothing) {
 
 TEST_F(CampaignRepositoryTest, ParticipationCallsThePathAsItStandsAndKeepsWhoseItIs) {
   const auto before = mapped(attendanceJson());
-  lay(campaignReply("participation.json"));
+  lay(storedReply("participation.json"));
   const auto heard = listen(participate_->participate(before, "/anything//at/all%20", "user-1"));
   expectRequest("https://api.example/sdk/app/anything//at/all%20");
   ASSERT_EQ(heard->elements.size(), 1U);
   auto whole = attendanceJson();
-  whole["page"] = Json::parse(campaignReply("participation.json"));
+  whole["page"] = Json::parse(storedReply("participation.json"));
   EXPECT_EQ(heard->elements[0], mapped(whole));
   EXPECT_EQ(heard->elements[0].title, std::nullopt);
 

@@ -154,9 +154,9 @@ TEST_F(CampaignViewModelTest, ParticipationReplacesThePageOfTheCampaignShown) {
   answer(attendanceJson());
   participate("/campaigns/c-attendance-11/attend");
   EXPECT_EQ(paths().back(), "/sdk/app/campaigns/c-attendance-11/attend");
-  answer(Json::parse(campaignReply("participation.json")));
+  answer(Json::parse(storedReply("participation.json")));
   auto whole = attendanceJson();
-  whole["page"] = Json::parse(campaignReply("participation.json"));
+  whole["page"] = Json::parse(storedReply("participation.json"));
   ASSERT_EQ(campaigns_->elements.size(), 2U);
   EXPECT_EQ(campaigns_->elements[1], branded(mapped(whole)));
   EXPECT_THAT(loading_->elements, ElementsAre(false, true, false, true, false));
@@ -229,7 +229,7 @@ TEST_F(CampaignViewModelTest, TheDialogsFlagOutlivesTheScreenWhileItsCampaignIsL
   viewModel_->saveCampaignStateUseCase().save("c-result-7", true);
   appear();
   load(ORLCampaignType::attendance);
-  answer(Json::parse(campaignReply("list.json")));
+  answer(Json::parse(storedReply("list.json")));
   EXPECT_THAT(viewModel_->fetchCampaignStateUseCase().fetch(),
               ElementsAre(CampaignState{"c-result-7", true}));
   load(ORLCampaignType::attendance);

@@ -21,7 +21,7 @@ bool isUnknown(const CampaignDTO& dto) {
 }
 
 TEST(CampaignWireTest, EveryFieldOfAReplyArrives) {
-  const auto list = decodedList(campaignReply("list.json"));
+  const auto list = decodedList(storedReply("list.json"));
   ASSERT_EQ(list.size(), 2U);
   EXPECT_EQ(list[0].id, "c-attendance-11");
   EXPECT_EQ(list[0].label, "출석체크");
@@ -262,7 +262,7 @@ class PresenceTest : public testing::TestWithParam<int> {
     }
   }
 
-  Json campaign_ = Json::parse(campaignReply("list.json"))[static_cast<std::size_t>(GetParam())];
+  Json campaign_ = Json::parse(storedReply("list.json"))[static_cast<std::size_t>(GetParam())];
   CampaignDTO whole_ = CampaignDTO::decode(campaign_.dump());
 };
 
@@ -300,7 +300,7 @@ TEST_P(PresenceTest, DetailFieldsFailTheirPageAtMost) {
 }
 
 TEST_P(PresenceTest, OneBadOuterFieldFailsAListAndABadPageDoesNot) {
-  auto list = Json::parse(campaignReply("list.json"));
+  auto list = Json::parse(storedReply("list.json"));
   auto& campaign = list[static_cast<std::size_t>(GetParam())];
   campaign["page"]["page_detail"].erase("notice");
   const auto survivors = decodedList(list.dump());
@@ -315,7 +315,7 @@ INSTANTIATE_TEST_SUITE_P(Replies, PresenceTest, testing::Values(0, 1),
                          [](const auto& run) { return run.param == 0 ? "attendance" : "result"; });
 
 TEST(CampaignWireTest, BodiesOfAnotherShapeFail) {
-  const auto list = campaignReply("list.json");
+  const auto list = storedReply("list.json");
   for (const auto& body : {std::string(), std::string("{}"), std::string("null"), std::string("[[]]"),
                            std::string("[null]"), list.substr(0, list.size() / 2), "\xFF" + list}) {
     EXPECT_THROW(decodedList(body), Error) << body.substr(0, 20);
@@ -327,7 +327,7 @@ TEST(CampaignWireTest, BodiesOfAnotherShapeFail) {
 }
 
 TEST(CampaignWireTest, ParticipationAnswersWithAPageAlone) {
-  const auto page = CampaignDTO::PageResponse::decode(campaignReply("participation.json"));
+  const auto page = CampaignDTO::PageResponse::decode(storedReply("participation.json"));
   EXPECT_EQ(page.pageDetail.toolbarText, std::nullopt);
   const auto& detail = std::get<AttendanceCampaignPageDetailDTO>(page.pageDetail.kind);
   EXPECT_FALSE(detail.buttonEnable);
