@@ -8,5 +8,6 @@ void addDrain();
 void addInitialize();
 void addChain();
 void addImage();
+void addCampaign();
 
 }  // namespace orrelo::bench

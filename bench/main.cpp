@@ -7,6 +7,7 @@
 int main(int argumentCount, char** arguments) {
   using namespace orrelo::bench;
   addChain();
+  addCampaign();
   addInitialize();
   addSave();
   addDrain();

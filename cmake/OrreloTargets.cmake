@@ -12,6 +12,9 @@ if(ORRELO_SANITIZE)
     -fno-sanitize-recover=all)
   target_link_options(orrelo_options INTERFACE -fsanitize=${ORRELO_SANITIZE})
 endif()
+if(ORRELO_FUZZ)
+  target_compile_options(orrelo_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # orrelo_subsystem(<name> SOURCES <file>... [USES <subsystem>...] [LINKS <library>...])
 #

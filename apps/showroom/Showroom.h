@@ -9,7 +9,8 @@
 
 namespace orrelo::showroom {
 
-/// What the showroom's page can do: a shop's application that has the kit, with a campaign service of its own.
+/// What the showroom's page can do: a shop's application that has the kit, with a campaign service of its
+/// own.
 class Showroom final : public QObject {
   Q_OBJECT
   Q_PROPERTY(QString user READ user NOTIFY userChanged)

@@ -93,7 +93,8 @@ void Tour::signedOut() {
   click(QStringLiteral("출석체크 열기"));
   await(QStringLiteral("로그인 후 다시 시도해 주세요."));
   picture(QStringLiteral("A campaign without a user asks to sign in"));
-  require(showroom_.service().requestCount("/campaigns/attendance") == 0, QStringLiteral("the service was asked"));
+  require(showroom_.service().requestCount("/campaigns/attendance") == 0,
+          QStringLiteral("the service was asked"));
   close();
   click(QStringLiteral("민지로 로그인"));
   click(QStringLiteral("구매하기"));
@@ -104,7 +105,8 @@ void Tour::attendance() {
   click(QStringLiteral("출석체크 열기"));
   await(checkInButton);
   const auto before = picture(QStringLiteral("The attendance campaign before the check-in"));
-  require(share(before, QColor(0x5B, 0x50, 0xE8)) > 0.02, QStringLiteral("the campaign's colour is not there"));
+  require(share(before, QColor(0x5B, 0x50, 0xE8)) > 0.02,
+          QStringLiteral("the campaign's colour is not there"));
   click(guide);
   await(tooltip);
   picture(QStringLiteral("What the guide explains"));

@@ -39,8 +39,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   const QTemporaryDir temporary;
-  const auto folder = isTour ? temporary.path()
-                             : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+  const auto folder =
+      isTour ? temporary.path() : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
   try {
     Showroom showroom(folder.toStdString());
     QQmlApplicationEngine engine;

@@ -1,17 +1,30 @@
 #include "campaign/CampaignDTO.h"
 
 namespace orrelo {
+namespace {
+
+// A new parser's memory costs more than the reading of a usual reply: each thread keeps one for those.
+// `read` must not read another one meanwhile.
+template <class Read>
+auto readDocument(std::string_view json, Read read) {
+  constexpr std::size_t usualSize = std::size_t{256} * 1024;
+  if (json.size() > usualSize) {
+    JsonParser parser;
+    return read(parser.parse(json));
+  }
+  thread_local JsonParser parser(usualSize);
+  return read(parser.parse(json));
+}
+
+}  // namespace
 
 CampaignDTO::PageResponse CampaignDTO::PageResponse::decode(const JsonObject& json) {
-  auto type = json.text("page_type");
-  auto id = json.text("page_id");
-  auto detail = PageDetailDTO::decode(type, json);
-  return {std::move(type), std::move(id), std::move(detail)};
+  const auto type = json.text("page_type");
+  return {type, json.text("page_id"), PageDetailDTO::decode(type, json)};
 }
 
 CampaignDTO::PageResponse CampaignDTO::PageResponse::decode(std::string_view json) {
-  JsonParser parser;
-  return decode(parser.parse(json).objectValue());
+  return readDocument(json, [](const JsonValue& body) { return decode(body.objectValue()); });
 }
 
 CampaignDTO CampaignDTO::decode(const JsonObject& json) {
@@ -20,17 +33,13 @@ CampaignDTO CampaignDTO::decode(const JsonObject& json) {
 }
 
 CampaignDTO CampaignDTO::decode(std::string_view json) {
-  JsonParser parser;
-  return decode(parser.parse(json).objectValue());
+  return readDocument(json, [](const JsonValue& campaign) { return decode(campaign.objectValue()); });
 }
 
-std::vector<CampaignDTO> CampaignDTO::decodeList(std::string_view json) {
-  JsonParser parser;
-  const auto array = parser.parse(json).arrayValue();
-  std::vector<CampaignDTO> campaigns;
-  campaigns.reserve(array.size());
-  array.forEach([&](const JsonValue& row) { campaigns.push_back(decode(row.objectValue())); });
-  return campaigns;
+void CampaignDTO::decodeList(std::string_view json, const std::function<void(CampaignDTO&&)>& visit) {
+  readDocument(json, [&visit](const JsonValue& list) {
+    list.arrayValue().forEach([&visit](const JsonValue& row) { visit(decode(row.objectValue())); });
+  });
 }
 
 }  // namespace orrelo

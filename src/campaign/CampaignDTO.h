@@ -3,9 +3,9 @@
 #include "campaign/PageDetailDTO.h"
 #include "core/base/Json.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace orrelo {
 
@@ -34,7 +34,8 @@ struct CampaignDTO {
   /// Throw a DecodingError.
   static CampaignDTO decode(std::string_view json);
   static CampaignDTO decode(const JsonObject& json);
-  static std::vector<CampaignDTO> decodeList(std::string_view json);
+  /// Visits each campaign of a list, in its order. It throws where it comes to one that cannot be read.
+  static void decodeList(std::string_view json, const std::function<void(CampaignDTO&&)>& visit);
 
   friend bool operator==(const CampaignDTO&, const CampaignDTO&) = default;
 };

@@ -84,7 +84,8 @@ reactive::Observable<std::vector<Campaign>> CampaignRemoteDataSource::fetchAll(
     const std::string& userId) const {
   return get("/campaigns", userId).map([mapper = mapper](const HTTPReply& reply) {
     std::vector<Campaign> campaigns;
-    for (auto& dto : CampaignDTO::decodeList(reply.data)) campaigns.push_back(mapper.map(std::move(dto)));
+    CampaignDTO::decodeList(reply.data,
+                            [&](CampaignDTO&& dto) { campaigns.push_back(mapper.map(std::move(dto))); });
     return campaigns;
   });
 }

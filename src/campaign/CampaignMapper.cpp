@@ -14,15 +14,15 @@ std::vector<CalendarDate> datesOf(const std::vector<std::string>& texts) {
   return dates;
 }
 
-CampaignRewardMessage rewardMessageOf(RewardMessageDTO dto) {
+CampaignRewardMessage rewardMessageOf(RewardMessageDTO&& dto) {
   return {std::move(dto.title), std::move(dto.body), std::move(dto.buttonText)};
 }
 
-CampaignPopUpDialog popUpDialogOf(PopUpDialogDTO dto) {
+CampaignPopUpDialog popUpDialogOf(PopUpDialogDTO&& dto) {
   return {std::move(dto.title), std::move(dto.label), std::move(dto.imageUrl), std::move(dto.buttonText)};
 }
 
-AttendanceCampaign attendanceOf(AttendanceCampaignPageDetailDTO dto) {
+AttendanceCampaign attendanceOf(AttendanceCampaignPageDetailDTO&& dto) {
   AttendanceCampaign campaign{
       .campaignInfo = {std::move(dto.firstTitle), std::move(dto.secondTitle), std::move(dto.guideMessage),
                        std::move(dto.imageUrl)},
@@ -43,7 +43,7 @@ AttendanceCampaign attendanceOf(AttendanceCampaignPageDetailDTO dto) {
 }
 
 // The name and the label are the campaign's, not the page's.
-CampaignResult resultOf(CampaignResultPageDTO dto, const Campaign& campaign) {
+CampaignResult resultOf(CampaignResultPageDTO&& dto, const Campaign& campaign) {
   CampaignResult result{campaign.name,       campaign.label,          std::move(dto.imageUrl),
                         std::move(dto.body), {std::move(dto.notice)}, std::nullopt};
   if (dto.popUpDialog) result.popUpDialog = popUpDialogOf(*std::move(dto.popUpDialog));
@@ -72,7 +72,7 @@ struct TypeOf {
 
 }  // namespace
 
-Campaign CampaignMapper::map(CampaignDTO dto) const {
+Campaign CampaignMapper::map(CampaignDTO&& dto) const {
   auto& detail = dto.page.pageDetail;
   Campaign campaign{std::move(dto.id), std::move(dto.label), std::move(dto.name), std::move(dto.iconUrl),
                     std::move(detail.toolbarText)};

@@ -9,7 +9,7 @@ namespace orrelo {
 /// unknown campaign.
 class CampaignMapper {
  public:
-  Campaign map(CampaignDTO dto) const;
+  Campaign map(CampaignDTO&& dto) const;
 };
 
 }  // namespace orrelo

@@ -24,16 +24,6 @@ reactive::Observable<T> failure(OrreloError error) {
   return reactive::error<T>(makeError(error));
 }
 
-// Before anything of the stream can run, on whichever scheduler that begins.
-template <class T, class Effect>
-reactive::Observable<T> onSubscribe(const reactive::Observable<T>& stream, Effect effect) {
-  return reactive::makeSource<T>(
-      [stream, effect](reactive::ObserverPtr<T> observer, const reactive::StartOn& startOn) {
-        effect();
-        stream.subscribe(std::move(observer), startOn);
-      });
-}
-
 }  // namespace
 
 std::shared_ptr<CampaignViewModelImpl> CampaignViewModelImpl::create(CampaignUseCases useCases) {
@@ -55,10 +45,11 @@ CampaignViewModel::Output CampaignViewModelImpl::transform(
     const Triggers<std::string>& participateTrigger) {
   using Trigger = CampaignTrigger<std::string>;
   const reactive::BehaviorSubject<bool> isLoading(false);
-  const auto begins = [isLoading](const Trigger&) { isLoading.onNext(true); };
+  const auto begins = [isLoading](const auto&) { isLoading.onNext(true); };
   const auto ends = [isLoading] { isLoading.onNext(false); };
 
-  const auto byType = loadTriggerByCampaignType.flatMap(step(&CampaignViewModelImpl::lookUp));
+  const auto byType =
+      loadTriggerByCampaignType.doOn({.onNext = begins}).flatMap(step(&CampaignViewModelImpl::lookUp));
   const auto loads = reactive::merge<Trigger>({loadTriggerByCampaignId, byType})
                          .doOn({.onNext = begins})
                          .flatMap(step(&CampaignViewModelImpl::load));
@@ -73,8 +64,7 @@ CampaignViewModel::Output CampaignViewModelImpl::transform(
                                         },
                                     .onError = [ends](const Error&) { ends(); },
                                     .onCompleted = ends});
-  return {onSubscribe(campaigns, [isLoading] { isLoading.onNext(true); }),
-          isLoading.asObservable().distinctUntilChanged()};
+  return {campaigns, isLoading.asObservable().distinctUntilChanged()};
 }
 
 CampaignViewModelImpl::Stream<CampaignTrigger<std::string>> CampaignViewModelImpl::lookUp(

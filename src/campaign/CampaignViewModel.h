@@ -55,7 +55,7 @@ class CampaignViewModel {
     /// `campaignNotExists` or what the network, the service or the store's lookup raised. Nothing that comes
     /// after that has an effect, so that the user leaves the screen to try again.
     reactive::Observable<BrandedCampaign> campaign;
-    /// Without repeats; true from the subscription to `campaign` on until its first element or its end.
+    /// Without repeats; true from each trigger on until the next element or the end.
     reactive::Observable<bool> isLoading;
   };
 

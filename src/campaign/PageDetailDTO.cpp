@@ -10,8 +10,7 @@ constexpr auto fixedTitle = "이벤트";
 template <class Detail>
 PageDetailDTO decodeAs(const JsonObject& page) {
   const auto json = page.object("page_detail");
-  auto detail = Detail::decode(json);
-  return {std::move(detail), json.optionalText("toolbar_text")};
+  return {Detail::decode(json), json.optionalText("toolbar_text")};
 }
 
 PageDetailDTO unknown() {

@@ -33,7 +33,7 @@ class Cache : public std::enable_shared_from_this<Cache<T>> {
                                        std::shared_ptr<DataConvertible<T>> convertible,
                                        const Platform& platform,
                                        std::size_t memoryBudget = MemoryCache::defaultBudget) {
-    const std::shared_ptr<Cache> cache(new Cache(name, std::move(convertible), platform, memoryBudget));
+    std::shared_ptr<Cache> cache(new Cache(name, std::move(convertible), platform, memoryBudget));
     cache->observe(*platform.application);
     return cache;
   }

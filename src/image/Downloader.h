@@ -133,7 +133,7 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
     download->onCancelled_ = [weak, downloader = this->weak_from_this()] {
       if (const auto self = downloader.lock()) self->forget(weak.lock());
     };
-    const DownloadTask<T> task{download, *download->addCompletion(std::move(completion))};
+    DownloadTask<T> task{download, *download->addCompletion(std::move(completion))};
     entry = download;
     lock.unlock();
     download->task_->resume();

@@ -1,23 +1,31 @@
 #include "campaign/attendance/CalendarDate.h"
 
-#include "core/base/DateFormat.h"
-
-#include <charconv>
+#include <algorithm>
+#include <date/date.h>
 
 namespace orrelo {
+namespace {
 
+int numberOf(std::string_view digits) {
+  int number = 0;
+  for (const char c : digits) number = number * 10 + (c - '0');
+  return number;
+}
+
+}  // namespace
+
+// By hand, as a list of campaigns holds some hundred of them.
 CalendarDate CalendarDate::parse(std::string_view text) {
-  if (!parseDate(text, "yyyy-MM-dd")) return {};
-  const auto next = [&text] {
-    const auto part = text.substr(0, text.find('-'));
-    text.remove_prefix(part.size() < text.size() ? part.size() + 1 : part.size());
-    int number = 0;
-    std::from_chars(part.data(), part.data() + part.size(), number);
-    return number;
-  };
-  const int year = next();
-  const int month = next();
-  return {year, month, next()};
+  if (text.size() != 10 || text[4] != '-' || text[7] != '-') return {};
+  const auto year = text.substr(0, 4);
+  const auto month = text.substr(5, 2);
+  const auto day = text.substr(8, 2);
+  for (const auto part : {year, month, day}) {
+    if (!std::all_of(part.begin(), part.end(), [](char c) { return c >= '0' && c <= '9'; })) return {};
+  }
+  const CalendarDate parsed{numberOf(year), numberOf(month), numberOf(day)};
+  const auto real = date::year(parsed.year) / parsed.month / parsed.day;
+  return real.ok() ? parsed : CalendarDate();
 }
 
 }  // namespace orrelo

@@ -1,0 +1,210 @@
+#include "CampaignReplies.h"
+#include "campaign/attendance/CalendarCellViewState.h"
+#include "network/RFC3339DateParser.h"
+#include "support/TestPlatform.h"
+
+#include <algorithm>
+#include <date/date.h>
+#include <gmock/gmock.h>
+#include <stdlib.h>
+#include <time.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// One line a cell: "(일)", "~30" for a neighbouring month's day, "3", and marks for what else it is.
+struct CellText {
+  static std::string icon(const std::optional<std::string>& url) { return url.value_or("none"); }
+  static std::string number(const CalendarDate& date) { return std::to_string(date.day); }
+
+  std::string operator()(const CalendarCell::Header& cell) const { return "(" + cell.text + ")"; }
+  std::string operator()(const CalendarCell::Deemed& cell) const { return "~" + number(cell.date); }
+  std::string operator()(const CalendarCell::Normal& cell) const { return number(cell.date); }
+  std::string operator()(const CalendarCell::Today& cell) const { return number(cell.date) + " today"; }
+  std::string operator()(const CalendarCell::TodayHighlight& cell) const {
+    return number(cell.date) + " today filled";
+  }
+  std::string operator()(const CalendarCell::TodayHighlightWithIcon& cell) const {
+    return "today filled " + icon(cell.iconUrl);
+  }
+  std::string operator()(const CalendarCell::TodayStrokeHighlightWithIcon& cell) const {
+    return "today stroke " + icon(cell.iconUrl);
+  }
+  std::string operator()(const CalendarCell::Highlight& cell) const { return number(cell.date) + " filled"; }
+  std::string operator()(const CalendarCell::HighlightWithIcon& cell) const {
+    return "filled " + icon(cell.iconUrl);
+  }
+  std::string operator()(const CalendarCell::StrokeHighlightWithIcon& cell) const {
+    return "stroke " + icon(cell.iconUrl);
+  }
+};
+
+CampaignCalendar calendarOf(const CalendarDate& today, std::vector<CalendarDate> primary = {},
+                            std::vector<CalendarDate> secondary = {}) {
+  CampaignCalendar calendar;
+  calendar.today = today;
+  calendar.primaryHighlightDates = std::move(primary);
+  calendar.secondaryHighlightDates = std::move(secondary);
+  return calendar;
+}
+
+class CampaignCalendarTest : public testing::Test {
+ protected:
+  CampaignCalendarTest() { deviceAt("2026-02-10T03:00:00Z", "Asia/Seoul"); }
+  ~CampaignCalendarTest() override {
+    kept_ ? setenv("TZ", kept_->c_str(), 1) : unsetenv("TZ");
+    tzset();
+  }
+
+  void deviceAt(const std::string& time, const char* zone) {
+    setenv("TZ", zone, 1);
+    tzset();
+    platform_.clock->setNow(*RFC3339DateParser::parse(time));
+  }
+  static std::vector<std::string> cells(const CampaignCalendar& calendar) {
+    std::vector<std::string> texts;
+    for (const auto& cell : cellViewState(calendar)) texts.push_back(std::visit(CellText(), cell));
+    return texts;
+  }
+  static int year() { return CampaignCalendar().monthDays(6).front().year; }
+
+  TestPlatform platform_;
+
+ private:
+  std::optional<std::string> kept_ =
+      getenv("TZ") != nullptr ? std::optional<std::string>(getenv("TZ")) : std::nullopt;
+};
+
+TEST(CalendarDateTest, OnlyRealDaysOfExactWidthAreRead) {
+  EXPECT_EQ(CalendarDate::parse("2026-11-21"), day(2026, 11, 21));
+  EXPECT_EQ(CalendarDate::parse("2024-02-29"), day(2024, 2, 29));
+  EXPECT_EQ(CalendarDate::parse("2000-02-29"), day(2000, 2, 29));
+  for (const auto* const text : {"",
+                                 "-",
+                                 "--",
+                                 "2026-13-01",
+                                 "2026-00-01",
+                                 "2026-11-00",
+                                 "2026-11-31",
+                                 "2023-02-29",
+                                 "1900-02-29",
+                                 "2026-1-01",
+                                 "2026-11-1",
+                                 "26-11-01",
+                                 "2026/11/21",
+                                 "2026-11-21 ",
+                                 " 2026-11-21",
+                                 "2026-11-21T00:00:00",
+                                 "-2026-11-21",
+                                 "2026-11--1",
+                                 "2026-+1-01",
+                                 "２０２６-11-21",
+                                 "오늘"}) {
+    EXPECT_EQ(CalendarDate::parse(text), CalendarDate()) << text;
+  }
+}
+
+TEST_F(CampaignCalendarTest, AFebruaryThatBeginsOnSundayIsFourRows) {
+  const auto calendar = calendarOf({2026, 2, 10});
+  EXPECT_THAT(calendar.previousMonthTail(2), IsEmpty());
+  EXPECT_THAT(calendar.nextMonthHead(2), IsEmpty());
+  std::vector<std::string> expected{"(일)", "(월)", "(화)", "(수)", "(목)", "(금)", "(토)"};
+  for (int i = 1; i <= 28; ++i) expected.push_back(std::to_string(i) + (i == 10 ? " today" : ""));
+  EXPECT_EQ(cells(calendar), expected);
+}
+
+TEST_F(CampaignCalendarTest, DecemberLeadsIntoTheNextYearAndJanuaryOutOfTheLast) {
+  const CampaignCalendar calendar;
+  EXPECT_THAT(calendar.previousMonthTail(12), ElementsAre(day(2026, 11, 29), day(2026, 11, 30)));
+  EXPECT_THAT(calendar.nextMonthHead(12), ElementsAre(day(2027, 1, 1), day(2027, 1, 2)));
+  EXPECT_THAT(calendar.previousMonthTail(1),
+              ElementsAre(day(2025, 12, 28), day(2025, 12, 29), day(2025, 12, 30), day(2025, 12, 31)));
+  EXPECT_THAT(calendar.nextMonthHead(1), IsEmpty());
+}
+
+TEST_F(CampaignCalendarTest, EveryMonthIsConsecutiveDaysInWholeWeeksFromASunday) {
+  using date::sys_days;
+  const auto dayOf = [](const CalendarDate& each) {
+    return sys_days(date::year(each.year) / static_cast<int>(each.month) / static_cast<int>(each.day));
+  };
+  for (int year = 1999; year <= 2032; ++year) {
+    deviceAt(std::to_string(year) + "-12-31T14:59:59Z", "Asia/Seoul");
+    for (int month = 1; month <= 12; ++month) {
+      const CampaignCalendar calendar;
+      const auto days = calendar.monthDays(month);
+      auto all = calendar.previousMonthTail(month);
+      const auto tail = all.size();
+      all.insert(all.end(), days.begin(), days.end());
+      const auto head = calendar.nextMonthHead(month);
+      all.insert(all.end(), head.begin(), head.end());
+      SCOPED_TRACE(std::to_string(year) + "-" + std::to_string(month));
+      ASSERT_EQ(days.front(), day(year, month, 1));
+      EXPECT_LT(tail, 7U);
+      EXPECT_LT(head.size(), 7U);
+      EXPECT_EQ(all.size() % 7, 0U);
+      EXPECT_EQ(date::weekday(dayOf(all.front())), date::Sunday);
+      for (std::size_t i = 1; i < all.size(); ++i) {
+        ASSERT_EQ(dayOf(all[i]) - dayOf(all[i - 1]), date::days(1));
+      }
+      EXPECT_EQ(dayOf(days.back()) + date::days(1),
+                sys_days((date::year(year) / month + date::months(1)) / 1));
+    }
+  }
+}
+
+TEST_F(CampaignCalendarTest, ADayIsOneOfEightByWhatHolds) {
+  auto calendar =
+      calendarOf({2026, 2, 3}, {day(2026, 2, 1), day(2026, 2, 5)}, {day(2026, 2, 5), day(2026, 2, 6)});
+  calendar.highlightIconUrl = "icon";
+  const auto dayCell = [&](int number) { return cells(calendar)[static_cast<std::size_t>(6 + number)]; };
+  EXPECT_EQ(dayCell(2), "2");
+  EXPECT_EQ(dayCell(1), "1 filled");
+  EXPECT_EQ(dayCell(3), "3 today");
+  EXPECT_EQ(dayCell(5), "filled icon");
+  EXPECT_EQ(dayCell(6), "stroke icon");
+  calendar.today.day = 1;
+  EXPECT_EQ(dayCell(1), "1 today filled");
+  calendar.today.day = 5;
+  EXPECT_EQ(dayCell(5), "today filled icon");
+  calendar.today.day = 6;
+  EXPECT_EQ(dayCell(6), "today stroke icon");
+  calendar.highlightIconUrl.reset();
+  EXPECT_EQ(dayCell(6), "today stroke none");
+  EXPECT_EQ(dayCell(5), "filled none");
+}
+
+TEST_F(CampaignCalendarTest, TheYearIsTheDevicesInItsZoneUpToMidnight) {
+  deviceAt("2025-12-31T14:59:59Z", "Asia/Seoul");
+  EXPECT_EQ(year(), 2025);
+  deviceAt("2025-12-31T15:00:00Z", "Asia/Seoul");
+  EXPECT_EQ(year(), 2026);
+  deviceAt("2026-01-01T04:59:59Z", "America/New_York");
+  EXPECT_EQ(year(), 2025);
+  deviceAt("2026-01-01T05:00:00Z", "America/New_York");
+  EXPECT_EQ(year(), 2026);
+  // Summer time over the turn of the year: +13 in place of +12.
+  deviceAt("2025-12-31T11:00:00Z", "Pacific/Auckland");
+  EXPECT_EQ(year(), 2026);
+  // A day that begins at one o'clock, as midnight is skipped.
+  deviceAt("2018-11-04T03:00:00Z", "America/Sao_Paulo");
+  EXPECT_EQ(CampaignCalendar().monthDays(11).size(), 30U);
+}
+
+TEST_F(CampaignCalendarTest, AnotherYearMeetsNoCell) {
+  const auto calendar = calendarOf({2025, 2, 3}, {day(2025, 2, 1)}, {day(2025, 2, 2)});
+  const auto grid = cells(calendar);
+  EXPECT_EQ(grid.size(), 35U);
+  EXPECT_THAT(std::vector(grid.begin() + 7, grid.begin() + 10), ElementsAre("1", "2", "3"));
+}
+
+TEST_F(CampaignCalendarTest, ADayThatIsNoneDrawsTheHeadersAlone) {
+  for (const int month : {0, -1, 13, 1'000'000}) {
+    EXPECT_EQ(cells(calendarOf({2026, month, 1}, {CalendarDate()})).size(), 7U) << month;
+  }
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "CampaignReplies.h"
+#include "campaign/CampaignViewModel.h"
+#include "reactive/Observable.h"
+#include "support/TestPlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace orrelo::test {
+
+/// What a stream has said, for as long as somebody wants to know.
+template <class T>
+struct Heard {
+  Heard() = default;
+  Heard(const Heard&) = delete;
+  ~Heard() { subscription.dispose(); }
+
+  std::vector<T> elements;
+  /// "done", the error's description, or "" while it runs.
+  std::string end;
+  reactive::Disposable subscription;
+};
+
+/// The data side of campaigns on a scripted network.
+class CampaignFixture : public testing::Test {
+ protected:
+  template <class T>
+  static std::shared_ptr<Heard<T>> listenLater(const reactive::Observable<T>& stream) {
+    auto heard = std::make_shared<Heard<T>>();
+    heard->subscription = stream.subscribe(
+        {.onNext = [to = heard.get()](const T& element) { to->elements.push_back(element); },
+         .onError = [to = heard.get()](const Error& error) { to->end = error.description(); },
+         .onCompleted = [to = heard.get()] { to->end = "done"; }});
+    return heard;
+  }
+  /// With what that sets off.
+  template <class T>
+  std::shared_ptr<Heard<T>> listen(const reactive::Observable<T>& stream) {
+    auto heard = listenLater(stream);
+    platform_.loop->run();
+    return heard;
+  }
+
+  reactive::SchedulerPtr scheduler(QualityOfService qos = QualityOfService::standard) const {
+    return std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(qos);
+  }
+  void lay(const std::string& body, int status = 200) {
+    platform_.session->lay(ScriptedURLSession::reply(status, body));
+  }
+  const std::vector<URLRequest>& requests() const { return platform_.session->requests; }
+  void store(const std::string& json) {
+    const auto* const bytes = reinterpret_cast<const std::byte*>(json.data());
+    suite_->set("orrelo_live_campaign_state_array", DefaultsData(bytes, bytes + json.size()));
+  }
+  std::string stored() const {
+    const auto data = suite_->data("orrelo_live_campaign_state_array");
+    return data ? std::string(reinterpret_cast<const char*>(data->data()), data->size()) : "(nothing)";
+  }
+
+  TestPlatform platform_;
+  std::shared_ptr<UserDefaults> suite_ = platform_.defaults->suite("app");
+  NetworkConfig networkConfig_{"https://api.example/sdk/app", {{"Kelso-UUID", "u"}, {"buid", "nobody"}}};
+  std::shared_ptr<HTTPClient> client_ = std::make_shared<HTTPClientImpl>();
+  std::shared_ptr<CampaignRepository> repository_ = std::make_shared<CampaignRepositoryImpl>(
+      CampaignRemoteDataSource(networkConfig_, client_, scheduler()), CampaignLocalDataSource(suite_));
+  std::shared_ptr<ParticipateCampaignUseCaseImpl> participate_ =
+      std::make_shared<ParticipateCampaignUseCaseImpl>(networkConfig_, client_, scheduler());
+};
+
+}  // namespace orrelo::test

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "campaign/CampaignMapper.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+namespace orrelo::test {
+
+using Json = nlohmann::ordered_json;
+
+/// A reply of the service from the folder of test data.
+inline std::string storedReply(const std::string& name) {
+  std::ifstream file(std::string(ORRELO_TEST_DATA) + "/" + name);
+  EXPECT_TRUE(file) << name;
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline Json attendanceJson() {
+  return Json::parse(storedReply("list.json"))[0];
+}
+inline Json resultJson() {
+  return Json::parse(storedReply("list.json"))[1];
+}
+inline Json unknownJson(const std::string& id = "c-new") {
+  return {{"id", id},
+          {"label", "새로운"},
+          {"name", "새 캠페인"},
+          {"icon", "i"},
+          {"page", {{"page_type", "hologram"}, {"page_id", "p"}}}};
+}
+
+inline Campaign mapped(const Json& json) {
+  return CampaignMapper().map(CampaignDTO::decode(json.dump()));
+}
+inline std::vector<CampaignDTO> decodedList(const std::string& json) {
+  std::vector<CampaignDTO> list;
+  CampaignDTO::decodeList(json, [&](CampaignDTO&& dto) { list.push_back(std::move(dto)); });
+  return list;
+}
+inline CalendarDate day(int year, int month, int number) {
+  return {year, month, number};
+}
+
+}  // namespace orrelo::test

@@ -1,0 +1,242 @@
+#include "CampaignFixture.h"
+#include "core/base/ErrorText.h"
+#include "core/model/Delegates.h"
+#include "reactive/Subjects.h"
+#include "support/ServiceReplies.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Visits final : public ORLUserEventDelegate {
+ public:
+  void userEventDidOccur(const ORLUserEvent& event) override { events.push_back(event); }
+  std::vector<ORLUserEvent> events;
+};
+
+// Asked for each time, never from memory, so that every path is on the scripted network.
+class AskingConfig final : public FetchConfigUseCase {
+ public:
+  reactive::Observable<Config> fetch() override {
+    auto config = Config::defaults();
+    config.brandTheme = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+    config.appStoreUrl = "https://store.example/app";
+    return reactive::just(config);
+  }
+};
+
+class CampaignViewModelTest : public CampaignFixture {
+ protected:
+  CampaignViewModelTest() { setUserEventDelegate(visits_); }
+  ~CampaignViewModelTest() override { setUserEventDelegate(nullptr); }
+
+  // As the screen does when it is loaded.
+  void appear() {
+    const auto output =
+        viewModel_->transform(byId_.asObservable(), byType_.asObservable(), action_.asObservable());
+    const auto background = scheduler(QualityOfService::userInteractive);
+    loading_ = listen(output.isLoading.subscribeOn(background));
+    // What the subscription would begin elsewhere has not begun yet.
+    campaigns_ =
+        listenLater(output.campaign.subscribeOn(background).observeOn(reactive::MainScheduler::instance()));
+  }
+  void load(const std::string& id, std::optional<std::string> user = "user-1") {
+    byId_.onNext({id, std::move(user)});
+    platform_.loop->run();
+  }
+  void load(ORLCampaignType type, std::optional<std::string> user = "user-1") {
+    byType_.onNext({type, std::move(user)});
+    platform_.loop->run();
+  }
+  void participate(const std::string& url, std::optional<std::string> user = "user-1") {
+    action_.onNext({url, std::move(user)});
+    platform_.loop->run();
+  }
+  void answer(const Json& body) {
+    platform_.session->answer(ScriptedURLSession::reply(200, body.dump()));
+    platform_.loop->run();
+  }
+  std::vector<std::string> paths() const {
+    std::vector<std::string> paths;
+    for (const auto& request : requests()) paths.push_back(std::string(request.url.path()));
+    return paths;
+  }
+  static BrandedCampaign branded(Campaign campaign) {
+    return {std::move(campaign), {1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+  }
+  // A later trigger does nothing once the pipeline has ended.
+  void expectEnded(const std::string& error) {
+    EXPECT_EQ(campaigns_->end, error);
+    EXPECT_FALSE(loading_->elements.back());
+    const auto before = requests().size();
+    load("c-again");
+    load(ORLCampaignType::attendance);
+    participate("/again");
+    EXPECT_EQ(requests().size(), before);
+  }
+
+  std::shared_ptr<Visits> visits_ = std::make_shared<Visits>();
+  std::shared_ptr<CampaignViewModelImpl> viewModel_ = CampaignViewModelImpl::create(
+      {FetchCampaignsUseCase(repository_), FetchCampaignUseCase(repository_),
+       std::make_shared<AskingConfig>(), participate_,
+       std::make_shared<FetchUpdateUrlUseCaseImpl>(std::make_shared<ItunesAPIServiceImpl>(client_),
+                                                   std::make_shared<AskingConfig>()),
+       FetchCampaignStateUseCase(repository_), SaveCampaignStateUseCase(repository_)});
+  reactive::PublishSubject<CampaignTrigger<std::string>> byId_;
+  reactive::PublishSubject<CampaignTrigger<ORLCampaignType>> byType_;
+  reactive::PublishSubject<CampaignTrigger<std::string>> action_;
+  std::shared_ptr<Heard<BrandedCampaign>> campaigns_;
+  std::shared_ptr<Heard<bool>> loading_;
+};
+
+TEST_F(CampaignViewModelTest, TheFirstTriggerIsNotLostThoughTheSubscriptionBeginsElsewhere) {
+  appear();
+  EXPECT_THAT(paths(), IsEmpty());
+  byId_.onNext({"c-1", "user-1"});  // before the background scheduler had a turn
+  platform_.loop->run();
+  EXPECT_THAT(paths(), ElementsAre("/sdk/app/campaigns/c-1"));
+  EXPECT_EQ(requests()[0].headers.at("buid"), "user-1");
+  answer(attendanceJson());
+  EXPECT_EQ(campaigns_->elements, std::vector{branded(mapped(attendanceJson()))});
+  EXPECT_EQ(campaigns_->end, "");
+  EXPECT_THAT(loading_->elements, ElementsAre(false, true, false));
+}
+
+TEST_F(CampaignViewModelTest, EveryLoadAsksAgainAndLoadingTurnsWithIt) {
+  appear();
+  load("c-1");
+  answer(attendanceJson());
+  load("c-1");
+  EXPECT_TRUE(loading_->elements.back());
+  answer(resultJson());
+  EXPECT_EQ(campaigns_->elements.back(), branded(mapped(resultJson())));
+  EXPECT_THAT(loading_->elements, ElementsAre(false, true, false, true, false));
+}
+
+TEST_F(CampaignViewModelTest, ByTypeTheFirstInTheServicesOrderIsFetchedAgainById) {
+  auto second = attendanceJson();
+  second["id"] = "c-second";
+  appear();
+  load(ORLCampaignType::attendance);
+  answer(Json{resultJson(), attendanceJson(), second});
+  EXPECT_THAT(paths(), ElementsAre("/sdk/app/campaigns", "/sdk/app/campaigns/c-attendance-11"));
+  EXPECT_THAT(campaigns_->elements, IsEmpty());
+  answer(second);
+  EXPECT_EQ(campaigns_->elements, std::vector{branded(mapped(second))});
+}
+
+TEST_F(CampaignViewModelTest, ATypeThatNoCampaignHasEndsTheScreen) {
+  appear();
+  load(ORLCampaignType::scratchLottery);
+  answer(Json{resultJson(), attendanceJson(), unknownJson()});
+  expectEnded("OrreloError.campaignNotExists");
+}
+
+TEST_F(CampaignViewModelTest, NobodyIsSignedInAndNothingIsAsked) {
+  const auto expectRefusal = [this](const std::function<void()>& trigger) {
+    appear();
+    trigger();
+    expectEnded("OrreloError.notLoggedIn");
+  };
+  expectRefusal([this] { load("c-1", std::nullopt); });
+  expectRefusal([this] { load(ORLCampaignType::attendance, std::nullopt); });
+  expectRefusal([this] { participate("/attend", std::nullopt); });
+  EXPECT_THAT(requests(), IsEmpty());
+}
+
+TEST_F(CampaignViewModelTest, ParticipationReplacesThePageOfTheCampaignShown) {
+  appear();
+  load("c-1");
+  answer(attendanceJson());
+  participate("/campaigns/c-attendance-11/attend");
+  EXPECT_EQ(paths().back(), "/sdk/app/campaigns/c-attendance-11/attend");
+  answer(Json::parse(storedReply("participation.json")));
+  auto whole = attendanceJson();
+  whole["page"] = Json::parse(storedReply("participation.json"));
+  ASSERT_EQ(campaigns_->elements.size(), 2U);
+  EXPECT_EQ(campaigns_->elements[1], branded(mapped(whole)));
+  EXPECT_THAT(loading_->elements, ElementsAre(false, true, false, true, false));
+
+  participate("/campaigns/c-attendance-11/attend");
+  platform_.session->answer(ScriptedURLSession::reply(409, "{}"));
+  platform_.loop->run();
+  expectEnded("NetworkError.invalidHttpStatusCode");
+}
+
+TEST_F(CampaignViewModelTest, ParticipationBeforeACampaignIsShownEndsTheScreen) {
+  appear();
+  participate("/attend");
+  expectEnded("OrreloError.campaignNotExists");
+  EXPECT_THAT(requests(), IsEmpty());
+}
+
+TEST_F(CampaignViewModelTest, AnUnknownKindInvitesToUpdate) {
+  appear();
+  load("c-new");
+  answer(unknownJson());
+  EXPECT_THAT(campaigns_->elements, IsEmpty());
+  EXPECT_TRUE(loading_->elements.back());
+  answer({{"resultCount", 1}, {"results", {{{"bundleId", "com.example.shop"}, {"trackId", 7}}}}});
+  auto expected = mapped(unknownJson());
+  expected.type = InduceUpdateCampaign{"itms-apps://itunes.apple.com/app/id7"};
+  EXPECT_EQ(campaigns_->elements, std::vector{branded(expected)});
+  EXPECT_EQ(expected.title, "이벤트");
+  EXPECT_FALSE(loading_->elements.back());
+}
+
+TEST_F(CampaignViewModelTest, AnUnknownKindWhoseUpdateCannotBeFoundEndsTheScreen) {
+  appear();
+  load("c-new");
+  answer(unknownJson());
+  platform_.session->answer(ScriptedURLSession::failure(URLError::cannotFindHost));
+  platform_.loop->run();
+  expectEnded("URLError.cannotFindHost");
+}
+
+TEST_F(CampaignViewModelTest, AVisitIsReportedOnceForACampaign) {
+  const auto attendance = mapped(attendanceJson());
+  const auto result = mapped(resultJson());
+  auto changed = attendance;
+  changed.type = UnknownCampaign{};
+  for (const auto& each : {attendance, attendance, changed, result, result, attendance}) {
+    viewModel_->visit(each);
+  }
+  ASSERT_EQ(visits_->events.size(), 3U);
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(visits_->events[i].name, "ol_visit");
+    EXPECT_EQ(visits_->events[i].values, (EventValues{{"page_name", i == 1 ? "result" : "attendance"}}));
+  }
+}
+
+TEST_F(CampaignViewModelTest, LettingGoOfTheScreenCancelsAndOfTheViewModelEnds) {
+  appear();
+  load("c-1");
+  campaigns_->subscription.dispose();
+  EXPECT_EQ(platform_.session->cancelled, 1);
+  EXPECT_FALSE(byId_.hasObservers());
+
+  appear();
+  viewModel_.reset();
+  load("c-1");
+  EXPECT_EQ(campaigns_->end, "OrreloError.referenceDeallocation");
+}
+
+TEST_F(CampaignViewModelTest, TheDialogsFlagOutlivesTheScreenWhileItsCampaignIsListed) {
+  viewModel_->saveCampaignStateUseCase().save("c-result-7", true);
+  appear();
+  load(ORLCampaignType::attendance);
+  answer(Json::parse(storedReply("list.json")));
+  EXPECT_THAT(viewModel_->fetchCampaignStateUseCase().fetch(),
+              ElementsAre(CampaignState{"c-result-7", true}));
+  load(ORLCampaignType::attendance);
+  platform_.session->answer(ScriptedURLSession::reply(200, attendanceJson().dump()));
+  answer(Json{attendanceJson()});
+  EXPECT_THAT(viewModel_->fetchCampaignStateUseCase().fetch(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace orrelo::test
