@@ -40,9 +40,9 @@ TEST_F(DialogTest, ARewardClosesByItsIconItsButtonAndEscapeButNotBesideTheCard) 
   host()->present(reward(), false);
   settle();
   const auto button = named(QStringLiteral("포인트 보러 가기"))->mapToScene({20, 20}).toPoint();
-  auto* const finger = QTest::createTouchDevice();
-  QTest::touchEvent(window_, finger).press(0, button);
-  QTest::touchEvent(window_, finger).release(0, button);
+  const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+  QTest::touchEvent(window_, finger.get()).press(0, button);
+  QTest::touchEvent(window_, finger.get()).release(0, button);
   EXPECT_EQ(closed_->count, 3);
   EXPECT_EQ(named(closeText), nullptr);
 }
