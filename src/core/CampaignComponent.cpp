@@ -11,7 +11,7 @@ namespace orrelo {
 namespace {
 
 CampaignUseCases makeUseCases(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
-                              const NetworkConfig& networkConfig) {
+                              const NetworkConfig& networkConfig, const std::string& storeUrl) {
   const auto httpClient = std::make_shared<HTTPClientImpl>();
   const auto scheduler =
       std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
@@ -25,7 +25,7 @@ CampaignUseCases makeUseCases(const std::shared_ptr<FetchConfigUseCase>& fetchCo
       .participateCampaignUseCase =
           std::make_shared<ParticipateCampaignUseCaseImpl>(networkConfig, httpClient, scheduler),
       .fetchUpdateUrlUseCase = std::make_shared<FetchUpdateUrlUseCaseImpl>(
-          std::make_shared<ItunesAPIServiceImpl>(httpClient), fetchConfigUseCase),
+          std::make_shared<ItunesAPIServiceImpl>(httpClient, storeUrl), fetchConfigUseCase),
       .fetchCampaignStateUseCase = FetchCampaignStateUseCase(repository),
       .saveCampaignStateUseCase = SaveCampaignStateUseCase(repository),
   };
@@ -34,8 +34,8 @@ CampaignUseCases makeUseCases(const std::shared_ptr<FetchConfigUseCase>& fetchCo
 }  // namespace
 
 CampaignComponent::CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
-                                     const NetworkConfig& networkConfig)
+                                     const NetworkConfig& networkConfig, const std::string& storeUrl)
     : campaignViewControllerFactory(std::make_shared<CampaignViewControllerFactoryImpl>(
-          makeUseCases(fetchConfigUseCase, networkConfig))) {}
+          makeUseCases(fetchConfigUseCase, networkConfig, storeUrl))) {}
 
 }  // namespace orrelo

@@ -5,14 +5,16 @@
 #include "viewkit/base/Routing.h"
 
 #include <memory>
+#include <string>
 
 namespace orrelo {
 
 /// Wires the campaigns and their screens.
 class CampaignComponent {
  public:
+  /// `storeUrl` is where the store's lookup is asked.
   CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
-                    const NetworkConfig& networkConfig);
+                    const NetworkConfig& networkConfig, const std::string& storeUrl);
 
   const std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory;
 };

@@ -1,3 +1,4 @@
+#include "campaign/ItunesAPIService.h"
 #include "core/InitializedOrrelo.h"
 #include "core/base/Logger.h"
 #include "core/base/Utf8.h"
@@ -63,8 +64,10 @@ void Orrelo::initialize(const ORLConfig& config) {
   if (const auto file = mutator.certificateFile()) platform.urlSession->trust(serviceUrl, *file);
   const auto baseUrl = serviceUrl + "/orreloservice/";
 
+  // The development service stands in for the store too.
+  const auto storeUrl = mutator.isDevelopment() ? serviceUrl : ItunesAPIServiceImpl::storeUrl;
   InitializedOrrelo::makeCurrent(
-      std::make_shared<InitializedOrrelo>(std::make_unique<OrreloComponent>(config, baseUrl)));
+      std::make_shared<InitializedOrrelo>(std::make_unique<OrreloComponent>(config, baseUrl, storeUrl)));
   KelsoInsight::setUp(config.appKey(), baseUrl);
 }
 

@@ -7,7 +7,8 @@
 
 namespace orrelo {
 
-OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& baseUrl) {
+OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& baseUrl,
+                                 const std::string& storeUrl) {
   const auto& appKey = config.appKey();
   const auto userDefaults = Platform::current().userDefaults->suite(appKey);
   if (!userDefaults)
@@ -16,7 +17,7 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   const NetworkConfig networkConfig{baseUrl + "sdk/" + appKey, HttpHeaderGenerator(userDefaults).generate()};
   configComponent_ = std::make_unique<ConfigComponent>(userDefaults, networkConfig);
   campaignComponent_ =
-      std::make_unique<CampaignComponent>(configComponent_->fetchConfigUseCase, networkConfig);
+      std::make_unique<CampaignComponent>(configComponent_->fetchConfigUseCase, networkConfig, storeUrl);
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
 }
 

@@ -15,8 +15,9 @@ namespace orrelo {
 /// background work as they are built; that work touches only what stands by then.
 class OrreloComponent {
  public:
-  /// `baseUrl` ends in "/orreloservice/". Stops the process where the app key can name no suite.
-  OrreloComponent(const ORLConfig& config, const std::string& baseUrl);
+  /// `baseUrl` ends in "/orreloservice/"; `storeUrl` is where the store's lookup is asked. Stops the process
+  /// where the app key can name no suite.
+  OrreloComponent(const ORLConfig& config, const std::string& baseUrl, const std::string& storeUrl);
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }

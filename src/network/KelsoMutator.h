@@ -24,9 +24,9 @@ class KelsoMutator {
   /// The file of certificates that development trusts: the text "ORRELO_DEVELOPMENT_CA". Nothing elsewhere.
   std::optional<std::string> certificateFile() const;
 
- private:
   bool isDevelopment() const;
 
+ private:
   std::shared_ptr<UserDefaults> userDefaults;
 };
 

@@ -191,6 +191,19 @@ TEST_F(CampaignScreenTest, AResultsDialogComesOnce) {
   }
 }
 
+TEST_F(CampaignScreenTest, AKindOfTomorrowAsksTheStoreAndTheUserToUpdate) {
+  replies_["/campaigns/c-1"] =
+      ScriptedURLSession::reply(200, campaignReply(R"({"page_type":"hologram","page_id":"p"})"));
+  replies_["/lookup"] = ScriptedURLSession::reply(200, R"({"resultCount":0,"results":[]})");
+  EXPECT_EQ(errorOf(*open()), "앱을 업데이트 후 다시 시도해 주세요.");
+  EXPECT_EQ(platform_.session->requestsTo("/lookup").at(0).url.host(), "itunes.apple.com");
+  host_->dismiss(false);
+  platform_.defaults->suite("tamrenzo_api_storage_I'm_Ilvane")->set("ORRELO_SERVICE_URL", std::int64_t{3});
+  Orrelo::initialize(ORLConfig("shop"));
+  open();
+  EXPECT_EQ(platform_.session->requestsTo("/lookup").at(1).url.host(), "localhost");
+}
+
 TEST_F(CampaignScreenTest, AHostsStackGetsTheScreenUnderItsOwnBar) {
   const auto root = std::make_shared<ErrorViewController>("앱");
   const auto navigation = NavigationController::create(root);
