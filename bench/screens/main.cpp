@@ -4,6 +4,7 @@
 #include "campaign/CampaignViewController.h"
 #include "campaign/attendance/AttendanceCampaignView.h"
 #include "quick/Service.h"
+#include "reactive/Observable.h"
 #include "support/TemporaryFolder.h"
 
 #include <orrelo/Orrelo.h>
@@ -16,6 +17,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <malloc.h>
+#include <optional>
 #include <unistd.h>
 
 namespace orrelo::bench {
@@ -34,7 +36,7 @@ class Stage {
     Platform::install(std::move(platform));
     service_->answers["/campaigns/c-1"] = {200, test::campaignReply(test::richAttendancePage())};
     service_->answers["/attend"] = {200, test::richAttendancePage()};
-    Orrelo::initialize(ORLConfig("bench"));
+    Orrelo::initialize(ORLConfig("bench-app"));
     Orrelo::setUser(ORLUser("user-1", ORLMarketingStatus::unknown, {}));
     engine_.loadData(
         "import QtQuick\nimport Orrelo\n"
@@ -49,8 +51,7 @@ class Stage {
   double open() {
     const auto start = Clock::now();
     Orrelo::showCampaign("c-1", host());
-    runUntil([this] { return screen() && screen()->state().content; });
-    return untilNextFrame(start);
+    return untilFrameWithOtherThan(nullptr, start);
   }
 
   /// Milliseconds from the press of the button to the first frame with the page that came of it.
@@ -58,8 +59,7 @@ class Stage {
     const auto before = screen()->state().content;
     const auto start = Clock::now();
     std::dynamic_pointer_cast<AttendanceCampaignView>(before)->actionView->onClick();
-    runUntil([&] { return screen()->state().content != before; });
-    return untilNextFrame(start);
+    return untilFrameWithOtherThan(before, start);
   }
 
   void close() {
@@ -73,9 +73,14 @@ class Stage {
   std::shared_ptr<CampaignViewController> screen() {
     return std::dynamic_pointer_cast<CampaignViewController>(host()->presentedViewController());
   }
-  double untilNextFrame(Clock::time_point start) {
-    const auto frames = frames_;
-    runUntil([&] { return frames_ > frames; });
+  /// Until a frame was painted after the screen's content became another.
+  double untilFrameWithOtherThan(const std::shared_ptr<View>& content, Clock::time_point start) {
+    std::optional<std::size_t> framesBefore;
+    const auto subscription = screen()->states().subscribe([&](const CampaignViewController::State& state) {
+      if (!framesBefore && state.content != content) framesBefore = frames_;
+    });
+    runUntil([&] { return framesBefore && frames_ > *framesBefore; });
+    subscription.dispose();
     return secondsSince(start) * 1e3;
   }
   template <class Holds>
@@ -83,6 +88,8 @@ class Stage {
     const auto start = Clock::now();
     while (!holds()) {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+      QCoreApplication::sendPostedEvents(nullptr,
+                                         QEvent::DeferredDelete);  // else only a running loop does it
       if (secondsSince(start) > 10.0) std::abort();
     }
   }
