@@ -24,7 +24,7 @@ namespace orrelo {
 ///
 /// Threads: any thread may call anything but the `show…` operations, which present from the caller's thread
 /// and so belong on the main thread. Nothing here waits for a file or for the network, except that
-/// `initialize` and the first `setUser` read and write small settings files. Call `initialize` once and
+/// `initialize` and `setUser` read and write small settings files. Call `initialize` once and
 /// early.
 ///
 /// Errors: an event value of an unsupported type throws UnsupportedEventValueException; nothing else is ever

@@ -21,7 +21,6 @@ class PageBridge : public ScreenBridge {
 
   QString barTitle() const { return toQt(page_.modalTopBar().title.value_or("")); }
   double barHeight() const { return page_.modalTopBar().height; }
-  void close() override { page_.close(); }
 
  private:
   ORLUIViewController& page_;

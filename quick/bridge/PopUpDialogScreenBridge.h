@@ -23,7 +23,6 @@ class PopUpDialogScreenBridge final : public ScreenBridge {
   QString label() const { return toQt(dialog_.content.label); }
   QString closeText() const { return toQt(PopUpDialogViewController::closeText); }
   ImageBridge* image() const { return image_; }
-  void close() override { dialog_.close(); }
 
  private:
   PopUpDialogViewController& dialog_;

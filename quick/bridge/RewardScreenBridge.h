@@ -30,7 +30,6 @@ class RewardScreenBridge final : public ScreenBridge {
   QColor buttonColor() const { return toQt(reward_.content.color); }
   QColor buttonTextColor() const { return textColorOn(buttonColor()); }
   QUrl closeAsset() const { return assetFile(CampaignRewardViewController::closeAsset); }
-  void close() override { reward_.close(); }
 
  private:
   CampaignRewardViewController& reward_;

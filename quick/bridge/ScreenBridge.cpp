@@ -1,7 +1,6 @@
 #include "quick/bridge/ScreenBridge.h"
 
 #include "quick/bridge/Bridges.h"
-#include "viewkit/base/NavigationController.h"
 
 namespace orrelo::quick {
 
@@ -18,13 +17,8 @@ QUrl ScreenBridge::delegate() const {
 }
 
 void ScreenBridge::close() {
-  const auto keep = screen_;
-  const auto navigation = screen_->navigationController();
-  if (navigation && navigation->state().viewControllers.size() >= 2) {
-    navigation->popViewController(true);
-  } else {
-    keep->dismiss(true);
-  }
+  const auto keep = screen_;  // the bridge may go with the screen
+  keep->close();
 }
 
 }  // namespace orrelo::quick

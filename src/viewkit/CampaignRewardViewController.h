@@ -37,7 +37,7 @@ class ORRELO_EXPORT CampaignRewardViewController final : public ViewController {
   std::string_view kind() const override { return "CampaignRewardViewController"; }
 
   /// The icon and the button.
-  void close();
+  void close() override;
 
   const Content content;
   std::weak_ptr<CampaignRewardViewControllerDelegate> delegate;

@@ -28,14 +28,4 @@ void ORLUIViewController::collapseTopBar() {
   modalTopBar_.change([](ModalTopBar& bar) { bar.height = 0.0; });
 }
 
-void ORLUIViewController::close() {
-  const auto keep = shared_from_this();
-  const auto navigation = navigationController();
-  if (navigation && navigation->state().viewControllers.size() >= 2) {
-    navigation->popViewController(true);
-  } else {
-    dismiss(true);
-  }
-}
-
 }  // namespace orrelo

@@ -28,10 +28,6 @@ class ORRELO_EXPORT ORLUIViewController : public ViewController {
   ModalTopBar modalTopBar() const { return modalTopBar_.value(); }
   reactive::Observable<ModalTopBar> modalTopBars() const { return modalTopBar_.stream(); }
 
-  /// Leaves the screen: back on its stack, or else away with what was presented. For the back arrow, Escape
-  /// and Back.
-  void close();
-
  protected:
   void viewWillAppear(bool animated) override;
   void viewWillDisappear(bool animated) override;

@@ -31,7 +31,7 @@ class ORRELO_EXPORT PopUpDialogViewController final : public ViewController {
   std::string_view kind() const override { return "PopUpDialogViewController"; }
 
   /// A tap on the close label or beside the picture.
-  void close() { dismiss(false); }
+  void close() override { dismiss(false); }
 
   const std::string pageName;
   const Content content;

@@ -51,7 +51,7 @@ class ORRELO_EXPORT NavigationController final : public ViewController {
 
  private:
   NavigationController() = default;
-  /// Puts `top` onto the screen in place of the one that was.
+  /// Puts the last of these onto the screen in place of the one that was.
   void replaceTop(std::vector<std::shared_ptr<ViewController>> viewControllers, bool animated);
 
   Followed<State> state_;

@@ -57,6 +57,16 @@ void ViewController::dismiss(bool animated) {
   if (const auto presenting = presentingViewController()) presenting->dismissPresented(animated);
 }
 
+void ViewController::close() {
+  const auto keep = shared_from_this();
+  const auto navigation = navigationController();
+  if (navigation && navigation->state().viewControllers.size() >= 2) {
+    navigation->popViewController(true);
+  } else {
+    dismiss(true);
+  }
+}
+
 void ViewController::dismissPresented(bool animated) {
   const bool wasOnScreen = isOnScreen();
   dropPresented(animated);

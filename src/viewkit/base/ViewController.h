@@ -65,6 +65,9 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   bool present(const std::shared_ptr<ViewController>& screen, bool animated);
   /// Takes away what this one presents, or else itself from who presents it, and all that lies above.
   void dismiss(bool animated);
+  /// Leaves the screen: back on its stack, or else away with what was presented. For the back arrow, Escape
+  /// and Back.
+  virtual void close();
 
   bool isViewLoaded() const { return isLoaded_; }
   void loadViewIfNeeded();
