@@ -114,6 +114,10 @@ std::optional<std::chrono::steady_clock::time_point> CurlTransfer::idleDeadline(
   return request_.isTimeoutIdle ? std::optional(deadline_) : std::nullopt;
 }
 
+std::optional<std::chrono::steady_clock::time_point> CurlTransfer::waitingDeadline() const {
+  return request_.isTimeoutIdle ? std::nullopt : std::optional(deadline_);
+}
+
 CurlTransfer::~CurlTransfer() = default;
 
 CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {

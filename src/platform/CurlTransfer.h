@@ -33,6 +33,8 @@ class CurlTransfer {
   void startClock();
   /// When the request has been idle for too long, if that is its timeout. curl minds a timeout for the whole.
   std::optional<std::chrono::steady_clock::time_point> idleDeadline() const;
+  /// When its time is up although it has not begun, if its timeout is one for the whole.
+  std::optional<std::chrono::steady_clock::time_point> waitingDeadline() const;
   /// Hands over the bytes that came, if they are to go piece by piece. Outside curl.
   void deliver();
   /// Readies a handle for the current hop. Null where curl has no memory.

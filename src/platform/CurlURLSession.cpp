@@ -17,9 +17,9 @@
 namespace orrelo {
 namespace {
 
-constexpr long connectionsPerHost = 6;
-// What is beyond them waits as a request, which takes far less memory than curl's handle.
-constexpr std::size_t maximumRunning = 64;
+// The others wait here and not in curl, whose own queue (CURLMOPT_MAX_HOST_CONNECTIONS, in 7.88) can forget
+// its last ones: one that finds no connection free is not always woken by the next that becomes free.
+constexpr std::ptrdiff_t maximumRunningPerOrigin = 6;
 
 // Held while the thread is inside curl. The end of the process takes it for good, so that no transfer runs
 // while other libraries' exit handlers tear down what it uses.
@@ -45,7 +45,6 @@ class Engine {
   Engine() {
     initializeCurl();
     multi_ = curl_multi_init();
-    curl_multi_setopt(multi_, CURLMOPT_MAX_HOST_CONNECTIONS, connectionsPerHost);
   }
 
   ~Engine() {
@@ -94,12 +93,12 @@ class Engine {
         curl_multi_perform(multi_, &count);
       }
       deliverChunks();
-      finishDone();
-      const auto wait = failIdle();
+      const bool madeRoom = finishDone();
+      const auto wait = failLate();
       {
         const std::lock_guard lock(mutex_);
         if (stopping_) break;
-        if (!dropped_.empty() || (!starting_.empty() && running_.size() < maximumRunning)) continue;
+        if (madeRoom || !dropped_.empty() || !starting_.empty()) continue;
       }
       curl_multi_poll(multi_, nullptr, 0, wait, nullptr);
     }
@@ -107,35 +106,49 @@ class Engine {
   }
 
  private:
+  struct Running {
+    std::shared_ptr<CurlTransfer> transfer;
+    std::string origin;
+  };
+
   // On the network's thread: what is written to a connection that its server has left raises SIGPIPE, which
   // this thread alone takes no notice of.
   void closeConnections() {
-    std::map<CURL*, std::shared_ptr<CurlTransfer>> left;  // their completions are let go outside the turn
+    std::map<CURL*, Running> left;  // their completions are let go outside the turn
     const std::lock_guard turn(curlTurn());
     std::swap(left, running_);
-    for (const auto& [easy, transfer] : left) curl_multi_remove_handle(multi_, easy);
+    for (const auto& [easy, running] : left) curl_multi_remove_handle(multi_, easy);
     curl_multi_cleanup(std::exchange(multi_, nullptr));
   }
 
   void startNew() {
-    while (running_.size() < maximumRunning) {
-      std::shared_ptr<CurlTransfer> transfer;
-      {
-        const std::lock_guard lock(mutex_);
-        if (starting_.empty()) return;
-        transfer = std::move(starting_.front());
-        starting_.pop_front();
-      }
-      if (!transfer->isOver()) startHop(std::move(transfer));
+    std::vector<std::shared_ptr<CurlTransfer>> starting;
+    {
+      const std::lock_guard lock(mutex_);
+      std::swap(starting, starting_);
+    }
+    for (auto& transfer : starting) waiting_[originOf(transfer->url())].push_back(std::move(transfer));
+    for (auto& [origin, queue] : waiting_) startFrom(queue, origin);
+    std::erase_if(waiting_, [](const auto& entry) { return entry.second.empty(); });
+  }
+
+  void startFrom(std::deque<std::shared_ptr<CurlTransfer>>& queue, const std::string& origin) {
+    auto room = maximumRunningPerOrigin -
+                std::count_if(running_.begin(), running_.end(),
+                              [&](const auto& entry) { return entry.second.origin == origin; });
+    for (; room > 0 && !queue.empty(); queue.pop_front()) {
+      if (!queue.front()->isOver() && startHop(queue.front(), origin)) --room;
     }
   }
 
-  void startHop(std::shared_ptr<CurlTransfer> transfer) {
-    CURL* const easy = transfer->prepare(trustedFor(transfer->url()));
+  bool startHop(const std::shared_ptr<CurlTransfer>& transfer, const std::string& origin) {
+    CURL* const easy = transfer->prepare(trustedFor(origin));
     if (easy == nullptr || curl_multi_add_handle(multi_, easy) != CURLM_OK) {
-      return transfer->fail(makeError(URLError::unknown, "There is no memory for the request"));
+      transfer->fail(makeError(URLError::unknown, "There is no memory for the request"));
+      return false;
     }
-    running_[easy] = std::move(transfer);
+    running_[easy] = {transfer, origin};
+    return true;
   }
 
   void forgetDropped() {
@@ -144,67 +157,65 @@ class Engine {
       const std::lock_guard lock(mutex_);
       std::swap(dropped, dropped_);
     }
-    for (const auto& transfer : dropped) {
-      if (running_.erase(transfer->handle()) > 0) curl_multi_remove_handle(multi_, transfer->handle());
-    }
+    for (const auto& transfer : dropped) forget(transfer);
   }
 
-  void finishDone() {
-    while (true) {
+  // Says whether others may start now.
+  bool finishDone() {
+    for (bool madeRoom = false;; madeRoom = true) {
       std::shared_ptr<CurlTransfer> transfer;
       CURLcode code = CURLE_OK;
       {
         const std::lock_guard turn(curlTurn());
-        int waiting = 0;
-        const CURLMsg* const message = curl_multi_info_read(multi_, &waiting);
-        if (message == nullptr) return;
+        int left = 0;
+        const CURLMsg* const message = curl_multi_info_read(multi_, &left);
+        if (message == nullptr) return madeRoom;
         if (message->msg != CURLMSG_DONE) continue;
         code = message->data.result;
-        auto node = running_.extract(message->easy_handle);
-        transfer = std::move(node.mapped());
+        transfer = running_.extract(message->easy_handle).mapped().transfer;
         curl_multi_remove_handle(multi_, transfer->handle());
       }
       bool goesOn = false;
       runGuarded([&] { goesOn = transfer->finishHop(code); });
-      if (goesOn) {
-        const std::lock_guard lock(mutex_);
-        starting_.push_front(std::move(transfer));
-      }
+      if (goesOn) waiting_[originOf(transfer->url())].push_front(std::move(transfer));
     }
   }
 
   void deliverChunks() {
-    for (const auto& [easy, transfer] : running_) runGuarded([&] { transfer->deliver(); });
+    for (const auto& [easy, running] : running_) runGuarded([&] { running.transfer->deliver(); });
   }
 
   // Says after how many milliseconds to look again.
-  int failIdle() {
+  int failLate() {
     using std::chrono::milliseconds;
     const auto now = std::chrono::steady_clock::now();
     milliseconds next{60'000};
-    std::vector<std::shared_ptr<CurlTransfer>> idle;
-    for (const auto& [easy, transfer] : running_) {
-      const auto deadline = transfer->idleDeadline();
-      if (!deadline) continue;
-      if (*deadline <= now) {
-        idle.push_back(transfer);
-      } else {
-        next = std::min(next, std::chrono::ceil<milliseconds>(*deadline - now));
-      }
+    std::vector<std::shared_ptr<CurlTransfer>> late;
+    const auto look = [&](const auto& transfer, const auto& deadline) {
+      if (!deadline) return;
+      if (*deadline <= now) late.push_back(transfer);
+      next = std::min(next, std::max(milliseconds{0}, std::chrono::ceil<milliseconds>(*deadline - now)));
+    };
+    for (const auto& [easy, running] : running_) look(running.transfer, running.transfer->idleDeadline());
+    for (const auto& [origin, queue] : waiting_) {
+      for (const auto& transfer : queue) look(transfer, transfer->waitingDeadline());
     }
-    for (const auto& transfer : idle) {
+    for (const auto& transfer : late) {
       {
         const std::lock_guard turn(curlTurn());
-        running_.erase(transfer->handle());
-        curl_multi_remove_handle(multi_, transfer->handle());
+        forget(transfer);
       }
       runGuarded([&] { transfer->fail(makeError(URLError::timedOut)); });
     }
     return static_cast<int>(next.count());
   }
 
-  std::optional<TrustedOrigin> trustedFor(const Url& url) {
-    const auto origin = originOf(url);
+  void forget(const std::shared_ptr<CurlTransfer>& transfer) {
+    if (running_.erase(transfer->handle()) > 0) curl_multi_remove_handle(multi_, transfer->handle());
+    for (auto& [origin, queue] : waiting_) std::erase(queue, transfer);
+  }
+
+  std::optional<TrustedOrigin> trustedFor(const std::string& origin) {
     const std::lock_guard lock(mutex_);
     const auto found = std::find_if(trusted_.begin(), trusted_.end(),
                                     [&](const auto& trusted) { return trusted.origin == origin; });
@@ -212,11 +223,12 @@ class Engine {
   }
 
   CURLM* multi_ = nullptr;
-  std::map<CURL*, std::shared_ptr<CurlTransfer>> running_;
+  std::map<CURL*, Running> running_;
+  std::map<std::string, std::deque<std::shared_ptr<CurlTransfer>>> waiting_;  // by origin
 
   std::mutex mutex_;
   bool stopping_ = false;
-  std::deque<std::shared_ptr<CurlTransfer>> starting_;
+  std::vector<std::shared_ptr<CurlTransfer>> starting_;
   std::vector<std::shared_ptr<CurlTransfer>> dropped_;
   std::vector<TrustedOrigin> trusted_;
 };
