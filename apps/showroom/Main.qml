@@ -15,6 +15,7 @@ Window {
     OrreloHost {
         id: host
         anchors.fill: parent
+        pushesScreens: true
 
         Flickable {
             anchors.fill: parent
@@ -76,7 +77,7 @@ Window {
                 }
                 ShopButton {
                     text: "진행 중인 출석 이벤트"
-                    onPressed: showroom.openAttendance()
+                    onPressed: showroom.presentAttendance()
                 }
                 ShopButton {
                     text: "이벤트 결과 보기"

@@ -45,8 +45,8 @@ void Showroom::openCampaign(const QString& id) {
   Orrelo::showCampaign(id.toStdString(), quick::hostViewController(window_));
 }
 
-void Showroom::openAttendance() {
-  Orrelo::showCampaign(ORLCampaignType::attendance, quick::hostViewController(window_));
+void Showroom::presentAttendance() {
+  quick::present(window_, Orrelo::getCampaignViewController(ORLCampaignType::attendance));
 }
 
 }  // namespace orrelo::showroom

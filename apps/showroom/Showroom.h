@@ -32,8 +32,10 @@ class Showroom final : public QObject {
   Q_INVOKABLE void signIn(const QString& user);
   Q_INVOKABLE void signOut();
   Q_INVOKABLE void buy();
+  /// Pushed onto the window's stack.
   Q_INVOKABLE void openCampaign(const QString& id);
-  Q_INVOKABLE void openAttendance();
+  /// Presented over the window.
+  Q_INVOKABLE void presentAttendance();
 
  Q_SIGNALS:
   void userChanged();

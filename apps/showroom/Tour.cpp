@@ -104,7 +104,8 @@ void Tour::signedOut() {
 void Tour::attendance() {
   click(QStringLiteral("출석체크 열기"));
   await(checkInButton);
-  const auto before = picture(QStringLiteral("The attendance campaign before the check-in"));
+  const auto before =
+      picture(QStringLiteral("The attendance campaign before the check-in, on the host's own stack"));
   require(share(before, QColor(0x5B, 0x50, 0xE8)) > 0.02,
           QStringLiteral("the campaign's colour is not there"));
   click(guide);
@@ -123,10 +124,17 @@ void Tour::checkIn() {
   await(checkedIn);
   picture(QStringLiteral("The calendar after the check-in"));
   require(showroom_.service().requestCount("/check-in") == 1, QStringLiteral("there was not one check-in"));
+  const auto requests = showroom_.service().requestCount("/campaigns/attendance");
+  window_.hide();
+  window_.show();
+  await([&] { return showroom_.service().requestCount("/campaigns/attendance") == requests + 1; },
+        QStringLiteral("the screen that came back did not ask the service"));
+  await(checkedIn);
+  picture(QStringLiteral("The window was away: the screen has asked the service again"));
   close();
   click(QStringLiteral("진행 중인 출석 이벤트"));
   await(checkedIn);
-  picture(QStringLiteral("Opened again, by its type: the service remembers"));
+  picture(QStringLiteral("Opened again by its type, over the window: the service remembers"));
   close();
 }
 

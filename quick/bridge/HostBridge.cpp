@@ -3,6 +3,7 @@
 #include "quick/bridge/HostWindow.h"
 
 #include <QEvent>
+#include <utility>
 #include <vector>
 
 namespace orrelo::quick {
@@ -13,18 +14,33 @@ HostBridge::HostBridge(QObject* parent) : QObject(parent), layers_(new ScreenLay
 
 void HostBridge::setWindow(QQuickWindow* window) {
   if (window == window_) return;
-  subscriptions_.clear();
   if (window_) window_->removeEventFilter(this);
   window_ = window;
   if (window_) window_->installEventFilter(this);
-  screen_ = window ? HostWindow::of(*window).screen() : nullptr;
-  if (screen_) {
-    subscriptions_.follow(screen_->presentations(),
-                          [this](const ViewController::Presented& presented) { update(presented.animated); });
-  } else {
-    layers_->set({}, false);
-  }
+  connectToWindow();
   Q_EMIT windowChanged();
+}
+
+void HostBridge::setPushesScreens(bool pushes) {
+  if (pushesScreens_ || !pushes) return;
+  pushesScreens_ = true;
+  connectToWindow();
+}
+
+void HostBridge::connectToWindow() {
+  subscriptions_.clear();
+  if (auto* const former = std::exchange(navigation_, nullptr)) former->deleteLater();
+  root_.reset();
+  layers_->set({}, false);
+  if (window_) {
+    auto& host = HostWindow::of(*window_);
+    if (pushesScreens_) host.makeNavigation();
+    if (host.navigation()) navigation_ = new NavigationBridge(host.navigation(), this);
+    root_ = host.root();
+    subscriptions_.follow(root_->presentations(),
+                          [this](const ViewController::Presented& presented) { update(presented.animated); });
+  }
+  Q_EMIT navigationChanged();
 }
 
 bool HostBridge::eventFilter(QObject*, QEvent* event) {
@@ -41,9 +57,9 @@ void HostBridge::setUsesKeyboard(bool uses) {
 }
 
 void HostBridge::update(bool animated) {
-  if (!screen_) return;
+  if (!root_) return;
   std::vector<std::shared_ptr<ViewController>> screens;
-  for (auto above = screen_->presentedViewController(); above; above = above->presentedViewController()) {
+  for (auto above = root_->presentedViewController(); above; above = above->presentedViewController()) {
     screens.push_back(above);
   }
   layers_->set(screens, animated);

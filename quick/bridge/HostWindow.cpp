@@ -40,8 +40,15 @@ HostWindow::~HostWindow() {
   disappear();
 }
 
+void HostWindow::makeNavigation() {
+  if (navigation_) return;
+  if (screen_->presentedViewController()) screen_->dismiss(false);  // what it shows now is not the stack's
+  navigation_ = NavigationController::create(screen_);
+  if (screen_->isVisible()) navigation_->appear(false);
+}
+
 void HostWindow::appear() {
-  const auto screens = chain(screen_);
+  const auto screens = chain(root());
   const auto covering = std::find_if(screens.rbegin(), screens.rend() - 1, [](const auto& screen) {
     return screen->modalPresentationStyle == ModalPresentationStyle::fullScreen;
   });
@@ -49,12 +56,24 @@ void HostWindow::appear() {
 }
 
 void HostWindow::disappear() {
-  const auto screens = chain(screen_);
+  const auto screens = chain(root());
   for (auto screen = screens.rbegin(); screen != screens.rend(); ++screen) (*screen)->disappear(false);
 }
 
 std::shared_ptr<ViewController> hostViewController(QQuickWindow* window) {
   return HostWindow::of(*window).screen();
+}
+
+bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
+  if (window == nullptr || !screen) return false;
+  return HostWindow::of(*window).root()->topmost()->present(screen, animated);
+}
+
+bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
+  if (window == nullptr || !screen) return false;
+  const auto& navigation = HostWindow::of(*window).navigation();
+  if (navigation) navigation->pushViewController(screen, animated);
+  return navigation != nullptr;
 }
 
 }  // namespace orrelo::quick

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewkit/base/ViewController.h"
+#include "viewkit/base/NavigationController.h"
 
 #include <QObject>
 #include <memory>
@@ -17,6 +17,13 @@ class HostWindow final : public QObject {
   ~HostWindow() override;
 
   const std::shared_ptr<HostViewController>& screen() const { return screen_; }
+  /// The stack that lies on `screen`; null while the window has none.
+  const std::shared_ptr<NavigationController>& navigation() const { return navigation_; }
+  /// What contains all screens but those that are presented.
+  std::shared_ptr<ViewController> root() const { return screen_->root(); }
+
+  /// Gives the window a stack of its own, for good.
+  void makeNavigation();
 
  private:
   explicit HostWindow(QQuickWindow& window);
@@ -26,6 +33,7 @@ class HostWindow final : public QObject {
   void disappear();
 
   std::shared_ptr<HostViewController> screen_ = std::make_shared<HostViewController>();
+  std::shared_ptr<NavigationController> navigation_;
 };
 
 }  // namespace orrelo::quick

@@ -5,7 +5,10 @@ namespace orrelo::quick {
 NavigationBridge::NavigationBridge(const std::shared_ptr<NavigationController>& screen, QObject* parent)
     : ScreenBridge(screen, parent), navigation_(*screen), layers_(new ScreenLayers(this)) {
   connect(this, &ScreenBridge::stateChanged, this, [this] {
-    const auto state = navigation_.state();
+    auto state = navigation_.state();
+    std::erase_if(state.viewControllers, [](const auto& pushed) {
+      return std::dynamic_pointer_cast<HostViewController>(pushed) != nullptr;
+    });
     layers_->set(state.viewControllers, state.animated);
   });
   follow(navigation_.states());
@@ -14,10 +17,6 @@ NavigationBridge::NavigationBridge(const std::shared_ptr<NavigationController>& 
 QColor NavigationBridge::titleColor() const {
   const auto attributes = navigation_.state().titleTextAttributes;
   return attributes ? toQt(attributes->foregroundColor) : QColor(Qt::black);
-}
-
-bool NavigationBridge::canGoBack() const {
-  return navigation_.state().viewControllers.size() >= 2 || navigation_.presentingViewController();
 }
 
 void NavigationBridge::close() {

@@ -12,10 +12,10 @@ class NavigationBridge final : public ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
+  /// All but the host's own, which the host draws.
   Q_PROPERTY(orrelo::quick::ScreenLayers* layers READ layers CONSTANT)
   Q_PROPERTY(bool isBarHidden READ isBarHidden NOTIFY stateChanged)
   Q_PROPERTY(QColor titleColor READ titleColor NOTIFY stateChanged)
-  Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY stateChanged)
 
  public:
   NavigationBridge(const std::shared_ptr<NavigationController>& screen, QObject* parent);
@@ -23,8 +23,6 @@ class NavigationBridge final : public ScreenBridge {
   ScreenLayers* layers() const { return layers_; }
   bool isBarHidden() const { return navigation_.state().isNavigationBarHidden; }
   QColor titleColor() const;
-  /// Within the stack, or away from what was presented.
-  bool canGoBack() const;
   /// Leaves the screen on top.
   void close() override;
 

@@ -22,6 +22,8 @@ class ScreenBridge : public QObject {
   Q_PROPERTY(QString title READ title NOTIFY titleChanged)
   /// What lies beneath shows through.
   Q_PROPERTY(bool isOver READ isOver CONSTANT)
+  /// There is something that `close` leads back to, which does not change while a screen has its place.
+  Q_PROPERTY(bool canClose READ canClose CONSTANT)
 
  public:
   ScreenBridge(std::shared_ptr<ViewController> screen, QObject* parent);
@@ -31,6 +33,7 @@ class ScreenBridge : public QObject {
   QString title() const { return toQt(screen_->title().value_or("")); }
   bool isOver() const { return screen_->modalPresentationStyle == ModalPresentationStyle::overFullScreen; }
 
+  bool canClose() const { return screen_->canClose(); }
   /// Escape, Back and whatever else leaves the screen.
   Q_INVOKABLE virtual void close();
 

@@ -8,8 +8,11 @@ FocusScope {
     default property alias content: hostContent.data
     /// How much larger than designed the user wants text to be, from 1 to 2.
     property real textScale: 1
+    /// Screens are pushed onto a stack over the host's content instead of being presented. Once true it stays so.
+    property alias pushesScreens: bridge.pushesScreens
     /// A screen of the kit lies over the host's content, which takes no input meanwhile.
-    readonly property bool isCovered: bridge.layers.top !== null
+    readonly property bool isCovered: topScreen !== null
+    readonly property ScreenBridge topScreen: bridge.layers.top ?? bridge.navigation?.layers.top ?? null
 
     focus: true
     Binding {
@@ -27,7 +30,7 @@ FocusScope {
 
     function closeTop(event) {
         event.accepted = isCovered
-        if (isCovered) bridge.layers.top.close()
+        if (isCovered) topScreen.close()
     }
 
     HostBridge {
@@ -40,6 +43,14 @@ FocusScope {
         focus: true
         enabled: !host.isCovered
         onEnabledChanged: if (enabled) forceActiveFocus()
+    }
+    Loader {
+        anchors.fill: parent
+        active: bridge.navigation !== null
+        sourceComponent: NavigationController {
+            screen: bridge.navigation
+            enabled: bridge.layers.top === null
+        }
     }
     Repeater {
         model: bridge.layers

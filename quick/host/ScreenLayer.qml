@@ -9,6 +9,8 @@ FocusScope {
 
     required property ScreenLayers layers
     required property int entry
+    /// The stack that it is a part of, which gives it a bar.
+    property NavigationBridge navigation: null
     required property ScreenBridge screen
     required property bool isAnimated
     required property bool isLeaving
@@ -66,9 +68,20 @@ FocusScope {
         hoverEnabled: true
         onWheel: wheel => wheel.accepted = true
     }
+    ModalTopBar {
+        id: bar
+        width: parent.width
+        height: layer.navigation && !layer.navigation.isBarHidden ? Theme.barHeight : 0
+        z: 1
+        title: layer.screen.title
+        titleColor: layer.navigation?.titleColor ?? "black"
+        hasBack: layer.screen.canClose
+        onBack: layer.screen.close()
+    }
     Loader {
         id: loader
-        anchors.fill: parent
+        anchors { top: bar.bottom; bottom: parent.bottom; left: parent.left; right: parent.right }
+        clip: bar.visible
         focus: true
     }
 }

@@ -103,6 +103,37 @@ TEST_F(HostTest, AStackHasABarWithItsTitleAndTheWayBack) {
   EXPECT_EQ(host()->presentedViewController(), nullptr);
 }
 
+TEST_F(HostTest, AWindowMayHaveAStackOfItsOwn) {
+  EXPECT_FALSE(quick::push(window_, screen("없는 곳"))) << "it has none";
+  window_->setProperty("pushesScreens", true);
+  const auto navigation = host()->navigationController();
+  ASSERT_NE(navigation, nullptr);
+  EXPECT_TRUE(host()->isVisible());
+  EXPECT_EQ(named(back), nullptr) << "the host's own content has no bar of the kit";
+  showCampaign();
+  settle();
+  EXPECT_EQ(navigation->state().viewControllers.size(), 2U);
+  EXPECT_FALSE(host()->isVisible());
+  EXPECT_FALSE(named("host")->isEnabled());
+  navigation->topViewController()->setTitle("내 이벤트");
+  EXPECT_NE(named(QStringLiteral("내 이벤트")), nullptr);
+  const auto above = std::make_shared<CountingScreen>();
+  EXPECT_TRUE(quick::present(window_, above));
+  EXPECT_FALSE(quick::present(window_, navigation)) << "it is what lies beneath";
+  EXPECT_EQ(above->appeared, 1);
+  EXPECT_FALSE(navigation->isVisible());
+  above->dismiss(false);
+  settle();
+  click(back);
+  settle();
+  EXPECT_TRUE(host()->isVisible());
+  EXPECT_EQ(named(back), nullptr);
+  EXPECT_TRUE(quick::push(window_, screen("둘째 화면"), false));
+  ASSERT_NE(named(QStringLiteral("둘째 화면")), nullptr);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(navigation->topViewController(), host());
+}
+
 TEST_F(HostTest, ScreensAppearAndDisappearWithTheWindow) {
   EXPECT_TRUE(host()->isVisible());
   const auto above = std::make_shared<CountingScreen>();

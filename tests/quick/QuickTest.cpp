@@ -104,8 +104,10 @@ void QuickTest::open(QSize size, double textScale) {
     Window {
       id: root
       property real textScale
+      property alias pushesScreens: host.pushesScreens
       visible: true
       OrreloHost {
+        id: host
         anchors.fill: parent
         textScale: root.textScale
         Text {

@@ -107,6 +107,26 @@ TEST_F(ViewControllerTest, AStackShowsItsLastScreen) {
   EXPECT_EQ(navigation->topViewController(), root);
 }
 
+TEST_F(ViewControllerTest, WhatIsShownAlreadyIsNotShownAgain) {
+  const auto inner = screen("inner");
+  const auto navigation = NavigationController::create(inner);
+  const auto above = screen("above");
+  ASSERT_TRUE(inner->present(above, false));
+  EXPECT_FALSE(above->present(navigation, false));
+  EXPECT_FALSE(above->present(inner, false));
+  EXPECT_FALSE(above->present(above, false));
+  EXPECT_FALSE(above->present(nullptr, false));
+  for (const auto& refused : {inner, above, std::shared_ptr<Screen>()}) {
+    navigation->pushViewController(refused, false);
+  }
+  navigation->pushViewController(navigation, false);
+  EXPECT_THAT(navigation->state().viewControllers, ElementsAre(inner));
+  EXPECT_EQ(navigation->topmost(), above);
+  above->dismiss(false);
+  navigation->pushViewController(above, false);
+  EXPECT_EQ(navigation->topViewController(), above);
+}
+
 TEST_F(ViewControllerTest, NothingIsHeldByWhatItOnceShowed) {
   std::weak_ptr<ViewController> gone;
   const auto host = screen("host");

@@ -22,6 +22,7 @@ std::shared_ptr<ViewController> NavigationController::visibleChild() const {
 }
 
 void NavigationController::pushViewController(const std::shared_ptr<ViewController>& screen, bool animated) {
+  if (!canAdd(screen)) return;
   adopt(screen);
   auto viewControllers = state().viewControllers;
   viewControllers.push_back(screen);

@@ -40,6 +40,7 @@ class ORRELO_EXPORT NavigationController final : public ViewController {
   reactive::Observable<State> states() const { return state_.stream(); }
   std::shared_ptr<ViewController> topViewController() const { return visibleChild(); }
 
+  /// Refused, with a log line, where `screen` is null or shown already.
   void pushViewController(const std::shared_ptr<ViewController>& screen, bool animated);
   /// The screen that went; null where only the root is left, which stays.
   std::shared_ptr<ViewController> popViewController(bool animated);

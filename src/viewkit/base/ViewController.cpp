@@ -41,6 +41,7 @@ bool ViewController::present(const std::shared_ptr<ViewController>& screen, bool
     });
     return false;
   }
+  if (!canAdd(screen)) return false;
   screen->presenting_ = weak_from_this();
   const bool covers = screen->modalPresentationStyle == ModalPresentationStyle::fullScreen;
   const bool wasVisible = isVisible_;
@@ -65,6 +66,12 @@ void ViewController::close() {
   } else {
     dismiss(true);
   }
+}
+
+bool ViewController::canClose() const {
+  const auto navigation = navigationController();
+  return (navigation && navigation->state().viewControllers.front().get() != this) ||
+         presentingViewController();
 }
 
 void ViewController::dismissPresented(bool animated) {
@@ -105,6 +112,22 @@ void ViewController::disappear(bool animated) {
   viewWillDisappear(animated);
   if (const auto child = visibleChild()) child->disappear(animated);
   viewDidDisappear(animated);
+}
+
+bool ViewController::canAdd(const std::shared_ptr<ViewController>& screen) const {
+  bool canAdd = screen && !screen->parent() && !screen->presentingViewController();
+  for (auto below = shared_from_this(); below && canAdd;) {
+    canAdd = below != screen;
+    const auto container = below->parent();
+    below = container ? container : below->presentingViewController();
+  }
+  if (!canAdd) {
+    log(LogLevel::WARNING, [&] {
+      return std::string(kind()) + " refuses " +
+             (screen ? std::string(screen->kind()) + ", which is shown already" : "to show nothing");
+    });
+  }
+  return canAdd;
 }
 
 void ViewController::adopt(const std::shared_ptr<ViewController>& child) {

@@ -61,13 +61,16 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   };
   reactive::Observable<Presented> presentations() const { return presented_.stream(); }
 
-  /// Shows `screen` over this one. Refused, with a log line, while it presents another: one at a time.
+  /// Shows `screen` over this one. Refused, with a log line, while it presents another: one at a time; or
+  /// where `screen` cannot be added.
   bool present(const std::shared_ptr<ViewController>& screen, bool animated);
   /// Takes away what this one presents, or else itself from who presents it, and all that lies above.
   void dismiss(bool animated);
   /// Leaves the screen: back on its stack, or else away with what was presented. For the back arrow, Escape
   /// and Back.
   virtual void close();
+  /// There is a screen that `close` leads back to.
+  bool canClose() const;
 
   bool isViewLoaded() const { return isLoaded_; }
   void loadViewIfNeeded();
@@ -86,6 +89,8 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   /// The one of its children that is on the screen while this one is.
   virtual std::shared_ptr<ViewController> visibleChild() const { return nullptr; }
 
+  /// It has a place nowhere yet, and is not among those that this one lies in or over. False with a log line.
+  bool canAdd(const std::shared_ptr<ViewController>& screen) const;
   void adopt(const std::shared_ptr<ViewController>& child);
   static void release(const std::shared_ptr<ViewController>& child);
 

@@ -26,14 +26,26 @@ class QQuickWindow;
 /// and screens are shown over it from C++:
 ///
 ///     orrelo::Orrelo::showCampaign("campaign id", orrelo::quick::hostViewController(window));
+///
+/// They come from below. An OrreloHost with `pushesScreens: true` keeps a stack over the host's content, onto
+/// which they are pushed, each under a bar with its title and the way back.
 namespace orrelo::quick {
 
 /// The POSIX machine with Qt's event loop as main loop. Needs a QGuiApplication, which outlives every use of
 /// the kit.
 ORRELO_EXPORT Platform platform(const HostApplication& host = {});
 
-/// What stands for the host's own content in a window: screens are presented from it. One for each window,
+/// What stands for the host's own content in a window: screens are shown from it. One for each window,
 /// which owns it; it is on the screen while the window is shown. Never null.
 ORRELO_EXPORT std::shared_ptr<ViewController> hostViewController(QQuickWindow* window);
+
+/// Shows a screen that the kit has made, as by `Orrelo::getCampaignViewController`, over all that the window
+/// shows. False, with a log line, where that is not possible.
+ORRELO_EXPORT bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen,
+                           bool animated = true);
+
+/// Pushes it onto the window's stack. False where the window's OrreloHost does not push screens.
+ORRELO_EXPORT bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen,
+                        bool animated = true);
 
 }  // namespace orrelo::quick
