@@ -182,7 +182,7 @@ class Engine {
   }
 
   void deliverChunks() {
-    for (const auto& [easy, running] : running_) runGuarded([&] { running.transfer->deliver(); });
+    for (const auto& entry : running_) runGuarded([&] { entry.second.transfer->deliver(); });
   }
 
   // Says after how many milliseconds to look again.
