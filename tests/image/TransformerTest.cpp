@@ -25,7 +25,7 @@ ImagePtr greys(int width, int height, const std::vector<std::uint8_t>& values) {
 
 std::vector<int> greysOf(const Image& image) {
   std::vector<int> values;
-  for (std::size_t i = 0; i < image.bitmap.size(); i += 4) values.push_back(image.bitmap.pixels[i]);
+  for (std::size_t i = 0; i < image.bitmap.size(); i += 4) values.push_back(image.bitmap.pixels.get()[i]);
   return values;
 }
 

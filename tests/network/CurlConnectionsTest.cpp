@@ -31,7 +31,7 @@ TEST_F(CurlConnectionsTest, WhatIsNoHttpHasNoResponse) {
            {"HTTP/1.1 100 Continue\r\nA: 1\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok", "200 ok"},
            {"HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 3\r\n\r\nabc",
             "cannotDecodeContentData"}}) {
-    RawServer server([&](const std::string&) { return answer; });
+    RawServer server([&, &answer = answer](const std::string&) { return answer; });
     const auto result = run(request(server.url()));
     EXPECT_EQ(text(result), expected);
     EXPECT_FALSE(result.response && result.response->headers.contains("a")) << "of an interim reply";
