@@ -69,6 +69,10 @@ void CampaignViewController::viewDidLoad() {
 
 void CampaignViewController::viewWillAppear(bool animated) {
   ORLUIViewController::viewWillAppear(animated);
+  reload();
+}
+
+void CampaignViewController::reload() {
   if (campaignId) {
     loadTriggerByCampaignId.onNext({*campaignId, currentUserId()});
   } else if (campaignType) {
@@ -78,6 +82,10 @@ void CampaignViewController::viewWillAppear(bool animated) {
 
 void CampaignViewController::participate(const std::string& actionUrl) {
   participateTrigger.onNext({actionUrl, currentUserId()});
+}
+
+void CampaignViewController::route(const Page& page) {
+  if (pageRouter) pageRouter->route(page, shared_from_this());
 }
 
 void CampaignViewController::render(const BrandedCampaign& element) {
@@ -96,6 +104,8 @@ void CampaignViewController::render(const BrandedCampaign& element) {
           render(kind);
         } else if constexpr (std::is_same_v<Kind, CampaignResult>) {
           render(kind, campaign.id);
+        } else if constexpr (std::is_same_v<Kind, ModularCampaign>) {
+          render(kind);
         } else {
           show(nullptr);
           constexpr bool isDeprecated = std::is_same_v<Kind, DeprecatedCampaign>;
@@ -123,6 +133,13 @@ void CampaignViewController::render(const AttendanceCampaign& attendance) {
 void CampaignViewController::render(const CampaignResult& result, const std::string& id) {
   show(std::make_shared<CampaignResultView>(result));
   if (result.popUpDialog) showOnce(*result.popUpDialog, id);
+}
+
+void CampaignViewController::render(const ModularCampaign& modular) {
+  const auto page = ModularCampaignView::create(modular);
+  page->delegate = std::static_pointer_cast<CampaignViewController>(shared_from_this());
+  show(page);
+  page->showDialogs(*this);
 }
 
 void CampaignViewController::showOnce(const CampaignPopUpDialog& dialog, const std::string& id) {

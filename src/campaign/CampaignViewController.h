@@ -2,8 +2,10 @@
 
 #include "campaign/CampaignActionView.h"
 #include "campaign/CampaignViewModel.h"
+#include "modular/ModularCampaignView.h"
 #include "viewkit/ErrorView.h"
 #include "viewkit/ORLUIViewController.h"
+#include "viewkit/base/Routing.h"
 
 #include <orrelo/Export.h>
 
@@ -16,7 +18,8 @@ namespace orrelo {
 /// The one screen for every kind of campaign. It loads each time it appears, and whatever comes, from a load
 /// or from taking part, replaces what it shows. After an error it stays as it is.
 class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
-                                                   public CampaignActionViewDelegate {
+                                                   public CampaignActionViewDelegate,
+                                                   public ModularCampaignViewDelegate {
  public:
   struct State {
     /// The page of the campaign's kind; null until there is one. It stays while another loads.
@@ -42,6 +45,11 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
   const std::shared_ptr<ErrorView> errorView;
 
   void participate(const std::string& actionUrl) override;
+  void route(const Page& page) override;
+  void reload() override;
+
+  /// Where it is null, a page that leads elsewhere leads nowhere.
+  std::shared_ptr<PageRouter> pageRouter;
 
  protected:
   void viewDidLoad() override;
@@ -58,6 +66,7 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
   void show(const std::shared_ptr<View>& content);
   void render(const AttendanceCampaign& attendance);
   void render(const CampaignResult& result, const std::string& id);
+  void render(const ModularCampaign& modular);
   void showOnce(const CampaignPopUpDialog& dialog, const std::string& id);
   void fail(const Error& error);
 
