@@ -45,8 +45,8 @@ struct PageDetailDTO {
   /// The title of the screen. Optional: a value that is no text makes the page unknown.
   std::optional<std::string> toolbarText;
 
-  /// Reads the detail out of the page's object. Never fails: what cannot be read is unknown. Only the order of
-  /// a modular page's blocks may stop the process, see ModularCampaignPageDTO.
+  /// Reads the detail out of the page's object. Never fails: what cannot be read is unknown. Only the order
+  /// of a modular page's blocks may stop the process, see ModularCampaignPageDTO.
   static PageDetailDTO decode(std::string_view pageType, const JsonObject& page);
 
   friend bool operator==(const PageDetailDTO&, const PageDetailDTO&) = default;

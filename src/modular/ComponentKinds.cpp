@@ -22,8 +22,8 @@ constexpr ComponentKind kind() {
 }
 
 constexpr std::array kinds{
-    kind<InformationComponent>(),        kind<ActionButtonComponent>(), kind<NoticeComponent>(),
-    kind<TooltipInformationComponent>(), kind<ImageComponent>(),        kind<PageEntryComponent>(),
+    kind<InformationComponent>(),          kind<ActionButtonComponent>(), kind<NoticeComponent>(),
+    kind<TooltipInformationComponent>(),   kind<ImageComponent>(),        kind<PageEntryComponent>(),
     kind<BoxedInformationListComponent>(), kind<WebComponent>(),
 };
 

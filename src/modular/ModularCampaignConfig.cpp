@@ -13,8 +13,8 @@ using Dialogs = std::vector<std::shared_ptr<DialogComponent>>;
 
 template <class Dialog>
 void append(Dialogs& dialogs, const JsonObject& json, std::string_view key) {
-  const auto rows = optionalRecords(
-      json, key, [](const JsonObject& row) { return std::make_shared<Dialog>(row); });
+  const auto rows =
+      optionalRecords(json, key, [](const JsonObject& row) { return std::make_shared<Dialog>(row); });
   if (rows) dialogs.insert(dialogs.end(), rows->begin(), rows->end());
 }
 

@@ -22,8 +22,8 @@ class ORRELO_EXPORT ModularCampaignViewDelegate {
   virtual void reload() = 0;
 };
 
-/// A page put together by the service: its blocks in a stack that scrolls, on white. It never changes; another
-/// page is another view.
+/// A page put together by the service: its blocks in a stack that scrolls, on white. It never changes;
+/// another page is another view.
 class ORRELO_EXPORT ModularCampaignView final : public View,
                                                 public UIComponentDelegate,
                                                 public DialogComponentDelegate {
