@@ -15,17 +15,17 @@ struct Role {
   QVariant (*read)(const Cell&);
 };
 
-// What stands under a day is read on the day's fill.
-QColor bottomColor(const Cell& cell) {
+// On a fill the day and what stands under it are white, unless that could not be read.
+QColor onFill(const Cell& cell, const QColor& otherwise) {
   const auto fill = toQt(cell.backgroundColor);
-  return fill.alpha() == 0 ? QColor(0x3d, 0x3e, 0x3f) : textColorOn(fill);
+  return fill.alpha() == 0 ? otherwise : textColorOn(fill);
 }
 
 constexpr std::array<Role, 9> roles{{
     {"day", [](const Cell& cell) -> QVariant { return toQt(cell.day); }},
-    {"dayColor", [](const Cell& cell) -> QVariant { return toQt(cell.dayColor); }},
+    {"dayColor", [](const Cell& cell) -> QVariant { return onFill(cell, toQt(cell.dayColor)); }},
     {"bottomText", [](const Cell& cell) -> QVariant { return toQt(cell.bottomText); }},
-    {"bottomColor", [](const Cell& cell) -> QVariant { return bottomColor(cell); }},
+    {"bottomColor", [](const Cell& cell) -> QVariant { return onFill(cell, plainTextColor()); }},
     {"backgroundColor", [](const Cell& cell) -> QVariant { return toQt(cell.backgroundColor); }},
     {"borderWidth", [](const Cell& cell) -> QVariant { return cell.borderWidth; }},
     {"borderColor", [](const Cell& cell) -> QVariant { return toQt(cell.borderColor); }},

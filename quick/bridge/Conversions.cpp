@@ -31,8 +31,12 @@ QColor toQt(const Color& color) {
                           component(color.alpha));
 }
 
+QColor plainTextColor() {
+  return QColor::fromRgbF(0.239F, 0.243F, 0.247F);
+}
+
 QColor textColorOn(const QColor& background) {
-  return contrastToWhite(background) >= sufficientContrast ? QColor(Qt::white) : QColor(0x3d, 0x3e, 0x3f);
+  return contrastToWhite(background) >= sufficientContrast ? QColor(Qt::white) : plainTextColor();
 }
 
 QColor legibleOnWhite(QColor color) {

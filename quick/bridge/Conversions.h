@@ -15,9 +15,11 @@ inline QString toQt(std::string_view text) {
 
 QColor toQt(const Color& color);
 
-/// White, or the kit's dark grey where white could not be read on `background`.
+/// The kit's dark grey for text.
+QColor plainTextColor();
+/// White as designed, or the dark grey on a brand colour so light that white could not be read on it.
 QColor textColorOn(const QColor& background);
-/// `color`, darkened as far as it takes to be read on white.
+/// A brand colour as designed, or darkened as far as it takes to be read on white.
 QColor legibleOnWhite(QColor color);
 /// What a disabled button of this colour looks like.
 QColor dimmed(const QColor& color);

@@ -10,6 +10,8 @@ FocusScope {
     property int role: Accessible.Button
     property real focusRadius: Theme.cornerRadius
     property color focusColor: Theme.focus
+    /// ReleaseWithinBounds where something beneath would hear the tap too.
+    property alias gesturePolicy: tap.gesturePolicy
 
     signal pressed()
 
@@ -30,6 +32,7 @@ FocusScope {
     Keys.onSpacePressed: press()
 
     TapHandler {
+        id: tap
         enabled: area.isEnabled
         onTapped: {
             area.forceActiveFocus(Qt.MouseFocusReason)

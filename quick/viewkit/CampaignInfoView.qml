@@ -49,20 +49,22 @@ Item {
                 anchors.verticalCenter: parent.verticalCenter
                 spacing: 5
 
+                KitText {
+                    id: tooltipGuideLabel
+                    width: Math.min(implicitWidth, column.width - 32)
+                    size: 12
+                    color: Theme.secondaryText
+                    text: view.model.guideTitle
+                    Accessible.ignored: true
+                }
                 Image {
+                    id: guideIcon
                     anchors.verticalCenter: parent.verticalCenter
                     visible: view.model.hasGuide
                     width: 12 * Theme.textScale
                     height: width
                     source: view.model.guideAsset
                     sourceSize: Qt.size(48, 48)
-                }
-                KitText {
-                    width: Math.min(implicitWidth, column.width - 32)
-                    size: 12
-                    color: Theme.secondaryText
-                    text: view.model.guideTitle
-                    Accessible.ignored: true
                 }
             }
         }
@@ -80,8 +82,8 @@ Item {
         }
     }
     TooltipView {
-        // The tail stands under the guide's icon.
-        x: Math.max(-8, 6 * Theme.textScale - 7 - tooltip.horizontalBias * width)
+        // The tail points at the middle of the guide's icon, or as near as the page is wide.
+        x: Math.max(0, Math.min(view.width - width, guideIcon.x + guideIcon.width / 2 - 7 - tooltip.horizontalBias * width))
         y: guide.y + guide.height - 4
         tooltip: view.model.tooltip
         maximumWidth: Math.min(200 * Theme.textScale, view.width)

@@ -8,15 +8,8 @@ Rectangle {
     required property CampaignNoticeBridge model
 
     implicitHeight: column.height + 32
-    visible: model.body.length > 0
-    color: "white"
+    color: Theme.noticeFill
     radius: Theme.cornerRadius
-
-    Rectangle {
-        anchors.fill: parent
-        radius: parent.radius
-        color: Theme.noticeFill
-    }
 
     Column {
         id: column
@@ -30,6 +23,11 @@ Rectangle {
             color: Theme.secondaryText
             text: view.model.heading
             Accessible.role: Accessible.Heading
+        }
+        Rectangle {
+            width: parent.width
+            height: 1
+            color: Theme.noticeFill
         }
         KitText {
             width: parent.width

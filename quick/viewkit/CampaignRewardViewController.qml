@@ -22,7 +22,7 @@ FocusScope {
 
         anchors.centerIn: parent
         width: Math.min(340, parent.width - 48)
-        height: words.y + words.height + 20 + button.height + 24
+        height: words.y + words.height + 20 + confirmButton.height + 24
         radius: Theme.cornerRadius
         color: "white"
 
@@ -39,7 +39,7 @@ FocusScope {
             x: 24
             y: 52
             width: parent.width - 48
-            height: Math.min(column.height, card.room - y - 20 - button.height - 24)
+            height: Math.min(column.height, card.room - y - 20 - confirmButton.height - 24)
             contentHeight: column.height
             boundsBehavior: Flickable.StopAtBounds
             interactive: contentHeight > height
@@ -51,6 +51,7 @@ FocusScope {
                 spacing: 16
 
                 KitText {
+                    id: titleLabel
                     width: parent.width
                     horizontalAlignment: Text.AlignHCenter
                     size: 22
@@ -61,6 +62,7 @@ FocusScope {
                     Accessible.role: Accessible.Heading
                 }
                 KitText {
+                    id: messageLable
                     width: parent.width
                     horizontalAlignment: Text.AlignHCenter
                     size: 20
@@ -70,7 +72,7 @@ FocusScope {
             }
         }
         ActionButton {
-            id: button
+            id: confirmButton
             objectName: "confirmButton"
             anchors { left: parent.left; right: parent.right; bottom: parent.bottom; margins: 24 }
             focus: true

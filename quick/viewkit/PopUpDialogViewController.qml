@@ -19,55 +19,76 @@ FocusScope {
             onTapped: view.screen.close()
         }
     }
-    Column {
-        anchors.centerIn: parent
-        width: Math.min(parent.width, Theme.contentWidth) - 2 * Theme.margin
-        spacing: 12
+    // The close label stays in reach; the rest scrolls where it does not fit.
+    Flickable {
+        id: content
 
-        KitText {
+        readonly property real room: Math.min(view.width, Theme.contentWidth) - 2 * Theme.margin
+
+        anchors { horizontalCenter: parent.horizontalCenter; bottom: closeArea.top; bottomMargin: 20 }
+        width: Math.min(room, Math.max(topLabel.implicitWidth, topSubLabel.implicitWidth, picture.width))
+        height: Math.min(column.height, view.height - closeArea.height - 20 - 2 * Theme.margin)
+        contentHeight: column.height
+        boundsBehavior: Flickable.StopAtBounds
+        interactive: contentHeight > height
+        clip: interactive
+
+        // A tap on what the dialog shows is none beside it.
+        TapHandler {
+            gesturePolicy: TapHandler.ReleaseWithinBounds
+        }
+        Column {
+            id: column
             width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            size: 24
-            maximumScale: 1.6
-            font.weight: Font.Black
-            color: "white"
-            text: view.screen.heading
-            Accessible.role: Accessible.Heading
-        }
-        KitText {
-            width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            color: "white"
-            text: view.screen.label
-        }
-        KitImage {
-            anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.min(parent.width, 320)
-            height: Math.min(heightForWidth, view.height * 0.5)
-            model: view.screen.image
-        }
-        Item {
-            width: 1
-            height: 8
-        }
-        PressArea {
-            anchors.horizontalCenter: parent.horizontalCenter
-            width: closeLabel.implicitWidth + 40
-            height: Math.max(Theme.touchSize, closeLabel.implicitHeight + 12)
-            focus: true
-            focusColor: "white"
-            name: view.screen.closeText
-            onPressed: view.screen.close()
+            spacing: 12
 
             KitText {
-                id: closeLabel
-                anchors.centerIn: parent
-                size: 20
-                font.bold: true
+                id: topLabel
+                width: parent.width
+                horizontalAlignment: Text.AlignHCenter
+                size: 24
+                maximumScale: 1.6
+                font.weight: Font.ExtraBold
                 color: "white"
-                text: view.screen.closeText
-                Accessible.ignored: true
+                text: view.screen.heading
+                Accessible.role: Accessible.Heading
             }
+            KitText {
+                id: topSubLabel
+                width: parent.width
+                horizontalAlignment: Text.AlignHCenter
+                color: "white"
+                text: view.screen.label
+            }
+            KitImage {
+                id: picture
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: Math.min(content.room, 320)
+                height: Math.min(heightForWidth, view.height * 0.5)
+                model: view.screen.image
+            }
+        }
+    }
+    PressArea {
+        id: closeArea
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Math.min(view.height - Theme.margin - height, (view.height + column.height + 20 - height) / 2)
+        width: closeLabel.implicitWidth + 40
+        height: Math.max(Theme.touchSize, closeLabel.implicitHeight + 12)
+        focus: true
+        focusColor: "white"
+        name: view.screen.closeText
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onPressed: view.screen.close()
+
+        KitText {
+            id: closeLabel
+            anchors.centerIn: parent
+            size: 20
+            font.bold: true
+            color: "white"
+            text: view.screen.closeText
+            Accessible.ignored: true
         }
     }
 }

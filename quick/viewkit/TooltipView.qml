@@ -31,7 +31,7 @@ Item {
         NumberAnimation { target: view; property: "opacity"; to: 0; duration: view.tooltip.fadeDuration; easing.type: Easing.InOutQuad }
     }
     TooltipBubble {
-        anchors.fill: parent
+        anchors { fill: parent; margins: -margin }
         tooltip: view.tooltip
     }
     KitText {
@@ -52,20 +52,19 @@ Item {
     }
     TapHandler {
         enabled: view.isShown
+        gesturePolicy: TapHandler.ReleaseWithinBounds  // what lies beneath is not tapped
         onTapped: view.tooltip.handleTapAction()
     }
-    // Sees every press of the window first, and lets it pass.
+    // Sees every tap in the window, and lets it pass.
     Item {
         parent: view.Window.contentItem
         anchors.fill: parent
         z: 1000
         visible: view.isShown && view.tooltip.dismissOnTouchOutside
 
-        PointHandler {
-            onActiveChanged: {
-                if (!active) return
-                const place = view.mapFromItem(parent, point.pressPosition.x, point.pressPosition.y)
-                if (!view.contains(place)) view.tooltip.hide()
+        TapHandler {
+            onTapped: eventPoint => {
+                if (!view.contains(view.mapFromItem(parent, eventPoint.position))) view.tooltip.hide()
             }
         }
     }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <set>
 #include <string_view>
+#include <utility>
 
 namespace orrelo {
 namespace {
@@ -41,19 +42,21 @@ void CampaignLocalDataSource::save(const CampaignState& state) const {
   auto states = load();
   std::erase_if(states, [&](const auto& stored) { return stored.campaignId == state.campaignId; });
   states.push_back(state);
-  store(states);
+  store(std::move(states));
 }
 
 void CampaignLocalDataSource::prune(const std::vector<Campaign>& listed) const {
   std::set<std::string_view> wanted;
   for (const auto& campaign : listed) wanted.insert(campaign.id);
   auto states = load();
-  // The first state of a campaign is the one that counts.
-  std::erase_if(states, [&](const auto& stored) { return wanted.erase(stored.campaignId) == 0; });
-  store(states);
+  std::erase_if(states, [&](const auto& stored) { return !wanted.contains(stored.campaignId); });
+  store(std::move(states));
 }
 
-void CampaignLocalDataSource::store(const std::vector<CampaignState>& states) const {
+void CampaignLocalDataSource::store(std::vector<CampaignState> states) const {
+  // The first state of a campaign is the one that counts.
+  std::set<std::string> known;
+  std::erase_if(states, [&](const auto& state) { return !known.insert(state.campaignId).second; });
   JsonWriter json;
   json.beginArray();
   for (const auto& state : states) {

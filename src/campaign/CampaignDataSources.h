@@ -38,7 +38,7 @@ class CampaignLocalDataSource {
   void prune(const std::vector<Campaign>& listed) const;
 
  private:
-  void store(const std::vector<CampaignState>& states) const;
+  void store(std::vector<CampaignState> states) const;
 
   std::shared_ptr<UserDefaults> userDefaults;
 };

@@ -16,6 +16,7 @@ namespace orrelo {
 CampaignViewController::CampaignViewController(std::shared_ptr<CampaignViewModel> model,
                                                std::optional<std::string> id,
                                                std::optional<ORLCampaignType> type)
+    // Deliberately not spelled as the text that an error gives it.
     : errorView(std::make_shared<ErrorView>("잠시 후 다시 시도해주세요")),
       viewModel(std::move(model)),
       campaignId(std::move(id)),
@@ -123,7 +124,7 @@ void CampaignViewController::render(const AttendanceCampaign& attendance) {
   const auto page = std::make_shared<AttendanceCampaignView>(attendance);
   page->actionView->delegate = std::static_pointer_cast<CampaignViewController>(shared_from_this());
   show(page);
-  if (const auto& reward = attendance.rewardMessage) {
+  if (const auto& reward = attendance.rewardMessage; reward && hasPlace()) {
     const CampaignRewardViewController::Content content{reward->title, reward->message, reward->buttonText,
                                                         attendance.calendar.primaryColor};
     root()->topmost()->present(std::make_shared<CampaignRewardViewController>(content), false);
@@ -132,14 +133,14 @@ void CampaignViewController::render(const AttendanceCampaign& attendance) {
 
 void CampaignViewController::render(const CampaignResult& result, const std::string& id) {
   show(std::make_shared<CampaignResultView>(result));
-  if (result.popUpDialog) showOnce(*result.popUpDialog, id);
+  if (result.popUpDialog && hasPlace()) showOnce(*result.popUpDialog, id);
 }
 
 void CampaignViewController::render(const ModularCampaign& modular) {
   const auto page = ModularCampaignView::create(modular);
   page->delegate = std::static_pointer_cast<CampaignViewController>(shared_from_this());
   show(page);
-  page->showDialogs(*this);
+  if (hasPlace()) page->showDialogs(*this);
 }
 
 void CampaignViewController::showOnce(const CampaignPopUpDialog& dialog, const std::string& id) {
@@ -149,8 +150,14 @@ void CampaignViewController::showOnce(const CampaignPopUpDialog& dialog, const s
   if (known != states.end() && known->popUpDialogIsShown) return;
   const PopUpDialogViewController::Content content{dialog.title, dialog.label, dialog.imageUrl,
                                                    dialog.buttonText};
-  present(std::make_shared<PopUpDialogViewController>("campaign_result_pop_up_dialog", content), false);
-  viewModel->saveCampaignStateUseCase().save(id, true);
+  const bool isShown =
+      present(std::make_shared<PopUpDialogViewController>("campaign_result_pop_up_dialog", content), false);
+  // At once, and not when it is closed: whatever ends the dialog, the user has seen it.
+  if (isShown) viewModel->saveCampaignStateUseCase().save(id, true);
+}
+
+bool CampaignViewController::hasPlace() const {
+  return isVisible() || parent() || presentingViewController();
 }
 
 void CampaignViewController::fail(const Error& error) {

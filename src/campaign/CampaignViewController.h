@@ -16,7 +16,8 @@
 namespace orrelo {
 
 /// The one screen for every kind of campaign. It loads each time it appears, and whatever comes, from a load
-/// or from taking part, replaces what it shows. After an error it stays as it is.
+/// or from taking part, replaces what it shows. After an error of its streams it
+/// stays as it is; a kind that it cannot show gives way to the next campaign.
 class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
                                                    public CampaignActionViewDelegate,
                                                    public ModularCampaignViewDelegate {
@@ -68,6 +69,8 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
   void render(const CampaignResult& result, const std::string& id);
   void render(const ModularCampaign& modular);
   void showOnce(const CampaignPopUpDialog& dialog, const std::string& id);
+  /// Nobody sees a dialog over a screen that was taken away while its reply was on its way.
+  bool hasPlace() const;
   void fail(const Error& error);
 
   const std::shared_ptr<CampaignViewModel> viewModel;

@@ -6,6 +6,7 @@
 #include "reactive/Subjects.h"
 
 #include <algorithm>
+#include <mutex>
 #include <utility>
 
 namespace orrelo {
@@ -18,6 +19,28 @@ bool hasType(const Campaign& campaign, ORLCampaignType type) {
     return false;
   }
 }
+
+// Whether the pipeline is at work. Once it has ended, no trigger that comes at the same moment says
+// otherwise; those who listen are told within the lock, and do so on a scheduler of their own.
+class Loading {
+ public:
+  void begin() { tell(true, false); }
+  void end() { tell(false, false); }
+  void finish() { tell(false, true); }
+  reactive::Observable<bool> stream() const { return isLoading_.asObservable().distinctUntilChanged(); }
+
+ private:
+  void tell(bool isLoading, bool isLast) {
+    const std::lock_guard lock(mutex_);
+    if (hasFinished_) return;
+    hasFinished_ = isLast;
+    isLoading_.onNext(isLoading);
+  }
+
+  std::mutex mutex_;
+  bool hasFinished_ = false;
+  reactive::BehaviorSubject<bool> isLoading_{false};
+};
 
 template <class T>
 reactive::Observable<T> failure(OrreloError error) {
@@ -44,9 +67,8 @@ CampaignViewModel::Output CampaignViewModelImpl::transform(
     const Triggers<ORLCampaignType>& loadTriggerByCampaignType,
     const Triggers<std::string>& participateTrigger) {
   using Trigger = CampaignTrigger<std::string>;
-  const reactive::BehaviorSubject<bool> isLoading(false);
-  const auto begins = [isLoading](const auto&) { isLoading.onNext(true); };
-  const auto ends = [isLoading] { isLoading.onNext(false); };
+  const auto loading = std::make_shared<Loading>();
+  const auto begins = [loading](const auto&) { loading->begin(); };
 
   const auto byType =
       loadTriggerByCampaignType.doOn({.onNext = begins}).flatMap(step(&CampaignViewModelImpl::lookUp));
@@ -58,13 +80,13 @@ CampaignViewModel::Output CampaignViewModelImpl::transform(
   const auto campaigns = reactive::merge<BrandedCampaign>({loads, participations})
                              .flatMap(step(&CampaignViewModelImpl::induceUpdateIfUnknown))
                              .doOn({.onNext =
-                                        [weak = weak_from_this(), ends](const BrandedCampaign& branded) {
+                                        [weak = weak_from_this(), loading](const BrandedCampaign& branded) {
                                           if (const auto self = weak.lock()) self->remember(branded.campaign);
-                                          ends();
+                                          loading->end();
                                         },
-                                    .onError = [ends](const Error&) { ends(); },
-                                    .onCompleted = ends});
-  return {campaigns, isLoading.asObservable().distinctUntilChanged()};
+                                    .onError = [loading](const Error&) { loading->finish(); },
+                                    .onCompleted = [loading] { loading->finish(); }});
+  return {campaigns, loading->stream()};
 }
 
 CampaignViewModelImpl::Stream<CampaignTrigger<std::string>> CampaignViewModelImpl::lookUp(
@@ -76,7 +98,7 @@ CampaignViewModelImpl::Stream<CampaignTrigger<std::string>> CampaignViewModelImp
         const auto found = std::find_if(campaigns.begin(), campaigns.end(),
                                         [&](const auto& each) { return hasType(each, trigger.target); });
         if (found == campaigns.end()) throw makeError(OrreloError::campaignNotExists);
-        return Found{found->id, trigger.userId};
+        return Found{found->id, trigger.userId};  // to be asked for by itself: a list may hold less of it
       });
 }
 

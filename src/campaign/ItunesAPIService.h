@@ -2,6 +2,7 @@
 
 #include "network/HTTPClient.h"
 #include "reactive/ObservableType.h"
+#include "reactive/Scheduler.h"
 
 #include <cstdint>
 #include <memory>
@@ -38,18 +39,21 @@ class ItunesAPIService {
   virtual reactive::Observable<ITunesResponse> lookup(const std::string& bundleId) = 0;
 };
 
+/// Replies are read on `scheduler` and not on the network's thread.
 class ItunesAPIServiceImpl final : public ItunesAPIService {
  public:
   /// Over plain HTTP, as the store offers it: nothing of the user or of the kit goes with the question.
   static constexpr const char* storeUrl = "http://itunes.apple.com";
 
-  explicit ItunesAPIServiceImpl(std::shared_ptr<HTTPClient> client, std::string baseUrl = storeUrl)
-      : httpClient(std::move(client)), baseUrl_(std::move(baseUrl)) {}
+  ItunesAPIServiceImpl(std::shared_ptr<HTTPClient> client, reactive::SchedulerPtr scheduler,
+                       std::string baseUrl = storeUrl)
+      : httpClient(std::move(client)), scheduler_(std::move(scheduler)), baseUrl_(std::move(baseUrl)) {}
 
   reactive::Observable<ITunesResponse> lookup(const std::string& bundleId) override;
 
  private:
   std::shared_ptr<HTTPClient> httpClient;
+  reactive::SchedulerPtr scheduler_;
   std::string baseUrl_;
 };
 

@@ -31,6 +31,7 @@ PageDetailDTO PageDetailDTO::decode(std::string_view pageType, const JsonObject&
   };
   // The first that holds decides: an "attendance_result" is an attendance page.
   try {
+    // Referral, stamp and marketing pages have no look yet.
     if (contains("attendance")) return decodeAs<AttendanceCampaignPageDetailDTO>(page);
     if (contains("referral")) return unknown();
     if (contains("stamp")) return unknown();

@@ -11,6 +11,7 @@
 
 namespace orrelo {
 
+/// Misspelled from the start, and kept so.
 class ParticipageCampaignUseCase {
  public:
   virtual ~ParticipageCampaignUseCase() = default;

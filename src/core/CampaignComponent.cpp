@@ -25,7 +25,7 @@ CampaignUseCases makeUseCases(const std::shared_ptr<FetchConfigUseCase>& fetchCo
       .participateCampaignUseCase =
           std::make_shared<ParticipateCampaignUseCaseImpl>(networkConfig, httpClient, scheduler),
       .fetchUpdateUrlUseCase = std::make_shared<FetchUpdateUrlUseCaseImpl>(
-          std::make_shared<ItunesAPIServiceImpl>(httpClient, storeUrl), fetchConfigUseCase),
+          std::make_shared<ItunesAPIServiceImpl>(httpClient, scheduler, storeUrl), fetchConfigUseCase),
       .fetchCampaignStateUseCase = FetchCampaignStateUseCase(repository),
       .saveCampaignStateUseCase = SaveCampaignStateUseCase(repository),
   };

@@ -33,6 +33,7 @@ std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() {
 }
 
 std::shared_ptr<ViewController> makeErrorScreen() {
+  // Deliberately not spelled as the text of an error.
   return std::make_shared<ErrorViewController>("잠시 후 다시 시도해주세요.");
 }
 

@@ -24,7 +24,7 @@ class ORRELO_EXPORT CampaignInfoView final : public View {
 
     friend bool operator==(const State&, const State&) = default;
   };
-  /// Stands before the guide's title where there is a message.
+  /// Stands behind the guide's title where there is a message.
   static constexpr auto guideAsset = "orl_ic_information";
 
   CampaignInfoView();

@@ -30,7 +30,7 @@ class ORRELO_EXPORT PopUpDialogViewController final : public ViewController {
 
   std::string_view kind() const override { return "PopUpDialogViewController"; }
 
-  /// A tap on the close label or beside the picture.
+  /// A tap on the close label or beside what the dialog shows.
   void close() override { dismiss(false); }
 
   const std::string pageName;
@@ -38,7 +38,7 @@ class ORRELO_EXPORT PopUpDialogViewController final : public ViewController {
   const std::shared_ptr<ImageView> imageView;
 
  protected:
-  void viewDidLoad() override { imageView->load(content.imageUrl); }
+  void viewDidLoad() override;
 };
 
 }  // namespace orrelo

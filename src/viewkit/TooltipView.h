@@ -53,6 +53,12 @@ class ORRELO_EXPORT TooltipView final : public View {
 
   static constexpr double cornerRadius = 5.0;
   static constexpr double tailHeight = 10.0;
+  /// Of the whole view, which the bubble and its tail lie on.
+  static constexpr Color backing{0.0, 0.0, 0.0, 0.02};
+  /// Black, beneath the bubble and its tail; the radius is the platform's own.
+  static constexpr double shadowOpacity = 0.4;
+  static constexpr Point shadowOffset{0.0, 4.0};
+  static constexpr double shadowRadius = 3.0;
   /// Of the opacity. It stays shown in the end, unseen, and takes no taps.
   static constexpr Animation fade{
       .from = 1.0, .to = 0.0, .duration = std::chrono::seconds(1), .delay = std::chrono::seconds(3)};

@@ -1,5 +1,6 @@
 #include "CampaignReplies.h"
 #include "campaign/attendance/CalendarCellViewState.h"
+#include "campaign/attendance/CampaignCalendarView.h"
 #include "network/RFC3339DateParser.h"
 #include "support/TestPlatform.h"
 
@@ -203,6 +204,52 @@ TEST_F(CampaignCalendarTest, AnotherYearMeetsNoCell) {
 TEST_F(CampaignCalendarTest, ADayThatIsNoneDrawsTheHeadersAlone) {
   for (const int month : {0, -1, 13, 1'000'000}) {
     EXPECT_EQ(cells(calendarOf({2026, month, 1}, {CalendarDate()})).size(), 7U) << month;
+  }
+}
+
+TEST(CalendarCellTest, EachStateHasALookOfItsOwn) {
+  const Color primary{0.2, 0.4, 1.0};
+  const Color secondary{1.0, 0.9, 0.5};
+  const Color none{0.0, 0.0, 0.0, 0.0};
+  const CalendarDate third{2026, 2, 3};
+  const auto look = [&](const CalendarCellViewState& state) {
+    return renderCell(state, primary, secondary, 3);
+  };
+  const auto header = look(CalendarCell::Header{"일"});
+  EXPECT_EQ(header.day, "일");
+  EXPECT_EQ(header.dayColor, (Color{0.582, 0.588, 0.592}));
+  const auto deemed = look(CalendarCell::Deemed{{2026, 1, 31}});
+  EXPECT_EQ(deemed.day, "31");
+  EXPECT_EQ(deemed.dayColor, (Color{0.715, 0.717, 0.72}));
+  EXPECT_EQ(deemed.accessibilityLabel, "");
+  struct Expected {
+    CalendarCellViewState state;
+    std::string bottomText;
+    Color fill;
+    double borderWidth;
+    bool hasIcon;
+    std::string spoken;
+  };
+  const std::vector<Expected> all{
+      {CalendarCell::Normal{third}, "", none, 0.0, false, "3일"},
+      {CalendarCell::Today{third}, "오늘", none, 2.0, false, "3일, 오늘"},
+      {CalendarCell::Highlight{third}, "", primary, 0.0, false, "3일, 출석"},
+      {CalendarCell::TodayHighlight{third}, "오늘", primary, 0.0, false, "3일, 출석, 오늘"},
+      {CalendarCell::HighlightWithIcon{"u"}, "", secondary, 0.0, true, "3일, 보너스, 출석"},
+      {CalendarCell::TodayHighlightWithIcon{"u"}, "오늘", secondary, 0.0, true, "3일, 보너스, 출석, 오늘"},
+      {CalendarCell::StrokeHighlightWithIcon{"u"}, "", none, 2.0, true, "3일, 보너스"},
+      {CalendarCell::TodayStrokeHighlightWithIcon{{}}, "오늘", none, 2.0, true, "3일, 보너스, 오늘"}};
+  for (const auto& expected : all) {
+    const auto cell = look(expected.state);
+    EXPECT_EQ(cell.bottomText, expected.bottomText) << expected.spoken;
+    EXPECT_EQ(cell.backgroundColor, expected.fill) << expected.spoken;
+    EXPECT_EQ(cell.borderWidth, expected.borderWidth) << expected.spoken;
+    if (cell.borderWidth > 0) {
+      EXPECT_EQ(cell.borderColor, primary) << expected.spoken;
+    }
+    EXPECT_EQ(cell.hasIcon, expected.hasIcon) << expected.spoken;
+    EXPECT_EQ(cell.day, expected.hasIcon ? "" : "3") << expected.spoken;
+    EXPECT_EQ(cell.accessibilityLabel, expected.spoken);
   }
 }
 

@@ -95,6 +95,9 @@ TEST_F(CampaignRepositoryTest, SavingLeavesOneStateACampaignAtTheEnd) {
   EXPECT_EQ(stored(), R"([{"campaignId":"b \"따옴표\"","popUpDialogIsShown":true},)"
                       R"({"campaignId":"a","popUpDialogIsShown":true}])");
   EXPECT_EQ(states_.fetch(), (std::vector<CampaignState>{{"b \"따옴표\"", true}, {"a", true}}));
+  store(R"([{"campaignId":"a","popUpDialogIsShown":true},{"campaignId":"a","popUpDialogIsShown":false}])");
+  save_.save("c", true);
+  EXPECT_EQ(states_.fetch(), (std::vector<CampaignState>{{"a", true}, {"c", true}}));
   const auto before = stored();
   save_.save("\xFF", true);
   EXPECT_EQ(stored(), before);

@@ -83,8 +83,8 @@ class CampaignViewModelTest : public CampaignFixture {
   std::shared_ptr<CampaignViewModelImpl> viewModel_ = CampaignViewModelImpl::create(
       {FetchCampaignsUseCase(repository_), FetchCampaignUseCase(repository_),
        std::make_shared<AskingConfig>(), participate_,
-       std::make_shared<FetchUpdateUrlUseCaseImpl>(std::make_shared<ItunesAPIServiceImpl>(client_),
-                                                   std::make_shared<AskingConfig>()),
+       std::make_shared<FetchUpdateUrlUseCaseImpl>(
+           std::make_shared<ItunesAPIServiceImpl>(client_, scheduler()), std::make_shared<AskingConfig>()),
        FetchCampaignStateUseCase(repository_), SaveCampaignStateUseCase(repository_)});
   reactive::PublishSubject<CampaignTrigger<std::string>> byId_;
   reactive::PublishSubject<CampaignTrigger<ORLCampaignType>> byType_;

@@ -22,7 +22,7 @@ class FetchUpdateUrlTest : public CampaignFixture {
  protected:
   std::shared_ptr<Heard<std::string>> fetch() { return listen(useCase_.fetch()); }
 
-  FetchUpdateUrlUseCaseImpl useCase_{std::make_shared<ItunesAPIServiceImpl>(client_),
+  FetchUpdateUrlUseCaseImpl useCase_{std::make_shared<ItunesAPIServiceImpl>(client_, scheduler()),
                                      std::make_shared<FixedConfig>()};
 };
 
@@ -67,7 +67,7 @@ TEST_F(FetchUpdateUrlTest, ALookupThatFailsFailsTheStream) {
 
 TEST_F(FetchUpdateUrlTest, TheStoresHostsCanBeOthers) {
   FetchUpdateUrlUseCaseImpl useCase(
-      std::make_shared<ItunesAPIServiceImpl>(client_, "https://localhost:9443/store"),
+      std::make_shared<ItunesAPIServiceImpl>(client_, scheduler(), "https://localhost:9443/store"),
       std::make_shared<FixedConfig>(), "https://shop.example");
   lay(R"({"resultCount":1,"results":[{"bundleId":"com.example.shop","trackId":7}]})");
   EXPECT_THAT(listen(useCase.fetch())->elements, ElementsAre("https://shop.example/app/id7"));

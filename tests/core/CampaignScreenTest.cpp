@@ -1,8 +1,6 @@
 #include "campaign/CampaignViewController.h"
 #include "campaign/attendance/AttendanceCampaignView.h"
 #include "campaign/result/CampaignResultView.h"
-#include "core/base/Json.h"
-#include "core/base/Logger.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "viewkit/CampaignRewardViewController.h"
@@ -17,11 +15,15 @@ namespace orrelo::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class Reports final : public ORLUserEventDelegate {
  public:
-  void userEventDidOccur(const ORLUserEvent& event) override { names.push_back(event.name); }
+  void userEventDidOccur(const ORLUserEvent& event) override {
+    names.push_back(event.name);
+    if (!event.values || !event.values->contains("page_name")) return;
+    pages.push_back(std::get<std::string>(event.values->at("page_name").variant()));
+  }
+  std::vector<std::string> pages;
   std::vector<std::string> names;
 };
 
@@ -186,9 +188,51 @@ TEST_F(CampaignScreenTest, AResultsDialogComesOnce) {
     const auto shown =
         std::dynamic_pointer_cast<PopUpDialogViewController>(screen->presentedViewController());
     EXPECT_EQ(shown != nullptr, isFirst);
-    EXPECT_EQ(shown ? shown->pageName : "", isFirst ? "campaign_result_pop_up_dialog" : "");
     host_->dismiss(false);
   }
+  EXPECT_THAT(reports_->pages, ElementsAre("result", "campaign_result_pop_up_dialog", "result"));
+}
+
+TEST_F(CampaignScreenTest, ADialogThatCannotBeSeenCountsAsNotShown) {
+  constexpr auto dialog =
+      R"("pop_up":{"title":"당첨!","label":"축하해요","image_url":"https://img.example/w.png","button_text":"x"},)";
+  replies_["/campaigns/c-1"] = std::nullopt;
+  const auto gone = open();
+  gone->close();
+  platform_.session->answer(ScriptedURLSession::reply(200, campaignReply(resultPage(dialog))));
+  platform_.loop->run();
+  EXPECT_EQ(gone->presentedViewController(), nullptr);
+
+  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(attendancePage()));
+  const auto screen = open();
+  const auto above = std::make_shared<CampaignRewardViewController>(CampaignRewardViewController::Content{});
+  ASSERT_TRUE(screen->present(above, false));
+  replies_["/attendance/c-1/check-in"] = ScriptedURLSession::reply(200, resultPage(dialog));
+  press(*content<AttendanceCampaignView>(*screen));
+  EXPECT_EQ(screen->presentedViewController(), above) << "one at a time";
+  above->close();
+
+  host_->dismiss(false);
+  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(resultPage(dialog)));
+  EXPECT_TRUE(open()->presentedViewController()) << "nobody has seen it yet";
+}
+
+TEST_F(CampaignScreenTest, AKindThatItCannotShowGivesWayToTheNextCampaign) {
+  replies_["/lookup"] = ScriptedURLSession::reply(200, R"({"resultCount":0,"results":[]})");
+  replies_["/campaigns/c-1"] =
+      ScriptedURLSession::reply(200, campaignReply(R"({"page_type":"hologram","page_id":"p"})"));
+  const auto screen = open();
+  EXPECT_EQ(errorOf(*screen), "앱을 업데이트 후 다시 시도해 주세요.");
+  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(attendancePage()));
+  const auto appearAgain = [&] {
+    host_->presentedViewController()->disappear(false);
+    host_->presentedViewController()->appear(false);
+    platform_.loop->run();
+  };
+  appearAgain();
+  EXPECT_EQ(errorOf(*screen), "");
+  EXPECT_TRUE(content<AttendanceCampaignView>(*screen));
+  EXPECT_EQ(screen->title(), "출석체크");
 }
 
 TEST_F(CampaignScreenTest, AKindOfTomorrowAsksTheStoreAndTheUserToUpdate) {
@@ -216,9 +260,49 @@ TEST_F(CampaignScreenTest, AHostsStackGetsTheScreenUnderItsOwnBar) {
   EXPECT_EQ(errorOf(*screen), "");
   EXPECT_TRUE(content<AttendanceCampaignView>(*screen));
   EXPECT_EQ(screen->modalTopBar().height, 0.0);
+  EXPECT_EQ(screen->modalPresentationStyle, ModalPresentationStyle::fullScreen);
   EXPECT_EQ(navigation->state().titleTextAttributes->foregroundColor, Color());
   screen->close();
   EXPECT_EQ(navigation->topViewController(), root);
+}
+
+TEST_F(CampaignScreenTest, AVisitLeavesAHostsBarAsItWas) {
+  using Attributes = NavigationController::TitleTextAttributes;
+  const auto root = std::make_shared<HostViewController>();
+  const auto navigation = NavigationController::create(root);
+  navigation->setTitleTextAttributes(Attributes{{0.9, 0.1, 0.1}});
+  navigation->appear(false);
+  const auto before = navigation->state().titleTextAttributes;
+  for (const bool isHidden : {false, true}) {
+    navigation->setNavigationBarHidden(isHidden);
+    Orrelo::showCampaign("c-1", root);
+    platform_.loop->run();
+    EXPECT_EQ(navigation->state().titleTextAttributes == before, isHidden);
+    navigation->topViewController()->close();
+    EXPECT_EQ(navigation->state().titleTextAttributes, before);
+  }
+  // As the only screen of a stack without a bar it has none of its own either, and leaves with the stack.
+  const auto alone = Orrelo::getCampaignViewController("c-1");
+  const auto stack = NavigationController::create(alone);
+  stack->setNavigationBarHidden(true);
+  host_->present(stack, false);
+  platform_.loop->run();
+  EXPECT_EQ(std::dynamic_pointer_cast<CampaignViewController>(alone)->modalTopBar().height, 0.0);
+  alone->close();
+  EXPECT_EQ(host_->presentedViewController(), nullptr);
+}
+
+TEST_F(CampaignScreenTest, WithoutATitleTheBarCollapsesForGood) {
+  const auto titleless = attendancePage();
+  auto page = titleless;
+  page.replace(page.find("\"toolbar_text\""), 14, "\"no_text\"");
+  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(page));
+  const auto screen = open();
+  EXPECT_EQ(screen->modalTopBar().height, 0.0);
+  replies_["/attendance/c-1/check-in"] = ScriptedURLSession::reply(200, titleless);
+  press(*content<AttendanceCampaignView>(*screen));
+  EXPECT_EQ(screen->title(), "출석체크");
+  EXPECT_EQ(screen->modalTopBar().height, 0.0);
 }
 
 TEST_F(CampaignScreenTest, ATooltipExplainsTheGuide) {

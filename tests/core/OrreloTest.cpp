@@ -2,6 +2,7 @@
 #include "core/base/Logger.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
+#include "viewkit/base/ViewController.h"
 
 #include <orrelo/Orrelo.h>
 
@@ -62,6 +63,8 @@ TEST_F(OrreloTest, BeforeInitializeEveryGuardedOperationSaysSoAndEnds) {
   Orrelo::showHome(nullptr);
   Orrelo::showCampaign("id", nullptr);
   Orrelo::showCampaign(ORLCampaignType::attendance, nullptr);
+  EXPECT_EQ(Orrelo::getCampaignViewController("id")->kind(), "ErrorViewController");
+  EXPECT_EQ(Orrelo::getCampaignViewController(ORLCampaignType::attendance)->kind(), "ErrorViewController");
   Orrelo::showNaverPayExchange(nullptr);
   Orrelo::showPage("id");
   Orrelo::showInAppMessage(nullptr);
@@ -81,6 +84,7 @@ TEST_F(OrreloTest, BeforeInitializeEveryGuardedOperationSaysSoAndEnds) {
       complaints,
       ElementsAre(start + "sendEvent(_:values:)", start + "sendEvent(_:values:)", start + "showHome(with:)",
                   start + "showCampaign(by:with:)", start + "showCampaign(by:with:)",
+                  start + "getCampaignViewController(by:)", start + "getCampaignViewController(by:)",
                   start + "showNaverPayExchange(with:)", start + "showPage(by:)",
                   start + "showInAppMessage(with:)", start + "setDeviceToken(_:)", start + "setPushToken(_:)",
                   start + "userNotificationCenter(_:didReceive:withCompletionHandler:)",

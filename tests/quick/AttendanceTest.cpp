@@ -53,14 +53,15 @@ TEST_F(AttendanceTest, FitsPhonesAndDesktops) {
 }
 
 TEST_F(AttendanceTest, ShowsThatItLoadsThenThePage) {
-  auto answer = std::exchange(service_->answers, {});
-  answer.erase("/event");
-  service_->answers["/config"] = answer["/config"];
+  const auto page = service_->answers.extract("/campaigns/c-1").mapped();
   showCampaign();
   EXPECT_TRUE(waitForNamed(loading));
   grab("attendance-loading");
   EXPECT_EQ(named(loading)->width(), 50.0);
   EXPECT_EQ(named(checkIn), nullptr);
+  service_->answerWaiting("/campaigns/c-1", page);
+  EXPECT_TRUE(waitForNamed(checkIn));
+  EXPECT_EQ(named(loading), nullptr);
 }
 
 TEST_F(AttendanceTest, SaysWhatIsWrongOverThePage) {
@@ -117,6 +118,24 @@ TEST_F(AttendanceTest, TheGuideShowsItsTooltipUntilATapElsewhere) {
   EXPECT_TRUE(waitForNamed(guideMessage));
   click(guideMessage);
   EXPECT_EQ(named(guideMessage), nullptr);
+}
+
+TEST_F(AttendanceTest, ATapOnTheTooltipIsNoneOnWhatLiesBeneath) {
+  service_->answers["/none.png"] = {404, ""};
+  service_->answers["/campaigns/c-1"] = {
+      200, campaignReply(richAttendancePage(R"(,"image_url":"https://cdn.example/none.png")"))};
+  openCampaign();
+  click(guide);
+  ASSERT_TRUE(waitForNamed(guideMessage));
+  const auto* const bubble = named(guideMessage);
+  const auto* const button = named(checkIn);
+  const QRectF over(bubble->mapToScene({0, 0}), bubble->size());
+  const auto both = over & QRectF(button->mapToScene({0, 0}), button->size());
+  ASSERT_FALSE(both.isEmpty()) << "without a picture the tooltip lies over the button";
+  QTest::mouseClick(window_, Qt::LeftButton, {}, both.center().toPoint());
+  EXPECT_EQ(named(guideMessage), nullptr);
+  settle();
+  EXPECT_EQ(service_->timesAsked("/attend"), 0);
 }
 
 TEST_F(AttendanceTest, TheTooltipFadesByItself) {

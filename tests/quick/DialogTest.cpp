@@ -82,6 +82,8 @@ TEST_F(DialogTest, AResultShowsItsPopUpOnce) {
   showCampaign();
   ASSERT_TRUE(waitForNamed(QStringLiteral("당첨!")));
   grab("result-pop-up");
+  click(QStringLiteral("축하드려요"));
+  EXPECT_NE(named(QStringLiteral("당첨!")), nullptr) << "the words are not beside themselves";
   QTest::mouseClick(window_, Qt::LeftButton, {}, {20, 400});  // beside the lines
   EXPECT_EQ(named(QStringLiteral("당첨!")), nullptr);
   grab("result-390");
@@ -92,6 +94,20 @@ TEST_F(DialogTest, AResultShowsItsPopUpOnce) {
   ASSERT_TRUE(waitForNamed(QStringLiteral("11월 출석")));
   grab("result-320-large-text");
   EXPECT_EQ(named(QStringLiteral("당첨!")), nullptr);
+}
+
+TEST_F(DialogTest, APopUpKeepsItsCloseLabelInReach) {
+  open({320, 568}, 2.0);
+  std::string label;
+  for (int i = 0; i < 40; ++i) label += "경품은 다음 주에 보내드려요. ";
+  host()->present(std::make_shared<PopUpDialogViewController>(
+                      "page", PopUpDialogViewController::Content{"당첨을 축하합니다", label, "", ""}),
+                  false);
+  ASSERT_TRUE(waitForNamed(closeText));
+  grab("pop-up-320-large-text");
+  EXPECT_LE(named(closeText)->mapToScene({0, 0}).y() + named(closeText)->height(), 568.0);
+  click(closeText);
+  EXPECT_EQ(host()->presentedViewController(), nullptr);
 }
 
 }  // namespace

@@ -33,6 +33,12 @@ class Service final : public URLSession {
   std::map<std::string, Answer> answers;
   std::vector<std::string> asked;
 
+  /// The answer for those who wait for one.
+  void answerWaiting(const std::string& path, const Answer& reply) {
+    answers[path] = reply;
+    for (const auto& [waitingPath, completion] : std::exchange(waiting_, {})) answer(waitingPath, completion);
+  }
+
   int timesAsked(const std::string& pathEnd) const {
     return static_cast<int>(
         std::count_if(asked.begin(), asked.end(), [&](const auto& path) { return path.ends_with(pathEnd); }));
@@ -69,9 +75,11 @@ class Service final : public URLSession {
       if (path.ends_with(end))
         return completion({std::nullopt, reply.body, HTTPURLResponse{reply.status, {}}});
     }
+    waiting_.emplace_back(path, completion);
   }
 
   std::shared_ptr<MainLoop> loop_;
+  std::vector<std::pair<std::string, Completion>> waiting_;
 };
 
 /// What the service sends: pages, with `more` members, and campaigns around them.

@@ -25,6 +25,7 @@ Item {
 
     Accessible.role: Accessible.Cell
     Accessible.name: accessibilityLabel
+    Accessible.ignored: accessibilityLabel.length === 0
 
     Rectangle {
         anchors { fill: parent; margins: 1.5 }

@@ -30,11 +30,13 @@ CalendarCellViewState stateOf(const CalendarDate& day, const CampaignCalendar& c
 
 std::vector<CalendarCellViewState> cellViewState(const CampaignCalendar& calendar) {
   const int month = calendar.today.month;
+  const int year = CampaignCalendar::deviceYear();  // the same for all, also at the turn of the year
   std::vector<CalendarCellViewState> cells;
   for (const auto& text : calendar.headers) cells.emplace_back(CalendarCell::Header{text});
-  for (const auto& day : calendar.previousMonthTail(month)) cells.emplace_back(CalendarCell::Deemed{day});
-  for (const auto& day : calendar.monthDays(month)) cells.push_back(stateOf(day, calendar));
-  for (const auto& day : calendar.nextMonthHead(month)) cells.emplace_back(CalendarCell::Deemed{day});
+  for (const auto& day : calendar.previousMonthTail(month, year))
+    cells.emplace_back(CalendarCell::Deemed{day});
+  for (const auto& day : calendar.monthDays(month, year)) cells.push_back(stateOf(day, calendar));
+  for (const auto& day : calendar.nextMonthHead(month, year)) cells.emplace_back(CalendarCell::Deemed{day});
   return cells;
 }
 

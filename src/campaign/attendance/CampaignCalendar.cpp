@@ -11,11 +11,9 @@
 namespace orrelo {
 namespace {
 
-std::optional<date::year_month> deviceMonth(int month) {
+std::optional<date::year_month> monthOf(int year, int month) {
   if (month < 1 || month > 12) return std::nullopt;
-  const auto now = Platform::current().clock->now();
-  return date::year(RFC3339DateParser::year(now, TimeZone::current())) /
-         date::month(static_cast<unsigned>(month));
+  return date::year(year) / date::month(static_cast<unsigned>(month));
 }
 
 int dayCount(date::year_month month) {
@@ -37,21 +35,25 @@ std::vector<CalendarDate> daysOf(date::year_month month, int first, int last) {
 
 }  // namespace
 
-std::vector<CalendarDate> CampaignCalendar::previousMonthTail(int month) const {
-  const auto current = deviceMonth(month);
+int CampaignCalendar::deviceYear() {
+  return RFC3339DateParser::year(Platform::current().clock->now(), TimeZone::current());
+}
+
+std::vector<CalendarDate> CampaignCalendar::previousMonthTail(int month, int year) const {
+  const auto current = monthOf(year, month);
   if (!current) return {};
   const auto previous = *current - date::months(1);
   const int count = dayCount(previous);
   return daysOf(previous, count - leadingCells(*current) + 1, count);
 }
 
-std::vector<CalendarDate> CampaignCalendar::monthDays(int month) const {
-  const auto current = deviceMonth(month);
+std::vector<CalendarDate> CampaignCalendar::monthDays(int month, int year) const {
+  const auto current = monthOf(year, month);
   return current ? daysOf(*current, 1, dayCount(*current)) : std::vector<CalendarDate>();
 }
 
-std::vector<CalendarDate> CampaignCalendar::nextMonthHead(int month) const {
-  const auto current = deviceMonth(month);
+std::vector<CalendarDate> CampaignCalendar::nextMonthHead(int month, int year) const {
+  const auto current = monthOf(year, month);
   if (!current) return {};
   const int cells = leadingCells(*current) + dayCount(*current);
   return daysOf(*current + date::months(1), 1, (7 - cells % 7) % 7);

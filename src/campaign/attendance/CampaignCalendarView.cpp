@@ -1,6 +1,5 @@
 #include "campaign/attendance/CampaignCalendarView.h"
 
-#include <type_traits>
 #include <variant>
 
 namespace orrelo {
@@ -23,7 +22,9 @@ class CellPainter {
     return {.day = header.text, .dayColor = headerColor, .accessibilityLabel = header.text};
   }
   CampaignCalendarViewCell operator()(const CalendarCell::Deemed& cell) const {
-    return dayCell(cell.date, deemedColor);
+    auto neighbour = dayCell(cell.date, deemedColor);
+    neighbour.accessibilityLabel.clear();  // it would be heard as a day of this month
+    return neighbour;
   }
   CampaignCalendarViewCell operator()(const CalendarCell::Normal& cell) const {
     return dayCell(cell.date, dayColor);

@@ -27,7 +27,7 @@ struct CampaignCalendarViewCell {
   /// Whether the icon's place is there, be there an icon or not.
   bool hasIcon = false;
   std::string iconUrl = {};
-  /// What assistive technology says of the cell.
+  /// What assistive technology says of the cell; empty where it passes it over.
   std::string accessibilityLabel = {};
 
   friend bool operator==(const CampaignCalendarViewCell&, const CampaignCalendarViewCell&) = default;
