@@ -3,6 +3,7 @@
 #include "campaign/CampaignInfo.h"
 #include "campaign/attendance/AttendanceCampaign.h"
 #include "core/base/Error.h"
+#include "modular/ModularCampaign.h"
 
 #include <orrelo/ORLCampaignType.h>
 
@@ -22,10 +23,6 @@ struct OptInMarketingCampaign {
 
 struct StampCampaign {
   friend bool operator==(const StampCampaign&, const StampCampaign&) = default;
-};
-
-struct ModularCampaign {
-  friend bool operator==(const ModularCampaign&, const ModularCampaign&) = default;
 };
 
 /// What is shown after a campaign has ended for this user.

@@ -50,6 +50,14 @@ CampaignResult resultOf(CampaignResultPageDTO&& dto, const Campaign& campaign) {
   return result;
 }
 
+// A modular page has its title in its layout, and there alone.
+std::optional<std::string> titleOf(PageDetailDTO& detail) {
+  const auto* const modular = std::get_if<ModularCampaignPageDTO>(&detail.kind);
+  if (modular == nullptr) return std::move(detail.toolbarText);
+  const auto& toolbar = modular->config.layout.toolbar;
+  return toolbar ? std::optional(toolbar->text) : std::nullopt;
+}
+
 struct TypeOf {
   const Campaign& campaign;
 
@@ -61,7 +69,9 @@ struct TypeOf {
   }
   Campaign::CampaignType operator()(ReferralCampaignPageDTO&) const { return ReferralCampaign{}; }
   Campaign::CampaignType operator()(StampCampaignPageDTO&) const { return StampCampaign{}; }
-  Campaign::CampaignType operator()(ModularCampaignPageDTO&) const { return ModularCampaign{}; }
+  Campaign::CampaignType operator()(ModularCampaignPageDTO& dto) const {
+    return ModularCampaign{std::move(dto.components), std::move(dto.config)};
+  }
   Campaign::CampaignType operator()(CampaignResultPageDTO& dto) const {
     return resultOf(std::move(dto), campaign);
   }
@@ -75,7 +85,7 @@ struct TypeOf {
 Campaign CampaignMapper::map(CampaignDTO&& dto) const {
   auto& detail = dto.page.pageDetail;
   Campaign campaign{std::move(dto.id), std::move(dto.label), std::move(dto.name), std::move(dto.iconUrl),
-                    std::move(detail.toolbarText)};
+                    titleOf(detail)};
   campaign.type = std::visit(TypeOf{campaign}, detail.kind);
   return campaign;
 }

@@ -70,6 +70,10 @@ void CampaignViewController::viewDidLoad() {
 
 void CampaignViewController::viewWillAppear(bool animated) {
   ORLUIViewController::viewWillAppear(animated);
+  reload();
+}
+
+void CampaignViewController::reload() {
   if (campaignId) {
     loadTriggerByCampaignId.onNext({*campaignId, currentUserId()});
   } else if (campaignType) {
@@ -79,6 +83,10 @@ void CampaignViewController::viewWillAppear(bool animated) {
 
 void CampaignViewController::participate(const std::string& actionUrl) {
   participateTrigger.onNext({actionUrl, currentUserId()});
+}
+
+void CampaignViewController::route(const Page& page) {
+  if (pageRouter) pageRouter->route(shared_from_this(), page);
 }
 
 void CampaignViewController::render(const BrandedCampaign& element) {
@@ -97,6 +105,8 @@ void CampaignViewController::render(const BrandedCampaign& element) {
           render(kind);
         } else if constexpr (std::is_same_v<Kind, CampaignResult>) {
           render(kind, campaign.id);
+        } else if constexpr (std::is_same_v<Kind, ModularCampaign>) {
+          render(kind);
         } else {
           show(nullptr);
           constexpr bool isDeprecated = std::is_same_v<Kind, DeprecatedCampaign>;
@@ -124,6 +134,13 @@ void CampaignViewController::render(const AttendanceCampaign& attendance) {
 void CampaignViewController::render(const CampaignResult& result, const std::string& id) {
   show(std::make_shared<CampaignResultView>(result));
   if (result.popUpDialog && hasPlace()) showOnce(*result.popUpDialog, id);
+}
+
+void CampaignViewController::render(const ModularCampaign& modular) {
+  const auto page = ModularCampaignView::create(modular);
+  page->delegate = std::static_pointer_cast<CampaignViewController>(shared_from_this());
+  show(page);
+  if (hasPlace()) page->showDialogs(*this);
 }
 
 void CampaignViewController::showOnce(const CampaignPopUpDialog& dialog, const std::string& id) {

@@ -2,8 +2,10 @@
 
 #include "campaign/CampaignActionView.h"
 #include "campaign/CampaignViewModel.h"
+#include "modular/ModularCampaignView.h"
 #include "viewkit/ErrorView.h"
 #include "viewkit/ORLUIViewController.h"
+#include "viewkit/base/Routing.h"
 
 #include <orrelo/Export.h>
 
@@ -17,7 +19,8 @@ namespace orrelo {
 /// or from taking part, replaces what it shows. After an error of its streams it
 /// stays as it is; a kind that it cannot show gives way to the next campaign.
 class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
-                                                   public CampaignActionViewDelegate {
+                                                   public CampaignActionViewDelegate,
+                                                   public ModularCampaignViewDelegate {
  public:
   struct State {
     /// The page of the campaign's kind; null until there is one. It stays while another loads.
@@ -43,6 +46,11 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
   const std::shared_ptr<ErrorView> errorView;
 
   void participate(const std::string& actionUrl) override;
+  void route(const Page& page) override;
+  void reload() override;
+
+  /// Where it is null, a page that leads elsewhere leads nowhere.
+  std::shared_ptr<PageRouter> pageRouter;
 
  protected:
   void viewDidLoad() override;
@@ -59,6 +67,7 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
   void show(const std::shared_ptr<View>& content);
   void render(const AttendanceCampaign& attendance);
   void render(const CampaignResult& result, const std::string& id);
+  void render(const ModularCampaign& modular);
   void showOnce(const CampaignPopUpDialog& dialog, const std::string& id);
   /// Nobody sees a dialog over a screen that was taken away while its reply was on its way.
   bool hasPlace() const;

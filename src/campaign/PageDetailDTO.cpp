@@ -8,13 +8,19 @@ namespace {
 constexpr auto fixedTitle = "이벤트";
 
 template <class Detail>
-PageDetailDTO decodeAs(const JsonObject& page) {
-  const auto json = page.object("page_detail");
+PageDetailDTO decodeAs(const JsonObject& page, std::string_view key = "page_detail") {
+  const auto json = page.object(key);
   return {Detail::decode(json), json.optionalText("toolbar_text")};
 }
 
 PageDetailDTO unknown() {
   return {UnknownCampaignDetailDTO{}, fixedTitle};
+}
+
+// A page of which this build can show nothing is unknown.
+PageDetailDTO decodeModular(const JsonObject& page) {
+  auto detail = decodeAs<ModularCampaignPageDTO>(page, "page_details_v2");
+  return std::get<ModularCampaignPageDTO>(detail.kind).components.empty() ? unknown() : detail;
 }
 
 }  // namespace
@@ -32,7 +38,7 @@ PageDetailDTO PageDetailDTO::decode(std::string_view pageType, const JsonObject&
     if (contains("marketing")) return unknown();
     if (pageType == "custom_a_01" || pageType == "custom_a_02") return {DeprecatedPageDTO{}, fixedTitle};
     if (contains("result")) return decodeAs<CampaignResultPageDTO>(page);
-    return unknown();
+    return decodeModular(page);
   } catch (const Error&) {
     // A page that this build cannot read must not cost the user the rest of the list.
     return unknown();

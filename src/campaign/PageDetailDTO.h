@@ -3,6 +3,7 @@
 #include "campaign/CampaignResultPageDTO.h"
 #include "campaign/attendance/AttendanceCampaignPageDetailDTO.h"
 #include "core/base/Json.h"
+#include "modular/ModularCampaignPageDTO.h"
 
 #include <optional>
 #include <string>
@@ -22,10 +23,6 @@ struct StampCampaignPageDTO {
 struct OptInMarketingCampaignPageDetailDTO {
   friend bool operator==(const OptInMarketingCampaignPageDetailDTO&,
                          const OptInMarketingCampaignPageDetailDTO&) = default;
-};
-
-struct ModularCampaignPageDTO {
-  friend bool operator==(const ModularCampaignPageDTO&, const ModularCampaignPageDTO&) = default;
 };
 
 /// A page of a kind that is no longer shown; nothing of it is read.
@@ -48,7 +45,8 @@ struct PageDetailDTO {
   /// The title of the screen. Optional: a value that is no text makes the page unknown.
   std::optional<std::string> toolbarText;
 
-  /// Reads the detail out of the page's object. Never fails: what cannot be read is unknown.
+  /// Reads the detail out of the page's object. Never fails: what cannot be read is unknown. Only the order
+  /// of a modular page's blocks may stop the process, see ModularCampaignPageDTO.
   static PageDetailDTO decode(std::string_view pageType, const JsonObject& page);
 
   friend bool operator==(const PageDetailDTO&, const PageDetailDTO&) = default;

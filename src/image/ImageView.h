@@ -38,7 +38,12 @@ class ORRELO_EXPORT ImageView : public View, public ImageTarget {
 /// An image view that takes the height that its image has at the view's width.
 class ORRELO_EXPORT AutoLayoutImageView final : public ImageView {
  public:
+  /// How the image lies in the view: as large as it fits, or in its own size.
+  enum class ContentMode { scaleAspectFit, center };
+
   std::string_view kind() const override { return "AutoLayoutImageView"; }
+
+  ContentMode contentMode = ContentMode::scaleAspectFit;
 };
 
 }  // namespace orrelo

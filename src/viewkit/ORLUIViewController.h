@@ -1,10 +1,12 @@
 #pragma once
 
+#include "viewkit/ToastLayer.h"
 #include "viewkit/base/NavigationController.h"
 #include "viewkit/base/ViewController.h"
 
 #include <orrelo/Export.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -27,6 +29,8 @@ class ORRELO_EXPORT ORLUIViewController : public ViewController {
 
   ModalTopBar modalTopBar() const { return modalTopBar_.value(); }
   reactive::Observable<ModalTopBar> modalTopBars() const { return modalTopBar_.stream(); }
+  /// Over all that the screen shows.
+  const std::shared_ptr<ToastLayer> toastLayer = std::make_shared<ToastLayer>();
 
  protected:
   void viewWillAppear(bool animated) override;

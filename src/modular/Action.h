@@ -1,0 +1,31 @@
+#pragma once
+
+#include "navigation/page/Page.h"
+
+#include <string>
+#include <variant>
+
+namespace orrelo {
+
+/// The one message that a block or a dialog of a page sends upward.
+struct Action {
+  /// Take part by the path that the service has given.
+  struct WithUrl {
+    std::string url;
+    friend bool operator==(const WithUrl&, const WithUrl&) = default;
+  };
+  struct Routing {
+    Page page;
+    friend bool operator==(const Routing&, const Routing&) = default;
+  };
+  /// Load the campaign anew.
+  struct UpdateNeeded {
+    friend bool operator==(const UpdateNeeded&, const UpdateNeeded&) = default;
+  };
+
+  std::variant<WithUrl, Routing, UpdateNeeded> kind;
+
+  friend bool operator==(const Action&, const Action&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,88 @@
+#include "modular/ModularCampaignPageDTO.h"
+
+#include "core/base/JsonFields.h"
+#include "core/base/preconditionFailure.h"
+#include "modular/ComponentKinds.h"
+#include "modular/content/BlankComponent.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+using Component = std::shared_ptr<UIComponent>;
+
+// Elements, taken from the front.
+template <class T>
+class Supply {
+ public:
+  explicit Supply(std::vector<T> elements) : elements_(std::move(elements)) {}
+
+  bool isEmpty() const { return taken_ == elements_.size(); }
+  T take() { return std::move(elements_[taken_++]); }
+
+ private:
+  std::vector<T> elements_;
+  std::size_t taken_ = 0;
+};
+
+std::map<std::string_view, Supply<Component>> decodeArrays(const JsonObject& json) {
+  std::map<std::string_view, Supply<Component>> arrays;
+  for (const auto& kind : componentKinds()) {
+    try {
+      auto components = optionalRecords(json, kind.arrayKey, kind.decode);
+      if (components) arrays.emplace(kind.arrayKey, *std::move(components));
+    } catch (const Error&) {
+      // The good elements beside the bad one go with it: which of them was meant where cannot be told.
+    }
+  }
+  return arrays;
+}
+
+Supply<std::int64_t> decodeBlanks(const JsonObject& json) {
+  std::vector<std::int64_t> heights;
+  const auto value = json.find("blank");
+  if (value && !value->isNull()) {
+    value->arrayValue().forEach([&](const JsonValue& element) {
+      const auto height = element.asInteger();
+      if (!height) throw makeError(DecodingError::typeMismatch, "\"blank\" holds more than integers.");
+      heights.push_back(*height);
+    });
+  }
+  return Supply(std::move(heights));
+}
+
+std::vector<Component> ordered(const JsonObject& json, const std::vector<std::string>& order) {
+  auto arrays = decodeArrays(json);
+  auto blanks = decodeBlanks(json);
+  std::vector<Component> components;
+  const auto appendBlank = [&] {
+    if (!blanks.isEmpty()) components.push_back(std::make_shared<BlankComponent>(blanks.take()));
+  };
+  // A page begins with a blank, and one follows each name, known or not, as long as they last.
+  appendBlank();
+  for (const auto& name : order) {
+    if (const auto array = arrays.find(name); array != arrays.end()) {
+      if (array->second.isEmpty()) {
+        preconditionFailure("\"component_order\" names more blocks than \"" + name + "\" holds");
+      }
+      components.push_back(array->second.take());
+    }
+    appendBlank();
+  }
+  return components;
+}
+
+}  // namespace
+
+ModularCampaignPageDTO ModularCampaignPageDTO::decode(const JsonObject& json) {
+  auto config = ModularCampaignConfig::decode(json.object("page_config"));
+  auto components = ordered(json, config.layout.componentOrder);
+  return {std::move(components), std::move(config)};
+}
+
+}  // namespace orrelo

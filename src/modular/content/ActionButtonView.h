@@ -1,0 +1,45 @@
+#pragma once
+
+#include "modular/UIComponent.h"
+#include "viewkit/TextStyle.h"
+
+#include <orrelo/Export.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace orrelo {
+
+class ORRELO_EXPORT ActionButtonView final : public View {
+ public:
+  struct Content {
+    std::string text;
+    std::string statusMessage;
+    bool isEnabled = false;
+    std::string actionUrl;
+    /// Of the button while it is enabled; any light fill serves otherwise.
+    Color color;
+  };
+  static constexpr EdgeInsets margins{0.0, 16.0, 0.0, 16.0};
+  /// Between the button and the status.
+  static constexpr double spacing = 10.0;
+  static constexpr double buttonHeight = 56.0;
+  static constexpr double cornerRadius = 8.0;
+  static constexpr TextStyle titleStyle{16.0, TextStyle::Weight::bold, {1.0, 1.0, 1.0, 1.0}};
+  static constexpr Color disabledTitleColor{0.582, 0.588, 0.592, 1.0};
+  /// In the middle.
+  static constexpr TextStyle statusStyle{.size = 12.0, .color = {0.363, 0.369, 0.375, 1.0}};
+
+  explicit ActionButtonView(Content button) : content(std::move(button)) {}
+
+  std::string_view kind() const override { return "ActionButtonView"; }
+
+  /// The button was pressed. It is reported even where the action reaches nobody.
+  void onClick() const;
+
+  const Content content;
+  std::weak_ptr<const UIComponent> delegate;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,18 @@
+#include "modular/content/BlankComponent.h"
+
+#include "modular/content/SpacerView.h"
+
+#include <algorithm>
+
+namespace orrelo {
+
+void BlankComponent::render(StackView& stackView) {
+  const auto room = static_cast<double>(std::max(height, std::int64_t{0}));
+  if (stackView.state.value().arrangedSubviews.empty()) {
+    stackView.addArrangedSubview(std::make_shared<SpacerView>(room));
+  } else {
+    stackView.setCustomSpacingAfterLast(room);
+  }
+}
+
+}  // namespace orrelo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "modular/content/BoxedInformationListComponent.h"
+#include "modular/content/InformationBox.h"
+
+#include <orrelo/Export.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace orrelo {
+
+/// A title over a box for each item, all across the view.
+class ORRELO_EXPORT BoxedInformationListView final : public View {
+ public:
+  static constexpr EdgeInsets margins{0.0, 25.0, 0.0, 25.0};
+  static constexpr double spacing = 8.0;
+
+  BoxedInformationListView(std::string heading, const std::vector<BoxedInformation>& items);
+
+  std::string_view kind() const override { return "BoxedInformationListView"; }
+
+  const std::string title;
+  const std::vector<std::shared_ptr<InformationBox>> boxes;
+};
+
+}  // namespace orrelo

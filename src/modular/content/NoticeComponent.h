@@ -1,0 +1,30 @@
+#pragma once
+
+#include "core/base/JsonFields.h"
+#include "modular/UIComponent.h"
+#include "modular/content/NoticeView.h"
+
+#include <orrelo/Export.h>
+
+#include <string>
+#include <vector>
+
+namespace orrelo {
+
+/// A list of what the user has to know.
+class ORRELO_EXPORT NoticeComponent final : public UIComponent {
+ public:
+  static constexpr std::string_view key = "notice";
+
+  /// Throws a DecodingError.
+  explicit NoticeComponent(const JsonObject& json) : items(textsOf(json, "items")) {}
+
+  std::string_view arrayKey() const override { return key; }
+  void render(StackView& stackView) override {
+    stackView.addArrangedSubview(std::make_shared<NoticeView>(items));
+  }
+
+  const std::vector<std::string> items;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "viewkit/base/View.h"
+#include "viewkit/bulletLines.h"
+
+#include <orrelo/Export.h>
+
+#include <string>
+#include <vector>
+
+namespace orrelo {
+
+class ORRELO_EXPORT NoticeView final : public View {
+ public:
+  explicit NoticeView(const std::vector<std::string>& items) : text(bulletLines(items)) {}
+
+  std::string_view kind() const override { return "NoticeView"; }
+
+  /// A bullet line for each item.
+  const std::string text;
+};
+
+}  // namespace orrelo

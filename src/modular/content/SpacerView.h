@@ -1,0 +1,19 @@
+#pragma once
+
+#include "viewkit/base/View.h"
+
+#include <orrelo/Export.h>
+
+namespace orrelo {
+
+/// Nothing but room.
+class ORRELO_EXPORT SpacerView final : public View {
+ public:
+  explicit SpacerView(double points) : height(points) {}
+
+  std::string_view kind() const override { return "SpacerView"; }
+
+  const double height;
+};
+
+}  // namespace orrelo

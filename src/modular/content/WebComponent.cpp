@@ -1,0 +1,38 @@
+#include "modular/content/WebComponent.h"
+
+#include "core/base/Error.h"
+#include "modular/content/WebView.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace orrelo {
+namespace {
+
+Url urlOf(const std::string& text) {
+  if (auto url = Url::parse(text)) return *std::move(url);
+  throw makeError(DecodingError::dataCorrupted, "Invalid URL");
+}
+
+// A text that is no integer, and a negative one, take no room.
+double pointsOf(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  std::int64_t points = 0;
+  const auto* const end = text.data() + text.size();
+  const auto [stop, fault] = std::from_chars(text.data(), end, points);
+  return fault == std::errc() && stop == end ? static_cast<double>(std::max(points, std::int64_t{0})) : 0.0;
+}
+
+}  // namespace
+
+WebComponent::WebComponent(const JsonObject& json)
+    : url(urlOf(json.text("url"))), width(json.text("width")), height(json.text("height")) {}
+
+void WebComponent::render(StackView& stackView) {
+  const bool isFullWidth = width == "100%";
+  const auto ownWidth = isFullWidth ? std::nullopt : std::optional(pointsOf(width));
+  stackView.addArrangedSubview(std::make_shared<WebView>(url, ownWidth, pointsOf(height)),
+                               isFullWidth ? std::optional(0.0) : std::nullopt);
+}
+
+}  // namespace orrelo

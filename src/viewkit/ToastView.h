@@ -1,0 +1,42 @@
+#pragma once
+
+#include "viewkit/TextStyle.h"
+#include "viewkit/base/Animation.h"
+#include "viewkit/base/View.h"
+
+#include <orrelo/Export.h>
+
+#include <string>
+#include <utility>
+
+namespace orrelo {
+
+/// A short message in the middle of a screen, which goes by itself.
+class ORRELO_EXPORT ToastView final : public View {
+ public:
+  static constexpr auto identifier = "OrreloToast";
+  static constexpr TextStyle textStyle{.size = 12.0, .color = {1.0, 1.0, 1.0, 1.0}};
+  static constexpr double cornerRadius = 5.0;
+  /// Around the text, on all four sides.
+  static constexpr double inset = 8.0;
+  /// Of the width of the screen.
+  static constexpr double maximumWidthShare = 0.8;
+  /// Of the opacity.
+  static constexpr Animation fade{.from = 1.0,
+                                  .to = 0.0,
+                                  .duration = std::chrono::seconds(2),
+                                  .delay = std::chrono::seconds(1),
+                                  .curve = Animation::Curve::easeOut};
+
+  ToastView(std::string text, const Color& color)
+      : message(std::move(text)), backgroundColor{color.red, color.green, color.blue, 0.87} {
+    accessibilityIdentifier = identifier;
+  }
+
+  std::string_view kind() const override { return "ToastView"; }
+
+  const std::string message;
+  const Color backgroundColor;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "viewkit/base/View.h"
+
+#include <orrelo/Export.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace orrelo {
+
+/// Views one below the other.
+class ORRELO_EXPORT StackView final : public View {
+ public:
+  struct Arranged {
+    std::shared_ptr<View> view;
+    /// From either edge of the stack. Absent where the view has its own width, and stands in the middle.
+    std::optional<double> inset;
+    /// Between the view and the next one.
+    double spacingAfter = 0.0;
+
+    friend bool operator==(const Arranged&, const Arranged&) = default;
+  };
+
+  struct State {
+    /// From top to bottom.
+    std::vector<Arranged> arrangedSubviews;
+    /// Around all of them.
+    EdgeInsets margins;
+
+    friend bool operator==(const State&, const State&) = default;
+  };
+
+  std::string_view kind() const override { return "StackView"; }
+
+  void addArrangedSubview(std::shared_ptr<View> view, std::optional<double> inset = std::nullopt);
+  /// After the last view, in place of what was set there before. Nothing where there is no view yet.
+  void setCustomSpacingAfterLast(double spacing);
+
+  Followed<State> state;
+};
+
+}  // namespace orrelo

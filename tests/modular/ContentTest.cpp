@@ -1,0 +1,210 @@
+#include "RenderedPage.h"
+#include "modular/content/ActionButtonView.h"
+#include "modular/content/BoxedInformationListView.h"
+#include "modular/content/InformationView.h"
+#include "modular/content/NoticeView.h"
+#include "modular/content/PageEntryView.h"
+#include "modular/content/SpacerView.h"
+#include "modular/content/TooltipInformationView.h"
+#include "modular/content/WebView.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ContentTest : public RenderedPage {
+ protected:
+  // A page of these blanks around an image, and what its stack holds.
+  Lines spaced(const Json& order, const Json& blanks) {
+    auto page = pageOf(order, {{"image", wholePage()["image"]}});
+    page["blank"] = blanks;
+    Lines lines;
+    const auto view = build(page);
+    for (const auto& each : view->stackView->state.value().arrangedSubviews) {
+      const auto* const spacer = dynamic_cast<const SpacerView*>(each.view.get());
+      lines.push_back((spacer != nullptr ? "room " + std::to_string(int(spacer->height)) : "image") + " then " +
+                      std::to_string(int(each.spacingAfter)));
+    }
+    return lines;
+  }
+  // The place that a web block with these texts takes: its inset or own width, and its height.
+  std::string place(const std::string& width, const std::string& height) {
+    auto web = block("web");
+    web["width"] = width;
+    web["height"] = height;
+    const auto arranged = arrange("web", web);
+    const auto& view = dynamic_cast<const WebView&>(*arranged.view);
+    EXPECT_NE(arranged.inset.has_value(), view.width.has_value());
+    return (arranged.inset ? "inset " + std::to_string(int(*arranged.inset))
+                           : std::to_string(static_cast<long long>(*view.width))) +
+           " by " + std::to_string(static_cast<long long>(view.height));
+  }
+  std::string routeOf(const Json& change) {
+    auto entry = block("page_entry_view");
+    for (const auto* const key : {"deeplink", "campaign_id", "destination"}) entry.erase(key);
+    entry.update(change);
+    const auto view = render<PageEntryView>("page_entry_view", entry);
+    requests_->lines.clear();
+    view->didAction();
+    return requests_->lines.size() == 1 ? requests_->lines[0] : "";
+  }
+};
+
+TEST_F(ContentTest, AButtonTakesPartAndSaysSo) {
+  const auto arranged = arrange("action", block("action"));
+  EXPECT_EQ(arranged.inset, 0.0);
+  const auto button = std::dynamic_pointer_cast<ActionButtonView>(arranged.view);
+  EXPECT_EQ(button->content.text, "상자 열기");
+  EXPECT_EQ(button->content.statusMessage, "오늘 1번 남았어요");
+  EXPECT_EQ(button->content.color, Color::fromHex("#5B50E8"));
+  // What comes back may replace the page while the button is still at it.
+  requests_->onRequest = [this] { page_.reset(); };
+  button->onClick();
+  EXPECT_THAT(requests_->lines, ElementsAre("participate /campaigns/c-modular-3/open"));
+  EXPECT_THAT(reports_->names, ElementsAre("ol_campaign_participate_button_click"));
+  button->onClick();  // on a page that has gone
+  EXPECT_EQ(requests_->lines.size(), 1U);
+  EXPECT_EQ(reports_->names.size(), 2U);
+}
+
+TEST_F(ContentTest, ADisabledButtonDoesNothing) {
+  auto action = block("action");
+  action["button_enable"] = false;
+  const auto button = render<ActionButtonView>("action", action);
+  EXPECT_FALSE(button->content.isEnabled);
+  EXPECT_EQ(button->content.statusMessage, "오늘 1번 남았어요");
+  button->onClick();
+  EXPECT_THAT(requests_->lines, IsEmpty());
+  EXPECT_THAT(reports_->names, IsEmpty());
+}
+
+TEST_F(ContentTest, APictureIsLoadedAcrossThePageInItsStyle) {
+  platform_.session->lay(ScriptedURLSession::reply(200, PlainImageCodec::file(40, 20)));
+  const auto arranged = arrange("image", block("image"));
+  platform_.loop->run();
+  EXPECT_EQ(arranged.inset, 0.0);
+  const auto& fitted = dynamic_cast<const AutoLayoutImageView&>(*arranged.view);
+  EXPECT_EQ(fitted.contentMode, AutoLayoutImageView::ContentMode::scaleAspectFit);
+  ASSERT_TRUE(fitted.state.value().image);
+  EXPECT_EQ(fitted.state.value().image->width(), 40.0);
+  EXPECT_EQ(render<AutoLayoutImageView>("image", block("image", 1))->contentMode,
+            AutoLayoutImageView::ContentMode::center);
+  platform_.session->lay(ScriptedURLSession::reply(404));
+  platform_.loop->run();
+  EXPECT_EQ(requests_->lines.size(), 0U);
+}
+
+TEST_F(ContentTest, AWebPagesPlaceIsReadFromItsTexts) {
+  const auto view = render<WebView>("web", block("web"));
+  EXPECT_EQ(view->url.text(), "https://cdn.example/web/winners.html");
+  EXPECT_EQ(place("100%", "240"), "inset 0 by 240");
+  EXPECT_EQ(place("100%", ""), "inset 0 by 0");
+  EXPECT_EQ(place("320", "+240"), "320 by 240");
+  for (const auto* const text : {"abc", "", "12px", " 12", "1.5", "-5", "100 %", "99999999999999999999"}) {
+    EXPECT_EQ(place(text, text), "0 by 0") << text;
+  }
+}
+
+TEST_F(ContentTest, ABlankIsAViewAtTheTopAndSpacingBelow) {
+  EXPECT_THAT(spaced({"image"}, {10}), ElementsAre("room 10 then 0", "image then 0"));
+  EXPECT_THAT(spaced({"image", "image"}, {10, 20, 30}),
+              ElementsAre("room 10 then 0", "image then 20", "image then 30"));
+  // The second of two replaces the first's spacing, also that of the view at the top.
+  EXPECT_THAT(spaced({"image", "hologram"}, {10, 20, 30}), ElementsAre("room 10 then 0", "image then 30"));
+  EXPECT_THAT(spaced({"hologram", "blank", "image"}, {10, 20, 30}),
+              ElementsAre("room 10 then 30", "image then 0"));
+  EXPECT_THAT(spaced({"image"}, {-10, -20}), ElementsAre("room 0 then 0", "image then 0"));
+  JsonParser parser;
+  EXPECT_EQ(BlankComponent(parser.parse(R"({"height":8})").objectValue()).height, 8);
+}
+
+TEST_F(ContentTest, ANoticeIsALineForEachItem) {
+  const auto textOf = [this](const Json& items) {
+    return render<NoticeView>("notice", {{"items", items}})->text;
+  };
+  EXPECT_EQ(textOf({"하나", "둘", "셋"}), "• 하나\n• 둘\n• 셋");
+  EXPECT_EQ(textOf({"", "둘"}), "• \n• 둘");
+  EXPECT_EQ(textOf(Json::array()), "");
+  EXPECT_EQ(arrange("notice", block("notice")).inset, std::nullopt);
+}
+
+TEST_F(ContentTest, InformationIsThreeRows) {
+  const auto view = render<InformationView>("information", block("information"));
+  EXPECT_EQ(view->firstTitle, "하루에 한 번");
+  EXPECT_EQ(view->secondTitle, "상자를 열어 보세요");
+  EXPECT_EQ(view->guideMessage, "자정이 지나면 다시 열 수 있어요.\n지난 상자는 사라져요.");
+}
+
+TEST_F(ContentTest, ALineExplainsItselfWhenItIsTapped) {
+  auto information = block("information_tooltip");
+  const auto view = render<TooltipInformationView>("information_tooltip", information);
+  EXPECT_EQ(view->firstTitle, "받을 수 있는");
+  EXPECT_EQ(view->secondTitle, "선물 목록");
+  EXPECT_EQ(view->tooltipTitle, "당첨 확률");
+  const auto& tooltip = view->tooltipView->state;
+  EXPECT_TRUE(tooltip.value().isHidden);
+  for (const int count : {1, 2}) {
+    view->tooltipTitleTapped();
+    EXPECT_EQ(tooltip.value(), (TooltipView::State{"모든 선물의 확률은 같아요.", false, count}));
+  }
+  EXPECT_THAT(reports_->names, ElementsAre("ol_tooltip_show", "ol_tooltip_show"));
+  information["tooltip_message"] = "";
+  const auto plain = render<TooltipInformationView>("information_tooltip", information);
+  plain->tooltipTitleTapped();
+  EXPECT_TRUE(plain->tooltipView->state.value().isHidden);
+  EXPECT_EQ(reports_->names.size(), 2U);
+}
+
+TEST_F(ContentTest, ABoxsPictureIsAsWideAsItsProportionsAsk) {
+  platform_.session->lay(ScriptedURLSession::reply(200, PlainImageCodec::file(30, 20)));
+  platform_.session->lay(ScriptedURLSession::reply(404));
+  const auto list =
+      render<BoxedInformationListView>("boxed_information_list", block("boxed_information_list"));
+  EXPECT_EQ(list->title, "이번 주의 선물");
+  ASSERT_EQ(list->boxes.size(), 2U);
+  const auto& coffee = *list->boxes[0];
+  EXPECT_EQ(coffee.leftText, "커피 쿠폰");
+  EXPECT_EQ(coffee.rightText, "1,000명");
+  EXPECT_EQ(coffee.rightTextColor, Color::fromHex("#FF5A5F"));
+  EXPECT_EQ(coffee.imageWidth.value(), std::nullopt);
+  platform_.loop->run();
+  EXPECT_EQ(coffee.imageWidth.value(), 36.0);
+  EXPECT_EQ(list->boxes[1]->imageWidth.value(), std::nullopt);
+}
+
+TEST_F(ContentTest, ABoxThatHasGoneTakesNoPicture) {
+  std::weak_ptr<View> gone;
+  gone = arrange("boxed_information_list", block("boxed_information_list")).view;
+  page_.reset();
+  EXPECT_TRUE(gone.expired());
+  platform_.session->answer(ScriptedURLSession::reply(200, PlainImageCodec::file(30, 20)));
+  platform_.loop->run();
+}
+
+TEST_F(ContentTest, AnEntryLeadsToTheFirstPageThatCanBeRead) {
+  EXPECT_EQ(routeOf({{"deeplink", "shop://sale"}, {"campaign_id", "7"}}),
+            R"(route {"deepLink":{"url":"shop://sale"}})");
+  EXPECT_EQ(routeOf({{"deeplink", ""}, {"campaign_id", "7"}}), R"(route {"campaign":{"id":"7"}})");
+  EXPECT_EQ(routeOf({{"deeplink", "a b"}, {"destination", "gifticon"}}), R"(route {"gifticon":{}})");
+  EXPECT_EQ(routeOf({{"deeplink", 5}, {"campaign_id", Json::array()}, {"destination", "home"}}),
+            R"(route {"home":{}})");
+  EXPECT_EQ(routeOf({{"destination", nullptr}}), R"(route {"unknown":{}})");
+  EXPECT_EQ(routeOf(Json::object()), R"(route {"unknown":{}})");
+  EXPECT_THAT(reports_->names, IsEmpty());
+}
+
+TEST_F(ContentTest, AnEntryWithoutAnIconLoadsNone) {
+  const auto view = render<PageEntryView>("page_entry_view", block("page_entry_view", 1));
+  EXPECT_EQ(view->title, "내 포인트");
+  EXPECT_EQ(view->label, "지금까지 모은 포인트");
+  EXPECT_THAT(platform_.session->requests, IsEmpty());
+  render<PageEntryView>("page_entry_view", block("page_entry_view", 0));
+  EXPECT_EQ(platform_.session->requests.size(), 1U);
+}
+
+}  // namespace
+}  // namespace orrelo::test

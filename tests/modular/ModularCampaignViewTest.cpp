@@ -1,0 +1,97 @@
+#include "RenderedPage.h"
+#include "modular/content/ActionButtonView.h"
+#include "modular/content/PageEntryView.h"
+#include "viewkit/CampaignRewardViewController.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ModularCampaignViewTest : public RenderedPage {
+ protected:
+  Lines kinds(const ModularCampaignView& page) {
+    Lines lines;
+    for (const auto& each : page.stackView->state.value().arrangedSubviews) {
+      lines.emplace_back(each.view->kind());
+    }
+    return lines;
+  }
+  std::shared_ptr<CampaignRewardViewController> reward() const {
+    return std::dynamic_pointer_cast<CampaignRewardViewController>(screen_->presentedViewController());
+  }
+  Lines toasts() const {
+    Lines lines;
+    for (const auto& toast : screen_->toastLayer->toasts.value()) lines.push_back(toast->message);
+    return lines;
+  }
+
+  std::shared_ptr<Screen> screen_ = std::make_shared<Screen>();
+};
+
+TEST_F(ModularCampaignViewTest, BlocksStandInTheirOrder) {
+  const auto page = build(wholePage());
+  EXPECT_THAT(kinds(*page),
+              ElementsAre("SpacerView", "AutoLayoutImageView", "InformationView", "ActionButtonView",
+                          "TooltipInformationView", "BoxedInformationListView", "AutoLayoutImageView",
+                          "WebView", "PageEntryView", "PageEntryView", "NoticeView"));
+  const auto stack = page->stackView->state.value().arrangedSubviews;
+  EXPECT_EQ(stack[3].spacingAfter, 8.0);  // the blank of a block that this build does not know
+}
+
+TEST_F(ModularCampaignViewTest, DialogsAreShownAtEachBuildAndAskForTheCampaignWhenClosed) {
+  const auto page = build(wholePage());
+  page->showDialogs(*screen_);
+  const auto first = reward();
+  ASSERT_TRUE(first);
+  // The second finds the screen taken.
+  EXPECT_EQ(first->content.title, "축하합니다 🎉");
+  EXPECT_EQ(first->content.message, "커피 쿠폰을 받았어요.");
+  EXPECT_EQ(first->content.buttonText, "확인");
+  EXPECT_EQ(first->content.color, Color::fromHex("#5B50E8"));
+  EXPECT_THAT(reports_->names, ElementsAre("ol_reward_pop_up_show"));
+  EXPECT_THAT(toasts(), ElementsAre("선물이 도착했어요", "내일 또 만나요"));
+  first->close();
+  EXPECT_FALSE(reward());
+  EXPECT_THAT(requests_->lines, ElementsAre("reload"));
+
+  build(wholePage())->showDialogs(*screen_);
+  EXPECT_TRUE(reward());
+  EXPECT_EQ(toasts().size(), 2U);  // those that stand already are not doubled
+}
+
+TEST_F(ModularCampaignViewTest, ARewardOfAPageThatHasGoneAsksForNothing) {
+  auto page = build(wholePage());
+  page->showDialogs(*screen_);
+  page.reset();
+  reward()->close();
+  EXPECT_FALSE(reward());
+  EXPECT_THAT(requests_->lines, IsEmpty());
+}
+
+TEST_F(ModularCampaignViewTest, ActionsEndWhereNobodyListens) {
+  const auto page = build(wholePage());
+  page->showDialogs(*screen_);
+  const auto stack = page->stackView->state.value().arrangedSubviews;
+  requests_.reset();
+  std::dynamic_pointer_cast<ActionButtonView>(stack[3].view)->onClick();
+  std::dynamic_pointer_cast<PageEntryView>(stack[8].view)->didAction();
+  reward()->close();
+  EXPECT_THAT(reports_->names, ElementsAre("ol_reward_pop_up_show", "ol_campaign_participate_button_click"));
+}
+
+TEST_F(ModularCampaignViewTest, APageLeavesNothingBehind) {
+  std::vector<std::weak_ptr<View>> views;
+  {
+    const auto page = build(wholePage());
+    views.push_back(page);
+    for (const auto& each : page->stackView->state.value().arrangedSubviews) views.push_back(each.view);
+  }
+  for (const auto& view : views) EXPECT_TRUE(view.expired());
+}
+
+}  // namespace
+}  // namespace orrelo::test

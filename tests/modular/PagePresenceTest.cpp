@@ -1,0 +1,197 @@
+// Every value of a whole page is broken in every way, and what becomes of the page is what a second reading of
+// the rules says.
+#include "ModularPages.h"
+#include "modular/ModularCampaignConfig.h"
+
+#include <algorithm>
+#include <functional>
+#include <gmock/gmock.h>
+#include <map>
+#include <set>
+
+namespace orrelo::test {
+namespace {
+
+using Rule = std::function<bool(const Json&)>;
+using Record = std::map<std::string, Rule>;
+
+bool isText(const Json& value) {
+  return value.is_string();
+}
+bool isWhole(const Json& value) {
+  return value.is_number_integer();
+}
+Rule listOf(const Rule& rule) {
+  return [rule](const Json& value) { return value.is_array() && std::all_of(value.begin(), value.end(), rule); };
+}
+// All fields are there and fit.
+Rule recordOf(const Record& fields) {
+  return [fields](const Json& value) {
+    return value.is_object() && std::all_of(fields.begin(), fields.end(), [&](const auto& field) {
+             return value.contains(field.first) && field.second(value[field.first]);
+           });
+  };
+}
+Rule orAbsent(const Rule& rule) {
+  return [rule](const Json& value) { return value.is_null() || rule(value); };
+}
+
+const std::map<std::string, Rule>& blockRules() {
+  const auto texts = [](const std::vector<std::string>& keys) {
+    Record record;
+    for (const auto& key : keys) record[key] = &isText;
+    return record;
+  };
+  const auto isStyle = [](const Json& value) { return value == "fit" || value == "none"; };
+  const auto isFilledText = [](const Json& value) { return value.is_string() && value != ""; };
+  auto action = texts({"button_text", "status_message", "button_url", "button_color"});
+  action["button_enable"] = [](const Json& value) { return value.is_boolean(); };
+  auto web = texts({"width", "height"});
+  web["url"] = isFilledText;
+  static const std::map<std::string, Rule> rules{
+      {"information", recordOf(texts({"first_title", "second_title", "guide_message"}))},
+      {"action", recordOf(action)},
+      {"notice", recordOf({{"items", listOf(&isText)}})},
+      {"information_tooltip",
+       recordOf(texts({"first_title", "second_title", "tooltip_title", "tooltip_message"}))},
+      {"image", recordOf({{"url", &isText}, {"style", isStyle}})},
+      {"page_entry_view", recordOf(texts({"title", "label", "icon_url"}))},
+      {"boxed_information_list",
+       recordOf({{"title", &isText},
+                 {"items", listOf(recordOf(texts({"left_text", "image_url", "right_text", "color"})))}})},
+      {"web", recordOf(web)},
+  };
+  return rules;
+}
+
+const Json& at(const Json& object, const std::string& key) {
+  static const Json none;
+  return object.contains(key) ? object[key] : none;
+}
+
+// What should become of a page: the names of its blocks, "DecodingError" or "Stop".
+Lines expectedOutcome(const Json& page) {
+  const auto layout = recordOf({{"component_order", listOf(&isText)}});
+  const Lines failed{"DecodingError"};
+  if (!recordOf({{"page_config", recordOf({{"layout", layout}})}})(page)) return failed;
+  const auto& config = page["page_config"]["layout"];
+  if (!orAbsent(recordOf({{"text", &isText}}))(at(config, "toolbar"))) return failed;
+  if (!orAbsent(listOf(&isWhole))(at(page, "blank"))) return failed;
+
+  Lines lines;
+  std::map<std::string, std::size_t> taken;
+  std::size_t blanks = 0;
+  const auto takeBlank = [&] {
+    const auto& all = at(page, "blank");
+    if (blanks < all.size()) lines.push_back("blank " + all[blanks++].dump());
+  };
+  takeBlank();
+  for (const std::string name : config["component_order"]) {
+    const auto rule = blockRules().find(name);
+    if (rule != blockRules().end() && listOf(rule->second)(at(page, name))) {
+      if (taken[name]++ == page[name].size()) return {"Stop"};
+      lines.push_back(name);
+    }
+    takeBlank();
+  }
+  return lines;
+}
+
+std::size_t expectedDialogs(const Json& page) {
+  const auto texts = [](const std::vector<std::string>& keys) {
+    Record record;
+    for (const auto& key : keys) record[key] = &isText;
+    return orAbsent(listOf(recordOf(record)));
+  };
+  const auto& dialog = at(page["page_config"]["layout"], "dialog");
+  if (!dialog.is_object()) return 0;
+  const auto& rewards = at(dialog, "reward_message");
+  const auto& toasts = at(dialog, "toast");
+  const bool isGood =
+      texts({"title", "body", "button_text", "color"})(rewards) && texts({"text", "color"})(toasts);
+  return isGood ? rewards.size() + toasts.size() : 0;
+}
+
+// The pointers to every value below this one.
+void collect(const Json& value, const Json::json_pointer& path, std::vector<Json::json_pointer>& paths) {
+  if (!path.empty()) paths.push_back(path);
+  if (value.is_object()) {
+    for (const auto& [key, inner] : value.items()) collect(inner, path / key, paths);
+  } else if (value.is_array()) {
+    for (std::size_t i = 0; i < value.size(); ++i) collect(value[i], path / i, paths);
+  }
+}
+
+class PagePresenceTest : public testing::Test {
+ protected:
+  void expectAsTheRulesSay(const std::string& json, const Json& meant) {
+    const auto expected = expectedOutcome(meant);
+    Lines outcome;
+    try {
+      outcome = outcomeOf(json);
+    } catch (const StopsThrow::Stop&) {
+      outcome = {"Stop"};
+    }
+    EXPECT_EQ(outcome, expected);
+    const bool isPage = expected != Lines{"Stop"} && expected != Lines{"DecodingError"};
+    ends_.insert(isPage ? "page" : expected[0]);
+    if (!isPage || outcome != expected) return;
+    const auto layout = decodePage(json).config.layout;
+    EXPECT_EQ(layout.dialogComponents.size(), expectedDialogs(meant));
+    EXPECT_EQ(layout.toolbar.has_value(), !at(meant["page_config"]["layout"], "toolbar").is_null());
+  }
+
+  const Json whole_ = wholePage();
+  const StopsThrow stops_;
+  /// Which ends were seen.
+  std::set<std::string> ends_;
+};
+
+TEST_F(PagePresenceTest, WhateverIsWrongWithAPageCostsWhatItMay) {
+  std::vector<Json::json_pointer> paths;
+  collect(whole_, Json::json_pointer(), paths);
+  ASSERT_GT(paths.size(), 100U);
+  const std::vector<Json> replacements{
+      nullptr, 5, -3, 1.5, true, "", "notice", "fit", Json::array(), Json::object(), Json::array({nullptr}),
+      Json::array({5}), Json::array({"image"}), Json::parse(R"([{"items":[]}])")};
+  for (const auto& path : paths) {
+    for (const auto& replacement : replacements) {
+      SCOPED_TRACE(path.to_string() + " is " + replacement.dump());
+      auto page = whole_;
+      page[path] = replacement;
+      expectAsTheRulesSay(page.dump(), page);
+    }
+    SCOPED_TRACE(path.to_string() + " dropped");
+    auto page = whole_;
+    auto& above = page[path.parent_pointer()];
+    if (above.is_array()) {
+      above.erase(std::stoul(path.back()));
+    } else {
+      above.erase(path.back());
+    }
+    expectAsTheRulesSay(page.dump(), page);
+  }
+  EXPECT_EQ(ends_, (std::set<std::string>{"DecodingError", "Stop", "page"}));
+}
+
+TEST_F(PagePresenceTest, OfDoubledKeysTheFirstCounts) {
+  std::vector<Json::json_pointer> paths;
+  collect(whole_, Json::json_pointer(), paths);
+  for (const auto& path : paths) {
+    if (!whole_[path.parent_pointer()].is_object()) continue;
+    SCOPED_TRACE(path.to_string());
+    auto broken = whole_;
+    broken[path] = 5;
+    auto marked = whole_;
+    marked[path] = "MARKED";
+    const auto doubled = [&](const std::string& first, const std::string& second) {
+      auto text = marked.dump();
+      return text.replace(text.find("\"MARKED\""), 8, first + ",\"" + path.back() + "\":" + second);
+    };
+    expectAsTheRulesSay(doubled(whole_[path].dump(), "5"), whole_);
+    expectAsTheRulesSay(doubled("5", whole_[path].dump()), broken);
+  }
+}
+
+}  // namespace
+}  // namespace orrelo::test

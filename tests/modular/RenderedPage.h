@@ -1,0 +1,77 @@
+#pragma once
+
+#include "ModularPages.h"
+#include "core/model/Delegates.h"
+#include "modular/ModularCampaignView.h"
+#include "support/TestPlatform.h"
+
+#include <orrelo/Orrelo.h>
+
+namespace orrelo::test {
+
+class Reports final : public ORLUserEventDelegate {
+ public:
+  void userEventDidOccur(const ORLUserEvent& event) override {
+    names.push_back(event.name + (event.values ? " with values" : ""));
+  }
+  Lines names;
+};
+
+/// What a page asked of its screen.
+class Requests final : public ModularCampaignViewDelegate {
+ public:
+  void participate(const std::string& url) override { note("participate " + url); }
+  void route(const Page& page) override {
+    JsonWriter json;
+    page.encode(json);
+    note("route " + json.result());
+  }
+  void reload() override { note("reload"); }
+
+  Lines lines;
+  std::function<void()> onRequest;
+
+ private:
+  void note(const std::string& line) {
+    lines.push_back(line);
+    if (onRequest) onRequest();
+  }
+};
+
+class Screen final : public ORLUIViewController {
+ public:
+  std::string_view kind() const override { return "Screen"; }
+};
+
+/// Pages, built into views on a machine of twins.
+class RenderedPage : public testing::Test {
+ protected:
+  RenderedPage() { Orrelo::setUserEventDelegate(reports_); }
+
+  std::shared_ptr<ModularCampaignView> build(const Json& page) {
+    auto dto = decodePage(page);
+    auto view = ModularCampaignView::create({std::move(dto.components), std::move(dto.config)});
+    view->delegate = requests_;
+    return view;
+  }
+  /// A page of one block, and its arranged view.
+  StackView::Arranged arrange(const std::string& kind, const Json& block) {
+    page_ = build(pageOf({kind}, {{kind, Json::array({block})}}));
+    const auto arranged = page_->stackView->state.value().arrangedSubviews;
+    EXPECT_EQ(arranged.size(), 1U);
+    return arranged.at(0);
+  }
+  template <class BlockView>
+  std::shared_ptr<BlockView> render(const std::string& kind, const Json& block) {
+    auto view = std::dynamic_pointer_cast<BlockView>(arrange(kind, block).view);
+    EXPECT_TRUE(view) << kind;
+    return view;
+  }
+
+  TestPlatform platform_;
+  std::shared_ptr<Reports> reports_ = std::make_shared<Reports>();
+  std::shared_ptr<Requests> requests_ = std::make_shared<Requests>();
+  std::shared_ptr<ModularCampaignView> page_;
+};
+
+}  // namespace orrelo::test
