@@ -71,7 +71,7 @@ TEST(DownsamplingTest, ProportionsStayAndNothingGrows) {
 
 TEST(ComposedTransformerTest, TheSecondWorksOnTheResultOfTheFirst) {
   const auto to = [](double side) {
-    return std::make_shared<DownsamplingImageTransformer>(ImageSize{side, side});
+    return std::make_shared<DownsamplingImageTransformer>(Size{side, side});
   };
   const auto both = composed(to(4), to(2));
   EXPECT_EQ(both->identifier(), to(4)->identifier() + to(2)->identifier());
