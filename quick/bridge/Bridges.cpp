@@ -1,8 +1,10 @@
 #include "quick/bridge/Bridges.h"
 
 #include "quick/bridge/AttendanceCampaignBridge.h"
+#include "quick/bridge/CampaignKindBridges.h"
 #include "quick/bridge/CampaignResultBridge.h"
 #include "quick/bridge/CampaignScreenBridge.h"
+#include "quick/bridge/ContentBridges.h"
 #include "quick/bridge/ErrorScreenBridge.h"
 #include "quick/bridge/NavigationBridge.h"
 #include "quick/bridge/PopUpDialogScreenBridge.h"
@@ -44,6 +46,23 @@ constexpr std::array views{
     viewKind<AttendanceCampaignView, AttendanceCampaignBridge>("AttendanceCampaignView",
                                                                "campaign/attendance"),
     viewKind<CampaignResultView, CampaignResultBridge>("CampaignResultView", "campaign/result"),
+    viewKind<InduceUpdateView, InduceUpdateBridge>("InduceUpdateView", "campaign/update"),
+    viewKind<OptInMarketingCampaignView, OptInMarketingCampaignBridge>("OptInMarketingCampaignView",
+                                                                       "campaign/optinmarketing"),
+    viewKind<StampCampaignView, StampCampaignBridge>("StampCampaignView", "campaign/stamp"),
+    viewKind<StampBoardView, StampBoardBridge>("StampBoardView", "campaign/stamp"),
+    viewKind<CampaignNoticeView, CampaignNoticeBridge>("CampaignNoticeView", "viewkit"),
+    viewKind<AutoLayoutImageView, ImageBridge>("AutoLayoutImageView", "viewkit"),
+    viewKind<ModularCampaignView, ModularCampaignBridge>("ModularCampaignView", "modular"),
+    viewKind<ActionButtonView, ActionButtonBridge>("ActionButtonView", "modular/content"),
+    viewKind<BoxedInformationListView, BoxedInformationListBridge>("BoxedInformationListView",
+                                                                   "modular/content"),
+    viewKind<InformationView, InformationBridge>("InformationView", "modular/content"),
+    viewKind<NoticeView, NoticeBridge>("NoticeView", "modular/content"),
+    viewKind<PageEntryView, PageEntryBridge>("PageEntryView", "modular/content"),
+    viewKind<SpacerView, SpacerBridge>("SpacerView", "modular/content"),
+    viewKind<TooltipInformationView, TooltipInformationBridge>("TooltipInformationView", "modular/content"),
+    viewKind<WebView, WebBridge>("WebView", "modular/content"),
 };
 
 constexpr std::array screens{

@@ -32,7 +32,7 @@ class CampaignActionBridge final : public ViewBridge {
     const auto color = toQt(action_.state.value().color);
     return isEnabled() ? color : dimmed(color);
   }
-  QColor textColor() const { return isEnabled() ? textColorOn(fill()) : QColor(0x6b, 0x6d, 0x70); }
+  QColor textColor() const { return isEnabled() ? textColorOn(fill()) : disabledTextColor(); }
   double buttonHeight() const { return CampaignActionView::buttonHeight; }
 
   Q_INVOKABLE void onClick() { action_.onClick(); }

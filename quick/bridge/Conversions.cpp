@@ -35,6 +35,10 @@ QColor plainTextColor() {
   return QColor::fromRgbF(0.239F, 0.243F, 0.247F);
 }
 
+QColor disabledTextColor() {
+  return QColor(0x6b, 0x6d, 0x70);
+}
+
 QColor textColorOn(const QColor& background) {
   return contrastToWhite(background) >= sufficientContrast ? QColor(Qt::white) : plainTextColor();
 }

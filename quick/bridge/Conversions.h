@@ -17,6 +17,8 @@ QColor toQt(const Color& color);
 
 /// The kit's dark grey for text.
 QColor plainTextColor();
+/// Of what is written on a disabled button.
+QColor disabledTextColor();
 /// White as designed, or the dark grey on a brand colour so light that white could not be read on it.
 QColor textColorOn(const QColor& background);
 /// A brand colour as designed, or darkened as far as it takes to be read on white.

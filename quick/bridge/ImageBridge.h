@@ -16,6 +16,8 @@ class ImageBridge final : public ViewBridge {
   Q_PROPERTY(QUrl asset READ asset NOTIFY stateChanged)
   /// Of a loaded picture, in points; empty until it is there.
   Q_PROPERTY(QSizeF size READ size NOTIFY stateChanged)
+  /// As large as its place allows; otherwise in its own size.
+  Q_PROPERTY(bool fits READ fits CONSTANT)
   /// Of a view that takes its height from its image, else 0.
   Q_PROPERTY(double height READ height NOTIFY heightChanged)
 
@@ -34,6 +36,9 @@ class ImageBridge final : public ViewBridge {
     return picture ? QSizeF(picture->width(), picture->height()) : QSizeF();
   }
 
+  bool fits() const {
+    return autoLayout_ == nullptr || autoLayout_->contentMode == AutoLayoutImageView::ContentMode::scaleAspectFit;
+  }
   double height() const { return autoLayout_ != nullptr ? autoLayout_->height.value() : 0.0; }
 
  Q_SIGNALS:

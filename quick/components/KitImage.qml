@@ -8,10 +8,11 @@ Item {
 
     required property ImageBridge model
     readonly property size bitmapSize: model.size
-    readonly property real shrink: Math.min(width / bitmapSize.width, height / bitmapSize.height)
+    readonly property real shrink: !model.fits ? 1 : Math.min(width / bitmapSize.width, height / bitmapSize.height)
     /// The height that a loaded picture has at the view's width, for a view that takes it.
     readonly property real heightForWidth: model.height
 
+    clip: !model.fits
     visible: drawing.status === Image.Ready || bitmapSize.width > 0
     Accessible.ignored: true
     onModelChanged: model?.reportSize(width, height)

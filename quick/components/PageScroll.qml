@@ -9,6 +9,7 @@ Flickable {
     default property alias blocks: column.data
     property alias spacing: column.spacing
     property real sideMargin: Theme.margin
+    property real topPadding: 24
     readonly property Item focusItem: Window.activeFocusItem
 
     contentWidth: width
@@ -43,7 +44,7 @@ Flickable {
     Column {
         id: column
         x: (scroll.width - width) / 2
-        y: 24
+        y: scroll.topPadding
         width: Math.min(scroll.width, Theme.contentWidth) - 2 * scroll.sideMargin
         spacing: 24
     }

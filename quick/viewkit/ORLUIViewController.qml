@@ -27,4 +27,9 @@ FocusScope {
         id: area
         anchors { top: bar.bottom; bottom: parent.bottom; left: parent.left; right: parent.right }
     }
+    Loader {
+        anchors.fill: parent
+        active: base.page !== null
+        sourceComponent: ToastLayer { model: base.page.toasts }
+    }
 }

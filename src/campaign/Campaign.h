@@ -2,6 +2,8 @@
 
 #include "campaign/CampaignInfo.h"
 #include "campaign/attendance/AttendanceCampaign.h"
+#include "campaign/optinmarketing/OptInMarketingCampaign.h"
+#include "campaign/stamp/StampCampaign.h"
 #include "core/base/Error.h"
 #include "modular/ModularCampaign.h"
 
@@ -15,14 +17,6 @@ namespace orrelo {
 
 struct ReferralCampaign {
   friend bool operator==(const ReferralCampaign&, const ReferralCampaign&) = default;
-};
-
-struct OptInMarketingCampaign {
-  friend bool operator==(const OptInMarketingCampaign&, const OptInMarketingCampaign&) = default;
-};
-
-struct StampCampaign {
-  friend bool operator==(const StampCampaign&, const StampCampaign&) = default;
 };
 
 /// What is shown after a campaign has ended for this user.

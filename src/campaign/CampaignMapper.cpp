@@ -42,6 +42,36 @@ AttendanceCampaign attendanceOf(AttendanceCampaignPageDetailDTO&& dto) {
   return campaign;
 }
 
+OptInMarketingCampaign optInMarketingOf(OptInMarketingCampaignPageDetailDTO&& dto) {
+  return {std::move(dto.imageUrl), std::move(dto.buttonText),  dto.buttonVisibility,
+          dto.buttonEnable,        Color::fromHex(dto.color), {std::move(dto.notice)}};
+}
+
+StampCampaign stampOf(StampCampaignPageDTO&& dto) {
+  StampCampaign campaign{.columnCount = dto.stampDTO.columnCount,
+                         .missions = {},
+                         .mainImageUrl = std::move(dto.mainImageUrl),
+                         .subImageUrl = std::move(dto.subImageUrl),
+                         .info = std::nullopt,
+                         .notice = std::nullopt,
+                         .layout = {}};
+  for (auto& mission : dto.stampDTO.mission) {
+    campaign.missions.push_back({std::move(mission.name), std::move(mission.iconUrl)});
+  }
+  const auto& order = dto.layoutDTO.componentOrder;
+  std::transform(order.begin(), order.end(), std::back_inserter(campaign.layout.componentOrder),
+                 &stampCampaignComponent);
+  const auto names = [&](std::string_view word) {
+    return std::find(order.begin(), order.end(), word) != order.end();
+  };
+  if (names("information")) {
+    campaign.info = CampaignInfo{std::move(dto.firstTitle).value_or(""), std::move(dto.secondTitle).value_or(""),
+                                 std::move(dto.guideMessage).value_or(""), std::nullopt};
+  }
+  if (names("notice")) campaign.notice = CampaignNotice{std::move(dto.notice).value_or(std::vector<std::string>())};
+  return campaign;
+}
+
 // The name and the label are the campaign's, not the page's.
 CampaignResult resultOf(CampaignResultPageDTO&& dto, const Campaign& campaign) {
   CampaignResult result{campaign.name,       campaign.label,          std::move(dto.imageUrl),
@@ -64,11 +94,11 @@ struct TypeOf {
   Campaign::CampaignType operator()(AttendanceCampaignPageDetailDTO& dto) const {
     return attendanceOf(std::move(dto));
   }
-  Campaign::CampaignType operator()(OptInMarketingCampaignPageDetailDTO&) const {
-    return OptInMarketingCampaign{};
+  Campaign::CampaignType operator()(OptInMarketingCampaignPageDetailDTO& dto) const {
+    return optInMarketingOf(std::move(dto));
   }
   Campaign::CampaignType operator()(ReferralCampaignPageDTO&) const { return ReferralCampaign{}; }
-  Campaign::CampaignType operator()(StampCampaignPageDTO&) const { return StampCampaign{}; }
+  Campaign::CampaignType operator()(StampCampaignPageDTO& dto) const { return stampOf(std::move(dto)); }
   Campaign::CampaignType operator()(ModularCampaignPageDTO& dto) const {
     return ModularCampaign{std::move(dto.components), std::move(dto.config)};
   }

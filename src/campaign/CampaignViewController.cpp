@@ -1,7 +1,12 @@
 #include "campaign/CampaignViewController.h"
 
 #include "campaign/attendance/AttendanceCampaignView.h"
+#include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/result/CampaignResultView.h"
+#include "campaign/stamp/StampCampaignView.h"
+#include "campaign/update/InduceUpdateView.h"
+#include "core/base/Logger.h"
+#include "core/model/Delegates.h"
 #include "core/model/UserManager.h"
 #include "reactive/Observable.h"
 #include "viewkit/CampaignRewardViewController.h"
@@ -101,19 +106,24 @@ void CampaignViewController::render(const BrandedCampaign& element) {
   std::visit(
       [&](const auto& kind) {
         using Kind = std::decay_t<decltype(kind)>;
-        if constexpr (std::is_same_v<Kind, AttendanceCampaign>) {
-          render(kind);
-        } else if constexpr (std::is_same_v<Kind, CampaignResult>) {
+        if constexpr (std::is_same_v<Kind, CampaignResult>) {
           render(kind, campaign.id);
-        } else if constexpr (std::is_same_v<Kind, ModularCampaign>) {
-          render(kind);
+        } else if constexpr (std::is_same_v<Kind, InduceUpdateCampaign>) {
+          show(std::make_shared<InduceUpdateView>(kind.appStoreUrl, element.primary, toastLayer));
+        } else if constexpr (std::is_same_v<Kind, DeprecatedCampaign>) {
+          showNothing(OrreloError::deprecatedCampaign);
+        } else if constexpr (std::is_same_v<Kind, UnknownCampaign> || std::is_same_v<Kind, ReferralCampaign>) {
+          showNothing(OrreloError::unknownCampaign);
         } else {
-          show(nullptr);
-          constexpr bool isDeprecated = std::is_same_v<Kind, DeprecatedCampaign>;
-          fail(makeError(isDeprecated ? OrreloError::deprecatedCampaign : OrreloError::unknownCampaign));
+          render(kind);
         }
       },
       campaign.type);
+}
+
+void CampaignViewController::showNothing(OrreloError reason) {
+  show(nullptr);
+  fail(makeError(reason));
 }
 
 void CampaignViewController::show(const std::shared_ptr<View>& content) {
@@ -129,6 +139,21 @@ void CampaignViewController::render(const AttendanceCampaign& attendance) {
                                                         attendance.calendar.primaryColor};
     root()->topmost()->present(std::make_shared<CampaignRewardViewController>(content), false);
   }
+}
+
+void CampaignViewController::render(const StampCampaign& stamp) {
+  show(std::make_shared<StampCampaignView>(stamp));
+}
+
+void CampaignViewController::render(const OptInMarketingCampaign& optIn) {
+  const auto page = OptInMarketingCampaignView::create(optIn);
+  page->onMoveButtonTapped = [weak = weak_from_this()] {
+    const auto self = weak.lock();
+    if (!self) return;
+    log(LogLevel::DEBUG, "(ORLOptInMarketingCampaignDelegate) onMoveButtonTapped:in");
+    if (const auto host = optInMarketingCampaignDelegate()) host->onMoveButtonTapped(self);
+  };
+  show(page);
 }
 
 void CampaignViewController::render(const CampaignResult& result, const std::string& id) {

@@ -65,7 +65,11 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
 
   void render(const BrandedCampaign& element);
   void show(const std::shared_ptr<View>& content);
+  /// For what this build cannot show.
+  void showNothing(OrreloError reason);
   void render(const AttendanceCampaign& attendance);
+  void render(const StampCampaign& stamp);
+  void render(const OptInMarketingCampaign& optIn);
   void render(const CampaignResult& result, const std::string& id);
   void render(const ModularCampaign& modular);
   void showOnce(const CampaignPopUpDialog& dialog, const std::string& id);

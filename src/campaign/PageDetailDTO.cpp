@@ -31,11 +31,11 @@ PageDetailDTO PageDetailDTO::decode(std::string_view pageType, const JsonObject&
   };
   // The first that holds decides: an "attendance_result" is an attendance page.
   try {
-    // Referral, stamp and marketing pages have no look yet.
+    // Referral pages have no look yet.
     if (contains("attendance")) return decodeAs<AttendanceCampaignPageDetailDTO>(page);
     if (contains("referral")) return unknown();
-    if (contains("stamp")) return unknown();
-    if (contains("marketing")) return unknown();
+    if (contains("stamp")) return decodeAs<StampCampaignPageDTO>(page);
+    if (contains("marketing")) return decodeAs<OptInMarketingCampaignPageDetailDTO>(page);
     if (pageType == "custom_a_01" || pageType == "custom_a_02") return {DeprecatedPageDTO{}, fixedTitle};
     if (contains("result")) return decodeAs<CampaignResultPageDTO>(page);
     return decodeModular(page);

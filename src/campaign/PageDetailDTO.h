@@ -2,6 +2,8 @@
 
 #include "campaign/CampaignResultPageDTO.h"
 #include "campaign/attendance/AttendanceCampaignPageDetailDTO.h"
+#include "campaign/optinmarketing/OptInMarketingCampaignPageDetailDTO.h"
+#include "campaign/stamp/StampCampaignPageDTO.h"
 #include "core/base/Json.h"
 #include "modular/ModularCampaignPageDTO.h"
 
@@ -14,15 +16,6 @@ namespace orrelo {
 
 struct ReferralCampaignPageDTO {
   friend bool operator==(const ReferralCampaignPageDTO&, const ReferralCampaignPageDTO&) = default;
-};
-
-struct StampCampaignPageDTO {
-  friend bool operator==(const StampCampaignPageDTO&, const StampCampaignPageDTO&) = default;
-};
-
-struct OptInMarketingCampaignPageDetailDTO {
-  friend bool operator==(const OptInMarketingCampaignPageDetailDTO&,
-                         const OptInMarketingCampaignPageDetailDTO&) = default;
 };
 
 /// A page of a kind that is no longer shown; nothing of it is read.

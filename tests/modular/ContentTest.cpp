@@ -129,7 +129,7 @@ TEST_F(ContentTest, ANoticeIsALineForEachItem) {
   EXPECT_EQ(textOf({"하나", "둘", "셋"}), "• 하나\n• 둘\n• 셋");
   EXPECT_EQ(textOf({"", "둘"}), "• \n• 둘");
   EXPECT_EQ(textOf(Json::array()), "");
-  EXPECT_EQ(arrange("notice", block("notice")).inset, std::nullopt);
+  EXPECT_EQ(arrange("notice", block("notice")).inset, 0.0);
 }
 
 TEST_F(ContentTest, InformationIsThreeRows) {

@@ -2,6 +2,8 @@
 
 #include "events/UserEventTracker.h"
 
+#include <variant>
+
 namespace orrelo {
 
 OptInMarketingCampaignView::OptInMarketingCampaignView(const OptInMarketingCampaign& campaign)
@@ -17,7 +19,7 @@ std::shared_ptr<OptInMarketingCampaignView> OptInMarketingCampaignView::create(
   std::shared_ptr<OptInMarketingCampaignView> view(new OptInMarketingCampaignView(campaign));
   view->imageView->load(campaign.imageUrl, [weak = std::weak_ptr(view->errorView)](const auto& result) {
     const auto error = weak.lock();
-    if (error && !result.image) error->state.change([](ErrorView::State& state) { state.isHidden = false; });
+    if (error && std::holds_alternative<Error>(result)) error->state.change([](ErrorView::State& state) { state.isHidden = false; });
   });
   return view;
 }

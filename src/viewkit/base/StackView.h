@@ -34,7 +34,7 @@ class ORRELO_EXPORT StackView final : public View {
 
   std::string_view kind() const override { return "StackView"; }
 
-  void addArrangedSubview(std::shared_ptr<View> view, std::optional<double> inset = std::nullopt);
+  void addArrangedSubview(std::shared_ptr<View> view, std::optional<double> inset = 0.0);
   /// After the last view, in place of what was set there before. Nothing where there is no view yet.
   void setCustomSpacingAfterLast(double spacing);
 

@@ -1,0 +1,43 @@
+import QtQuick
+import Orrelo
+
+/// What asks for a newer version, over the button that leads to it.
+Item {
+    id: view
+
+    required property InduceUpdateBridge model
+
+    Column {
+        anchors.centerIn: parent
+        width: Math.min(parent.width, Theme.contentWidth) - 2 * Theme.margin
+        spacing: view.model.spacing
+
+        ErrorMessage {
+            width: parent.width
+            model: view.model.error
+        }
+        PressArea {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.max(view.model.buttonWidth, label.implicitWidth + 16)
+            height: Math.max(view.model.buttonHeight, label.implicitHeight + 12)
+            name: view.model.buttonTitle
+            onPressed: view.model.routeToUpdateLink()
+
+            Rectangle {
+                anchors.fill: parent
+                radius: view.model.cornerRadius
+                color: "white"
+                border { width: view.model.borderWidth; color: view.model.color }
+            }
+            KitText {
+                id: label
+                anchors.centerIn: parent
+                size: 14
+                font.weight: Font.ExtraBold
+                color: view.model.color
+                text: view.model.buttonTitle
+                Accessible.ignored: true
+            }
+        }
+    }
+}

@@ -1,0 +1,39 @@
+import QtQuick
+import Orrelo
+
+/// Blocks one under the other, with the spacing that each asks for. What has nothing to show takes no room.
+Column {
+    id: stack
+
+    required property StackBridge model
+
+    topPadding: model.top
+    bottomPadding: model.bottom
+
+    Repeater {
+        model: stack.model.rows
+
+        Item {
+            id: row
+
+            required property var modelData
+            readonly property Item block: loader.item
+            readonly property bool hasBlock: block?.visible ?? false
+
+            width: stack.width
+            height: (hasBlock ? block.height : 0) + modelData.spacingAfter
+            z: block?.z ?? 0
+
+            Loader {
+                id: loader
+                x: row.modelData.inset ?? (row.width - width) / 2
+                width: row.modelData.inset === null ? Math.min(item?.implicitWidth ?? 0, row.width)
+                                                    : row.width - 2 * row.modelData.inset
+                Component.onCompleted: {
+                    if (row.modelData.block.delegate.toString().length > 0)
+                        setSource(row.modelData.block.delegate, { model: row.modelData.block })
+                }
+            }
+        }
+    }
+}

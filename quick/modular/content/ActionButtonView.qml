@@ -1,0 +1,30 @@
+import QtQuick
+import Orrelo
+
+/// A button that takes part, over a line on how things stand.
+Column {
+    id: view
+
+    required property ActionButtonBridge model
+
+    leftPadding: model.margin
+    rightPadding: model.margin
+    spacing: model.spacing
+
+    ActionButton {
+        width: view.width - 2 * view.model.margin
+        minimumHeight: view.model.buttonHeight
+        isEnabled: view.model.isEnabled
+        text: view.model.text
+        fill: view.model.fill
+        textColor: view.model.titleColor
+        onPressed: view.model.onClick()
+    }
+    KitText {
+        width: view.width - 2 * view.model.margin
+        horizontalAlignment: Text.AlignHCenter
+        size: 12
+        color: view.model.statusColor
+        text: view.model.statusMessage
+    }
+}

@@ -1,0 +1,31 @@
+import QtQuick
+import Orrelo
+
+/// Boxes under a title.
+Column {
+    id: view
+
+    required property BoxedInformationListBridge model
+
+    leftPadding: model.margin
+    rightPadding: model.margin
+    spacing: model.spacing
+
+    KitText {
+        width: view.width - 2 * view.model.margin
+        size: 18
+        font.bold: true
+        text: view.model.title
+        Accessible.role: Accessible.Heading
+    }
+    Repeater {
+        model: view.model.boxes
+
+        InformationBox {
+            required property InformationBoxBridge modelData
+
+            width: view.width - 2 * view.model.margin
+            model: modelData
+        }
+    }
+}

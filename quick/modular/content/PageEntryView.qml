@@ -1,0 +1,65 @@
+import QtQuick
+import Orrelo
+
+/// The way to another page: an icon, two lines, and an arrow, on a rounded ground.
+Item {
+    id: view
+
+    required property PageEntryBridge model
+
+    implicitHeight: ground.height
+
+    PressArea {
+        id: ground
+        x: view.model.inset
+        width: parent.width - 2 * x
+        height: Math.max(64, lines.height + 32)
+        name: [view.model.title, view.model.label].filter(text => text.length > 0).join(", ")
+        role: Accessible.Link
+        onPressed: view.model.didAction()
+
+        Rectangle {
+            anchors.fill: parent
+            radius: view.model.cornerRadius
+            color: view.model.backgroundColor
+        }
+        KitImage {
+            id: icon
+            anchors { left: parent.left; leftMargin: view.model.margin; verticalCenter: parent.verticalCenter }
+            width: view.model.hasIcon ? 32 : 0
+            height: 32
+            model: view.model.icon
+        }
+        Column {
+            id: lines
+            anchors {
+                left: icon.right; leftMargin: view.model.hasIcon ? view.model.gap : 0
+                right: arrow.left; rightMargin: view.model.gap
+                verticalCenter: parent.verticalCenter
+            }
+            spacing: view.model.lineSpacing
+
+            KitText {
+                width: parent.width
+                size: 16
+                font.bold: true
+                text: view.model.title
+                Accessible.ignored: true
+            }
+            KitText {
+                width: parent.width
+                size: 12
+                text: view.model.label
+                Accessible.ignored: true
+            }
+        }
+        Image {
+            id: arrow
+            anchors { right: parent.right; rightMargin: view.model.margin; verticalCenter: parent.verticalCenter }
+            width: 16
+            height: 16
+            source: view.model.tapAsset
+            sourceSize: Qt.size(64, 64)
+        }
+    }
+}

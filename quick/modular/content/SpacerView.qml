@@ -1,0 +1,8 @@
+import QtQuick
+import Orrelo
+
+Item {
+    required property SpacerBridge model
+
+    implicitHeight: model.height
+}

@@ -1,0 +1,54 @@
+import QtQuick
+import Orrelo
+
+/// Two rows of title, and a line that explains itself in a tooltip over the blocks below.
+Item {
+    id: view
+
+    required property TooltipInformationBridge model
+
+    implicitHeight: column.height
+    z: model.zPosition
+
+    Column {
+        id: column
+        x: view.model.margin
+        width: parent.width - 2 * x
+
+        KitText {
+            width: parent.width
+            size: 24
+            maximumScale: 1.6
+            text: view.model.firstTitle
+            Accessible.role: Accessible.Heading
+        }
+        KitText {
+            width: parent.width
+            size: 24
+            maximumScale: 1.6
+            font.bold: true
+            text: view.model.secondTitle
+            Accessible.role: Accessible.Heading
+        }
+        Item {
+            width: 1
+            height: view.model.spacing
+        }
+        GuideLine {
+            id: guide
+            width: parent.width
+            size: 16
+            text: view.model.tooltipTitle
+            asset: view.model.tooltipAsset
+            isAssetFirst: true
+            canExplain: view.model.hasMessage
+            onPressed: view.model.tooltipTitleTapped()
+        }
+    }
+    TooltipView {
+        x: guide.tailX(tooltip, width, view.width, view)
+        y: column.y + guide.y + guide.height - 4
+        tooltip: view.model.tooltip
+        maximumWidth: Math.min(view.model.tooltipMaximumWidth * Theme.textScale, view.width)
+    }
+}

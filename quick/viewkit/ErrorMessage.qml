@@ -1,0 +1,28 @@
+import QtQuick
+import Orrelo
+
+/// A picture over what is wrong.
+Column {
+    id: message
+
+    required property ErrorBridge model
+
+    spacing: 20
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: model.text
+
+    Image {
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: 72
+        height: 72
+        source: message.model.asset
+        sourceSize: Qt.size(144, 144)
+    }
+    KitText {
+        width: parent.width
+        horizontalAlignment: Text.AlignHCenter
+        size: 16
+        text: message.model.text
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import Orrelo
+
+/// The toasts over a screen, all in its middle. They take no taps.
+Item {
+    id: layer
+
+    required property ToastsBridge model
+
+    Repeater {
+        model: layer.model
+
+        Rectangle {
+            id: view
+
+            required property ToastBridge toast
+
+            anchors.centerIn: parent
+            width: label.width + 2 * toast.inset
+            height: label.height + 2 * toast.inset
+            radius: toast.cornerRadius
+            color: toast.color
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: toast.message
+
+            KitText {
+                id: label
+                anchors.centerIn: parent
+                width: Math.min(implicitWidth, layer.width * view.toast.maximumWidthShare - 2 * view.toast.inset)
+                horizontalAlignment: Text.AlignHCenter
+                size: 12
+                color: "white"
+                text: view.toast.message
+                Accessible.ignored: true
+            }
+            SequentialAnimation {
+                running: true
+                PauseAnimation { duration: view.toast.fadeDelay }
+                NumberAnimation { target: view; property: "opacity"; to: 0; duration: view.toast.fadeDuration; easing.type: Easing.OutQuad }
+                ScriptAction { script: layer.model.fadeDidFinish(view.toast) }
+            }
+        }
+    }
+}
