@@ -10,6 +10,8 @@
 #include <map>
 #include <mutex>
 #include <openssl/crypto.h>
+#include <optional>
+#include <string>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -19,7 +21,7 @@ namespace {
 
 // The others wait here and not in curl, whose own queue (CURLMOPT_MAX_HOST_CONNECTIONS, in 7.88) can forget
 // its last ones: one that finds no connection free is not always woken by the next that becomes free.
-// Those with an idle timeout may last for ever: the others always find room beside them.
+// Those with an idle timeout may last for ever: they leave room for the others.
 struct Room {
   int forAll;
   int forIdleTimed;
@@ -144,7 +146,7 @@ class Engine {
     for (auto& transfer : starting) waiting_.push_back(hopOf(std::move(transfer)));
     if (waiting_.empty()) return;
     Room inAll = roomInAll;
-    std::map<std::string_view, Room> atHosts;
+    std::map<std::string, Room> atHosts;
     const auto roomAt = [&](const Hop& hop) -> Room& {
       return atHosts.try_emplace(hop.host, roomPerHost).first->second;
     };
