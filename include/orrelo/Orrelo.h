@@ -77,12 +77,13 @@ class ORRELO_EXPORT Orrelo final {
   /// The first campaign of the type that the service lists for the current user.
   static void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with);
   /// The same screens, for the host to show through the front that it uses: with Qt Quick by
-  /// `orrelo::quick::present` or `push`. Never null: before `initialize` a screen that asks to try again. On the
-  /// main thread.
+  /// `orrelo::quick::present` or `push`. Never null: before `initialize` a screen that asks to try again. On
+  /// the main thread.
   static std::shared_ptr<ViewController> getCampaignViewController(std::string_view id);
   static std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type);
   static void showNaverPayExchange(const std::shared_ptr<ViewController>& with);
-  /// Opens the page that the service has put behind `id`.
+  /// Opens the page that the service has put behind `id`, over what the user has before them: a campaign, a
+  /// screen of the kit, or a deep link of the host. What cannot be opened says so in the log.
   static void showPage(std::string_view id);
   static void showInAppMessage(const std::shared_ptr<ViewController>& with);
 
