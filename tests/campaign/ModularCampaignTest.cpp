@@ -86,10 +86,10 @@ TEST(ModularCampaignTest, TheGamesOfAPageGiveItItsKindTheWheelBeforeTheCard) {
       return pageName(campaign) + " " + error.description();
     }
   };
-  EXPECT_THAT((std::vector{describe({"image", "roulette"}), describe({"scratch_lottery", "roulette"}),
-                           describe({"image", "scratch_lottery"}), describe({"image"})}),
-              ElementsAre("roulette 4", "roulette 4", "scratch_lottery 3",
-                          "modular CampaignTypeError.mappingError"));
+  EXPECT_THAT(
+      (std::vector{describe({"image", "roulette"}), describe({"scratch_lottery", "roulette"}),
+                   describe({"image", "scratch_lottery"}), describe({"image"})}),
+      ElementsAre("roulette 4", "roulette 4", "scratch_lottery 3", "modular CampaignTypeError.mappingError"));
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ std::string boxPage(const std::string& status, const std::string& dialog = "{}")
 
 class RecordingRouter final : public PageRouter {
  public:
-  void route(const Page& page, const std::shared_ptr<ViewController>& from) override {
+  void route(const std::shared_ptr<ViewController>& from, const Page& page) override {
     routed.emplace_back(page, from);
   }
   std::vector<std::pair<Page, std::shared_ptr<ViewController>>> routed;
@@ -109,12 +109,13 @@ TEST_F(ModularScreenTest, NoDialogComesOverAScreenThatWasTakenAway) {
 }
 
 TEST_F(ModularScreenTest, AnEntryLeadsElsewhereWhereARouterIsAtHand) {
+  screen_->pageRouter = nullptr;
   block<PageEntryView>(1)->didAction();
   const auto router = std::make_shared<RecordingRouter>();
   screen_->pageRouter = router;
   block<PageEntryView>(1)->didAction();
-  EXPECT_THAT(router->routed, ElementsAre(std::pair<Page, std::shared_ptr<ViewController>>(
-                                  Page::Campaign{"c-2"}, screen_)));
+  EXPECT_THAT(router->routed,
+              ElementsAre(std::pair<Page, std::shared_ptr<ViewController>>(Page::Campaign{"c-2"}, screen_)));
 }
 
 }  // namespace
