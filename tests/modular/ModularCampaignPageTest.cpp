@@ -75,9 +75,9 @@ TEST(ModularCampaignPageTest, AKindWithOneBadBlockIsNotThereAtAll) {
   auto page = wholePage();
   page["image"][1]["style"] = "stretch";
   page["blank"] = nullptr;
-  EXPECT_THAT(listed(page), ElementsAre("information", "action", "information_tooltip",
-                                        "boxed_information_list", "web", "page_entry_view",
-                                        "page_entry_view", "notice"));
+  EXPECT_THAT(listed(page),
+              ElementsAre("information", "action", "information_tooltip", "boxed_information_list", "web",
+                          "page_entry_view", "page_entry_view", "notice"));
 }
 
 TEST(ModularCampaignPageTest, DialogsAreTheRewardsThenTheToastsOrNoneAtAll) {
@@ -94,8 +94,9 @@ TEST(ModularCampaignPageTest, DialogsAreTheRewardsThenTheToastsOrNoneAtAll) {
     return lines;
   };
   auto dialog = wholePage()["page_config"]["layout"]["dialog"];
-  EXPECT_THAT(texts(dialog), ElementsAre("reward 축하합니다 🎉, 커피 쿠폰을 받았어요.", "reward 하나 더!, 10 포인트도 드려요.",
-                                         "toast 선물이 도착했어요", "toast 내일 또 만나요"));
+  EXPECT_THAT(texts(dialog), ElementsAre("reward 축하합니다 🎉, 커피 쿠폰을 받았어요.",
+                                         "reward 하나 더!, 10 포인트도 드려요.", "toast 선물이 도착했어요",
+                                         "toast 내일 또 만나요"));
   auto toasts = dialog;
   toasts.erase("reward_message");
   EXPECT_THAT(texts(toasts), ElementsAre("toast 선물이 도착했어요", "toast 내일 또 만나요"));

@@ -1,5 +1,5 @@
-// Every value of a whole page is broken in every way, and what becomes of the page is what a second reading of
-// the rules says.
+// Every value of a whole page is broken in every way, and what becomes of the page is what a second reading
+// of the rules says.
 #include "ModularPages.h"
 #include "modular/ModularCampaignConfig.h"
 
@@ -22,7 +22,8 @@ bool isWhole(const Json& value) {
   return value.is_number_integer();
 }
 Rule listOf(const Rule& rule) {
-  return [rule](const Json& value) { return value.is_array() && std::all_of(value.begin(), value.end(), rule); };
+  return
+      [rule](const Json& value) { return value.is_array() && std::all_of(value.begin(), value.end(), rule); };
 }
 // All fields are there and fit.
 Rule recordOf(const Record& fields) {
@@ -151,9 +152,20 @@ TEST_F(PagePresenceTest, WhateverIsWrongWithAPageCostsWhatItMay) {
   std::vector<Json::json_pointer> paths;
   collect(whole_, Json::json_pointer(), paths);
   ASSERT_GT(paths.size(), 100U);
-  const std::vector<Json> replacements{
-      nullptr, 5, -3, 1.5, true, "", "notice", "fit", Json::array(), Json::object(), Json::array({nullptr}),
-      Json::array({5}), Json::array({"image"}), Json::parse(R"([{"items":[]}])")};
+  const std::vector<Json> replacements{nullptr,
+                                       5,
+                                       -3,
+                                       1.5,
+                                       true,
+                                       "",
+                                       "notice",
+                                       "fit",
+                                       Json::array(),
+                                       Json::object(),
+                                       Json::array({nullptr}),
+                                       Json::array({5}),
+                                       Json::array({"image"}),
+                                       Json::parse(R"([{"items":[]}])")};
   for (const auto& path : paths) {
     for (const auto& replacement : replacements) {
       SCOPED_TRACE(path.to_string() + " is " + replacement.dump());
