@@ -83,6 +83,26 @@ Window {
                     text: "이벤트 결과 보기"
                     onPressed: showroom.openCampaign("result")
                 }
+                ShopButton {
+                    text: "스탬프 모으기"
+                    onPressed: showroom.openCampaign("stamp")
+                }
+                ShopButton {
+                    text: "선물 상자 열기"
+                    onPressed: showroom.openPage("gift-box")
+                }
+                ShopButton {
+                    text: "혜택 알림"
+                    onPressed: showroom.openCampaign("marketing")
+                }
+                Text {
+                    width: parent.width
+                    wrapMode: Text.Wrap
+                    visible: showroom.hasConsent
+                    text: "혜택 알림을 받고 있어요"
+                    font.pixelSize: 16
+                    color: "#45566b"
+                }
                 Text {
                     width: parent.width
                     wrapMode: Text.WrapAnywhere

@@ -5,7 +5,18 @@
 
 namespace orrelo::showroom {
 
-Showroom::Showroom(const std::filesystem::path& folder) : service_({.dataDirectory = folder / "service"}) {
+// Where the kit hands over to the host.
+class Showroom::Consent final : public ORLOptInMarketingCampaignDelegate {
+ public:
+  explicit Consent(Showroom& showroom) : showroom_(showroom) {}
+  void onMoveButtonTapped(const std::shared_ptr<ViewController>&) override { showroom_.giveConsent(); }
+
+ private:
+  Showroom& showroom_;
+};
+
+Showroom::Showroom(const std::filesystem::path& folder)
+    : service_({.dataDirectory = folder / "service"}), consent_(std::make_shared<Consent>(*this)) {
   service_.start();
   Platform::install(quick::platform({.bundleIdentifier = "com.example.orrelo-showroom",
                                      .shortVersion = "1.0",
@@ -17,6 +28,7 @@ Showroom::Showroom(const std::filesystem::path& folder) : service_({.dataDirecto
   suite->set("ORRELO_DEVELOPMENT_URL", service_.baseUrl());
   suite->set("ORRELO_DEVELOPMENT_CA", service_.certificatePath().string());
   Orrelo::initialize(ORLConfig("showroom"));
+  Orrelo::setOptInMarketingCampaignDelegate(consent_);
 }
 
 void Showroom::signIn(const QString& user) {
@@ -43,6 +55,15 @@ void Showroom::buy() {
 
 void Showroom::openCampaign(const QString& id) {
   Orrelo::showCampaign(id.toStdString(), quick::hostViewController(window_));
+}
+
+void Showroom::openPage(const QString& id) {
+  Orrelo::showPage(id.toStdString());
+}
+
+void Showroom::giveConsent() {
+  hasConsent_ = true;
+  Q_EMIT hasConsentChanged();
 }
 
 void Showroom::presentAttendance() {

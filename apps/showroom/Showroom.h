@@ -2,10 +2,13 @@
 
 #include "DevService.h"
 
+#include <orrelo/ORLDelegates.h>
+
 #include <QObject>
 #include <QQuickWindow>
 #include <QString>
 #include <filesystem>
+#include <memory>
 
 namespace orrelo::showroom {
 
@@ -16,6 +19,8 @@ class Showroom final : public QObject {
   Q_PROPERTY(QString user READ user NOTIFY userChanged)
   Q_PROPERTY(QString serviceUrl READ serviceUrl CONSTANT)
   Q_PROPERTY(int eventCount READ eventCount NOTIFY eventCountChanged)
+  /// The user has followed the marketing campaign, and agreed at once, as it goes in a showroom.
+  Q_PROPERTY(bool hasConsent READ hasConsent NOTIFY hasConsentChanged)
 
  public:
   /// `folder` keeps what the kit and the service store. Starts both.
@@ -28,26 +33,35 @@ class Showroom final : public QObject {
   QString user() const { return user_; }
   QString serviceUrl() const { return QString::fromStdString(service_.baseUrl()); }
   int eventCount() const { return eventCount_; }
+  bool hasConsent() const { return hasConsent_; }
 
   Q_INVOKABLE void signIn(const QString& user);
   Q_INVOKABLE void signOut();
   Q_INVOKABLE void buy();
   /// Pushed onto the window's stack.
   Q_INVOKABLE void openCampaign(const QString& id);
+  /// By the id of a page, over whatever the user has before them.
+  Q_INVOKABLE void openPage(const QString& id);
   /// Presented over the window.
   Q_INVOKABLE void presentAttendance();
 
  Q_SIGNALS:
   void userChanged();
   void eventCountChanged();
+  void hasConsentChanged();
 
  private:
+  class Consent;
+
   void setUser(const QString& user);
+  void giveConsent();
 
   devservice::DevService service_;
   QQuickWindow* window_ = nullptr;
   QString user_;
   int eventCount_ = 0;
+  bool hasConsent_ = false;
+  std::shared_ptr<ORLOptInMarketingCampaignDelegate> consent_;
 };
 
 }  // namespace orrelo::showroom

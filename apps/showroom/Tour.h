@@ -25,6 +25,8 @@ class Tour {
   void attendance();
   void checkIn();
   void result();
+  void composedPage();
+  void otherKinds();
   void failures();
   void sizes();
 
@@ -34,6 +36,7 @@ class Tour {
   void await(const std::function<bool()>& holds, const QString& what);
   QQuickItem* find(const QString& name) const;
   void click(const QString& name);
+  void press(Qt::Key key);
   void close();
   /// Once nothing moves.
   QImage picture(const QString& caption);

@@ -3,12 +3,12 @@ import Orrelo
 
 /// The toasts over a screen, all in its middle. They take no taps.
 Item {
-    id: layer
+    id: toasts
 
     required property ToastsBridge model
 
     Repeater {
-        model: layer.model
+        model: toasts.model
 
         Rectangle {
             id: view
@@ -26,7 +26,7 @@ Item {
             KitText {
                 id: label
                 anchors.centerIn: parent
-                width: Math.min(implicitWidth, layer.width * view.toast.maximumWidthShare - 2 * view.toast.inset)
+                width: Math.min(implicitWidth, toasts.width * view.toast.maximumWidthShare - 2 * view.toast.inset)
                 horizontalAlignment: Text.AlignHCenter
                 size: 12
                 color: "white"
@@ -37,7 +37,7 @@ Item {
                 running: true
                 PauseAnimation { duration: view.toast.fadeDelay }
                 NumberAnimation { target: view; property: "opacity"; to: 0; duration: view.toast.fadeDuration; easing.type: Easing.OutQuad }
-                ScriptAction { script: layer.model.fadeDidFinish(view.toast) }
+                ScriptAction { script: toasts.model.fadeDidFinish(view.toast) }
             }
         }
     }

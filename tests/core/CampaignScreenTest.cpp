@@ -1,6 +1,8 @@
 #include "campaign/CampaignViewController.h"
 #include "campaign/attendance/AttendanceCampaignView.h"
 #include "campaign/result/CampaignResultView.h"
+#include "campaign/update/InduceUpdateView.h"
+#include "config/Config.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "viewkit/CampaignRewardViewController.h"
@@ -15,6 +17,7 @@ namespace orrelo::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 class Reports final : public ORLUserEventDelegate {
  public:
@@ -222,7 +225,8 @@ TEST_F(CampaignScreenTest, AKindThatItCannotShowGivesWayToTheNextCampaign) {
   replies_["/campaigns/c-1"] =
       ScriptedURLSession::reply(200, campaignReply(R"({"page_type":"hologram","page_id":"p"})"));
   const auto screen = open();
-  EXPECT_EQ(errorOf(*screen), "앱을 업데이트 후 다시 시도해 주세요.");
+  EXPECT_TRUE(content<InduceUpdateView>(*screen));
+  EXPECT_EQ(screen->title(), "이벤트");
   replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(attendancePage()));
   const auto appearAgain = [&] {
     host_->presentedViewController()->disappear(false);
@@ -239,8 +243,24 @@ TEST_F(CampaignScreenTest, AKindOfTomorrowAsksTheStoreAndTheUserToUpdate) {
   replies_["/campaigns/c-1"] =
       ScriptedURLSession::reply(200, campaignReply(R"({"page_type":"hologram","page_id":"p"})"));
   replies_["/lookup"] = ScriptedURLSession::reply(200, R"({"resultCount":0,"results":[]})");
-  EXPECT_EQ(errorOf(*open()), "앱을 업데이트 후 다시 시도해 주세요.");
+  const auto screen = open();
+  const auto update = content<InduceUpdateView>(*screen);
+  ASSERT_TRUE(update);
   EXPECT_EQ(platform_.session->requestsTo("/lookup").at(0).url.host(), "itunes.apple.com");
+  EXPECT_EQ(update->color, Config::defaults().brandTheme.primary);
+  reports_->names.clear();
+  std::vector<std::string> opened;
+  bool canOpen = false;
+  platform_.application->setUrlOpener(
+      {[&](const Url&) { return canOpen; }, [&](const Url& url) { opened.emplace_back(url.text()); }});
+  update->routeToUpdateLink();
+  ASSERT_EQ(screen->toastLayer->toasts.value().size(), 1u);
+  EXPECT_EQ(screen->toastLayer->toasts.value()[0]->message, "업데이트 페이지 이동에 실패했습니다.");
+  EXPECT_THAT(reports_->names, IsEmpty());
+  canOpen = true;
+  update->routeToUpdateLink();
+  EXPECT_THAT(opened, ElementsAre(Config::defaults().appStoreUrl));
+  EXPECT_THAT(reports_->names, ElementsAre("ol_induce_update_button_click"));
   host_->dismiss(false);
   platform_.defaults->suite("tamrenzo_api_storage_I'm_Ilvane")->set("ORRELO_SERVICE_URL", std::int64_t{3});
   Orrelo::initialize(ORLConfig("shop"));

@@ -20,7 +20,7 @@ TEST(StackViewTest, SpacingBelongsToTheLastViewAndTheLatterHolds) {
   stack.setCustomSpacingAfterLast(12.0);
   stack.addArrangedSubview(second, 20.0);
   EXPECT_EQ(stack.state.value().arrangedSubviews,
-            (std::vector<StackView::Arranged>{{first, std::nullopt, 12.0}, {second, 20.0, 0.0}}));
+            (std::vector<StackView::Arranged>{{first, 0.0, 12.0}, {second, 20.0, 0.0}}));
 }
 
 class ToastLayerTest : public testing::Test {

@@ -5,8 +5,8 @@ import Orrelo
 KitText {
     required property NoticeBridge model
 
-    leftPadding: Theme.margin
-    rightPadding: Theme.margin
+    leftPadding: 25
+    rightPadding: 25
     size: 12
     lineHeight: 1.4
     color: Theme.secondaryText

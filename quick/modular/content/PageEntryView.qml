@@ -25,15 +25,18 @@ Item {
         }
         KitImage {
             id: icon
+
+            readonly property bool hasIcon: bitmapSize.width > 0
+
             anchors { left: parent.left; leftMargin: view.model.margin; verticalCenter: parent.verticalCenter }
-            width: view.model.hasIcon ? 32 : 0
+            width: hasIcon ? 32 : 0
             height: 32
             model: view.model.icon
         }
         Column {
             id: lines
             anchors {
-                left: icon.right; leftMargin: view.model.hasIcon ? view.model.gap : 0
+                left: icon.right; leftMargin: icon.hasIcon ? view.model.gap : 0
                 right: arrow.left; rightMargin: view.model.gap
                 verticalCenter: parent.verticalCenter
             }

@@ -1,0 +1,136 @@
+#include "campaign/CampaignMapper.h"
+#include "campaign/optinmarketing/OptInMarketingCampaignView.h"
+#include "campaign/stamp/StampCampaignView.h"
+#include "core/base/preconditionFailure.h"
+#include "modular/content/InformationView.h"
+#include "support/ServiceReplies.h"
+#include "support/TestPlatform.h"
+#include "viewkit/CampaignNoticeView.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+
+Campaign mapped(const std::string& page) {
+  return CampaignMapper().map(CampaignDTO::decode(campaignReply(page)));
+}
+
+// A board of seven missions in `columns`, in a page with `order` and whatever `more` holds.
+std::string stampPage(const std::string& order, const std::string& more = "", const std::string& columns = "3") {
+  std::string missions;
+  for (const auto* const name : {"1", "2", "3", "4", "5", "6", "7"}) {
+    missions += std::string(missions.empty() ? "" : ",") + R"({"name":")" + name + R"(","icon_url":""})";
+  }
+  return R"({"page_type":"stamp_board","page_id":"p","page_detail":{"toolbar_text":"스탬프",)" + more +
+         R"("stamp":{"column_count":)" + columns + R"(,"missions":[)" + missions +
+         R"(]},"layout":{"component_order":[)" + order + "]}}}";
+}
+
+StampCampaign stampOf(const std::string& page) {
+  const auto campaign = mapped(page);
+  const auto* const stamp = std::get_if<StampCampaign>(&campaign.type);
+  if (stamp == nullptr) throw std::runtime_error("no stamp campaign");
+  return *stamp;
+}
+
+class StampCampaignTest : public testing::Test {
+ protected:
+  static std::vector<std::string> kinds(const StampCampaignView& view) {
+    std::vector<std::string> kinds;
+    for (const auto& arranged : view.stackView->state.value().arrangedSubviews) {
+      kinds.emplace_back(arranged.view->kind());
+    }
+    return kinds;
+  }
+  template <class Block>
+  static std::shared_ptr<Block> block(const StampCampaignView& view, std::size_t index) {
+    return std::dynamic_pointer_cast<Block>(view.stackView->state.value().arrangedSubviews.at(index).view);
+  }
+
+  TestPlatform platform_;
+};
+
+TEST_F(StampCampaignTest, TheLayoutDecidesWhatIsMappedAndShown) {
+  const auto whole = stampOf(stampPage(R"("notice","banner","stamp","information","main_image","sub_image")",
+                                       R"("first_title":"미션","main_image_url":"https://img.example/a.png",)"));
+  EXPECT_EQ(whole.info, (CampaignInfo{"미션", "", "", std::nullopt}));
+  EXPECT_EQ(whole.notice, CampaignNotice{});
+  EXPECT_EQ(whole.layout.componentOrder[1], StampCampaignComponent::unknown);
+  const StampCampaignView view(whole);
+  EXPECT_THAT(kinds(view), ElementsAre("CampaignNoticeView", "StampBoardView", "InformationView",
+                                       "AutoLayoutImageView"));
+  EXPECT_EQ(block<CampaignNoticeView>(view, 0)->body.value(), "");
+
+  const auto bare = stampOf(stampPage("", R"("first_title":"미션","notice":["하나"],)"));
+  EXPECT_EQ(bare.info, std::nullopt);
+  EXPECT_EQ(bare.notice, std::nullopt);
+  EXPECT_TRUE(kinds(StampCampaignView(bare)).empty());
+}
+
+TEST_F(StampCampaignTest, WhatIsNamedTwiceStandsTwiceOrLast) {
+  const StampCampaignView view(
+      stampOf(stampPage(R"("stamp","information","stamp","information")", R"("notice":5,)")));
+  EXPECT_THAT(kinds(view), ElementsAre("InformationView", "StampBoardView", "InformationView"));
+}
+
+TEST_F(StampCampaignTest, OnlyWholeRowsAreShown) {
+  const auto names = [](const std::string& columns) {
+    const StampCampaignView view(stampOf(stampPage(R"("stamp")", "", columns)));
+    std::string all;
+    for (const auto& cell : block<StampBoardView>(view, 0)->cells) all += cell->name;
+    return all;
+  };
+  EXPECT_EQ(names("3"), "123456");
+  EXPECT_EQ(names("7"), "1234567");
+  EXPECT_EQ(names("8"), "");
+  EXPECT_EQ(names("-1"), "");
+}
+
+TEST_F(StampCampaignTest, ABoardWithoutColumnsStopsTheProcess) {
+  EXPECT_DEATH(StampCampaignView(stampOf(stampPage(R"("stamp")", "", "0"))), "A stamp board has no columns");
+  EXPECT_TRUE(kinds(StampCampaignView(stampOf(stampPage("", "", "0")))).empty()) << "nothing is laid out";
+}
+
+TEST_F(StampCampaignTest, ARequiredFieldThatIsMissingMakesThePageUnknown) {
+  const auto page = stampPage(R"("stamp")");
+  for (const std::string key : {"stamp", "column_count", "missions", "name", "icon_url", "layout", "component_order"}) {
+    auto broken = page;
+    broken.replace(broken.find("\"" + key + "\":"), key.size() + 2, "\"x\"");
+    EXPECT_TRUE(std::holds_alternative<UnknownCampaign>(mapped(broken).type)) << key;
+  }
+}
+
+TEST(OptInMarketingCampaignTest, FollowsItsButtonAndSaysWhenThePictureIsMissing) {
+  const TestPlatform platform;
+  const auto page = [](const std::string& visibility, const std::string& enable) {
+    return R"({"page_type":"opt_in_marketing","page_id":"p","page_detail":{"toolbar_text":"알림",
+      "image_url":"https://img.example/a.png","button_enable":)" +
+           enable + R"(,"button_text":"받기","button_visibility":)" + visibility +
+           R"(,"color":"#3366FF","notice":["하나"]}})";
+  };
+  const auto viewOf = [&](const std::string& visibility, const std::string& enable) {
+    return OptInMarketingCampaignView::create(
+        std::get<OptInMarketingCampaign>(mapped(page(visibility, enable)).type));
+  };
+  const auto view = viewOf("\"false\"", "\"1\"");
+  EXPECT_EQ(view->moveButton,
+            (OptInMarketingCampaignView::Button{"받기", true, true, Color::fromHex("#3366FF")}));
+  EXPECT_FALSE(viewOf("true", "false")->moveButton.isHidden);
+  EXPECT_TRUE(view->errorView->state.value().isHidden);
+  platform.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(404); };
+  const auto failing = viewOf("true", "true");
+  platform.loop->run();
+  EXPECT_FALSE(failing->errorView->state.value().isHidden);
+  EXPECT_EQ(failing->errorView->state.value().text,
+            "이미지를 불러오는데 실패했습니다.\n잠시 후 다시 시도해 주세요.");
+  std::vector<std::string> happened;
+  failing->onMoveButtonTapped = [&] { happened.push_back("handed over"); };
+  failing->onTapMoveButton();
+  EXPECT_THAT(happened, ElementsAre("handed over"));
+}
+
+}  // namespace
+}  // namespace orrelo::test
