@@ -16,10 +16,12 @@ class ORRELO_EXPORT PosixApplication final : public Application {
  public:
   Registration observe(Signal signal, std::function<void()> callback) override;
   double screenScale() const override { return screenScale_; }
+  bool prefersReducedMotion() const override { return prefersReducedMotion_; }
 
   /// Calls the observers in the order in which they came. On the main thread.
   void send(Signal signal);
   void setScreenScale(double scale) { screenScale_ = scale; }
+  void setPrefersReducedMotion(bool prefers) { prefersReducedMotion_ = prefers; }
 
  private:
   struct Observer {
@@ -28,6 +30,7 @@ class ORRELO_EXPORT PosixApplication final : public Application {
   };
 
   std::atomic<double> screenScale_ = 1.0;
+  std::atomic<bool> prefersReducedMotion_ = false;
   std::mutex mutex_;
   std::vector<std::weak_ptr<const Observer>> observers_;
 };
