@@ -10,6 +10,22 @@ struct Size {
   friend bool operator==(const Size&, const Size&) = default;
 };
 
+struct Point {
+  double x = 0.0;
+  double y = 0.0;
+
+  friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Rect {
+  double x = 0.0;
+  double y = 0.0;
+  double width = 0.0;
+  double height = 0.0;
+
+  friend bool operator==(const Rect&, const Rect&) = default;
+};
+
 struct EdgeInsets {
   double top = 0.0;
   double left = 0.0;
