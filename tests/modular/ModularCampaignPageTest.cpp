@@ -20,7 +20,8 @@ TEST(ModularCampaignPageTest, AWholePageIsItsBlocksWithOneBlankFirstAndOneAfterE
               ElementsAre("blank 12", "image", "blank 24", "information", "blank 16", "action", "blank 32",
                           /* hologram */ "blank 8", "information_tooltip", "blank 20",
                           "boxed_information_list", "blank 28", "image", "blank 16", "web", "blank 16",
-                          "page_entry_view", "blank 8", "page_entry_view", "blank 8", "notice", "blank 40"));
+                          "page_entry_view", "blank 8", "page_entry_view", "blank 8", "notice", "blank 40",
+                          "roulette", "blank 4", "scratch_lottery", "blank 16"));
 }
 
 TEST(ModularCampaignPageTest, EveryNameTakesABlankWhetherItBringsABlockOrNot) {
@@ -75,9 +76,9 @@ TEST(ModularCampaignPageTest, AKindWithOneBadBlockIsNotThereAtAll) {
   auto page = wholePage();
   page["image"][1]["style"] = "stretch";
   page["blank"] = nullptr;
-  EXPECT_THAT(listed(page), ElementsAre("information", "action", "information_tooltip",
-                                        "boxed_information_list", "web", "page_entry_view",
-                                        "page_entry_view", "notice"));
+  EXPECT_THAT(listed(page),
+              ElementsAre("information", "action", "information_tooltip", "boxed_information_list", "web",
+                          "page_entry_view", "page_entry_view", "notice", "roulette", "scratch_lottery"));
 }
 
 TEST(ModularCampaignPageTest, DialogsAreTheRewardsThenTheToastsOrNoneAtAll) {
@@ -94,8 +95,9 @@ TEST(ModularCampaignPageTest, DialogsAreTheRewardsThenTheToastsOrNoneAtAll) {
     return lines;
   };
   auto dialog = wholePage()["page_config"]["layout"]["dialog"];
-  EXPECT_THAT(texts(dialog), ElementsAre("reward 축하합니다 🎉, 커피 쿠폰을 받았어요.", "reward 하나 더!, 10 포인트도 드려요.",
-                                         "toast 선물이 도착했어요", "toast 내일 또 만나요"));
+  EXPECT_THAT(texts(dialog), ElementsAre("reward 축하합니다 🎉, 커피 쿠폰을 받았어요.",
+                                         "reward 하나 더!, 10 포인트도 드려요.", "toast 선물이 도착했어요",
+                                         "toast 내일 또 만나요"));
   auto toasts = dialog;
   toasts.erase("reward_message");
   EXPECT_THAT(texts(toasts), ElementsAre("toast 선물이 도착했어요", "toast 내일 또 만나요"));

@@ -1,5 +1,5 @@
-// Every value of a whole page is broken in every way, and what becomes of the page is what a second reading of
-// the rules says.
+// Every value of a whole page is broken in every way, and what becomes of the page is what a second reading
+// of the rules says.
 #include "ModularPages.h"
 #include "modular/ModularCampaignConfig.h"
 
@@ -22,7 +22,8 @@ bool isWhole(const Json& value) {
   return value.is_number_integer();
 }
 Rule listOf(const Rule& rule) {
-  return [rule](const Json& value) { return value.is_array() && std::all_of(value.begin(), value.end(), rule); };
+  return
+      [rule](const Json& value) { return value.is_array() && std::all_of(value.begin(), value.end(), rule); };
 }
 // All fields are there and fit.
 Rule recordOf(const Record& fields) {
@@ -34,6 +35,22 @@ Rule recordOf(const Record& fields) {
 }
 Rule orAbsent(const Rule& rule) {
   return [rule](const Json& value) { return value.is_null() || rule(value); };
+}
+
+const Json& at(const Json& object, const std::string& key) {
+  static const Json none;
+  return object.contains(key) ? object[key] : none;
+}
+
+// One that waits. An older list of items serves where there is no newer one.
+bool isWheel(const Json& wheel) {
+  const auto isItem = recordOf({{"reward_type", &isText}, {"reward_text", &isText}});
+  const auto& progress = at(wheel, "progress");
+  const auto& items = at(wheel, "items_v2");
+  return at(progress, "state") == "idle" && orAbsent(&isWhole)(at(progress, "result_index")) &&
+         orAbsent(&isText)(at(progress, "done_url")) &&
+         (items.is_null() ? listOf(&isText)(at(wheel, "items")) : listOf(isItem)(items)) &&
+         isText(at(wheel, "primary_color")) && isText(at(wheel, "secondary_color"));
 }
 
 const std::map<std::string, Rule>& blockRules() {
@@ -48,6 +65,9 @@ const std::map<std::string, Rule>& blockRules() {
   action["button_enable"] = [](const Json& value) { return value.is_boolean(); };
   auto web = texts({"width", "height"});
   web["url"] = isFilledText;
+  auto card = texts({"result", "mot_url", "done_url", "primary_color", "secondary_color"});
+  card["state"] = [](const Json& value) { return value == "idle" || value == "done"; };
+  card["scratchable"] = action["button_enable"];
   static const std::map<std::string, Rule> rules{
       {"information", recordOf(texts({"first_title", "second_title", "guide_message"}))},
       {"action", recordOf(action)},
@@ -60,13 +80,10 @@ const std::map<std::string, Rule>& blockRules() {
        recordOf({{"title", &isText},
                  {"items", listOf(recordOf(texts({"left_text", "image_url", "right_text", "color"})))}})},
       {"web", recordOf(web)},
+      {"roulette", &isWheel},
+      {"scratch_lottery", recordOf(card)},
   };
   return rules;
-}
-
-const Json& at(const Json& object, const std::string& key) {
-  static const Json none;
-  return object.contains(key) ? object[key] : none;
 }
 
 // What should become of a page: the names of its blocks, "DecodingError" or "Stop".
@@ -151,9 +168,20 @@ TEST_F(PagePresenceTest, WhateverIsWrongWithAPageCostsWhatItMay) {
   std::vector<Json::json_pointer> paths;
   collect(whole_, Json::json_pointer(), paths);
   ASSERT_GT(paths.size(), 100U);
-  const std::vector<Json> replacements{
-      nullptr, 5, -3, 1.5, true, "", "notice", "fit", Json::array(), Json::object(), Json::array({nullptr}),
-      Json::array({5}), Json::array({"image"}), Json::parse(R"([{"items":[]}])")};
+  const std::vector<Json> replacements{nullptr,
+                                       5,
+                                       -3,
+                                       1.5,
+                                       true,
+                                       "",
+                                       "notice",
+                                       "fit",
+                                       Json::array(),
+                                       Json::object(),
+                                       Json::array({nullptr}),
+                                       Json::array({5}),
+                                       Json::array({"image"}),
+                                       Json::parse(R"([{"items":[]}])")};
   for (const auto& path : paths) {
     for (const auto& replacement : replacements) {
       SCOPED_TRACE(path.to_string() + " is " + replacement.dump());
