@@ -82,7 +82,8 @@ TEST(RouletteDrawingTest, SectorsGoRoundAndTheirTextsStandUprightUnderThePin) {
 
 TEST(RouletteDrawingTest, ALongBodyIsSmaller) {
   const auto texts =
-      drawingOf({{"", "아이스크림", primary}, {"", "아이스크림콘", white}, {"", "🎁🎁🎁🎁🎁", primary}}).wheel.texts;
+      drawingOf({{"", "아이스크림", primary}, {"", "아이스크림콘", white}, {"", "🎁🎁🎁🎁🎁", primary}})
+          .wheel.texts;
   EXPECT_EQ(texts[1].style, (TextStyle{16.0, TextStyle::Weight::semibold, {0.363, 0.369, 0.375, 1.0}}));
   EXPECT_EQ(texts[3].style.size, 11.0);
   EXPECT_EQ(texts[5].style.size, 16.0);
@@ -92,10 +93,10 @@ TEST(RouletteDrawingTest, AWheelThatIsNotEnabledLiesUnderAVeilThatSaysWhy) {
   const auto veil = drawingOf({}, false).veil;
   ASSERT_TRUE(veil);
   EXPECT_EQ(veil->disc, (RouletteDrawing::Disc{{140.0, 140.0}, 115.0, {0.239, 0.243, 0.247, 0.5}}));
-  EXPECT_EQ(veil->text, (RouletteDrawing::Text{"이벤트 참여 완료",
-                                               {65.0, 130.0, 150.0, 20.0},
-                                               0.0,
-                                               {18.0, TextStyle::Weight::bold, white}}));
+  EXPECT_EQ(
+      veil->text,
+      (RouletteDrawing::Text{
+          "이벤트 참여 완료", {65.0, 130.0, 150.0, 20.0}, 0.0, {18.0, TextStyle::Weight::bold, white}}));
 }
 
 }  // namespace

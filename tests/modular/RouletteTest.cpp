@@ -118,7 +118,8 @@ TEST_F(RouletteTest, ASpinIsPlayedOnceTheWheelIsThereAndItsEndIsReportedOnce) {
   EXPECT_EQ(view->state.value().spin, spin);
   EXPECT_THAT(requests_->lines, IsEmpty());
   for (int i = 0; i < 2; ++i) view->animationDidStop(true);
-  EXPECT_EQ(view->state.value(), (RouletteView::State{.rotation = spin.to, .outcome = "결과: 포인트 1,000P"}));
+  EXPECT_EQ(view->state.value(),
+            (RouletteView::State{.rotation = spin.to, .outcome = "결과: 포인트 1,000P"}));
   EXPECT_THAT(requests_->lines, ElementsAre("participate /spun"));
   EXPECT_EQ(reports_->names.size(), 1U);
 }
@@ -134,8 +135,8 @@ TEST_F(RouletteTest, AFinishedPageShowsWhereTheSpinLeftTheWheel) {
   const auto view = wheelOf(done);
   EXPECT_THAT(reports_->names, ElementsAre("ol_roulette_spin_wheel_end"));
   EXPECT_FALSE(view->state.value().isEnabled);
+  EXPECT_DOUBLE_EQ(view->state.value().rotation, 45.0 * degree);  // before it is seen
   paint(*view);
-  EXPECT_DOUBLE_EQ(view->state.value().rotation, 45.0 * degree);
   EXPECT_EQ(view->state.value().outcome, "결과: 포인트 1,000P");
   EXPECT_TRUE(view->drawing().veil);
   view->animationDidStop(true);
@@ -181,7 +182,10 @@ TEST_F(RouletteTest, AWheelThatCannotBePaintedStandsStillAndSaysWhy) {
   view->wheelDidFail(makeError(OrreloError::unknown));
   platform_.loop->run();
   view->animationDidStop(true);
-  EXPECT_THAT(log.lines(), Contains(AllOf(HasSubstr("[ERROR]"), HasSubstr("Start Roulette Animation Failure: " + makeError(OrreloError::unknown).localizedDescription()))));
+  EXPECT_THAT(log.lines(),
+              Contains(AllOf(HasSubstr("[ERROR]"),
+                             HasSubstr("Start Roulette Animation Failure: " +
+                                       makeError(OrreloError::unknown).localizedDescription()))));
   EXPECT_FALSE(view->state.value().spin);
   EXPECT_THAT(requests_->lines, IsEmpty());
 }
@@ -206,8 +210,8 @@ TEST_F(RouletteTest, WithLessMovementTheWheelRestsAtOnceAndTheServiceIsTold) {
   const auto view = wheelOf(running);
   EXPECT_THAT(requests_->lines, IsEmpty());
   paint(*view);
-  EXPECT_EQ(view->state.value(), (RouletteView::State{.rotation = (45.0 + 2880.0) * degree,
-                                                      .outcome = "결과: 포인트 1,000P"}));
+  EXPECT_EQ(view->state.value(),
+            (RouletteView::State{.rotation = (45.0 + 2880.0) * degree, .outcome = "결과: 포인트 1,000P"}));
   EXPECT_THAT(requests_->lines, ElementsAre("participate /spun"));
   EXPECT_THAT(reports_->names, ElementsAre("ol_roulette_spin_wheel_start"));
 }

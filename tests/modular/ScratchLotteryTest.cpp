@@ -86,7 +86,9 @@ class ScratchLotteryTest : public RenderedPage {
     for (int i = 0; i < moves; ++i) view.touchesMoved({i % 2 == 0 ? 340.0 : 10.0, 40.0});
     platform_.loop->run();
   }
-  static bool isHidden(const ScratchLotteryView& view) { return view.scratchMaskView->state.value().isHidden; }
+  static bool isHidden(const ScratchLotteryView& view) {
+    return view.scratchMaskView->state.value().isHidden;
+  }
 };
 
 TEST_F(ScratchLotteryTest, ACardIsLaidOpenAtTheMeasurementThatFindsAFifthGone) {

@@ -17,13 +17,14 @@ bool setPaused(const std::weak_ptr<RouletteView>& weak, bool isPaused) {
 
 }  // namespace
 
-LayerPersistentHelper::LayerPersistentHelper(const std::weak_ptr<RouletteView>& layer, Application& application)
-    : willResignActive(application.observe(
-          Application::Signal::didEnterBackground,
-          [layer, wasPaused = wasPaused] { *wasPaused = setPaused(layer, true); })),
-      didBecomeActive(application.observe(Application::Signal::willEnterForeground,
-                                          [layer, wasPaused = wasPaused] {
-                                            if (!*wasPaused) setPaused(layer, false);
-                                          })) {}
+LayerPersistentHelper::LayerPersistentHelper(const std::weak_ptr<RouletteView>& layer,
+                                             Application& application)
+    : willResignActive(
+          application.observe(Application::Signal::didEnterBackground,
+                              [layer, wasPaused = wasPaused] { *wasPaused = setPaused(layer, true); })),
+      didBecomeActive(
+          application.observe(Application::Signal::willEnterForeground, [layer, wasPaused = wasPaused] {
+            if (!*wasPaused) setPaused(layer, false);
+          })) {}
 
 }  // namespace orrelo

@@ -24,8 +24,8 @@ struct RouletteItem {
   friend bool operator==(const RouletteItem&, const RouletteItem&) = default;
 };
 
-/// A wheel of fortune. Nothing about it is left to chance here: the service names the sector, and is told when
-/// the wheel has come to rest.
+/// A wheel of fortune. Nothing about it is left to chance here: the service names the sector, and is told
+/// when the wheel has come to rest.
 class ORRELO_EXPORT RouletteComponent final : public UIComponent, public RouletteViewDelegate {
  public:
   static constexpr std::string_view key = "roulette";

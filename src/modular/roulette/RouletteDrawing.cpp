@@ -12,10 +12,6 @@ namespace {
 constexpr Color white{1.0, 1.0, 1.0, 1.0};
 constexpr Color textColor{0.363, 0.369, 0.375, 1.0};
 
-double radians(double degrees) {
-  return degrees * std::numbers::pi / 180.0;
-}
-
 double degreesOf(Point direction) {
   return std::atan2(direction.y, direction.x) * 180.0 / std::numbers::pi;
 }
@@ -85,10 +81,11 @@ class WheelPainter {
     const double distance = textLayerRadius_ * share / 2;
     const Point anchor{center_.x + distance * std::cos(radians(middle)),
                        center_.y + distance * std::sin(radians(middle))};
-    return {text,
-            {anchor.x - textSize_.width / 2, anchor.y - textSize_.height / 2, textSize_.width, textSize_.height},
-            middle - 270.0,
-            style};
+    return {
+        text,
+        {anchor.x - textSize_.width / 2, anchor.y - textSize_.height / 2, textSize_.width, textSize_.height},
+        middle - 270.0,
+        style};
   }
 
   const Point center_;
@@ -108,7 +105,8 @@ RouletteDrawing::Veil veilOf(Point center, double radius) {
 
 }  // namespace
 
-RouletteDrawing RouletteDrawing::of(const std::vector<RouletteItemModel>& items, const Look& look, Size size) {
+RouletteDrawing RouletteDrawing::of(const std::vector<RouletteItemModel>& items, const Look& look,
+                                    Size size) {
   const Point center{size.width / 2, size.height / 2};
   const double r = std::min(center.x, center.y);
   const auto disc = [&](double inset, const Color& color) {

@@ -41,8 +41,8 @@ struct ORRELO_EXPORT RouletteDrawing {
 
     friend bool operator==(const Sector&, const Sector&) = default;
   };
-  /// In the middle of its frame's width, from the frame's top, never wrapped: what is longer than the frame is
-  /// cut at its edges.
+  /// In the middle of its frame's width, from the frame's top, never wrapped: what is longer than the frame
+  /// is cut at its edges.
   struct Text {
     std::string text;
     /// Before it is turned about its middle.

@@ -2,18 +2,14 @@
 
 #include "core/base/Logger.h"
 #include "reactive/Creating.h"
+#include "viewkit/base/Geometry.h"
 
 #include <orrelo/Platform.h>
 
-#include <numbers>
 #include <utility>
 
 namespace orrelo {
 namespace {
-
-double radians(double degrees) {
-  return degrees * std::numbers::pi / 180.0;
-}
 
 std::string spoken(const RouletteItemModel& item) {
   return item.title.empty() || item.body.empty() ? item.title + item.body : item.title + " " + item.body;
@@ -36,16 +32,16 @@ void RouletteView::spin(std::int64_t endIndex, const std::string& spinDidEndActi
   if (items_.empty()) return;
   willEndIndex = endIndex;
   spinWheelDidEndActionUrl = spinDidEndActionUrl;
-  whenWheelIsThere([](RouletteView& self) { self.startSpin(finalAngle(*self.willEndIndex, self.items_.size())); });
+  whenWheelIsThere(
+      [](RouletteView& self) { self.startSpin(finalAngle(*self.willEndIndex, self.items_.size())); });
 }
 
 void RouletteView::showResult(std::int64_t index) {
   if (items_.empty()) return;
-  whenWheelIsThere([angle = finalAngle(index, items_.size()), outcome = outcomeOf(index)](RouletteView& self) {
-    self.state.change([&](State& changed) {
-      changed.rotation = radians(angle);
-      changed.outcome = outcome;
-    });
+  // Before the wheel is painted, lest it be seen for a moment where it has never been.
+  state.change([&](State& changed) { changed.rotation = radians(finalAngle(index, items_.size())); });
+  whenWheelIsThere([outcome = outcomeOf(index)](RouletteView& self) {
+    self.state.change([&](State& changed) { changed.outcome = outcome; });
   });
 }
 
@@ -81,8 +77,7 @@ void RouletteView::animationDidStop(bool finished) {
 }
 
 void RouletteView::whenWheelIsThere(std::function<void(RouletteView&)> task) {
-  const auto signal =
-      isWheelThere_ ? reactive::just(reactive::Unit()) : isAppendedWheelLayer.asObservable();
+  const auto signal = isWheelThere_ ? reactive::just(reactive::Unit()) : isAppendedWheelLayer.asObservable();
   const auto background =
       std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
   const auto weak = std::weak_ptr(std::static_pointer_cast<RouletteView>(shared_from_this()));

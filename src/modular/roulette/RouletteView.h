@@ -59,7 +59,7 @@ class ORRELO_EXPORT RouletteView final : public View {
   /// Once the wheel is there, it spins to the sector, and the delegate is told. A wheel without sectors does
   /// nothing at all.
   void spin(std::int64_t endIndex, const std::string& spinDidEndActionUrl);
-  /// Where a spin to the sector would have left the wheel.
+  /// The wheel rests where a spin to the sector would have left it.
   void showResult(std::int64_t index);
   void setEnabled(bool isEnabled);
 

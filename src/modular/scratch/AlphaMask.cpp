@@ -87,7 +87,9 @@ PixelRect PixelRect::united(const PixelRect& other) const {
 }
 
 AlphaMask::AlphaMask(int width, int height)
-    : width_(width), height_(height), pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 255) {}
+    : width_(width),
+      height_(height),
+      pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 255) {}
 
 PixelRect AlphaMask::eraseLine(Point from, Point to, double lineWidth) {
   if (!isTouchable(from) || !isTouchable(to)) return {};
@@ -112,7 +114,8 @@ PixelRect AlphaMask::eraseLine(Point from, Point to, double lineWidth) {
     const int end = endPixel(touched.to, width_);
     const auto covered = line.across(middle, inner);
     const int firstCovered = std::clamp(firstPixel(covered.from, width_), first, std::max(first, end));
-    const int endCovered = std::clamp(endPixel(covered.to, width_), firstCovered, std::max(firstCovered, end));
+    const int endCovered =
+        std::clamp(endPixel(covered.to, width_), firstCovered, std::max(firstCovered, end));
     soften(first, firstCovered);
     std::fill(pixels + firstCovered, pixels + endCovered, std::uint8_t{0});
     soften(endCovered, end);

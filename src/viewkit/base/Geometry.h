@@ -1,5 +1,7 @@
 #pragma once
 
+#include <numbers>
+
 namespace orrelo {
 
 /// In points: pixels at a scale of 1.
@@ -34,5 +36,9 @@ struct EdgeInsets {
 
   friend bool operator==(const EdgeInsets&, const EdgeInsets&) = default;
 };
+
+constexpr double radians(double degrees) {
+  return degrees * std::numbers::pi / 180.0;
+}
 
 }  // namespace orrelo
