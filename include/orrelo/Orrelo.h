@@ -77,8 +77,8 @@ class ORRELO_EXPORT Orrelo final {
   /// The first campaign of the type that the service lists for the current user.
   static void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with);
   /// The same screens, for the host to show through the front that it uses: with Qt Quick by
-  /// `orrelo::quick::present` or `push`. Never null: before `initialize` a screen that asks to try again. On the
-  /// main thread.
+  /// `orrelo::quick::present` or `push`. Never null: before `initialize` a screen that asks to try again. On
+  /// the main thread.
   static std::shared_ptr<ViewController> getCampaignViewController(std::string_view id);
   static std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type);
   static void showNaverPayExchange(const std::shared_ptr<ViewController>& with);

@@ -26,8 +26,8 @@ class ContentTest : public RenderedPage {
     const auto view = build(page);
     for (const auto& each : view->stackView->state.value().arrangedSubviews) {
       const auto* const spacer = dynamic_cast<const SpacerView*>(each.view.get());
-      lines.push_back((spacer != nullptr ? "room " + std::to_string(int(spacer->height)) : "image") + " then " +
-                      std::to_string(int(each.spacingAfter)));
+      lines.push_back((spacer != nullptr ? "room " + std::to_string(int(spacer->height)) : "image") +
+                      " then " + std::to_string(int(each.spacingAfter)));
     }
     return lines;
   }
