@@ -17,7 +17,7 @@ std::string urlOf(int number) {
 class CountingView final : public ImageTarget {
  public:
   void setImage(const ImagePtr& image) override { shown = image; }
-  ImageSize boundsSize() const override { return {100.0, 100.0}; }
+  Size boundsSize() const override { return {100.0, 100.0}; }
   double scale() const override { return 1.0; }
 
   ImagePtr shown;

@@ -10,7 +10,9 @@
 #include <orrelo/Orrelo.h>
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <QBuffer>
 #include <QGuiApplication>
+#include <QImage>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <cstdio>
@@ -25,6 +27,17 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+// The calendar's picture of a bonus, as large as a service sends it.
+std::string icon() {
+  QImage image(192, 192, QImage::Format_ARGB32);
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgba(x, y, x ^ y, 255 - x));
+  }
+  QBuffer file;
+  image.save(&file, "PNG");
+  return file.data().toStdString();
+}
+
 /// A host's window over the kit, whose service is in this process.
 class Stage {
  public:
@@ -35,6 +48,7 @@ class Stage {
     platform.urlSession = service_;
     Platform::install(std::move(platform));
     service_->answers["/campaigns/c-1"] = {200, test::campaignReply(test::richAttendancePage())};
+    service_->answers["/gift.png"] = {200, icon()};
     service_->answers["/attend"] = {200, test::richAttendancePage()};
     Orrelo::initialize(ORLConfig("bench-app"));
     Orrelo::setUser(ORLUser("user-1", ORLMarketingStatus::unknown, {}));

@@ -82,7 +82,8 @@ class ORRELO_EXPORT Orrelo final {
   static std::shared_ptr<ViewController> getCampaignViewController(std::string_view id);
   static std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type);
   static void showNaverPayExchange(const std::shared_ptr<ViewController>& with);
-  /// Opens the page that the service has put behind `id`.
+  /// Opens the page that the service has put behind `id`, over what the user has before them: a campaign, a
+  /// screen of the kit, or a deep link of the host. What cannot be opened says so in the log.
   static void showPage(std::string_view id);
   static void showInAppMessage(const std::shared_ptr<ViewController>& with);
 

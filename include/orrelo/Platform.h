@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orrelo {
 
@@ -63,6 +64,8 @@ struct HostApplication {
   std::filesystem::path dataDirectory = {};
   /// Empty: "$XDG_CACHE_HOME/<bundle identifier>", else "~/.cache/<bundle identifier>".
   std::filesystem::path cacheDirectory = {};
+  /// Besides "http" and "https", the schemes of URLs that can be opened on the machine or by the host itself.
+  std::vector<std::string> urlSchemes = {};
 };
 
 /// Everything that the kit asks of a machine. Nothing in the kit reads the time, the disk, the network or a

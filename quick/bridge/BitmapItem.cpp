@@ -1,23 +1,32 @@
 #include "quick/bridge/BitmapItem.h"
 
-#include <QImage>
+#include "quick/bridge/PictureTexture.h"
+
 #include <QQuickWindow>
 #include <QSGImageNode>
+#include <memory>
+#include <utility>
 
 namespace orrelo::quick {
 namespace {
 
-// Shares the pixels, which live as long as the image.
-QImage toQt(const ImagePtr& image) {
-  const auto& bitmap = image->bitmap;
-  return {bitmap.pixels.get(),
-          bitmap.width,
-          bitmap.height,
-          qsizetype{bitmap.width} * Bitmap::bytesPerPixel,
-          QImage::Format_RGBA8888_Premultiplied,
-          [](void* kept) { delete static_cast<ImagePtr*>(kept); },
-          new ImagePtr(image)};
-}
+class PictureNode final : public QSGNode {
+ public:
+  explicit PictureNode(QSGImageNode* picture) : picture_(picture) {
+    picture_->setFiltering(QSGTexture::Linear);
+    appendChildNode(picture_);
+  }
+
+  void show(std::shared_ptr<const PictureTexture> texture, const QRectF& rect) {
+    if (texture != texture_) picture_->setTexture(texture->texture());
+    texture_ = std::move(texture);  // the former is not used any more
+    picture_->setRect(rect);
+  }
+
+ private:
+  QSGImageNode* picture_;
+  std::shared_ptr<const PictureTexture> texture_;
+};
 
 }  // namespace
 
@@ -25,33 +34,22 @@ void BitmapItem::setSource(ImageBridge* source) {
   if (source == source_) return;
   if (source_) source_->disconnect(this);
   source_ = source;
-  if (source_) connect(source_, &ViewBridge::stateChanged, this, &BitmapItem::redraw);
-  redraw();
+  if (source_) connect(source_, &ViewBridge::stateChanged, this, &QQuickItem::update);
+  update();
   Q_EMIT sourceChanged();
 }
 
-void BitmapItem::redraw() {
-  isStale_ = true;
-  update();
-}
-
-QSGNode* BitmapItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
-  auto* picture = static_cast<QSGImageNode*>(node);
+QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
+  auto* node = static_cast<PictureNode*>(former);
   const auto image = source_ ? source_->image() : nullptr;
   if (!image || !image->bitmap.pixels || width() <= 0 || height() <= 0) {
-    delete picture;
+    delete node;
     return nullptr;
   }
-  if (!picture || isStale_) {
-    delete picture;
-    picture = window()->createImageNode();
-    picture->setOwnsTexture(true);
-    picture->setTexture(window()->createTextureFromImage(toQt(image)));
-    picture->setFiltering(QSGTexture::Linear);
-    isStale_ = false;
-  }
-  picture->setRect(boundingRect());
-  return picture;
+  if (node == nullptr) node = new PictureNode(window()->createImageNode());
+  const auto pixels = (size() * window()->effectiveDevicePixelRatio()).toSize();
+  node->show(PictureTexture::of(*window(), image, pixels), boundingRect());
+  return node;
 }
 
 }  // namespace orrelo::quick

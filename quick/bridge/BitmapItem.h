@@ -26,10 +26,7 @@ class BitmapItem : public QQuickItem {
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
-  void redraw();
-
   QPointer<ImageBridge> source_;
-  bool isStale_ = true;
 };
 
 }  // namespace orrelo::quick

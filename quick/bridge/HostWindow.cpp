@@ -1,5 +1,7 @@
 #include "quick/bridge/HostWindow.h"
 
+#include "viewkit/base/KeyWindow.h"
+
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <QQuickWindow>
@@ -33,6 +35,10 @@ HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {
       disappear();
     }
   });
+  connect(&window, &QWindow::activeChanged, this, [this, &window] {
+    if (window.isActive()) setKeyWindowRootViewController(root());
+  });
+  if (window.isActive() || !keyWindowRootViewController()) setKeyWindowRootViewController(root());
   if (window.isVisible()) appear();
 }
 
@@ -43,7 +49,9 @@ HostWindow::~HostWindow() {
 void HostWindow::makeNavigation() {
   if (navigation_) return;
   if (screen_->presentedViewController()) screen_->dismiss(false);  // what it shows now is not the stack's
+  const bool isKey = keyWindowRootViewController() == screen_;
   navigation_ = NavigationController::create(screen_);
+  if (isKey) setKeyWindowRootViewController(navigation_);
   if (screen_->isVisible()) navigation_->appear(false);
 }
 

@@ -16,11 +16,15 @@ class ImageBridge final : public ViewBridge {
   Q_PROPERTY(QUrl asset READ asset NOTIFY stateChanged)
   /// Of a loaded picture, in points; empty until it is there.
   Q_PROPERTY(QSizeF size READ size NOTIFY stateChanged)
+  /// Of a view that takes its height from its image, else 0.
+  Q_PROPERTY(double height READ height NOTIFY heightChanged)
 
  public:
   ImageBridge(const std::shared_ptr<ImageView>& view, QObject* parent)
-      : ViewBridge(view, parent), image_(*view) {
+      : ViewBridge(view, parent), image_(*view), autoLayout_(dynamic_cast<AutoLayoutImageView*>(view.get())) {
     follow(image_.state);
+    if (autoLayout_ == nullptr) return;
+    heights_.follow(autoLayout_->height.stream(), [this](double) { Q_EMIT heightChanged(); });
   }
 
   QUrl asset() const { return assetFile(image_.state.value().asset); }
@@ -30,8 +34,15 @@ class ImageBridge final : public ViewBridge {
     return picture ? QSizeF(picture->width(), picture->height()) : QSizeF();
   }
 
+  double height() const { return autoLayout_ != nullptr ? autoLayout_->height.value() : 0.0; }
+
+ Q_SIGNALS:
+  void heightChanged();
+
  private:
   const ImageView& image_;
+  const AutoLayoutImageView* const autoLayout_;
+  Subscriptions heights_;
 };
 
 }  // namespace orrelo::quick

@@ -9,11 +9,12 @@ Item {
     required property ImageBridge model
     readonly property size bitmapSize: model.size
     readonly property real shrink: Math.min(width / bitmapSize.width, height / bitmapSize.height)
-    /// The height that a loaded picture has at the view's width.
-    readonly property real heightForWidth: bitmapSize.width > 0 ? width * bitmapSize.height / bitmapSize.width : 0
+    /// The height that a loaded picture has at the view's width, for a view that takes it.
+    readonly property real heightForWidth: model.height
 
     visible: drawing.status === Image.Ready || bitmapSize.width > 0
     Accessible.ignored: true
+    onModelChanged: model?.reportSize(width, height)
     onWidthChanged: model?.reportSize(width, height)
     onHeightChanged: model?.reportSize(width, height)
 

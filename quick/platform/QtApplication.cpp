@@ -11,13 +11,22 @@ namespace orrelo::quick {
 
 QtApplication::QtApplication(std::shared_ptr<PosixApplication> application, QObject* parent)
     : QObject(parent), application_(std::move(application)) {
-  if (const auto* screen = QGuiApplication::primaryScreen()) {
-    application_->setScreenScale(screen->devicePixelRatio());
-  }
+  followScreen();
+  connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] { followScreen(); });
   qGuiApp->installEventFilter(this);
   connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this] { update(); });
   connect(qGuiApp, &QGuiApplication::aboutToQuit, this,
           [this] { application_->send(Application::Signal::willTerminate); });
+}
+
+// A screen has no signal for its scale; its size in points changes with it.
+void QtApplication::followScreen() {
+  disconnect(scaleChange_);
+  const auto* const screen = QGuiApplication::primaryScreen();
+  if (screen == nullptr) return;
+  const auto takeScale = [this, screen] { application_->setScreenScale(screen->devicePixelRatio()); };
+  scaleChange_ = connect(screen, &QScreen::geometryChanged, this, takeScale);
+  takeScale();
 }
 
 bool QtApplication::eventFilter(QObject* watched, QEvent* event) {

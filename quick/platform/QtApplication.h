@@ -17,8 +17,10 @@ class QtApplication final : public QObject {
 
  private:
   void update();
+  void followScreen();
 
   std::shared_ptr<PosixApplication> application_;
+  QMetaObject::Connection scaleChange_;
   bool isInForeground_ = false;
 };
 

@@ -1,5 +1,7 @@
 #include "QtImageCodec.h"
 
+#include "PictureFile.h"
+
 #include <QtCore/QBuffer>
 #include <QtGui/QImage>
 #include <QtGui/QImageReader>
@@ -13,22 +15,6 @@ namespace {
 constexpr auto bitmapFormat = QImage::Format_RGBA8888_Premultiplied;
 constexpr qint64 maximumBytes = qint64{Bitmap::maximumSide} * Bitmap::maximumSide * Bitmap::bytesPerPixel;
 
-// Null for what is none of the three.
-const char* formatOf(std::string_view bytes) {
-  using namespace std::string_view_literals;
-  if (bytes.starts_with("\x89PNG\r\n\x1A\n"sv)) return "png";
-  if (bytes.starts_with("\xFF\xD8\xFF"sv)) return "jpeg";
-  if (bytes.starts_with("RIFF"sv) && bytes.substr(0, 12).ends_with("WEBP"sv)) return "webp";
-  return nullptr;
-}
-
-// The end comes after the last scan. A JPEG reader fills in what is missing, which then looks like a picture.
-bool isWholeJpeg(std::string_view bytes) {
-  const auto end = bytes.rfind("\xFF\xD9");
-  const auto scan = bytes.rfind("\xFF\xDA");
-  return end != std::string_view::npos && scan != std::string_view::npos && scan < end;
-}
-
 // By the header alone. A reader may have more than 32 bits to a pixel.
 bool isAllowed(const QImageReader& reader) {
   const QSize size = reader.size();
@@ -40,12 +26,12 @@ bool isAllowed(const QImageReader& reader) {
 }  // namespace
 
 std::optional<Bitmap> QtImageCodec::decode(std::string_view bytes) {
-  const char* const format = formatOf(bytes);
-  if (format == nullptr || (bytes.starts_with('\xFF') && !isWholeJpeg(bytes))) return std::nullopt;
-  QByteArray file = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
-  QBuffer buffer(&file);
+  const auto file = pictureFile(bytes);
+  if (!file) return std::nullopt;
+  auto raw = QByteArray::fromRawData(file->bytes.data(), static_cast<qsizetype>(file->bytes.size()));
+  QBuffer buffer(&raw);
   buffer.open(QIODevice::ReadOnly);
-  QImageReader reader(&buffer, format);
+  QImageReader reader(&buffer, file->format);
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
   if (!isAllowed(reader)) return std::nullopt;

@@ -4,8 +4,9 @@
 
 namespace orrelo::quick {
 
-/// By Qt's own readers. While it decodes, a call takes at most 64 MiB for what the file's pixels are and 64
-/// MiB for the bitmap, beside the reader's own tables.
+/// By Qt's own readers, which see of a file what its pixels need (`PictureFile.h`). A call takes at most 128
+/// MiB beside that copy and the reader's own tables: what the file's pixels are, or a JPEG's scans, and the
+/// bitmap.
 class QtImageCodec final : public ImageCodec {
  public:
   std::optional<Bitmap> decode(std::string_view bytes) override;

@@ -4,15 +4,34 @@
 
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <QDesktopServices>
 #include <QGuiApplication>
+#include <QUrl>
+#include <algorithm>
+#include <utility>
 
 namespace orrelo::quick {
+namespace {
+
+// Qt opens a URL without being able to say beforehand whether it can: the schemes decide.
+PosixApplication::UrlOpener urlOpener(std::vector<std::string> schemes) {
+  schemes.insert(schemes.end(), {"http", "https"});
+  const auto canOpen = [schemes = std::move(schemes)](const Url& url) {
+    const auto scheme = QByteArray(url.scheme().data(), static_cast<qsizetype>(url.scheme().size()));
+    return std::find(schemes.begin(), schemes.end(), scheme.toLower().toStdString()) != schemes.end();
+  };
+  return {canOpen,
+          [](const Url& url) { QDesktopServices::openUrl(QUrl(QString::fromStdString(url.text()))); }};
+}
+
+}  // namespace
 
 Platform platform(const HostApplication& host) {
   auto platform = Platform::posix(host);
   platform.mainLoop = std::make_shared<QtMainLoop>();
   platform.imageCodec = std::make_shared<QtImageCodec>();
   const auto application = std::make_shared<PosixApplication>();
+  application->setUrlOpener(urlOpener(host.urlSchemes));
   platform.application = application;
   new QtApplication(application, qGuiApp);
   return platform;

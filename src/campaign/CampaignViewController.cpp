@@ -86,7 +86,7 @@ void CampaignViewController::participate(const std::string& actionUrl) {
 }
 
 void CampaignViewController::route(const Page& page) {
-  if (pageRouter) pageRouter->route(page, shared_from_this());
+  if (pageRouter) pageRouter->route(shared_from_this(), page);
 }
 
 void CampaignViewController::render(const BrandedCampaign& element) {

@@ -5,12 +5,19 @@
 namespace orrelo {
 
 // Full screen is what a screen is presented as where nobody says otherwise.
+template <class Target>
+std::shared_ptr<ViewController> CampaignViewControllerFactoryImpl::makeFor(const Target& target) const {
+  const auto screen = CampaignViewController::create(CampaignViewModelImpl::create(useCases), target);
+  screen->pageRouter = pageRouter;
+  return screen;
+}
+
 std::shared_ptr<ViewController> CampaignViewControllerFactoryImpl::make(const std::string& id) const {
-  return CampaignViewController::create(CampaignViewModelImpl::create(useCases), id);
+  return makeFor(id);
 }
 
 std::shared_ptr<ViewController> CampaignViewControllerFactoryImpl::make(ORLCampaignType type) const {
-  return CampaignViewController::create(CampaignViewModelImpl::create(useCases), type);
+  return makeFor(type);
 }
 
 }  // namespace orrelo

@@ -10,14 +10,18 @@ namespace orrelo {
 /// Each screen gets a view model of its own.
 class CampaignViewControllerFactoryImpl final : public CampaignViewControllerFactory {
  public:
-  explicit CampaignViewControllerFactoryImpl(CampaignUseCases campaignUseCases)
-      : useCases(std::move(campaignUseCases)) {}
+  CampaignViewControllerFactoryImpl(CampaignUseCases campaignUseCases, std::shared_ptr<PageRouter> router)
+      : useCases(std::move(campaignUseCases)), pageRouter(std::move(router)) {}
 
   std::shared_ptr<ViewController> make(const std::string& id) const override;
   std::shared_ptr<ViewController> make(ORLCampaignType type) const override;
 
  private:
+  template <class Target>
+  std::shared_ptr<ViewController> makeFor(const Target& target) const;
+
   CampaignUseCases useCases;
+  std::shared_ptr<PageRouter> pageRouter;
 };
 
 }  // namespace orrelo

@@ -34,8 +34,9 @@ CampaignUseCases makeUseCases(const std::shared_ptr<FetchConfigUseCase>& fetchCo
 }  // namespace
 
 CampaignComponent::CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
-                                     const NetworkConfig& networkConfig, const std::string& storeUrl)
+                                     const NetworkConfig& networkConfig, const std::string& storeUrl,
+                                     const std::shared_ptr<PageRouter>& pageRouter)
     : campaignViewControllerFactory(std::make_shared<CampaignViewControllerFactoryImpl>(
-          makeUseCases(fetchConfigUseCase, networkConfig, storeUrl))) {}
+          makeUseCases(fetchConfigUseCase, networkConfig, storeUrl), pageRouter)) {}
 
 }  // namespace orrelo

@@ -14,7 +14,8 @@ class CampaignComponent {
  public:
   /// `storeUrl` is where the store's lookup is asked.
   CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
-                    const NetworkConfig& networkConfig, const std::string& storeUrl);
+                    const NetworkConfig& networkConfig, const std::string& storeUrl,
+                    const std::shared_ptr<PageRouter>& pageRouter);
 
   const std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory;
 };

@@ -135,8 +135,9 @@ void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>&) {
   isInitialized("showNaverPayExchange(with:)");
 }
 
-void Orrelo::showPage(std::string_view) {
-  isInitialized("showPage(by:)");
+void Orrelo::showPage(std::string_view id) {
+  if (!isInitialized("showPage(by:)")) return;
+  InitializedOrrelo::current()->component->pageComponent().useCase->execute(std::string(id));
 }
 
 void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>&) {

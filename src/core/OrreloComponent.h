@@ -3,6 +3,7 @@
 #include "core/CampaignComponent.h"
 #include "core/ConfigComponent.h"
 #include "core/EventComponent.h"
+#include "core/PageComponent.h"
 
 #include <orrelo/ORLConfig.h>
 
@@ -20,11 +21,13 @@ class OrreloComponent {
   OrreloComponent(const ORLConfig& config, const std::string& baseUrl, const std::string& storeUrl);
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
+  const PageComponent& pageComponent() const { return *pageComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
 
  private:
   std::unique_ptr<ConfigComponent> configComponent_;
+  std::unique_ptr<PageComponent> pageComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
 };

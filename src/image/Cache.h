@@ -46,21 +46,26 @@ class Cache : public std::enable_shared_from_this<Cache<T>> {
     diskCache_.insert(std::move(data), key);
   }
 
-  /// From memory, else from disk, whose bytes go into memory. Completes where the conversion does; never once
-  /// the cache is gone.
+  /// From memory, else from disk, whose bytes go into memory: of those who ask meanwhile, one alone reads.
+  /// Completes where the conversion does; never once the cache is gone.
   void value(const WrappedKey& key, Completion completion) {
     if (auto data = memoryCache_.value(key)) {
       return convert(std::move(data), CacheType::memory, std::move(completion));
     }
-    diskCache_.value(
-        key, [weak = this->weak_from_this(), key, completion = std::move(completion)](Result<Data> result) {
-          const auto self = weak.lock();
-          if (!self) return;
-          if (const auto* error = std::get_if<Error>(&result)) return completion(*error);
-          const auto& data = std::get<Data>(result);
-          self->memoryCache_.insert(key, data);
-          self->convert(data, CacheType::disk, completion);
-        });
+    const auto weak = this->weak_from_this();
+    const auto inMemory = [weak, key] {
+      const auto self = weak.lock();
+      return self ? self->memoryCache_.value(key) : nullptr;
+    };
+    diskCache_.value(key, inMemory, [weak, key, completion = std::move(completion)](Result<Data> result) {
+      const auto self = weak.lock();
+      if (!self) return;
+      if (const auto* error = std::get_if<Error>(&result)) return completion(*error);
+      auto& data = std::get<Data>(result);
+      const bool isInMemory = self->memoryCache_.value(key) == data;
+      if (!isInMemory) self->memoryCache_.insert(key, data);
+      self->convert(std::move(data), isInMemory ? CacheType::memory : CacheType::disk, completion);
+    });
   }
 
   /// Asks the disk too, now: an error where its folder cannot be had.
@@ -72,6 +77,8 @@ class Cache : public std::enable_shared_from_this<Cache<T>> {
   DiskCache& diskCache() { return diskCache_; }
 
  private:
+  static constexpr std::chrono::milliseconds longestWaitAtTheEnd{500};
+
   Cache(const std::string& name, std::shared_ptr<DataConvertible<T>> convertible, const Platform& platform,
         std::size_t memoryBudget)
       : convertible_(std::move(convertible)), memoryCache_(memoryBudget), diskCache_(name, platform) {}
@@ -80,8 +87,13 @@ class Cache : public std::enable_shared_from_this<Cache<T>> {
     const auto cleanDiskOnNotification = [weak = this->weak_from_this()] {
       if (const auto self = weak.lock()) self->diskCache_.clear();
     };
+    // Nobody runs what is still to be done once the process ends.
+    const auto cleanDiskNow = [weak = this->weak_from_this(), cleanDiskOnNotification] {
+      cleanDiskOnNotification();
+      if (const auto self = weak.lock()) self->diskCache_.finish(longestWaitAtTheEnd);
+    };
     using Signal = Application::Signal;
-    registrations_ = {application.observe(Signal::willTerminate, cleanDiskOnNotification),
+    registrations_ = {application.observe(Signal::willTerminate, cleanDiskNow),
                       application.observe(Signal::didEnterBackground, cleanDiskOnNotification)};
   }
 

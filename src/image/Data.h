@@ -2,6 +2,7 @@
 
 #include "core/base/Error.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -16,6 +17,9 @@ using Data = std::shared_ptr<const std::string>;
 inline Data makeData(std::string bytes) {
   return std::make_shared<const std::string>(std::move(bytes));
 }
+
+/// Of a picture's file, from wherever it comes.
+inline constexpr std::size_t maximumFileSize = std::size_t{16} * 1024 * 1024;
 
 template <class T>
 using Result = std::variant<T, Error>;

@@ -17,7 +17,7 @@ void require(const std::optional<Error>& failure) {
 Data readFile(const std::filesystem::path& file) {
   std::string bytes;
   try {
-    bytes = Files::read(file);
+    bytes = Files::read(file, maximumFileSize);
   } catch (const Error& error) {
     throw makeError(StreamError::uninitializedInputStream, error.localizedDescription());
   }
@@ -58,14 +58,22 @@ void DiskCache::run(std::function<void(const DiskCache&)> work, Completion compl
 }
 
 void DiskCache::insert(Data data, const WrappedKey& key, Completion completion) {
-  run([data = std::move(data),
-       name = key.key()](const DiskCache& self) { require(Files::write(self.directory() / name, *data)); },
+  run(
+      [data = std::move(data), name = key.key()](const DiskCache& self) {
+        if (data->size() > maximumFileSize) throw makeError(FileError::write, "This is too large a file");
+        require(Files::write(self.directory() / name, *data));
+      },
       std::move(completion));
 }
 
-void DiskCache::value(const WrappedKey& key, std::function<void(Result<Data>)> completion) const {
+void DiskCache::value(const WrappedKey& key, std::function<Data()> known,
+                      std::function<void(Result<Data>)> completion) const {
   const auto found = std::make_shared<Data>();
-  run([found, name = key.key()](const DiskCache& self) { *found = readFile(self.directory() / name); },
+  run(
+      [found, known = std::move(known), name = key.key()](const DiskCache& self) {
+        *found = known();
+        if (!*found) *found = readFile(self.directory() / name);
+      },
       [found, completion = std::move(completion)](const std::optional<Error>& failure) {
         completion(failure ? Result<Data>(*failure) : Result<Data>(*found));
       });

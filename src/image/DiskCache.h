@@ -6,6 +6,7 @@
 
 #include <orrelo/Platform.h>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -31,10 +32,15 @@ class DiskCache {
 
   const std::string& cacheName() const { return cacheName_; }
 
+  /// An error for what is larger than `maximumFileSize`: it could not be read again.
   void insert(Data data, const WrappedKey& key, Completion completion = {});
-  /// `uninitializedInputStream` for a file that is not there or cannot be read.
-  void value(const WrappedKey& key, std::function<void(Result<Data>)> completion) const;
+  /// What `known` gives by then, else the file. `uninitializedInputStream` for one that is not there, is no
+  /// plain file, is larger than `maximumFileSize` or cannot be read.
+  void value(const WrappedKey& key, std::function<Data()> known,
+             std::function<void(Result<Data>)> completion) const;
   void clear(Completion completion = {});
+  /// Does what the queue still has to do, here; waits at most `timeout` for what runs elsewhere by now.
+  void finish(std::chrono::milliseconds timeout) { diskQueue_->finish(timeout); }
   /// Whether there is a file now, whatever the queue still has to do.
   Result<bool> contains(const WrappedKey& key) const;
 

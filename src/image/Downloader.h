@@ -2,6 +2,7 @@
 
 #include "image/Data.h"
 #include "image/onMain.h"
+#include "platform/KitThread.h"
 #include "platform/URLSession.h"
 
 #include <orrelo/Platform.h>
@@ -56,15 +57,15 @@ class Download {
       task_->cancel();
       onCancelled_();
     }
-    completion(makeError(DownloaderError::canceled));
+    runGuarded([&] { completion(makeError(DownloaderError::canceled)); });
   }
 
  private:
   friend class Downloader<T>;
 
-  /// Each of them runs once, and none that another one cancels.
+  /// Each of them runs once, whatever another one throws, and none that another one cancels.
   void complete(const Result<T>& result) {
-    while (auto completion = takeFirst()) completion(result);
+    while (auto completion = takeFirst()) runGuarded([&] { completion(result); });
   }
   Completion takeFirst() {
     const std::lock_guard lock(mutex_);
@@ -102,7 +103,7 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
   using Completion = typename Download<T>::Completion;
 
   /// A longer reply fails.
-  static constexpr std::size_t maximumSize = std::size_t{16} * 1024 * 1024;
+  static constexpr std::size_t maximumSize = maximumFileSize;
   /// Without a byte.
   static constexpr std::chrono::seconds timeout{60};
 
@@ -117,26 +118,21 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
   Downloader(const Downloader&) = delete;
   Downloader& operator=(const Downloader&) = delete;
 
+  /// What the session cannot start fails.
   DownloadTask<T> fetch(const Url& url, Completion completion) {
     std::unique_lock lock(mutex_);
-    auto& entry = downloads_[url.text()];
-    if (entry) {
-      if (const auto token = entry->addCompletion(completion)) return {entry, *token};
+    if (const auto found = downloads_.find(url.text()); found != downloads_.end()) {
+      if (const auto token = found->second->addCompletion(completion)) return {found->second, *token};
     }
-    const auto download = std::make_shared<Download<T>>();
-    const std::weak_ptr<Download<T>> weak = download;
-    download->key_ = url.text();
-    URLRequest request{
-        .url = url, .timeout = timeout, .isTimeoutIdle = true, .maximumReplySize = maximumSize};
-    download->task_ = session_->streamingTask(
-        std::move(request), std::make_shared<SessionDelegate>(this->weak_from_this(), weak));
-    download->onCancelled_ = [weak, downloader = this->weak_from_this()] {
-      if (const auto self = downloader.lock()) self->forget(weak.lock());
-    };
+    const auto download = makeDownload(url);
     DownloadTask<T> task{download, *download->addCompletion(std::move(completion))};
-    entry = download;
+    downloads_[url.text()] = download;
     lock.unlock();
-    download->task_->resume();
+    try {
+      download->task_->resume();
+    } catch (...) {
+      complete(download, Error::fromCurrentException());
+    }
     return task;
   }
 
@@ -159,6 +155,20 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
     std::weak_ptr<Downloader> downloader_;
     std::weak_ptr<Download<T>> download_;
   };
+
+  std::shared_ptr<Download<T>> makeDownload(const Url& url) {
+    const auto download = std::make_shared<Download<T>>();
+    const std::weak_ptr<Download<T>> weak = download;
+    URLRequest request{
+        .url = url, .timeout = timeout, .isTimeoutIdle = true, .maximumReplySize = maximumSize};
+    download->key_ = url.text();
+    download->task_ = session_->streamingTask(
+        std::move(request), std::make_shared<SessionDelegate>(this->weak_from_this(), weak));
+    download->onCancelled_ = [weak, downloader = this->weak_from_this()] {
+      if (const auto self = downloader.lock()) self->forget(weak.lock());
+    };
+    return download;
+  }
 
   void finish(const std::shared_ptr<Download<T>>& download, const std::optional<Error>& error) {
     if (error) return complete(download, *error);

@@ -1,6 +1,7 @@
 #include "image/Image.h"
 
 #include "platform/Application.h"
+#include "platform/KitThread.h"
 #include "platform/WorkerPool.h"
 
 #include <utility>
@@ -19,11 +20,19 @@ void ImageConvertible::value(Data data, Completion completion) {
     if (!known) {
       decoding.waiting.push_back(std::move(completion));
       if (decoding.waiting.size() > 1) return;
+      waiting_.push_back(std::move(data));
+      startNext();
     }
   }
-  if (known) return completion(known);
+  if (known) completion(known);
+}
+
+void ImageConvertible::startNext() {
+  if (running_ == maximumRunning || waiting_.empty()) return;
+  ++running_;
   workers_->post(QualityOfService::userInteractive,
-                 [self = shared_from_this(), data = std::move(data)] { self->decode(data); });
+                 [self = shared_from_this(), data = std::move(waiting_.front())] { self->decode(data); });
+  waiting_.pop_front();
 }
 
 ImagePtr ImageConvertible::decoded(const Data& data) const {
@@ -45,17 +54,40 @@ void ImageConvertible::decode(const Data& data) {
     auto& decoding = decodings_[data.get()];
     std::swap(waiting, decoding.waiting);
     decoding.image = image;
-    std::erase_if(decodings_, [](const auto& entry) {
-      return entry.second.waiting.empty() && entry.second.image.expired();
-    });
+    forgetGone();
+    --running_;
+    startNext();
   }
-  for (const auto& completion : waiting) completion(image ? std::optional(image) : std::nullopt);
+  for (const auto& completion : waiting) {
+    runGuarded([&] { completion(image ? std::optional(image) : std::nullopt); });
+  }
+}
+
+void ImageConvertible::forgetGone() {
+  std::erase_if(decodings_, [](const auto& entry) {
+    return entry.second.waiting.empty() && entry.second.image.expired();
+  });
 }
 
 Data ImageConvertible::data(const ImagePtr& image) {
   if (image->encoded) return image->encoded;
-  auto bytes = codec_ ? codec_->encode(image->bitmap) : std::nullopt;
-  return bytes ? makeData(*std::move(bytes)) : nullptr;
+  try {
+    auto bytes = codec_ ? codec_->encode(image->bitmap) : std::nullopt;
+    return bytes ? makeData(*std::move(bytes)) : nullptr;
+  } catch (const std::exception&) {  // no memory for so many bytes
+    return nullptr;
+  }
+}
+
+ImagePtr ImageConvertible::withFile(const ImagePtr& image) {
+  if (image->encoded) return image;
+  auto file = data(image);
+  if (!file) return image;
+  auto whole = std::make_shared<const Image>(Image{image->bitmap, file});
+  const std::lock_guard lock(mutex_);
+  forgetGone();
+  decodings_[file.get()].image = whole;
+  return whole;
 }
 
 }  // namespace orrelo

@@ -6,6 +6,7 @@
 
 #include <orrelo/Platform.h>
 
+#include <deque>
 #include <map>
 #include <mutex>
 #include <vector>
@@ -26,11 +27,14 @@ struct Image {
 using ImagePtr = std::shared_ptr<const Image>;
 
 /// Images from files and back, at the main screen's scale. Decoding happens on the workers; the same data is
-/// decoded once as long as somebody holds its image.
+/// decoded once as long as somebody holds its image, and two files are at a time: each takes what the codec
+/// says, beside the bitmaps of all images that somebody holds.
 class ImageConvertible final : public DataConvertible<ImagePtr>,
                                public std::enable_shared_from_this<ImageConvertible> {
  public:
   using Completion = std::function<void(std::optional<ImagePtr>)>;
+
+  static constexpr int maximumRunning = 2;
 
   explicit ImageConvertible(const Platform& platform);
 
@@ -38,6 +42,8 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
   void value(Data data, Completion completion) override;
   /// The file that the image came from, else a PNG.
   Data data(const ImagePtr& image) override;
+  /// The image with its file, by which it is found from then on; as it is where it has one, or can have none.
+  ImagePtr withFile(const ImagePtr& image);
 
  private:
   struct Decoding {
@@ -46,7 +52,9 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
   };
 
   ImagePtr decoded(const Data& data) const;
+  void startNext();
   void decode(const Data& data);
+  void forgetGone();
 
   std::shared_ptr<ImageCodec> codec_;
   std::shared_ptr<WorkerPool> workers_;
@@ -55,6 +63,8 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
   std::mutex mutex_;
   /// By the data's address, which is not given to other data while the image or the decoding holds on to it.
   std::map<const std::string*, Decoding> decodings_;
+  std::deque<Data> waiting_;
+  int running_ = 0;
 };
 
 }  // namespace orrelo

@@ -41,44 +41,60 @@ std::optional<DownloadTask<ImagePtr>> ImagePipeline::image(const Url& url,
                                                            const ImageTransformer& imageTransformer,
                                                            Completion completion) {
   const WrappedKey key(imageTransformer ? url.text() + imageTransformer->identifier() : url.text());
+  const MainCompletion complete(mainLoop_, std::move(completion));
   const auto isCached = cache_->isCached(key);
   if (std::holds_alternative<bool>(isCached) && std::get<bool>(isCached)) {
     // A failed read is the answer; that nothing is downloaded then is deliberate.
-    cache_->value(key, [loop = mainLoop_,
-                        completion = std::move(completion)](const Result<CacheResult<ImagePtr>>& result) {
+    cache_->value(key, [complete](const Result<CacheResult<ImagePtr>>& result) {
       const auto* const found = std::get_if<CacheResult<ImagePtr>>(&result);
-      auto answer = found != nullptr ? Result<ImagePtr>(found->value) : std::get<Error>(result);
-      onMain(*loop, [completion, answer = std::move(answer)] { completion(answer); });
+      complete(found != nullptr ? Result<ImagePtr>(found->value) : std::get<Error>(result));
     });
     return std::nullopt;
   }
-  return downloader_->fetch(url, [self = shared_from_this(), imageTransformer, key,
-                                  completion = std::move(completion)](const Result<ImagePtr>& result) {
-    const auto* const image = std::get_if<ImagePtr>(&result);
-    if (image != nullptr && imageTransformer) {
-      return self->transform(*image, imageTransformer, key, completion);
-    }
-    if (image != nullptr) self->keep(key, *image);
-    onMain(*self->mainLoop_, [completion, result] { completion(result); });
-  });
+  return downloader_->fetch(
+      url, [self = shared_from_this(), imageTransformer, key, complete](const Result<ImagePtr>& result) {
+        const auto* const image = std::get_if<ImagePtr>(&result);
+        if (image == nullptr) return complete(result);
+        if (imageTransformer) return self->transform(*image, imageTransformer, key, complete);
+        complete(self->kept(key, *image));
+      });
 }
 
-void ImagePipeline::keep(const WrappedKey& key, const ImagePtr& image) {
-  auto data = convertible_->data(image);
+ImagePtr ImagePipeline::kept(const WrappedKey& key, const ImagePtr& image) {
+  auto whole = convertible_->withFile(image);
   // Those who shared the download share one write, too.
-  if (data && cache_->memoryCache().value(key) != data) cache_->store(std::move(data), key);
+  const auto& file = whole->encoded;
+  if (file && cache_->memoryCache().value(key) != file) cache_->store(file, key);
+  return whole;
 }
 
 void ImagePipeline::transform(const ImagePtr& image, const ImageTransformer& imageTransformer,
-                              const WrappedKey& key, Completion completion) {
-  workers_->post(QualityOfService::userInteractive, [self = shared_from_this(), image, imageTransformer, key,
-                                                     completion = std::move(completion)] {
-    const auto transformed = imageTransformer->transform(image);
-    if (transformed) self->keep(key, transformed);
-    Result<ImagePtr> result = makeError(ImagePipelineError::imageTransformingError);
-    if (transformed) result = transformed;
-    onMain(*self->mainLoop_, [completion, result = std::move(result)] { completion(result); });
-  });
+                              const WrappedKey& key, MainCompletion completion) {
+  {
+    const std::lock_guard lock(mutex_);
+    auto& waiting = transforming_[key];
+    waiting.push_back(std::move(completion));
+    if (waiting.size() > 1) return;
+  }
+  workers_->post(QualityOfService::userInteractive,
+                 [self = shared_from_this(), image, imageTransformer, key] {
+                   const auto result = self->transformed(image, *imageTransformer, key);
+                   std::vector<MainCompletion> waiting;
+                   {
+                     const std::lock_guard lock(self->mutex_);
+                     waiting = std::move(self->transforming_.extract(key).mapped());
+                   }
+                   for (const auto& complete : waiting) complete(result);
+                 });
+}
+
+Result<ImagePtr> ImagePipeline::transformed(const ImagePtr& image, const ImageTransforming& imageTransformer,
+                                            const WrappedKey& key) {
+  try {
+    if (const auto result = imageTransformer.transform(image)) return kept(key, result);
+  } catch (...) {  // gives nothing either
+  }
+  return makeError(ImagePipelineError::imageTransformingError);
 }
 
 }  // namespace orrelo

@@ -10,30 +10,45 @@ ImageTransformer transformerFor(const ImageTarget& view, const ImageLoadOptions&
   if (!options.displayOptions.downsamples) return options.imageTransformer;
   const auto bounds = view.boundsSize();
   const auto downsampling = std::make_shared<const DownsamplingImageTransformer>(
-      ImageSize{bounds.width * view.scale(), bounds.height * view.scale()});
+      Size{bounds.width * view.scale(), bounds.height * view.scale()});
   return options.imageTransformer ? composed(downsampling, options.imageTransformer) : downsampling;
 }
 
 }  // namespace
 
+// A completion that hears of the end may begin another load, which ends here too.
+void ImageLoad::end(ImageTarget& view) {
+  while (const auto former = std::exchange(view.downloadTask_, std::nullopt)) former->cancel();
+  view.currentUrl_.reset();
+  view.isLoading_ = false;
+  ++view.loadCount_;
+}
+
 std::optional<DownloadTask<ImagePtr>> ImageLoad::setImage(const std::shared_ptr<ImageTarget>& view,
                                                           const std::optional<Url>& url,
                                                           const ImageLoadOptions& options) {
-  if (const auto former = std::exchange(view->downloadTask_, std::nullopt)) former->cancel();
+  end(*view);
   view->currentUrl_ = url;
-  const auto load = ++view->loadCount_;
   view->setImage(options.placeholder);
   if (!url) return std::nullopt;
-  auto task = ImagePipeline::shared()->image(
-      *url, transformerFor(*view, options),
-      [weak = std::weak_ptr(view), url, completion = options.completion](const Result<ImagePtr>& result) {
-        const auto* const image = std::get_if<ImagePtr>(&result);
-        const auto target = weak.lock();
-        if (image != nullptr && target && target->currentUrl_ == url) target->setImage(*image);
-        if (completion) completion(result);
-      });
+  view->isLoading_ = true;
+  const auto load = view->loadCount_;
+  auto task =
+      ImagePipeline::shared()->image(*url, transformerFor(*view, options),
+                                     [weak = std::weak_ptr(view), url, load,
+                                      completion = options.completion](const Result<ImagePtr>& result) {
+                                       const auto* const image = std::get_if<ImagePtr>(&result);
+                                       const auto target = weak.lock();
+                                       if (target && target->loadCount_ == load) {
+                                         target->isLoading_ = false;
+                                         target->downloadTask_.reset();
+                                       }
+                                       if (image != nullptr && target && target->currentUrl_ == url)
+                                         target->setImage(*image);
+                                       if (completion) completion(result);
+                                     });
   // A completion that ran already may have begun another load.
-  if (view->loadCount_ == load) view->downloadTask_ = task;
+  if (view->isLoading_ && view->loadCount_ == load) view->downloadTask_ = task;
   return task;
 }
 

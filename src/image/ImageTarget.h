@@ -1,6 +1,7 @@
 #pragma once
 
 #include "image/ImagePipeline.h"
+#include "viewkit/base/Geometry.h"
 
 namespace orrelo {
 
@@ -12,7 +13,7 @@ class ImageTarget {
   /// Null shows nothing.
   virtual void setImage(const ImagePtr& image) = 0;
   /// In points.
-  virtual ImageSize boundsSize() const = 0;
+  virtual Size boundsSize() const = 0;
   /// Pixels to a point of the screen that it is on.
   virtual double scale() const = 0;
 
@@ -22,6 +23,7 @@ class ImageTarget {
   std::optional<Url> currentUrl_;
   std::optional<DownloadTask<ImagePtr>> downloadTask_;
   unsigned loadCount_ = 0;
+  bool isLoading_ = false;
 };
 
 struct ImageDisplayOptions {
@@ -45,6 +47,8 @@ class ImageLoad {
   static std::optional<DownloadTask<ImagePtr>> setImage(const std::shared_ptr<ImageTarget>& view,
                                                         const std::optional<Url>& url,
                                                         const ImageLoadOptions& options = {});
+  /// Ends a load that is on its way; the view stays as it is.
+  static void end(ImageTarget& view);
 };
 
 }  // namespace orrelo

@@ -44,12 +44,10 @@ ImageTransformer composed(ImageTransformer first, ImageTransformer second) {
       });
 }
 
-std::string ImageSize::description() const {
-  return "(" + text(width) + ", " + text(height) + ")";
-}
-
+// "(300.0, 200.0)"
 std::string DownsamplingImageTransformer::identifier() const {
-  return "com.velmark.DownsamplingImageTransformer@" + targetSize_.description();
+  return "com.velmark.DownsamplingImageTransformer@(" + text(targetSize_.width) + ", " +
+         text(targetSize_.height) + ")";
 }
 
 ImagePtr DownsamplingImageTransformer::transform(const ImagePtr& image) const {

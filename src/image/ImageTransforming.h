@@ -1,6 +1,7 @@
 #pragma once
 
 #include "image/Image.h"
+#include "viewkit/base/Geometry.h"
 
 #include <functional>
 #include <memory>
@@ -24,25 +25,17 @@ using ImageTransformer = std::shared_ptr<const ImageTransforming>;
 /// `second` on the result of `first`.
 ImageTransformer composed(ImageTransformer first, ImageTransformer second);
 
-struct ImageSize {
-  double width = 0.0;
-  double height = 0.0;
-
-  /// "(300.0, 200.0)"
-  std::string description() const;
-};
-
 /// Redraws an image to fit into a size in pixels: its proportions stay, and it does not grow. Nothing for an
 /// empty size.
 class DownsamplingImageTransformer final : public ImageTransforming {
  public:
-  explicit DownsamplingImageTransformer(ImageSize targetSize) : targetSize_(targetSize) {}
+  explicit DownsamplingImageTransformer(Size targetSize) : targetSize_(targetSize) {}
 
   std::string identifier() const override;
   ImagePtr transform(const ImagePtr& image) const override;
 
  private:
-  ImageSize targetSize_;
+  Size targetSize_;
 };
 
 }  // namespace orrelo

@@ -4,15 +4,34 @@
 #include "platform/Application.h"
 
 #include <memory>
+#include <utility>
 
 namespace orrelo {
 
-void ImageView::load(std::string_view url) {
-  ImageLoader::load(url, std::static_pointer_cast<ImageView>(shared_from_this()));
+void ImageView::load(std::string_view url, ImagePipeline::Completion completion) {
+  ImageLoader::load(url, std::static_pointer_cast<ImageView>(shared_from_this()), std::move(completion));
+}
+
+void ImageView::setAsset(const std::string& name) {
+  ImageLoad::end(*this);
+  state.set({name, nullptr});
 }
 
 double ImageView::scale() const {
   return Platform::current().application->screenScale();
+}
+
+void AutoLayoutImageView::resize() {
+  const auto image = state.value().image;
+  if (!image || image->width() <= 0.0) return;
+  const double width = size().width;
+  height.set(image->height() * (width / image->width()));
+  if (const auto listener = delegate.lock()) listener->imageViewDidResize(width, height.value());
+}
+
+void AutoLayoutImageView::setImage(const ImagePtr& image) {
+  ImageView::setImage(image);
+  resize();
 }
 
 }  // namespace orrelo

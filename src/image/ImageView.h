@@ -5,6 +5,7 @@
 
 #include <orrelo/Export.h>
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,14 +26,23 @@ class ORRELO_EXPORT ImageView : public View, public ImageTarget {
   std::string_view kind() const override { return "ImageView"; }
 
   /// Shows nothing until the image is there, and nothing where it cannot be had.
-  void load(std::string_view url);
-  void setAsset(const std::string& name) { state.set({name, nullptr}); }
+  void load(std::string_view url, ImagePipeline::Completion completion = {});
+  /// Ends a load that is on its way.
+  void setAsset(const std::string& name);
 
   void setImage(const ImagePtr& image) override { state.set({"", image}); }
-  ImageSize boundsSize() const override { return {size().width, size().height}; }
+  Size boundsSize() const override { return size(); }
   double scale() const override;
 
   Followed<State> state;
+};
+
+/// Told the width and height that the view has taken.
+class ORRELO_EXPORT AutoLayoutImageViewDelegate {
+ public:
+  virtual ~AutoLayoutImageViewDelegate() = default;
+
+  virtual void imageViewDidResize(double width, double height) = 0;
 };
 
 /// An image view that takes the height that its image has at the view's width.
@@ -44,6 +54,18 @@ class ORRELO_EXPORT AutoLayoutImageView final : public ImageView {
   std::string_view kind() const override { return "AutoLayoutImageView"; }
 
   ContentMode contentMode = ContentMode::scaleAspectFit;
+
+  /// Takes the height, and tells the delegate, each time; nothing without an image. Done with every new size
+  /// and every new image.
+  void resize();
+  void setImage(const ImagePtr& image) override;
+
+  /// For a front to lay out by; 0 until there was an image.
+  Followed<double> height;
+  std::weak_ptr<AutoLayoutImageViewDelegate> delegate;
+
+ private:
+  void layoutSubviews() override { resize(); }
 };
 
 }  // namespace orrelo

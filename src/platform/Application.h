@@ -1,5 +1,7 @@
 #pragma once
 
+#include <orrelo/Url.h>
+
 #include <functional>
 #include <memory>
 
@@ -16,6 +18,9 @@ class Application {
 
   /// Calls `callback` at each signal, on the main thread. Any thread may ask.
   [[nodiscard]] virtual Registration observe(Signal signal, std::function<void()> callback) = 0;
+  /// Whether something on the machine takes this URL; `open` hands it over. Main thread.
+  virtual bool canOpen(const Url& url) const = 0;
+  virtual void open(const Url& url) = 0;
   /// Pixels to a point of the main screen. Any thread.
   virtual double screenScale() const = 0;
   /// Whether the user has asked the machine for less movement. Any thread.

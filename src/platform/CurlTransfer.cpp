@@ -92,7 +92,16 @@ Error makeError(URLError error, std::optional<std::string> message) {
 std::string originOf(const Url& url) {
   const auto scheme = lowercased(url.scheme());
   const std::string port = !url.port().empty() ? std::string(url.port()) : scheme == "https" ? "443" : "80";
-  return scheme + "://" + lowercased(url.host()) + ":" + port;
+  return scheme + "://" + hostOf(url) + ":" + port;
+}
+
+std::string hostOf(const Url& url) {
+  return lowercased(url.host());
+}
+
+bool isHttp(const Url& url) {
+  const auto scheme = lowercased(url.scheme());
+  return (scheme == "http" || scheme == "https") && !url.host().empty();
 }
 
 CurlTransfer::CurlTransfer(URLRequest request, URLSession::Completion completion)
@@ -243,8 +252,7 @@ void CurlTransfer::deliver() {
 URLSessionResult CurlTransfer::failureOf(CURLcode code) const {
   if (isTooLarge_) return {makeError(URLError::dataLengthExceedsMaximum), {}, {}};
   const bool isNoHttp =
-      code == CURLE_WEIRD_SERVER_REPLY ||
-      (code == CURLE_UNSUPPORTED_PROTOCOL && status() == 0 && request_.url.scheme().starts_with("http"));
+      code == CURLE_WEIRD_SERVER_REPLY || (code == CURLE_UNSUPPORTED_PROTOCOL && status() == 0);
   if (isNoHttp) return {{}, {}, {}};
   return {makeError(errorOf(code), curl_easy_strerror(code)), {}, {}};
 }
@@ -253,12 +261,12 @@ bool CurlTransfer::follow() {
   char* location = nullptr;
   curl_easy_getinfo(easy_.get(), CURLINFO_REDIRECT_URL, &location);
   const auto target = location != nullptr ? Url::parse(location) : std::nullopt;
-  const auto scheme = target ? lowercased(target->scheme()) : std::string();
-  if (scheme != "http" && scheme != "https") return false;  // the redirect itself is the reply then
+  if (!target || !isHttp(*target)) return false;  // the redirect itself is the reply then
   const bool becomesGet =
       response_.statusCode == 303 || (response_.statusCode < 303 && request_.method == "POST");
-  const bool leavesHost = lowercased(target->host()) != lowercased(request_.url.host()) ||
-                          (scheme == "http" && lowercased(request_.url.scheme()) == "https");
+  const bool losesSecrecy =
+      lowercased(target->scheme()) == "http" && lowercased(request_.url.scheme()) == "https";
+  const bool leavesHost = hostOf(*target) != hostOf(request_.url) || losesSecrecy;
   // What a user did is for the host that was asked: the redirect itself is the reply here too.
   if (leavesHost && request_.body && !becomesGet) return false;
   if (++redirects_ > maximumRedirects) {

@@ -17,8 +17,12 @@ struct TrustedOrigin {
   std::string certificateFile;
 };
 
-/// "https://host:port" in lower case, the port always told; what trust is compared by.
+/// "https://host:port" in lower case, the port always told: what trust is given to.
 std::string originOf(const Url& url);
+/// In lower case.
+std::string hostOf(const Url& url);
+/// Whether the scheme is http or https, and there is a host.
+bool isHttp(const Url& url);
 
 /// One request with the redirects that it meets. All but `cancel` and `isOver` belong to the session's
 /// thread.
@@ -41,6 +45,7 @@ class CurlTransfer {
   CURL* prepare(const std::optional<TrustedOrigin>& trusted);
   CURL* handle() const { return easy_.get(); }
   const Url& url() const { return request_.url; }
+  bool isIdleTimed() const { return request_.isTimeoutIdle; }
 
   /// What the hop ended with. True when another hop must be prepared, else the completion has run.
   bool finishHop(CURLcode code);

@@ -19,7 +19,19 @@ namespace {
 
 // The others wait here and not in curl, whose own queue (CURLMOPT_MAX_HOST_CONNECTIONS, in 7.88) can forget
 // its last ones: one that finds no connection free is not always woken by the next that becomes free.
-constexpr std::ptrdiff_t maximumRunningPerOrigin = 6;
+// Those with an idle timeout may last for ever: the others always find room beside them.
+struct Room {
+  int forAll;
+  int forIdleTimed;
+
+  bool has(bool isIdleTimed) const { return forAll > 0 && (!isIdleTimed || forIdleTimed > 0); }
+  void take(bool isIdleTimed) {
+    --forAll;
+    if (isIdleTimed) --forIdleTimed;
+  }
+};
+constexpr Room roomInAll{.forAll = 64, .forIdleTimed = 48};
+constexpr Room roomPerHost{.forAll = 6, .forIdleTimed = 4};
 
 // Held while the thread is inside curl. The end of the process takes it for good, so that no transfer runs
 // while other libraries' exit handlers tear down what it uses.
@@ -92,6 +104,7 @@ class Engine {
         int count = 0;
         curl_multi_perform(multi_, &count);
       }
+      failUnstarted();
       deliverChunks();
       const bool madeRoom = finishDone();
       const auto wait = failLate();
@@ -106,49 +119,79 @@ class Engine {
   }
 
  private:
-  struct Running {
+  struct Hop {
     std::shared_ptr<CurlTransfer> transfer;
-    std::string origin;
+    std::string host;
   };
 
   // On the network's thread: what is written to a connection that its server has left raises SIGPIPE, which
   // this thread alone takes no notice of.
   void closeConnections() {
-    std::map<CURL*, Running> left;  // their completions are let go outside the turn
+    std::map<CURL*, Hop> left;  // their completions are let go outside the turn
     const std::lock_guard turn(curlTurn());
     std::swap(left, running_);
     for (const auto& [easy, running] : left) curl_multi_remove_handle(multi_, easy);
     curl_multi_cleanup(std::exchange(multi_, nullptr));
   }
 
+  // The oldest first, but for those whose host has no room.
   void startNew() {
     std::vector<std::shared_ptr<CurlTransfer>> starting;
     {
       const std::lock_guard lock(mutex_);
       std::swap(starting, starting_);
     }
-    for (auto& transfer : starting) waiting_[originOf(transfer->url())].push_back(std::move(transfer));
-    for (auto& [origin, queue] : waiting_) startFrom(queue, origin);
-    std::erase_if(waiting_, [](const auto& entry) { return entry.second.empty(); });
-  }
-
-  void startFrom(std::deque<std::shared_ptr<CurlTransfer>>& queue, const std::string& origin) {
-    auto room = maximumRunningPerOrigin -
-                std::count_if(running_.begin(), running_.end(),
-                              [&](const auto& entry) { return entry.second.origin == origin; });
-    for (; room > 0 && !queue.empty(); queue.pop_front()) {
-      if (!queue.front()->isOver() && startHop(queue.front(), origin)) --room;
+    for (auto& transfer : starting) waiting_.push_back(hopOf(std::move(transfer)));
+    if (waiting_.empty()) return;
+    Room inAll = roomInAll;
+    std::map<std::string_view, Room> atHosts;
+    const auto roomAt = [&](const Hop& hop) -> Room& {
+      return atHosts.try_emplace(hop.host, roomPerHost).first->second;
+    };
+    for (const auto& [easy, hop] : running_) {
+      inAll.take(hop.transfer->isIdleTimed());
+      roomAt(hop).take(hop.transfer->isIdleTimed());
     }
+    std::deque<Hop> left;
+    for (auto& hop : waiting_) {
+      const bool isIdleTimed = hop.transfer->isIdleTimed();
+      if (hop.transfer->isOver()) continue;
+      if (!inAll.has(isIdleTimed) || !roomAt(hop).has(isIdleTimed)) {
+        left.push_back(std::move(hop));
+      } else if (startHop(hop)) {
+        inAll.take(isIdleTimed);
+        roomAt(hop).take(isIdleTimed);
+      }
+    }
+    waiting_ = std::move(left);
   }
 
-  bool startHop(const std::shared_ptr<CurlTransfer>& transfer, const std::string& origin) {
-    CURL* const easy = transfer->prepare(trustedFor(origin));
-    if (easy == nullptr || curl_multi_add_handle(multi_, easy) != CURLM_OK) {
-      transfer->fail(makeError(URLError::unknown, "There is no memory for the request"));
+  static Hop hopOf(std::shared_ptr<CurlTransfer> transfer) {
+    auto host = hostOf(transfer->url());
+    return {std::move(transfer), std::move(host)};
+  }
+
+  bool startHop(const Hop& hop) {
+    const auto& url = hop.transfer->url();
+    if (!isHttp(url)) {  // curl would guess what is meant
+      unstarted_.emplace_back(hop.transfer, makeError(URLError::unsupportedURL));
       return false;
     }
-    running_[easy] = {transfer, origin};
+    CURL* const easy = hop.transfer->prepare(trustedFor(originOf(url)));
+    if (easy == nullptr || curl_multi_add_handle(multi_, easy) != CURLM_OK) {
+      unstarted_.emplace_back(hop.transfer,
+                              makeError(URLError::unknown, "There is no memory for the request"));
+      return false;
+    }
+    running_[easy] = hop;
     return true;
+  }
+
+  // Outside the turn, since completions run.
+  void failUnstarted() {
+    for (const auto& [transfer, error] : std::exchange(unstarted_, {})) {
+      runGuarded([&failed = transfer, &why = error] { failed->fail(why); });
+    }
   }
 
   void forgetDropped() {
@@ -162,27 +205,33 @@ class Engine {
 
   // Says whether others may start now.
   bool finishDone() {
-    for (bool madeRoom = false;; madeRoom = true) {
-      std::shared_ptr<CurlTransfer> transfer;
-      CURLcode code = CURLE_OK;
-      {
-        const std::lock_guard turn(curlTurn());
-        int left = 0;
-        const CURLMsg* const message = curl_multi_info_read(multi_, &left);
-        if (message == nullptr) return madeRoom;
-        if (message->msg != CURLMSG_DONE) continue;
-        code = message->data.result;
-        transfer = running_.extract(message->easy_handle).mapped().transfer;
-        curl_multi_remove_handle(multi_, transfer->handle());
-      }
+    bool madeRoom = false;
+    while (const auto done = takeDone()) {
+      madeRoom = true;
       bool goesOn = false;
-      runGuarded([&] { goesOn = transfer->finishHop(code); });
-      if (goesOn) waiting_[originOf(transfer->url())].push_front(std::move(transfer));
+      runGuarded([&] { goesOn = done->first->finishHop(done->second); });
+      if (goesOn) waiting_.push_front(hopOf(done->first));
     }
+    return madeRoom;
+  }
+
+  std::optional<std::pair<std::shared_ptr<CurlTransfer>, CURLcode>> takeDone() {
+    const std::lock_guard turn(curlTurn());
+    int left = 0;
+    while (const auto* const message = curl_multi_info_read(multi_, &left)) {
+      if (message->msg != CURLMSG_DONE) continue;
+      const CURLcode code = message->data.result;  // the message goes with the handle
+      auto transfer = running_.extract(message->easy_handle).mapped().transfer;
+      curl_multi_remove_handle(multi_, transfer->handle());
+      return std::pair(std::move(transfer), code);
+    }
+    return std::nullopt;
   }
 
   void deliverChunks() {
-    for (const auto& [easy, running] : running_) runGuarded([&] { running.transfer->deliver(); });
+    for (const auto& [easy, hop] : running_) {
+      runGuarded([&transfer = hop.transfer] { transfer->deliver(); });
+    }
   }
 
   // Says after how many milliseconds to look again.
@@ -196,10 +245,8 @@ class Engine {
       if (*deadline <= now) late.push_back(transfer);
       next = std::min(next, std::max(milliseconds{0}, std::chrono::ceil<milliseconds>(*deadline - now)));
     };
-    for (const auto& [easy, running] : running_) look(running.transfer, running.transfer->idleDeadline());
-    for (const auto& [origin, queue] : waiting_) {
-      for (const auto& transfer : queue) look(transfer, transfer->waitingDeadline());
-    }
+    for (const auto& [easy, hop] : running_) look(hop.transfer, hop.transfer->idleDeadline());
+    for (const auto& hop : waiting_) look(hop.transfer, hop.transfer->waitingDeadline());
     for (const auto& transfer : late) {
       {
         const std::lock_guard turn(curlTurn());
@@ -212,7 +259,7 @@ class Engine {
 
   void forget(const std::shared_ptr<CurlTransfer>& transfer) {
     if (running_.erase(transfer->handle()) > 0) curl_multi_remove_handle(multi_, transfer->handle());
-    for (auto& [origin, queue] : waiting_) std::erase(queue, transfer);
+    std::erase_if(waiting_, [&](const Hop& hop) { return hop.transfer == transfer; });
   }
 
   std::optional<TrustedOrigin> trustedFor(const std::string& origin) {
@@ -223,8 +270,9 @@ class Engine {
   }
 
   CURLM* multi_ = nullptr;
-  std::map<CURL*, Running> running_;
-  std::map<std::string, std::deque<std::shared_ptr<CurlTransfer>>> waiting_;  // by origin
+  std::map<CURL*, Hop> running_;
+  std::deque<Hop> waiting_;
+  std::vector<std::pair<std::shared_ptr<CurlTransfer>, Error>> unstarted_;
 
   std::mutex mutex_;
   bool stopping_ = false;

@@ -28,8 +28,12 @@ class Descriptor {
   int number_;
 };
 
+std::string messageOf(int number) {
+  return std::generic_category().message(number);
+}
+
 std::string systemMessage() {
-  return std::generic_category().message(errno);
+  return messageOf(errno);
 }
 
 }  // namespace
@@ -46,22 +50,25 @@ std::optional<Error> Files::makeFolder(const fs::path& folder) {
   return std::nullopt;
 }
 
-std::string Files::read(const fs::path& file) {
-  const Descriptor descriptor(file, O_RDONLY);
+std::string Files::read(const fs::path& file, std::size_t maximumSize) {
+  const Descriptor descriptor(file, O_RDONLY | O_NONBLOCK);  // of a pipe it would wait for a writer
   if (descriptor.number() < 0) throw makeError(FileError::open, systemMessage());
-  std::string bytes;
   struct stat status {};
-  if (::fstat(descriptor.number(), &status) == 0 && S_ISREG(status.st_mode)) {
-    bytes.reserve(static_cast<std::size_t>(status.st_size));
-  }
-  std::array<char, 65536> chunk{};
-  while (true) {
-    const auto count = ::read(descriptor.number(), chunk.data(), chunk.size());
+  if (::fstat(descriptor.number(), &status) != 0) throw makeError(FileError::open, systemMessage());
+  if (!S_ISREG(status.st_mode)) throw makeError(FileError::open, "This is no plain file");
+  const auto size = static_cast<std::size_t>(status.st_size);
+  if (size > maximumSize) throw makeError(FileError::read, messageOf(EFBIG));
+  std::string bytes(size, '\0');
+  std::size_t done = 0;
+  while (done < size) {
+    const auto count = ::read(descriptor.number(), bytes.data() + done, size - done);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) throw makeError(FileError::read, systemMessage());
-    if (count == 0) return bytes;
-    bytes.append(chunk.data(), static_cast<std::size_t>(count));
+    if (count == 0) break;
+    done += static_cast<std::size_t>(count);
   }
+  bytes.resize(done);
+  return bytes;
 }
 
 std::optional<Error> Files::write(const fs::path& file, std::string_view bytes) {
@@ -80,7 +87,7 @@ std::optional<Error> Files::removeFolder(const fs::path& folder) {
   std::error_code failure;
   const auto removed = fs::remove_all(folder, failure);
   if (failure) return makeError(FileError::remove, failure.message());
-  if (removed == 0) return makeError(FileError::remove, std::generic_category().message(ENOENT));
+  if (removed == 0) return makeError(FileError::remove, messageOf(ENOENT));
   return std::nullopt;
 }
 

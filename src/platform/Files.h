@@ -2,6 +2,7 @@
 
 #include "core/base/Error.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -17,8 +18,8 @@ Error makeError(FileError error, std::string message);
 struct Files {
   /// Makes the folder and those above it, the user's alone to read; one that is there is as good.
   static std::optional<Error> makeFolder(const std::filesystem::path& folder);
-  /// Throws `FileError` `open` or `read`.
-  static std::string read(const std::filesystem::path& file);
+  /// Throws `FileError` `open`, for what is no plain file too, or `read`, for what is larger as well.
+  static std::string read(const std::filesystem::path& file, std::size_t maximumSize);
   /// Replaces what the file held; a crash in between leaves a part of it.
   static std::optional<Error> write(const std::filesystem::path& file, std::string_view bytes);
   /// Removes a folder with all that it holds. An error where there is none.

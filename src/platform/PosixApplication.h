@@ -15,8 +15,20 @@ namespace orrelo {
 class ORRELO_EXPORT PosixApplication final : public Application {
  public:
   Registration observe(Signal signal, std::function<void()> callback) override;
+  /// False until there is an opener.
+  bool canOpen(const Url& url) const override { return opener_.canOpen && opener_.canOpen(url); }
+  void open(const Url& url) override {
+    if (opener_.open) opener_.open(url);
+  }
   double screenScale() const override { return screenScale_; }
   bool prefersReducedMotion() const override { return prefersReducedMotion_; }
+
+  /// How URLs are opened. Before the kit is used.
+  struct UrlOpener {
+    std::function<bool(const Url&)> canOpen;
+    std::function<void(const Url&)> open;
+  };
+  void setUrlOpener(UrlOpener opener) { opener_ = std::move(opener); }
 
   /// Calls the observers in the order in which they came. On the main thread.
   void send(Signal signal);
@@ -29,6 +41,7 @@ class ORRELO_EXPORT PosixApplication final : public Application {
     std::function<void()> callback;
   };
 
+  UrlOpener opener_;
   std::atomic<double> screenScale_ = 1.0;
   std::atomic<bool> prefersReducedMotion_ = false;
   std::mutex mutex_;

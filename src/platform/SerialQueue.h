@@ -3,6 +3,7 @@
 #include "platform/WorkerPool.h"
 #include "platform/WriterQueue.h"
 
+#include <chrono>
 #include <memory>
 
 namespace orrelo {
@@ -14,6 +15,9 @@ class SerialQueue final : public SerialExecutor {
   SerialQueue(std::shared_ptr<WorkerPool> workers, QualityOfService qos);
 
   void post(Task task) override;
+  /// Runs what waits, on the caller's thread, for as long as there is time for another task. Waits no longer
+  /// than that for the one that a worker runs.
+  void finish(std::chrono::milliseconds timeout);
 
  private:
   struct State;

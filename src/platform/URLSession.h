@@ -83,9 +83,11 @@ class URLSessionDataDelegate {
   virtual void onCompletion(const std::optional<Error>& error) = 0;
 };
 
-/// Runs HTTP requests. No cookies and no cache; at most 64 requests at a time, 6 connections a host and 20
-/// redirects a request, to http and https alone. A redirect that would carry a body to another host, or from
-/// https to http, is not followed. Any thread.
+/// Runs HTTP requests; another URL, or one without a host, fails with `unsupportedURL`. No cookies and no
+/// cache; at most 64 requests at a time, 6 of them to a host, and 20 redirects a request, to http and https
+/// alone. Of those with an idle timeout there are at most 48 and 4, so that the others do not wait for what
+/// may never end. A redirect that would carry a body to another host, or from https to http, is not followed.
+/// Any thread.
 class URLSession {
  public:
   /// Called once, on the session's own thread.

@@ -24,7 +24,9 @@ class ORRELO_EXPORT PopUpDialogViewController final : public ViewController {
   static constexpr auto closeText = "닫기";
 
   PopUpDialogViewController(std::string page, Content dialog)
-      : pageName(std::move(page)), content(std::move(dialog)), imageView(std::make_shared<ImageView>()) {
+      : pageName(std::move(page)),
+        content(std::move(dialog)),
+        imageView(std::make_shared<AutoLayoutImageView>()) {
     modalPresentationStyle = ModalPresentationStyle::overFullScreen;
   }
 

@@ -66,6 +66,28 @@ TEST(JsonTest, FieldsHaveExactlyTheirTypes) {
   EXPECT_EQ(caseOf([&] { json.text("absent"); }), "keyNotFound");
 }
 
+TEST(JsonTest, AnIntegerOfMoreThan64BitsIsANumberButNoInteger) {
+  JsonParser parser;
+  const auto json =
+      parser
+          .parse(R"({"t":"\"18446744073709551616","max":9223372036854775807,"a\\":18446744073709551616,
+      "b":-9223372036854775809,"c":12345678901234567890123456789012345678901234567890})")
+          .objectValue();
+  EXPECT_EQ(json.text("t"), "\"18446744073709551616");
+  EXPECT_EQ(json.integer("max"), std::numeric_limits<std::int64_t>::max());
+  for (const auto& [key, number] :
+       {std::pair("a\\", 0x1p64), std::pair("b", -0x1p63), std::pair("c", 12345678901234567890e30)}) {
+    EXPECT_EQ(caseOf([&, &key = key] { json.integer(key); }), "typeMismatch") << key;
+    EXPECT_DOUBLE_EQ(json.find(key)->asNumber().value_or(0), number) << key;
+  }
+  EXPECT_EQ(parseCase("18446744073709551616"), "");
+  for (const auto* const bytes :
+       {"[18446744073709551616,01]", "018446744073709551616", "18446744073709551616-",
+        "+18446744073709551616", "18446744073709551616.", "1e400", "[18446744073709551616,\"\\"}) {
+    EXPECT_EQ(parseCase(bytes), "dataCorrupted") << bytes;
+  }
+}
+
 TEST(JsonTest, NestsTo512LevelsAndNoDeeper) {
   EXPECT_EQ(parseCase(nested(512, "1")), "");
   for (const std::size_t depth : {513U, 10'000U, 1'000'000U}) {

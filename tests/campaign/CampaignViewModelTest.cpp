@@ -234,7 +234,7 @@ TEST_F(CampaignViewModelTest, TheDialogsFlagOutlivesTheScreenWhileItsCampaignIsL
               ElementsAre(CampaignState{"c-result-7", true}));
   load(ORLCampaignType::attendance);
   platform_.session->answer(ScriptedURLSession::reply(200, attendanceJson().dump()));
-  answer(Json{attendanceJson()});
+  answer(Json::array({attendanceJson()}));
   EXPECT_THAT(viewModel_->fetchCampaignStateUseCase().fetch(), IsEmpty());
 }
 

@@ -3,6 +3,8 @@
 
 #include <fstream>
 #include <gmock/gmock.h>
+#include <set>
+#include <sys/stat.h>
 
 namespace orrelo::test {
 namespace {
@@ -14,15 +16,18 @@ using Signal = Application::Signal;
 class Bytes final : public DataConvertible<std::string> {
  public:
   void value(Data data, std::function<void(std::optional<std::string>)> completion) override {
+    converted.insert(data);
     completion(*data == "bad" ? std::nullopt : std::optional(*data));
   }
   Data data(const std::string& value) override { return makeData(value); }
+
+  std::set<Data> converted;
 };
 
 class CacheTest : public testing::Test {
  protected:
   std::shared_ptr<Cache<std::string>> make(const std::string& name = "A", std::size_t budget = 10'000) {
-    return Cache<std::string>::create(name, std::make_shared<Bytes>(), Platform::current(), budget);
+    return Cache<std::string>::create(name, bytes_, Platform::current(), budget);
   }
 
   /// "memory value", "disk value" or the error's name; "nothing" where no completion came.
@@ -45,6 +50,7 @@ class CacheTest : public testing::Test {
   fs::path fileOf(const std::string& key) const { return folderOf("A") / WrappedKey(key).key(); }
 
   TestPlatform platform_;
+  std::shared_ptr<Bytes> bytes_ = std::make_shared<Bytes>();
   std::shared_ptr<Cache<std::string>> cache_ = make();
 };
 
@@ -80,6 +86,26 @@ TEST_F(CacheTest, AReadSeesTheWritesBeforeIt) {
   EXPECT_EQ(read(*cache_, "k"), "disk second");
 }
 
+TEST_F(CacheTest, OneOfThoseWhoAskReadsTheFile) {
+  cache_->store(makeData("v"), "k");
+  platform_.loop->run();
+  cache_->memoryCache().removeAll();
+  std::vector<CacheType> types;
+  const auto note = [&](const Result<CacheResult<std::string>>& result) {
+    types.push_back(std::get<CacheResult<std::string>>(result).type);
+  };
+  for (int i = 0; i < 3; ++i) cache_->value("k", note);
+  platform_.loop->run();
+  EXPECT_THAT(types, testing::ElementsAre(CacheType::disk, CacheType::memory, CacheType::memory));
+  EXPECT_EQ(bytes_->converted.size(), 1u) << "and its bytes are everyone's";
+
+  cache_->memoryCache().removeAll();
+  cache_->value("k", note);
+  cache_->store(makeData("newer"), "k");
+  platform_.loop->run();
+  EXPECT_EQ(read(*cache_, "k"), "memory newer") << "what was stored meanwhile stays";
+}
+
 TEST_F(CacheTest, StoringNothingLeavesTheFile) {
   cache_->store(makeData("v"), "k");
   cache_->store(nullptr, "k");
@@ -103,6 +129,16 @@ TEST_F(CacheTest, BothSignalsClearTheDiskAndLeaveMemory) {
   EXPECT_EQ(read(*cache_, "k"), "disk after");
 }
 
+TEST_F(CacheTest, AtTheEndOfTheApplicationTheFilesAreGoneAtOnce) {
+  cache_->store(makeData("v"), "k");
+  platform_.loop->run();
+  cache_->store(makeData("not written yet"), "other");
+  platform_.application->send(Signal::willTerminate);
+  EXPECT_FALSE(fs::exists(folderOf("A")));
+  platform_.loop->run();
+  EXPECT_FALSE(fs::exists(folderOf("A")));
+}
+
 TEST_F(CacheTest, WhatCannotBeReadIsAnError) {
   cache_->store(makeData("bad"), "k");
   EXPECT_EQ(read(*cache_, "k"), "CacheError.dataConversion");
@@ -113,6 +149,14 @@ TEST_F(CacheTest, WhatCannotBeReadIsAnError) {
   EXPECT_EQ(read(*cache_, "k"), "ImagePipelineInputStreamError.emptyFile");
   fs::create_directory(fileOf("folder"));
   EXPECT_EQ(read(*cache_, "folder"), missing);
+  ASSERT_EQ(mkfifo(fileOf("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(read(*cache_, "pipe"), missing);
+  std::ofstream(fileOf("large")) << "x";
+  fs::resize_file(fileOf("large"), maximumFileSize + 1);
+  EXPECT_EQ(read(*cache_, "large"), missing);
+  cache_->store(makeData(std::string(maximumFileSize + 1, 'x')), "new");
+  platform_.loop->run();
+  EXPECT_FALSE(fs::exists(fileOf("new"))) << "what could not be read is not written";
 }
 
 TEST_F(CacheTest, AFolderThatCannotBeMadeIsAnErrorForWhoeverAsks) {

@@ -2,6 +2,8 @@
 #include "support/TestPlatform.h"
 
 #include <gmock/gmock.h>
+#include <new>
+#include <stdexcept>
 
 namespace orrelo::test {
 namespace {
@@ -27,6 +29,24 @@ class SlowBytes final : public DataConvertible<std::string> {
   int conversions = 0;
   bool holds = false;
   std::vector<std::function<void()>> held;
+};
+
+// Has no thread, or no memory, for a request.
+class RefusingSession final : public URLSession {
+ public:
+  std::shared_ptr<URLSessionTask> dataTask(URLRequest, Completion) override { return nullptr; }
+  std::shared_ptr<URLSessionTask> streamingTask(URLRequest,
+                                                std::shared_ptr<URLSessionDataDelegate>) override {
+    class Task final : public URLSessionTask {
+      void resume() override { throw std::runtime_error("no thread"); }
+      void cancel() override {}
+    };
+    if (!makesTasks) throw std::bad_alloc();
+    return std::make_shared<Task>();
+  }
+  void trust(std::string_view, const std::string&) override {}
+
+  bool makesTasks = false;
 };
 
 class DownloaderTest : public testing::Test {
@@ -148,6 +168,32 @@ TEST_F(DownloaderTest, ACompletionMayCancelAnother) {
   then_["a"] = [b] { b.cancel(); };
   reply("p");
   EXPECT_THAT(heard_, ElementsAre("a: p", "b: canceled"));
+}
+
+TEST_F(DownloaderTest, ACompletionThatThrowsLeavesTheOthersTheirs) {
+  then_["a"] = then_["c"] = [] { throw std::runtime_error("a caller's own trouble"); };
+  fetch("a");
+  fetch("b");
+  reply("p");
+  const auto c = fetch("c");
+  EXPECT_NO_THROW(c.cancel());
+  EXPECT_THAT(heard_, ElementsAre("a: p", "b: p", "c: canceled"));
+}
+
+TEST_F(DownloaderTest, WhatCannotBeStartedFailsAndLeavesNothing) {
+  const auto session = std::make_shared<RefusingSession>();
+  auto platform = Platform::current();
+  platform.urlSession = session;
+  downloader_ = std::make_shared<Downloader<std::string>>(bytes_, platform);
+  EXPECT_THROW(fetch("none"), std::bad_alloc);
+  session->makesTasks = true;
+  for (const auto* const name : {"a", "again"}) {
+    const auto task = fetch(name);
+    EXPECT_EQ(task.cancelToken, 0) << "joins none of the former";
+    EXPECT_THAT(heard_.back(), testing::StartsWith(std::string(name) + ": "));
+    task.cancel();
+  }
+  EXPECT_EQ(heard_.size(), 2u);
 }
 
 TEST_F(DownloaderTest, NobodyHearsOfADownloaderThatIsGone) {

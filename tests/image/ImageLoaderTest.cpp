@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <stdexcept>
 
 namespace orrelo::test {
 namespace {
@@ -16,28 +17,34 @@ class TestView final : public ImageTarget {
     shown = image;
     history.push_back(image ? std::to_string(image->bitmap.width) : "-");
   }
-  ImageSize boundsSize() const override { return bounds; }
+  Size boundsSize() const override { return bounds; }
   double scale() const override { return 2.0; }
 
-  ImageSize bounds = {4.0, 4.0};
+  Size bounds = {4.0, 4.0};
   ImagePtr shown;
   /// The widths, "-" for none.
   std::vector<std::string> history;
 };
 
-// Gives an image of one pixel's height, or nothing.
+// Gives an image of one pixel's height, or what `gives` says.
 class Flattening final : public ImageTransforming {
  public:
-  explicit Flattening(bool gives = true) : gives_(gives) {}
+  enum Gives { image, nothing, trouble };
+
+  explicit Flattening(Gives gives = image) : gives_(gives) {}
   std::string identifier() const override { return "#flat"; }
-  ImagePtr transform(const ImagePtr& image) const override {
-    auto flat = image->bitmap;
+  ImagePtr transform(const ImagePtr& source) const override {
+    ++runs;
+    if (gives_ == trouble) throw std::runtime_error("trouble");
+    auto flat = source->bitmap;
     flat.height = 1;
-    return gives_ ? std::make_shared<const Image>(Image{flat, nullptr}) : nullptr;
+    return gives_ == image ? std::make_shared<const Image>(Image{flat, nullptr}) : nullptr;
   }
 
+  mutable int runs = 0;
+
  private:
-  bool gives_;
+  Gives gives_;
 };
 
 class ImageLoaderTest : public testing::Test {
@@ -58,9 +65,10 @@ class ImageLoaderTest : public testing::Test {
   void load(const std::string& url, const std::shared_ptr<TestView>& view, const std::string& name = "") {
     ImageLoader::load(url, view, note(name));
   }
-  void set(const std::string& url, ImageLoadOptions options, const std::string& name = "") {
+  std::optional<DownloadTask<ImagePtr>> set(const std::string& url, ImageLoadOptions options,
+                                            const std::string& name = "") {
     options.completion = note(name);
-    ImageLoad::setImage(view_, Url::parse(url), options);
+    return ImageLoad::setImage(view_, Url::parse(url), options);
   }
   void reply(const std::string& body = PlainImageCodec::file(8, 6)) {
     platform_.session->answer(ScriptedURLSession::reply(200, body));
@@ -117,8 +125,25 @@ TEST_F(ImageLoaderTest, AHundredViewsShareOneRequestAndOneBitmap) {
   for (const auto& view : views) ASSERT_EQ(view->shown, views[0]->shown);
   EXPECT_TRUE(views[0]->shown);
   EXPECT_EQ(platform_.codec->decodes, 2);
+  memory().removeAll();
+  loadAll();
+  platform_.loop->run();
+  for (const auto& view : views) ASSERT_EQ(view->shown, views[0]->shown);
+  EXPECT_TRUE(views[0]->shown) << "from the file";
+  EXPECT_EQ(platform_.codec->decodes, 3);
   EXPECT_EQ(requested(), "https://a/x.png ");
-  EXPECT_EQ(heard_.size(), 200u);
+  EXPECT_EQ(heard_.size(), 300u);
+}
+
+TEST_F(ImageLoaderTest, TwoFilesAreDecodedAtATime) {
+  std::vector<std::shared_ptr<TestView>> views;
+  for (const std::string name : {"1", "2", "3", "4", "5"}) {
+    load("https://a/" + name, views.emplace_back(std::make_shared<TestView>()), name);
+    platform_.session->answer(ScriptedURLSession::reply(200, PlainImageCodec::file(8, 6)));
+  }
+  EXPECT_EQ(platform_.loop->pending(), 2u);
+  platform_.loop->run();
+  EXPECT_THAT(heard_, ElementsAre("1: ok", "2: ok", "3: ok", "4: ok", "5: ok"));
 }
 
 TEST_F(ImageLoaderTest, ASecondLoadEndsTheFirst) {
@@ -133,6 +158,29 @@ TEST_F(ImageLoaderTest, ASecondLoadEndsTheFirst) {
   load("https://a/1.png", view_, "again");
   reply(PlainImageCodec::file(3, 3));
   EXPECT_EQ(view_->shown->bitmap.width, 3);
+}
+
+TEST_F(ImageLoaderTest, WhatTheEndOfALoadBeginsEndsWithIt) {
+  auto options = ImageLoadOptions{};
+  options.completion = [&](const auto&) { load("https://a/again.png", view_, "again"); };
+  ImageLoad::setImage(view_, Url::parse("https://a/1.png"), options);
+  load("https://a/2.png", view_, "second");
+  EXPECT_THAT(heard_, ElementsAre("again: DownloaderError.canceled"));
+  EXPECT_EQ(platform_.session->cancelled, 2);
+  platform_.session->waiting.erase(platform_.session->waiting.begin(),
+                                   platform_.session->waiting.begin() + 2);
+  reply(PlainImageCodec::file(2, 2));
+  EXPECT_EQ(view_->shown->bitmap.width, 2);
+}
+
+TEST_F(ImageLoaderTest, ALoadThatIsOverHoldsNothing) {
+  load("https://a/1.png", view_);
+  const auto task = set("https://a/2.png", {}, "two");
+  const std::weak_ptr<Download<ImagePtr>> download = task->download;
+  reply();
+  reply();
+  EXPECT_EQ(heard_.back(), "two: ok");
+  EXPECT_EQ(download.use_count(), 1) << "the test's own";
 }
 
 TEST_F(ImageLoaderTest, WhatComesForAUrlThatTheViewHasLeftIsDropped) {
@@ -208,12 +256,36 @@ TEST_F(ImageLoaderTest, ATransformedImageHasAnEntryOfItsOwn) {
   platform_.loop->run();
   EXPECT_EQ(view_->shown->bitmap.height, 1);
   EXPECT_EQ(platform_.session->requests.size(), 1u);
+}
 
-  set("https://a/2.png", {.imageTransformer = std::make_shared<Flattening>(false)}, "nothing");
+TEST_F(ImageLoaderTest, ATransformationThatGivesNothingOrThrowsIsAnError) {
+  for (const auto gives : {Flattening::nothing, Flattening::trouble, Flattening::trouble}) {
+    set("https://a/2.png", {.imageTransformer = std::make_shared<Flattening>(gives)}, "it");
+    reply();
+    EXPECT_EQ(heard_.back(), "it: ImagePipelineError.imageTransformingError");
+    EXPECT_EQ(view_->shown, nullptr);
+  }
+  EXPECT_EQ(heard_.size(), 3u);
+}
+
+TEST_F(ImageLoaderTest, WhoeverWaitsForATransformationSharesIt) {
+  const auto flat = std::make_shared<Flattening>();
+  std::vector<std::shared_ptr<TestView>> views;
+  const auto loadAll = [&] {
+    for (int i = 0; i < 100; ++i) {
+      ImageLoad::setImage(views.emplace_back(std::make_shared<TestView>()), Url::parse("https://a/1.png"),
+                          {.imageTransformer = flat});
+    }
+  };
+  loadAll();
   reply();
-  EXPECT_THAT(heard_,
-              ElementsAre("flat: ok", "cached: ok", "nothing: ImagePipelineError.imageTransformingError"));
-  EXPECT_EQ(view_->shown, nullptr);
+  loadAll();  // at once, from memory
+  for (const auto& view : views) ASSERT_EQ(view->shown, views[0]->shown);
+  ASSERT_TRUE(views[0]->shown);
+  EXPECT_EQ(views[0]->shown->encoded, memory().value("https://a/1.png#flat"));
+  EXPECT_EQ(flat->runs, 1);
+  EXPECT_EQ(platform_.codec->decodes, 1);
+  EXPECT_EQ(platform_.session->requests.size(), 1u);
 }
 
 TEST_F(ImageLoaderTest, DownsamplingIsToTheViewsPixels) {

@@ -25,7 +25,7 @@ ImagePtr greys(int width, int height, const std::vector<std::uint8_t>& values) {
 
 std::vector<int> greysOf(const Image& image) {
   std::vector<int> values;
-  for (std::size_t i = 0; i < image.bitmap.size(); i += 4) values.push_back(image.bitmap.pixels[i]);
+  for (std::size_t i = 0; i < image.bitmap.size(); i += 4) values.push_back(image.bitmap.pixels.get()[i]);
   return values;
 }
 
@@ -71,7 +71,7 @@ TEST(DownsamplingTest, ProportionsStayAndNothingGrows) {
 
 TEST(ComposedTransformerTest, TheSecondWorksOnTheResultOfTheFirst) {
   const auto to = [](double side) {
-    return std::make_shared<DownsamplingImageTransformer>(ImageSize{side, side});
+    return std::make_shared<DownsamplingImageTransformer>(Size{side, side});
   };
   const auto both = composed(to(4), to(2));
   EXPECT_EQ(both->identifier(), to(4)->identifier() + to(2)->identifier());

@@ -1,13 +1,22 @@
 #include "RawServer.h"
 #include "SessionFixture.h"
 
+#include <atomic>
 #include <gmock/gmock.h>
 
 namespace orrelo::test {
 namespace {
 
 // What can only be seen on the wire, over plain HTTP.
-class CurlConnectionsTest : public SessionFixture {};
+class CurlConnectionsTest : public SessionFixture {
+ protected:
+  /// "ok" for one path; the others get no answer.
+  static RawServer::Responder hangsBut(const std::string& path) {
+    return [path](const std::string& request) {
+      return request.starts_with("GET " + path + " ") ? RawServer::reply("ok") : std::string();
+    };
+  }
+};
 
 TEST_F(CurlConnectionsTest, AHeaderValueIsOneLine) {
   RawServer server([](const std::string& request) { return RawServer::reply(request); });
@@ -31,7 +40,7 @@ TEST_F(CurlConnectionsTest, WhatIsNoHttpHasNoResponse) {
            {"HTTP/1.1 100 Continue\r\nA: 1\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok", "200 ok"},
            {"HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 3\r\n\r\nabc",
             "cannotDecodeContentData"}}) {
-    RawServer server([&](const std::string&) { return answer; });
+    RawServer server([&, &answer = answer](const std::string&) { return answer; });
     const auto result = run(request(server.url()));
     EXPECT_EQ(text(result), expected);
     EXPECT_FALSE(result.response && result.response->headers.contains("a")) << "of an interim reply";
@@ -87,8 +96,72 @@ TEST_F(CurlConnectionsTest, WhatWaitsForAConnectionRunsOutOfTimeOrIsCancelled) {
   EXPECT_EQ(held.use_count(), 1);
 
   RawServer other([](const std::string&) { return RawServer::reply("ok"); });
-  EXPECT_EQ(outcome(request(other.url())), "200 ok") << "six of one host hold up no other";
+  EXPECT_EQ(outcome(request(other.url("/", "localhost"))), "200 ok") << "six of one host hold up no other";
   EXPECT_EQ(server.connectionCount(), 6U);
+}
+
+TEST_F(CurlConnectionsTest, WhatWaitsStartsWhenARunningOneIsCancelledOrRunsOutOfTime) {
+  RawServer server(hangsBut("/ok"));
+  RawServer away([&](const std::string&) {
+    return RawServer::reply("", "HTTP/1.1 302 Found\r\nLocation: " + server.url("/ok"));
+  });
+  std::vector<std::shared_ptr<URLSessionTask>> hanging;
+  for (int i = 0; i < 6; ++i) {
+    hanging.push_back(session_->dataTask(request(server.url()), [](const auto&) {}));
+    hanging.back()->resume();
+  }
+  ASSERT_TRUE(server.waitForRequests(6));
+  auto waiting = start(request(server.url("/ok")));
+  hanging[0]->cancel();
+  EXPECT_EQ(text(wait(std::move(waiting))), "200 ok");
+
+  auto impatient = request(server.url());
+  impatient.timeout = std::chrono::milliseconds(200);
+  auto late = start(impatient);
+  ASSERT_TRUE(server.waitForRequests(8));
+  auto redirected = start(request(away.url("/", "localhost")));
+  EXPECT_EQ(text(wait(std::move(late))), "timedOut");
+  EXPECT_EQ(text(wait(std::move(redirected))), "200 ok") << "into a host that was full";
+}
+
+TEST_F(CurlConnectionsTest, WhatMayNeverEndLeavesRoomForTheOthers) {
+  RawServer server(hangsBut("/ok"));
+  auto endless = request(server.url());
+  endless.isTimeoutIdle = true;
+  std::vector<Reply> streams;
+  for (int i = 0; i < 10; ++i) streams.push_back(start(endless));
+  ASSERT_TRUE(server.waitForRequests(4));
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(outcome(request(server.url("/ok"))), "200 ok");
+  EXPECT_EQ(server.connectionCount(), 5U);
+}
+
+TEST_F(CurlConnectionsTest, ThereAreSixtyFourRequestsAtATime) {
+  std::promise<void> gate;
+  const std::shared_future<void> opened = gate.get_future().share();
+  std::atomic<int> together = 0;
+  RawServer server([&, opened](const std::string&) {
+    if (opened.wait_for(std::chrono::seconds(0)) != std::future_status::ready) ++together;
+    opened.wait();
+    return RawServer::reply("ok");
+  });
+  std::vector<Reply> replies;
+  for (int i = 0; i < 80; ++i) {
+    replies.push_back(start(request(server.url("/", "127.0.0." + std::to_string(1 + i % 16)))));
+  }
+  EXPECT_TRUE(server.waitForRequests(64));
+  EXPECT_EQ(together, 64);
+  gate.set_value();
+  for (auto& reply : replies) ASSERT_EQ(text(wait(std::move(reply))), "200 ok");
+}
+
+TEST_F(CurlConnectionsTest, AUrlWithoutSchemeOrHostIsNotGuessedAt) {
+  RawServer server([](const std::string&) { return RawServer::reply("ok"); });
+  const auto address = server.url("/image.png").substr(5);
+  for (const auto& url : {address, std::string("image.png"), std::string("http:a"), std::string("http:///a"),
+                          "ftp:" + address, std::string("file:///etc/passwd")}) {
+    EXPECT_EQ(outcome(request(url)), "unsupportedURL") << url;
+  }
+  EXPECT_EQ(server.connectionCount(), 0U);
 }
 
 TEST_F(CurlConnectionsTest, EightThreadsAskAndCancelAtOnce) {

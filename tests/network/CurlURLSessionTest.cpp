@@ -107,7 +107,7 @@ TEST_F(CurlURLSessionTest, AReplyMayBeAsLargeAsTheRequestAllows) {
 
   auto limited = request(url("/config"));
   limited.maximumReplySize = 1000;
-  for (const std::size_t size : {1000, 1001}) {
+  for (const std::size_t size : {1000U, 1001U}) {
     service_.orderFault({.kind = Kind::body, .count = 1, .body = std::string(size, 'x')});
     EXPECT_EQ(text(run(limited)).substr(0, 3), size == 1000 ? "200" : "dat");
   }

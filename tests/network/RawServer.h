@@ -16,7 +16,7 @@
 
 namespace orrelo::test {
 
-/// Plain HTTP on 127.0.0.1, byte by byte as the test says: for what a well-behaved server does not do, and
+/// Plain HTTP on this machine, byte by byte as the test says: for what a well-behaved server does not do, and
 /// for counting connections.
 class RawServer {
  public:
@@ -27,10 +27,10 @@ class RawServer {
       : responder_(std::move(responder)), listener_(socket(AF_INET, SOCK_STREAM, 0)) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_addr.s_addr = htonl(INADDR_ANY);
     socklen_t size = sizeof(address);
     auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    if (bind(listener_, generic, size) != 0 || listen(listener_, 128) != 0 ||
+    if (bind(listener_, generic, size) != 0 || listen(listener_, 256) != 0 ||
         getsockname(listener_, generic, &size) != 0) {
       throw std::runtime_error("no port");
     }
@@ -48,8 +48,9 @@ class RawServer {
   RawServer(const RawServer&) = delete;
   RawServer& operator=(const RawServer&) = delete;
 
-  std::string url(const std::string& path = "/") const {
-    return "http://127.0.0.1:" + std::to_string(port_) + path;
+  /// `host` is any name or address of this machine.
+  std::string url(const std::string& path = "/", const std::string& host = "127.0.0.1") const {
+    return "http://" + host + ":" + std::to_string(port_) + path;
   }
   std::size_t connectionCount() const {
     const std::lock_guard lock(mutex_);

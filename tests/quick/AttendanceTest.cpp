@@ -52,6 +52,23 @@ TEST_F(AttendanceTest, FitsPhonesAndDesktops) {
   }
 }
 
+TEST_F(AttendanceTest, LoadedPicturesAreDrawn) {
+  service_->answers["/campaigns/c-1"] = {
+      200, campaignReply(richAttendancePage(R"(,"image_url":"https://cdn.example/result.png")"))};
+  openCampaign();
+  const auto picture = grab("attendance-pictures");
+  // 315 by 180 points, and a parcel before it.
+  const int ground = count(picture, QColor("#fff1d6"));
+  EXPECT_GE(ground, 315 * 180 * 7 / 10);
+  EXPECT_LE(ground, 315 * 180);
+  const auto* const cell = named(QStringLiteral("20일, 보너스"));
+  ASSERT_NE(cell, nullptr);
+  const QRectF place(cell->mapToScene({0, 0}), cell->size());
+  EXPECT_GE(count(picture.copy(place.toRect()), QColor("#e8505b")), 20);
+  EXPECT_EQ(service_->timesAsked("/gift.png"), 1);
+  EXPECT_EQ(service_->timesAsked("/result.png"), 1);
+}
+
 TEST_F(AttendanceTest, ShowsThatItLoadsThenThePage) {
   const auto page = service_->answers.extract("/campaigns/c-1").mapped();
   showCampaign();

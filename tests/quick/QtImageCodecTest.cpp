@@ -61,22 +61,116 @@ std::string withChecksum(const std::string& typeAndData) {
   return bigEndian(static_cast<std::uint32_t>(typeAndData.size() - 4)) + typeAndData + bigEndian(~sum);
 }
 
-// `png` with a header that claims another size and depth.
-std::string claiming(std::string png, std::uint32_t width, std::uint32_t height, char depth = 8) {
-  auto header = "IHDR" + bigEndian(width) + bigEndian(height);
-  header += {depth, 6, 0, 0, 0};
-  const auto chunk = withChecksum(header);
-  return png.replace(8, chunk.size(), chunk);
+std::string chunk(const std::string& name, const std::string& data) {
+  return withChecksum(name + data);
 }
 
-// The most memory that the process has ever had.
-long peakMebibytes() {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) {
-    if (line.starts_with("VmHWM:")) return std::stol(line.substr(6)) / 1024;
-  }
-  return 0;
+// `png` with a header that claims another size and depth.
+std::string claiming(std::string png, std::uint32_t width, std::uint32_t height, char depth = 8) {
+  const auto header = chunk("IHDR", bigEndian(width) + bigEndian(height) + std::string{depth, 6, 0, 0, 0});
+  return png.replace(8, header.size(), header);
 }
+
+std::string bytesOf(std::initializer_list<int> numbers) {
+  return {numbers.begin(), numbers.end()};
+}
+
+// A grey square as a progressive JPEG: a scan of what there is, and `more` in which nothing is. All codes are
+// zeros.
+std::string progressiveJpeg(int side, int more, const std::vector<int>& sampling = {0x11}) {
+  const auto segment = [](int mark, const std::string& data) {
+    const auto size = static_cast<int>(data.size()) + 2;
+    return bytesOf({0xFF, mark, size >> 8, size & 0xFF}) + data;
+  };
+  const auto table = [](int kind, int symbol) {
+    return bytesOf({kind, 1}) + std::string(15, '\0') + bytesOf({symbol});
+  };
+  const int count = static_cast<int>(sampling.size());
+  auto frame = bytesOf({8, side >> 8, side & 0xFF, side >> 8, side & 0xFF, count});
+  auto scan = bytesOf({count});
+  for (int i = 0; i < count; ++i) {
+    frame += bytesOf({i + 1, sampling[static_cast<std::size_t>(i)], 0});
+    scan += bytesOf({i + 1, 0});
+  }
+  const auto blocks =
+      static_cast<std::size_t>(side / 8) * static_cast<std::size_t>(side / 8) * sampling.size();
+  auto file = bytesOf({0xFF, 0xD8}) + segment(0xDB, '\0' + std::string(64, '\1')) + segment(0xC2, frame) +
+              segment(0xC4, table(0x00, 0x00)) + segment(0xC4, table(0x10, 0xE0)) +
+              segment(0xDA, scan + std::string(3, '\0')) + std::string(blocks / 8 + 1, '\0');
+  for (int i = 0; i < more; ++i) {
+    file += segment(0xDA, bytesOf({1, 1, 0, 1, 63, 0})) + std::string(blocks / 8192 + 2, '\0');
+  }
+  return file + bytesOf({0xFF, 0xD9});
+}
+
+std::string littleEndian(std::size_t number, int size) {
+  std::string bytes;
+  for (int i = 0; i < size; ++i) bytes += static_cast<char>(number >> (8 * i));
+  return bytes;
+}
+
+std::string webpChunk(const std::string& name, const std::string& data) {
+  return name + littleEndian(data.size(), 4) + data + std::string(data.size() % 2, '\0');
+}
+
+std::string webp(const std::string& chunks) {
+  return "RIFF" + littleEndian(chunks.size() + 4, 4) + "WEBP" + chunks;
+}
+
+// A square of one colour.
+std::string losslessWebp(int side) {
+  std::vector<bool> bits;
+  const auto put = [&](int value, int count) {
+    for (int i = 0; i < count; ++i) bits.push_back((value >> i & 1) != 0);
+  };
+  put(side - 1, 14);
+  put(side - 1, 14);
+  put(1, 4);  // has alpha, version 0
+  put(0, 3);  // no transform, no colour cache, one group of codes
+  for (const int symbol : {50, 200, 30, 100, 0}) {
+    put(0b101, 3);  // one symbol of eight bits
+    put(symbol, 8);
+  }
+  std::string data = "\x2F" + std::string(bits.size() / 8 + 5, '\0');
+  for (std::size_t i = 0; i < bits.size(); ++i) {
+    if (bits[i]) data[1 + i / 8] = static_cast<char>(data[1 + i / 8] | 1 << (i % 8));
+  }
+  return webpChunk("VP8L", data);
+}
+
+std::string webpCanvas(int flags, int side) {
+  return webpChunk("VP8X", bytesOf({flags, 0, 0, 0}) + littleEndian(static_cast<std::size_t>(side - 1), 3) +
+                               littleEndian(static_cast<std::size_t>(side - 1), 3));
+}
+
+std::string movingWebp(int side) {
+  const auto last = littleEndian(static_cast<std::size_t>(side - 1), 3);
+  const auto frame =
+      webpChunk("ANMF", std::string(6, '\0') + last + last + std::string(4, '\1') + losslessWebp(side));
+  return webp(webpCanvas(0x12, side) + webpChunk("ANIM", std::string(6, '\0')) + frame + frame);
+}
+
+// What the process had at most since this was made, in MiB more than it had then.
+class Peak {
+ public:
+  Peak() {
+    std::ofstream("/proc/self/clear_refs") << "5";
+    before_ = mebibytes();
+  }
+  long growth() const { return mebibytes() - before_; }
+
+ private:
+  static long mebibytes() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+      if (line.starts_with("VmHWM:")) return std::stol(line.substr(6)) / 1024;
+    }
+    ADD_FAILURE() << "the system does not say";
+    return 0;
+  }
+
+  long before_ = 0;
+};
 
 class QtImageCodecTest : public testing::Test {
  protected:
@@ -148,25 +242,75 @@ TEST_F(QtImageCodecTest, WhatIsTooLargeIsRefusedByItsHeader) {
   const auto webp = file(QImage(10, 5'000, QImage::Format_RGB32), "webp");
   const auto jpeg = file(QImage(20'000, 10, QImage::Format_Grayscale8), "jpeg");
   const auto small = file(picture(), "png");
-  const auto before = peakMebibytes();
+  const Peak peak;
   for (const auto& bytes :
        {wide, webp, jpeg, claiming(small, 20'000, 20'000), claiming(small, 0x7FFFFFFF, 0x7FFFFFFF),
-        claiming(small, 4097, 1), claiming(small, 4096, 4096, 16)}) {
+        claiming(small, 4097, 1), claiming(small, 4096, 4096, 16), movingWebp(5700)}) {
     EXPECT_FALSE(codec_.decode(bytes));
   }
-  EXPECT_LE(peakMebibytes() - before, 8);
+  EXPECT_LE(peak.growth(), 8);
 }
 
 TEST_F(QtImageCodecTest, TheLargestTakesNoMoreThanIsStated) {
   QImage largest(4096, 4096, QImage::Format_Grayscale8);
   largest.fill(7);
-  const auto bytes = file(largest, "png");
+  const auto png = file(largest, "png");
   largest = {};
-  const auto before = peakMebibytes();
-  const auto bitmap = codec_.decode(bytes);
+  for (const auto& bytes : {png, progressiveJpeg(4096, 1, {0x11}),
+                            progressiveJpeg(4096, 1, {0x22, 0x11, 0x11}), webp(losslessWebp(4096))}) {
+    const Peak peak;
+    const auto bitmap = codec_.decode(bytes);
+    ASSERT_TRUE(bitmap);
+    EXPECT_EQ(bitmap->size(), std::size_t{64} * 1024 * 1024);
+    EXPECT_GE(peak.growth(), 64);
+    EXPECT_LE(peak.growth(), 128 + 16);
+  }
+  // Its scans and its pixels would take 160 MiB, and 192 with a fourth component.
+  const Peak peak;
+  EXPECT_FALSE(codec_.decode(progressiveJpeg(4096, 1, {0x11, 0x11, 0x11})));
+  EXPECT_FALSE(codec_.decode(progressiveJpeg(4096, 1, {0x11, 0x11, 0x11, 0x11})));
+  EXPECT_LE(peak.growth(), 8);
+}
+
+TEST_F(QtImageCodecTest, TextsAndProfilesAreNotUnpacked) {
+  const auto png = file(picture(), "png");
+  const auto large = qCompress(QByteArray(7'900'000, 'a'), 9).mid(4).toStdString();
+  const auto header = png.substr(0, 33);
+  auto bomb = header + chunk("iCCP", std::string("k\0\0", 3) + large);
+  for (int i = 0; i < 20; ++i) bomb += chunk("zTXt", "k" + std::to_string(i) + std::string(2, '\0') + large);
+  auto jpeg = file(picture().convertToFormat(QImage::Format_RGB32), "jpeg");
+  std::string comments;
+  for (int i = 0; i < 100; ++i) comments += "\xFF\xFE\xFF\xFF" + std::string(0xFFFD, 'a');
+  const Peak peak;
+  const auto bitmap = codec_.decode(bomb + png.substr(33));
   ASSERT_TRUE(bitmap);
-  EXPECT_EQ(bitmap->size(), std::size_t{64} * 1024 * 1024);
-  EXPECT_LE(peakMebibytes() - before, 128 + 16);
+  EXPECT_THAT(pixel(*bitmap, 2, 29), near({255, 0, 0, 255}));
+  EXPECT_TRUE(codec_.decode(jpeg.insert(2, comments)));
+  EXPECT_LE(peak.growth(), 8);
+}
+
+TEST_F(QtImageCodecTest, AJpegHasAHundredScansAtMost) {
+  EXPECT_TRUE(codec_.decode(progressiveJpeg(64, 99)));
+  EXPECT_FALSE(codec_.decode(progressiveJpeg(64, 100)));
+}
+
+TEST_F(QtImageCodecTest, WhatLiesBehindAPictureIsNoneOfIt) {
+  const auto still = picture().convertToFormat(QImage::Format_RGB32);
+  for (const auto* const format : {"png", "webp", "jpeg"}) {
+    const auto bytes = file(still, format);
+    for (const auto& more : {"....ftypmp42" + std::string(4, '\0'), std::string("\xFF\xDA\xFF"), bytes}) {
+      const auto bitmap = codec_.decode(bytes + more);
+      ASSERT_TRUE(bitmap) << format;
+      EXPECT_EQ(bitmap->width, 40);
+    }
+  }
+}
+
+TEST_F(QtImageCodecTest, AWebpThatMovesIsNoPicture) {
+  EXPECT_TRUE(codec_.decode(webp(losslessWebp(16))));
+  EXPECT_FALSE(codec_.decode(movingWebp(16)));
+  // A small canvas around a large picture.
+  EXPECT_FALSE(codec_.decode(webp(webpCanvas(0x10, 10) + losslessWebp(4096))));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QTest>
+#include <cstdlib>
 
 namespace orrelo::test {
 namespace {
@@ -147,6 +148,19 @@ QQuickItem* QuickTest::named(const QString& name) const {
   visit(window_->contentItem(), [&](QQuickItem* item) {
     if (nameOf(item) == name) found = item;
   });
+  return found;
+}
+
+int QuickTest::count(const QImage& picture, const QColor& color) {
+  const auto isNear = [](int a, int b) { return std::abs(a - b) <= 8; };
+  int found = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const auto pixel = picture.pixelColor(x, y);
+      found += isNear(pixel.red(), color.red()) && isNear(pixel.green(), color.green()) &&
+               isNear(pixel.blue(), color.blue());
+    }
+  }
   return found;
 }
 

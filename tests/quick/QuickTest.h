@@ -7,6 +7,8 @@
 #include <orrelo/Orrelo.h>
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <QColor>
+#include <QImage>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -41,6 +43,8 @@ class QuickTest : public testing::Test {
   bool waitForNamed(const QString& name) {
     return waitFor([&] { return named(name) != nullptr; });
   }
+  /// How many pixels of `picture` have this colour, or nearly.
+  static int count(const QImage& picture, const QColor& color);
   void click(const QString& name);
   void press(Qt::Key key) { QTest::keyClick(window_, key); }
   /// The name of what has the keyboard.

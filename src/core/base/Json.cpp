@@ -3,7 +3,9 @@
 #include "core/base/Error.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <system_error>
 
 namespace orrelo {
 namespace {
@@ -19,6 +21,31 @@ T required(std::optional<T> value, std::string_view key, std::string_view wanted
   return *std::move(value);
 }
 
+std::size_t endOfText(std::string_view json, std::size_t opening) {
+  auto at = opening + 1;
+  while (at < json.size() && json[at] != '"') at += json[at] == '\\' ? 2 : 1;
+  return std::min(at + 1, json.size());
+}
+
+// The document with an exponent in place of the last two digits of each integer of more than 64 bits, which
+// makes it a number that the library has room for.
+std::string withoutWideIntegers(std::string_view bytes) {
+  std::string json(bytes);
+  std::size_t at = 0;
+  while ((at = json.find_first_of("\"-0123456789", at)) != std::string::npos) {
+    if (json[at] == '"') {
+      at = endOfText(json, at);
+      continue;
+    }
+    const auto end = std::min(json.find_first_not_of("+-.0123456789Ee", at), json.size());
+    std::int64_t integer = 0;
+    const auto [stop, error] = std::from_chars(json.data() + at, json.data() + end, integer);
+    if (error == std::errc::result_out_of_range && stop == json.data() + end) json.replace(end - 2, 2, "e2");
+    at = end;
+  }
+  return json;
+}
+
 }  // namespace
 
 std::optional<bool> JsonValue::asBoolean() const {
@@ -31,7 +58,7 @@ std::optional<std::int64_t> JsonValue::asInteger() const {
   if (element_.get(integer) == simdjson::SUCCESS) return integer;
   double number = 0.0;
   if (!element_.is_double() || element_.get(number) != simdjson::SUCCESS) return std::nullopt;
-  if (!(number >= -0x1p63 && number < 0x1p63) || number != std::trunc(number)) return std::nullopt;
+  if (!(std::abs(number) < 0x1p63) || number != std::trunc(number)) return std::nullopt;
   return static_cast<std::int64_t>(number);
 }
 
@@ -118,7 +145,11 @@ JsonValue JsonParser::parse(std::string_view bytes) {
     capacity_ = wanted;
   }
   simdjson::dom::element element;
-  const auto result = parser_.parse(bytes.data(), bytes.size()).get(element);
+  auto result = parser_.parse(bytes.data(), bytes.size()).get(element);
+  if (result == simdjson::NUMBER_ERROR) {
+    // One wide integer must not cost more than its field, and nothing where nobody reads that.
+    result = parser_.parse(withoutWideIntegers(bytes)).get(element);
+  }
   if (result != simdjson::SUCCESS) {
     throw makeError(DecodingError::dataCorrupted, simdjson::error_message(result));
   }

@@ -90,7 +90,7 @@ class JsonParser {
   explicit JsonParser(std::size_t maximum = maximumSize) : maximum_(maximum), parser_(maximum) {}
 
   /// Throws DecodingError dataCorrupted for what is no JSON, no UTF-8, larger or nested deeper than the
-  /// maxima.
+  /// maxima, and for a number past a double's range.
   JsonValue parse(std::string_view bytes);
 
  private:

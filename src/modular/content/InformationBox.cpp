@@ -1,7 +1,5 @@
 #include "modular/content/InformationBox.h"
 
-#include "image/ImageLoader.h"
-
 namespace orrelo {
 
 InformationBox::InformationBox(const BoxedInformation& item)
@@ -9,12 +7,11 @@ InformationBox::InformationBox(const BoxedInformation& item)
 
 std::shared_ptr<InformationBox> InformationBox::create(const BoxedInformation& item) {
   std::shared_ptr<InformationBox> box(new InformationBox(item));
-  ImageLoader::load(item.imageUrl, box->leftImageView,
-                    [weak = std::weak_ptr(box)](const Result<ImagePtr>& result) {
-                      const auto self = weak.lock();
-                      const auto* const image = std::get_if<ImagePtr>(&result);
-                      if (self && image != nullptr && *image) self->imageDidLoad(**image);
-                    });
+  box->leftImageView->load(item.imageUrl, [weak = std::weak_ptr(box)](const Result<ImagePtr>& result) {
+    const auto self = weak.lock();
+    const auto* const image = std::get_if<ImagePtr>(&result);
+    if (self && image != nullptr && *image) self->imageDidLoad(**image);
+  });
   return box;
 }
 

@@ -45,6 +45,15 @@ Page Page::fromDestination(std::string_view destination) {
   return Fixed::unknown;
 }
 
+std::string_view Page::caseName() const {
+  if (std::holds_alternative<DeepLink>(value_)) return "deepLink";
+  if (std::holds_alternative<Campaign>(value_)) return "campaign";
+  const auto* const found = std::find_if(fixedPages.begin(), fixedPages.end(), [this](const auto& row) {
+    return row.second == std::get<Fixed>(value_);
+  });
+  return found->first;
+}
+
 Page Page::fromUserInfo(const EventDictionary& userInfo) {
   if (const auto link = textAt(userInfo, "deeplink")) {
     if (const auto url = Url::parse(*link)) return DeepLink{*url};

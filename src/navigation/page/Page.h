@@ -43,6 +43,8 @@ class Page {
   void encode(JsonWriter& json) const;
 
   const Variant& variant() const { return value_; }
+  /// "home", "deepLink": the case's name.
+  std::string_view caseName() const;
 
   friend bool operator==(const Page&, const Page&) = default;
 

@@ -1,23 +1,36 @@
 #pragma once
 
+#include "core/base/Error.h"
 #include "navigation/page/Page.h"
 #include "viewkit/base/ViewController.h"
 
 #include <orrelo/Export.h>
 #include <orrelo/ORLCampaignType.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace orrelo {
 
+/// Takes the user to one feature's screen. Main thread.
+class ORRELO_EXPORT Router {
+ public:
+  virtual ~Router() = default;
+
+  /// Calls exactly one of the two, on the main thread.
+  virtual void route(const std::shared_ptr<ViewController>& from, std::function<void()> onSuccess,
+                     std::function<void(const Error&)> onFailure) = 0;
+};
+
 /// Takes the user to a page. Main thread.
 class ORRELO_EXPORT PageRouter {
  public:
   virtual ~PageRouter() = default;
 
-  virtual void route(const Page& page, const std::shared_ptr<ViewController>& from) = 0;
+  /// What cannot be opened says so in the log alone.
+  virtual void route(const std::shared_ptr<ViewController>& from, const Page& page) = 0;
 };
 
 /// Makes the screens of campaigns.

@@ -28,11 +28,17 @@ class ORRELO_EXPORT View : public std::enable_shared_from_this<View> {
   /// What the front reports: the size that the view has got.
   Size size() const { return size_.value(); }
   void setSize(Size size) {
-    if (!(size == size_.value())) size_.onNext(size);
+    if (size == size_.value()) return;
+    size_.onNext(size);
+    layoutSubviews();
   }
   reactive::Observable<Size> sizes() const { return size_.asObservable(); }
 
   std::string accessibilityIdentifier;
+
+ protected:
+  /// Lays out by the new size.
+  virtual void layoutSubviews() {}
 
  private:
   reactive::BehaviorSubject<Size> size_{Size()};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/base/Json.h"
+
+#include <string>
+#include <vector>
+
+namespace orrelo {
+
+/// An invitation to allow marketing messages.
+struct OptInMarketingCampaignPageDetailDTO {
+  std::string imageUrl;
+  /// Flexible, as `buttonVisibility`: a boolean or a text.
+  bool buttonEnable = false;
+  std::string buttonText;
+  bool buttonVisibility = false;
+  /// Hexadecimal.
+  std::string color;
+  std::vector<std::string> notice;
+
+  static OptInMarketingCampaignPageDetailDTO decode(const JsonObject& json);
+
+  friend bool operator==(const OptInMarketingCampaignPageDetailDTO&,
+                         const OptInMarketingCampaignPageDetailDTO&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "campaign/optinmarketing/OptInMarketingCampaign.h"
+#include "image/ImageView.h"
+#include "viewkit/CampaignNoticeView.h"
+#include "viewkit/ErrorView.h"
+
+#include <orrelo/Export.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// A picture, a button that hands over to the host, and the small print.
+class ORRELO_EXPORT OptInMarketingCampaignView final : public View {
+ public:
+  struct Button {
+    std::string title;
+    bool isEnabled = false;
+    bool isHidden = false;
+    Color color;
+
+    friend bool operator==(const Button&, const Button&) = default;
+  };
+
+  static std::shared_ptr<OptInMarketingCampaignView> create(const OptInMarketingCampaign& campaign);
+
+  std::string_view kind() const override { return "OptInMarketingCampaignView"; }
+
+  /// The button was pressed.
+  void onTapMoveButton();
+
+  const Button moveButton;
+  const std::shared_ptr<AutoLayoutImageView> imageView = std::make_shared<AutoLayoutImageView>();
+  const std::shared_ptr<CampaignNoticeView> noticeView = std::make_shared<CampaignNoticeView>();
+  /// Hidden unless the picture cannot be had.
+  const std::shared_ptr<ErrorView> errorView;
+  std::function<void()> onMoveButtonTapped;
+
+ private:
+  explicit OptInMarketingCampaignView(const OptInMarketingCampaign& campaign);
+};
+
+}  // namespace orrelo

@@ -1,0 +1,85 @@
+#include "campaign/stamp/StampCampaignView.h"
+
+#include "core/base/preconditionFailure.h"
+#include "modular/content/InformationView.h"
+#include "viewkit/CampaignNoticeView.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+std::vector<std::shared_ptr<StampViewCell>> wholeRows(const std::vector<Mission>& missions,
+                                                      std::int64_t columnCount) {
+  if (columnCount == 0) preconditionFailure("A stamp board has no columns");
+  if (columnCount < 0) return {};
+  const auto columns = static_cast<std::size_t>(columnCount);
+  std::vector<std::shared_ptr<StampViewCell>> cells;
+  std::transform(missions.begin(), missions.begin() + std::ptrdiff_t(missions.size() / columns * columns),
+                 std::back_inserter(cells),
+                 [](const Mission& mission) { return std::make_shared<StampViewCell>(mission); });
+  return cells;
+}
+
+std::shared_ptr<View> imageOf(const std::optional<std::string>& url) {
+  if (!url) return nullptr;
+  const auto view = std::make_shared<AutoLayoutImageView>();
+  view->load(*url);
+  return view;
+}
+
+std::shared_ptr<View> noticeOf(const std::optional<CampaignNotice>& notice) {
+  if (!notice) return nullptr;
+  const auto view = std::make_shared<CampaignNoticeView>();
+  view->setMessages(notice->messages);
+  return view;
+}
+
+// Where it is named more than once, it stands where it is named last.
+bool isOneOfAKind(StampCampaignComponent component) {
+  return component == StampCampaignComponent::mainImage || component == StampCampaignComponent::subImage ||
+         component == StampCampaignComponent::stamp;
+}
+
+}  // namespace
+
+StampBoardView::StampBoardView(const std::vector<Mission>& missions, std::int64_t columns)
+    : columnCount(static_cast<std::size_t>(std::max<std::int64_t>(0, columns))),
+      cells(wholeRows(missions, columns)) {}
+
+StampCampaignView::StampCampaignView(const StampCampaign& campaign) {
+  const auto& order = campaign.layout.componentOrder;
+  for (auto component = order.begin(); component != order.end(); ++component) {
+    if (isOneOfAKind(*component) && std::find(component + 1, order.end(), *component) != order.end()) continue;
+    const auto block = blockOf(*component, campaign);
+    if (!block) continue;
+    const bool hasMargins = *component == StampCampaignComponent::information;
+    stackView->addArrangedSubview(block, hasMargins ? 0.0 : inset);
+    stackView->setCustomSpacingAfterLast(spacing);
+  }
+}
+
+std::shared_ptr<View> StampCampaignView::blockOf(StampCampaignComponent component,
+                                                 const StampCampaign& campaign) {
+  switch (component) {
+    case StampCampaignComponent::information:
+      return campaign.info ? std::make_shared<InformationView>(
+                                 campaign.info->firstTitle, campaign.info->secondTitle, campaign.info->guideMessage)
+                           : nullptr;
+    case StampCampaignComponent::mainImage:
+      return imageOf(campaign.mainImageUrl);
+    case StampCampaignComponent::subImage:
+      return imageOf(campaign.subImageUrl);
+    case StampCampaignComponent::notice:
+      return noticeOf(campaign.notice);
+    case StampCampaignComponent::stamp:
+      return std::make_shared<StampBoardView>(campaign.missions, campaign.columnCount);
+    case StampCampaignComponent::unknown:
+      return nullptr;
+  }
+  return nullptr;
+}
+
+}  // namespace orrelo

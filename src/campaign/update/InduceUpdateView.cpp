@@ -1,0 +1,33 @@
+#include "campaign/update/InduceUpdateView.h"
+
+#include "events/UserEventTracker.h"
+#include "platform/Application.h"
+
+#include <orrelo/Platform.h>
+
+#include <utility>
+
+namespace orrelo {
+
+InduceUpdateView::InduceUpdateView(std::string url, const Color& brandColor, std::weak_ptr<ToastLayer> toasts)
+    : color(brandColor),
+      // The blank that begins the last line belongs to the text.
+      errorView(std::make_shared<ErrorView>(
+          "버전 업데이트 후 참여할 수 있는 이벤트입니다.\n지금 바로 앱을 업데이트하고\n 새 캠페인에 참여해 보세요!")),
+      updateUrl(std::move(url)),
+      toastLayer(std::move(toasts)) {}
+
+void InduceUpdateView::routeToUpdateLink() {
+  const auto url = Url::parse(updateUrl);
+  const auto& application = Platform::current().application;
+  if (!url || !application->canOpen(*url)) {
+    if (const auto toasts = toastLayer.lock()) {
+      toasts->showToast("업데이트 페이지 이동에 실패했습니다.", Color());
+    }
+    return;
+  }
+  application->open(*url);
+  UserEventTracker::track(UserEventName::induceUpdateButtonClick);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "viewkit/ErrorView.h"
+#include "viewkit/TextStyle.h"
+#include "viewkit/ToastLayer.h"
+
+#include <orrelo/Export.h>
+
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// Asks for a newer version of the host's application, and leads to it.
+class ORRELO_EXPORT InduceUpdateView final : public View {
+ public:
+  /// In points.
+  static constexpr double spacing = 16.0;
+  static constexpr double buttonWidth = 124.0;
+  static constexpr double buttonHeight = 36.0;
+  static constexpr double buttonBorderWidth = 1.0;
+  static constexpr double buttonCornerRadius = 8.0;
+  static constexpr auto buttonTitle = "업데이트하러 가기";
+
+  /// What cannot be opened is said in a toast on `toasts`.
+  InduceUpdateView(std::string url, const Color& brandColor, std::weak_ptr<ToastLayer> toasts);
+
+  std::string_view kind() const override { return "InduceUpdateView"; }
+
+  /// The button was pressed.
+  void routeToUpdateLink();
+
+  /// Of the button's title and border.
+  const Color color;
+  const std::shared_ptr<ErrorView> errorView;
+
+ private:
+  const std::string updateUrl;
+  const std::weak_ptr<ToastLayer> toastLayer;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,57 @@
+#include "navigation/ShowPageUseCase.h"
+
+#include "core/base/Logger.h"
+#include "reactive/Observable.h"
+#include "viewkit/base/KeyWindow.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+// The first of several with the same id.
+std::optional<Page> pageOf(const Config& config, const std::string& pageId) {
+  const auto found = std::find_if(config.entries.begin(), config.entries.end(),
+                                  [&](const Entry& entry) { return entry.pageId == pageId; });
+  return found == config.entries.end() ? std::nullopt : std::optional(found->page);
+}
+
+void open(PageRouter& router, const std::string& pageId, const std::optional<Page>& page) {
+  if (!page) return log(LogLevel::ERROR, [&] { return "Cannot find pageId: " + pageId; });
+  const auto root = keyWindowRootViewController();
+  if (!root) return log(LogLevel::ERROR, "Cannot find UIViewController in App while showing Page");
+  router.route(root->topmost(), *page);
+}
+
+}  // namespace
+
+std::shared_ptr<ShowPageUseCaseImpl> ShowPageUseCaseImpl::create(
+    std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase, std::shared_ptr<PageRouter> pageRouter) {
+  return std::shared_ptr<ShowPageUseCaseImpl>(
+      new ShowPageUseCaseImpl(std::move(fetchConfigUseCase), std::move(pageRouter)));
+}
+
+ShowPageUseCaseImpl::ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> config,
+                                         std::shared_ptr<PageRouter> router)
+    : fetchConfigUseCase(std::move(config)),
+      pageRouter(std::move(router)),
+      concurrentDispatchQueueScheduler(
+          std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive)),
+      mainScheduler(reactive::MainScheduler::instance()) {}
+
+void ShowPageUseCaseImpl::execute(const std::string& pageId) {
+  fetchConfigUseCase->fetch()
+      .map([pageId](const Config& config) { return pageOf(config, pageId); })
+      .subscribeOn(concurrentDispatchQueueScheduler)
+      .observeOn(mainScheduler)
+      .subscribe({.onNext =
+                      [weak = weak_from_this(), pageId](const std::optional<Page>& page) {
+                        if (const auto self = weak.lock()) open(*self->pageRouter, pageId, page);
+                      },
+                  .onError = [](const Error& error) { log(LogLevel::ERROR, error.localizedDescription()); }})
+      .disposedBy(disposeBag);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "config/ConfigRepository.h"
+#include "reactive/Disposable.h"
+#include "reactive/Scheduler.h"
+#include "viewkit/base/Routing.h"
+
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+class ShowPageUseCase {
+ public:
+  virtual ~ShowPageUseCase() = default;
+
+  /// Takes the user to the page that the configuration has under `pageId`. What comes of it is in the log
+  /// alone. Any thread.
+  virtual void execute(const std::string& pageId) = 0;
+};
+
+/// Opens pages over the screen that the user has before them.
+class ShowPageUseCaseImpl final : public ShowPageUseCase,
+                                  public std::enable_shared_from_this<ShowPageUseCaseImpl> {
+ public:
+  static std::shared_ptr<ShowPageUseCaseImpl> create(std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase,
+                                                     std::shared_ptr<PageRouter> pageRouter);
+
+  void execute(const std::string& pageId) override;
+
+ private:
+  ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> config, std::shared_ptr<PageRouter> router);
+
+  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
+  std::shared_ptr<PageRouter> pageRouter;
+  reactive::SchedulerPtr concurrentDispatchQueueScheduler;
+  reactive::SchedulerPtr mainScheduler;
+  reactive::DisposeBag disposeBag;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,96 @@
+#include "CampaignReplies.h"
+#include "core/base/preconditionFailure.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+
+Json modularJson() {
+  return Json::parse(storedReply("modular.json"));
+}
+Json& layoutOf(Json& campaign) {
+  return campaign["page"]["page_details_v2"]["page_config"]["layout"];
+}
+
+// A block of a kind by which a page is known.
+class Game final : public UIComponent {
+ public:
+  explicit Game(std::string_view key) : key_(key) {}
+  std::string_view arrayKey() const override { return key_; }
+  void render(StackView&) override {}
+
+ private:
+  std::string_view key_;
+};
+
+TEST(ModularCampaignTest, APageOfBlocksIsAModularCampaign) {
+  const auto campaign = mapped(modularJson());
+  const auto* const modular = std::get_if<ModularCampaign>(&campaign.type);
+  ASSERT_TRUE(modular);
+  EXPECT_EQ(modular->components.size(), 26U);
+  EXPECT_EQ(modular->config.layout.dialogComponents.size(), 4U);
+  EXPECT_EQ(campaign.name, "매일 열리는 선물 상자");
+}
+
+TEST(ModularCampaignTest, TheTitleIsTheLayoutsAlone) {
+  auto json = modularJson();
+  EXPECT_EQ(mapped(json).title, "선물 상자");
+  layoutOf(json).erase("toolbar");
+  EXPECT_EQ(mapped(json).title, std::nullopt);
+  json["page"]["page_details_v2"]["toolbar_text"] = 5;  // and yet it must be a text
+  EXPECT_EQ(mapped(json).type, Campaign::CampaignType(UnknownCampaign{}));
+  EXPECT_EQ(mapped(json).title, "이벤트");
+}
+
+TEST(ModularCampaignTest, APageOfWhichNothingCanBeShownIsUnknown) {
+  const auto isUnknown = [](const Json& json) {
+    return mapped(json).type == Campaign::CampaignType(UnknownCampaign{});
+  };
+  auto json = modularJson();
+  auto& page = json["page"];
+  layoutOf(json)["component_order"] = {"hologram"};
+  EXPECT_FALSE(isUnknown(json));  // its blanks are something
+  page["page_details_v2"].erase("blank");
+  EXPECT_TRUE(isUnknown(json));
+  layoutOf(json)["component_order"] = {"notice"};
+  EXPECT_FALSE(isUnknown(json));
+  page["page_type"] = "result";
+  EXPECT_TRUE(isUnknown(json));  // another kind does not look at the blocks
+  page["page_type"] = "gift_box";
+  page["page_detail"] = page["page_details_v2"];
+  page.erase("page_details_v2");
+  EXPECT_TRUE(isUnknown(json));
+}
+
+TEST(ModularCampaignTest, AStopInOnePageIsNoUnknownPage) {
+  struct Stop {};
+  setPreconditionFailureHandler([](std::string_view) { throw Stop(); });
+  auto json = modularJson();
+  layoutOf(json)["component_order"].push_back("notice");
+  EXPECT_THROW(mapped(json), Stop);
+  setPreconditionFailureHandler(nullptr);
+  EXPECT_EQ(mapped(modularJson()).title, "선물 상자");
+}
+
+TEST(ModularCampaignTest, TheGamesOfAPageGiveItItsKindTheWheelBeforeTheCard) {
+  const auto describe = [](const std::vector<std::string_view>& keys) {
+    ModularCampaign modular;
+    for (const auto key : keys) modular.components.push_back(std::make_shared<Game>(key));
+    const Campaign campaign{"id", "label", "name", "icon", std::nullopt, std::move(modular)};
+    try {
+      return pageName(campaign) + " " + std::to_string(static_cast<int>(publicType(campaign)));
+    } catch (const Error& error) {
+      return pageName(campaign) + " " + error.description();
+    }
+  };
+  EXPECT_THAT(
+      (std::vector{describe({"image", "roulette"}), describe({"scratch_lottery", "roulette"}),
+                   describe({"image", "scratch_lottery"}), describe({"image"})}),
+      ElementsAre("roulette 4", "roulette 4", "scratch_lottery 3", "modular CampaignTypeError.mappingError"));
+}
+
+}  // namespace
+}  // namespace orrelo::test

@@ -1,0 +1,138 @@
+#include "core/base/Logger.h"
+#include "navigation/PageRouterImpl.h"
+#include "navigation/ShowPageUseCase.h"
+#include "reactive/Observable.h"
+#include "support/TestPlatform.h"
+#include "viewkit/base/KeyWindow.h"
+#include "viewkit/base/NavigationController.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Lines = std::vector<std::string>;
+
+class OneConfig final : public FetchConfigUseCase {
+ public:
+  reactive::Observable<Config> fetch() override {
+    if (error) return reactive::error<Config>(*error);
+    auto config = Config::defaults();
+    config.entries = entries;
+    return reactive::just(config);
+  }
+  std::vector<Entry> entries;
+  std::optional<Error> error;
+};
+
+class FeatureRouter final : public Router {
+ public:
+  void route(const std::shared_ptr<ViewController>&, std::function<void()> onSuccess,
+             std::function<void(const Error&)> onFailure) override {
+    error ? onFailure(*error) : onSuccess();
+  }
+  std::optional<Error> error;
+};
+
+class PageRoutingTest : public testing::Test {
+ protected:
+  PageRoutingTest() {
+    // "[OrreloSDK][ERROR] <date> <message>" without the kit's name and the date.
+    setLogSink([this](std::string_view line) {
+      const std::string level(line.substr(11, line.find(' ') - 10));
+      log_.push_back(level + std::string(line.substr(line.find("+0000 ") + 6)));
+    });
+    platform_.application->setUrlOpener(
+        {[](const Url& url) { return url.scheme() == "shop"; },
+         [this](const Url& url) { done_.push_back("open " + std::string(url.text())); }});
+    setKeyWindowRootViewController(host_);
+  }
+  ~PageRoutingTest() override { setLogSink(nullptr, false); }
+
+  void route(const Page& page) { router_->route(host_, page); }
+  Lines taken() { return std::exchange(done_, {}); }
+  Lines logged() { return std::exchange(log_, {}); }
+  void showPage(const std::string& id) {
+    showPage_->execute(id);
+    platform_.loop->run();
+  }
+
+  TestPlatform platform_;
+  Lines done_;
+  Lines log_;
+  bool isInitialized_ = true;
+  std::shared_ptr<FeatureRouter> feature_ = std::make_shared<FeatureRouter>();
+  std::shared_ptr<HostViewController> host_ = std::make_shared<HostViewController>();
+  std::shared_ptr<OneConfig> config_ = std::make_shared<OneConfig>();
+  std::shared_ptr<PageRouter> router_ = std::make_shared<PageRouterImpl>(
+      Destinations{.showCampaign =
+                       [this](const auto& id, const auto& with) {
+                         done_.push_back("campaign " + id + " over " + std::string(with->kind()));
+                       },
+                   .showHome = [this](const auto&) { done_.push_back("home"); },
+                   .isInitialized = [this] { return isInitialized_; },
+                   .router = [this](Page::Fixed page) -> std::shared_ptr<Router> {
+                     return page == Page::Fixed::gifticon ? feature_ : nullptr;
+                   }});
+  std::shared_ptr<ShowPageUseCase> showPage_ = ShowPageUseCaseImpl::create(config_, router_);
+};
+
+TEST_F(PageRoutingTest, EachCaseHasItsWay) {
+  route(Page::Campaign{"c-1"});
+  route(Page::Fixed::home);
+  route(Page::DeepLink{*Url::parse("shop://cart")});
+  route(Page::DeepLink{*Url::parse("unheard-of://cart")});
+  EXPECT_THAT(taken(), ElementsAre("campaign c-1 over HostViewController", "home", "open shop://cart"));
+  EXPECT_THAT(logged(), IsEmpty()) << "what the machine cannot open is passed over in silence";
+  route(Page::Fixed::unknown);
+  EXPECT_THAT(logged(), ElementsAre("[ERROR] Route to Unknown Page. Check Orrelo SDK version"));
+}
+
+TEST_F(PageRoutingTest, AFeatureSaysHowItWent) {
+  route(Page::Fixed::gifticon);
+  feature_->error = Error("Test", "closed", "문을 닫았어요");
+  route(Page::Fixed::gifticon);
+  route(Page::Fixed::referral);
+  isInitialized_ = false;
+  route(Page::Fixed::pointRedemptionHistory);
+  EXPECT_THAT(
+      logged(),
+      ElementsAre("[DEBUG] page(gifticon) route is succeed", "[ERROR] 문을 닫았어요",
+                  "[ERROR] Orrelo is not initialized",
+                  "[ERROR] Orrelo SDK is not initialized. Call Orrelo.initialize() before route(with:page:)",
+                  "[ERROR] Orrelo is not initialized"));
+  EXPECT_THAT(taken(), IsEmpty());
+}
+
+TEST_F(PageRoutingTest, AnIdLeadsToItsFirstPageOverTheUppermostScreen) {
+  config_->entries = {{"autumn", Page::Campaign{"c-1"}}, {"autumn", Page::Fixed::home}, {"odd", Page()}};
+  const auto navigation = NavigationController::create(std::make_shared<HostViewController>());
+  host_->present(navigation, false);
+  showPage("autumn");
+  EXPECT_THAT(taken(), ElementsAre("campaign c-1 over HostViewController"));
+  showPage("odd");
+  showPage("Autumn");
+  EXPECT_THAT(logged(), ElementsAre("[ERROR] Route to Unknown Page. Check Orrelo SDK version",
+                                    "[ERROR] Cannot find pageId: Autumn"));
+  config_->error = Error("NetworkError", "offline");
+  showPage("autumn");
+  EXPECT_THAT(logged(), ElementsAre("[ERROR] NetworkError.offline"));
+  config_->error.reset();
+  host_.reset();
+  showPage("autumn");
+  EXPECT_THAT(logged(), ElementsAre("[ERROR] Cannot find UIViewController in App while showing Page"));
+  EXPECT_THAT(taken(), IsEmpty());
+}
+
+TEST_F(PageRoutingTest, AUseCaseThatIsGoneOpensNothing) {
+  config_->entries = {{"autumn", Page::Campaign{"c-1"}}};
+  showPage_->execute("autumn");
+  showPage_.reset();
+  platform_.loop->run();
+  EXPECT_THAT(taken(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace orrelo::test
