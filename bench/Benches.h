@@ -9,5 +9,6 @@ void addInitialize();
 void addChain();
 void addImage();
 void addCampaign();
+void addScratch();
 
 }  // namespace orrelo::bench

@@ -49,7 +49,9 @@ void QtApplication::update() {
   const auto state = QGuiApplication::applicationState();
   const bool isSuspended = state == Qt::ApplicationSuspended || state == Qt::ApplicationHidden;
   const bool was = std::exchange(isInForeground_, isSeen && !isSuspended);
-  if (was && !isInForeground_) application_->send(Application::Signal::didEnterBackground);
+  if (was == isInForeground_) return;
+  application_->send(was ? Application::Signal::didEnterBackground
+                         : Application::Signal::willEnterForeground);
 }
 
 }  // namespace orrelo::quick

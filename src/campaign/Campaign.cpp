@@ -1,11 +1,14 @@
 #include "campaign/Campaign.h"
 
+#include "modular/roulette/RouletteComponent.h"
+#include "modular/scratch/ScratchLotteryComponent.h"
+
 namespace orrelo {
 namespace {
 
 // The kinds of blocks by which a modular page is known.
-constexpr std::string_view roulette = "roulette";
-constexpr std::string_view scratchLottery = "scratch_lottery";
+constexpr auto roulette = RouletteComponent::key;
+constexpr auto scratchLottery = ScratchLotteryComponent::key;
 
 struct PageNames {
   std::string operator()(const AttendanceCampaign&) const { return "attendance"; }

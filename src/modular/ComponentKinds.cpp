@@ -8,6 +8,8 @@
 #include "modular/content/PageEntryComponent.h"
 #include "modular/content/TooltipInformationComponent.h"
 #include "modular/content/WebComponent.h"
+#include "modular/roulette/RouletteComponent.h"
+#include "modular/scratch/ScratchLotteryComponent.h"
 
 #include <array>
 
@@ -22,9 +24,11 @@ constexpr ComponentKind kind() {
 }
 
 constexpr std::array kinds{
-    kind<InformationComponent>(),          kind<ActionButtonComponent>(), kind<NoticeComponent>(),
-    kind<TooltipInformationComponent>(),   kind<ImageComponent>(),        kind<PageEntryComponent>(),
-    kind<BoxedInformationListComponent>(), kind<WebComponent>(),
+    kind<InformationComponent>(),    kind<ActionButtonComponent>(),
+    kind<NoticeComponent>(),         kind<TooltipInformationComponent>(),
+    kind<ImageComponent>(),          kind<RouletteComponent>(),
+    kind<PageEntryComponent>(),      kind<BoxedInformationListComponent>(),
+    kind<ScratchLotteryComponent>(), kind<WebComponent>(),
 };
 
 }  // namespace

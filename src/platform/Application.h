@@ -10,7 +10,7 @@ namespace orrelo {
 /// The application that the kit runs in.
 class Application {
  public:
-  enum class Signal { didEnterBackground, willTerminate };
+  enum class Signal { didEnterBackground, willEnterForeground, willTerminate };
   /// Ends an observation when its last copy is let go; a call that runs by then runs to its end.
   using Registration = std::shared_ptr<const void>;
 
@@ -23,6 +23,8 @@ class Application {
   virtual void open(const Url& url) = 0;
   /// Pixels to a point of the main screen. Any thread.
   virtual double screenScale() const = 0;
+  /// Whether the user has asked the machine for less movement. Any thread.
+  virtual bool prefersReducedMotion() const { return false; }
 };
 
 }  // namespace orrelo

@@ -21,6 +21,7 @@ class ORRELO_EXPORT PosixApplication final : public Application {
     if (opener_.open) opener_.open(url);
   }
   double screenScale() const override { return screenScale_; }
+  bool prefersReducedMotion() const override { return prefersReducedMotion_; }
 
   /// How URLs are opened. Before the kit is used.
   struct UrlOpener {
@@ -32,6 +33,7 @@ class ORRELO_EXPORT PosixApplication final : public Application {
   /// Calls the observers in the order in which they came. On the main thread.
   void send(Signal signal);
   void setScreenScale(double scale) { screenScale_ = scale; }
+  void setPrefersReducedMotion(bool prefers) { prefersReducedMotion_ = prefers; }
 
  private:
   struct Observer {
@@ -41,6 +43,7 @@ class ORRELO_EXPORT PosixApplication final : public Application {
 
   UrlOpener opener_;
   std::atomic<double> screenScale_ = 1.0;
+  std::atomic<bool> prefersReducedMotion_ = false;
   std::mutex mutex_;
   std::vector<std::weak_ptr<const Observer>> observers_;
 };

@@ -6,7 +6,7 @@ namespace orrelo {
 
 /// How a line of text is written, in the system's font.
 struct TextStyle {
-  enum class Weight { regular, bold, heavy };
+  enum class Weight { regular, semibold, bold, heavy };
 
   /// In points.
   double size = 0.0;

@@ -37,12 +37,6 @@ class ORRELO_EXPORT TooltipView final : public View {
     friend bool operator==(const State&, const State&) = default;
   };
 
-  struct Point {
-    double x = 0.0;
-    double y = 0.0;
-
-    friend bool operator==(const Point&, const Point&) = default;
-  };
   /// What is to be painted, in points.
   struct Shape {
     /// The bubble: its top, and its size.

@@ -30,7 +30,7 @@ TEST(ModularCampaignTest, APageOfBlocksIsAModularCampaign) {
   const auto campaign = mapped(modularJson());
   const auto* const modular = std::get_if<ModularCampaign>(&campaign.type);
   ASSERT_TRUE(modular);
-  EXPECT_EQ(modular->components.size(), 22U);
+  EXPECT_EQ(modular->components.size(), 26U);
   EXPECT_EQ(modular->config.layout.dialogComponents.size(), 4U);
   EXPECT_EQ(campaign.name, "매일 열리는 선물 상자");
 }

@@ -350,10 +350,10 @@ TEST(TooltipViewTest, TheTailStandsWhereItsBiasSays) {
   const auto shape = above.shape({200.0, 60.0});
   EXPECT_EQ(shape.top, 10.0);
   EXPECT_EQ(shape.size, (Size{200.0, 50.0}));
-  EXPECT_EQ(shape.tail[1], (TooltipView::Point{107.0, 0.0}));
+  EXPECT_EQ(shape.tail[1], (Point{107.0, 0.0}));
   const TooltipView below({.tailPosition = TooltipView::TailPosition::bottom, .horizontalBias = 0.0});
-  EXPECT_EQ(below.shape({200.0, 60.0}).tail[0], (TooltipView::Point{0.0, 50.0}));
-  EXPECT_EQ(below.shape({200.0, 60.0}).tail[1], (TooltipView::Point{7.0, 60.0}));
+  EXPECT_EQ(below.shape({200.0, 60.0}).tail[0], (Point{0.0, 50.0}));
+  EXPECT_EQ(below.shape({200.0, 60.0}).tail[1], (Point{7.0, 60.0}));
 }
 
 }  // namespace

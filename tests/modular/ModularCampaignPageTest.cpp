@@ -20,7 +20,8 @@ TEST(ModularCampaignPageTest, AWholePageIsItsBlocksWithOneBlankFirstAndOneAfterE
               ElementsAre("blank 12", "image", "blank 24", "information", "blank 16", "action", "blank 32",
                           /* hologram */ "blank 8", "information_tooltip", "blank 20",
                           "boxed_information_list", "blank 28", "image", "blank 16", "web", "blank 16",
-                          "page_entry_view", "blank 8", "page_entry_view", "blank 8", "notice", "blank 40"));
+                          "page_entry_view", "blank 8", "page_entry_view", "blank 8", "notice", "blank 40",
+                          "roulette", "blank 4", "scratch_lottery", "blank 16"));
 }
 
 TEST(ModularCampaignPageTest, EveryNameTakesABlankWhetherItBringsABlockOrNot) {
@@ -77,7 +78,7 @@ TEST(ModularCampaignPageTest, AKindWithOneBadBlockIsNotThereAtAll) {
   page["blank"] = nullptr;
   EXPECT_THAT(listed(page),
               ElementsAre("information", "action", "information_tooltip", "boxed_information_list", "web",
-                          "page_entry_view", "page_entry_view", "notice"));
+                          "page_entry_view", "page_entry_view", "notice", "roulette", "scratch_lottery"));
 }
 
 TEST(ModularCampaignPageTest, DialogsAreTheRewardsThenTheToastsOrNoneAtAll) {

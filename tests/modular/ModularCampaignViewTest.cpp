@@ -34,10 +34,11 @@ class ModularCampaignViewTest : public RenderedPage {
 
 TEST_F(ModularCampaignViewTest, BlocksStandInTheirOrder) {
   const auto page = build(wholePage());
-  EXPECT_THAT(kinds(*page),
-              ElementsAre("SpacerView", "AutoLayoutImageView", "InformationView", "ActionButtonView",
-                          "TooltipInformationView", "BoxedInformationListView", "AutoLayoutImageView",
-                          "WebView", "PageEntryView", "PageEntryView", "NoticeView"));
+  EXPECT_THAT(
+      kinds(*page),
+      ElementsAre("SpacerView", "AutoLayoutImageView", "InformationView", "ActionButtonView",
+                  "TooltipInformationView", "BoxedInformationListView", "AutoLayoutImageView", "WebView",
+                  "PageEntryView", "PageEntryView", "NoticeView", "RouletteView", "ScratchLotteryView"));
   const auto stack = page->stackView->state.value().arrangedSubviews;
   EXPECT_EQ(stack[3].spacingAfter, 8.0);  // the blank of a block that this build does not know
 }

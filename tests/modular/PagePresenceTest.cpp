@@ -37,6 +37,22 @@ Rule orAbsent(const Rule& rule) {
   return [rule](const Json& value) { return value.is_null() || rule(value); };
 }
 
+const Json& at(const Json& object, const std::string& key) {
+  static const Json none;
+  return object.contains(key) ? object[key] : none;
+}
+
+// One that waits. An older list of items serves where there is no newer one.
+bool isWheel(const Json& wheel) {
+  const auto isItem = recordOf({{"reward_type", &isText}, {"reward_text", &isText}});
+  const auto& progress = at(wheel, "progress");
+  const auto& items = at(wheel, "items_v2");
+  return at(progress, "state") == "idle" && orAbsent(&isWhole)(at(progress, "result_index")) &&
+         orAbsent(&isText)(at(progress, "done_url")) &&
+         (items.is_null() ? listOf(&isText)(at(wheel, "items")) : listOf(isItem)(items)) &&
+         isText(at(wheel, "primary_color")) && isText(at(wheel, "secondary_color"));
+}
+
 const std::map<std::string, Rule>& blockRules() {
   const auto texts = [](const std::vector<std::string>& keys) {
     Record record;
@@ -49,6 +65,9 @@ const std::map<std::string, Rule>& blockRules() {
   action["button_enable"] = [](const Json& value) { return value.is_boolean(); };
   auto web = texts({"width", "height"});
   web["url"] = isFilledText;
+  auto card = texts({"result", "mot_url", "done_url", "primary_color", "secondary_color"});
+  card["state"] = [](const Json& value) { return value == "idle" || value == "done"; };
+  card["scratchable"] = action["button_enable"];
   static const std::map<std::string, Rule> rules{
       {"information", recordOf(texts({"first_title", "second_title", "guide_message"}))},
       {"action", recordOf(action)},
@@ -61,13 +80,10 @@ const std::map<std::string, Rule>& blockRules() {
        recordOf({{"title", &isText},
                  {"items", listOf(recordOf(texts({"left_text", "image_url", "right_text", "color"})))}})},
       {"web", recordOf(web)},
+      {"roulette", &isWheel},
+      {"scratch_lottery", recordOf(card)},
   };
   return rules;
-}
-
-const Json& at(const Json& object, const std::string& key) {
-  static const Json none;
-  return object.contains(key) ? object[key] : none;
 }
 
 // What should become of a page: the names of its blocks, "DecodingError" or "Stop".

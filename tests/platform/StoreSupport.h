@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/Logger.h"
 #include "platform/SqliteEventDatabase.h"
+#include "support/LogCapture.h"
 #include "support/TemporaryFolder.h"
 #include "support/Twins.h"
 
@@ -48,25 +48,6 @@ class StepExecutor final : public SerialExecutor {
 
  private:
   std::deque<Task> tasks_;
-};
-
-/// The log's lines while it lives.
-class LogCapture {
- public:
-  LogCapture() {
-    setLogSink([this](std::string_view line) { lines_.emplace_back(line); });
-  }
-  ~LogCapture() {
-    setLogSink([](std::string_view) {}, false);
-    setLogSink({});
-  }
-  LogCapture(const LogCapture&) = delete;
-  LogCapture& operator=(const LogCapture&) = delete;
-
-  const std::vector<std::string>& lines() const { return lines_; }
-
- private:
-  std::vector<std::string> lines_;
 };
 
 inline std::vector<std::string> fileNames(const std::filesystem::path& folder) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <numbers>
+
 namespace orrelo {
 
 /// In points: pixels at a scale of 1.
@@ -10,6 +12,22 @@ struct Size {
   friend bool operator==(const Size&, const Size&) = default;
 };
 
+struct Point {
+  double x = 0.0;
+  double y = 0.0;
+
+  friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Rect {
+  double x = 0.0;
+  double y = 0.0;
+  double width = 0.0;
+  double height = 0.0;
+
+  friend bool operator==(const Rect&, const Rect&) = default;
+};
+
 struct EdgeInsets {
   double top = 0.0;
   double left = 0.0;
@@ -18,5 +36,9 @@ struct EdgeInsets {
 
   friend bool operator==(const EdgeInsets&, const EdgeInsets&) = default;
 };
+
+constexpr double radians(double degrees) {
+  return degrees * std::numbers::pi / 180.0;
+}
 
 }  // namespace orrelo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Application.h"
+
+#include <memory>
+
+namespace orrelo {
+
+class RouletteView;
+
+/// Keeps a wheel's spin across the application's time in the background: it stands still meanwhile, and goes
+/// on from there. One that stood still before keeps standing.
+class LayerPersistentHelper {
+ public:
+  LayerPersistentHelper(const std::weak_ptr<RouletteView>& layer, Application& application);
+
+ private:
+  std::shared_ptr<bool> wasPaused = std::make_shared<bool>(true);
+  Application::Registration willResignActive;
+  Application::Registration didBecomeActive;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,129 @@
+#include "modular/roulette/RouletteDrawing.h"
+
+#include "core/base/Utf8.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace orrelo {
+namespace {
+
+constexpr Color white{1.0, 1.0, 1.0, 1.0};
+constexpr Color textColor{0.363, 0.369, 0.375, 1.0};
+
+double degreesOf(Point direction) {
+  return std::atan2(direction.y, direction.x) * 180.0 / std::numbers::pi;
+}
+
+// The arc of a corner that is rounded where its two sides touch it.
+RouletteDrawing::Arc rounded(Point before, Point corner, Point after, double radius) {
+  const auto towards = [corner](Point end) {
+    const double length = std::hypot(end.x - corner.x, end.y - corner.y);
+    return Point{(end.x - corner.x) / length, (end.y - corner.y) / length};
+  };
+  const Point in = towards(before);
+  const Point out = towards(after);
+  const double half = std::acos(in.x * out.x + in.y * out.y) / 2;
+  const double reach = radius / std::tan(half);
+  const Point bisector{in.x + out.x, in.y + out.y};
+  const double distance = radius / std::sin(half) / std::hypot(bisector.x, bisector.y);
+  const Point center{corner.x + bisector.x * distance, corner.y + bisector.y * distance};
+  const auto fromCenter = [&](Point side) {
+    return degreesOf({corner.x + side.x * reach - center.x, corner.y + side.y * reach - center.y});
+  };
+  const double start = fromCenter(in);
+  return {center, radius, start, std::remainder(fromCenter(out) - start, 360.0)};
+}
+
+RouletteDrawing::Pin pinOf(double width, const Color& color) {
+  constexpr double cornerRadius = 3.0;
+  const Point left{width / 2 - 15.0, 0.0};
+  const Point right{width / 2 + 15.0, 0.0};
+  const Point tip{width / 2, 35.0};
+  return {{rounded(left, tip, right, cornerRadius), rounded(tip, right, left, cornerRadius),
+           rounded(right, left, tip, cornerRadius)},
+          color};
+}
+
+// A wheel with room for the texts of each sector.
+class WheelPainter {
+ public:
+  WheelPainter(Point center, double radius, double itemTextLayerRadius, std::size_t count)
+      : center_(center),
+        radius_(radius),
+        textLayerRadius_(itemTextLayerRadius),
+        sectorSize_(360.0 / static_cast<double>(count)),
+        textSize_{radius * 2 * std::numbers::pi / static_cast<double>(count), radius * 0.5} {}
+
+  RouletteDrawing::Wheel paint(const std::vector<RouletteItemModel>& items) const {
+    RouletteDrawing::Wheel wheel;
+    double startAngle = 0.0;
+    for (const auto& item : items) {
+      const double endAngle = startAngle + sectorSize_;
+      auto color = item.color;
+      color.alpha = 0.3;
+      wheel.sectors.push_back({center_, radius_, startAngle, endAngle, color});
+      const double middle = startAngle + sectorSize_ * 0.5;
+      const auto bodySize = utf8::length(item.body) > 5 ? 11.0 : 16.0;
+      wheel.texts.push_back(text(item.title, middle, 0.95, {.size = 14.0, .color = textColor}));
+      wheel.texts.push_back(
+          text(item.body, middle, 0.65, {bodySize, TextStyle::Weight::semibold, textColor}));
+      startAngle = endAngle;
+    }
+    return wheel;
+  }
+
+ private:
+  // Half way to a point on the sector's middle line; upright when the sector stands under the pin.
+  RouletteDrawing::Text text(const std::string& text, double middle, double share,
+                             const TextStyle& style) const {
+    const double distance = textLayerRadius_ * share / 2;
+    const Point anchor{center_.x + distance * std::cos(radians(middle)),
+                       center_.y + distance * std::sin(radians(middle))};
+    return {
+        text,
+        {anchor.x - textSize_.width / 2, anchor.y - textSize_.height / 2, textSize_.width, textSize_.height},
+        middle - 270.0,
+        style};
+  }
+
+  const Point center_;
+  const double radius_;
+  const double textLayerRadius_;
+  const double sectorSize_;
+  const Size textSize_;
+};
+
+RouletteDrawing::Veil veilOf(Point center, double radius) {
+  return {{center, radius, {0.239, 0.243, 0.247, 0.5}},
+          {RouletteDrawing::veilText,
+           {center.x - 75.0, center.y - 10.0, 150.0, 20.0},
+           0.0,
+           {18.0, TextStyle::Weight::bold, white}}};
+}
+
+}  // namespace
+
+RouletteDrawing RouletteDrawing::of(const std::vector<RouletteItemModel>& items, const Look& look,
+                                    Size size) {
+  const Point center{size.width / 2, size.height / 2};
+  const double r = std::min(center.x, center.y);
+  const auto disc = [&](double inset, const Color& color) {
+    return Disc{center, std::max(r - inset, 0.0), color};
+  };
+  const double wheelRadius = disc(25.0, {}).radius;
+  RouletteDrawing drawing{
+      .rim = {disc(5.0, look.secondaryColor), disc(25.0, {0.945, 0.949, 0.953, 1.0}), disc(35.0, white)},
+      .wheel = {},
+      .centerDot = {center, 6.0, look.primaryColor},
+      .veil = {},
+      .pin = pinOf(size.width, look.primaryColor)};
+  if (!items.empty()) {
+    drawing.wheel = WheelPainter(center, wheelRadius, disc(5.0, {}).radius, items.size()).paint(items);
+  }
+  if (!look.isEnabled) drawing.veil = veilOf(center, wheelRadius);
+  return drawing;
+}
+
+}  // namespace orrelo

@@ -1,0 +1,124 @@
+#include "modular/roulette/RouletteView.h"
+
+#include "core/base/Logger.h"
+#include "reactive/Creating.h"
+#include "viewkit/base/Geometry.h"
+
+#include <orrelo/Platform.h>
+
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+std::string spoken(const RouletteItemModel& item) {
+  return item.title.empty() || item.body.empty() ? item.title + item.body : item.title + " " + item.body;
+}
+
+}  // namespace
+
+double RouletteView::finalAngle(std::int64_t index, std::size_t count) {
+  constexpr double pinAngle = 270.0;
+  const double sectorSize = 360.0 / static_cast<double>(count);
+  const double centre = sectorSize * static_cast<double>(index) + sectorSize * 0.5;
+  return centre <= pinAngle ? pinAngle - centre : (360.0 - centre) + pinAngle;
+}
+
+void RouletteView::configure(std::vector<RouletteItemModel> items) {
+  items_ = std::move(items);
+}
+
+void RouletteView::spin(std::int64_t endIndex, const std::string& spinDidEndActionUrl) {
+  if (items_.empty()) return;
+  willEndIndex = endIndex;
+  spinWheelDidEndActionUrl = spinDidEndActionUrl;
+  whenWheelIsThere(
+      [](RouletteView& self) { self.startSpin(finalAngle(*self.willEndIndex, self.items_.size())); });
+}
+
+void RouletteView::showResult(std::int64_t index) {
+  if (items_.empty()) return;
+  // Before the wheel is painted, lest it be seen for a moment where it has never been.
+  state.change([&](State& changed) { changed.rotation = radians(finalAngle(index, items_.size())); });
+  whenWheelIsThere([outcome = outcomeOf(index)](RouletteView& self) {
+    self.state.change([&](State& changed) { changed.outcome = outcome; });
+  });
+}
+
+void RouletteView::setEnabled(bool isEnabled) {
+  state.change([isEnabled](State& changed) { changed.isEnabled = isEnabled; });
+}
+
+RouletteDrawing RouletteView::drawing() const {
+  return RouletteDrawing::of(items_, {primaryColor, secondaryColor, state.value().isEnabled}, {side, side});
+}
+
+std::string RouletteView::accessibilityLabel() const {
+  std::string label = "룰렛";
+  for (const auto& item : items_) label += (&item == &items_.front() ? ", 경품: " : ", ") + spoken(item);
+  return label;
+}
+
+void RouletteView::wheelDidAppear() {
+  if (std::exchange(isWheelThere_, true)) return;
+  const auto self = std::static_pointer_cast<RouletteView>(shared_from_this());
+  persistentHelper.emplace(self, *Platform::current().application);
+  isAppendedWheelLayer.onNext({});
+  isAppendedWheelLayer.onCompleted();
+}
+
+void RouletteView::wheelDidFail(const Error& error) {
+  isAppendedWheelLayer.onError(error);
+}
+
+void RouletteView::animationDidStop(bool finished) {
+  const auto spin = state.value().spin;
+  if (finished && spin) finishSpin(spin->to);
+}
+
+void RouletteView::whenWheelIsThere(std::function<void(RouletteView&)> task) {
+  const auto signal = isWheelThere_ ? reactive::just(reactive::Unit()) : isAppendedWheelLayer.asObservable();
+  const auto background =
+      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
+  const auto weak = std::weak_ptr(std::static_pointer_cast<RouletteView>(shared_from_this()));
+  signal.subscribeOn(background)
+      .observeOn(reactive::MainScheduler::instance())
+      .subscribe({.onNext =
+                      [weak, task = std::move(task)](reactive::Unit) {
+                        if (const auto self = weak.lock()) task(*self);
+                      },
+                  .onError =
+                      [](const Error& error) {
+                        log(LogLevel::ERROR,
+                            "Start Roulette Animation Failure: " + error.localizedDescription());
+                      }})
+      .disposedBy(disposeBag);
+}
+
+void RouletteView::startSpin(double angle) {
+  constexpr double wholeTurns = 8 * 360.0;
+  const double rotation = radians(angle + wholeTurns);
+  if (Platform::current().application->prefersReducedMotion()) return finishSpin(rotation);
+  state.change([rotation](State& changed) {
+    changed.spin = Animation{.from = 0.0, .to = rotation, .duration = spinDuration};
+  });
+}
+
+void RouletteView::finishSpin(double rotation) {
+  state.change([&](State& changed) {
+    changed.rotation = rotation;
+    changed.spin.reset();
+    changed.outcome = outcomeOf(*willEndIndex);
+  });
+  const auto actionUrl = std::exchange(spinWheelDidEndActionUrl, std::nullopt);
+  const auto listener = delegate.lock();
+  if (listener && actionUrl) listener->spinDidEnd(*actionUrl);
+}
+
+// An index beyond the sectors lands by its angle, whole turns further.
+std::string RouletteView::outcomeOf(std::int64_t index) const {
+  const auto count = static_cast<std::int64_t>(items_.size());
+  return "결과: " + spoken(items_[static_cast<std::size_t>((index % count + count) % count)]);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,70 @@
+#include "modular/scratch/ScratchLotteryView.h"
+
+#include <cmath>
+
+namespace orrelo {
+
+ScratchLotteryView::ScratchLotteryView(const Content& card) : content(card) {
+  accessibilityIdentifier = identifier;
+  const bool isHidden = content.isDone;
+  scratchMaskView->state.set({isHidden, content.isScratchable && !isHidden});
+}
+
+std::shared_ptr<ScratchLotteryView> ScratchLotteryView::create(const Content& content) {
+  std::shared_ptr<ScratchLotteryView> view(new ScratchLotteryView(content));
+  view->scratchMaskView->delegate = view;
+  return view;
+}
+
+std::string ScratchLotteryView::accessibilityLabel() const {
+  if (scratchMaskView->state.value().isHidden) return "스크래치 복권, 결과: " + content.result;
+  return isBlocked() ? "스크래치 복권" : "스크래치 복권, 누르면 결과가 나옵니다";
+}
+
+void ScratchLotteryView::touchesBegan(Point point) {
+  if (isBlocked()) {
+    panStart = point;
+  } else if (isPressable()) {
+    scratchMaskView->begin(point);
+  }
+}
+
+void ScratchLotteryView::touchesMoved(Point point) {
+  if (isBlocked()) return pan(point);
+  if (!isPressable()) return;
+  ++movedCount;
+  // What this move rubs off counts at the next measurement.
+  if (movedCount % movesPerMeasurement == 0) scratchMaskView->measure();
+  scratchMaskView->erase(point);
+}
+
+void ScratchLotteryView::touchesEnded() {
+  if (isPanning) reportPan();
+  panStart.reset();
+  isPanning = false;
+}
+
+void ScratchLotteryView::press() {
+  if (isBlocked()) return reportPan();
+  if (isPressable()) didScratch(1.0);
+}
+
+void ScratchLotteryView::hideMask() {
+  scratchMaskView->state.set({.isHidden = true, .isUserInteractionEnabled = false});
+}
+
+void ScratchLotteryView::didScratch(double ratio) {
+  if (const auto listener = delegate.lock()) listener->didScratch(ratio);
+}
+
+void ScratchLotteryView::pan(Point point) {
+  if (!panStart) return;
+  isPanning = isPanning || std::hypot(point.x - panStart->x, point.y - panStart->y) >= panThreshold;
+  if (isPanning) reportPan();
+}
+
+void ScratchLotteryView::reportPan() {
+  if (const auto listener = delegate.lock()) listener->handleUnscratchable();
+}
+
+}  // namespace orrelo

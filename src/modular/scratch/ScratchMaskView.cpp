@@ -1,0 +1,64 @@
+#include "modular/scratch/ScratchMaskView.h"
+
+#include "platform/Application.h"
+#include "platform/Bitmap.h"
+#include "platform/WorkerPool.h"
+
+#include <orrelo/Platform.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace orrelo {
+
+// A view that is too large for a bitmap has a coarser one.
+double ScratchMaskView::scale() const {
+  const double sharpest = Bitmap::maximumSide / std::max(size().width, size().height);
+  return std::min(std::clamp(Platform::current().application->screenScale(), 1.0, maximumScale), sharpest);
+}
+
+const AlphaMask* ScratchMaskView::mask() {
+  if (!(size().width > 0.0) || !(size().height > 0.0)) return nullptr;
+  const auto pixels = [this](double points) {
+    return std::max(1, static_cast<int>(std::lround(points * scale())));
+  };
+  const int width = pixels(size().width);
+  const int height = pixels(size().height);
+  if (width != mask_.width() || height != mask_.height()) {
+    mask_ = mask_.pixels().empty() ? AlphaMask(width, height) : mask_.stretched(width, height);
+    touched_ = mask_.bounds();
+  }
+  return &mask_;
+}
+
+PixelRect ScratchMaskView::takeTouched() {
+  mask();
+  return std::exchange(touched_, {});
+}
+
+void ScratchMaskView::erase(Point point) {
+  const auto from = std::exchange(lastPoint, point);
+  if (!from || mask() == nullptr) return;
+  const double factor = scale();
+  const auto touched = mask_.eraseLine({from->x * factor, from->y * factor},
+                                       {point.x * factor, point.y * factor}, lineWidth * factor);
+  touched_ = touched_.united(touched);
+}
+
+void ScratchMaskView::measure() {
+  if (mask() == nullptr) return;
+  const auto& platform = Platform::current();
+  const auto weak = std::weak_ptr(std::static_pointer_cast<ScratchMaskView>(shared_from_this()));
+  platform.workers->post(
+      QualityOfService::userInteractive,
+      [weak, loop = platform.mainLoop, snapshot = std::make_shared<const AlphaMask>(mask_)] {
+        loop->post([weak, ratio = snapshot->clearedRatio()] {
+          const auto self = weak.lock();
+          const auto listener = self ? self->delegate.lock() : nullptr;
+          if (listener) listener->didScratch(ratio);
+        });
+      });
+}
+
+}  // namespace orrelo
