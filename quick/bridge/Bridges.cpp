@@ -9,6 +9,8 @@
 #include "quick/bridge/NavigationBridge.h"
 #include "quick/bridge/PopUpDialogScreenBridge.h"
 #include "quick/bridge/RewardScreenBridge.h"
+#include "quick/bridge/RouletteBridge.h"
+#include "quick/bridge/ScratchLotteryBridge.h"
 
 #include <QLoggingCategory>
 #include <algorithm>
@@ -63,6 +65,8 @@ constexpr std::array views{
     viewKind<SpacerView, SpacerBridge>("SpacerView", "modular/content"),
     viewKind<TooltipInformationView, TooltipInformationBridge>("TooltipInformationView", "modular/content"),
     viewKind<WebView, WebBridge>("WebView", "modular/content"),
+    viewKind<RouletteView, RouletteBridge>("RouletteView", "modular/roulette"),
+    viewKind<ScratchLotteryView, ScratchLotteryBridge>("ScratchLotteryView", "modular/scratch"),
 };
 
 constexpr std::array screens{

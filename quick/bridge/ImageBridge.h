@@ -37,7 +37,8 @@ class ImageBridge final : public ViewBridge {
   }
 
   bool fits() const {
-    return autoLayout_ == nullptr || autoLayout_->contentMode == AutoLayoutImageView::ContentMode::scaleAspectFit;
+    return autoLayout_ == nullptr ||
+           autoLayout_->contentMode == AutoLayoutImageView::ContentMode::scaleAspectFit;
   }
   double height() const { return autoLayout_ != nullptr ? autoLayout_->height.value() : 0.0; }
 

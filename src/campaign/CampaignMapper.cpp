@@ -43,7 +43,7 @@ AttendanceCampaign attendanceOf(AttendanceCampaignPageDetailDTO&& dto) {
 }
 
 OptInMarketingCampaign optInMarketingOf(OptInMarketingCampaignPageDetailDTO&& dto) {
-  return {std::move(dto.imageUrl), std::move(dto.buttonText),  dto.buttonVisibility,
+  return {std::move(dto.imageUrl), std::move(dto.buttonText), dto.buttonVisibility,
           dto.buttonEnable,        Color::fromHex(dto.color), {std::move(dto.notice)}};
 }
 
@@ -65,10 +65,12 @@ StampCampaign stampOf(StampCampaignPageDTO&& dto) {
     return std::find(order.begin(), order.end(), word) != order.end();
   };
   if (names("information")) {
-    campaign.info = CampaignInfo{std::move(dto.firstTitle).value_or(""), std::move(dto.secondTitle).value_or(""),
-                                 std::move(dto.guideMessage).value_or(""), std::nullopt};
+    campaign.info =
+        CampaignInfo{std::move(dto.firstTitle).value_or(""), std::move(dto.secondTitle).value_or(""),
+                     std::move(dto.guideMessage).value_or(""), std::nullopt};
   }
-  if (names("notice")) campaign.notice = CampaignNotice{std::move(dto.notice).value_or(std::vector<std::string>())};
+  if (names("notice"))
+    campaign.notice = CampaignNotice{std::move(dto.notice).value_or(std::vector<std::string>())};
   return campaign;
 }
 

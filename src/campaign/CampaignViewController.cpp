@@ -112,7 +112,8 @@ void CampaignViewController::render(const BrandedCampaign& element) {
           show(std::make_shared<InduceUpdateView>(kind.appStoreUrl, element.primary, toastLayer));
         } else if constexpr (std::is_same_v<Kind, DeprecatedCampaign>) {
           showNothing(OrreloError::deprecatedCampaign);
-        } else if constexpr (std::is_same_v<Kind, UnknownCampaign> || std::is_same_v<Kind, ReferralCampaign>) {
+        } else if constexpr (std::is_same_v<Kind, UnknownCampaign> ||
+                             std::is_same_v<Kind, ReferralCampaign>) {
           showNothing(OrreloError::unknownCampaign);
         } else {
           render(kind);

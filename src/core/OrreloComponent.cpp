@@ -17,8 +17,8 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   const NetworkConfig networkConfig{baseUrl + "sdk/" + appKey, HttpHeaderGenerator(userDefaults).generate()};
   configComponent_ = std::make_unique<ConfigComponent>(userDefaults, networkConfig);
   pageComponent_ = std::make_unique<PageComponent>(configComponent_->fetchConfigUseCase);
-  campaignComponent_ = std::make_unique<CampaignComponent>(configComponent_->fetchConfigUseCase, networkConfig,
-                                                           storeUrl, pageComponent_->pageRouter);
+  campaignComponent_ = std::make_unique<CampaignComponent>(
+      configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
 }
 

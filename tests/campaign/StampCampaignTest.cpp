@@ -19,7 +19,8 @@ Campaign mapped(const std::string& page) {
 }
 
 // A board of seven missions in `columns`, in a page with `order` and whatever `more` holds.
-std::string stampPage(const std::string& order, const std::string& more = "", const std::string& columns = "3") {
+std::string stampPage(const std::string& order, const std::string& more = "",
+                      const std::string& columns = "3") {
   std::string missions;
   for (const auto* const name : {"1", "2", "3", "4", "5", "6", "7"}) {
     missions += std::string(missions.empty() ? "" : ",") + R"({"name":")" + name + R"(","icon_url":""})";
@@ -54,14 +55,15 @@ class StampCampaignTest : public testing::Test {
 };
 
 TEST_F(StampCampaignTest, TheLayoutDecidesWhatIsMappedAndShown) {
-  const auto whole = stampOf(stampPage(R"("notice","banner","stamp","information","main_image","sub_image")",
-                                       R"("first_title":"미션","main_image_url":"https://img.example/a.png",)"));
+  const auto whole =
+      stampOf(stampPage(R"("notice","banner","stamp","information","main_image","sub_image")",
+                        R"("first_title":"미션","main_image_url":"https://img.example/a.png",)"));
   EXPECT_EQ(whole.info, (CampaignInfo{"미션", "", "", std::nullopt}));
   EXPECT_EQ(whole.notice, CampaignNotice{});
   EXPECT_EQ(whole.layout.componentOrder[1], StampCampaignComponent::unknown);
   const StampCampaignView view(whole);
-  EXPECT_THAT(kinds(view), ElementsAre("CampaignNoticeView", "StampBoardView", "InformationView",
-                                       "AutoLayoutImageView"));
+  EXPECT_THAT(kinds(view),
+              ElementsAre("CampaignNoticeView", "StampBoardView", "InformationView", "AutoLayoutImageView"));
   EXPECT_EQ(block<CampaignNoticeView>(view, 0)->body.value(), "");
 
   const auto bare = stampOf(stampPage("", R"("first_title":"미션","notice":["하나"],)"));
@@ -96,7 +98,8 @@ TEST_F(StampCampaignTest, ABoardWithoutColumnsStopsTheProcess) {
 
 TEST_F(StampCampaignTest, ARequiredFieldThatIsMissingMakesThePageUnknown) {
   const auto page = stampPage(R"("stamp")");
-  for (const std::string key : {"stamp", "column_count", "missions", "name", "icon_url", "layout", "component_order"}) {
+  for (const std::string key :
+       {"stamp", "column_count", "missions", "name", "icon_url", "layout", "component_order"}) {
     auto broken = page;
     broken.replace(broken.find("\"" + key + "\":"), key.size() + 2, "\"x\"");
     EXPECT_TRUE(std::holds_alternative<UnknownCampaign>(mapped(broken).type)) << key;
@@ -105,6 +108,7 @@ TEST_F(StampCampaignTest, ARequiredFieldThatIsMissingMakesThePageUnknown) {
 
 TEST(OptInMarketingCampaignTest, FollowsItsButtonAndSaysWhenThePictureIsMissing) {
   const TestPlatform platform;
+  platform.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(404); };
   const auto page = [](const std::string& visibility, const std::string& enable) {
     return R"({"page_type":"opt_in_marketing","page_id":"p","page_detail":{"toolbar_text":"알림",
       "image_url":"https://img.example/a.png","button_enable":)" +
@@ -120,7 +124,6 @@ TEST(OptInMarketingCampaignTest, FollowsItsButtonAndSaysWhenThePictureIsMissing)
             (OptInMarketingCampaignView::Button{"받기", true, true, Color::fromHex("#3366FF")}));
   EXPECT_FALSE(viewOf("true", "false")->moveButton.isHidden);
   EXPECT_TRUE(view->errorView->state.value().isHidden);
-  platform.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(404); };
   const auto failing = viewOf("true", "true");
   platform.loop->run();
   EXPECT_FALSE(failing->errorView->state.value().isHidden);

@@ -2,7 +2,6 @@
 #include "campaign/attendance/AttendanceCampaignView.h"
 #include "campaign/result/CampaignResultView.h"
 #include "campaign/update/InduceUpdateView.h"
-#include "config/Config.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "viewkit/CampaignRewardViewController.h"
@@ -247,7 +246,7 @@ TEST_F(CampaignScreenTest, AKindOfTomorrowAsksTheStoreAndTheUserToUpdate) {
   const auto update = content<InduceUpdateView>(*screen);
   ASSERT_TRUE(update);
   EXPECT_EQ(platform_.session->requestsTo("/lookup").at(0).url.host(), "itunes.apple.com");
-  EXPECT_EQ(update->color, Config::defaults().brandTheme.primary);
+  EXPECT_EQ(update->color, Color::fromHex("#FF0000"));
   reports_->names.clear();
   std::vector<std::string> opened;
   bool canOpen = false;
@@ -259,7 +258,7 @@ TEST_F(CampaignScreenTest, AKindOfTomorrowAsksTheStoreAndTheUserToUpdate) {
   EXPECT_THAT(reports_->names, IsEmpty());
   canOpen = true;
   update->routeToUpdateLink();
-  EXPECT_THAT(opened, ElementsAre(Config::defaults().appStoreUrl));
+  EXPECT_THAT(opened, ElementsAre("https://store.example/app"));
   EXPECT_THAT(reports_->names, ElementsAre("ol_induce_update_button_click"));
   host_->dismiss(false);
   platform_.defaults->suite("tamrenzo_api_storage_I'm_Ilvane")->set("ORRELO_SERVICE_URL", std::int64_t{3});

@@ -8,8 +8,8 @@ namespace orrelo {
 
 OptInMarketingCampaignView::OptInMarketingCampaignView(const OptInMarketingCampaign& campaign)
     : moveButton{campaign.buttonText, campaign.buttonEnabled, !campaign.buttonVisibility, campaign.color},
-      errorView(std::make_shared<ErrorView>(
-          "이미지를 불러오는데 실패했습니다.\n잠시 후 다시 시도해 주세요.")) {
+      errorView(
+          std::make_shared<ErrorView>("이미지를 불러오는데 실패했습니다.\n잠시 후 다시 시도해 주세요.")) {
   errorView->state.change([](ErrorView::State& state) { state.isHidden = true; });
   noticeView->setMessages(campaign.notice.messages);
 }
@@ -19,7 +19,8 @@ std::shared_ptr<OptInMarketingCampaignView> OptInMarketingCampaignView::create(
   std::shared_ptr<OptInMarketingCampaignView> view(new OptInMarketingCampaignView(campaign));
   view->imageView->load(campaign.imageUrl, [weak = std::weak_ptr(view->errorView)](const auto& result) {
     const auto error = weak.lock();
-    if (error && std::holds_alternative<Error>(result)) error->state.change([](ErrorView::State& state) { state.isHidden = false; });
+    if (error && std::holds_alternative<Error>(result))
+      error->state.change([](ErrorView::State& state) { state.isHidden = false; });
   });
   return view;
 }

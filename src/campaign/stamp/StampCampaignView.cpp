@@ -52,7 +52,8 @@ StampBoardView::StampBoardView(const std::vector<Mission>& missions, std::int64_
 StampCampaignView::StampCampaignView(const StampCampaign& campaign) {
   const auto& order = campaign.layout.componentOrder;
   for (auto component = order.begin(); component != order.end(); ++component) {
-    if (isOneOfAKind(*component) && std::find(component + 1, order.end(), *component) != order.end()) continue;
+    if (isOneOfAKind(*component) && std::find(component + 1, order.end(), *component) != order.end())
+      continue;
     const auto block = blockOf(*component, campaign);
     if (!block) continue;
     const bool hasMargins = *component == StampCampaignComponent::information;
@@ -65,9 +66,10 @@ std::shared_ptr<View> StampCampaignView::blockOf(StampCampaignComponent componen
                                                  const StampCampaign& campaign) {
   switch (component) {
     case StampCampaignComponent::information:
-      return campaign.info ? std::make_shared<InformationView>(
-                                 campaign.info->firstTitle, campaign.info->secondTitle, campaign.info->guideMessage)
-                           : nullptr;
+      return campaign.info
+                 ? std::make_shared<InformationView>(campaign.info->firstTitle, campaign.info->secondTitle,
+                                                     campaign.info->guideMessage)
+                 : nullptr;
     case StampCampaignComponent::mainImage:
       return imageOf(campaign.mainImageUrl);
     case StampCampaignComponent::subImage:

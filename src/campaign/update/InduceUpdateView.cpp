@@ -12,8 +12,8 @@ namespace orrelo {
 InduceUpdateView::InduceUpdateView(std::string url, const Color& brandColor, std::weak_ptr<ToastLayer> toasts)
     : color(brandColor),
       // The blank that begins the last line belongs to the text.
-      errorView(std::make_shared<ErrorView>(
-          "버전 업데이트 후 참여할 수 있는 이벤트입니다.\n지금 바로 앱을 업데이트하고\n 새 캠페인에 참여해 보세요!")),
+      errorView(std::make_shared<ErrorView>("버전 업데이트 후 참여할 수 있는 이벤트입니다.\n지금 바로 앱을 "
+                                            "업데이트하고\n 새 캠페인에 참여해 보세요!")),
       updateUrl(std::move(url)),
       toastLayer(std::move(toasts)) {}
 

@@ -1,0 +1,116 @@
+#include "quick/bridge/RouletteBridge.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QPainterPath>
+#include <QtMath>
+#include <array>
+
+namespace orrelo::quick {
+namespace {
+
+QPointF toQt(const Point& point) {
+  return {point.x, point.y};
+}
+
+QRectF around(const Point& center, double radius) {
+  return {center.x - radius, center.y - radius, 2 * radius, 2 * radius};
+}
+
+void paint(QPainter& painter, const RouletteDrawing::Disc& disc) {
+  painter.setBrush(quick::toQt(disc.color));
+  painter.drawEllipse(around(disc.center, disc.radius));
+}
+
+// Qt's angles grow anticlockwise.
+void paint(QPainter& painter, const RouletteDrawing::Sector& sector) {
+  QPainterPath path(toQt(sector.center));
+  path.arcTo(around(sector.center, sector.radius), -sector.startAngle, sector.startAngle - sector.endAngle);
+  path.closeSubpath();
+  painter.fillPath(path, quick::toQt(sector.color));
+}
+
+QFont fontOf(const TextStyle& style, const QString& family) {
+  QFont font(family);
+  font.setPixelSize(qMax(1, qRound(style.size)));
+  constexpr std::array weights{QFont::Normal, QFont::DemiBold, QFont::Bold, QFont::ExtraBold};
+  font.setWeight(weights.at(static_cast<std::size_t>(style.weight)));
+  return font;
+}
+
+void paint(QPainter& painter, const RouletteDrawing::Text& text, const QString& fontFamily) {
+  const QRectF frame(text.frame.x, text.frame.y, text.frame.width, text.frame.height);
+  painter.save();
+  painter.translate(frame.center());
+  painter.rotate(text.rotation);
+  painter.translate(-frame.center());
+  painter.setClipRect(frame);
+  painter.setFont(fontOf(text.style, fontFamily));
+  painter.setPen(quick::toQt(text.style.color));
+  painter.drawText(frame, Qt::AlignHCenter | Qt::AlignTop | Qt::TextSingleLine, quick::toQt(text.text));
+  painter.restore();
+}
+
+void paint(QPainter& painter, const RouletteDrawing::Pin& pin) {
+  QPainterPath path;
+  for (const auto& corner : pin.corners) {
+    const auto square = around(corner.center, corner.radius);
+    if (path.elementCount() == 0) path.arcMoveTo(square, -corner.startAngle);
+    path.arcTo(square, -corner.startAngle, -corner.sweep);
+  }
+  path.closeSubpath();
+  painter.fillPath(path, quick::toQt(pin.color));
+}
+
+}  // namespace
+
+RouletteBridge::RouletteBridge(const std::shared_ptr<RouletteView>& view, QObject* parent)
+    : ViewBridge(view, parent), roulette_(*view), drawing_(view->drawing()) {
+  follow(roulette_.state);
+}
+
+double RouletteBridge::rotation() const {
+  return qRadiansToDegrees(roulette_.state.value().rotation);
+}
+
+double RouletteBridge::spinFrom() const {
+  return qRadiansToDegrees(spin().from);
+}
+
+double RouletteBridge::spinTo() const {
+  return qRadiansToDegrees(spin().to);
+}
+
+int RouletteBridge::spinDuration() const {
+  return static_cast<int>(spin().duration.count());
+}
+
+QString RouletteBridge::accessibilityLabel() const {
+  const auto outcome = toQt(roulette_.state.value().outcome);
+  const auto label = toQt(roulette_.accessibilityLabel());
+  return outcome.isEmpty() ? label : outcome + QStringLiteral(", ") + label;
+}
+
+void RoulettePart::paint(QPainter* painter) {
+  if (!roulette_) return;
+  const auto& drawing = roulette_->drawing();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  if (part_ == Base) {
+    for (const auto& disc : drawing.rim) quick::paint(*painter, disc);
+  } else if (part_ == Wheel) {
+    for (const auto& sector : drawing.wheel.sectors) quick::paint(*painter, sector);
+    for (const auto& text : drawing.wheel.texts) quick::paint(*painter, text, fontFamily_);
+  } else {
+    quick::paint(*painter, drawing.centerDot);
+    if (drawing.veil) {
+      quick::paint(*painter, drawing.veil->disc);
+      quick::paint(*painter, drawing.veil->text, fontFamily_);
+    }
+    quick::paint(*painter, drawing.pin);
+  }
+  // Not from here: it may be another thread's turn.
+  QMetaObject::invokeMethod(this, &RoulettePart::painted, Qt::QueuedConnection);
+}
+
+}  // namespace orrelo::quick

@@ -1,0 +1,70 @@
+import QtQuick
+import Orrelo
+
+/// A card with a result under a picture that is rubbed off.
+FocusScope {
+    id: card
+
+    required property ScratchLotteryBridge model
+
+    implicitHeight: model.height
+    activeFocusOnTab: model.isPressable
+    Accessible.role: model.isPressable ? Accessible.Button : Accessible.StaticText
+    Accessible.name: model.accessibilityLabel
+    Accessible.focusable: model.isPressable
+    Accessible.onPressAction: model.press()
+    Keys.onReturnPressed: model.press()
+    Keys.onEnterPressed: model.press()
+    Keys.onSpacePressed: model.press()
+
+    Rectangle {
+        anchors.fill: parent
+        radius: card.model.cornerRadius
+        color: card.model.groundColor
+        border { width: card.model.borderWidth; color: card.model.borderColor }
+    }
+    Row {
+        anchors.centerIn: parent
+        spacing: 8
+
+        Image {
+            anchors.verticalCenter: parent.verticalCenter
+            width: 24
+            height: 24
+            source: card.model.resultAsset
+            sourceSize: Qt.size(72, 72)
+        }
+        KitText {
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, card.width - 64)
+            size: card.model.resultSize
+            maximumScale: 1.5
+            font.weight: Font.ExtraBold
+            color: card.model.resultColor
+            text: card.model.result
+            Accessible.ignored: true
+        }
+    }
+    ScratchMaskItem {
+        anchors.fill: parent
+        visible: !card.model.isMaskHidden
+        lottery: card.model
+    }
+    MouseArea {
+        anchors.fill: parent
+        enabled: card.model.isPressable
+        // A rub is none for the page that scrolls.
+        preventStealing: true
+        onPressed: mouse => card.model.touchesBegan(mouse.x, mouse.y)
+        onPositionChanged: mouse => card.model.touchesMoved(mouse.x, mouse.y)
+        onReleased: card.model.touchesEnded()
+        onCanceled: card.model.touchesEnded()
+    }
+    Rectangle {
+        anchors { fill: parent; margins: -3 }
+        visible: card.activeFocus && Theme.showsFocus
+        color: "transparent"
+        radius: card.model.cornerRadius + 3
+        border { width: 2; color: Theme.focus }
+    }
+}
