@@ -104,7 +104,7 @@ TEST_F(RouletteTest, TheMiddleOfASectorComesUnderThePin) {
 
 TEST_F(RouletteTest, ASpinIsPlayedOnceTheWheelIsThereAndItsEndIsReportedOnce) {
   const auto arranged = arrange("roulette", wheel(running));
-  EXPECT_EQ(arranged.inset, std::nullopt);
+  EXPECT_EQ(arranged.inset, 0.0);
   const auto view = std::dynamic_pointer_cast<RouletteView>(arranged.view);
   EXPECT_THAT(reports_->names, ElementsAre("ol_roulette_spin_wheel_start"));
   platform_.loop->run();
