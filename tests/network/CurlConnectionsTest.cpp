@@ -167,6 +167,7 @@ TEST_F(CurlConnectionsTest, ThereAreSixtyFourRequestsAtATime) {
   EXPECT_TRUE(haveAllCome);
   gate.set_value();
   for (auto& reply : replies) ASSERT_EQ(text(wait(std::move(reply))), "200 ok");
+  const std::lock_guard lock(mutex);
   EXPECT_EQ(most, 64);
 }
 
