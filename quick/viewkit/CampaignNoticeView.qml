@@ -24,9 +24,8 @@ Rectangle {
             text: view.model.heading
             Accessible.role: Accessible.Heading
         }
-        Rectangle {
+        DividerView {
             width: parent.width
-            height: 1
             color: Theme.noticeFill
         }
         KitText {

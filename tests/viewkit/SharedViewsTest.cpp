@@ -1,3 +1,7 @@
+#include "reactive/Observable.h"
+#include "support/TestPlatform.h"
+#include "viewkit/IconRectangleButton.h"
+#include "viewkit/RxButton.h"
 #include "viewkit/ToastLayer.h"
 #include "viewkit/base/StackView.h"
 
@@ -56,6 +60,39 @@ TEST_F(ToastLayerTest, AToastIsSeenForThreeSecondsOnALittleOfItsColour) {
   EXPECT_EQ(toast->accessibilityIdentifier, "OrreloToast");
   EXPECT_EQ(ToastView::fade.delay + ToastView::fade.duration, std::chrono::seconds(3));
   EXPECT_EQ(ToastView::fade.delay, std::chrono::seconds(1));
+}
+
+TEST(RxButtonTest, OfThePressesInAnIntervalTheFirstAndTheLastPass) {
+  const TestPlatform platform;
+  RxButton button("인증");
+  int taps = 0;
+  const auto subscription = button.tap().subscribe([&](reactive::Unit) { ++taps; });
+  for (int i = 0; i < 3; ++i) button.onTouchUpInside();
+  EXPECT_EQ(taps, 1);
+  platform.loop->runFor(std::chrono::milliseconds(1'999));
+  EXPECT_EQ(taps, 1);
+  platform.loop->runFor(std::chrono::milliseconds(1));
+  EXPECT_EQ(taps, 2);
+  platform.loop->runFor(std::chrono::seconds(10));
+  EXPECT_EQ(taps, 2);
+  button.state.change([](RxButton::State& state) { state.isEnabled = false; });
+  button.onTouchUpInside();
+  EXPECT_EQ(taps, 2);
+  subscription.dispose();
+}
+
+TEST(IconRectangleButtonTest, CountsToNine) {
+  const Color red{1.0, 0.0, 0.0, 1.0};
+  IconRectangleButton button("orl_ic_gifticon", "기프티콘");
+  const auto badge = [&](std::optional<std::int64_t> count) {
+    button.setBadge(count, red);
+    return button.state.value().badgeText;
+  };
+  EXPECT_EQ(badge(std::nullopt), "");
+  EXPECT_EQ(badge(0), "0");
+  EXPECT_EQ(badge(9), "9");
+  EXPECT_EQ(badge(10), "9+");
+  EXPECT_EQ(button.state.value().badgeColor, red);
 }
 
 }  // namespace

@@ -14,23 +14,18 @@ PageScroll {
         height: heightForWidth
         model: view.model.image
     }
-    Rectangle {
+    PaddedLabel {
         width: parent.width
-        height: body.height + 30
-        visible: body.visible
+        topPadding: 15
+        bottomPadding: 15
+        leftPadding: 20
+        rightPadding: 20
         radius: Theme.cornerRadius
-        color: "white"
-
-        KitText {
-            id: body
-            x: 20
-            y: 15
-            width: parent.width - 40
-            size: 16
-            font { weight: Font.DemiBold; letterSpacing: -0.16 }
-            lineHeight: 1.17
-            text: view.model.body
-        }
+        backgroundColor: "white"
+        size: 16
+        font { weight: Font.DemiBold; letterSpacing: -0.16 }
+        lineHeight: 1.17
+        text: view.model.body
     }
     Column {
         width: parent.width

@@ -1,0 +1,10 @@
+import QtQuick
+import Orrelo
+
+/// A horizontal rule.
+Rectangle {
+    implicitHeight: 1
+    color: Theme.divider
+    Accessible.role: Accessible.Separator
+    Accessible.ignored: true
+}

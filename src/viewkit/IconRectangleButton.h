@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/base/Color.h"
+#include "viewkit/TextStyle.h"
+#include "viewkit/base/View.h"
+
+#include <orrelo/Export.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace orrelo {
+
+/// One of the kit's pictures over a title, with a count at its corner.
+class ORRELO_EXPORT IconRectangleButton final : public View {
+ public:
+  struct State {
+    bool isHidden = false;
+    /// Empty where there is nothing to show.
+    std::string badgeText;
+    Color badgeColor;
+
+    friend bool operator==(const State&, const State&) = default;
+  };
+  /// Between the picture and the title.
+  static constexpr double spacing = 4.0;
+  static constexpr TextStyle titleStyle{.size = 14.0, .color = {0.478, 0.565, 0.62, 1.0}};
+
+  IconRectangleButton(std::string picture, std::string text) : asset(std::move(picture)), title(std::move(text)) {}
+
+  std::string_view kind() const override { return "IconRectangleButton"; }
+
+  /// Ten and more are shown as "9+".
+  void setBadge(std::optional<std::int64_t> count, const Color& color);
+
+  const std::string asset;
+  const std::string title;
+  Followed<State> state;
+};
+
+}  // namespace orrelo

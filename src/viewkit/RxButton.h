@@ -1,0 +1,40 @@
+#pragma once
+
+#include "viewkit/base/View.h"
+
+#include <orrelo/Export.h>
+
+#include <chrono>
+#include <string>
+
+namespace orrelo {
+
+/// A button for what must not be asked for twice in a row. Of the presses within an interval the first passes at
+/// once and the last when the interval ends.
+class ORRELO_EXPORT RxButton final : public View {
+ public:
+  struct State {
+    std::string title;
+    bool isEnabled = true;
+
+    friend bool operator==(const State&, const State&) = default;
+  };
+
+  explicit RxButton(std::string title, std::chrono::microseconds interval = std::chrono::seconds(2))
+      : throttleInterval(interval), state({std::move(title)}) {}
+
+  std::string_view kind() const override { return "RxButton"; }
+
+  /// Nothing while the button is disabled.
+  void onTouchUpInside() const;
+  /// The presses that pass, on the main thread. Each subscription counts its own intervals.
+  reactive::Observable<reactive::Unit> tap() const;
+
+  const std::chrono::microseconds throttleInterval;
+  Followed<State> state;
+
+ private:
+  reactive::PublishSubject<reactive::Unit> tap_;
+};
+
+}  // namespace orrelo
