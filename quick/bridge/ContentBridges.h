@@ -159,7 +159,7 @@ class ActionButtonBridge final : public ViewBridge {
   QColor titleColor() const {
     return isEnabled() ? textColorOn(fill()) : toQt(ActionButtonView::disabledTitleColor);
   }
-  QColor statusColor() const { return toQt(ActionButtonView::statusStyle.color); }
+  QColor statusColor() const { return toQt(ActionButtonView::statusColor); }
   double margin() const { return ActionButtonView::margins.left; }
   double spacing() const { return ActionButtonView::spacing; }
   double buttonHeight() const { return ActionButtonView::buttonHeight; }

@@ -85,10 +85,12 @@ int RouletteBridge::spinDuration() const {
   return static_cast<int>(spin().duration.count());
 }
 
-QString RouletteBridge::accessibilityLabel() const {
-  const auto outcome = toQt(roulette_.state.value().outcome);
-  const auto label = toQt(roulette_.accessibilityLabel());
-  return outcome.isEmpty() ? label : outcome + QStringLiteral(", ") + label;
+RoulettePart::RoulettePart(QQuickItem* parent) : QQuickPaintedItem(parent) {
+  setAntialiasing(true);
+  for (const auto changed :
+       {&RoulettePart::rouletteChanged, &RoulettePart::partChanged, &RoulettePart::fontFamilyChanged}) {
+    connect(this, changed, this, [this] { update(); });
+  }
 }
 
 void RoulettePart::paint(QPainter* painter) {

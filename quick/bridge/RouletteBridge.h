@@ -20,7 +20,8 @@ class RouletteBridge final : public ViewBridge {
   Q_PROPERTY(double spinTo READ spinTo NOTIFY stateChanged)
   Q_PROPERTY(int spinDuration READ spinDuration NOTIFY stateChanged)
   Q_PROPERTY(bool isPaused READ isPaused NOTIFY stateChanged)
-  /// The prizes, and the one that was won.
+  /// The prize that was won; empty before.
+  Q_PROPERTY(QString outcome READ outcome NOTIFY stateChanged)
   Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY stateChanged)
 
  public:
@@ -34,7 +35,8 @@ class RouletteBridge final : public ViewBridge {
   double spinTo() const;
   int spinDuration() const;
   bool isPaused() const { return roulette_.state.value().isPaused; }
-  QString accessibilityLabel() const;
+  QString outcome() const { return toQt(roulette_.state.value().outcome); }
+  QString accessibilityLabel() const { return toQt(roulette_.accessibilityLabel()); }
 
   Q_INVOKABLE void wheelDidAppear() { roulette_.wheelDidAppear(); }
   Q_INVOKABLE void animationDidStop() { roulette_.animationDidStop(true); }
@@ -58,7 +60,7 @@ class RoulettePart : public QQuickPaintedItem {
   enum Part { Base, Wheel, Cover };
   Q_ENUM(Part)
 
-  explicit RoulettePart(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) { setAntialiasing(true); }
+  explicit RoulettePart(QQuickItem* parent = nullptr);
 
   void paint(QPainter* painter) override;
 

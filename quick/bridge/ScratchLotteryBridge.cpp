@@ -8,11 +8,13 @@ namespace {
 
 QImage maskPicture(QSize size) {
   QImageReader reader(QLatin1Char(':') + assetFile(ScratchMaskView::asset).path());
-  reader.setScaledSize(reader.size().scaled(size, Qt::KeepAspectRatioByExpanding));
-  const auto scaled = reader.read();
-  QRect part(QPoint(), size);
-  part.moveCenter(scaled.rect().center());
-  return scaled.copy(part).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  reader.setScaledSize(size);
+  auto picture = reader.read();
+  if (picture.isNull()) {  // a machine without Qt's plugin for SVG
+    picture = QImage(size, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(QColor(0xc9, 0xce, 0xd6));
+  }
+  return picture.scaled(size).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 QRgb faded(QRgb pixel, int alpha) {
@@ -42,11 +44,12 @@ void ScratchMaskItem::takeTouched() {
   const auto* const mask = lottery_->mask().mask();
   if (mask == nullptr) return;
   const QSize size(mask->width(), mask->height());
+  auto touched = lottery_->mask().takeTouched();
   if (picture_.size() != size) {
     picture_ = maskPicture(size);
     masked_ = picture_;
+    touched = mask->bounds();
   }
-  const auto touched = lottery_->mask().takeTouched();
   if (touched.isEmpty()) return;
   for (int y = touched.y; y < touched.y + touched.height; ++y) {
     const auto* const alpha = mask->pixels().data() + std::ptrdiff_t(y) * mask->width();

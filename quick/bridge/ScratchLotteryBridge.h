@@ -27,6 +27,7 @@ class ScratchLotteryBridge final : public ViewBridge {
   Q_PROPERTY(bool isMaskHidden READ isMaskHidden NOTIFY stateChanged)
   /// Whether a press, by key or by assistive technology, does something.
   Q_PROPERTY(bool isPressable READ isPressable NOTIFY stateChanged)
+  Q_PROPERTY(bool keepsTouches READ keepsTouches CONSTANT)
   Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY stateChanged)
 
  public:
@@ -46,6 +47,7 @@ class ScratchLotteryBridge final : public ViewBridge {
   double height() const { return ScratchLotteryView::height; }
   bool isMaskHidden() const { return mask().state.value().isHidden; }
   bool isPressable() const { return lottery_.isPressable(); }
+  bool keepsTouches() const { return lottery_.keepsTouches(); }
   QString accessibilityLabel() const { return toQt(lottery_.accessibilityLabel()); }
   ScratchMaskView& mask() const { return *lottery_.scratchMaskView; }
 

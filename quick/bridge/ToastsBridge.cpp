@@ -1,5 +1,6 @@
 #include "quick/bridge/ToastsBridge.h"
 
+#include <QAccessible>
 #include <algorithm>
 #include <utility>
 
@@ -8,6 +9,11 @@ namespace orrelo::quick {
 ToastsBridge::ToastsBridge(std::shared_ptr<ToastLayer> layer, QObject* parent)
     : QAbstractListModel(parent), layer_(std::move(layer)) {
   subscriptions_.follow(layer_->toasts.stream(), [this](const auto& toasts) { update(toasts); });
+}
+
+void ToastsBridge::announce(QObject* item) const {
+  QAccessibleEvent event(item, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
 }
 
 void ToastsBridge::fadeDidFinish(ToastBridge* toast) {

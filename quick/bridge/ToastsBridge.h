@@ -48,6 +48,8 @@ class ToastsBridge final : public QAbstractListModel {
  public:
   ToastsBridge(std::shared_ptr<ToastLayer> layer, QObject* parent);
 
+  /// Has assistive technology say what the toast says.
+  Q_INVOKABLE void announce(QObject* item) const;
   /// The fade has been played.
   Q_INVOKABLE void fadeDidFinish(orrelo::quick::ToastBridge* toast);
 

@@ -5,6 +5,5 @@ import Orrelo
 Rectangle {
     implicitHeight: 1
     color: Theme.divider
-    Accessible.role: Accessible.Separator
     Accessible.ignored: true
 }

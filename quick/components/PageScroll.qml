@@ -10,10 +10,12 @@ Flickable {
     property alias spacing: column.spacing
     property real sideMargin: Theme.margin
     property real topPadding: 24
+    property real bottomPadding: 24
+    property bool showsIndicator: true
     readonly property Item focusItem: Window.activeFocusItem
 
     contentWidth: width
-    contentHeight: column.y + column.height + 24
+    contentHeight: column.y + column.height + bottomPadding
     boundsBehavior: Flickable.DragAndOvershootBounds
     flickableDirection: Flickable.VerticalFlick
     clip: true
@@ -50,7 +52,7 @@ Flickable {
     }
     Rectangle {
         parent: scroll
-        visible: scroll.contentHeight > scroll.height
+        visible: scroll.showsIndicator && scroll.contentHeight > scroll.height
         opacity: scroll.moving ? 0.5 : 0.2
         x: scroll.width - width - 3
         y: scroll.visibleArea.yPosition * scroll.height + 2

@@ -21,15 +21,22 @@ FocusScope {
         pressed()
     }
 
+    /// A key that is held presses once.
+    function pressBy(event) {
+        if (!event.isAutoRepeat) press()
+    }
+
     activeFocusOnTab: isEnabled
+    // A plain line is no button that cannot be pressed.
+    enabled: isEnabled || role !== Accessible.Button
     Accessible.role: role
     Accessible.name: name
     Accessible.focusable: isEnabled
     Accessible.ignored: name.length === 0
     Accessible.onPressAction: press()
-    Keys.onReturnPressed: press()
-    Keys.onEnterPressed: press()
-    Keys.onSpacePressed: press()
+    Keys.onReturnPressed: event => pressBy(event)
+    Keys.onEnterPressed: event => pressBy(event)
+    Keys.onSpacePressed: event => pressBy(event)
 
     TapHandler {
         id: tap
@@ -58,5 +65,6 @@ FocusScope {
         from: 0.6
         to: 1
         duration: Theme.pressDuration
+        easing.type: Easing.InOutQuad
     }
 }

@@ -30,7 +30,7 @@ FocusScope {
 
     function closeTop(event) {
         event.accepted = isCovered
-        if (isCovered) topScreen.close()
+        if (isCovered && !event.isAutoRepeat) topScreen.close()
     }
 
     HostBridge {

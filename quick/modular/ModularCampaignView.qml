@@ -2,19 +2,23 @@ import QtQuick
 import Orrelo
 
 /// A page that the service has put together, on its own ground.
-Rectangle {
+PageScroll {
     id: view
 
     required property ModularCampaignBridge model
 
-    color: model.backgroundColor
+    topPadding: 0
+    bottomPadding: 0
+    sideMargin: 0
+    showsIndicator: false
 
-    PageScroll {
-        anchors.fill: parent
-        topPadding: 0
-        sideMargin: 0
+    Rectangle {
+        width: parent.width
+        height: stack.height
+        color: view.model.backgroundColor
 
         StackView {
+            id: stack
             width: parent.width
             model: view.model.stack
         }

@@ -7,9 +7,6 @@ Column {
 
     required property StackBridge model
 
-    topPadding: model.top
-    bottomPadding: model.bottom
-
     Repeater {
         model: stack.model.rows
 
@@ -27,6 +24,7 @@ Column {
             Loader {
                 id: loader
                 x: row.modelData.inset ?? (row.width - width) / 2
+                // Never wider than the page, whatever width the service asks for.
                 width: row.modelData.inset === null ? Math.min(item?.implicitWidth ?? 0, row.width)
                                                     : row.width - 2 * row.modelData.inset
                 Component.onCompleted: {

@@ -15,6 +15,7 @@ Item {
 
             required property ToastBridge toast
 
+            objectName: toast.accessibilityIdentifier
             anchors.centerIn: parent
             width: label.width + 2 * toast.inset
             height: label.height + 2 * toast.inset
@@ -22,6 +23,7 @@ Item {
             color: toast.color
             Accessible.role: Accessible.AlertMessage
             Accessible.name: toast.message
+            Component.onCompleted: toasts.model.announce(view)
 
             KitText {
                 id: label

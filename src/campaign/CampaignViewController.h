@@ -16,8 +16,8 @@
 namespace orrelo {
 
 /// The one screen for every kind of campaign. It loads each time it appears, and whatever comes, from a load
-/// or from taking part, replaces what it shows. After an error of its streams it
-/// stays as it is; a kind that it cannot show gives way to the next campaign.
+/// or from taking part, replaces what it shows. After an error of its streams it stays as it is; a kind that
+/// it cannot show gives way to the next campaign.
 class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
                                                    public CampaignActionViewDelegate,
                                                    public ModularCampaignViewDelegate {

@@ -57,8 +57,8 @@ Supply<std::int64_t> decodeBlanks(const JsonObject& json) {
 }
 
 std::vector<Component> ordered(const JsonObject& json, const std::vector<std::string>& order) {
+  auto blanks = decodeBlanks(json);  // first: it may refuse the page, and a wheel may stop the process
   auto arrays = decodeArrays(json);
-  auto blanks = decodeBlanks(json);
   std::vector<Component> components;
   const auto appendBlank = [&] {
     if (!blanks.isEmpty()) components.push_back(std::make_shared<BlankComponent>(blanks.take()));

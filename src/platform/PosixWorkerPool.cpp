@@ -34,7 +34,7 @@ struct Worker {
 
 struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::State> {
   std::mutex mutex;
-  std::array<std::deque<Task>, 4> ready;
+  std::array<std::deque<Task>, 5> ready;  // one for each QualityOfService
   DelayedTasks<Delayed> delayed;
   std::array<Worker, 4> workers;
   std::size_t started = 0;

@@ -6,7 +6,7 @@
 namespace orrelo {
 
 /// Classes of work, the most urgent first.
-enum class QualityOfService { userInteractive, standard, utility, background };
+enum class QualityOfService { userInteractive, userInitiated, standard, utility, background };
 
 /// Threads for work that nobody waits for. Of the tasks that wait, one of the most urgent class starts next,
 /// and within a class the oldest. Any thread may post; a task never runs before `post` returned.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/base/Color.h"
-#include "viewkit/TextStyle.h"
 #include "viewkit/base/View.h"
 
 #include <orrelo/Export.h>
@@ -9,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace orrelo {
 
@@ -23,11 +23,9 @@ class ORRELO_EXPORT IconRectangleButton final : public View {
 
     friend bool operator==(const State&, const State&) = default;
   };
-  /// Between the picture and the title.
-  static constexpr double spacing = 4.0;
-  static constexpr TextStyle titleStyle{.size = 14.0, .color = {0.478, 0.565, 0.62, 1.0}};
 
-  IconRectangleButton(std::string picture, std::string text) : asset(std::move(picture)), title(std::move(text)) {}
+  IconRectangleButton(std::string picture, std::string text)
+      : asset(std::move(picture)), title(std::move(text)) {}
 
   std::string_view kind() const override { return "IconRectangleButton"; }
 

@@ -24,6 +24,11 @@ void ORLUIViewController::viewWillDisappear(bool animated) {
   }
 }
 
+void ORLUIViewController::viewDidDisappear(bool animated) {
+  ViewController::viewDidDisappear(animated);
+  toastLayer->toasts.set({});  // their fades end with the screen
+}
+
 void ORLUIViewController::collapseTopBar() {
   modalTopBar_.change([](ModalTopBar& bar) { bar.height = 0.0; });
 }

@@ -35,6 +35,7 @@ class ORRELO_EXPORT ORLUIViewController : public ViewController {
  protected:
   void viewWillAppear(bool animated) override;
   void viewWillDisappear(bool animated) override;
+  void viewDidDisappear(bool animated) override;
 
   /// Takes the bar's room; there is no way to give it back.
   void collapseTopBar();

@@ -9,8 +9,8 @@
 
 namespace orrelo {
 
-/// A button for what must not be asked for twice in a row. Of the presses within an interval the first passes at
-/// once and the last when the interval ends.
+/// A button for what must not be asked for twice in a row. Of the presses within an interval the first passes
+/// at once and the last when the interval ends.
 class ORRELO_EXPORT RxButton final : public View {
  public:
   struct State {

@@ -18,7 +18,7 @@ class ORRELO_EXPORT ToastLayer final : public View {
 
   /// Nothing while a toast with this very message stands.
   void showToast(const std::string& message, const Color& color);
-  /// The toast's fade has been played, or was cut short as the screen went.
+  /// The toast's fade has been played.
   void fadeDidFinish(const ToastView& toast);
 
   /// The later ones above.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewkit/TextStyle.h"
+#include "core/base/Color.h"
 #include "viewkit/base/Animation.h"
 #include "viewkit/base/View.h"
 
@@ -15,7 +15,6 @@ namespace orrelo {
 class ORRELO_EXPORT ToastView final : public View {
  public:
   static constexpr auto identifier = "OrreloToast";
-  static constexpr TextStyle textStyle{.size = 12.0, .color = {1.0, 1.0, 1.0, 1.0}};
   static constexpr double cornerRadius = 5.0;
   /// Around the text, on all four sides.
   static constexpr double inset = 8.0;

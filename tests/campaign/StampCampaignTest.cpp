@@ -41,14 +41,14 @@ class StampCampaignTest : public testing::Test {
  protected:
   static std::vector<std::string> kinds(const StampCampaignView& view) {
     std::vector<std::string> kinds;
-    for (const auto& arranged : view.stackView->state.value().arrangedSubviews) {
+    for (const auto& arranged : view.stackView->arrangedSubviews) {
       kinds.emplace_back(arranged.view->kind());
     }
     return kinds;
   }
   template <class Block>
   static std::shared_ptr<Block> block(const StampCampaignView& view, std::size_t index) {
-    return std::dynamic_pointer_cast<Block>(view.stackView->state.value().arrangedSubviews.at(index).view);
+    return std::dynamic_pointer_cast<Block>(view.stackView->arrangedSubviews.at(index).view);
   }
 
   TestPlatform platform_;
@@ -133,6 +133,11 @@ TEST(OptInMarketingCampaignTest, FollowsItsButtonAndSaysWhenThePictureIsMissing)
   failing->onMoveButtonTapped = [&] { happened.push_back("handed over"); };
   failing->onTapMoveButton();
   EXPECT_THAT(happened, ElementsAre("handed over"));
+  for (const auto& idle : {viewOf("true", "false"), viewOf("false", "true")}) {
+    idle->onMoveButtonTapped = failing->onMoveButtonTapped;
+    idle->onTapMoveButton();
+  }
+  EXPECT_EQ(happened.size(), 1U) << "disabled, or not to be seen";
 }
 
 }  // namespace

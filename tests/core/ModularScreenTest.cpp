@@ -58,7 +58,7 @@ class ModularScreenTest : public testing::Test {
   std::shared_ptr<Block> block(std::size_t index) const {
     const auto page = std::dynamic_pointer_cast<ModularCampaignView>(screen_->state().content);
     if (!page) return nullptr;
-    return std::dynamic_pointer_cast<Block>(page->stackView->state.value().arrangedSubviews.at(index).view);
+    return std::dynamic_pointer_cast<Block>(page->stackView->arrangedSubviews.at(index).view);
   }
   std::string status() const { return block<ActionButtonView>(0)->content.statusMessage; }
   std::size_t loads() const { return platform_.session->requestsTo("/campaigns/c-1").size(); }

@@ -24,7 +24,7 @@ class ContentTest : public RenderedPage {
     page["blank"] = blanks;
     Lines lines;
     const auto view = build(page);
-    for (const auto& each : view->stackView->state.value().arrangedSubviews) {
+    for (const auto& each : view->stackView->arrangedSubviews) {
       const auto* const spacer = dynamic_cast<const SpacerView*>(each.view.get());
       lines.push_back((spacer != nullptr ? "room " + std::to_string(int(spacer->height)) : "image") +
                       " then " + std::to_string(int(each.spacingAfter)));

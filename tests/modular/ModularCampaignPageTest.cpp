@@ -70,6 +70,11 @@ TEST(ModularCampaignPageTest, AnArrayThatWasNotSentIsPassedOverAndAnExhaustedOne
   EXPECT_EQ(messageOf(pageOf({"image"}, {{"image", Json::array()}})), message);
   EXPECT_EQ(messageOf(pageOf({"image", "image"}, {{"image", {block("image")}}})), message);
   EXPECT_EQ(messageOf(pageOf({"notice"}, {{"image", Json::array()}})), "");
+  auto wheel = block("roulette");
+  wheel["progress"] = {{"state", "done"}};
+  EXPECT_THROW(decodePage(pageOf({}, {{"roulette", Json::array({wheel})}})), StopsThrow::Stop);
+  EXPECT_THROW(decodePage(pageOf({}, {{"roulette", Json::array({wheel})}, {"blank", "none"}})), Error)
+      << "a page that is refused stops nothing";
 }
 
 TEST(ModularCampaignPageTest, AKindWithOneBadBlockIsNotThereAtAll) {

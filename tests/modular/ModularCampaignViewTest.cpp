@@ -15,7 +15,7 @@ class ModularCampaignViewTest : public RenderedPage {
  protected:
   Lines kinds(const ModularCampaignView& page) {
     Lines lines;
-    for (const auto& each : page.stackView->state.value().arrangedSubviews) {
+    for (const auto& each : page.stackView->arrangedSubviews) {
       lines.emplace_back(each.view->kind());
     }
     return lines;
@@ -39,7 +39,7 @@ TEST_F(ModularCampaignViewTest, BlocksStandInTheirOrder) {
       ElementsAre("SpacerView", "AutoLayoutImageView", "InformationView", "ActionButtonView",
                   "TooltipInformationView", "BoxedInformationListView", "AutoLayoutImageView", "WebView",
                   "PageEntryView", "PageEntryView", "NoticeView", "RouletteView", "ScratchLotteryView"));
-  const auto stack = page->stackView->state.value().arrangedSubviews;
+  const auto stack = page->stackView->arrangedSubviews;
   EXPECT_EQ(stack[3].spacingAfter, 8.0);  // the blank of a block that this build does not know
 }
 
@@ -76,7 +76,7 @@ TEST_F(ModularCampaignViewTest, ARewardOfAPageThatHasGoneAsksForNothing) {
 TEST_F(ModularCampaignViewTest, ActionsEndWhereNobodyListens) {
   const auto page = build(wholePage());
   page->showDialogs(*screen_);
-  const auto stack = page->stackView->state.value().arrangedSubviews;
+  const auto stack = page->stackView->arrangedSubviews;
   requests_.reset();
   std::dynamic_pointer_cast<ActionButtonView>(stack[3].view)->onClick();
   std::dynamic_pointer_cast<PageEntryView>(stack[8].view)->didAction();
@@ -89,7 +89,7 @@ TEST_F(ModularCampaignViewTest, APageLeavesNothingBehind) {
   {
     const auto page = build(wholePage());
     views.push_back(page);
-    for (const auto& each : page->stackView->state.value().arrangedSubviews) views.push_back(each.view);
+    for (const auto& each : page->stackView->arrangedSubviews) views.push_back(each.view);
   }
   for (const auto& view : views) EXPECT_TRUE(view.expired());
 }

@@ -57,7 +57,7 @@ class RenderedPage : public testing::Test {
   /// A page of one block, and its arranged view.
   StackView::Arranged arrange(const std::string& kind, const Json& block) {
     page_ = build(pageOf({kind}, {{kind, Json::array({block})}}));
-    const auto arranged = page_->stackView->state.value().arrangedSubviews;
+    const auto arranged = page_->stackView->arrangedSubviews;
     EXPECT_EQ(arranged.size(), 1U);
     return arranged.at(0);
   }

@@ -104,7 +104,7 @@ TEST_F(RouletteTest, TheMiddleOfASectorComesUnderThePin) {
 
 TEST_F(RouletteTest, ASpinIsPlayedOnceTheWheelIsThereAndItsEndIsReportedOnce) {
   const auto arranged = arrange("roulette", wheel(running));
-  EXPECT_EQ(arranged.inset, 0.0);
+  EXPECT_EQ(arranged.inset, std::nullopt);
   const auto view = std::dynamic_pointer_cast<RouletteView>(arranged.view);
   EXPECT_THAT(reports_->names, ElementsAre("ol_roulette_spin_wheel_start"));
   platform_.loop->run();
@@ -137,7 +137,8 @@ TEST_F(RouletteTest, AFinishedPageShowsWhereTheSpinLeftTheWheel) {
   EXPECT_FALSE(view->state.value().isEnabled);
   EXPECT_DOUBLE_EQ(view->state.value().rotation, 45.0 * degree);  // before it is seen
   paint(*view);
-  EXPECT_EQ(view->state.value().outcome, "결과: 포인트 1,000P");
+  EXPECT_EQ(view->accessibilityLabel(),
+            "결과: 포인트 1,000P, 룰렛, 경품: 쿠폰 커피, 꽝, 포인트 1,000P, 기프티콘 아이스크림");
   EXPECT_TRUE(view->drawing().veil);
   view->animationDidStop(true);
   EXPECT_THAT(requests_->lines, IsEmpty());

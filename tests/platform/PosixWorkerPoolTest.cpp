@@ -112,7 +112,7 @@ TEST_F(PosixWorkerPoolTest, takesTasksFromManyThreadsAndFromTasks) {
   for (int n = 0; n < posters; ++n) {
     threads.emplace_back([&] {
       for (int task = 0; task < each; ++task) {
-        pool->post(static_cast<QualityOfService>(task % 4), [&] {
+        pool->post(static_cast<QualityOfService>(task % 5), [&] {
           count();
           pool->postAfter(QualityOfService::standard, 1us, count);
         });

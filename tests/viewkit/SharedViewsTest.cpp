@@ -1,5 +1,6 @@
 #include "reactive/Observable.h"
 #include "support/TestPlatform.h"
+#include "viewkit/ErrorViewController.h"
 #include "viewkit/IconRectangleButton.h"
 #include "viewkit/RxButton.h"
 #include "viewkit/ToastLayer.h"
@@ -18,12 +19,12 @@ TEST(StackViewTest, SpacingBelongsToTheLastViewAndTheLatterHolds) {
   const auto second = std::make_shared<StackView>();
   StackView stack;
   stack.setCustomSpacingAfterLast(5.0);
-  EXPECT_EQ(stack.state.value(), StackView::State());
+  EXPECT_THAT(stack.arrangedSubviews, IsEmpty());
   stack.addArrangedSubview(first);
   stack.setCustomSpacingAfterLast(8.0);
   stack.setCustomSpacingAfterLast(12.0);
   stack.addArrangedSubview(second, 20.0);
-  EXPECT_EQ(stack.state.value().arrangedSubviews,
+  EXPECT_EQ(stack.arrangedSubviews,
             (std::vector<StackView::Arranged>{{first, 0.0, 12.0}, {second, 20.0, 0.0}}));
 }
 
@@ -51,6 +52,15 @@ TEST_F(ToastLayerTest, EqualToastsNeverStandAtOnceAndDifferentOnesMay) {
   layer_.fadeDidFinish(*first);
   layer_.showToast("하나", Color());
   EXPECT_THAT(standing(), ElementsAre("둘", "", "하나"));
+}
+
+TEST_F(ToastLayerTest, ToastsGoWithTheirScreen) {
+  const auto screen = std::make_shared<ErrorViewController>("");
+  screen->appear(false);
+  screen->toastLayer->showToast("하나", Color{1.0, 0.5, 0.0, 1.0});
+  EXPECT_EQ(screen->toastLayer->toasts.value().at(0)->backgroundColor, (Color{1.0, 0.5, 0.0, 0.87}));
+  screen->disappear(false);
+  EXPECT_THAT(screen->toastLayer->toasts.value(), IsEmpty());
 }
 
 TEST_F(ToastLayerTest, AToastIsSeenForThreeSecondsOnALittleOfItsColour) {

@@ -2,6 +2,7 @@
 #include "viewkit/base/NavigationController.h"
 #include "viewkit/base/ViewController.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 
 namespace orrelo::test {
@@ -31,6 +32,16 @@ class Screen final : public ViewController {
   Log& log_;
 };
 
+// Has another screen shown while it is being loaded, as a host may on an event of this one.
+class Yielding final : public ViewController {
+ public:
+  std::string_view kind() const override { return "Yielding"; }
+  std::function<void()> onLoad;
+
+ protected:
+  void viewDidLoad() override { onLoad(); }
+};
+
 class ViewControllerTest : public testing::Test {
  protected:
   std::shared_ptr<Screen> screen(const std::string& name) { return std::make_shared<Screen>(name, log_); }
@@ -45,7 +56,7 @@ TEST_F(ViewControllerTest, AScreenThatCoversTakesTheOtherOneAwayAndGivesItBack) 
   host->appear(false);
   EXPECT_THAT(taken(), ElementsAre("host load", "host willAppear", "host didAppear"));
   EXPECT_TRUE(host->present(top, true));
-  EXPECT_THAT(taken(), ElementsAre("host willDisappear", "host didDisappear", "top load", "top willAppear",
+  EXPECT_THAT(taken(), ElementsAre("top load", "host willDisappear", "host didDisappear", "top willAppear",
                                    "top didAppear"));
   EXPECT_EQ(top->presentingViewController(), host);
   EXPECT_EQ(host->topmost(), top);
@@ -87,6 +98,19 @@ TEST_F(ViewControllerTest, OneAtATimeIsPresentedByAScreenAndItsContainers) {
 
                                    "inner willAppear", "inner didAppear"));
   EXPECT_EQ(navigation->topmost(), inner);
+}
+
+TEST_F(ViewControllerTest, AScreenThatIsPresentedWhileAnotherLoadsKeepsItsPlace) {
+  const auto host = screen("host");
+  const auto first = std::make_shared<Yielding>();
+  const auto second = screen("second");
+  host->appear(false);
+  first->onLoad = [&] { EXPECT_TRUE(host->present(second, false)); };
+  EXPECT_FALSE(host->present(first, false));
+  EXPECT_EQ(host->presentedViewController(), second);
+  EXPECT_EQ(first->presentingViewController(), nullptr);
+  second->dismiss(false);
+  EXPECT_TRUE(host->present(first, false));
 }
 
 TEST_F(ViewControllerTest, AStackShowsItsLastScreen) {

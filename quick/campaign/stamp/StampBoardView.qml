@@ -14,6 +14,7 @@ Rectangle {
     radius: 12
     color: "white"
     border { width: 1; color: Theme.divider }
+    Accessible.role: Accessible.Table
 
     Grid {
         id: grid
@@ -33,19 +34,20 @@ Rectangle {
                 height: icon.height + label.height + 20
                 Accessible.role: Accessible.Cell
                 Accessible.name: modelData.name
+                Accessible.ignored: modelData.name.length === 0
 
                 KitImage {
                     id: icon
                     anchors.horizontalCenter: parent.horizontalCenter
                     y: 8
-                    width: Math.min(72, cell.width - 16)
+                    width: Math.max(0, Math.min(72, cell.width - 16))
                     height: width
                     model: cell.modelData.image
                 }
                 KitText {
                     id: label
                     anchors { top: icon.bottom; topMargin: 6; horizontalCenter: parent.horizontalCenter }
-                    width: cell.width - 8
+                    width: Math.max(0, cell.width - 8)
                     horizontalAlignment: Text.AlignHCenter
                     size: 12
                     maximumScale: 1.5

@@ -18,7 +18,7 @@ Item {
         }
         PressArea {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.max(view.model.buttonWidth, label.implicitWidth + 16)
+            width: Math.max(view.model.buttonWidth, label.implicitWidth + 4)
             height: Math.max(view.model.buttonHeight, label.implicitHeight + 12)
             name: view.model.buttonTitle
             onPressed: view.model.routeToUpdateLink()

@@ -28,7 +28,7 @@ Rectangle {
         KitImage {
             id: picture
             anchors.verticalCenter: parent.verticalCenter
-            width: box.model.imageWidth
+            width: Math.min(box.model.imageWidth, (box.width - 2 * box.model.margin) * 0.4)
             height: box.model.imageHeight
             model: box.model.image
         }

@@ -7,6 +7,7 @@ Item {
 
     required property RouletteBridge model
 
+    implicitWidth: model.side
     implicitHeight: model.side
     Accessible.role: Accessible.Graphic
     Accessible.name: model.accessibilityLabel
@@ -50,6 +51,12 @@ Item {
             part: RoulettePart.Cover
             fontFamily: Theme.fontFamily
         }
+    }
+    Item {
+        anchors.fill: parent
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: view.model.outcome
+        Accessible.ignored: view.model.outcome.length === 0
     }
     NumberAnimation {
         id: spin

@@ -7,15 +7,20 @@ FocusScope {
 
     required property ScratchLotteryBridge model
 
+    function pressBy(event) {
+        if (!event.isAutoRepeat) model.press()
+    }
+
     implicitHeight: model.height
+    objectName: model.accessibilityIdentifier
     activeFocusOnTab: model.isPressable
     Accessible.role: model.isPressable ? Accessible.Button : Accessible.StaticText
     Accessible.name: model.accessibilityLabel
     Accessible.focusable: model.isPressable
     Accessible.onPressAction: model.press()
-    Keys.onReturnPressed: model.press()
-    Keys.onEnterPressed: model.press()
-    Keys.onSpacePressed: model.press()
+    Keys.onReturnPressed: event => pressBy(event)
+    Keys.onEnterPressed: event => pressBy(event)
+    Keys.onSpacePressed: event => pressBy(event)
 
     Rectangle {
         anchors.fill: parent
@@ -42,6 +47,8 @@ FocusScope {
             font.weight: Font.ExtraBold
             color: card.model.resultColor
             text: card.model.result
+            wrapMode: Text.NoWrap
+            elide: Text.ElideRight
             Accessible.ignored: true
         }
     }
@@ -53,8 +60,7 @@ FocusScope {
     MouseArea {
         anchors.fill: parent
         enabled: card.model.isPressable
-        // A rub is none for the page that scrolls.
-        preventStealing: true
+        preventStealing: card.model.keepsTouches
         onPressed: mouse => card.model.touchesBegan(mouse.x, mouse.y)
         onPositionChanged: mouse => card.model.touchesMoved(mouse.x, mouse.y)
         onReleased: card.model.touchesEnded()

@@ -26,6 +26,7 @@ std::shared_ptr<OptInMarketingCampaignView> OptInMarketingCampaignView::create(
 }
 
 void OptInMarketingCampaignView::onTapMoveButton() {
+  if (!moveButton.isEnabled || moveButton.isHidden) return;
   if (const auto tapped = onMoveButtonTapped) tapped();
   UserEventTracker::track(UserEventName::optInMarketingMoveButtonClick);
 }

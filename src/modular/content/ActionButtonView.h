@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/base/Color.h"
 #include "modular/UIComponent.h"
-#include "viewkit/TextStyle.h"
 
 #include <orrelo/Export.h>
 
@@ -26,10 +26,8 @@ class ORRELO_EXPORT ActionButtonView final : public View {
   static constexpr double spacing = 10.0;
   static constexpr double buttonHeight = 56.0;
   static constexpr double cornerRadius = 8.0;
-  static constexpr TextStyle titleStyle{16.0, TextStyle::Weight::bold, {1.0, 1.0, 1.0, 1.0}};
   static constexpr Color disabledTitleColor{0.582, 0.588, 0.592, 1.0};
-  /// In the middle.
-  static constexpr TextStyle statusStyle{.size = 12.0, .color = {0.363, 0.369, 0.375, 1.0}};
+  static constexpr Color statusColor{0.363, 0.369, 0.375, 1.0};
 
   explicit ActionButtonView(Content button) : content(std::move(button)) {}
 

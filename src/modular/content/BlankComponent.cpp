@@ -8,7 +8,7 @@ namespace orrelo {
 
 void BlankComponent::render(StackView& stackView) {
   const auto room = static_cast<double>(std::max(height, std::int64_t{0}));
-  if (stackView.state.value().arrangedSubviews.empty()) {
+  if (stackView.arrangedSubviews.empty()) {
     stackView.addArrangedSubview(std::make_shared<SpacerView>(room));
   } else {
     stackView.setCustomSpacingAfterLast(room);

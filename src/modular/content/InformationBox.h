@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/base/Color.h"
 #include "image/ImageView.h"
 #include "modular/content/BoxedInformationListComponent.h"
-#include "viewkit/TextStyle.h"
 
 #include <orrelo/Export.h>
 
@@ -21,7 +21,6 @@ class ORRELO_EXPORT InformationBox final : public View {
   static constexpr double cornerRadius = 8.0;
   /// Between the left text and the picture.
   static constexpr double leftSpacing = 10.0;
-  static constexpr TextStyle leftTextStyle{.size = 14.0, .color = {0.239, 0.243, 0.247, 1.0}};
   static constexpr double imageHeight = 24.0;
 
   static std::shared_ptr<InformationBox> create(const BoxedInformation& item);

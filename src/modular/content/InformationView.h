@@ -1,6 +1,5 @@
 #pragma once
 
-#include "viewkit/TextStyle.h"
 #include "viewkit/base/View.h"
 
 #include <orrelo/Export.h>
@@ -15,9 +14,6 @@ class ORRELO_EXPORT InformationView final : public View {
  public:
   static constexpr EdgeInsets margins{0.0, 25.0, 0.0, 25.0};
   static constexpr double spacingAfterSecondTitle = 12.0;
-  static constexpr TextStyle firstTitleStyle{.size = 24.0, .color = {0.239, 0.243, 0.247, 1.0}};
-  static constexpr TextStyle secondTitleStyle{24.0, TextStyle::Weight::bold, {0.239, 0.243, 0.247, 1.0}};
-  static constexpr TextStyle guideStyle{.size = 16.0, .color = {0.582, 0.588, 0.592, 1.0}};
 
   InformationView(std::string first, std::string second, std::string guide)
       : firstTitle(std::move(first)), secondTitle(std::move(second)), guideMessage(std::move(guide)) {}

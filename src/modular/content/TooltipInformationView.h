@@ -16,7 +16,6 @@ class ORRELO_EXPORT TooltipInformationView final : public View {
  public:
   /// Stands before the line; without the picture the line is plain.
   static constexpr auto tooltipAsset = "orl_ic_information";
-  static constexpr TextStyle tooltipTitleStyle = InformationView::guideStyle;
   static constexpr double tooltipMaximumWidth = 200.0;
   static constexpr double zPosition = 1.0;
 

@@ -15,6 +15,8 @@ class LayerPersistentHelper {
   LayerPersistentHelper(const std::weak_ptr<RouletteView>& layer, Application& application);
 
  private:
+  /// Before the background came; true until then, so that a foreground alone starts nothing. Shared: a
+  /// callback that is running may outlive the view.
   std::shared_ptr<bool> wasPaused = std::make_shared<bool>(true);
   Application::Registration willResignActive;
   Application::Registration didBecomeActive;

@@ -83,7 +83,7 @@ void RouletteComponent::render(StackView& stackView) {
     models.push_back({item.rewardType, item.rewardText, models.size() % 2 == 1 ? white : primary});
   }
   view->configure(std::move(models));
-  stackView.addArrangedSubview(view);
+  stackView.addArrangedSubview(view, std::nullopt);
   std::visit(Progress{*view}, state);
 }
 

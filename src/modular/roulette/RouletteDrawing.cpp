@@ -109,10 +109,9 @@ RouletteDrawing RouletteDrawing::of(const std::vector<RouletteItemModel>& items,
                                     Size size) {
   const Point center{size.width / 2, size.height / 2};
   const double r = std::min(center.x, center.y);
-  const auto disc = [&](double inset, const Color& color) {
-    return Disc{center, std::max(r - inset, 0.0), color};
-  };
-  const double wheelRadius = disc(25.0, {}).radius;
+  const auto radius = [r](double inset) { return std::max(r - inset, 0.0); };
+  const auto disc = [&](double inset, const Color& color) { return Disc{center, radius(inset), color}; };
+  const double wheelRadius = radius(25.0);
   RouletteDrawing drawing{
       .rim = {disc(5.0, look.secondaryColor), disc(25.0, {0.945, 0.949, 0.953, 1.0}), disc(35.0, white)},
       .wheel = {},
@@ -120,7 +119,7 @@ RouletteDrawing RouletteDrawing::of(const std::vector<RouletteItemModel>& items,
       .veil = {},
       .pin = pinOf(size.width, look.primaryColor)};
   if (!items.empty()) {
-    drawing.wheel = WheelPainter(center, wheelRadius, disc(5.0, {}).radius, items.size()).paint(items);
+    drawing.wheel = WheelPainter(center, wheelRadius, radius(5.0), items.size()).paint(items);
   }
   if (!look.isEnabled) drawing.veil = veilOf(center, wheelRadius);
   return drawing;

@@ -40,6 +40,7 @@ void RouletteView::showResult(std::int64_t index) {
   if (items_.empty()) return;
   // Before the wheel is painted, lest it be seen for a moment where it has never been.
   state.change([&](State& changed) { changed.rotation = radians(finalAngle(index, items_.size())); });
+  // Afterwards, so that assistive technology hears of it as of a change.
   whenWheelIsThere([outcome = outcomeOf(index)](RouletteView& self) {
     self.state.change([&](State& changed) { changed.outcome = outcome; });
   });
@@ -54,8 +55,14 @@ RouletteDrawing RouletteView::drawing() const {
 }
 
 std::string RouletteView::accessibilityLabel() const {
-  std::string label = "룰렛";
-  for (const auto& item : items_) label += (&item == &items_.front() ? ", 경품: " : ", ") + spoken(item);
+  const auto outcome = state.value().outcome;
+  std::string label = outcome.empty() ? "룰렛" : outcome + ", 룰렛";
+  std::string_view separator = ", 경품: ";
+  for (const auto& item : items_) {
+    if (const auto prize = spoken(item); !prize.empty()) {
+      label += std::string(std::exchange(separator, ", ")) + prize;
+    }
+  }
   return label;
 }
 
@@ -118,7 +125,8 @@ void RouletteView::finishSpin(double rotation) {
 // An index beyond the sectors lands by its angle, whole turns further.
 std::string RouletteView::outcomeOf(std::int64_t index) const {
   const auto count = static_cast<std::int64_t>(items_.size());
-  return "결과: " + spoken(items_[static_cast<std::size_t>((index % count + count) % count)]);
+  const auto prize = spoken(items_[static_cast<std::size_t>((index % count + count) % count)]);
+  return prize.empty() ? "" : "결과: " + prize;
 }
 
 }  // namespace orrelo

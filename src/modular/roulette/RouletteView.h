@@ -64,13 +64,13 @@ class ORRELO_EXPORT RouletteView final : public View {
   void setEnabled(bool isEnabled);
 
   RouletteDrawing drawing() const;
-  /// What assistive technology says of the wheel: its prizes.
+  /// What assistive technology says of the wheel: the outcome, once there is one, and its prizes.
   std::string accessibilityLabel() const;
 
   // What the front reports.
   /// The wheel was painted for the first time; later reports change nothing.
   void wheelDidAppear();
-  /// The wheel cannot be painted: it will not turn.
+  /// The wheel cannot be painted: it will not turn. Qt's painter has no such case.
   void wheelDidFail(const Error& error);
   /// The spin was played to its end, or was cut short, which leaves everything as it is.
   void animationDidStop(bool finished);

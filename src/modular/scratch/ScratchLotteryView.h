@@ -56,6 +56,10 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
   /// Whether pressing it does something.
   bool isPressable() const { return isBlocked() || scratchMaskView->state.value().isUserInteractionEnabled; }
 
+  /// Whether a touch that began here stays here, where the page around it could scroll: a blocked card takes
+  /// it.
+  bool keepsTouches() const { return isBlocked() || scratchMaskView->isInterceptTouchesInScrollView; }
+
   // What the front reports, in points from the view's top left.
   void touchesBegan(Point point);
   void touchesMoved(Point point);

@@ -40,6 +40,7 @@ PixelRect ScratchMaskView::takeTouched() {
 void ScratchMaskView::erase(Point point) {
   const auto from = std::exchange(lastPoint, point);
   if (!from || mask() == nullptr) return;
+  scratched += std::hypot(point.x - from->x, point.y - from->y) * lineWidth;
   const double factor = scale();
   const auto touched = mask_.eraseLine({from->x * factor, from->y * factor},
                                        {point.x * factor, point.y * factor}, lineWidth * factor);
@@ -51,7 +52,7 @@ void ScratchMaskView::measure() {
   const auto& platform = Platform::current();
   const auto weak = std::weak_ptr(std::static_pointer_cast<ScratchMaskView>(shared_from_this()));
   platform.workers->post(
-      QualityOfService::userInteractive,
+      QualityOfService::userInitiated,
       [weak, loop = platform.mainLoop, snapshot = std::make_shared<const AlphaMask>(mask_)] {
         loop->post([weak, ratio = snapshot->clearedRatio()] {
           const auto self = weak.lock();

@@ -18,8 +18,8 @@ class ScratchMaskViewDelegate {
   virtual void didScratch(double ratio) = 0;
 };
 
-/// A picture that is rubbed off. A front shows the picture through `mask`, and uploads what `takeTouched`
-/// names.
+/// A picture that is rubbed off. A front shows the picture through `mask`, and puts together
+/// anew what `takeTouched` names.
 class ORRELO_EXPORT ScratchMaskView final : public View {
  public:
   struct State {
@@ -49,6 +49,10 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
   /// Counts, on a worker, how much is gone by now, and tells the delegate.
   void measure();
 
+  /// The page does not scroll under a rub. Nothing in the kit sets it.
+  bool isInterceptTouchesInScrollView = false;
+  /// The area of all lines so far, in square points, overlaps counted again. It decides nothing.
+  double scratched = 0.0;
   std::weak_ptr<ScratchMaskViewDelegate> delegate;
   Followed<State> state;
 

@@ -23,22 +23,14 @@ class ORRELO_EXPORT StackView final : public View {
     friend bool operator==(const Arranged&, const Arranged&) = default;
   };
 
-  struct State {
-    /// From top to bottom.
-    std::vector<Arranged> arrangedSubviews;
-    /// Around all of them.
-    EdgeInsets margins;
-
-    friend bool operator==(const State&, const State&) = default;
-  };
-
   std::string_view kind() const override { return "StackView"; }
 
   void addArrangedSubview(std::shared_ptr<View> view, std::optional<double> inset = 0.0);
   /// After the last view, in place of what was set there before. Nothing where there is no view yet.
   void setCustomSpacingAfterLast(double spacing);
 
-  Followed<State> state;
+  /// From top to bottom. They stand before a front draws the stack, and stay.
+  std::vector<Arranged> arrangedSubviews;
 };
 
 }  // namespace orrelo

@@ -35,21 +35,24 @@ std::shared_ptr<ViewController> ViewController::topmost() {
 bool ViewController::present(const std::shared_ptr<ViewController>& screen, bool animated) {
   // Containers present for their children.
   if (const auto outermost = root(); outermost.get() != this) return outermost->present(screen, animated);
-  if (presentedViewController()) {
-    log(LogLevel::WARNING, [&] {
-      return std::string(kind()) + " already presents a screen and refuses " + std::string(screen->kind());
-    });
-    return false;
-  }
-  if (!canAdd(screen)) return false;
+  if (!canPresent(screen)) return false;
+  screen->loadViewIfNeeded();  // the host may hear of it, and present another
+  if (!canPresent(screen)) return false;
   screen->presenting_ = weak_from_this();
   const bool covers = screen->modalPresentationStyle == ModalPresentationStyle::fullScreen;
   const bool wasVisible = isVisible_;
   if (wasVisible && covers) disappear(animated);
-  screen->loadViewIfNeeded();
   presented_.set({screen, animated});
   if (wasVisible) screen->appear(animated);
   return true;
+}
+
+bool ViewController::canPresent(const std::shared_ptr<ViewController>& screen) {
+  if (!presentedViewController()) return canAdd(screen);
+  log(LogLevel::WARNING, [&] {
+    return std::string(kind()) + " already presents a screen and refuses " + std::string(screen->kind());
+  });
+  return false;
 }
 
 void ViewController::dismiss(bool animated) {

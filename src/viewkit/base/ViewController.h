@@ -91,6 +91,7 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
 
   /// It has a place nowhere yet, and is not among those that this one lies in or over. False with a log line.
   bool canAdd(const std::shared_ptr<ViewController>& screen) const;
+  bool canPresent(const std::shared_ptr<ViewController>& screen);
   void adopt(const std::shared_ptr<ViewController>& child);
   static void release(const std::shared_ptr<ViewController>& child);
 
