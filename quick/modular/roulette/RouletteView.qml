@@ -42,6 +42,8 @@ Item {
             height: parent.height
             roulette: view.model
             part: RoulettePart.Wheel
+            // The software renderer turns a painted item without smoothing it, a layer with.
+            layer { enabled: true; smooth: true }
             fontFamily: Theme.fontFamily
             onPainted: view.model.wheelDidAppear()
         }
