@@ -49,8 +49,12 @@ class ScratchLotteryBridge final : public ViewBridge {
   QString accessibilityLabel() const { return toQt(lottery_.accessibilityLabel()); }
   ScratchMaskView& mask() const { return *lottery_.scratchMaskView; }
 
-  Q_INVOKABLE void touchesBegan(double x, double y) { rub([&] { lottery_.touchesBegan({x, y}); }); }
-  Q_INVOKABLE void touchesMoved(double x, double y) { rub([&] { lottery_.touchesMoved({x, y}); }); }
+  Q_INVOKABLE void touchesBegan(double x, double y) {
+    rub([&] { lottery_.touchesBegan({x, y}); });
+  }
+  Q_INVOKABLE void touchesMoved(double x, double y) {
+    rub([&] { lottery_.touchesMoved({x, y}); });
+  }
   Q_INVOKABLE void touchesEnded() { lottery_.touchesEnded(); }
   Q_INVOKABLE void press() { lottery_.press(); }
 
@@ -72,7 +76,8 @@ class ScratchLotteryBridge final : public ViewBridge {
 class ScratchMaskItem : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(orrelo::quick::ScratchLotteryBridge* lottery READ lottery WRITE setLottery NOTIFY lotteryChanged REQUIRED)
+  Q_PROPERTY(orrelo::quick::ScratchLotteryBridge* lottery READ lottery WRITE setLottery NOTIFY lotteryChanged
+                 REQUIRED)
 
  public:
   using QQuickPaintedItem::QQuickPaintedItem;

@@ -22,7 +22,8 @@ std::string cardPage(const std::string& state) {
   return R"({"page_type":"box","page_id":"p","page_details_v2":{"page_config":{"layout":{
       "toolbar":{"text":"긁는 복권"},"component_order":["scratch_lottery"]}},"blank":[24],
     "scratch_lottery":[{"state":")" +
-         state + R"(","scratchable":true,"result":"커피 쿠폰 당첨","mot_url":"/blocked","done_url":"/scratched",
+         state +
+         R"(","scratchable":true,"result":"커피 쿠폰 당첨","mot_url":"/blocked","done_url":"/scratched",
       "primary_color":"#5B50E8","secondary_color":"#E5E3FF"}]}})";
 }
 
@@ -65,7 +66,8 @@ TEST_F(GamesTest, TheWheelSpinsToItsSectorAndTheServiceIsTold) {
 TEST_F(GamesTest, ACardIsRubbedFreeAndTheServiceIsToldOnce) {
   service_->answers["/scratched"] = {200, cardPage("done")};
   openPage(cardPage("idle"));
-  ASSERT_TRUE(waitFor([&] { return window_->contentItem() && names().contains(QStringLiteral("긁는 복권")); }));
+  ASSERT_TRUE(
+      waitFor([&] { return window_->contentItem() && names().contains(QStringLiteral("긁는 복권")); }));
   settle();
   const auto whole = grab("scratch-whole");
   const int top = 44 + 24;  // below the bar and the first blank
