@@ -91,11 +91,22 @@ QString RouletteBridge::accessibilityLabel() const {
   return outcome.isEmpty() ? label : outcome + QStringLiteral(", ") + label;
 }
 
+void RoulettePart::setTurn(double turn) {
+  if (turn == turn_) return;
+  turn_ = turn;
+  update();
+  Q_EMIT turnChanged();
+}
+
 void RoulettePart::paint(QPainter* painter) {
   if (!roulette_) return;
   const auto& drawing = roulette_->drawing();
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
+  const auto middle = boundingRect().center();
+  painter->translate(middle);
+  painter->rotate(turn_);
+  painter->translate(-middle);
   if (part_ == Base) {
     for (const auto& disc : drawing.rim) quick::paint(*painter, disc);
   } else if (part_ == Wheel) {

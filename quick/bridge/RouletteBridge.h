@@ -46,12 +46,14 @@ class RouletteBridge final : public ViewBridge {
   const RouletteDrawing drawing_;
 };
 
-/// Paints, once, what stands still beneath the wheel, the wheel itself, or what stands still above it.
+/// Paints what stands still beneath the wheel, the wheel itself, or what stands still above it.
 class RoulettePart : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(orrelo::quick::RouletteBridge* roulette MEMBER roulette_ NOTIFY rouletteChanged REQUIRED)
   Q_PROPERTY(Part part MEMBER part_ NOTIFY partChanged REQUIRED)
+  /// How far the part is turned as it is painted, in degrees: sharper than to turn what is painted already.
+  Q_PROPERTY(double turn READ turn WRITE setTurn NOTIFY turnChanged)
   Q_PROPERTY(QString fontFamily MEMBER fontFamily_ NOTIFY fontFamilyChanged)
 
  public:
@@ -60,11 +62,15 @@ class RoulettePart : public QQuickPaintedItem {
 
   explicit RoulettePart(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) { setAntialiasing(true); }
 
+  double turn() const { return turn_; }
+  void setTurn(double turn);
+
   void paint(QPainter* painter) override;
 
  Q_SIGNALS:
   void rouletteChanged();
   void partChanged();
+  void turnChanged();
   void fontFamilyChanged();
   /// It has been painted, at least once.
   void painted();
@@ -72,6 +78,7 @@ class RoulettePart : public QQuickPaintedItem {
  private:
   QPointer<RouletteBridge> roulette_;
   Part part_ = Base;
+  double turn_ = 0.0;
   QString fontFamily_;
 };
 

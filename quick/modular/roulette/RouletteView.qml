@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo
 
-/// A wheel of fortune: painted once, and turned as the core says.
+/// A wheel of fortune: painted where it rests, and turned as the core says.
 Item {
     id: view
 
@@ -16,7 +16,8 @@ Item {
             if (!spin.running) spin.start()
         } else {
             spin.stop()
-            wheel.rotation = model.rotation
+            wheel.rotation = 0
+            wheel.turn = model.rotation
         }
     }
     Component.onCompleted: turn()
