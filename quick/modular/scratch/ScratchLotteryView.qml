@@ -8,7 +8,8 @@ FocusScope {
     required property ScratchLotteryBridge model
 
     implicitHeight: model.height
-    activeFocusOnTab: model.isPressable
+    // Whoever has the keyboard keeps it until they move on.
+    activeFocusOnTab: model.isPressable || activeFocus
     Accessible.role: model.isPressable ? Accessible.Button : Accessible.StaticText
     Accessible.name: model.accessibilityLabel
     Accessible.focusable: model.isPressable
