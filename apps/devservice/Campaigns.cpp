@@ -2,12 +2,9 @@
 
 #include "JsonText.h"
 
-#include <algorithm>
 #include <array>
 #include <ctime>
 #include <nlohmann/json.hpp>
-#include <stdexcept>
-#include <utility>
 
 namespace orrelo::devservice {
 
@@ -15,11 +12,14 @@ namespace {
 
 using nlohmann::json;
 
-/// By the clock and the time zone of this machine.
-std::string today() {
+/// So many days ago, by the clock and the time zone of this machine.
+std::string day(int ago = 0) {
   const auto now = std::time(nullptr);
   std::tm local{};
   localtime_r(&now, &local);
+  local.tm_mday -= ago;
+  local.tm_isdst = -1;
+  std::mktime(&local);
   std::array<char, 16> text{};
   return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d", &local)};
 }
@@ -30,69 +30,66 @@ void replaceAll(std::string& text, std::string_view name, std::string_view value
   }
 }
 
-bool isAttendance(const json& campaign) {
-  const auto page = campaign.find("page");
-  if (page == campaign.end() || !page->is_object() || !page->value("page_detail", json()).is_object()) {
-    return false;
+void fillIn(std::string& text, const std::string& serviceUrl) {
+  constexpr int longestMonth = 31;
+  replaceAll(text, "{{service}}", serviceUrl);
+  replaceAll(text, "{{today}}", day());
+  replaceAll(text, "{{month}}", day().substr(0, 7));
+  for (int ago = 1; ago <= longestMonth; ++ago) {
+    replaceAll(text, "{{today-" + std::to_string(ago) + "}}", day(ago));
   }
-  return stringAt(*page, "page_type").value_or("").find("attendance") != std::string::npos;
 }
 
 }  // namespace
 
-Campaigns::Campaigns(AttendanceBook& book, const Scenario& theScenario)
-    : attendances(book), scenario(theScenario) {}
+Campaigns::Campaigns(ParticipationBook& book, const Scenario& theScenario)
+    : participations(book), scenario(theScenario) {}
 
 Reply Campaigns::list(const Asker& asker) const {
   auto all = json::array();
   for (const auto& id : scenario.campaigns(asker.appKey)) {
-    all.push_back(render(load(asker, id), asker)["campaign"]);
+    if (const auto file = load(asker, id)) all.push_back(render(*file, {asker.appKey, asker.userId, id}));
   }
   return jsonReply(200, all);
 }
 
 Reply Campaigns::one(const Asker& asker, const std::string& id) const {
   const auto file = load(asker, id);
-  if (file.is_null()) return errorReply(404, "the scenario has no such campaign");
-  return jsonReply(200, render(file, asker)["campaign"]);
+  if (!file) return errorReply(404, "the scenario has no such campaign");
+  return jsonReply(200, render(*file, {asker.appKey, asker.userId, id}));
 }
 
-Reply Campaigns::checkIn(const Asker& asker, const std::string& id) {
-  auto file = load(asker, id);
-  if (file.is_null() || !isAttendance(file["campaign"])) {
-    return errorReply(404, "the scenario has no such attendance campaign");
-  }
-  const bool isNew = attendances.checkIn({asker.appKey, asker.userId, id}, today());
-  file = render(std::move(file), asker);
-  auto& page = file["campaign"]["page"];
-  if (isNew && file.contains("on_check_in")) page["page_detail"].update(file["on_check_in"]);
-  return jsonReply(200, page);
+Reply Campaigns::participate(const Asker& asker, const std::string& id, const std::string& action) {
+  const auto file = load(asker, id);
+  const auto* const step = file ? file->action(action) : nullptr;
+  if (step == nullptr) return errorReply(404, "the scenario has no such campaign and action");
+  const ParticipationBook::Key user{asker.appKey, asker.userId, id};
+  const std::lock_guard lock(participating);
+  if (stateOf(*file, user) != step->from) return jsonReply(200, render(*file, user)["page"]);
+  participations.add(user, {action, step->to, day()});
+  return jsonReply(200, file->campaign(step->to, daysOf(user), step->reply)["page"]);
 }
 
-json Campaigns::load(const Asker& asker, const std::string& id) const {
+std::optional<CampaignFile> Campaigns::load(const Asker& asker, const std::string& id) const {
   auto text = scenario.campaign(asker.appKey, id);
-  if (!text) return nullptr;
-  replaceAll(*text, "{{service}}", asker.serviceUrl);
-  replaceAll(*text, "{{today}}", today());
-  replaceAll(*text, "{{month}}", today().substr(0, 7));
-  auto file = json::parse(*text, nullptr, false);
-  if (!file.is_object() || !file.value("campaign", json()).is_object()) {
-    throw std::runtime_error("campaigns/" + id + ".json is no object with a \"campaign\"");
-  }
-  return file;
+  if (!text) return std::nullopt;
+  fillIn(*text, asker.serviceUrl);
+  return CampaignFile(id, *text);
 }
 
-json Campaigns::render(json file, const Asker& asker) const {
-  auto& campaign = file["campaign"];
-  if (!isAttendance(campaign)) return file;
-  const auto id = stringAt(campaign, "id").value_or("");
-  auto& detail = campaign["page"]["page_detail"];
-  auto& attended = detail["attended_date"];
-  if (!attended.is_array()) return file;  // broken on purpose
-  for (const auto& day : attendances.days({asker.appKey, asker.userId, id})) attended.push_back(day);
-  const bool isDone = std::find(attended.begin(), attended.end(), json(today())) != attended.end();
-  if (isDone && file.contains("when_attended")) detail.update(file["when_attended"]);
-  return file;
+std::string Campaigns::stateOf(const CampaignFile& file, const ParticipationBook::Key& user) const {
+  const auto last = participations.last(user);
+  // The file may have been edited since.
+  if (!last || !file.hasState(last->state)) return file.firstState();
+  return file.startsAnewDaily() && last->day != day() ? file.firstState() : last->state;
+}
+
+CampaignFile::Days Campaigns::daysOf(const ParticipationBook::Key& user) const {
+  return [this, user](const std::string& action) { return participations.days(user, action); };
+}
+
+json Campaigns::render(const CampaignFile& file, const ParticipationBook::Key& user) const {
+  return file.campaign(stateOf(file, user), daysOf(user));
 }
 
 }  // namespace orrelo::devservice

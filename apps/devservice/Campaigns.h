@@ -1,10 +1,13 @@
 #pragma once
 
-#include "AttendanceBook.h"
+#include "CampaignFile.h"
+#include "ParticipationBook.h"
 #include "Reply.h"
 #include "Scenario.h"
 
+#include <mutex>
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <string>
 
 namespace orrelo::devservice {
@@ -12,7 +15,7 @@ namespace orrelo::devservice {
 /// Plays the scenario's campaigns: what a user sees of them, and what taking part changes.
 class Campaigns {
  public:
-  Campaigns(AttendanceBook& book, const Scenario& scenario);
+  Campaigns(ParticipationBook& book, const Scenario& scenario);
 
   /// On whose behalf, and by which address the service was asked.
   struct Asker {
@@ -26,15 +29,21 @@ class Campaigns {
   /// All of them, in the order of their files' names.
   Reply list(const Asker& asker) const;
   Reply one(const Asker& asker, const std::string& id) const;
-  /// The page that now applies, for the path that an attendance page gives as "button_url".
-  Reply checkIn(const Asker& asker, const std::string& id);
+  /// Carries the action out where the user's state allows it. The reply is the page that now applies, either
+  /// way: who presses twice wins once.
+  Reply participate(const Asker& asker, const std::string& id, const std::string& action);
 
  private:
-  nlohmann::json load(const Asker& asker, const std::string& id) const;
-  nlohmann::json render(nlohmann::json file, const Asker& asker) const;
+  /// Absent where there is no such file.
+  std::optional<CampaignFile> load(const Asker& asker, const std::string& id) const;
+  std::string stateOf(const CampaignFile& file, const ParticipationBook::Key& user) const;
+  CampaignFile::Days daysOf(const ParticipationBook::Key& user) const;
+  nlohmann::json render(const CampaignFile& file, const ParticipationBook::Key& user) const;
 
-  AttendanceBook& attendances;
+  ParticipationBook& participations;
   const Scenario& scenario;
+  /// From the look at a user's state to its change.
+  std::mutex participating;
 };
 
 }  // namespace orrelo::devservice

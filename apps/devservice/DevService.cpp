@@ -35,15 +35,15 @@ class DevService::Impl {
         certificate(Certificate::loadOrCreate(directory)),
         scenario(scenarioOr(options.scenarioDirectory)),
         store(directory / "devservice.sqlite3"),
-        attendances(directory / "attendances.sqlite3"),
-        dispatcher(store, attendances, scenario, requests, faults),
+        participations(directory / "participations.sqlite3"),
+        dispatcher(store, participations, scenario, requests, faults),
         port(options.port) {}
 
   const std::filesystem::path directory;
   const Certificate certificate;
   const Scenario scenario;
   EventStore store;
-  AttendanceBook attendances;
+  ParticipationBook participations;
   RequestLog requests;
   FaultBook faults;
   Dispatcher dispatcher;

@@ -49,9 +49,9 @@ Reply replyOf(const Fault& fault, int status) {
 
 }  // namespace
 
-Dispatcher::Dispatcher(EventStore& store, AttendanceBook& attendances, const Scenario& scenario,
+Dispatcher::Dispatcher(EventStore& store, ParticipationBook& participations, const Scenario& scenario,
                        RequestLog& theRequests, FaultBook& theFaults)
-    : service(store, attendances, scenario),
+    : service(store, participations, scenario),
       admin(store, scenario, theRequests, theFaults),
       requests(theRequests),
       faults(theFaults) {}

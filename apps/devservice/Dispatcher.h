@@ -12,8 +12,8 @@ namespace orrelo::devservice {
 /// Takes each request to the routes that answer it, and spoils the answer where a fault is ordered.
 class Dispatcher {
  public:
-  Dispatcher(EventStore& store, AttendanceBook& attendances, const Scenario& scenario, RequestLog& requests,
-             FaultBook& faults);
+  Dispatcher(EventStore& store, ParticipationBook& participations, const Scenario& scenario,
+             RequestLog& requests, FaultBook& faults);
 
   void handle(const httplib::Request& request, httplib::Response& response);
 

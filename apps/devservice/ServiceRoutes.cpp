@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace orrelo::devservice {
 
@@ -44,17 +45,24 @@ std::string identityOf(const httplib::Request& request) {
   return toText(headers);
 }
 
-/// What "*" stands for, empty in a pattern without one; absent where the path is another.
-std::optional<std::string> match(std::string_view pattern, std::string_view path) {
-  const auto star = pattern.find('*');
-  if (star == std::string_view::npos) return pattern == path ? std::optional<std::string>("") : std::nullopt;
-  const auto before = pattern.substr(0, star);
-  const auto after = pattern.substr(star + 1);
-  if (path.size() <= before.size() + after.size() || !path.starts_with(before) || !path.ends_with(after)) {
-    return std::nullopt;
+/// What each "*" stands for; absent where the path is another.
+std::optional<std::vector<std::string>> match(std::string_view pattern, std::string_view path) {
+  const auto cutPart = [](std::string_view& rest) {
+    const auto part = rest.substr(0, rest.find('/', 1));
+    rest.remove_prefix(part.size());
+    return part;
+  };
+  std::vector<std::string> found;
+  while (!pattern.empty() && !path.empty()) {
+    const auto expected = cutPart(pattern);
+    const auto part = cutPart(path);
+    if (expected == "/*" && part.size() > 1) {
+      found.emplace_back(part.substr(1));
+    } else if (expected != part) {
+      return std::nullopt;
+    }
   }
-  const auto part = path.substr(before.size(), path.size() - before.size() - after.size());
-  return part.find('/') == std::string_view::npos ? std::optional(std::string(part)) : std::nullopt;
+  return pattern.empty() && path.empty() ? std::optional(found) : std::nullopt;
 }
 
 std::string contentTypeOf(std::string_view name) {
@@ -69,8 +77,9 @@ std::string contentTypeOf(std::string_view name) {
 
 }  // namespace
 
-ServiceRoutes::ServiceRoutes(EventStore& store, AttendanceBook& attendances, const Scenario& theScenario)
-    : eventStore(store), scenario(theScenario), campaigns(attendances, theScenario) {}
+ServiceRoutes::ServiceRoutes(EventStore& store, ParticipationBook& participations,
+                             const Scenario& theScenario)
+    : eventStore(store), scenario(theScenario), campaigns(participations, theScenario) {}
 
 const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
   static const std::vector<Route> routes{
@@ -80,7 +89,7 @@ const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
       {"POST", "/token", &ServiceRoutes::saveToken},
       {"GET", "/campaigns", &ServiceRoutes::listCampaigns},
       {"GET", "/campaigns/*", &ServiceRoutes::campaign},
-      {"GET", "/campaigns/*/check-in", &ServiceRoutes::checkIn},
+      {"GET", "/campaigns/*/*", &ServiceRoutes::participate},
   };
   return routes;
 }
@@ -98,9 +107,9 @@ Reply ServiceRoutes::answer(const httplib::Request& request) {
   Call call{std::string(rest.substr(0, slash)), std::string(rest.substr(slash)), request};
 
   for (const auto& route : table()) {
-    const auto id = match(route.path, call.path);
-    if (!id) continue;
-    call.id = *id;
+    auto parts = match(route.path, call.path);
+    if (!parts) continue;
+    call.parts = std::move(*parts);
     if (request.method == route.method) return (this->*route.handler)(call);
     auto reply = errorReply(405, "this path takes " + std::string(route.method));
     reply.headers.emplace_back("Allow", route.method);
@@ -163,12 +172,12 @@ Reply ServiceRoutes::listCampaigns(const Call& call) {
 }
 
 Reply ServiceRoutes::campaign(const Call& call) {
-  return campaigns.one(askerOf(call), call.id);
+  return campaigns.one(askerOf(call), call.parts.at(0));
 }
 
-Reply ServiceRoutes::checkIn(const Call& call) {
+Reply ServiceRoutes::participate(const Call& call) {
   if (!call.http.has_header("buid")) return errorReply(400, "\"buid\" is missing");
-  return campaigns.checkIn(askerOf(call), call.id);
+  return campaigns.participate(askerOf(call), call.parts.at(0), call.parts.at(1));
 }
 
 Reply ServiceRoutes::image(const std::string& name) const {

@@ -15,7 +15,7 @@ namespace orrelo::devservice {
 /// the store's lookup.
 class ServiceRoutes {
  public:
-  ServiceRoutes(EventStore& store, AttendanceBook& attendances, const Scenario& scenario);
+  ServiceRoutes(EventStore& store, ParticipationBook& participations, const Scenario& scenario);
 
   Reply answer(const httplib::Request& request);
 
@@ -26,10 +26,10 @@ class ServiceRoutes {
     /// What follows the app key, with its slash.
     std::string path;
     const httplib::Request& http;
-    /// What "*" of the route stands for.
-    std::string id = {};
+    /// What each "*" of the route stands for.
+    std::vector<std::string> parts = {};
   };
-  /// A path takes one method; a new path is one more row. "*" stands for one part of it.
+  /// A path takes one method; a new path is one more row. each "*" stands for one part of it.
   struct Route {
     const char* method;
     const char* path;
@@ -44,7 +44,7 @@ class ServiceRoutes {
   static Campaigns::Asker askerOf(const Call& call);
   Reply listCampaigns(const Call& call);
   Reply campaign(const Call& call);
-  Reply checkIn(const Call& call);
+  Reply participate(const Call& call);
   Reply image(const std::string& name) const;
   Reply lookup() const;
   Reply store(const Call& call, const std::vector<IncomingEvent>& events);

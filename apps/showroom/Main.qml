@@ -71,29 +71,65 @@ Window {
                         }
                     }
                 }
-                ShopButton {
-                    text: "출석체크 열기"
-                    onPressed: showroom.openCampaign("attendance")
-                }
-                ShopButton {
-                    text: "진행 중인 출석 이벤트"
-                    onPressed: showroom.presentAttendance()
-                }
-                ShopButton {
-                    text: "이벤트 결과 보기"
-                    onPressed: showroom.openCampaign("result")
-                }
-                ShopButton {
-                    text: "스탬프 모으기"
-                    onPressed: showroom.openCampaign("stamp")
-                }
-                ShopButton {
-                    text: "선물 상자 열기"
-                    onPressed: showroom.openPage("gift-box")
-                }
-                ShopButton {
-                    text: "혜택 알림"
-                    onPressed: showroom.openCampaign("marketing")
+                Grid {
+                    id: campaigns
+
+                    readonly property real cell: (width - spacing) / 2
+
+                    width: parent.width
+                    columns: 2
+                    spacing: 12
+
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "출석체크 열기"
+                        onPressed: showroom.openCampaign("attendance")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "진행 중인 출석"
+                        onPressed: showroom.presentAttendance()
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "이벤트 결과 보기"
+                        onPressed: showroom.openCampaign("result")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "스탬프 모으기"
+                        onPressed: showroom.openCampaign("stamp")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "선물 상자 열기"
+                        onPressed: showroom.openPage("gift-box")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "혜택 알림"
+                        onPressed: showroom.openCampaign("marketing")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "룰렛 돌리러 가기"
+                        onPressed: showroom.openCampaign("roulette")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "복권 긁으러 가기"
+                        onPressed: showroom.openCampaign("scratch")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "비밀 복권 열기"
+                        onPressed: showroom.openCampaign("scratch-locked")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "이벤트 예고 보기"
+                        onPressed: showroom.openCampaign("empty")
+                    }
                 }
                 Text {
                     width: parent.width

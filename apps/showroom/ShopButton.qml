@@ -23,6 +23,8 @@ Rectangle {
         anchors.centerIn: parent
         width: parent.width - 24
         horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
         elide: Text.ElideRight
         text: button.text
         font { pixelSize: 16; weight: Font.DemiBold }

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QLineF>
 #include <QMouseEvent>
 #include <QTimer>
 #include <fstream>
@@ -66,10 +67,6 @@ double share(const QImage& picture, const QColor& color) {
   return static_cast<double>(count) / (picture.width() * picture.height());
 }
 
-void require(bool holds, const QString& what) {
-  if (!holds) throw std::runtime_error(what.toStdString());
-}
-
 }  // namespace
 
 Tour::Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folder)
@@ -85,6 +82,7 @@ void Tour::play() {
   result();
   composedPage();
   otherKinds();
+  games();
   failures();
   sizes();
   writePage();
@@ -135,7 +133,7 @@ void Tour::checkIn() {
   await(checkedIn);
   picture(QStringLiteral("The window was away: the screen has asked the service again"));
   close();
-  click(QStringLiteral("진행 중인 출석 이벤트"));
+  click(QStringLiteral("진행 중인 출석"));
   await(checkedIn);
   picture(QStringLiteral("Opened again by its type, over the window: the service remembers"));
   close();
@@ -230,6 +228,17 @@ void Tour::await(const QString& name) {
   await([&] { return find(name) != nullptr; }, QStringLiteral("\"%1\" did not appear").arg(name));
 }
 
+QQuickItem* Tour::awaitStill(const QString& name) {
+  QPointF place;
+  await(
+      [&] {
+        const auto* const item = find(name);
+        return item != nullptr && std::exchange(place, item->mapToScene({})) == item->mapToScene({});
+      },
+      QStringLiteral("there is no \"%1\" at rest to press").arg(name));
+  return find(name);
+}
+
 void Tour::awaitGone(const QString& name) {
   await([&] { return find(name) == nullptr; }, QStringLiteral("\"%1\" did not go").arg(name));
 }
@@ -243,20 +252,40 @@ void Tour::await(const std::function<bool()>& holds, const QString& what) {
   }
 }
 
+void Tour::require(bool holds, const QString& what) {
+  if (!holds) throw std::runtime_error(what.toStdString());
+}
+
 QQuickItem* Tour::find(const QString& name) const {
   return findBelow(window_.contentItem(), name);
 }
 
+void Tour::send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons) {
+  const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+  QMouseEvent event(type, point, point, window_.mapToGlobal(point), button, buttons, Qt::NoModifier);
+  QCoreApplication::sendEvent(&window_, &event);
+}
+
 void Tour::click(const QString& name) {
-  auto* const item = find(name);
-  require(item != nullptr, QStringLiteral("there is no \"%1\" to press").arg(name));
-  const auto middle = item->mapToScene({item->width() / 2, item->height() / 2});
-  const auto global = window_.mapToGlobal(middle);
-  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-    QMouseEvent event(type, middle, middle, global, Qt::LeftButton,
-                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window_, &event);
+  rub(name, {{0.5, 0.5}});
+}
+
+void Tour::rub(const QString& name, const QList<QPointF>& path) {
+  constexpr double step = 4.0;
+  const auto* const item = awaitStill(name);
+  QList<QPointF> points;
+  for (const auto& share : path) {
+    points.push_back(item->mapToScene({share.x() * item->width(), share.y() * item->height()}));
   }
+  auto point = points.front();
+  send(QEvent::MouseButtonPress, point, Qt::LeftButton);
+  for (const auto& end : points) {
+    for (QLineF way(point, end); way.length() > 0; way.setP1(point)) {
+      point = way.length() > step ? way.pointAt(step / way.length()) : end;
+      send(QEvent::MouseMove, point, Qt::LeftButton);
+    }
+  }
+  send(QEvent::MouseButtonRelease, point, Qt::NoButton);
 }
 
 void Tour::press(Qt::Key key) {
@@ -273,6 +302,10 @@ void Tour::close() {
 
 QImage Tour::picture(const QString& caption) {
   run(stillness);
+  return snapshot(caption);
+}
+
+QImage Tour::snapshot(const QString& caption) {
   const auto image = window_.grabWindow();
   require(!image.isNull(), QStringLiteral("the window gives no picture"));
   captions_.push_back(caption);

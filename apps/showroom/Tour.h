@@ -2,7 +2,10 @@
 
 #include "Showroom.h"
 
+#include <QEvent>
 #include <QImage>
+#include <QList>
+#include <QPointF>
 #include <QQuickItem>
 #include <QStringList>
 #include <filesystem>
@@ -27,19 +30,35 @@ class Tour {
   void result();
   void composedPage();
   void otherKinds();
+  void games();
   void failures();
   void sizes();
 
+  // Of the games.
+  void roulette();
+  void scratchLottery();
+  void lockedLottery();
+  void emptyPage();
+  void gamesInSizes();
+
   /// Runs the event loop until the screen holds this name.
   void await(const QString& name);
+  /// The item with this name, once it has come and stands still.
+  QQuickItem* awaitStill(const QString& name);
   void awaitGone(const QString& name);
   void await(const std::function<bool()>& holds, const QString& what);
+  static void require(bool holds, const QString& what);
   QQuickItem* find(const QString& name) const;
+  void send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons);
   void click(const QString& name);
+  /// Rubs in one go from point to point of the item with this name, each a share of its width and height.
+  void rub(const QString& name, const QList<QPointF>& path);
   void press(Qt::Key key);
   void close();
   /// Once nothing moves.
   QImage picture(const QString& caption);
+  /// At once, of whatever moves.
+  QImage snapshot(const QString& caption);
   void writePage() const;
 
   Showroom& showroom_;

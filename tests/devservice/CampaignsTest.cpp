@@ -1,5 +1,6 @@
 #include "ServiceFixture.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
 
 namespace orrelo::devservice {
@@ -22,11 +23,12 @@ TEST_F(CampaignsTest, ACheckInChangesThePageOfThatUserForGood) {
   const auto before = detailOf(as("minji", "/campaigns/attendance"));
   const auto today = before["today"];
   EXPECT_EQ(before["button_text"], "오늘 출석하기");
-  const bool wasListed = holds(before["attended_date"], today);
+  EXPECT_FALSE(holds(before["attended_date"], today));
 
   const auto page = as("minji", before["button_url"].get<std::string>());
   const auto& after = page["page_detail"];
   EXPECT_TRUE(holds(after["attended_date"], today));
+  EXPECT_EQ(after["attended_date"].size(), before["attended_date"].size() + 1);
   EXPECT_EQ(after["button_enable"], false);
   EXPECT_TRUE(after.contains("reward_message"));
   EXPECT_FALSE(as("minji", "/campaigns/attendance/check-in")["page_detail"].contains("reward_message"));
@@ -36,7 +38,7 @@ TEST_F(CampaignsTest, ACheckInChangesThePageOfThatUserForGood) {
   const auto later = detailOf(as("minji", "/campaigns/attendance"));
   EXPECT_TRUE(holds(later["attended_date"], today));
   EXPECT_FALSE(later.contains("reward_message"));
-  EXPECT_EQ(holds(detailOf(as("jun", "/campaigns/attendance"))["attended_date"], today), wasListed);
+  EXPECT_EQ(detailOf(as("jun", "/campaigns/attendance")), before);
 }
 
 TEST_F(CampaignsTest, ImagesAreServedWhereThePagesSay) {
@@ -71,12 +73,116 @@ TEST_F(OwnCampaignsTest, EditsActAtOnceAndMistakesAreTold) {
   ASSERT_EQ(list.size(), 2u);
   EXPECT_EQ(list[0]["id"], "1");
   EXPECT_EQ(list[1]["page"]["when"].get<std::string>().size(), 10u);
-  EXPECT_EQ(client->Get(onApp("/campaigns/2/check-in"), httplib::Headers{{"buid", "u"}})->status, 404);
-  EXPECT_EQ(client->Get(onApp("/campaigns/2/check-in"))->status, 400);
   folder.write("apps/app/campaigns/3.json", R"({"campaign":{"id":"3"}})");
   EXPECT_EQ(as("u", "/campaigns").size(), 1u);
   folder.write("apps/app/campaigns/3.json", "{");
   EXPECT_EQ(client->Get(onApp("/campaigns"))->status, 500);
+}
+
+/// A box with a lid: closed, then open, then empty.
+class ParticipationTest : public OwnCampaignsTest {
+ protected:
+  void SetUp() override {
+    write();
+    OwnCampaignsTest::SetUp();
+  }
+  void write(const std::string& more = "") {
+    folder.write("campaigns/box.json",
+                 R"({"campaign":{"id":"any","page":{"lid":"closed","days":["{{days of open}}"],
+          "items":[{"left":1}]}},
+        "states":{"closed":{},"open":{"/lid":"open"},"empty":{"/lid":"open","/items/0/left":0}},
+        "first_state":"closed",
+        "actions":{"open":{"from":"closed","to":"open"},
+          "take":{"from":"open","to":"empty","reply":{"/reward":"a prize"}}})" +
+                     more + "}");
+  }
+  int status(const std::string& path) {
+    return client->Get(onApp(path), httplib::Headers{{"buid", "u"}})->status;
+  }
+  json page(const std::string& user) { return as(user, "/campaigns/box")["page"]; }
+  /// As though all of it had happened long ago.
+  void age() {
+    service.reset();
+    SQLite::Database(data.path / "participations.sqlite3", SQLite::OPEN_READWRITE)
+        .exec("UPDATE participations SET day = '2020-02-29'");
+    startService();
+  }
+};
+
+TEST_F(ParticipationTest, LeadsEachUserFromStateToStateAndOutlivesTheService) {
+  EXPECT_EQ(page("minji")["lid"], "closed");
+  EXPECT_EQ(as("minji", "/campaigns/box/open")["lid"], "open");
+  service.reset();
+  startService();
+  const auto taken = as("minji", "/campaigns/box/take");
+  EXPECT_EQ(taken["items"][0]["left"], 0);
+  EXPECT_EQ(taken["reward"], "a prize");
+  EXPECT_FALSE(page("minji").contains("reward")) << "of the reply alone";
+  EXPECT_EQ(page("minji")["items"][0]["left"], 0);
+  EXPECT_EQ(page("jun")["lid"], "closed");
+  const auto other = client->Get(onApp("/campaigns/box", "other"), httplib::Headers{{"buid", "minji"}});
+  EXPECT_EQ(json::parse(other->body)["page"]["lid"], "closed");
+}
+
+TEST_F(ParticipationTest, WhatDoesNotApplyChangesNothingAndWinsNothing) {
+  EXPECT_EQ(as("u", "/campaigns/box/take")["lid"], "closed") << "it is not open yet";
+  as("u", "/campaigns/box/open");
+  as("u", "/campaigns/box/take");
+  EXPECT_FALSE(as("u", "/campaigns/box/take").contains("reward")) << "the second time";
+  EXPECT_EQ(as("u", "/campaigns/box/open")["items"][0]["left"], 0) << "no way back";
+  EXPECT_EQ(page("u")["days"].size(), 1u);
+  EXPECT_EQ(status("/campaigns/box/burn"), 404);
+  EXPECT_EQ(status("/campaigns/bag/open"), 404);
+  EXPECT_EQ(status("/campaigns/box/open/wide"), 404);
+  EXPECT_EQ(client->Get(onApp("/campaigns/box/open"))->status, 400) << "nobody's";
+}
+
+TEST_F(ParticipationTest, BeginsAnewEachDayWhereTheFileSaysSo) {
+  as("u", "/campaigns/box/open");
+  age();
+  EXPECT_EQ(page("u")["lid"], "open");
+  write(R"(,"daily":true)");
+  EXPECT_EQ(page("u")["lid"], "closed");
+  EXPECT_EQ(page("u")["days"], json::array({"2020-02-29"}));
+  as("u", "/campaigns/box/open");
+  EXPECT_EQ(page("u")["lid"], "open");
+  EXPECT_EQ(page("u")["days"].size(), 2u);
+}
+
+TEST_F(ParticipationTest, AStateThatTheFileHasNoLongerCountsAsTheFirst) {
+  as("u", "/campaigns/box/open");
+  folder.write("campaigns/box.json",
+               R"({"campaign":{"page":{"lid":"none"}},"states":{"gone":{}},"first_state":"gone"})");
+  EXPECT_EQ(page("u")["lid"], "none");
+}
+
+TEST_F(ParticipationTest, MistakesOfTheFileAreToldBeforeAnyoneMeetsThem) {
+  const std::string campaign = R"({"campaign":{"page":{"a":[]}},"states":{"x":{)";
+  const auto reasonFor = [&](const std::string& text) {
+    folder.write("campaigns/box.json", text);
+    const auto result = client->Get(onApp("/campaigns"));
+    return result->status == 500 ? json::parse(result->body)["error"].get<std::string>() : "none";
+  };
+  const std::string name = "campaigns/box.json: ";
+  EXPECT_EQ(reasonFor(campaign + "}}}"), name + "\"first_state\" of the file names no state");
+  EXPECT_EQ(reasonFor(campaign + R"(}},"first_state":"y"})"),
+            name + "\"first_state\" of the file names no state");
+  EXPECT_EQ(reasonFor(campaign + R"(}},"first_state":"x","actions":{"go":{"from":"x","to":"y"}}})"),
+            name + "\"to\" of the action \"go\" names no state");
+  for (const std::string place : {"a", "/b/c", "/a/0", "/a/-", ""}) {
+    EXPECT_EQ(reasonFor(campaign + "\"" + place + R"(":1}},"first_state":"x"})"),
+              name + "\"" + place + "\" is no place in the page");
+  }
+  EXPECT_EQ(reasonFor(campaign + R"("/a":["{{days of go}}"]}},"first_state":"x"})"),
+            name + "there is no action \"go\" to have days");
+  EXPECT_EQ(reasonFor(R"({"campaign":{},"states":{"x":{}},"first_state":"x"})"),
+            name + "there are states, but no page");
+  for (const auto* wrong :
+       {R"({"campaign":{"page":{}},"states":1})", R"({"campaign":{},"actions":[]})",
+        R"({"campaign":{"page":{}},"states":{"x":7},"first_state":"x"})",
+        R"({"campaign":{"page":{}},"states":{"x":{}},"first_state":"x","daily":"yes"})"}) {
+    EXPECT_NE(reasonFor(wrong), "none") << wrong;
+  }
 }
 
 }  // namespace

@@ -70,8 +70,13 @@ QString nameOf(QObject* object) {
 
 }  // namespace
 
-QuickTest::QuickTest() {
+WindowTest::WindowTest() {
   QAccessible::setActive(true);
+}
+
+WindowTest::~WindowTest() = default;
+
+QuickTest::QuickTest() {
   auto platform = quick::platform({.bundleIdentifier = "com.example.shop",
                                    .dataDirectory = folder_.path(),
                                    .cacheDirectory = folder_.path()});
@@ -88,11 +93,7 @@ QuickTest::QuickTest() {
   open({390, 844});
 }
 
-QuickTest::~QuickTest() {
-  engine_.reset();
-}
-
-void QuickTest::open(QSize size, double textScale) {
+void WindowTest::open(QSize size, double textScale) {
   engine_ = std::make_unique<QQmlApplicationEngine>();
   QObject::connect(engine_.get(), &QQmlEngine::warnings, [](const QList<QQmlError>& faults) {
     for (const auto& fault : faults) ADD_FAILURE() << fault.toString().toStdString();
@@ -126,15 +127,15 @@ void QuickTest::open(QSize size, double textScale) {
   ASSERT_TRUE(QTest::qWaitForWindowExposed(window_));
 }
 
-bool QuickTest::waitFor(const std::function<bool()>& holds) {
+bool WindowTest::waitFor(const std::function<bool()>& holds) {
   return QTest::qWaitFor(holds, 5000);
 }
 
-void QuickTest::settle() {
+void WindowTest::settle() {
   QTest::qWait(450);
 }
 
-QImage QuickTest::grab(const QString& name) {
+QImage WindowTest::grab(const QString& name) {
   settle();
   const QDir folder(QStringLiteral(ORRELO_PICTURES));
   folder.mkpath(QStringLiteral("."));
@@ -143,7 +144,7 @@ QImage QuickTest::grab(const QString& name) {
   return image;
 }
 
-QQuickItem* QuickTest::named(const QString& name) const {
+QQuickItem* WindowTest::named(const QString& name) const {
   QQuickItem* found = nullptr;
   visit(window_->contentItem(), [&](QQuickItem* item) {
     if (nameOf(item) == name) found = item;
@@ -151,7 +152,7 @@ QQuickItem* QuickTest::named(const QString& name) const {
   return found;
 }
 
-int QuickTest::count(const QImage& picture, const QColor& color) {
+int WindowTest::count(const QImage& picture, const QColor& color) {
   const auto isNear = [](int a, int b) { return std::abs(a - b) <= 8; };
   int found = 0;
   for (int y = 0; y < picture.height(); ++y) {
@@ -164,18 +165,18 @@ int QuickTest::count(const QImage& picture, const QColor& color) {
   return found;
 }
 
-void QuickTest::click(const QString& name) {
+void WindowTest::click(const QString& name) {
   auto* const item = named(name);
   ASSERT_NE(item, nullptr) << name.toStdString();
   const auto middle = item->mapToScene({item->width() / 2, item->height() / 2});
   QTest::mouseClick(window_, Qt::LeftButton, {}, middle.toPoint());
 }
 
-QString QuickTest::focusName() const {
+QString WindowTest::focusName() const {
   return nameOf(window_->activeFocusItem());
 }
 
-QStringList QuickTest::names() const {
+QStringList WindowTest::names() const {
   QStringList found;
   visit(window_->contentItem(), [&](QQuickItem* item) {
     if (const auto name = nameOf(item); !name.isEmpty()) found.push_back(name);

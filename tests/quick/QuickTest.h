@@ -20,16 +20,16 @@
 
 namespace orrelo::test {
 
-/// A host's window over a real kit with a scripted service, drawn off the screen.
-class QuickTest : public testing::Test {
+/// A host's window, drawn off the screen. What the kit talks to is the heirs' matter.
+class WindowTest : public testing::Test {
  protected:
-  QuickTest();
-  ~QuickTest() override;
+  WindowTest();
+  ~WindowTest() override;
 
   /// Opens the host's window anew.
   void open(QSize size, double textScale = 1.0);
   std::shared_ptr<ViewController> host() const { return quick::hostViewController(window_); }
-  void showCampaign() { Orrelo::showCampaign("c-1", host()); }
+  void showCampaign(const std::string& id) { Orrelo::showCampaign(id, host()); }
 
   /// Runs the event loop until `holds`; false after some seconds.
   static bool waitFor(const std::function<bool()>& holds);
@@ -53,9 +53,18 @@ class QuickTest : public testing::Test {
   QStringList names() const;
 
   TemporaryFolder folder_;
-  std::shared_ptr<Service> service_;
   std::unique_ptr<QQmlApplicationEngine> engine_;
   QQuickWindow* window_ = nullptr;
+};
+
+/// Over a real kit with a scripted service, and a clock that stands still.
+class QuickTest : public WindowTest {
+ protected:
+  QuickTest();
+
+  void showCampaign() { WindowTest::showCampaign("c-1"); }
+
+  std::shared_ptr<Service> service_;
 };
 
 }  // namespace orrelo::test

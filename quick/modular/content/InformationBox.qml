@@ -1,13 +1,17 @@
 import QtQuick
 import Orrelo
 
-/// A text with a small picture, and another text at the other side.
+/// A text with a small picture, and another text at the other side, or below where both do not fit in a row.
 Rectangle {
     id: box
 
     required property InformationBoxBridge model
+    readonly property real room: width - 2 * model.margin
+    readonly property bool isStacked: leftText.implicitWidth + model.leftSpacing + picture.width + 12
+                                      + right.implicitWidth > room
 
-    implicitHeight: Math.max(model.boxHeight, left.height + 32, right.height + 32)
+    implicitHeight: Math.max(model.boxHeight,
+                             (isStacked ? left.height + 4 + right.height : Math.max(left.height, right.height)) + 32)
     radius: model.cornerRadius
     color: model.backgroundColor
     Accessible.role: Accessible.StaticText
@@ -15,12 +19,14 @@ Rectangle {
 
     Row {
         id: left
-        anchors { left: parent.left; leftMargin: box.model.margin; verticalCenter: parent.verticalCenter }
+        x: box.model.margin
+        y: Math.floor((box.height - height - (box.isStacked ? 4 + right.height : 0)) / 2)
         spacing: box.model.leftSpacing
 
         KitText {
+            id: leftText
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, (box.width - 2 * box.model.margin) * 0.6 - picture.width)
+            width: Math.min(implicitWidth, Math.max(0, box.room - box.model.leftSpacing - picture.width))
             size: 14
             text: box.model.leftText
             Accessible.ignored: true
@@ -35,8 +41,9 @@ Rectangle {
     }
     KitText {
         id: right
-        anchors { right: parent.right; rightMargin: box.model.margin; verticalCenter: parent.verticalCenter }
-        width: Math.max(0, box.width - 2 * box.model.margin - left.width - 12)
+        anchors { right: parent.right; rightMargin: box.model.margin }
+        y: box.isStacked ? left.y + left.height + 4 : Math.floor((box.height - height) / 2)
+        width: Math.max(0, box.isStacked ? box.room : box.room - left.width - 12)
         horizontalAlignment: Text.AlignRight
         size: 14
         font.bold: true

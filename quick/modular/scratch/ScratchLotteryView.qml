@@ -13,7 +13,8 @@ FocusScope {
 
     implicitHeight: model.height
     objectName: model.accessibilityIdentifier
-    activeFocusOnTab: model.isPressable
+    // Whoever has the keyboard keeps it until they move on.
+    activeFocusOnTab: model.isPressable || activeFocus
     Accessible.role: model.isPressable ? Accessible.Button : Accessible.StaticText
     Accessible.name: model.accessibilityLabel
     Accessible.focusable: model.isPressable
