@@ -8,8 +8,8 @@ namespace {
 
 using devservice::Fault;
 
-const QString wheel = QStringLiteral(
-    "룰렛, 경품: 쿠폰 커피 1잔, 포인트 100P, 쿠폰 배송 무료, 포인트 500P, 쿠폰 반값 할인, 포인트 1000P");
+const QString wheel =
+    QStringLiteral("룰렛, 경품: 쿠폰 커피, 포인트 100P, 쿠폰 무료배송, 포인트 500P, 쿠폰 반값, 포인트 1000P");
 const QString wheelThatStopped = QStringLiteral("결과: 포인트 1000P, ") + wheel;
 const QString spin = QStringLiteral("룰렛 돌리기");
 const QString spun = QStringLiteral("내일 다시 돌려 보세요");
