@@ -263,6 +263,9 @@ QQuickItem* Tour::find(const QString& name) const {
 void Tour::send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons) {
   const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
   QMouseEvent event(type, point, point, window_.mapToGlobal(point), button, buttons, Qt::NoModifier);
+  static QElapsedTimer clock;
+  if (!clock.isValid()) clock.start();
+  event.setTimestamp(static_cast<quint64>(clock.elapsed()) + 1);  // a page tells a rub from a flick by it
   QCoreApplication::sendEvent(&window_, &event);
 }
 
