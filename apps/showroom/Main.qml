@@ -92,6 +92,10 @@ Window {
                     onPressed: showroom.openPage("gift-box")
                 }
                 ShopButton {
+                    text: "축제 안내 보기"
+                    onPressed: showroom.openCampaign("festival")
+                }
+                ShopButton {
                     text: "혜택 알림"
                     onPressed: showroom.openCampaign("marketing")
                 }

@@ -26,6 +26,7 @@ class Tour {
   void checkIn();
   void result();
   void composedPage();
+  void webPage();
   void otherKinds();
   void failures();
   void sizes();

@@ -23,7 +23,8 @@ namespace orrelo::test {
 /// A host's window over a real kit with a scripted service, drawn off the screen.
 class QuickTest : public testing::Test {
  protected:
-  QuickTest();
+  /// `change` is made to the machine before it is installed.
+  explicit QuickTest(const std::function<void(Platform&)>& change = {});
   ~QuickTest() override;
 
   /// Opens the host's window anew.
