@@ -96,7 +96,7 @@ class WebTest : public QuickTest {
     ASSERT_TRUE(waitForNamed(button));
   }
   bool waitForRequest(const std::string& path) {
-    return QTest::qWaitFor([&] { return pages_.requestCount(path) > 0; }, patience);
+    return waitFor([&] { return pages_.requestCount(path) > 0; });
   }
   /// What the page said under this name; waits for it to say something.
   QString said(const QString& name) {
@@ -109,10 +109,12 @@ class WebTest : public QuickTest {
     return {};
   }
   bool isLoading() const { return engineView()->property("loading").toBool(); }
+  /// As the base's, for an engine of several processes on a busy machine.
+  static bool waitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 15'000); }
   QQuickItem* engineView() const { return find(window_->contentItem()); }
   /// The place holds no page any more, and the block's neighbour answers.
   void expectEmptyButUsable() {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return engineView() == nullptr; }, patience));
+    EXPECT_TRUE(waitFor([&] { return engineView() == nullptr; }));
     const auto picture = grab("web-empty");
     EXPECT_EQ(count(picture, green), 0);
     EXPECT_EQ(topOfButton(picture), 44 + 24 + 240 + 24);
@@ -120,7 +122,7 @@ class WebTest : public QuickTest {
     EXPECT_TRUE(waitFor([&] { return service_->timesAsked("/join") == 1; }));
   }
   bool waitForGreen() {
-    return QTest::qWaitFor([&] { return count(window_->grabWindow(), green) > 50'000; }, patience);
+    return waitFor([&] { return count(window_->grabWindow(), green) > 50'000; });
   }
   void turnWheel(QPoint at, int turn) {
     QWheelEvent event(at, window_->mapToGlobal(at), {}, {0, turn}, Qt::NoButton, Qt::NoModifier,
@@ -128,7 +130,6 @@ class WebTest : public QuickTest {
     QCoreApplication::sendEvent(window_, &event);
   }
 
-  static constexpr int patience = 15'000;
   const QPoint inPage_{195, 180};
 
   const std::shared_ptr<PatientLoop> loop_ =
@@ -207,13 +208,9 @@ TEST_F(WebTest, APageGetsNothingButItsPlace) {
   EXPECT_EQ(said("post"), QStringLiteral("refused"));
   EXPECT_EQ(said("at"), QStringLiteral("/pages/page.html"));
   EXPECT_TRUE(waitForGreen());
-  QStringList windows{"/first"};
-  EXPECT_EQ(desktop_.opened, windows);
-  for (const int times : {1, 2}) {  // as often as the user asks
-    QTest::mouseClick(window_, Qt::LeftButton, {}, inPage_);
-    windows.push_back(QStringLiteral("/sale"));
-    EXPECT_TRUE(waitFor([&] { return desktop_.opened == windows; })) << times;
-  }
+  EXPECT_EQ(desktop_.opened, QStringList("/first")) << "one that nobody asked for";
+  QTest::mouseClick(window_, Qt::LeftButton, {}, inPage_);
+  EXPECT_TRUE(waitFor([&] { return desktop_.opened == QStringList({"/first", "/sale"}); }));
   EXPECT_EQ(QGuiApplication::topLevelWindows().size(), 1) << "no dialog, no window";
 }
 
