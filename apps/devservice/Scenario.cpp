@@ -56,6 +56,10 @@ std::optional<std::string> Scenario::image(const std::string& name) const {
   return isPlainName(name) ? readFile(root / "images" / name) : std::nullopt;
 }
 
+std::optional<std::string> Scenario::page(const std::string& name) const {
+  return isPlainName(name) ? readFile(root / "pages" / name) : std::nullopt;
+}
+
 std::optional<std::string> Scenario::read(const std::string& appKey, const std::string& name) const {
   if (isPlainName(appKey)) {
     if (auto own = readFile(root / "apps" / appKey / name)) return own;

@@ -24,6 +24,8 @@ class Scenario {
   std::optional<std::string> lookup() const;
   /// The bytes of a file in `images`.
   std::optional<std::string> image(const std::string& name) const;
+  /// The bytes of a file in `pages`.
+  std::optional<std::string> page(const std::string& name) const;
 
  private:
   /// The app's own file of this name, else the common one.

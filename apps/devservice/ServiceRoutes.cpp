@@ -16,6 +16,7 @@ namespace {
 constexpr std::string_view servicePrefix = "/orreloservice/sdk/";
 
 constexpr std::string_view imagePrefix = "/images/";
+constexpr std::string_view pagePrefix = "/pages/";
 
 constexpr std::array identityHeaders{"Kelso-UUID", "sdk_version", "sdk_build_number",
                                      "os_version", "locale",      "timezone",
@@ -98,6 +99,9 @@ Reply ServiceRoutes::answer(const httplib::Request& request) {
   const std::string_view path = request.path;
   if (request.method == "GET" && path.starts_with(imagePrefix)) {
     return image(std::string(path.substr(imagePrefix.size())));
+  }
+  if (request.method == "GET" && path.starts_with(pagePrefix)) {
+    return page(std::string(path.substr(pagePrefix.size())));
   }
   if (request.method == "GET" && path == "/lookup") return lookup();
   if (!path.starts_with(servicePrefix)) return errorReply(404, "no such path");
@@ -184,6 +188,12 @@ Reply ServiceRoutes::image(const std::string& name) const {
   auto bytes = scenario.image(name);
   if (!bytes) return errorReply(404, "the scenario has no such image");
   return Reply::text(200, std::move(*bytes), contentTypeOf(name));
+}
+
+Reply ServiceRoutes::page(const std::string& name) const {
+  auto bytes = scenario.page(name);
+  if (!bytes) return errorReply(404, "the scenario has no such page");
+  return Reply::text(200, std::move(*bytes), "text/html; charset=utf-8");
 }
 
 Reply ServiceRoutes::lookup() const {

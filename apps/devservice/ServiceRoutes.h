@@ -11,8 +11,8 @@
 
 namespace orrelo::devservice {
 
-/// Answers everything below `/orreloservice/sdk/<appKey>`, the images of the scenario below `/images`, and
-/// the store's lookup.
+/// Answers everything below `/orreloservice/sdk/<appKey>`, the images of the scenario below `/images`, its
+/// web pages below `/pages`, and the store's lookup.
 class ServiceRoutes {
  public:
   ServiceRoutes(EventStore& store, ParticipationBook& participations, const Scenario& scenario);
@@ -46,6 +46,7 @@ class ServiceRoutes {
   Reply campaign(const Call& call);
   Reply participate(const Call& call);
   Reply image(const std::string& name) const;
+  Reply page(const std::string& name) const;
   Reply lookup() const;
   Reply store(const Call& call, const std::vector<IncomingEvent>& events);
 

@@ -130,6 +130,11 @@ Window {
                         text: "이벤트 예고 보기"
                         onPressed: showroom.openCampaign("empty")
                     }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "축제 안내 보기"
+                        onPressed: showroom.openCampaign("festival")
+                    }
                 }
                 Text {
                     width: parent.width

@@ -81,6 +81,7 @@ void Tour::play() {
   checkIn();
   result();
   composedPage();
+  webPage();
   otherKinds();
   games();
   failures();
@@ -172,6 +173,15 @@ void Tour::composedPage() {
   require(find(QStringLiteral("숨은 미션")) == nullptr, QStringLiteral("the seventh mission is there"));
   click(QStringLiteral("뒤로"));
   awaitGone(QStringLiteral("생일 등록하기"));
+  close();
+}
+
+void Tour::webPage() {
+  click(QStringLiteral("축제 안내 보기"));
+  await(QStringLiteral("축제가 시작되면 참여할 수 있어요"));
+  await([&] { return share(window_.grabWindow(), QColor(0xC2, 0x41, 0x0C)) > 0.02; },
+        QStringLiteral("the web page was not painted"));
+  picture(QStringLiteral("A web page within a page of the kit's"));
   close();
 }
 

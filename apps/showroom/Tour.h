@@ -29,6 +29,7 @@ class Tour {
   void checkIn();
   void result();
   void composedPage();
+  void webPage();
   void otherKinds();
   void games();
   void failures();

@@ -3,7 +3,10 @@
 #include "Showroom.h"
 #include "Tour.h"
 
+#include <orrelo/quick/OrreloWeb.h>
+
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QStandardPaths>
@@ -11,6 +14,7 @@
 #include <QTimer>
 #include <exception>
 #include <iostream>
+#include <unistd.h>
 
 namespace {
 
@@ -30,6 +34,11 @@ int playTour(Showroom& showroom, QQuickWindow& window, const std::string& folder
 }  // namespace
 
 int main(int argc, char** argv) {
+  // The browser engine's sandbox refuses to run as root, as in a container. What it shows here is the
+  // showroom's own.
+  if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
+  orrelo::quick::initializeWeb();
   QGuiApplication application(argc, argv);
   application.setApplicationName(QStringLiteral("orrelo-showroom"));
   const auto arguments = application.arguments();

@@ -1,6 +1,6 @@
 #include "network/KelsoMutator.h"
 
-#include <orrelo/Url.h>
+#include "platform/HttpUrl.h"
 
 namespace orrelo {
 namespace {
@@ -34,6 +34,12 @@ std::string KelsoMutator::serviceUrl() const {
 
 std::optional<std::string> KelsoMutator::certificateFile() const {
   return isDevelopment() ? userDefaults->text("ORRELO_DEVELOPMENT_CA") : std::nullopt;
+}
+
+bool KelsoMutator::trusts(const Url& url, const CertificateChain& chain) const {
+  const auto file = certificateFile();
+  const auto service = Url::parse(serviceUrl());
+  return file && service && originOf(url) == originOf(*service) && isTrusted(chain, hostOf(url), *file);
 }
 
 }  // namespace orrelo

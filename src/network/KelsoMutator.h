@@ -1,5 +1,9 @@
 #pragma once
 
+#include "platform/CertificateChain.h"
+
+#include <orrelo/Export.h>
+#include <orrelo/Url.h>
 #include <orrelo/UserDefaults.h>
 
 #include <memory>
@@ -9,7 +13,7 @@
 namespace orrelo {
 
 /// Chooses the service by the environment suite, which a host's developer or a tool has written beforehand.
-class KelsoMutator {
+class ORRELO_EXPORT KelsoMutator {
  public:
   /// The suite's name.
   static constexpr const char* suiteName = "tamrenzo_api_storage_I'm_Ilvane";
@@ -23,6 +27,10 @@ class KelsoMutator {
 
   /// The file of certificates that development trusts: the text "ORRELO_DEVELOPMENT_CA". Nothing elsewhere.
   std::optional<std::string> certificateFile() const;
+
+  /// Whether a server of `url` that shows this chain is development's, by that file: what a browser that
+  /// knows the system's certificates alone has to ask. Of other origins, and elsewhere, never.
+  bool trusts(const Url& url, const CertificateChain& chain) const;
 
   bool isDevelopment() const;
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <utility>
 
 namespace orrelo {
@@ -10,13 +9,6 @@ namespace {
 
 constexpr int maximumRedirects = 20;
 constexpr std::size_t maximumHeaderSize = std::size_t{256} * 1024;
-
-std::string lowercased(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return result;
-}
 
 std::string_view trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t\r\n");
@@ -87,21 +79,6 @@ Error makeError(URLError error, std::optional<std::string> message) {
                                     "cannotDecodeContentData",
                                     "dataLengthExceedsMaximum"};
   return Error("URLError", names.at(static_cast<std::size_t>(error)), std::move(message));
-}
-
-std::string originOf(const Url& url) {
-  const auto scheme = lowercased(url.scheme());
-  const std::string port = !url.port().empty() ? std::string(url.port()) : scheme == "https" ? "443" : "80";
-  return scheme + "://" + hostOf(url) + ":" + port;
-}
-
-std::string hostOf(const Url& url) {
-  return lowercased(url.host());
-}
-
-bool isHttp(const Url& url) {
-  const auto scheme = lowercased(url.scheme());
-  return (scheme == "http" || scheme == "https") && !url.host().empty();
 }
 
 CurlTransfer::CurlTransfer(URLRequest request, URLSession::Completion completion)

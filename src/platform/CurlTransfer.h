@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/HttpUrl.h"
 #include "platform/URLSession.h"
 
 #include <chrono>
@@ -16,13 +17,6 @@ struct TrustedOrigin {
   std::string origin;
   std::string certificateFile;
 };
-
-/// "https://host:port" in lower case, the port always told: what trust is given to.
-std::string originOf(const Url& url);
-/// In lower case.
-std::string hostOf(const Url& url);
-/// Whether the scheme is http or https, and there is a host.
-bool isHttp(const Url& url);
 
 /// One request with the redirects that it meets. All but `cancel` and `isOver` belong to the session's
 /// thread.

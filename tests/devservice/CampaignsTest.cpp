@@ -41,7 +41,7 @@ TEST_F(CampaignsTest, ACheckInChangesThePageOfThatUserForGood) {
   EXPECT_EQ(detailOf(as("jun", "/campaigns/attendance")), before);
 }
 
-TEST_F(CampaignsTest, ImagesAreServedWhereThePagesSay) {
+TEST_F(CampaignsTest, ImagesAndWebPagesAreServedWhereThePagesSay) {
   const auto campaigns = as("minji", "/campaigns");
   ASSERT_GE(campaigns.size(), 2u);
   for (const auto& campaign : campaigns) {
@@ -52,6 +52,10 @@ TEST_F(CampaignsTest, ImagesAreServedWhereThePagesSay) {
     EXPECT_EQ(image->get_header_value("Content-Type"), "image/png");
   }
   EXPECT_EQ(client->Get("/images/..%2fconfig.json")->status, 404);
+  const auto page = client->Get("/pages/festival.html");
+  EXPECT_EQ(page->status, 200);
+  EXPECT_EQ(page->get_header_value("Content-Type"), "text/html; charset=utf-8");
+  EXPECT_EQ(client->Get("/pages/..%2fconfig.json")->status, 404);
   EXPECT_EQ(getJson("/lookup?bundleId=com.example.shop")["resultCount"], 0);
 }
 

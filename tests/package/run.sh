@@ -15,6 +15,9 @@ cmake -S "$here/cmake" -B "$work/cmake" -DCMAKE_PREFIX_PATH="$work/kit" -DCMAKE_
   -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 cmake --build "$work/cmake" >/dev/null
 echo "by CMake: $("$work/cmake/packaged-host")"
+if [ -x "$work/cmake/packaged-web-host" ]; then
+  echo "by CMake: $(QT_QPA_PLATFORM=offscreen "$work/cmake/packaged-web-host")"
+fi
 
 PKG_CONFIG_PATH=$(dirname "$(find "$work/kit" -name orrelosdk.pc)")
 export PKG_CONFIG_PATH

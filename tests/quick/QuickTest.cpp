@@ -76,10 +76,11 @@ WindowTest::WindowTest() {
 
 WindowTest::~WindowTest() = default;
 
-QuickTest::QuickTest() {
+QuickTest::QuickTest(const std::function<void(Platform&)>& change) {
   auto platform = quick::platform({.bundleIdentifier = "com.example.shop",
                                    .dataDirectory = folder_.path(),
                                    .cacheDirectory = folder_.path()});
+  if (change) change(platform);
   service_ = std::make_shared<Service>(platform.mainLoop);
   service_->answers["/gift.png"] = {200, picture({60, 60}, Qt::transparent)};
   service_->answers["/result.png"] = {200, picture({700, 400}, QColor("#fff1d6"))};

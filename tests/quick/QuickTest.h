@@ -60,7 +60,8 @@ class WindowTest : public testing::Test {
 /// Over a real kit with a scripted service, and a clock that stands still.
 class QuickTest : public WindowTest {
  protected:
-  QuickTest();
+  /// `change` is made to the machine before it is installed.
+  explicit QuickTest(const std::function<void(Platform&)>& change = {});
 
   void showCampaign() { WindowTest::showCampaign("c-1"); }
 

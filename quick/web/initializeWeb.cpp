@@ -1,0 +1,25 @@
+#include "quick/bridge/WebPageDelegate.h"
+
+#include <orrelo/quick/OrreloWeb.h>
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+#include <QtWebEngineQuick/qtwebenginequickglobal.h>
+
+namespace orrelo::quick {
+namespace {
+
+Q_LOGGING_CATEGORY(web, "orrelo.web")
+
+}  // namespace
+
+void initializeWeb() {
+  if (QCoreApplication::instance() != nullptr) {
+    qCWarning(web) << "initializeWeb() comes after the application: web pages stay empty";
+    return;
+  }
+  QtWebEngineQuick::initialize();
+  setWebPageDelegate(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/Web/WebPage.qml")));
+}
+
+}  // namespace orrelo::quick

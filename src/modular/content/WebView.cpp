@@ -1,0 +1,54 @@
+#include "modular/content/WebView.h"
+
+#include "platform/Application.h"
+#include "platform/HttpUrl.h"
+
+#include <orrelo/Platform.h>
+
+#include <memory>
+#include <utility>
+
+namespace orrelo {
+
+WebView::WebView(Url page, std::optional<double> points, double pointsHigh)
+    : url(std::move(page)),
+      width(points),
+      height(pointsHigh),
+      // Files and whatever else a machine opens by a URL are no business of a service.
+      state(isHttp(url) ? State::loading : State::empty) {}
+
+void WebView::didStart() {
+  const auto weak = std::weak_ptr(std::static_pointer_cast<WebView>(shared_from_this()));
+  Platform::current().mainLoop->postAfter(timeout, [weak] {
+    const auto view = weak.lock();
+    if (view && view->isLoading()) view->state.set(view->hasReceived_ ? State::shown : State::empty);
+  });
+}
+
+void WebView::didReceive() {
+  hasReceived_ = true;
+}
+
+void WebView::didFinish(bool succeeded) {
+  if (isLoading()) state.set(succeeded ? State::shown : State::empty);
+}
+
+void WebView::processDidEnd() {
+  state.set(State::empty);
+}
+
+bool WebView::mayGoTo(std::string_view scheme, bool isFrame) {
+  const auto name = lowercased(scheme);
+  return name == "http" || name == "https" ||
+         (isFrame && (name == "about" || name == "data" || name == "blob"));
+}
+
+void WebView::openWindow(std::string_view address, bool isAskedFor) {
+  const auto window = Url::parse(address);
+  if (!window || !isHttp(*window)) return;
+  if (!isAskedFor && unaskedWindows_++ >= maximumUnaskedWindows) return;
+  const auto& application = Platform::current().application;
+  if (application->canOpen(*window)) application->open(*window);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <orrelo/Export.h>
+#include <orrelo/Url.h>
+
+#include <string>
+#include <string_view>
+
+namespace orrelo {
+
+/// ASCII alone; other bytes stay as they are.
+std::string lowercased(std::string_view text);
+/// "https://host:port" in lower case, the port always told: what trust is given to.
+std::string originOf(const Url& url);
+/// In lower case.
+std::string hostOf(const Url& url);
+/// Whether the scheme is http or https, and there is a host.
+ORRELO_EXPORT bool isHttp(const Url& url);
+
+}  // namespace orrelo

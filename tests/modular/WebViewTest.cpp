@@ -1,0 +1,101 @@
+#include "modular/content/WebView.h"
+#include "support/TestPlatform.h"
+
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using State = WebView::State;
+
+class WebViewTest : public testing::Test {
+ protected:
+  WebViewTest() {
+    platform_.application->setUrlOpener(
+        {[](const Url&) { return true; }, [this](const Url& url) { opened_.push_back(url.text()); }});
+  }
+  static std::shared_ptr<WebView> view(const std::string& url = "https://shop.example/page") {
+    return std::make_shared<WebView>(*Url::parse(url), std::nullopt, 240.0);
+  }
+
+  TestPlatform platform_;
+  std::vector<std::string> opened_;
+};
+
+TEST_F(WebViewTest, ALoadHasAMinute) {
+  const auto silent = view();
+  const auto slow = view();
+  const auto quick = view();
+  for (const auto& each : {silent, slow, quick}) each->didStart();
+  slow->didReceive();
+  quick->didFinish(true);
+  platform_.loop->runFor(60s - 1us);
+  EXPECT_EQ(silent->state.value(), State::loading);
+  EXPECT_EQ(slow->state.value(), State::loading);
+  platform_.loop->runFor(1us);
+  EXPECT_EQ(silent->state.value(), State::empty);
+  EXPECT_EQ(slow->state.value(), State::shown) << "a picture that hangs does not take the page";
+  silent->didFinish(true);
+  EXPECT_EQ(silent->state.value(), State::empty) << "for good";
+  // Where the page leads to later fails as a page does in a browser.
+  quick->didFinish(false);
+  EXPECT_EQ(quick->state.value(), State::shown);
+
+  std::weak_ptr<WebView> gone;
+  {
+    const auto left = view();
+    left->didStart();
+    gone = left;
+  }
+  EXPECT_TRUE(gone.expired());
+  platform_.loop->runFor(60s);
+}
+
+TEST_F(WebViewTest, AFailureLeavesThePlaceEmpty) {
+  const auto failed = view();
+  failed->didReceive();
+  failed->didFinish(false);
+  EXPECT_EQ(failed->state.value(), State::empty);
+  const auto crashed = view();
+  crashed->didFinish(true);
+  crashed->processDidEnd();
+  EXPECT_EQ(crashed->state.value(), State::empty);
+  for (const auto* const url :
+       {"file:///etc/passwd", "qrc:/page", "javascript:alert(1)", "data:text/html,x", "/page", "https:"}) {
+    EXPECT_EQ(view(url)->state.value(), State::empty) << url;
+  }
+  EXPECT_EQ(view("HTTP://shop.example")->state.value(), State::loading);
+}
+
+TEST_F(WebViewTest, APageStaysInTheWeb) {
+  for (const auto* const scheme : {"https", "HTTP"}) {
+    EXPECT_TRUE(WebView::mayGoTo(scheme, false)) << scheme;
+    EXPECT_TRUE(WebView::mayGoTo(scheme, true)) << scheme;
+  }
+  for (const auto* const scheme : {"data", "about", "blob"}) {
+    EXPECT_FALSE(WebView::mayGoTo(scheme, false)) << scheme;
+    EXPECT_TRUE(WebView::mayGoTo(scheme, true)) << scheme;
+  }
+  for (const auto* const scheme : {"file", "qrc", "chrome", "javascript", "shop", ""}) {
+    EXPECT_FALSE(WebView::mayGoTo(scheme, false)) << scheme;
+    EXPECT_FALSE(WebView::mayGoTo(scheme, true)) << scheme;
+  }
+}
+
+TEST_F(WebViewTest, AWindowOpensOnTheMachine) {
+  const auto page = view();
+  for (const auto* const address : {"file:///etc/passwd", "shop://sale", "about:blank", "", "https://a b"}) {
+    page->openWindow(address, true);
+  }
+  page->openWindow("https://shop.example/unasked", false);
+  page->openWindow("https://shop.example/flood", false);
+  page->openWindow("https://shop.example/asked?q=1", true);
+  page->openWindow("https://shop.example/again", true);
+  EXPECT_THAT(opened_, ElementsAre("https://shop.example/unasked", "https://shop.example/asked?q=1",
+                                   "https://shop.example/again"));
+}
+
+}  // namespace
+}  // namespace orrelo::test

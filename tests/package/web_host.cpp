@@ -1,0 +1,18 @@
+// A host with the installed kit's screens and web pages.
+#include <orrelo/quick/OrreloQuick.h>
+#include <orrelo/quick/OrreloWeb.h>
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <iostream>
+
+int main(int argc, char** argv) {
+  orrelo::quick::initializeWeb();
+  const QGuiApplication application(argc, argv);
+  QQmlEngine engine;
+  const QQmlComponent page(&engine,
+                           QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/Web/WebPage.qml")));
+  std::cout << (page.isReady() ? "web pages" : page.errorString().toStdString()) << "\n";
+  return page.isReady() ? 0 : 1;
+}
