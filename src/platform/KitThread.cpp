@@ -2,8 +2,10 @@
 
 #include "core/base/Error.h"
 #include "core/base/Logger.h"
+#include "core/base/Utf8.h"
 
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <pthread.h>
@@ -13,12 +15,36 @@ namespace orrelo {
 namespace {
 
 std::atomic<bool> exitBegan = false;
+std::atomic<int> held = 0;
+
+void beginExit() {
+  constexpr std::chrono::seconds patience{1};
+  exitBegan = true;
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (held > 0 && std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(std::chrono::microseconds(100));
+  }
+}
+
+int registerExit() {
+  // What others make at their first use must outlive the kit's tasks: handlers run in the reverse order.
+  static_cast<void>(utf8::isValid({}));
+  return std::atexit(beginExit);
+}
 
 }  // namespace
 
 bool isExiting() {
-  [[maybe_unused]] static const int registered = std::atexit([] { exitBegan = true; });
-  return exitBegan.load(std::memory_order_relaxed);
+  [[maybe_unused]] static const int registered = registerExit();
+  return exitBegan;
+}
+
+ExitWaits::ExitWaits() {
+  ++held;
+}
+
+ExitWaits::~ExitWaits() {
+  --held;
 }
 
 std::thread startKitThread(const char* name, std::function<void()> body) {

@@ -9,6 +9,15 @@ namespace orrelo {
 /// task would touch may be gone.
 bool isExiting();
 
+/// While one is held, the end of the process waits: for a second at most.
+class ExitWaits {
+ public:
+  ExitWaits();
+  ~ExitWaits();
+  ExitWaits(const ExitWaits&) = delete;
+  ExitWaits& operator=(const ExitWaits&) = delete;
+};
+
 /// A thread that takes none of the host's signals. Its name has at most 15 characters. Throws
 /// std::system_error where the machine has no thread to give.
 std::thread startKitThread(const char* name, std::function<void()> body);

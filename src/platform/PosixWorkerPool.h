@@ -6,7 +6,8 @@
 
 namespace orrelo {
 
-/// At most four threads, started as work comes in. What is posted after the process began to exit is dropped.
+/// At most four threads, started as work comes in. What has not begun when the process begins to exit is
+/// dropped.
 class PosixWorkerPool final : public WorkerPool {
  public:
   PosixWorkerPool();

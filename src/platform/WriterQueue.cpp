@@ -8,6 +8,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -25,6 +26,7 @@ struct WriterQueue::State {
   std::condition_variable arrived;
   std::deque<Task> tasks;
   std::thread thread;
+  std::optional<ExitWaits> waits;  // while there are tasks
   std::atomic<bool> hasArrived = false;
   bool sleeping = false;
   bool stopping = false;
@@ -41,6 +43,7 @@ struct WriterQueue::State {
     std::unique_lock lock(mutex);
     while (true) {
       if (tasks.empty()) {
+        waits.reset();
         if (stopping) return;
         waitForTask(lock);
         continue;
@@ -86,6 +89,7 @@ void WriterQueue::post(Task task) {
   {
     const std::lock_guard lock(state_->mutex);
     state_->tasks.push_back(std::move(task));
+    if (!state_->waits) state_->waits.emplace();
     state_->hasArrived = true;
     if (!state_->thread.joinable()) state_->start(state_);
     wake = std::exchange(state_->sleeping, false);

@@ -14,9 +14,11 @@ mv "$work/installed" "$work/kit"  # so that no path of the build can be what mak
 cmake -S "$here/cmake" -B "$work/cmake" -DCMAKE_PREFIX_PATH="$work/kit" -DCMAKE_BUILD_TYPE="$type" \
   -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 cmake --build "$work/cmake" >/dev/null
-echo "by CMake: $("$work/cmake/packaged-host")"
+echo "by CMake:"
+# A host that ends right after it has reported an event meets the kit's threads at work: it must end well each time.
+for _ in {1..20}; do "$work/cmake/packaged-host"; done | sort -u
 if [ -x "$work/cmake/packaged-web-host" ]; then
-  echo "by CMake: $(QT_QPA_PLATFORM=offscreen "$work/cmake/packaged-web-host")"
+  QT_QPA_PLATFORM=offscreen "$work/cmake/packaged-web-host"
 fi
 
 PKG_CONFIG_PATH=$(dirname "$(find "$work/kit" -name orrelosdk.pc)")
@@ -24,4 +26,5 @@ export PKG_CONFIG_PATH
 read -ra options <<<"$flags $(pkg-config --cflags --libs orrelosdk)"
 "${CXX:-c++}" "$here/host.cpp" "${options[@]}" -Wl,-rpath,"$(pkg-config --variable=libdir orrelosdk)" \
   -o "$work/packaged-by-pkgconfig"
-echo "by pkg-config: $("$work/packaged-by-pkgconfig")"
+echo "by pkg-config:"
+"$work/packaged-by-pkgconfig"
