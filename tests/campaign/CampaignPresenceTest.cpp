@@ -1,144 +1,15 @@
 // Each field of the service's replies, mutated in every way, against what its presence allows.
-#include "CampaignReplies.h"
+#include "ReplyFields.h"
 #include "core/base/Error.h"
 
 #include <algorithm>
-#include <functional>
+#include <map>
 #include <optional>
 
 namespace orrelo::test {
 namespace {
 
-using Attendance = AttendanceCampaignPageDetailDTO;
-using Result = CampaignResultPageDTO;
 using Pointer = Json::json_pointer;
-
-// What a value that does not fit its field costs.
-enum class Presence {
-  outer,     // the reply
-  required,  // the page's detail
-  tolerant,  // the field, or the record that holds it
-  optional,  // nothing where it is missing or null; else the page's detail
-};
-enum class Type { text, texts, record, flag };
-
-struct Field {
-  std::string path;
-  Presence presence;
-  Type type;
-  // Gives the field a value that fits, and null to what has a presence without one.
-  std::function<void(CampaignDTO&, const Json&)> put;
-};
-
-void read(std::string& text, const Json& value) {
-  text = value.get<std::string>();
-}
-void read(std::vector<std::string>& texts, const Json& value) {
-  texts = value.get<std::vector<std::string>>();
-}
-void read(bool& flag, const Json& value) {
-  flag = value.is_boolean() && value.get<bool>();
-}
-void read(std::optional<std::string>& text, const Json& value) {
-  text = value.is_null() ? std::nullopt : std::optional(value.get<std::string>());
-}
-
-template <class Member>
-constexpr Type typeOf = std::is_same_v<Member, bool>                       ? Type::flag
-                        : std::is_same_v<Member, std::vector<std::string>> ? Type::texts
-                                                                           : Type::text;
-
-Field outer(const std::string& path, std::string CampaignDTO::*member) {
-  return {path, Presence::outer, Type::text,
-          [member](auto& dto, const auto& value) { read(dto.*member, value); }};
-}
-
-template <class Detail, class Member>
-Field detail(const std::string& key, Presence presence, Member Detail::*member) {
-  return {"/page/page_detail/" + key, presence, typeOf<Member>, [member](auto& dto, const auto& value) {
-            read(std::get<Detail>(dto.page.pageDetail.kind).*member, value);
-          }};
-}
-
-// A record that may be absent.
-template <class Detail, class Record>
-Field record(const std::string& key, std::optional<Record> Detail::*member) {
-  return {"/page/page_detail/" + key, Presence::tolerant, Type::record,
-          [member](auto& dto, const auto&) { (std::get<Detail>(dto.page.pageDetail.kind).*member).reset(); }};
-}
-
-// A text within such a record.
-template <class Detail, class Record>
-Field inner(const std::string& path, std::optional<Record> Detail::*member, std::string Record::*text) {
-  return {"/page/page_detail/" + path, Presence::tolerant, Type::text, [=](auto& dto, const auto& value) {
-            auto& record = std::get<Detail>(dto.page.pageDetail.kind).*member;
-            if (value.is_null()) {
-              record.reset();
-            } else {
-              read((*record).*text, value);
-            }
-          }};
-}
-
-const PageDetailDTO unknown{UnknownCampaignDetailDTO{}, "이벤트"};
-
-std::vector<Field> fieldsOfAll() {
-  return {
-      outer("/id", &CampaignDTO::id),
-      outer("/label", &CampaignDTO::label),
-      outer("/name", &CampaignDTO::name),
-      outer("/icon", &CampaignDTO::iconUrl),
-      {"/page", Presence::outer, Type::record, {}},
-      {"/page/page_type", Presence::outer, Type::text,
-       [](auto& dto, const auto& value) {
-         read(dto.page.pageType, value);
-         dto.page.pageDetail = unknown;
-       }},
-      {"/page/page_id", Presence::outer, Type::text,
-       [](auto& dto, const auto& value) { read(dto.page.pageId, value); }},
-      {"/page/page_detail", Presence::required, Type::record, {}},
-      {"/page/page_detail/toolbar_text", Presence::optional, Type::text,
-       [](auto& dto, const auto& value) { read(dto.page.pageDetail.toolbarText, value); }},
-  };
-}
-
-std::vector<Field> attendanceFields() {
-  return {
-      detail("first_title", Presence::required, &Attendance::firstTitle),
-      detail("second_title", Presence::required, &Attendance::secondTitle),
-      detail("status_message", Presence::required, &Attendance::statusMessage),
-      detail("today", Presence::required, &Attendance::today),
-      detail("attended_date", Presence::required, &Attendance::attendedDate),
-      detail("highlighted_date", Presence::required, &Attendance::highlightDate),
-      detail("highlight_icon", Presence::tolerant, &Attendance::highlightIcon),
-      detail("button_enable", Presence::required, &Attendance::buttonEnable),
-      detail("button_text", Presence::required, &Attendance::buttonText),
-      detail("button_url", Presence::required, &Attendance::buttonUrl),
-      detail("calendar_description", Presence::required, &Attendance::calendarDescription),
-      detail("color", Presence::required, &Attendance::color),
-      detail("highlight_color", Presence::required, &Attendance::highlightColor),
-      detail("guide_message", Presence::required, &Attendance::guideMessage),
-      detail("notice", Presence::required, &Attendance::notice),
-      detail("image_url", Presence::tolerant, &Attendance::imageUrl),
-      record("reward_message", &Attendance::rewardMessage),
-      inner("reward_message/title", &Attendance::rewardMessage, &RewardMessageDTO::title),
-      inner("reward_message/body", &Attendance::rewardMessage, &RewardMessageDTO::body),
-      inner("reward_message/button_text", &Attendance::rewardMessage, &RewardMessageDTO::buttonText),
-  };
-}
-
-std::vector<Field> resultFields() {
-  return {
-      detail("image_url", Presence::required, &Result::imageUrl),
-      detail("body", Presence::required, &Result::body),
-      detail("notice", Presence::required, &Result::notice),
-      record("pop_up", &Result::popUpDialog),
-      inner("pop_up/title", &Result::popUpDialog, &PopUpDialogDTO::title),
-      inner("pop_up/label", &Result::popUpDialog, &PopUpDialogDTO::label),
-      inner("pop_up/image_url", &Result::popUpDialog, &PopUpDialogDTO::imageUrl),
-      inner("pop_up/button_text", &Result::popUpDialog, &PopUpDialogDTO::buttonText),
-  };
-}
 
 struct Mutation {
   std::string name;
@@ -153,13 +24,14 @@ const std::vector<Mutation>& mutations() {
   static const std::vector<Mutation> all{
       {"dropped", std::nullopt, {}},
       {"null", "null", {}},
-      {"a number", "5", {}},
+      {"a number", "5", {Type::integer}},
+      {"a number below zero", "-3", {Type::integer}},
       {"a fraction", "1.5", {}},
       {"a number of more than 64 bits", "123456789012345678901", {}},
       {"true", "true", {Type::flag}},
       {"false", "false", {Type::flag}},
       {"an empty record", "{}", {}},
-      {"an empty list", "[]", {Type::texts}},
+      {"an empty list", "[]", {Type::texts, Type::records}},
       {"an empty text", "\"\"", {Type::text, Type::flag}},
       {"a list of texts", R"(["x","","🎉"])", {Type::texts}},
       {"a list that ends with a number", R"(["x",5])", {}},
@@ -170,8 +42,10 @@ const std::vector<Mutation>& mutations() {
       {"a megabyte", megabyte, {Type::text, Type::flag}},
       {"a list of a megabyte", '[' + megabyte + ']', {Type::texts}},
       {"a record of a megabyte", "{\"x\":" + megabyte + '}', {}},
-      {"doubled, the good one first", "$,@:5", {Type::text, Type::texts, Type::record, Type::flag}},
-      {"doubled, the bad one first", "5,@:$", {}},
+      {"doubled, the good one first",
+       "$,@:{}",
+       {Type::text, Type::texts, Type::record, Type::records, Type::flag, Type::integer}},
+      {"doubled, the bad one first", "{},@:$", {}},
   };
   return all;
 }
@@ -208,11 +82,24 @@ auto decoded(Decode decode) -> std::optional<decltype(decode())> {
   }
 }
 
-class CampaignPresenceTest : public testing::TestWithParam<int> {
+/// A kind of reply: a stored one with every field, and what its own fields allow.
+struct Kind {
+  Json campaign;
+  std::vector<Field> fields;
+};
+
+Kind kindOf(const std::string& name) {
+  if (name == "attendance") return {attendanceJson(), attendanceFields()};
+  if (name == "result") return {resultJson(), resultFields()};
+  if (name == "stamp") return {Json::parse(storedReply("stamp.json")), stampFields()};
+  return {Json::parse(storedReply("marketing.json")), marketingFields()};
+}
+
+class CampaignPresenceTest : public testing::TestWithParam<std::string> {
  protected:
   std::vector<Field> fields() const {
     auto fields = fieldsOfAll();
-    const auto more = GetParam() == 0 ? attendanceFields() : resultFields();
+    const auto more = kindOf(GetParam()).fields;
     fields.insert(fields.end(), more.begin(), more.end());
     return fields;
   }
@@ -264,7 +151,7 @@ class CampaignPresenceTest : public testing::TestWithParam<int> {
     }
   }
 
-  Json campaign_ = Json::parse(storedReply("list.json"))[static_cast<std::size_t>(GetParam())];
+  Json campaign_ = kindOf(GetParam()).campaign;
   CampaignDTO whole_ = CampaignDTO::decode(campaign_.dump());
 };
 
@@ -293,8 +180,9 @@ TEST_P(CampaignPresenceTest, AnUnknownKeyMayHoldAnything) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Replies, CampaignPresenceTest, testing::Values(0, 1),
-                         [](const auto& run) { return run.param == 0 ? "attendance" : "result"; });
+INSTANTIATE_TEST_SUITE_P(Replies, CampaignPresenceTest,
+                         testing::Values("attendance", "result", "stamp", "marketing"),
+                         [](const auto& run) { return run.param; });
 
 }  // namespace
 }  // namespace orrelo::test
