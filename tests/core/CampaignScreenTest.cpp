@@ -1,7 +1,9 @@
 #include "campaign/CampaignViewController.h"
 #include "campaign/attendance/AttendanceCampaignView.h"
+#include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/result/CampaignResultView.h"
 #include "campaign/update/InduceUpdateView.h"
+#include "support/LogCapture.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "viewkit/CampaignRewardViewController.h"
@@ -15,7 +17,11 @@
 namespace orrelo::test {
 namespace {
 
+using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 class Reports final : public ORLUserEventDelegate {
@@ -27,6 +33,21 @@ class Reports final : public ORLUserEventDelegate {
   }
   std::vector<std::string> pages;
   std::vector<std::string> names;
+};
+
+// Notes where it was called, and what had been reported by then.
+class Consent final : public ORLOptInMarketingCampaignDelegate {
+ public:
+  explicit Consent(const Reports& reports) : reports_(reports) {}
+  void onMoveButtonTapped(const std::shared_ptr<ViewController>& in) override {
+    screens.push_back(in);
+    reported = reports_.names;
+  }
+  std::vector<std::shared_ptr<ViewController>> screens;
+  std::vector<std::string> reported;
+
+ private:
+  const Reports& reports_;
 };
 
 // From the façade's call to what the screen shows, with the service's replies by path.
@@ -267,6 +288,32 @@ TEST_F(CampaignScreenTest, AKindOfTomorrowAsksTheStoreAndTheUserToUpdate) {
   EXPECT_EQ(platform_.session->requestsTo("/lookup").at(1).url.host(), "localhost");
 }
 
+TEST_F(CampaignScreenTest, AnOptInHandsItsScreenToTheHostAndSaysSo) {
+  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(optInMarketingPage()));
+  const auto screen = open();
+  const auto page = content<OptInMarketingCampaignView>(*screen);
+  ASSERT_TRUE(page);
+  EXPECT_EQ(screen->title(), "혜택 알림");
+  EXPECT_THAT(reports_->pages, ElementsAre("opt_in_marketing"));
+  auto consent = std::make_shared<Consent>(*reports_);
+  Orrelo::setOptInMarketingCampaignDelegate(consent);
+  reports_->names.clear();
+  const LogCapture log;
+  page->onTapMoveButton();
+  EXPECT_THAT(consent->screens, ElementsAre(screen));
+  EXPECT_THAT(consent->reported, IsEmpty()) << "the host first";
+  EXPECT_THAT(reports_->names, ElementsAre("ol_opt_in_marketing_move_button_click"));
+  const auto line =
+      AllOf(HasSubstr("[DEBUG]"), EndsWith(" (ORLOptInMarketingCampaignDelegate) onMoveButtonTapped:in"));
+  EXPECT_THAT(log.lines(), Contains(line).Times(1));
+  EXPECT_EQ(requests("/campaigns/c-1"), 1u) << "it loads anew when the host brings it back";
+
+  consent.reset();
+  page->onTapMoveButton();
+  EXPECT_THAT(log.lines(), Contains(line).Times(2));
+  EXPECT_EQ(reports_->names.size(), 2u) << "said also where no host listens";
+}
+
 TEST_F(CampaignScreenTest, AHostsStackGetsTheScreenUnderItsOwnBar) {
   const auto root = std::make_shared<ErrorViewController>("앱");
   const auto navigation = NavigationController::create(root);
@@ -342,17 +389,6 @@ TEST(CampaignScreenBeforeInitialize, IsAScreenThatAsksToTryAgain) {
   ASSERT_TRUE(screen);
   EXPECT_EQ(screen->message, "잠시 후 다시 시도해주세요.");
   EXPECT_EQ(screen->modalPresentationStyle, ModalPresentationStyle::fullScreen);
-}
-
-TEST(TooltipViewTest, TheTailStandsWhereItsBiasSays) {
-  const TooltipView above({.tailPosition = TooltipView::TailPosition::top, .horizontalBias = 0.5});
-  const auto shape = above.shape({200.0, 60.0});
-  EXPECT_EQ(shape.top, 10.0);
-  EXPECT_EQ(shape.size, (Size{200.0, 50.0}));
-  EXPECT_EQ(shape.tail[1], (Point{107.0, 0.0}));
-  const TooltipView below({.tailPosition = TooltipView::TailPosition::bottom, .horizontalBias = 0.0});
-  EXPECT_EQ(below.shape({200.0, 60.0}).tail[0], (Point{0.0, 50.0}));
-  EXPECT_EQ(below.shape({200.0, 60.0}).tail[1], (Point{7.0, 60.0}));
 }
 
 }  // namespace

@@ -37,6 +37,15 @@ inline std::string resultPage(const std::string& more = "") {
             "toolbar_text":"결과"}})";
 }
 
+/// A page that asks to allow marketing messages.
+inline std::string optInMarketingPage(bool isEnabled = true, bool isVisible = true) {
+  const auto flag = [](bool isTrue) { return std::string(isTrue ? "true" : "false"); };
+  return R"({"page_type":"opt_in_marketing","page_id":"p-3","page_detail":{"toolbar_text":"혜택 알림",
+            "image_url":"https://img.example/bell.png","button_text":"알림 받으러 가기","button_enable":)" +
+         flag(isEnabled) + R"(,"button_visibility":)" + flag(isVisible) +
+         R"(,"color":"#5B50E8","notice":["알림은 언제든지 끌 수 있습니다."]}})";
+}
+
 /// A reply of "/campaigns/<id>".
 inline std::string campaignReply(const std::string& page, const std::string& id = "c-1") {
   return R"({"id":")" + id +

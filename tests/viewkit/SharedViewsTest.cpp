@@ -4,6 +4,7 @@
 #include "viewkit/IconRectangleButton.h"
 #include "viewkit/RxButton.h"
 #include "viewkit/ToastLayer.h"
+#include "viewkit/TooltipView.h"
 #include "viewkit/base/StackView.h"
 
 #include <gmock/gmock.h>
@@ -70,6 +71,17 @@ TEST_F(ToastLayerTest, AToastIsSeenForThreeSecondsOnALittleOfItsColour) {
   EXPECT_EQ(toast->accessibilityIdentifier, "OrreloToast");
   EXPECT_EQ(ToastView::fade.delay + ToastView::fade.duration, std::chrono::seconds(3));
   EXPECT_EQ(ToastView::fade.delay, std::chrono::seconds(1));
+}
+
+TEST(TooltipViewTest, TheTailStandsWhereItsBiasSays) {
+  const TooltipView above({.tailPosition = TooltipView::TailPosition::top, .horizontalBias = 0.5});
+  const auto shape = above.shape({200.0, 60.0});
+  EXPECT_EQ(shape.top, 10.0);
+  EXPECT_EQ(shape.size, (Size{200.0, 50.0}));
+  EXPECT_EQ(shape.tail[1], (Point{107.0, 0.0}));
+  const TooltipView below({.tailPosition = TooltipView::TailPosition::bottom, .horizontalBias = 0.0});
+  EXPECT_EQ(below.shape({200.0, 60.0}).tail[0], (Point{0.0, 50.0}));
+  EXPECT_EQ(below.shape({200.0, 60.0}).tail[1], (Point{7.0, 60.0}));
 }
 
 TEST(RxButtonTest, OfThePressesInAnIntervalTheFirstAndTheLastPass) {
