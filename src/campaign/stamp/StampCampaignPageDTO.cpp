@@ -22,8 +22,8 @@ StampCampaignPageDTO::MissionDTO StampCampaignPageDTO::MissionDTO::decode(const 
 
 StampCampaignPageDTO::StampDTO StampCampaignPageDTO::StampDTO::decode(const JsonObject& json) {
   StampDTO stamp{json.integer("column_count"), {}};
-  json.array("missions").forEach([&](const JsonValue& mission) {
-    stamp.mission.push_back(MissionDTO::decode(mission.objectValue()));
+  json.array("missions").forEach([&](const JsonValue& row) {
+    stamp.mission.push_back(MissionDTO::decode(row.objectValue()));
   });
   return stamp;
 }
