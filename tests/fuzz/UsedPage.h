@@ -129,7 +129,7 @@ class UsedPage {
     const int asked = requests_->participations - before;
     require(isDone                       ? asked == 0
             : card.content.isScratchable ? asked == 1
-                                         : asked >= 2,
+                                         : asked == 4,
             "a card is scratched once, and a blocked one says so each time");
   }
 
