@@ -167,13 +167,16 @@ inline std::vector<Field> resultFields() {
 inline std::vector<Field> stampFields() {
   std::vector<Field> fields{
       {"/page/page_detail/stamp", Presence::required, Type::record, {}},
-      detail<Stamp>("stamp/column_count", Presence::required,
-                    [](Stamp& stamp) -> auto& { return stamp.stampDTO.columnCount; }),
-      detail<Stamp>("stamp/missions", Presence::required,
-                    [](Stamp& stamp) -> auto& { return stamp.stampDTO.mission; }),
+      detail<Stamp>(
+          "stamp/column_count", Presence::required,
+          [](Stamp & stamp) -> auto& { return stamp.stampDTO.columnCount; }),
+      detail<Stamp>(
+          "stamp/missions", Presence::required,
+          [](Stamp & stamp) -> auto& { return stamp.stampDTO.mission; }),
       {"/page/page_detail/layout", Presence::required, Type::record, {}},
-      detail<Stamp>("layout/component_order", Presence::required,
-                    [](Stamp& stamp) -> auto& { return stamp.layoutDTO.componentOrder; }),
+      detail<Stamp>(
+          "layout/component_order", Presence::required,
+          [](Stamp & stamp) -> auto& { return stamp.layoutDTO.componentOrder; }),
       detail("main_image_url", Presence::tolerant, &Stamp::mainImageUrl),
       detail("sub_image_url", Presence::tolerant, &Stamp::subImageUrl),
       detail("first_title", Presence::tolerant, &Stamp::firstTitle),
@@ -183,12 +186,12 @@ inline std::vector<Field> stampFields() {
   };
   for (const std::size_t i : {0U, 3U}) {
     const auto mission = "stamp/missions/" + std::to_string(i);
-    fields.push_back(
-        detail<Stamp>(mission + "/name", Presence::required,
-                      [i](Stamp& stamp) -> auto& { return stamp.stampDTO.mission.at(i).name; }));
-    fields.push_back(
-        detail<Stamp>(mission + "/icon_url", Presence::required,
-                      [i](Stamp& stamp) -> auto& { return stamp.stampDTO.mission.at(i).iconUrl; }));
+    fields.push_back(detail<Stamp>(
+        mission + "/name",
+        Presence::required, [i](Stamp & stamp) -> auto& { return stamp.stampDTO.mission.at(i).name; }));
+    fields.push_back(detail<Stamp>(
+        mission + "/icon_url",
+        Presence::required, [i](Stamp & stamp) -> auto& { return stamp.stampDTO.mission.at(i).iconUrl; }));
   }
   return fields;
 }

@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QTest>
+#include <algorithm>
 #include <cstdlib>
 
 namespace orrelo::test {
@@ -38,25 +39,6 @@ class LoopWorkers final : public WorkerPool {
   std::shared_ptr<MainLoop> loop_;
 };
 
-// A parcel on a coloured ground, as a PNG file.
-std::string picture(QSize size, const QColor& ground) {
-  QImage image(size, QImage::Format_ARGB32_Premultiplied);
-  image.fill(ground);
-  QPainter painter(&image);
-  painter.setRenderHint(QPainter::Antialiasing);
-  const double side = size.height() * 0.6;
-  const QRectF box((size.width() - side) / 2, (size.height() - side) / 2, side, side);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor("#e8505b"));
-  painter.drawRoundedRect(box, side * 0.08, side * 0.08);
-  painter.fillRect(QRectF(box.center().x() - side * 0.08, box.top(), side * 0.16, side), QColor("#ffffff"));
-  painter.fillRect(QRectF(box.left(), box.top() + side * 0.25, side, side * 0.14), QColor("#ffffff"));
-  painter.end();
-  QBuffer file;
-  image.save(&file, "PNG");
-  return file.data().toStdString();
-}
-
 void visit(QQuickItem* item, const std::function<void(QQuickItem*)>& visitor) {
   if (!item->isVisible() || item->opacity() == 0.0) return;
   visitor(item);
@@ -66,6 +48,61 @@ void visit(QQuickItem* item, const std::function<void(QQuickItem*)>& visitor) {
 QString nameOf(QObject* object) {
   auto* const interface = object ? QAccessible::queryAccessibleInterface(object) : nullptr;
   return interface ? interface->text(QAccessible::Name) : QString();
+}
+
+bool isDrawnBy(const QQuickItem* item, const char* file) {
+  return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String(file) + "_QML");
+}
+
+bool isText(const QQuickItem* item) {
+  return item->inherits("QQuickText");
+}
+
+// What the text needs, against the room that its item has.
+void expectWholeText(const QQuickItem* text) {
+  const auto number = [text](const char* property) { return text->property(property).toDouble(); };
+  // A bar of fixed height cuts its title short.
+  EXPECT_TRUE(!text->property("truncated").toBool() || isDrawnBy(text->parentItem(), "ModalTopBar"));
+  EXPECT_LE(number("contentWidth") + number("leftPadding") + number("rightPadding"), text->width() + 1.0);
+  EXPECT_LE(number("contentHeight") + number("topPadding") + number("bottomPadding"), text->height() + 1.0);
+}
+
+// Toasts and tooltips lie over what is there.
+bool liesOverOthers(const QQuickItem* item) {
+  for (; item != nullptr; item = item->parentItem()) {
+    if (isDrawnBy(item, "ToastLayer") || isDrawnBy(item, "TooltipView")) return true;
+  }
+  return false;
+}
+
+void expectWithinAllAround(const QQuickItem* item) {
+  const bool isOver = liesOverOthers(item);
+  QRectF rect(0, 0, item->width(), item->height());
+  for (const auto* around = item->parentItem(); around != nullptr; around = around->parentItem()) {
+    rect = item->mapRectToItem(around, rect);
+    item = around;
+    const bool isWindow = around->parentItem() == nullptr;
+    if (around->size().isEmpty() || (isOver && !isWindow)) continue;  // it only holds its place
+    constexpr double tolerance = 0.6;
+    const QRectF place =
+        QRectF({0, 0}, around->size()).adjusted(-tolerance, -tolerance, tolerance, tolerance);
+    const bool fitsAcross = rect.left() >= place.left() && rect.right() <= place.right();
+    if (around->inherits("QQuickFlickable")) rect = QRectF({0, 0}, around->size());  // it scrolls
+    const bool fitsDown = rect.top() >= place.top() && rect.bottom() <= place.bottom();
+    EXPECT_TRUE(fitsAcross && fitsDown)
+        << rect.left() << ", " << rect.top() << " to " << rect.right() << ", " << rect.bottom() << " in the "
+        << around->width() << " by " << around->height() << " of " << around->metaObject()->className();
+    if (!fitsAcross || !fitsDown) return;
+  }
+}
+
+// As much of the item as its page shows.
+QRectF shownRect(const QQuickItem* item) {
+  auto rect = WindowTest::sceneRect(item);
+  for (const auto* around = item->parentItem(); around != nullptr; around = around->parentItem()) {
+    if (around->clip()) rect &= WindowTest::sceneRect(around);
+  }
+  return rect;
 }
 
 }  // namespace
@@ -183,6 +220,56 @@ QStringList WindowTest::names() const {
     if (const auto name = nameOf(item); !name.isEmpty()) found.push_back(name);
   });
   return found;
+}
+
+std::string WindowTest::picture(QSize size, const QColor& ground) {
+  QImage image(size, QImage::Format_ARGB32_Premultiplied);
+  image.fill(ground);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double side = size.height() * 0.6;
+  const QRectF box((size.width() - side) / 2, (size.height() - side) / 2, side, side);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor("#e8505b"));
+  painter.drawRoundedRect(box, side * 0.08, side * 0.08);
+  painter.fillRect(QRectF(box.center().x() - side * 0.08, box.top(), side * 0.16, side), QColor("#ffffff"));
+  painter.fillRect(QRectF(box.left(), box.top() + side * 0.25, side, side * 0.14), QColor("#ffffff"));
+  painter.end();
+  QBuffer file;
+  image.save(&file, "PNG");
+  return file.data().toStdString();
+}
+
+std::vector<QQuickItem*> WindowTest::drawnBy(const char* file) const {
+  std::vector<QQuickItem*> found;
+  visit(window_->contentItem(), [&](QQuickItem* item) {
+    if (isDrawnBy(item, file)) found.push_back(item);
+  });
+  std::sort(found.begin(), found.end(), [](const QQuickItem* one, const QQuickItem* other) {
+    return sceneRect(one).top() < sceneRect(other).top();
+  });
+  return found;
+}
+
+void WindowTest::expectNothingCut() const {
+  std::vector<const QQuickItem*> texts;
+  visit(window_->contentItem(), [&](QQuickItem* item) {
+    const auto name = nameOf(item);
+    if ((!isText(item) && name.isEmpty()) || name == QLatin1String("host")) return;  // the host lies beneath
+    const testing::ScopedTrace trace(
+        __FILE__, __LINE__, name.toStdString() + ", " + item->property("text").toString().toStdString());
+    expectWithinAllAround(item);
+    if (!isText(item)) return;
+    expectWholeText(item);
+    if (liesOverOthers(item)) return;
+    for (const auto* const other : texts) {
+      const auto shared = shownRect(item) & shownRect(other);
+      EXPECT_FALSE(shared.width() > 1.0 && shared.height() > 1.0)
+          << "over " << other->property("text").toString().toStdString();
+    }
+    texts.push_back(item);
+  });
+  EXPECT_FALSE(texts.empty());
 }
 
 }  // namespace orrelo::test

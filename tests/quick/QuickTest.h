@@ -17,11 +17,15 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <memory>
+#include <vector>
 
 namespace orrelo::test {
 
 /// A host's window, drawn off the screen. What the kit talks to is the heirs' matter.
 class WindowTest : public testing::Test {
+ public:
+  static QRectF sceneRect(const QQuickItem* item) { return {item->mapToScene({0, 0}), item->size()}; }
+
  protected:
   WindowTest();
   ~WindowTest() override;
@@ -43,6 +47,8 @@ class WindowTest : public testing::Test {
   bool waitForNamed(const QString& name) {
     return waitFor([&] { return named(name) != nullptr; });
   }
+  /// A parcel on a coloured ground, as a PNG file.
+  static std::string picture(QSize size, const QColor& ground);
   /// How many pixels of `picture` have this colour, or nearly.
   static int count(const QImage& picture, const QColor& color);
   void click(const QString& name);
@@ -51,6 +57,11 @@ class WindowTest : public testing::Test {
   QString focusName() const;
   /// Every name in reading order.
   QStringList names() const;
+  /// The visible items that the QML file of this name draws, from top to bottom.
+  std::vector<QQuickItem*> drawnBy(const char* file) const;
+  /// No text is elided, sticks out of what holds it or lies over another, and nothing that has a name sticks
+  /// out of the window but for what can be scrolled to.
+  void expectNothingCut() const;
 
   TemporaryFolder folder_;
   std::unique_ptr<QQmlApplicationEngine> engine_;

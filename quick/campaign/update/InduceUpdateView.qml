@@ -1,15 +1,17 @@
 import QtQuick
 import Orrelo
 
-/// What asks for a newer version, over the button that leads to it.
-Item {
+/// What asks for a newer version, over the button that leads to it: in the middle, where it fits.
+PageScroll {
     id: view
 
     required property InduceUpdateBridge model
 
+    topPadding: Math.max(bottomPadding, (height - message.height) / 2)
+
     Column {
-        anchors.centerIn: parent
-        width: Math.min(parent.width, Theme.contentWidth) - 2 * Theme.margin
+        id: message
+        width: parent.width
         spacing: view.model.spacing
 
         ErrorMessage {
@@ -18,7 +20,7 @@ Item {
         }
         PressArea {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.max(view.model.buttonWidth, label.implicitWidth + 4)
+            width: Math.max(view.model.buttonWidth, label.implicitWidth + 12 * Theme.textScale)
             height: Math.max(view.model.buttonHeight, label.implicitHeight + 12)
             name: view.model.buttonTitle
             onPressed: view.model.routeToUpdateLink()

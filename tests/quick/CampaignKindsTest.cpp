@@ -1,0 +1,176 @@
+#include "QuickTest.h"
+
+#include <set>
+
+namespace orrelo::test {
+namespace {
+
+const QString askHost = QStringLiteral("알림 받으러 가기");
+const QString pictureMissing =
+    QStringLiteral("이미지를 불러오는데 실패했습니다.\n잠시 후 다시 시도해 주세요.");
+const QString update = QStringLiteral("업데이트하러 가기");
+const QColor stamped("#2E7D32");
+const QColor waiting("#B0BEC5");
+
+class Consent final : public ORLOptInMarketingCampaignDelegate {
+ public:
+  void onMoveButtonTapped(const std::shared_ptr<ViewController>& in) override { screens.push_back(in); }
+  std::vector<std::shared_ptr<ViewController>> screens;
+};
+
+// A board of seven missions, of which the first and the fourth are done.
+std::string stampPage(int columns = 3) {
+  return R"({"page_type":"stamp","page_id":"p","page_detail":{"toolbar_text":"가을 스탬프",
+    "first_title":"미션을 마치고","second_title":"스탬프를 모으세요!","guide_message":"여섯 개를 모으면 선물을 드려요.",
+    "main_image_url":"https://cdn.example/result.png",
+    "stamp":{"column_count":)" +
+         std::to_string(columns) + R"(,"missions":[
+      {"name":"첫 구매","icon_url":"https://cdn.example/done.png"},
+      {"name":"리뷰 쓰기","icon_url":"https://cdn.example/open.png"},
+      {"name":"가까운 친구 세 명 초대하기","icon_url":"https://cdn.example/open.png"},
+      {"name":"알림 켜기","icon_url":"https://cdn.example/done.png"},
+      {"name":"두 번째 구매","icon_url":"https://cdn.example/open.png"},
+      {"name":"사진 없는 미션","icon_url":"https://cdn.example/none.png"},
+      {"name":"숨은 미션","icon_url":"https://cdn.example/open.png"}]},
+    "layout":{"component_order":["information","stamp","main_image","notice"]},
+    "notice":["스탬프는 미션을 마친 다음 날 찍힙니다.","모은 스탬프는 되돌릴 수 없습니다."]}})";
+}
+
+class CampaignKindsTest : public QuickTest {
+ protected:
+  CampaignKindsTest() {
+    service_->answers["/none.png"] = service_->answers["/bell.png"] = {404, ""};
+    service_->answers["/done.png"] = {200, picture({72, 72}, stamped)};
+    service_->answers["/open.png"] = {200, picture({72, 72}, waiting)};
+    Orrelo::setOptInMarketingCampaignDelegate(consent_);
+  }
+
+  void openCampaign(const std::string& page, const QString& sign, QSize size, double textScale) {
+    service_->answers["/campaigns/c-1"] = {200, campaignReply(page)};
+    open(size, textScale);
+    showCampaign();
+    ASSERT_TRUE(waitForNamed(sign));
+    settle();
+  }
+  // The place of the mission with this name, which is its label's too.
+  QRectF cell(const char* name) const {
+    const auto* const label = named(QString::fromUtf8(name));
+    return label != nullptr ? sceneRect(label->parentItem()) : QRectF();
+  }
+  // The same on a small phone, and there with large text.
+  void onSmallScreens(const QString& name, const std::function<void(double)>& look) {
+    for (const double scale : {1.0, 2.0}) {
+      SCOPED_TRACE(scale);
+      look(scale);
+      expectNothingCut();
+      const auto shot = name + (scale == 1.0 ? "-320" : "-320-large-text");
+      grab(shot);
+      press(Qt::Key_End);
+      grab(shot + "-end");
+    }
+  }
+
+  std::shared_ptr<Consent> consent_ = std::make_shared<Consent>();
+};
+
+TEST_F(CampaignKindsTest, AnOptInStaysOfUseWithoutItsPicture) {
+  onSmallScreens("opt-in-picture-missing", [&](double scale) {
+    openCampaign(optInMarketingPage(), askHost, {320, 568}, scale);
+    EXPECT_TRUE(waitForNamed(pictureMissing));
+    EXPECT_TRUE(named(askHost)->isEnabled());
+    EXPECT_GT(sceneRect(named(askHost)).top(), sceneRect(named(pictureMissing)).bottom());
+  });
+  press(Qt::Key_Home);
+  press(Qt::Key_Tab);
+  press(Qt::Key_Tab);
+  EXPECT_EQ(focusName(), askHost);
+  press(Qt::Key_Space);
+  EXPECT_THAT(consent_->screens, testing::ElementsAre(host()->presentedViewController()));
+  settle();
+  const auto place = sceneRect(named(askHost));
+  EXPECT_GE(place.top(), 44.0);
+  EXPECT_LE(place.bottom(), 568.0) << "the focus brings it into view";
+  click(askHost);
+  EXPECT_EQ(consent_->screens.size(), 2U);
+}
+
+TEST_F(CampaignKindsTest, AnOptInShowsItsPictureAndAButtonAsItIsTold) {
+  service_->answers["/bell.png"] = {200, picture({700, 400}, QColor("#fff1d6"))};
+  openCampaign(optInMarketingPage(), askHost, {320, 568}, 1.0);
+  EXPECT_EQ(named(pictureMissing), nullptr);
+  EXPECT_GE(count(grab("opt-in-320"), QColor("#fff1d6")), 280 * 160 * 7 / 10);
+  openCampaign(optInMarketingPage(false), askHost, {320, 568}, 1.0);
+  click(askHost);
+  EXPECT_FALSE(named(askHost)->isEnabled());
+  grab("opt-in-320-disabled");
+  openCampaign(optInMarketingPage(true, false), QStringLiteral("혜택 알림"), {320, 568}, 1.0);
+  EXPECT_EQ(named(askHost), nullptr);
+  EXPECT_TRUE(consent_->screens.empty());
+}
+
+TEST_F(CampaignKindsTest, AStampBoardShowsWholeRowsWithEachMissionsIcon) {
+  onSmallScreens("stamp", [&](double scale) {
+    openCampaign(stampPage(), QStringLiteral("첫 구매"), {320, 568}, scale);
+    std::set<int> columns;
+    std::set<int> rows;
+    for (const auto* const name : {"첫 구매", "리뷰 쓰기", "가까운 친구 세 명 초대하기", "알림 켜기",
+                                   "두 번째 구매", "사진 없는 미션"}) {
+      const auto place = cell(name);
+      columns.insert(static_cast<int>(std::round(place.left())));
+      rows.insert(static_cast<int>(std::round(place.top())));
+    }
+    EXPECT_EQ(columns.size(), 3U);
+    EXPECT_EQ(rows.size(), 2U);
+    EXPECT_EQ(named(QStringLiteral("숨은 미션")), nullptr);
+  });
+  open({390, 844});
+  showCampaign();
+  ASSERT_TRUE(waitForNamed(QStringLiteral("첫 구매")));
+  const auto whole = grab("stamp-390");
+  const auto pixels = [&](const char* name, const QColor& color) {
+    return count(whole.copy(cell(name).toRect()), color);
+  };
+  constexpr int some = 72 * 72 / 4;
+  for (const auto* const name : {"첫 구매", "알림 켜기"}) EXPECT_GT(pixels(name, stamped), some) << name;
+  for (const auto* const name : {"리뷰 쓰기", "두 번째 구매"}) EXPECT_GT(pixels(name, waiting), some) << name;
+  EXPECT_EQ(pixels("첫 구매", waiting) + pixels("리뷰 쓰기", stamped) + pixels("사진 없는 미션", waiting), 0);
+}
+
+TEST_F(CampaignKindsTest, ABoardOfOddShapeFitsTheScreen) {
+  for (const int columns : {1, 7, 8}) {
+    SCOPED_TRACE(columns);
+    openCampaign(stampPage(columns), QStringLiteral("미션을 마치고"), {320, 568}, 2.0);
+    EXPECT_EQ(named(QStringLiteral("첫 구매")) == nullptr, columns == 8) << "no row is whole";
+    expectNothingCut();
+    grab(QStringLiteral("stamp-320-columns-%1").arg(columns));
+  }
+}
+
+TEST_F(CampaignKindsTest, AKindOfTomorrowAsksForAnUpdate) {
+  service_->answers["/lookup"] = {
+      200, R"({"resultCount":1,"results":[{"bundleId":"com.example.shop","trackId":42}]})"};
+  onSmallScreens("update", [&](double scale) {
+    openCampaign(R"({"page_type":"hologram","page_id":"p"})", update, {320, 568}, scale);
+    const auto button = sceneRect(named(update)->parentItem());  // of the label
+    EXPECT_GE(button.width(), 124.0);
+    EXPECT_GE(button.height(), 36.0);
+    EXPECT_NEAR(button.center().x(), 160.0, 1.0);
+  });
+  openCampaign(R"({"page_type":"hologram","page_id":"p"})", update, {568, 320}, 2.0);
+  expectNothingCut();
+  grab("update-landscape-large-text");
+  press(Qt::Key_Tab);
+  press(Qt::Key_Tab);
+  EXPECT_EQ(focusName(), update);
+  settle();
+  EXPECT_LE(sceneRect(named(update)->parentItem()).bottom(), 320.0) << "the focus brings it into view";
+  EXPECT_GE(named(update)->x(), 12.0) << "the label keeps off the border";
+  const auto failed = QStringLiteral("업데이트 페이지 이동에 실패했습니다.");
+  click(update);
+  ASSERT_TRUE(waitForNamed(failed)) << "no machine of Qt takes the store's link";
+  expectNothingCut();
+  grab("update-failed");
+}
+
+}  // namespace
+}  // namespace orrelo::test
