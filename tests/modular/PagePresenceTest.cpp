@@ -1,6 +1,6 @@
 // Every value of a whole page is broken in every way, and what becomes of the page is what a second reading
 // of the rules says.
-#include "ModularPages.h"
+#include "ComponentFields.h"
 #include "modular/ModularCampaignConfig.h"
 
 #include <algorithm>
@@ -201,9 +201,30 @@ class PagePresenceTest : public testing::Test {
     const bool isPage = expected != Lines{"Stop"} && expected != Lines{"DecodingError"};
     ends_.insert(isPage ? "page" : expected[0]);
     if (!isPage || outcome != expected) return;
-    const auto layout = decodePage(json).config.layout;
+    const auto decoded = decodePage(json);
+    expectBlocksAsSent(decoded.components, meant);
+    const auto& layout = decoded.config.layout;
     EXPECT_EQ(layout.dialogComponents.size(), expectedDialogs(meant));
-    EXPECT_EQ(layout.toolbar.has_value(), !at(meant["page_config"]["layout"], "toolbar").is_null());
+    if (layout.dialogComponents.size() == expectedDialogs(meant)) expectDialogsAsSent(layout, meant);
+    const auto& toolbar = at(meant["page_config"]["layout"], "toolbar");
+    EXPECT_EQ(layout.toolbar ? Json(layout.toolbar->text) : Json(), at(toolbar, "text"));
+  }
+  static void expectBlocksAsSent(const std::vector<std::shared_ptr<UIComponent>>& components,
+                                 const Json& meant) {
+    std::map<std::string, std::size_t> taken;
+    for (const auto& component : components) {
+      const std::string kind(component->arrayKey());
+      if (kind != "blank") expectHeld(heldBy(*component), sentAs(kind, meant[kind][taken[kind]++]));
+    }
+  }
+  static void expectDialogsAsSent(const PageLayout& layout, const Json& meant) {
+    auto dialog = layout.dialogComponents.begin();
+    for (const auto* const kind : {"reward_message", "toast"}) {
+      if (dialog == layout.dialogComponents.end()) return;
+      for (const auto& sent : at(meant["page_config"]["layout"]["dialog"], kind)) {
+        expectHeld(heldBy(**dialog++), sentAs(kind, sent));
+      }
+    }
   }
 
   // Each value of the page is dropped, and replaced by each of these.
