@@ -37,9 +37,9 @@ Item {
             }
             SequentialAnimation {
                 running: true
+                onFinished: toasts.model.fadeDidFinish(view.toast)
                 PauseAnimation { duration: view.toast.fadeDelay }
                 NumberAnimation { target: view; property: "opacity"; to: 0; duration: view.toast.fadeDuration; easing.type: Easing.OutQuad }
-                ScriptAction { script: toasts.model.fadeDidFinish(view.toast) }
             }
         }
     }
