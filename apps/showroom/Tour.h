@@ -48,6 +48,8 @@ class Tour {
   QQuickItem* awaitStill(const QString& name);
   void awaitGone(const QString& name);
   void await(const std::function<bool()>& holds, const QString& what);
+  /// How much of the picture is of about this colour.
+  static double share(const QImage& picture, const QColor& color);
   static void require(bool holds, const QString& what);
   QQuickItem* find(const QString& name) const;
   void send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons);

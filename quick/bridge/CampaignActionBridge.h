@@ -28,11 +28,8 @@ class CampaignActionBridge final : public ViewBridge {
   QString title() const { return toQt(action_.state.value().title); }
   QString statusMessage() const { return toQt(action_.state.value().statusMessage); }
   bool isEnabled() const { return action_.state.value().isEnabled; }
-  QColor fill() const {
-    const auto color = toQt(action_.state.value().color);
-    return isEnabled() ? color : dimmed(color);
-  }
-  QColor textColor() const { return isEnabled() ? textColorOn(fill()) : disabledTextColor(); }
+  QColor fill() const { return buttonFill(action_.state.value().color, isEnabled()); }
+  QColor textColor() const { return buttonTextColor(action_.state.value().color, isEnabled()); }
   double buttonHeight() const { return CampaignActionView::buttonHeight; }
 
   Q_INVOKABLE void onClick() { action_.onClick(); }

@@ -78,8 +78,8 @@ class OptInMarketingCampaignBridge final : public ViewBridge {
   Q_PROPERTY(QString buttonTitle READ buttonTitle CONSTANT)
   Q_PROPERTY(bool isButtonEnabled READ isButtonEnabled CONSTANT)
   Q_PROPERTY(bool isButtonHidden READ isButtonHidden CONSTANT)
-  Q_PROPERTY(QColor buttonFill READ buttonFill CONSTANT)
-  Q_PROPERTY(QColor buttonTextColor READ buttonTextColor CONSTANT)
+  Q_PROPERTY(QColor fill READ fill CONSTANT)
+  Q_PROPERTY(QColor textColor READ textColor CONSTANT)
   Q_PROPERTY(orrelo::quick::ImageBridge* image READ image CONSTANT)
   Q_PROPERTY(orrelo::quick::CampaignNoticeBridge* notice READ notice CONSTANT)
   Q_PROPERTY(orrelo::quick::ErrorBridge* error READ error CONSTANT)
@@ -95,13 +95,8 @@ class OptInMarketingCampaignBridge final : public ViewBridge {
   QString buttonTitle() const { return toQt(optIn_.moveButton.title); }
   bool isButtonEnabled() const { return optIn_.moveButton.isEnabled; }
   bool isButtonHidden() const { return optIn_.moveButton.isHidden; }
-  QColor buttonFill() const {
-    const auto color = toQt(optIn_.moveButton.color);
-    return isButtonEnabled() ? color : dimmed(color);
-  }
-  QColor buttonTextColor() const {
-    return isButtonEnabled() ? textColorOn(buttonFill()) : disabledTextColor();
-  }
+  QColor fill() const { return buttonFill(optIn_.moveButton.color, isButtonEnabled()); }
+  QColor textColor() const { return buttonTextColor(optIn_.moveButton.color, isButtonEnabled()); }
   ImageBridge* image() const { return image_; }
   CampaignNoticeBridge* notice() const { return notice_; }
   ErrorBridge* error() const { return error_; }

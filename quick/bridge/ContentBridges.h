@@ -153,10 +153,7 @@ class ActionButtonBridge final : public ViewBridge {
   QString text() const { return toQt(action_.content.text); }
   QString statusMessage() const { return toQt(action_.content.statusMessage); }
   bool isEnabled() const { return action_.content.isEnabled; }
-  QColor fill() const {
-    const auto color = toQt(action_.content.color);
-    return isEnabled() ? color : dimmed(color);
-  }
+  QColor fill() const { return buttonFill(action_.content.color, isEnabled()); }
   QColor titleColor() const {
     return isEnabled() ? textColorOn(fill()) : toQt(ActionButtonView::disabledTitleColor);
   }

@@ -24,6 +24,12 @@ double contrastToWhite(const QColor& color) {
   return 1.05 / (luminance(color) + 0.05);
 }
 
+QColor dimmed(const QColor& color) {
+  constexpr float share = 0.2F;
+  const auto mixed = [](float value) { return share * value + (1.0F - share) * 0.92F; };
+  return QColor::fromRgbF(mixed(color.redF()), mixed(color.greenF()), mixed(color.blueF()), color.alphaF());
+}
+
 }  // namespace
 
 QColor toQt(const Color& color) {
@@ -35,10 +41,6 @@ QColor plainTextColor() {
   return QColor::fromRgbF(0.239F, 0.243F, 0.247F);
 }
 
-QColor disabledTextColor() {
-  return QColor(0x6b, 0x6d, 0x70);
-}
-
 QColor textColorOn(const QColor& background) {
   return contrastToWhite(background) >= sufficientContrast ? QColor(Qt::white) : plainTextColor();
 }
@@ -48,10 +50,12 @@ QColor legibleOnWhite(QColor color) {
   return color;
 }
 
-QColor dimmed(const QColor& color) {
-  constexpr float share = 0.2F;
-  const auto mixed = [](float value) { return share * value + (1.0F - share) * 0.92F; };
-  return QColor::fromRgbF(mixed(color.redF()), mixed(color.greenF()), mixed(color.blueF()), color.alphaF());
+QColor buttonFill(const Color& color, bool isEnabled) {
+  return isEnabled ? toQt(color) : dimmed(toQt(color));
+}
+
+QColor buttonTextColor(const Color& color, bool isEnabled) {
+  return isEnabled ? textColorOn(toQt(color)) : QColor(0x6b, 0x6d, 0x70);
 }
 
 QUrl moduleFile(const QString& path) {

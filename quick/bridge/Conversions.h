@@ -17,14 +17,13 @@ QColor toQt(const Color& color);
 
 /// The kit's dark grey for text.
 QColor plainTextColor();
-/// Of what is written on a disabled button.
-QColor disabledTextColor();
+/// Of a button of this colour, and of what is written on it.
+QColor buttonFill(const Color& color, bool isEnabled);
+QColor buttonTextColor(const Color& color, bool isEnabled);
 /// White as designed, or the dark grey on a brand colour so light that white could not be read on it.
 QColor textColorOn(const QColor& background);
 /// A brand colour as designed, or darkened as far as it takes to be read on white.
 QColor legibleOnWhite(QColor color);
-/// What a disabled button of this colour looks like.
-QColor dimmed(const QColor& color);
 
 /// A file of the kit's QML module: "campaign/CampaignViewController.qml".
 QUrl moduleFile(const QString& path);

@@ -73,16 +73,8 @@ double RouletteBridge::rotation() const {
   return qRadiansToDegrees(roulette_.state.value().rotation);
 }
 
-double RouletteBridge::spinFrom() const {
-  return qRadiansToDegrees(spin().from);
-}
-
-double RouletteBridge::spinTo() const {
-  return qRadiansToDegrees(spin().to);
-}
-
-int RouletteBridge::spinDuration() const {
-  return static_cast<int>(spin().duration.count());
+AnimationValue RouletteBridge::spin() const {
+  return AnimationValue(roulette_.state.value().spin.value_or(Animation()), qDegreesToRadians(1.0));
 }
 
 RoulettePart::RoulettePart(QQuickItem* parent) : QQuickPaintedItem(parent) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "modular/roulette/RouletteView.h"
+#include "quick/bridge/AnimationValue.h"
 #include "quick/bridge/ViewBridge.h"
 
 #include <QPointer>
@@ -16,9 +17,7 @@ class RouletteBridge final : public ViewBridge {
   /// In degrees, as all angles here: of the wheel at rest.
   Q_PROPERTY(double rotation READ rotation NOTIFY stateChanged)
   Q_PROPERTY(bool isSpinning READ isSpinning NOTIFY stateChanged)
-  Q_PROPERTY(double spinFrom READ spinFrom NOTIFY stateChanged)
-  Q_PROPERTY(double spinTo READ spinTo NOTIFY stateChanged)
-  Q_PROPERTY(int spinDuration READ spinDuration NOTIFY stateChanged)
+  Q_PROPERTY(orrelo::quick::AnimationValue spin READ spin NOTIFY stateChanged)
   Q_PROPERTY(bool isPaused READ isPaused NOTIFY stateChanged)
   /// The prize that was won; empty before.
   Q_PROPERTY(QString outcome READ outcome NOTIFY stateChanged)
@@ -31,9 +30,7 @@ class RouletteBridge final : public ViewBridge {
   double side() const { return RouletteView::side; }
   double rotation() const;
   bool isSpinning() const { return roulette_.state.value().spin.has_value(); }
-  double spinFrom() const;
-  double spinTo() const;
-  int spinDuration() const;
+  AnimationValue spin() const;
   bool isPaused() const { return roulette_.state.value().isPaused; }
   QString outcome() const { return toQt(roulette_.state.value().outcome); }
   QString accessibilityLabel() const { return toQt(roulette_.accessibilityLabel()); }
@@ -42,8 +39,6 @@ class RouletteBridge final : public ViewBridge {
   Q_INVOKABLE void animationDidStop() { roulette_.animationDidStop(true); }
 
  private:
-  Animation spin() const { return roulette_.state.value().spin.value_or(Animation()); }
-
   RouletteView& roulette_;
   const RouletteDrawing drawing_;
 };

@@ -1,12 +1,16 @@
 #include "quick/bridge/ScreenLayers.h"
 
+#include "platform/Application.h"
 #include "quick/bridge/Bridges.h"
+
+#include <orrelo/Platform.h>
 
 #include <algorithm>
 
 namespace orrelo::quick {
 
-void ScreenLayers::set(const std::vector<std::shared_ptr<ViewController>>& screens, bool animated) {
+void ScreenLayers::set(const std::vector<std::shared_ptr<ViewController>>& screens, bool wantsAnimation) {
+  const bool animated = wantsAnimation && !Platform::current().application->prefersReducedMotion();
   const auto* const formerTop = top();
   const auto isWanted = [&screens](const Layer& layer) {
     return std::find(screens.begin(), screens.end(), layer.bridge->screen()) != screens.end();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quick/bridge/AnimationValue.h"
 #include "quick/bridge/ViewBridge.h"
 #include "viewkit/ToastLayer.h"
 
@@ -19,8 +20,7 @@ class ToastBridge final : public ViewBridge {
   Q_PROPERTY(double cornerRadius READ cornerRadius CONSTANT)
   Q_PROPERTY(double inset READ inset CONSTANT)
   Q_PROPERTY(double maximumWidthShare READ maximumWidthShare CONSTANT)
-  Q_PROPERTY(int fadeDelay READ fadeDelay CONSTANT)
-  Q_PROPERTY(int fadeDuration READ fadeDuration CONSTANT)
+  Q_PROPERTY(orrelo::quick::AnimationValue fade READ fade CONSTANT)
 
  public:
   ToastBridge(const std::shared_ptr<ToastView>& view, QObject* parent)
@@ -32,8 +32,7 @@ class ToastBridge final : public ViewBridge {
   double cornerRadius() const { return ToastView::cornerRadius; }
   double inset() const { return ToastView::inset; }
   double maximumWidthShare() const { return ToastView::maximumWidthShare; }
-  int fadeDelay() const { return static_cast<int>(ToastView::fade.delay.count()); }
-  int fadeDuration() const { return static_cast<int>(ToastView::fade.duration.count()); }
+  AnimationValue fade() const { return AnimationValue(ToastView::fade); }
 
  private:
   const ToastView& toast_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quick/bridge/AnimationValue.h"
 #include "quick/bridge/ViewBridge.h"
 #include "viewkit/TooltipView.h"
 
@@ -20,8 +21,7 @@ class TooltipBridge final : public ViewBridge {
   Q_PROPERTY(bool hasTailOnTop READ hasTailOnTop CONSTANT)
   Q_PROPERTY(double horizontalBias READ horizontalBias CONSTANT)
   Q_PROPERTY(double tailHeight READ tailHeight CONSTANT)
-  Q_PROPERTY(int fadeDelay READ fadeDelay CONSTANT)
-  Q_PROPERTY(int fadeDuration READ fadeDuration CONSTANT)
+  Q_PROPERTY(orrelo::quick::AnimationValue fade READ fade CONSTANT)
 
  public:
   TooltipBridge(const std::shared_ptr<TooltipView>& view, QObject* parent)
@@ -39,8 +39,7 @@ class TooltipBridge final : public ViewBridge {
   bool hasTailOnTop() const { return tooltip_.look.tailPosition == TooltipView::TailPosition::top; }
   double horizontalBias() const { return tooltip_.look.horizontalBias; }
   double tailHeight() const { return TooltipView::tailHeight; }
-  int fadeDelay() const { return static_cast<int>(TooltipView::fade.delay.count()); }
-  int fadeDuration() const { return static_cast<int>(TooltipView::fade.duration.count()); }
+  AnimationValue fade() const { return AnimationValue(TooltipView::fade); }
 
   Q_INVOKABLE void hide() { tooltip_.hide(); }
   Q_INVOKABLE void handleTapAction() { tooltip_.handleTapAction(); }

@@ -8,6 +8,7 @@ FocusScope {
     property string name
     property bool isEnabled: true
     property int role: Accessible.Button
+    property Item focusFrame: area
     property real focusRadius: Theme.cornerRadius
     property color focusColor: Theme.focus
     /// ReleaseWithinBounds where something beneath would hear the tap too.
@@ -50,13 +51,10 @@ FocusScope {
         enabled: area.isEnabled
         cursorShape: Qt.PointingHandCursor
     }
-    Rectangle {
-        anchors { fill: parent; margins: -3 }
-        z: 1
-        visible: area.activeFocus && Theme.showsFocus
-        color: "transparent"
-        radius: area.focusRadius + 3
-        border { width: 2; color: area.focusColor }
+    FocusRing {
+        anchors.fill: area.focusFrame
+        around: area.focusRadius
+        border.color: area.focusColor
     }
     NumberAnimation {
         id: feedback

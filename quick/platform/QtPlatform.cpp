@@ -1,3 +1,4 @@
+#include "quick/platform/MotionSetting.h"
 #include "quick/platform/QtApplication.h"
 #include "quick/platform/QtImageCodec.h"
 #include "quick/platform/QtMainLoop.h"
@@ -34,6 +35,9 @@ Platform platform(const HostApplication& host) {
   application->setUrlOpener(urlOpener(host.urlSchemes));
   platform.application = application;
   new QtApplication(application, qGuiApp);
+  new MotionSetting(
+      QDBusConnection::sessionBus(),
+      [application](bool prefers) { application->setPrefersReducedMotion(prefers); }, qGuiApp);
   return platform;
 }
 

@@ -35,11 +35,12 @@ Item {
                 text: view.toast.message
                 Accessible.ignored: true
             }
-            SequentialAnimation {
+            KitAnimation {
+                motion: view.toast.fade
+                target: view
+                property: "opacity"
                 running: true
-                PauseAnimation { duration: view.toast.fadeDelay }
-                NumberAnimation { target: view; property: "opacity"; to: 0; duration: view.toast.fadeDuration; easing.type: Easing.OutQuad }
-                ScriptAction { script: toasts.model.fadeDidFinish(view.toast) }
+                onFinished: toasts.model.fadeDidFinish(view.toast)
             }
         }
     }

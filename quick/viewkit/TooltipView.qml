@@ -25,10 +25,11 @@ Item {
         if (tooltip.autoDismiss) fading.start()
     }
 
-    SequentialAnimation {
+    KitAnimation {
         id: fading
-        PauseAnimation { duration: view.tooltip.fadeDelay }
-        NumberAnimation { target: view; property: "opacity"; to: 0; duration: view.tooltip.fadeDuration; easing.type: Easing.InOutQuad }
+        motion: view.tooltip.fade
+        target: view
+        property: "opacity"
     }
     TooltipBubble {
         anchors { fill: parent; margins: -margin }

@@ -26,7 +26,7 @@ CampaignViewController::CampaignViewController(std::shared_ptr<CampaignViewModel
       viewModel(std::move(model)),
       campaignId(std::move(id)),
       campaignType(type) {
-  errorView->state.change([](ErrorView::State& state) { state.isHidden = true; });
+  errorView->setHidden(true);
 }
 
 std::shared_ptr<CampaignViewController> CampaignViewController::create(
@@ -96,7 +96,7 @@ void CampaignViewController::route(const Page& page) {
 
 void CampaignViewController::render(const BrandedCampaign& element) {
   const auto& campaign = element.campaign;
-  errorView->state.change([](ErrorView::State& state) { state.isHidden = true; });
+  errorView->setHidden(true);
   viewModel->visit(campaign);
   if (campaign.title) {
     setTitle(campaign.title);
@@ -189,7 +189,7 @@ bool CampaignViewController::hasPlace() const {
 void CampaignViewController::fail(const Error& error) {
   setTitle("이벤트");
   errorView->setText(error);
-  errorView->state.change([](ErrorView::State& state) { state.isHidden = false; });
+  errorView->setHidden(false);
 }
 
 }  // namespace orrelo

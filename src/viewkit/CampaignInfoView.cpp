@@ -1,7 +1,5 @@
 #include "viewkit/CampaignInfoView.h"
 
-#include "events/UserEventTracker.h"
-
 #include <utility>
 
 namespace orrelo {
@@ -20,10 +18,7 @@ void CampaignInfoView::configure(State content) {
 }
 
 void CampaignInfoView::guideLabelTapped() {
-  const auto message = state.value().guideMessage;
-  if (message.empty()) return;
-  tooltipView->show(message);
-  UserEventTracker::track(UserEventName::tooltipShow);
+  tooltipView->explain(state.value().guideMessage);
 }
 
 }  // namespace orrelo

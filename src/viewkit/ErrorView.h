@@ -26,6 +26,7 @@ class ORRELO_EXPORT ErrorView final : public View {
   std::string_view kind() const override { return "ErrorView"; }
 
   void setText(const Error& error);
+  void setHidden(bool isHidden);
 
   Followed<State> state;
 };

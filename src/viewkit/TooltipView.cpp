@@ -1,5 +1,7 @@
 #include "viewkit/TooltipView.h"
 
+#include "events/UserEventTracker.h"
+
 namespace orrelo {
 
 TooltipView::Shape TooltipView::shape(Size size) const {
@@ -19,6 +21,12 @@ void TooltipView::show(const std::string& text) {
     changed.isHidden = false;
     ++changed.shownCount;
   });
+}
+
+void TooltipView::explain(const std::string& text) {
+  if (text.empty()) return;
+  show(text);
+  UserEventTracker::track(UserEventName::tooltipShow);
 }
 
 void TooltipView::hide() {

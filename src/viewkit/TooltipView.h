@@ -65,6 +65,8 @@ class ORRELO_EXPORT TooltipView final : public View {
   Shape shape(Size size) const;
 
   void show(const std::string& text);
+  /// As `show`, for whoever asks for an explanation, which is reported; nothing where there is none.
+  void explain(const std::string& text);
   void hide();
   /// A tap on the tooltip itself.
   void handleTapAction();

@@ -1,5 +1,5 @@
 #include "QuickTest.h"
-#include "platform/Application.h"
+#include "platform/PosixApplication.h"
 #include "viewkit/ErrorViewController.h"
 #include "viewkit/base/NavigationController.h"
 
@@ -69,6 +69,16 @@ TEST_F(HostTest, AScreenComesFromBelowAndGoesAgain) {
   EXPECT_LT(named(back)->mapToScene({0, 0}).y(), 1.0) << "not animated";
   press(Qt::Key_Back);
   EXPECT_EQ(host()->presentedViewController(), nullptr);
+}
+
+TEST_F(HostTest, WithLessMovementAScreenIsThereAtOnce) {
+  const auto application = std::dynamic_pointer_cast<PosixApplication>(Platform::current().application);
+  application->setPrefersReducedMotion(true);
+  host()->present(screen("문제가 생겼어요"), true);
+  ASSERT_NE(named(back), nullptr);
+  EXPECT_LT(named(back)->mapToScene({0, 0}).y(), 1.0);
+  click(back);
+  EXPECT_EQ(named(back), nullptr);
 }
 
 TEST_F(HostTest, ACoveredScreenIsNotDrawn) {

@@ -22,8 +22,8 @@ PageScroll {
         minimumHeight: 56
         isEnabled: view.model.isButtonEnabled
         text: view.model.buttonTitle
-        fill: view.model.buttonFill
-        textColor: view.model.buttonTextColor
+        fill: view.model.fill
+        textColor: view.model.textColor
         onPressed: view.model.onTapMoveButton()
     }
     CampaignNoticeView {

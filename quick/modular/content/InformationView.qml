@@ -10,20 +10,10 @@ Column {
     leftPadding: model.margin
     rightPadding: model.margin
 
-    KitText {
+    TitleRows {
         width: view.width - 2 * view.model.margin
-        size: 24
-        maximumScale: 1.6
-        text: view.model.firstTitle
-        Accessible.role: Accessible.Heading
-    }
-    KitText {
-        width: view.width - 2 * view.model.margin
-        size: 24
-        maximumScale: 1.6
-        font.bold: true
-        text: view.model.secondTitle
-        Accessible.role: Accessible.Heading
+        first: view.model.firstTitle
+        second: view.model.secondTitle
     }
     Item {
         width: 1

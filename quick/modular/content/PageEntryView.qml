@@ -2,27 +2,25 @@ import QtQuick
 import Orrelo
 
 /// The way to another page: an icon, two lines, and an arrow, on a rounded ground.
-Item {
+PressArea {
     id: view
 
     required property PageEntryBridge model
 
     implicitHeight: ground.height
+    name: [view.model.title, view.model.label].filter(text => text.length > 0).join(", ")
+    role: Accessible.Link
+    focusFrame: ground
+    onPressed: view.model.didAction()
 
-    PressArea {
+    Rectangle {
         id: ground
         x: view.model.inset
         width: parent.width - 2 * x
         height: Math.max(64, lines.height + 32)
-        name: [view.model.title, view.model.label].filter(text => text.length > 0).join(", ")
-        role: Accessible.Link
-        onPressed: view.model.didAction()
+        radius: view.model.cornerRadius
+        color: view.model.backgroundColor
 
-        Rectangle {
-            anchors.fill: parent
-            radius: view.model.cornerRadius
-            color: view.model.backgroundColor
-        }
         KitImage {
             id: icon
 

@@ -15,20 +15,10 @@ Item {
         x: view.model.margin
         width: parent.width - 2 * x
 
-        KitText {
+        TitleRows {
             width: parent.width
-            size: 24
-            maximumScale: 1.6
-            text: view.model.firstTitle
-            Accessible.role: Accessible.Heading
-        }
-        KitText {
-            width: parent.width
-            size: 24
-            maximumScale: 1.6
-            font.bold: true
-            text: view.model.secondTitle
-            Accessible.role: Accessible.Heading
+            first: view.model.firstTitle
+            second: view.model.secondTitle
         }
         Item {
             width: 1

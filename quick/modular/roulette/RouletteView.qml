@@ -60,14 +60,11 @@ Item {
         Accessible.name: view.model.outcome
         Accessible.ignored: view.model.outcome.length === 0
     }
-    NumberAnimation {
+    KitAnimation {
         id: spin
+        motion: view.model.spin
         target: wheel
         property: "rotation"
-        from: view.model.spinFrom
-        to: view.model.spinTo
-        duration: view.model.spinDuration
-        easing { type: Easing.BezierSpline; bezierCurve: [0.42, 0, 0.58, 1, 1, 1] }
         paused: running && view.model.isPaused
         onFinished: view.model.animationDidStop()
     }

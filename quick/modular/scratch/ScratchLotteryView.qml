@@ -67,11 +67,7 @@ FocusScope {
         onReleased: card.model.touchesEnded()
         onCanceled: card.model.touchesEnded()
     }
-    Rectangle {
-        anchors { fill: parent; margins: -3 }
-        visible: card.activeFocus && Theme.showsFocus
-        color: "transparent"
-        radius: card.model.cornerRadius + 3
-        border { width: 2; color: Theme.focus }
+    FocusRing {
+        around: card.model.cornerRadius
     }
 }

@@ -10,7 +10,7 @@ OptInMarketingCampaignView::OptInMarketingCampaignView(const OptInMarketingCampa
     : moveButton{campaign.buttonText, campaign.buttonEnabled, !campaign.buttonVisibility, campaign.color},
       errorView(
           std::make_shared<ErrorView>("이미지를 불러오는데 실패했습니다.\n잠시 후 다시 시도해 주세요.")) {
-  errorView->state.change([](ErrorView::State& state) { state.isHidden = true; });
+  errorView->setHidden(true);
   noticeView->setMessages(campaign.notice.messages);
 }
 
@@ -19,8 +19,7 @@ std::shared_ptr<OptInMarketingCampaignView> OptInMarketingCampaignView::create(
   std::shared_ptr<OptInMarketingCampaignView> view(new OptInMarketingCampaignView(campaign));
   view->imageView->load(campaign.imageUrl, [weak = std::weak_ptr(view->errorView)](const auto& result) {
     const auto error = weak.lock();
-    if (error && std::holds_alternative<Error>(result))
-      error->state.change([](ErrorView::State& state) { state.isHidden = false; });
+    if (error && std::holds_alternative<Error>(result)) error->setHidden(false);
   });
   return view;
 }

@@ -1,7 +1,5 @@
 #include "modular/content/TooltipInformationView.h"
 
-#include "events/UserEventTracker.h"
-
 #include <utility>
 
 namespace orrelo {
@@ -19,9 +17,7 @@ TooltipInformationView::TooltipInformationView(std::string first, std::string se
                             .horizontalBias = 0.1})) {}
 
 void TooltipInformationView::tooltipTitleTapped() {
-  if (guideMessage.empty()) return;
-  tooltipView->show(guideMessage);
-  UserEventTracker::track(UserEventName::tooltipShow);
+  tooltipView->explain(guideMessage);
 }
 
 }  // namespace orrelo

@@ -6,7 +6,7 @@ namespace orrelo {
 
 /// A change of one property over time, for a front to play.
 struct Animation {
-  enum class Curve { linear, easeIn, easeOut, easeInOut };
+  enum class Curve { easeOut, easeInOut };
 
   double from = 0.0;
   double to = 0.0;

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+
+namespace orrelo {
+struct Animation;
+}
+
+namespace orrelo::quick {
+
+/// A core animation as KitAnimation.qml plays it. Times are milliseconds.
+class AnimationValue {
+  Q_GADGET
+  Q_PROPERTY(double from MEMBER from CONSTANT)
+  Q_PROPERTY(double to MEMBER to CONSTANT)
+  Q_PROPERTY(int delay MEMBER delay CONSTANT)
+  Q_PROPERTY(int duration MEMBER duration CONSTANT)
+  /// As `easing.bezierCurve` takes it.
+  Q_PROPERTY(QList<qreal> curve MEMBER curve CONSTANT)
+
+ public:
+  AnimationValue() = default;
+  /// `unit`: what one of QML's units is worth in the core's.
+  explicit AnimationValue(const Animation& animation, double unit = 1.0);
+
+  bool operator==(const AnimationValue&) const = default;
+
+  double from = 0.0;
+  double to = 0.0;
+  int delay = 0;
+  int duration = 0;
+  QList<qreal> curve;
+};
+
+}  // namespace orrelo::quick

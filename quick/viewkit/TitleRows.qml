@@ -1,0 +1,22 @@
+import QtQuick
+import Orrelo
+
+/// The two rows that head a page.
+Column {
+    id: rows
+
+    property string first
+    property string second
+
+    component Row: KitText {
+        width: rows.width
+        size: 24
+        maximumScale: 1.6
+        Accessible.role: Accessible.Heading
+    }
+    Row { text: rows.first }
+    Row {
+        font.bold: true
+        text: rows.second
+    }
+}
