@@ -138,7 +138,7 @@ class ActionButtonBridge final : public ViewBridge {
   Q_PROPERTY(QString text READ text CONSTANT)
   Q_PROPERTY(QString statusMessage READ statusMessage CONSTANT)
   Q_PROPERTY(bool isEnabled READ isEnabled CONSTANT)
-  /// Of the button, light where it is disabled.
+  /// Of the button.
   Q_PROPERTY(QColor fill READ fill CONSTANT)
   Q_PROPERTY(QColor titleColor READ titleColor CONSTANT)
   Q_PROPERTY(QColor statusColor READ statusColor CONSTANT)
@@ -153,7 +153,7 @@ class ActionButtonBridge final : public ViewBridge {
   QString text() const { return toQt(action_.content.text); }
   QString statusMessage() const { return toQt(action_.content.statusMessage); }
   bool isEnabled() const { return action_.content.isEnabled; }
-  QColor fill() const { return buttonFill(action_.content.color, isEnabled()); }
+  QColor fill() const { return toQt(isEnabled() ? action_.content.color : ActionButtonView::disabledColor); }
   QColor titleColor() const {
     return isEnabled() ? textColorOn(fill()) : toQt(ActionButtonView::disabledTitleColor);
   }

@@ -36,9 +36,11 @@ Item {
         }
     }
     TooltipView {
-        x: guide.tailX(tooltip, width, view.width, view)
+        readonly property real edge: 8
+
+        x: Math.max(edge, guide.tailX(tooltip, width, view.width - edge, view))
         y: column.y + guide.y + guide.height - 4
         tooltip: view.model.tooltip
-        maximumWidth: Math.min(view.model.tooltipMaximumWidth * Theme.textScale, view.width)
+        maximumWidth: Math.min(view.model.tooltipMaximumWidth * Theme.textScale, view.width - 2 * edge)
     }
 }

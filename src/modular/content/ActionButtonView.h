@@ -18,7 +18,7 @@ class ORRELO_EXPORT ActionButtonView final : public View {
     std::string statusMessage;
     bool isEnabled = false;
     std::string actionUrl;
-    /// Of the button while it is enabled; any light fill serves otherwise.
+    /// Of the button while it is enabled.
     Color color;
   };
   static constexpr EdgeInsets margins{0.0, 16.0, 0.0, 16.0};
@@ -26,6 +26,7 @@ class ORRELO_EXPORT ActionButtonView final : public View {
   static constexpr double spacing = 10.0;
   static constexpr double buttonHeight = 56.0;
   static constexpr double cornerRadius = 8.0;
+  static constexpr Color disabledColor{0.945, 0.949, 0.953, 1.0};
   static constexpr Color disabledTitleColor{0.582, 0.588, 0.592, 1.0};
   static constexpr Color statusColor{0.363, 0.369, 0.375, 1.0};
 
