@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <QQuickPaintedItem>
+#include <QRectF>
 
 namespace orrelo::quick {
 
@@ -13,6 +14,8 @@ class RouletteBridge final : public ViewBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(double side READ side CONSTANT)
+  /// Where something stands still above the wheel.
+  Q_PROPERTY(QRectF cover READ cover CONSTANT)
   /// In degrees, as all angles here: of the wheel at rest.
   Q_PROPERTY(double rotation READ rotation NOTIFY stateChanged)
   Q_PROPERTY(bool isSpinning READ isSpinning NOTIFY stateChanged)
@@ -29,6 +32,7 @@ class RouletteBridge final : public ViewBridge {
 
   const RouletteDrawing& drawing() const { return drawing_; }
   double side() const { return RouletteView::side; }
+  QRectF cover() const;
   double rotation() const;
   bool isSpinning() const { return roulette_.state.value().spin.has_value(); }
   double spinFrom() const;
@@ -48,7 +52,8 @@ class RouletteBridge final : public ViewBridge {
   const RouletteDrawing drawing_;
 };
 
-/// Paints, once, what stands still beneath the wheel, the wheel itself, or what stands still above it.
+/// Paints, once, what stands still beneath the wheel, the wheel itself, or what stands still above it: what
+/// of it lies in the item, whose place is one in the drawing.
 class RoulettePart : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT

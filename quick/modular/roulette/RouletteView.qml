@@ -48,7 +48,11 @@ Item {
             onPainted: view.model.wheelDidAppear()
         }
         RoulettePart {
-            anchors.fill: parent
+            // No larger than it must be: it is blended anew with every frame that turns.
+            x: view.model.cover.x
+            y: view.model.cover.y
+            width: view.model.cover.width
+            height: view.model.cover.height
             roulette: view.model
             part: RoulettePart.Cover
             fontFamily: Theme.fontFamily
