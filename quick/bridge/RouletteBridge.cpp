@@ -107,9 +107,8 @@ void RoulettePart::paint(QPainter* painter) {
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
   painter->translate(-position());
-  if (part_ == Base) {
+  if (part_ == Wheel) {
     for (const auto& disc : drawing.rim) quick::paint(*painter, disc);
-  } else if (part_ == Wheel) {
     for (const auto& sector : drawing.wheel.sectors) quick::paint(*painter, sector);
     for (const auto& text : drawing.wheel.texts) quick::paint(*painter, text, fontFamily_);
   } else {

@@ -52,8 +52,9 @@ class RouletteBridge final : public ViewBridge {
   const RouletteDrawing drawing_;
 };
 
-/// Paints, once, what stands still beneath the wheel, the wheel itself, or what stands still above it: what
-/// of it lies in the item, whose place is one in the drawing.
+/// Paints, once, the wheel on its rim, or what stands still above it: what of it lies in the item, whose
+/// place is one in the drawing. The rim is round: it turns with the wheel, unseen, and costs no picture of
+/// its own.
 class RoulettePart : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT
@@ -62,7 +63,7 @@ class RoulettePart : public QQuickPaintedItem {
   Q_PROPERTY(QString fontFamily MEMBER fontFamily_ NOTIFY fontFamilyChanged)
 
  public:
-  enum Part { Base, Wheel, Cover };
+  enum Part { Wheel, Cover };
   Q_ENUM(Part)
 
   explicit RoulettePart(QQuickItem* parent = nullptr);
@@ -78,7 +79,7 @@ class RoulettePart : public QQuickPaintedItem {
 
  private:
   QPointer<RouletteBridge> roulette_;
-  Part part_ = Base;
+  Part part_ = Wheel;
   QString fontFamily_;
 };
 

@@ -32,11 +32,6 @@ Item {
         height: width
 
         RoulettePart {
-            anchors.fill: parent
-            roulette: view.model
-            part: RoulettePart.Base
-        }
-        RoulettePart {
             id: wheel
             width: parent.width
             height: parent.height
