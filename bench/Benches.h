@@ -10,5 +10,6 @@ void addChain();
 void addImage();
 void addCampaign();
 void addScratch();
+void addModular();
 
 }  // namespace orrelo::bench

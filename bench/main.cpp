@@ -14,6 +14,7 @@ int main(int argumentCount, char** arguments) {
   addSendEvent();
   addImage();
   addScratch();
+  addModular();
   const bool allMet = runAll(argumentCount, arguments);
   std::fflush(stdout);
   std::_Exit(allMet ? 0 : 1);  // the kit's threads go with the process

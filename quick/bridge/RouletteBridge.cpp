@@ -69,6 +69,14 @@ RouletteBridge::RouletteBridge(const std::shared_ptr<RouletteView>& view, QObjec
   follow(roulette_.state);
 }
 
+QRectF RouletteBridge::cover() const {
+  const auto of = [](const RouletteDrawing::Disc& disc) { return around(disc.center, disc.radius); };
+  auto cover = of(drawing_.centerDot);
+  for (const auto& corner : drawing_.pin.corners) cover |= around(corner.center, corner.radius);
+  if (drawing_.veil) cover |= of(drawing_.veil->disc);
+  return cover.toAlignedRect();
+}
+
 double RouletteBridge::rotation() const {
   return qRadiansToDegrees(roulette_.state.value().rotation);
 }
@@ -90,9 +98,9 @@ void RoulettePart::paint(QPainter* painter) {
   const auto& drawing = roulette_->drawing();
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
-  if (part_ == Base) {
+  painter->translate(-position());
+  if (part_ == Wheel) {
     for (const auto& disc : drawing.rim) quick::paint(*painter, disc);
-  } else if (part_ == Wheel) {
     for (const auto& sector : drawing.wheel.sectors) quick::paint(*painter, sector);
     for (const auto& text : drawing.wheel.texts) quick::paint(*painter, text, fontFamily_);
   } else {

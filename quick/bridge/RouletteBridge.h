@@ -6,6 +6,7 @@
 
 #include <QPointer>
 #include <QQuickPaintedItem>
+#include <QRectF>
 
 namespace orrelo::quick {
 
@@ -14,6 +15,8 @@ class RouletteBridge final : public ViewBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(double side READ side CONSTANT)
+  /// Where something stands still above the wheel.
+  Q_PROPERTY(QRectF cover READ cover CONSTANT)
   /// In degrees, as all angles here: of the wheel at rest.
   Q_PROPERTY(double rotation READ rotation NOTIFY stateChanged)
   Q_PROPERTY(bool isSpinning READ isSpinning NOTIFY stateChanged)
@@ -28,6 +31,7 @@ class RouletteBridge final : public ViewBridge {
 
   const RouletteDrawing& drawing() const { return drawing_; }
   double side() const { return RouletteView::side; }
+  QRectF cover() const;
   double rotation() const;
   bool isSpinning() const { return roulette_.state.value().spin.has_value(); }
   AnimationValue spin() const;
@@ -43,7 +47,9 @@ class RouletteBridge final : public ViewBridge {
   const RouletteDrawing drawing_;
 };
 
-/// Paints, once, what stands still beneath the wheel, the wheel itself, or what stands still above it.
+/// Paints, once, the wheel on its rim, or what stands still above it: what of it lies in the item, whose
+/// place is one in the drawing. The rim is round: it turns with the wheel, unseen, and costs no picture of
+/// its own.
 class RoulettePart : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT
@@ -52,7 +58,7 @@ class RoulettePart : public QQuickPaintedItem {
   Q_PROPERTY(QString fontFamily MEMBER fontFamily_ NOTIFY fontFamilyChanged)
 
  public:
-  enum Part { Base, Wheel, Cover };
+  enum Part { Wheel, Cover };
   Q_ENUM(Part)
 
   explicit RoulettePart(QQuickItem* parent = nullptr);
@@ -68,7 +74,7 @@ class RoulettePart : public QQuickPaintedItem {
 
  private:
   QPointer<RouletteBridge> roulette_;
-  Part part_ = Base;
+  Part part_ = Wheel;
   QString fontFamily_;
 };
 

@@ -6,7 +6,10 @@
 #include <QtGui/QImage>
 #include <QtGui/QImageReader>
 #include <QtGui/QImageWriter>
+#include <QtGui/QPainter>
+#include <cstring>
 #include <memory>
+#include <sys/mman.h>
 #include <utility>
 
 namespace orrelo::quick {
@@ -23,6 +26,57 @@ bool isAllowed(const QImageReader& reader) {
   return qint64{size.width()} * size.height() * bits / 8 <= maximumBytes;
 }
 
+// Memory that goes back to the machine with the picture. Of what a heap once had for a large one, the C
+// library keeps up to twice as much, for each thread that has read some.
+class Pages {
+ public:
+  explicit Pages(std::size_t size)
+      : size_(size),
+        start_(mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) {}
+  ~Pages() {
+    if (start_ != MAP_FAILED) munmap(start_, size_);
+  }
+  Pages(const Pages&) = delete;
+  Pages& operator=(const Pages&) = delete;
+
+  uchar* start() const { return start_ == MAP_FAILED ? nullptr : static_cast<uchar*>(start_); }
+
+ private:
+  const std::size_t size_;
+  void* const start_;
+};
+
+// In pages of its own; null where there is no memory.
+QImage makeImage(QSize size, QImage::Format format) {
+  const auto bits = qsizetype{QImage::toPixelFormat(format).bitsPerPixel()};
+  const auto bytesPerLine = (size.width() * bits + 31) / 32 * 4;
+  auto pages = std::make_unique<Pages>(static_cast<std::size_t>(bytesPerLine * size.height()));
+  if (pages->start() == nullptr) return {};
+  auto* const start = pages->start();
+  return {start,          size.width(), size.height(),
+          bytesPerLine,   format,       [](void* kept) { delete static_cast<Pages*>(kept); },
+          pages.release()};
+}
+
+// In its own memory where a pixel is as large there.
+QImage inBitmapFormat(QImage image) {
+  if (image.depth() != 8 * Bitmap::bytesPerPixel) {
+    auto bitmap = makeImage(image.size(), bitmapFormat);
+    if (bitmap.isNull()) return bitmap;
+    QPainter painter(&bitmap);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(0, 0, image);
+    return bitmap;
+  }
+  for (int y = 0; y < image.height(); ++y) {
+    auto* const line = image.scanLine(y);
+    const auto row = QImage(line, image.width(), 1, image.format()).convertToFormat(bitmapFormat);
+    std::memcpy(line, row.constBits(), static_cast<std::size_t>(row.bytesPerLine()));
+  }
+  image.reinterpretAsFormat(bitmapFormat);
+  return image;
+}
+
 }  // namespace
 
 std::optional<Bitmap> QtImageCodec::decode(std::string_view bytes) {
@@ -35,10 +89,10 @@ std::optional<Bitmap> QtImageCodec::decode(std::string_view bytes) {
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
   if (!isAllowed(reader)) return std::nullopt;
-  QImage read = reader.read();
+  auto read = makeImage(reader.size(), reader.imageFormat());  // the readers of PNG and JPEG fill it
   // A reader of a broken file may give what it has come to, and tell by its error.
-  if (read.isNull() || reader.error() != QImageReader::UnknownError) return std::nullopt;
-  const auto image = std::make_shared<const QImage>(std::move(read).convertToFormat(bitmapFormat));
+  if (!reader.read(&read) || reader.error() != QImageReader::UnknownError) return std::nullopt;
+  const auto image = std::make_shared<const QImage>(inBitmapFormat(std::move(read)));
   if (image->isNull() || !Bitmap::isAllowed(image->width(), image->height())) return std::nullopt;
   // Four bytes to a pixel leave no gaps between rows.
   return Bitmap{image->width(), image->height(), 1.0,

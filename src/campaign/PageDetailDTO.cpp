@@ -19,6 +19,8 @@ PageDetailDTO unknown() {
 
 // A page of which this build can show nothing is unknown.
 PageDetailDTO decodeModular(const JsonObject& page) {
+  if (!page.find("page_details_v2"))
+    return unknown();  // the same without an exception: a list has many of them
   auto detail = decodeAs<ModularCampaignPageDTO>(page, "page_details_v2");
   return std::get<ModularCampaignPageDTO>(detail.kind).components.empty() ? unknown() : detail;
 }

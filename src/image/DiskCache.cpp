@@ -41,6 +41,7 @@ DiskCache::DiskCache(const std::string& name, const Platform& platform)
 std::filesystem::path DiskCache::directory() const {
   auto folder = directories_->cache() / cacheName_;
   require(Files::makeFolder(folder));
+  made_->set(folder.native());
   return folder;
 }
 
@@ -80,12 +81,22 @@ void DiskCache::value(const WrappedKey& key, std::function<Data()> known,
 }
 
 void DiskCache::clear(Completion completion) {
-  run([](const DiskCache& self) { require(Files::removeFolder(self.directory())); }, std::move(completion));
+  run(
+      [](const DiskCache& self) {
+        const auto folder = self.directory();
+        self.made_->set("");
+        require(Files::removeFolder(folder));
+      },
+      std::move(completion));
 }
 
 Result<bool> DiskCache::contains(const WrappedKey& key) const {
   try {
-    return Files::exists(directory() / key.key());
+    // A page asks for all its pictures at once, on the main thread. Whoever takes away the folder that was
+    // made takes the files along.
+    auto folder = made_->value();
+    if (folder.empty()) folder = directory().native();
+    return Files::exists(folder + '/' + key.key());
   } catch (const Error& error) {
     return error;
   }

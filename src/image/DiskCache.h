@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
 
 namespace orrelo {
@@ -45,6 +46,23 @@ class DiskCache {
   Result<bool> contains(const WrappedKey& key) const;
 
  private:
+  /// The folder that was made, by its path; empty after a `clear`.
+  class Made {
+   public:
+    std::string value() const {
+      const std::lock_guard lock(mutex_);
+      return path_;
+    }
+    void set(const std::string& path) {
+      const std::lock_guard lock(mutex_);
+      path_ = path;
+    }
+
+   private:
+    mutable std::mutex mutex_;
+    std::string path_;
+  };
+
   /// Made where it is missing; throws what is in the way.
   std::filesystem::path directory() const;
   void run(std::function<void(const DiskCache&)> work, Completion completion) const;
@@ -52,6 +70,7 @@ class DiskCache {
   std::string cacheName_;
   std::shared_ptr<Directories> directories_;
   std::shared_ptr<SerialQueue> diskQueue_;
+  std::shared_ptr<Made> made_ = std::make_shared<Made>();
 };
 
 }  // namespace orrelo

@@ -4,25 +4,34 @@
 #include "core/base/Utf8.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <utility>
 
 namespace orrelo {
 namespace {
 
-bool isQueryAllowed(unsigned char c) {
-  return (std::isalnum(c) != 0 && c < 0x80) ||
-         std::string_view("!$&'()*+,-./:;=?@_~").find(static_cast<char>(c)) != std::string_view::npos;
+constexpr auto queryAllowed = [] {
+  std::array<bool, 256> isAllowed{};
+  for (const unsigned char c :
+       std::string_view("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
+                        "!$&'()*+,-./:;=?@_~"))
+    isAllowed[c] = true;
+  return isAllowed;
+}();
+
+bool isQueryAllowed(char c) {
+  return queryAllowed[static_cast<unsigned char>(c)];
 }
 
 // Of what is no text nothing can be escaped: it stays as it is.
 std::string percentEncoded(std::string_view text) {
   static constexpr std::string_view digits = "0123456789ABCDEF";
-  if (!utf8::isValid(text)) return std::string(text);
+  if (std::all_of(text.begin(), text.end(), isQueryAllowed) || !utf8::isValid(text)) return std::string(text);
   std::string encoded;
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
-    if (isQueryAllowed(byte)) {
+    if (isQueryAllowed(c)) {
       encoded += c;
     } else {
       (encoded += '%').append({digits[byte >> 4U], digits[byte & 0x0FU]});

@@ -18,11 +18,10 @@ std::string md5(std::string_view text) {
       EVP_Digest(text.data(), text.size(), bytes.data(), &size, algorithm, nullptr) != 1) {
     return encodedFileName(text);  // any name that no other text has
   }
-  std::string hex;
-  hex.reserve(std::size_t{2} * size);
+  std::string hex(std::size_t{2} * size, '0');
   for (std::size_t i = 0; i < size; ++i) {
-    hex += digits[bytes[i] >> 4U];
-    hex += digits[bytes[i] & 0x0FU];
+    hex[2 * i] = digits[bytes[i] >> 4U];
+    hex[2 * i + 1] = digits[bytes[i] & 0x0FU];
   }
   return hex;
 }

@@ -91,9 +91,9 @@ std::optional<Error> Files::removeFolder(const fs::path& folder) {
   return std::nullopt;
 }
 
-bool Files::exists(const fs::path& file) {
-  std::error_code failure;
-  return fs::exists(file, failure);
+bool Files::exists(const std::string& file) {
+  struct stat status {};
+  return ::stat(file.c_str(), &status) == 0;
 }
 
 }  // namespace orrelo

@@ -24,7 +24,7 @@ struct Files {
   static std::optional<Error> write(const std::filesystem::path& file, std::string_view bytes);
   /// Removes a folder with all that it holds. An error where there is none.
   static std::optional<Error> removeFolder(const std::filesystem::path& folder);
-  static bool exists(const std::filesystem::path& file);
+  static bool exists(const std::string& file);
 };
 
 }  // namespace orrelo

@@ -122,8 +122,22 @@ TEST_F(CacheTest, BothSignalsClearTheDiskAndLeaveMemory) {
     EXPECT_FALSE(fs::exists(folderOf("A")));
     EXPECT_EQ(read(*cache_, "k"), "memory v");
     cache_->memoryCache().removeAll();
+    EXPECT_EQ(std::get<bool>(cache_->isCached("k")), false);
+    EXPECT_TRUE(fs::exists(folderOf("A"))) << "a question makes the folder";
     EXPECT_EQ(read(*cache_, "k"), missing);
   }
+  cache_->store(makeData("after"), "k");
+  cache_->memoryCache().removeAll();
+  EXPECT_EQ(read(*cache_, "k"), "disk after");
+}
+
+TEST_F(CacheTest, SomebodyElseMayTakeTheFolderAway) {
+  cache_->store(makeData("v"), "k");
+  platform_.loop->run();
+  cache_->memoryCache().removeAll();
+  EXPECT_EQ(std::get<bool>(cache_->isCached("k")), true);
+  fs::remove_all(folderOf("A"));
+  EXPECT_EQ(std::get<bool>(cache_->isCached("k")), false);
   cache_->store(makeData("after"), "k");
   cache_->memoryCache().removeAll();
   EXPECT_EQ(read(*cache_, "k"), "disk after");

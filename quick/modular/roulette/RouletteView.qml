@@ -32,11 +32,6 @@ Item {
         height: width
 
         RoulettePart {
-            anchors.fill: parent
-            roulette: view.model
-            part: RoulettePart.Base
-        }
-        RoulettePart {
             id: wheel
             width: parent.width
             height: parent.height
@@ -48,7 +43,11 @@ Item {
             onPainted: view.model.wheelDidAppear()
         }
         RoulettePart {
-            anchors.fill: parent
+            // No larger than it must be: it is blended anew with every frame that turns.
+            x: view.model.cover.x
+            y: view.model.cover.y
+            width: view.model.cover.width
+            height: view.model.cover.height
             roulette: view.model
             part: RoulettePart.Cover
             fontFamily: Theme.fontFamily

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace orrelo::bench {
+
+void addCampaignScreens();
+void addWheel();
+
+}  // namespace orrelo::bench
