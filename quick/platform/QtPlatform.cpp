@@ -1,3 +1,4 @@
+#include "platform/KitThread.h"
 #include "quick/platform/MotionSetting.h"
 #include "quick/platform/QtApplication.h"
 #include "quick/platform/QtImageCodec.h"
@@ -35,6 +36,8 @@ Platform platform(const HostApplication& host) {
   application->setUrlOpener(urlOpener(host.urlSchemes));
   platform.application = application;
   new QtApplication(application, qGuiApp);
+  // Before Qt takes down what reads pictures.
+  qAddPostRoutine(beginExit);
   new MotionSetting(
       QDBusConnection::sessionBus(),
       [application](bool prefers) { application->setPrefersReducedMotion(prefers); }, qGuiApp);

@@ -192,7 +192,7 @@ class Engine {
   // Outside the turn, since completions run.
   void failUnstarted() {
     for (const auto& [transfer, error] : std::exchange(unstarted_, {})) {
-      runGuarded([&failed = transfer, &why = error] { failed->fail(why); });
+      runTask([&failed = transfer, &why = error] { failed->fail(why); });
     }
   }
 
@@ -211,7 +211,7 @@ class Engine {
     while (const auto done = takeDone()) {
       madeRoom = true;
       bool goesOn = false;
-      runGuarded([&] { goesOn = done->first->finishHop(done->second); });
+      runTask([&] { goesOn = done->first->finishHop(done->second); });
       if (goesOn) waiting_.push_front(hopOf(done->first));
     }
     return madeRoom;
@@ -232,7 +232,7 @@ class Engine {
 
   void deliverChunks() {
     for (const auto& [easy, hop] : running_) {
-      runGuarded([&transfer = hop.transfer] { transfer->deliver(); });
+      runTask([&transfer = hop.transfer] { transfer->deliver(); });
     }
   }
 
@@ -254,7 +254,7 @@ class Engine {
         const std::lock_guard turn(curlTurn());
         forget(transfer);
       }
-      runGuarded([&] { transfer->fail(makeError(URLError::timedOut)); });
+      runTask([&] { transfer->fail(makeError(URLError::timedOut)); });
     }
     return static_cast<int>(next.count());
   }
@@ -289,11 +289,7 @@ class LazyEngine {
   ~LazyEngine() {
     if (!engine_) return;
     engine_->stop();
-    if (isExiting()) {
-      thread_.detach();  // it may wait for a turn that does not come any more
-    } else {
-      finish(thread_);
-    }
+    finish(thread_);
   }
 
   std::shared_ptr<Engine> get() {

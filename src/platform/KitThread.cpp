@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <pthread.h>
+#include <unistd.h>
 #include <utility>
 
 namespace orrelo {
@@ -16,15 +17,8 @@ namespace {
 
 std::atomic<bool> exitBegan = false;
 std::atomic<int> held = 0;
-
-void beginExit() {
-  constexpr std::chrono::seconds patience{1};
-  exitBegan = true;
-  const auto end = std::chrono::steady_clock::now() + patience;
-  while (held > 0 && std::chrono::steady_clock::now() < end) {
-    std::this_thread::sleep_for(std::chrono::microseconds(100));
-  }
-}
+// A task may be what ends the process.
+thread_local int heldHere = 0;
 
 int registerExit() {
   // What others make at their first use must outlive the kit's tasks: handlers run in the reverse order.
@@ -32,7 +26,20 @@ int registerExit() {
   return std::atexit(beginExit);
 }
 
+[[noreturn]] void stopForGood() {
+  while (true) pause();
+}
+
 }  // namespace
+
+void beginExit() {
+  constexpr std::chrono::seconds patience{1};
+  if (exitBegan.exchange(true)) return;
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (held > heldHere && std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(std::chrono::microseconds(100));
+  }
+}
 
 bool isExiting() {
   [[maybe_unused]] static const int registered = registerExit();
@@ -69,6 +76,20 @@ std::thread startKitThread(const char* name, std::function<void()> body) {
   return thread;
 }
 
+void runTask(std::function<void()> task) {
+  {
+    const ExitWaits waits;
+    if (!isExiting()) {
+      ++heldHere;
+      runGuarded(task);
+      task = nullptr;
+      --heldHere;
+      return;
+    }
+  }
+  stopForGood();
+}
+
 void runGuarded(const std::function<void()>& task) {
   try {
     task();
@@ -79,7 +100,7 @@ void runGuarded(const std::function<void()>& task) {
 
 void finish(std::thread& thread) {
   if (!thread.joinable()) return;
-  if (thread.get_id() == std::this_thread::get_id()) {
+  if (isExiting() || thread.get_id() == std::this_thread::get_id()) {
     thread.detach();
   } else {
     thread.join();

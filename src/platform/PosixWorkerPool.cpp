@@ -106,14 +106,9 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
       auto* const other = isNeeded ? callWorker() : nullptr;
       lock.unlock();
       if (other != nullptr) other->wake.notify_one();
-      run(std::move(task));
+      runTask(std::move(task));
       lock.lock();
     }
-  }
-
-  static void run(Task task) {
-    const ExitWaits waits;
-    if (!isExiting()) runGuarded(task);
   }
 
   void sleep(Worker& worker, std::unique_lock<std::mutex>& lock) {

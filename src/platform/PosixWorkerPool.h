@@ -6,8 +6,8 @@
 
 namespace orrelo {
 
-/// At most four threads, started as work comes in. What has not begun when the process begins to exit is
-/// dropped.
+/// At most four threads, started as work comes in. What has not begun when the process begins to exit is not
+/// run.
 class PosixWorkerPool final : public WorkerPool {
  public:
   PosixWorkerPool();

@@ -135,8 +135,16 @@ class SqliteEventDatabase final : public EventDatabase,
     executor_->post([self = shared_from_this()] { self->drain(); });
   }
 
-  /// One batch, so that the stores take turns.
+  /// One batch, so that the stores take turns; the rest too when the process exits, which takes no more
+  /// posts.
   void drain() {
+    while (drainBatch()) {
+      if (!isExiting()) return postDrain();
+    }
+  }
+
+  /// Says whether there is more.
+  bool drainBatch() {
     Batch batch;
     {
       const std::lock_guard lock(mutex_);
@@ -154,9 +162,8 @@ class SqliteEventDatabase final : public EventDatabase,
     {
       const std::lock_guard lock(mutex_);
       isDraining_ = !waiting_.empty();
-      if (!isDraining_) return;
+      return isDraining_;
     }
-    postDrain();
   }
 
   void run(Batch& batch) {

@@ -84,6 +84,7 @@ WriterQueue::~WriterQueue() {
 }
 
 void WriterQueue::post(Task task) {
+  const ExitWaits waits;
   if (isExiting()) return;
   bool wake = false;
   {

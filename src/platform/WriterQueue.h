@@ -16,7 +16,7 @@ class SerialExecutor {
 };
 
 /// The stores' own thread, started by the first task. What is posted after the process began to exit is
-/// dropped.
+/// dropped; the exit waits for the rest.
 class WriterQueue final : public SerialExecutor {
  public:
   WriterQueue();

@@ -1,9 +1,13 @@
+#include "core/base/Utf8.h"
+#include "platform/KitThread.h"
 #include "platform/PosixWorkerPool.h"
 
 #include <atomic>
+#include <cstdlib>
 #include <future>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <latch>
 #include <memory>
 #include <mutex>
@@ -135,6 +139,35 @@ TEST_F(PosixWorkerPoolTest, canEndInsideATask) {
   });
   handedOver.set_value();
   ended.get_future().wait();
+}
+
+// Ends while a task runs.
+[[noreturn]] void exitWhileATaskRuns() {
+  auto* const pool = new PosixWorkerPool;
+  std::promise<void> began;
+  pool->post(QualityOfService::standard, [&began] {
+    began.set_value();
+    while (!isExiting()) std::this_thread::yield();
+    std::cerr << (utf8::isValid("사과") ? "valid" : "invalid");
+    std::cerr << " to the end";
+  });
+  began.get_future().wait();
+  std::exit(0);
+}
+
+TEST(PosixWorkerPoolDeathTest, TheExitWaitsForWhatRuns) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(exitWhileATaskRuns(), testing::ExitedWithCode(0), "valid to the end");
+}
+
+TEST(PosixWorkerPoolDeathTest, ATaskMayEndTheProcess) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto exitInATask = [] {
+    auto* const pool = new PosixWorkerPool;
+    pool->post(QualityOfService::standard, [] { std::exit(3); });
+    std::promise<void>().get_future().wait();
+  };
+  EXPECT_EXIT(exitInATask(), testing::ExitedWithCode(3), "");
 }
 
 }  // namespace
