@@ -46,7 +46,7 @@ class FrameTimes {
 
 // The part that turns, once it is there.
 QQuickItem* wheelIn(const QQuickItem& item) {
-  constexpr int wheelPart = 0;
+  constexpr int wheelPart = 0;  // RoulettePart::Wheel, which the front does not export
   for (auto* const child : item.childItems()) {
     if (child->inherits("orrelo::quick::RoulettePart") && child->property("part").toInt() == wheelPart)
       return child;

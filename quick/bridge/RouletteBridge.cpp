@@ -44,7 +44,8 @@ void paint(QPainter& painter, const RouletteDrawing::Text& text, const QString& 
   painter.translate(frame.center());
   painter.rotate(text.rotation);
   painter.translate(-frame.center());
-  painter.setClipRect(frame);
+  // At the sides alone: lines are higher in some fonts than the frames are.
+  painter.setClipRect(frame.adjusted(0, -frame.height(), 0, frame.height()));
   painter.setFont(fontOf(text.style, fontFamily));
   painter.setPen(quick::toQt(text.style.color));
   painter.drawText(frame, Qt::AlignHCenter | Qt::AlignTop | Qt::TextSingleLine, quick::toQt(text.text));

@@ -58,20 +58,22 @@ QImage makeImage(QSize size, QImage::Format format) {
           pages.release()};
 }
 
-// In its own memory where a pixel is as large there.
+// In its own memory where a pixel is as large there: row by row, for Qt converts in place only what it has
+// allocated itself.
 QImage inBitmapFormat(QImage image) {
-  if (image.depth() != 8 * Bitmap::bytesPerPixel) {
-    auto bitmap = makeImage(image.size(), bitmapFormat);
-    if (bitmap.isNull()) return bitmap;
-    QPainter painter(&bitmap);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
+  const bool isInPlace = image.depth() == 8 * Bitmap::bytesPerPixel;
+  auto converted = isInPlace ? QImage(image.width(), 1, bitmapFormat) : makeImage(image.size(), bitmapFormat);
+  if (converted.isNull()) return converted;
+  QPainter painter(&converted);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  if (!isInPlace) {
     painter.drawImage(0, 0, image);
-    return bitmap;
+    return converted;
   }
   for (int y = 0; y < image.height(); ++y) {
     auto* const line = image.scanLine(y);
-    const auto row = QImage(line, image.width(), 1, image.format()).convertToFormat(bitmapFormat);
-    std::memcpy(line, row.constBits(), static_cast<std::size_t>(row.bytesPerLine()));
+    painter.drawImage(0, 0, QImage(line, image.width(), 1, image.format()));
+    std::memcpy(line, converted.constBits(), static_cast<std::size_t>(converted.bytesPerLine()));
   }
   image.reinterpretAsFormat(bitmapFormat);
   return image;

@@ -8,6 +8,7 @@ PressArea {
     required property string text
     property url asset
     property bool isAssetFirst: false
+    property bool showsAsset: canExplain
     /// Without anything to say the line is plain.
     required property bool canExplain
     property real size: 12
@@ -42,7 +43,7 @@ PressArea {
         Image {
             id: icon
             anchors.verticalCenter: parent.verticalCenter
-            visible: guide.canExplain
+            visible: guide.showsAsset
             width: guide.size * Theme.textScale
             height: width
             source: guide.asset

@@ -12,8 +12,9 @@ namespace orrelo {
 /// A page put together by the service, as the service sends it: an array for each kind of block, and the
 /// order in which to take from them.
 ///
-/// Only "page_config" and "blank" fail it. An array that is wrong anywhere counts as absent, and a block that
-/// this build does not know leaves nothing but the space after it.
+/// Only "page_config" and "blank" fail it, and a "toolbar_text" of another type than text. An array that is
+/// wrong anywhere counts as absent, and a block that this build does not know leaves nothing but the space
+/// after it.
 struct ModularCampaignPageDTO {
   /// From top to bottom.
   std::vector<std::shared_ptr<UIComponent>> components;

@@ -21,7 +21,8 @@ std::atomic<int> held = 0;
 thread_local int heldHere = 0;
 
 int registerExit() {
-  // What others make at their first use must outlive the kit's tasks: handlers run in the reverse order.
+  // Handlers run in the reverse order: what simdjson makes at its first use must be there before, for tasks
+  // need it.
   static_cast<void>(utf8::isValid({}));
   return std::atexit(beginExit);
 }

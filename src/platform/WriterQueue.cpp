@@ -51,7 +51,7 @@ struct WriterQueue::State {
       auto task = std::move(tasks.front());
       tasks.pop_front();
       lock.unlock();
-      runGuarded(task);
+      runGuarded(task);  // not runTask: the exit waits until none is left
       task = nullptr;
       lock.lock();
     }

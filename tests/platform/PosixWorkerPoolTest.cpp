@@ -143,7 +143,7 @@ TEST_F(PosixWorkerPoolTest, canEndInsideATask) {
 
 // Ends while a task runs.
 [[noreturn]] void exitWhileATaskRuns() {
-  auto* const pool = new PosixWorkerPool;
+  static auto* const pool = new PosixWorkerPool;
   std::promise<void> began;
   pool->post(QualityOfService::standard, [&began] {
     began.set_value();
@@ -163,7 +163,7 @@ TEST(PosixWorkerPoolDeathTest, TheExitWaitsForWhatRuns) {
 TEST(PosixWorkerPoolDeathTest, ATaskMayEndTheProcess) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto exitInATask = [] {
-    auto* const pool = new PosixWorkerPool;
+    static auto* const pool = new PosixWorkerPool;
     pool->post(QualityOfService::standard, [] { std::exit(3); });
     std::promise<void>().get_future().wait();
   };

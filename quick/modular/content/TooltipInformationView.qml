@@ -31,6 +31,7 @@ Item {
             text: view.model.tooltipTitle
             asset: view.model.tooltipAsset
             isAssetFirst: true
+            showsAsset: true
             canExplain: view.model.hasMessage
             onPressed: view.model.tooltipTitleTapped()
         }
@@ -41,6 +42,7 @@ Item {
         x: Math.max(edge, guide.tailX(tooltip, width, view.width - edge, view))
         y: column.y + guide.y + guide.height - 4
         tooltip: view.model.tooltip
+        // It grows with its text, which it would break up otherwise.
         maximumWidth: Math.min(view.model.tooltipMaximumWidth * Theme.textScale, view.width - 2 * edge)
     }
 }

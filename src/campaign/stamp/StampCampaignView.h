@@ -46,7 +46,7 @@ class ORRELO_EXPORT StampCampaignView final : public View {
   /// From either edge, but for the information, which has margins of its own.
   static constexpr double inset = 20.0;
 
-  /// Stops the process where the board has no columns.
+  /// Stops the process where the layout names the board and that has no columns.
   explicit StampCampaignView(const StampCampaign& campaign);
 
   std::string_view kind() const override { return "StampCampaignView"; }

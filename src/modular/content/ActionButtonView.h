@@ -25,7 +25,7 @@ class ORRELO_EXPORT ActionButtonView final : public View {
   /// Between the button and the status.
   static constexpr double spacing = 10.0;
   static constexpr double buttonHeight = 56.0;
-  static constexpr double cornerRadius = 8.0;
+  /// Plain on composed pages, whatever the colour; other screens dim it.
   static constexpr Color disabledColor{0.945, 0.949, 0.953, 1.0};
   static constexpr Color disabledTitleColor{0.582, 0.588, 0.592, 1.0};
   static constexpr Color statusColor{0.363, 0.369, 0.375, 1.0};

@@ -32,7 +32,7 @@ class QQuickWindow;
 namespace orrelo::quick {
 
 /// The POSIX machine with Qt's event loop as main loop. Needs a QGuiApplication, which outlives every use of
-/// the kit.
+/// the kit: with it the kit's threads end, for the rest of the process.
 ORRELO_EXPORT Platform platform(const HostApplication& host = {});
 
 /// What stands for the host's own content in a window: screens are shown from it. One for each window,
