@@ -13,8 +13,10 @@ class WebInputTest : public WebTest {
   /// A page higher than its place, on a screen higher than its window.
   void showHigh(const std::string& script) {
     open({390, 300});
-    show("<div style='height:300px'></div><script>onscroll = () => { if (scrollY >= 60) say({end: scrollY}) }\n" +
-         script + "</script>");
+    show(
+        "<div style='height:300px'></div><script>onscroll = () => { if (scrollY >= 60) say({end: scrollY}) "
+        "}\n" +
+        script + "</script>");
     ASSERT_TRUE(waitForGreen());
     ASSERT_TRUE(waitForRoomBelow(60));
   }
@@ -110,7 +112,9 @@ TEST_F(WebInputTest, AFingerScrollsThePageWhileItCanAndThenTheScreen) {
 }
 
 TEST_F(WebInputTest, AFingerScrollsABoxInAPageThatFits) {
-  show("<div style='height:240px;overflow:auto' onscroll='say({box: 1})'><div style='height:900px'></div></div>");
+  show(
+      "<div style='height:240px;overflow:auto' onscroll='say({box: 1})'><div "
+      "style='height:900px'></div></div>");
   ASSERT_TRUE(waitForGreen());
   drag();
   EXPECT_EQ(said("box"), QStringLiteral("1"));
@@ -129,7 +133,9 @@ TEST_F(WebInputTest, AWheelScrollsThePageWhileItCanAndThenTheScreen) {
 }
 
 TEST_F(WebInputTest, AWheelThatThePageMakesNothingOfScrollsTheScreen) {
-  showHigh("addEventListener('wheel', event => { event.preventDefault(); say({wheel: 'mine'}) }, {passive: false})");
+  showHigh(
+      "addEventListener('wheel', event => { event.preventDefault(); say({wheel: 'mine'}) }, {passive: "
+      "false})");
   const double before = top();
   turnWheel(-120, 1000);
   EXPECT_EQ(said("wheel"), QStringLiteral("mine"));
