@@ -3,7 +3,9 @@
 #include "Showroom.h"
 #include "Tour.h"
 
+#ifdef SHOWROOM_HAS_WEB
 #include <orrelo/quick/OrreloWeb.h>
+#endif
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -34,11 +36,13 @@ int playTour(Showroom& showroom, QQuickWindow& window, const std::string& folder
 }  // namespace
 
 int main(int argc, char** argv) {
+#ifdef SHOWROOM_HAS_WEB
   // The browser engine's sandbox refuses to run as root, as in a container. What it shows here is the
   // showroom's own.
   if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
   orrelo::quick::initializeWeb();
+#endif
   QGuiApplication application(argc, argv);
   application.setApplicationName(QStringLiteral("orrelo-showroom"));
   const auto arguments = application.arguments();

@@ -2,7 +2,7 @@ import QtQuick
 import Orrelo
 
 /// A page of blocks, one under the other in a column of readable width, that scrolls when it does not fit. It
-/// follows the keyboard's focus.
+/// follows the focus that keys move; a press shows where it is itself.
 Flickable {
     id: scroll
 
@@ -18,6 +18,8 @@ Flickable {
     contentHeight: column.y + column.height + bottomPadding
     boundsBehavior: Flickable.DragAndOvershootBounds
     flickableDirection: Flickable.VerticalFlick
+    // Else it would take drags from a web page for nothing.
+    interactive: contentHeight > height
     clip: true
     focus: true
 
@@ -27,6 +29,7 @@ Flickable {
     }
 
     onFocusItemChanged: {
+        if (!Theme.showsFocus) return
         let above = focusItem
         while (above && above !== column) above = above.parent
         if (!above) return

@@ -2,45 +2,131 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QTouchEvent>
 #include <QWheelEvent>
+#include <cmath>
 
 namespace orrelo::quick {
+namespace {
+
+// Of a first move, in points; less than what a screen takes for a drag.
+constexpr double clearMove = 3.0;
+// In which a page that can scroll does, in milliseconds.
+constexpr quint64 timeToScroll = 100;
+
+void collect(const QQuickItem& item, QSet<QQuickItem*>& found) {
+  for (auto* child : item.childItems()) {
+    found.insert(child);
+    collect(*child, found);
+  }
+}
+
+}  // namespace
+
+WebFrame::WebFrame(QQuickItem* parent) : QQuickItem(parent) {
+  setFiltersChildMouseEvents(true);
+  connect(this, &WebFrame::roomChanged, this, [this] { unusedTurn_.reset(); });
+}
 
 void WebFrame::itemChange(ItemChange change, const ItemChangeData& data) {
-  if (change == ItemChildAddedChange) watch(data.item);
+  if (change == ItemChildAddedChange || change == ItemChildRemovedChange) watchAll();
   QQuickItem::itemChange(change, data);
 }
 
-// The engine's own items come and go with its processes.
-void WebFrame::watch(QQuickItem* item) {
-  item->removeEventFilter(this);
-  item->installEventFilter(this);
-  connect(item, &QQuickItem::childrenChanged, this, [this, item] {
-    for (auto* child : item->childItems()) watch(child);
-  });
-  for (auto* child : item->childItems()) watch(child);
+void WebFrame::watchAll() {
+  QSet<QQuickItem*> present;
+  collect(*this, present);
+  for (auto* item : watched_ - present) {
+    item->removeEventFilter(this);
+    item->disconnect(this);
+  }
+  for (auto* item : present - watched_) {
+    item->installEventFilter(this);
+    connect(item, &QQuickItem::childrenChanged, this, &WebFrame::watchAll);
+  }
+  watched_ = present;
 }
 
 bool WebFrame::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && takesKey(*static_cast<QKeyEvent*>(event))) return true;
   if (!passesBy(event)) return false;
   event->ignore();
   return true;
 }
 
-bool WebFrame::passesBy(QEvent* event) const {
+bool WebFrame::passesBy(QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease: {
       const auto key = static_cast<QKeyEvent*>(event)->key();
       return key == Qt::Key_Escape || key == Qt::Key_Back;
     }
-    case QEvent::Wheel: {
-      const int turn = static_cast<QWheelEvent*>(event)->angleDelta().y();
-      return (turn > 0 && roomAbove_ < 1.0) || (turn < 0 && roomBelow_ < 1.0);
-    }
+    case QEvent::Wheel:
+      return isOfNoUse(*static_cast<QWheelEvent*>(event));
     default:
       return false;
   }
+}
+
+bool WebFrame::takesKey(const QKeyEvent& key) {
+  const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+  if (!isTab && key.key() != Qt::Key_F6) return false;
+  const bool isForward = key.key() != Qt::Key_Backtab && !(key.modifiers() & Qt::ShiftModifier);
+  if (!isTab || isAsked_) {
+    moveOn(isForward);
+    return true;
+  }
+  isAsked_ = true;
+  Q_EMIT asked();
+  return false;
+}
+
+// The engine's view is one of the chain, and so may be what lies in it.
+void WebFrame::moveOn(bool isForward) {
+  isAsked_ = false;
+  auto* const first = nextItemInFocusChain(isForward);
+  auto* next = first;
+  while (isAncestorOf(next)) {
+    next = next->nextItemInFocusChain(isForward);
+    if (next == first) return;
+  }
+  next->forceActiveFocus(isForward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+}
+
+bool WebFrame::isOfNoUse(const QWheelEvent& wheel) {
+  const int turn = wheel.angleDelta().y();
+  // The beginning and the end of a scroll.
+  if (wheel.angleDelta().isNull()) return hasPassedWheel_;
+  if (turn == 0) return false;
+  if (!unusedTurn_ || unusedTurn_->isUp != (turn > 0)) unusedTurn_ = Turn{turn > 0, wheel.timestamp()};
+  hasPassedWheel_ = !hasRoom(turn) || wheel.timestamp() - unusedTurn_->time >= timeToScroll;
+  return hasPassedWheel_;
+}
+
+bool WebFrame::childMouseEventFilter(QQuickItem* item, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+      // Not the one that a touch is shown as, too.
+      item->setKeepMouseGrab(static_cast<QMouseEvent*>(event)->deviceType() !=
+                             QInputDevice::DeviceType::TouchScreen);
+      break;
+    case QEvent::TouchBegin:
+      item->setKeepMouseGrab(false);
+      item->setKeepTouchGrab(false);
+      decidesDrag_ = true;
+      break;
+    case QEvent::TouchUpdate: {
+      const auto& point = static_cast<QTouchEvent*>(event)->point(0);
+      const double move = point.scenePosition().y() - point.scenePressPosition().y();
+      if (!decidesDrag_ || std::abs(move) < clearMove) break;
+      decidesDrag_ = false;
+      item->setKeepTouchGrab(hasRoom(move));
+      break;
+    }
+    default:
+      break;
+  }
+  return QQuickItem::childMouseEventFilter(item, event);
 }
 
 void WebFrame::keyPressEvent(QKeyEvent* event) {

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import QtWebEngine
 import Orrelo
 import Orrelo.Web
@@ -10,9 +11,13 @@ WebFrame {
 
     required property WebBridge model
 
-    roomAbove: view.scrollPosition.y
-    roomBelow: view.contentsSize.height - view.height - view.scrollPosition.y
+    // The engine tells of pixels.
+    roomAbove: view.scrollPosition.y / Screen.devicePixelRatio
+    roomBelow: (view.contentsSize.height - view.scrollPosition.y) / Screen.devicePixelRatio - view.height
     clip: true
+    Accessible.role: Accessible.WebDocument
+    Accessible.name: view.title
+    onAsked: view.runJavaScript("0", () => didAnswer())
 
     Connections {
         target: frame.model
@@ -22,7 +27,9 @@ WebFrame {
     }
     WebEngineView {
         id: view
-        anchors.fill: parent
+        width: parent.width
+        // What a page higher than this costs is the host's memory; the rest of it scrolls in here.
+        height: Math.min(parent.height, 8192)
         activeFocusOnTab: true
         backgroundColor: "transparent"
         profile: WebProfile
@@ -30,6 +37,8 @@ WebFrame {
         settings {
             javascriptEnabled: true
             javascriptCanOpenWindows: true
+            playbackRequiresUserGesture: true
+            webRTCPublicInterfacesOnly: true
             allowWindowActivationFromJavaScript: false
             focusOnNavigationEnabled: false
             fullScreenSupportEnabled: false
@@ -46,9 +55,12 @@ WebFrame {
         // The engine begins at 10, before anything has come.
         onLoadProgressChanged: if (loadProgress > 10) frame.model.didReceive()
         onLoadingChanged: info => {
-            if (info.status !== WebEngineView.LoadStartedStatus)
-                frame.model.didFinish(info.status !== WebEngineView.LoadFailedStatus)
+            // One that is stopped goes on elsewhere, or waits for its minute.
+            if (info.status === WebEngineView.LoadSucceededStatus) frame.model.didFinish(true)
+            else if (info.status === WebEngineView.LoadFailedStatus) frame.model.didFinish(false)
         }
+        // Kept off the host's own log.
+        onJavaScriptConsoleMessage: {}
         onRenderProcessTerminated: frame.model.processDidEnd()
         onCertificateError: error => {
             if (WebProfile.trusts(error)) error.acceptCertificate()
@@ -84,5 +96,10 @@ WebFrame {
         onQuotaRequested: request => request.reject()
         onRegisterProtocolHandlerRequested: request => request.reject()
         onSelectClientCertificate: selection => selection.selectNone()
+    }
+    FocusRing {
+        anchors.margins: 0
+        around: -3
+        visible: view.activeFocus && Theme.showsFocus
     }
 }

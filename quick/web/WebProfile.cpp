@@ -4,7 +4,9 @@
 
 #include <orrelo/Platform.h>
 
+#include <QCoreApplication>
 #include <filesystem>
+#include <utility>
 
 namespace orrelo::quick {
 namespace {
@@ -15,14 +17,26 @@ QString folderIn(const std::filesystem::path& parent) {
 
 }  // namespace
 
-WebProfile::WebProfile(QObject* parent) : QQuickWebEngineProfile(parent) {
+WebProfile::WebProfile() {
   const auto& platform = Platform::current();
-  setOffTheRecord(false);
   setStorageName(QStringLiteral("orrelo"));
   setPersistentStoragePath(folderIn(platform.directories->data()));
   setCachePath(folderIn(platform.directories->cache()));
   const auto locale = QString::fromStdString(platform.device->localeIdentifier());
   setHttpAcceptLanguage(QString(locale).replace(QLatin1Char('_'), QLatin1Char('-')));
+  // Last: a profile that is live before it has its folders makes others.
+  setOffTheRecord(false);
+}
+
+WebProfile* WebProfile::create(QQmlEngine*, QJSEngine*) {
+  static WebProfile* profile = nullptr;
+  if (profile == nullptr) {
+    profile = new WebProfile;
+    QJSEngine::setObjectOwnership(profile, QJSEngine::CppOwnership);
+    // Before the browser engine, which ends with the application.
+    qAddPostRoutine([] { delete std::exchange(profile, nullptr); });
+  }
+  return profile;
 }
 
 bool WebProfile::trusts(const QWebEngineCertificateError& error) {

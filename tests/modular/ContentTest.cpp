@@ -107,6 +107,10 @@ TEST_F(ContentTest, AWebPagesPlaceIsReadFromItsTexts) {
   for (const auto* const text : {"abc", "", "12px", " 12", "1.5", "-5", "100 %", "99999999999999999999"}) {
     EXPECT_EQ(place(text, text), "0 by 0") << text;
   }
+  EXPECT_EQ(place("100%", "1000000"), "inset 0 by 1000000");
+  for (const auto* const text : {"1000001", "10000000000", "9223372036854775807"}) {
+    EXPECT_EQ(place(text, text), "1000000 by 1000000") << text;
+  }
 }
 
 TEST_F(ContentTest, ABlankIsAViewAtTheTopAndSpacingBelow) {

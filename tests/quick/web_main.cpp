@@ -2,6 +2,7 @@
 #include <orrelo/quick/OrreloWeb.h>
 
 #include <QGuiApplication>
+#include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -25,6 +26,8 @@ int main(int argc, char** argv) {
   qputenv("QT_QUICK_BACKEND", "software");
   // The engine's sandbox refuses to run as root, as in a container.
   if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  const QTemporaryDir home;  // for what the engine keeps where nobody tells it otherwise
+  qputenv("XDG_DATA_HOME", home.path().toUtf8());
   orrelo::quick::initializeWeb();
   QGuiApplication application(argc, argv);
   testing::InitGoogleMock(&argc, argv);

@@ -14,13 +14,16 @@ Url urlOf(const std::string& text) {
   throw makeError(DecodingError::dataCorrupted, "Invalid URL");
 }
 
-// A text that is no integer, and a negative one, take no room.
+// A text that is no integer, and a negative one, take no room. What no screen can lay out is cut short.
 double pointsOf(std::string_view text) {
+  constexpr std::int64_t maximum = 1'000'000;
   if (text.starts_with('+')) text.remove_prefix(1);
   std::int64_t points = 0;
   const auto* const end = text.data() + text.size();
   const auto [stop, fault] = std::from_chars(text.data(), end, points);
-  return fault == std::errc() && stop == end ? static_cast<double>(std::max(points, std::int64_t{0})) : 0.0;
+  return fault == std::errc() && stop == end
+             ? static_cast<double>(std::clamp(points, std::int64_t{0}, maximum))
+             : 0.0;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "modular/content/WebView.h"
 
 #include "platform/Application.h"
+#include "platform/Clock.h"
 #include "platform/HttpUrl.h"
 
 #include <orrelo/Platform.h>
@@ -46,6 +47,11 @@ bool WebView::mayGoTo(std::string_view scheme, bool isFrame) {
 void WebView::openWindow(std::string_view address, bool isAskedFor) {
   const auto window = Url::parse(address);
   if (!window || !isHttp(*window)) return;
+  const auto now = Platform::current().clock->steady();
+  const bool isAgain = address == lastWindow_ && now - lastWindowAt_ < doubleClick;
+  lastWindow_ = address;
+  lastWindowAt_ = now;
+  if (isAgain) return;
   if (!isAskedFor && unaskedWindows_++ >= maximumUnaskedWindows) return;
   const auto& application = Platform::current().application;
   if (application->canOpen(*window)) application->open(*window);

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace orrelo {
@@ -18,6 +19,8 @@ class ORRELO_EXPORT WebView final : public View {
   static constexpr std::chrono::seconds timeout{60};
   /// Of a page's windows, those that nobody has pressed anything for.
   static constexpr int maximumUnaskedWindows = 1;
+  /// Within this the same window again is a second press of the one wish.
+  static constexpr std::chrono::milliseconds doubleClick{500};
 
   enum class State {
     loading,
@@ -57,6 +60,8 @@ class ORRELO_EXPORT WebView final : public View {
 
   bool hasReceived_ = false;
   int unaskedWindows_ = 0;
+  std::string lastWindow_;
+  std::chrono::microseconds lastWindowAt_{0};
 };
 
 }  // namespace orrelo

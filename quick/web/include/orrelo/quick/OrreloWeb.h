@@ -10,7 +10,8 @@ namespace orrelo::quick {
 ///     QGuiApplication app(argc, argv);
 ///
 /// Without it, and after the application has been made (then with a log line), the place of a web page stays
-/// empty. Pages keep their cookies and their cache below the kit's own folders, apart from the host's.
+/// empty. What pages keep, from cookies and cache to the history of their addresses, lies below the kit's own
+/// folders, apart from the host's.
 ORRELO_EXPORT void initializeWeb();
 
 }  // namespace orrelo::quick
