@@ -18,8 +18,6 @@ Flickable {
     contentHeight: column.y + column.height + bottomPadding
     boundsBehavior: Flickable.DragAndOvershootBounds
     flickableDirection: Flickable.VerticalFlick
-    // Else it would take drags from a web page for nothing.
-    interactive: contentHeight > height
     clip: true
     focus: true
 

@@ -21,6 +21,12 @@ void collect(const QQuickItem& item, QSet<QQuickItem*>& found) {
   }
 }
 
+bool screenScrolls(const QQuickItem& item) {
+  const auto* above = item.parentItem();
+  while (above != nullptr && !above->inherits("QQuickFlickable")) above = above->parentItem();
+  return above != nullptr && above->property("contentHeight").toDouble() > above->height();
+}
+
 }  // namespace
 
 WebFrame::WebFrame(QQuickItem* parent) : QQuickItem(parent) {
@@ -120,7 +126,8 @@ bool WebFrame::childMouseEventFilter(QQuickItem* item, QEvent* event) {
       const double move = point.scenePosition().y() - point.scenePressPosition().y();
       if (!decidesDrag_ || std::abs(move) < clearMove) break;
       decidesDrag_ = false;
-      item->setKeepTouchGrab(hasRoom(move));
+      // A screen that fits would take it for its elastic pull alone.
+      item->setKeepTouchGrab(hasRoom(move) || !screenScrolls(*this));
       break;
     }
     default:
