@@ -281,12 +281,14 @@ TEST_F(QtImageCodecTest, TextsAndProfilesAreNotUnpacked) {
   auto jpeg = file(picture().convertToFormat(QImage::Format_RGB32), "jpeg");
   std::string comments;
   for (int i = 0; i < 100; ++i) comments += "\xFF\xFE\xFF\xFF" + std::string(0xFFFD, 'a');
+  jpeg.insert(2, comments);
+  bomb += png.substr(33);
   const Peak peak;
-  const auto bitmap = codec_.decode(bomb + png.substr(33));
+  const auto bitmap = codec_.decode(bomb);
   ASSERT_TRUE(bitmap);
   EXPECT_THAT(pixel(*bitmap, 2, 29), near({255, 0, 0, 255}));
-  EXPECT_TRUE(codec_.decode(jpeg.insert(2, comments)));
-  EXPECT_LE(peak.growth(), 8);
+  EXPECT_TRUE(codec_.decode(jpeg));
+  EXPECT_LE(peak.growth(), 6);  // one of the texts takes more
 }
 
 TEST_F(QtImageCodecTest, AJpegHasAHundredScansAtMost) {
