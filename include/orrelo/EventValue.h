@@ -62,7 +62,8 @@ class ORRELO_EXPORT EventValue {
   requires(!std::same_as<Integer, bool> && !IsCharacter<Integer>) EventValue(Integer value)
       : value_(std::in_range<std::int64_t>(value) ? Variant(static_cast<std::int64_t>(value))
                                                   : Variant(std::to_string(value))) {}
-  EventValue(std::floating_point auto value) : value_(static_cast<double>(value)) {}
+  /// A float becomes the double of its shortest decimals: 39.9f is kept as 39.9.
+  EventValue(std::floating_point auto value) : value_(toDouble(value)) {}
   EventValue(const char* text) : value_(std::string(text)) {}
   EventValue(std::string_view text) : value_(std::string(text)) {}
   EventValue(std::string text) : value_(std::move(text)) {}
@@ -86,6 +87,10 @@ class ORRELO_EXPORT EventValue {
   friend ORRELO_EXPORT bool operator==(const EventValue& a, const EventValue& b);
 
  private:
+  static double toDouble(float value);
+  static double toDouble(double value) { return value; }
+  static double toDouble(long double value) { return static_cast<double>(value); }
+
   Variant value_;
 };
 

@@ -1,9 +1,7 @@
 #include "events/EventValueDescription.h"
 
 #include "core/base/DateFormat.h"
-
-#include <array>
-#include <charconv>
+#include "core/base/numberText.h"
 
 namespace orrelo {
 namespace {
@@ -19,11 +17,8 @@ struct Description {
 
   std::string operator()(std::monostate) const { return "<null>"; }
   std::string operator()(bool value) const { return value ? "true" : "false"; }
-  std::string operator()(std::int64_t number) const { return std::to_string(number); }
-  std::string operator()(double number) const {
-    std::array<char, 32> digits{};
-    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
-  }
+  std::string operator()(std::int64_t number) const { return numberText(number); }
+  std::string operator()(double number) const { return numberText(number); }
   std::string operator()(const std::string& text) const { return '"' + text + '"'; }
   std::string operator()(Date date) const { return formatDate(date, "yyyy-MM-dd HH:mm:ss Z"); }
   std::string operator()(const Uuid& uuid) const { return uuid.text(); }

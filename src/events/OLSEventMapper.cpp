@@ -3,12 +3,11 @@
 #include "core/base/DateFormat.h"
 #include "core/base/JsonWriter.h"
 #include "core/base/Utf8.h"
+#include "core/base/numberText.h"
 #include "events/EventValueDescription.h"
 
 #include <orrelo/UnsupportedEventValueException.h>
 
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <optional>
@@ -18,12 +17,6 @@ namespace {
 
 // Deeper than any reply that the kit reads, and far from the end of any stack.
 constexpr int maximumDepth = 512;
-
-template <class Number>
-std::string numberText(Number number) {
-  std::array<char, 32> digits{};
-  return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
-}
 
 // Writes a value that JSON has a form for; false for any other.
 class JsonForm {

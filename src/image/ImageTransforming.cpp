@@ -1,10 +1,9 @@
 #include "image/ImageTransforming.h"
 
+#include "core/base/numberText.h"
 #include "image/downsampled.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <utility>
 
@@ -24,12 +23,11 @@ class BaseComposableImageTransformer final : public ImageTransforming {
   std::function<ImagePtr(const ImagePtr&)> call_;
 };
 
-// The shortest text that reads back, with a fraction always.
-std::string text(double number) {
-  std::array<char, 32> digits{};
-  std::string result(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
-  if (result.find_first_not_of("-0123456789") == std::string::npos) result += ".0";
-  return result;
+// Whole lengths keep their fraction, as part of the identifier: "100.0".
+std::string lengthText(double length) {
+  auto text = numberText(length);
+  if (text.find_first_not_of("-0123456789") == std::string::npos) text += ".0";
+  return text;
 }
 
 }  // namespace
@@ -46,8 +44,8 @@ ImageTransformer composed(ImageTransformer first, ImageTransformer second) {
 
 // "(300.0, 200.0)"
 std::string DownsamplingImageTransformer::identifier() const {
-  return "com.velmark.DownsamplingImageTransformer@(" + text(targetSize_.width) + ", " +
-         text(targetSize_.height) + ")";
+  return "com.velmark.DownsamplingImageTransformer@(" + lengthText(targetSize_.width) + ", " +
+         lengthText(targetSize_.height) + ")";
 }
 
 ImagePtr DownsamplingImageTransformer::transform(const ImagePtr& image) const {

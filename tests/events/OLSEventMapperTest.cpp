@@ -1,3 +1,4 @@
+#include "events/EventValueDescription.h"
 #include "events/OLSEventMapper.h"
 
 #include <orrelo/UnsupportedEventValueException.h>
@@ -24,14 +25,37 @@ TEST(OLSEventMapper, PlainValuesGiveTheirText) {
   EXPECT_EQ(text(1), "1");
   EXPECT_EQ(text(INT64_MIN), "-9223372036854775808");
   EXPECT_EQ(text(UINT64_MAX), "18446744073709551615");
-  EXPECT_EQ(text(1.0), "1");
-  EXPECT_EQ(text(0.1), "0.1");
-  EXPECT_EQ(text(39.9), "39.9");
   EXPECT_EQ(text("한글 🎁"), "한글 🎁");
   EXPECT_EQ(text(Date::fromSeconds(0)), "1970-01-01 00:00:00 +0000");
   EXPECT_EQ(text(*Uuid::parse("00112233-4455-6677-8899-aabbccddeeff")),
             "00112233-4455-6677-8899-AABBCCDDEEFF");
   EXPECT_EQ(text(*Url::parse("https://a.example/b?c#d")), "https://a.example/b?c#d");
+}
+
+TEST(OLSEventMapper, NumbersGiveTheirShortestDecimalsInEveryPlace) {
+  const std::vector<std::pair<EventValue, std::string>> numbers{
+      {1.0, "1"},
+      {-0.0, "-0"},
+      {0.1, "0.1"},
+      {39.9, "39.9"},
+      {39.9F, "39.9"},
+      {16777216.0F, "16777216"},
+      {1e5, "100000"},
+      {1e6F, "1000000"},
+      {0.0001, "0.0001"},
+      {0.00001, "1e-05"},
+      {-1234567.5, "-1234567.5"},
+      {1e15, "1000000000000000"},
+      {9999999999999998.0, "9999999999999998"},
+      {1e16, "1e+16"},
+      {1.7976931348623157e308, "1.7976931348623157e+308"},
+      {9007199254740993.0L, "9007199254740992"}};
+  for (const auto& [value, expected] : numbers) {
+    EXPECT_EQ(text(value), expected);
+    EXPECT_EQ(text(EventArray{value}), "[" + expected + "]");
+    EXPECT_EQ(text(EventDictionary{{"n", EventSet{value}.elements}}), "{\"n\":[" + expected + "]}");
+    EXPECT_EQ(description(EventArray{value}), "[" + expected + "]");
+  }
 }
 
 TEST(OLSEventMapper, CollectionsGiveCompactJson) {

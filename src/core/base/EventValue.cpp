@@ -1,6 +1,8 @@
 #include <orrelo/EventValue.h>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdlib>
 #include <cxxabi.h>
 #include <memory>
@@ -14,6 +16,14 @@ EventSet::EventSet(const EventArray& values) {
   for (const auto& value : values) {
     if (std::find(elements.begin(), elements.end(), value) == elements.end()) elements.push_back(value);
   }
+}
+
+double EventValue::toDouble(float value) {
+  std::array<char, 32> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  double decimal = value;
+  std::from_chars(digits.data(), end, decimal);
+  return decimal;
 }
 
 EventValue EventValue::other(const std::type_info& type) {

@@ -1,19 +1,8 @@
 #include "core/base/JsonWriter.h"
 
-#include <array>
-#include <charconv>
+#include "core/base/numberText.h"
 
 namespace orrelo {
-namespace {
-
-template <class Number>
-void appendNumber(std::string& out, Number number) {
-  std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  out.append(digits.data(), end);
-}
-
-}  // namespace
 
 JsonWriter& JsonWriter::beginObject() {
   return open('{'), *this;
@@ -44,13 +33,13 @@ JsonWriter& JsonWriter::text(std::string_view text) {
 
 JsonWriter& JsonWriter::integer(std::int64_t number) {
   beforeValue();
-  appendNumber(out_, number);
+  out_ += numberText(number);
   return *this;
 }
 
 JsonWriter& JsonWriter::number(double number) {
   beforeValue();
-  appendNumber(out_, number);
+  out_ += numberText(number);
   return *this;
 }
 

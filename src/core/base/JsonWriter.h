@@ -24,7 +24,7 @@ class JsonWriter {
   JsonWriter& key(std::string_view key);
   JsonWriter& text(std::string_view text);
   JsonWriter& integer(std::int64_t number);
-  /// The shortest form that reads back. Not for infinities and NaN, which JSON has no form for.
+  /// See numberText. Not for infinities and NaN, which JSON has no form for.
   JsonWriter& number(double number);
   JsonWriter& boolean(bool value);
   JsonWriter& null();
