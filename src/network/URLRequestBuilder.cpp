@@ -1,5 +1,6 @@
 #include "network/URLRequestBuilder.h"
 
+#include "core/base/EnumTexts.h"
 #include "core/base/Utf8.h"
 
 #include <algorithm>
@@ -35,22 +36,29 @@ std::string queryOf(const std::vector<URLQueryItem>& items) {
   return query;
 }
 
+constexpr EnumTexts<URLRequestBuilder::Method, 2> methods({
+    {URLRequestBuilder::Method::post, "POST"},
+    {URLRequestBuilder::Method::get, "GET"},
+});
+
 }  // namespace
 
 Error makeError(NetworkError error) {
-  static constexpr std::array names{"buildURLRequestFailed", "invalidHttpStatusCode", "nonHttpResponse",
-                                    "parseStringFailed"};
-  return Error("NetworkError", names.at(static_cast<std::size_t>(error)));
+  static constexpr EnumTexts<NetworkError, 4> names({
+      {NetworkError::buildURLRequestFailed, "buildURLRequestFailed"},
+      {NetworkError::invalidHttpStatusCode, "invalidHttpStatusCode"},
+      {NetworkError::nonHttpResponse, "nonHttpResponse"},
+      {NetworkError::parseStringFailed, "parseStringFailed"},
+  });
+  return Error("NetworkError", std::string(names.text(error)));
 }
 
 std::string_view URLRequestBuilder::rawValue(Method method) {
-  return method == Method::post ? "POST" : "GET";
+  return methods.text(method);
 }
 
 std::optional<URLRequestBuilder::Method> URLRequestBuilder::methodOf(std::string_view rawValue) {
-  if (rawValue == "POST") return Method::post;
-  if (rawValue == "GET") return Method::get;
-  return std::nullopt;
+  return methods.value(rawValue);
 }
 
 URLRequest URLRequestBuilder::build() const {

@@ -1,5 +1,7 @@
 #include "platform/CurlTransfer.h"
 
+#include "core/base/EnumTexts.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -67,18 +69,20 @@ URLError errorOf(CURLcode code) {
 }  // namespace
 
 Error makeError(URLError error, std::optional<std::string> message) {
-  static constexpr std::array names{"unknown",
-                                    "badURL",
-                                    "unsupportedURL",
-                                    "timedOut",
-                                    "cannotFindHost",
-                                    "cannotConnectToHost",
-                                    "networkConnectionLost",
-                                    "secureConnectionFailed",
-                                    "httpTooManyRedirects",
-                                    "cannotDecodeContentData",
-                                    "dataLengthExceedsMaximum"};
-  return Error("URLError", names.at(static_cast<std::size_t>(error)), std::move(message));
+  static constexpr EnumTexts<URLError, 11> names({
+      {URLError::unknown, "unknown"},
+      {URLError::badURL, "badURL"},
+      {URLError::unsupportedURL, "unsupportedURL"},
+      {URLError::timedOut, "timedOut"},
+      {URLError::cannotFindHost, "cannotFindHost"},
+      {URLError::cannotConnectToHost, "cannotConnectToHost"},
+      {URLError::networkConnectionLost, "networkConnectionLost"},
+      {URLError::secureConnectionFailed, "secureConnectionFailed"},
+      {URLError::httpTooManyRedirects, "httpTooManyRedirects"},
+      {URLError::cannotDecodeContentData, "cannotDecodeContentData"},
+      {URLError::dataLengthExceedsMaximum, "dataLengthExceedsMaximum"},
+  });
+  return Error("URLError", std::string(names.text(error)), std::move(message));
 }
 
 CurlTransfer::CurlTransfer(URLRequest request, URLSession::Completion completion)

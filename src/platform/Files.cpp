@@ -1,6 +1,7 @@
 #include "platform/Files.h"
 
-#include <array>
+#include "core/base/EnumTexts.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -39,8 +40,14 @@ std::string systemMessage() {
 }  // namespace
 
 Error makeError(FileError error, std::string message) {
-  static constexpr std::array names{"directory", "open", "read", "write", "remove"};
-  return Error("FileError", names.at(static_cast<std::size_t>(error)), std::move(message));
+  static constexpr EnumTexts<FileError, 5> names({
+      {FileError::directory, "directory"},
+      {FileError::open, "open"},
+      {FileError::read, "read"},
+      {FileError::write, "write"},
+      {FileError::remove, "remove"},
+  });
+  return Error("FileError", std::string(names.text(error)), std::move(message));
 }
 
 std::optional<Error> Files::makeFolder(const fs::path& folder) {

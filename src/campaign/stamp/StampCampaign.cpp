@@ -1,14 +1,23 @@
 #include "campaign/stamp/StampCampaign.h"
 
+#include "core/base/EnumTexts.h"
+
 namespace orrelo {
+namespace {
+
+constexpr EnumTexts<StampCampaignComponent, 6> components({
+    {StampCampaignComponent::information, "information"},
+    {StampCampaignComponent::mainImage, "main_image"},
+    {StampCampaignComponent::subImage, "sub_image"},
+    {StampCampaignComponent::notice, "notice"},
+    {StampCampaignComponent::stamp, "stamp"},
+    {StampCampaignComponent::unknown, "unknown"},
+});
+
+}  // namespace
 
 StampCampaignComponent stampCampaignComponent(std::string_view word) {
-  if (word == "information") return StampCampaignComponent::information;
-  if (word == "main_image") return StampCampaignComponent::mainImage;
-  if (word == "sub_image") return StampCampaignComponent::subImage;
-  if (word == "notice") return StampCampaignComponent::notice;
-  if (word == "stamp") return StampCampaignComponent::stamp;
-  return StampCampaignComponent::unknown;
+  return components.value(word).value_or(StampCampaignComponent::unknown);
 }
 
 }  // namespace orrelo

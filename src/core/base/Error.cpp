@@ -1,7 +1,6 @@
 #include "core/base/Error.h"
 
-#include <array>
-#include <cstddef>
+#include "core/base/EnumTexts.h"
 
 namespace orrelo {
 
@@ -28,10 +27,19 @@ Error Error::fromCurrentException() {
 }
 
 Error makeError(OrreloError error) {
-  static constexpr std::array names{
-      "notInitialized",        "emptyCampaigns",     "notLoggedIn", "campaignNotExists", "unknownCampaign",
-      "referenceDeallocation", "deprecatedCampaign", "infallible",  "network",           "unknown"};
-  return Error("OrreloError", names.at(static_cast<std::size_t>(error)));
+  static constexpr EnumTexts<OrreloError, 10> names({
+      {OrreloError::notInitialized, "notInitialized"},
+      {OrreloError::emptyCampaigns, "emptyCampaigns"},
+      {OrreloError::notLoggedIn, "notLoggedIn"},
+      {OrreloError::campaignNotExists, "campaignNotExists"},
+      {OrreloError::unknownCampaign, "unknownCampaign"},
+      {OrreloError::referenceDeallocation, "referenceDeallocation"},
+      {OrreloError::deprecatedCampaign, "deprecatedCampaign"},
+      {OrreloError::infallible, "infallible"},
+      {OrreloError::network, "network"},
+      {OrreloError::unknown, "unknown"},
+  });
+  return Error("OrreloError", std::string(names.text(error)));
 }
 
 Error makeError(ReferenceError) {
@@ -39,8 +47,13 @@ Error makeError(ReferenceError) {
 }
 
 Error makeError(DecodingError error, std::string message) {
-  static constexpr std::array names{"typeMismatch", "valueNotFound", "keyNotFound", "dataCorrupted"};
-  return Error("DecodingError", names.at(static_cast<std::size_t>(error)), std::move(message));
+  static constexpr EnumTexts<DecodingError, 4> names({
+      {DecodingError::typeMismatch, "typeMismatch"},
+      {DecodingError::valueNotFound, "valueNotFound"},
+      {DecodingError::keyNotFound, "keyNotFound"},
+      {DecodingError::dataCorrupted, "dataCorrupted"},
+  });
+  return Error("DecodingError", std::string(names.text(error)), std::move(message));
 }
 
 }  // namespace orrelo

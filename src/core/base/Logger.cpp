@@ -1,11 +1,11 @@
 #include "core/base/Logger.h"
 
 #include "core/base/DateFormat.h"
+#include "core/base/EnumTexts.h"
 #include "core/base/TimeZone.h"
 
 #include <orrelo/ORLLogger.h>
 
-#include <array>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
@@ -53,8 +53,15 @@ void setLogSink(std::function<void(std::string_view)> sink, bool enabled) {
 }
 
 void writeLogLine(LogLevel level, std::string_view message) {
-  static constexpr std::array<std::string_view, 7> names{"TRACE",   "DEBUG", "INFO",    "NOTICE",
-                                                         "WARNING", "ERROR", "CRITICAL"};
+  static constexpr EnumTexts<LogLevel, 7> names({
+      {LogLevel::TRACE, "TRACE"},
+      {LogLevel::DEBUG, "DEBUG"},
+      {LogLevel::INFO, "INFO"},
+      {LogLevel::NOTICE, "NOTICE"},
+      {LogLevel::WARNING, "WARNING"},
+      {LogLevel::ERROR, "ERROR"},
+      {LogLevel::CRITICAL, "CRITICAL"},
+  });
   // The device's own zone, unlike the dates of the wire.
   static const auto* const zone = new TimeZone(TimeZone::current());
 
@@ -67,7 +74,7 @@ void writeLogLine(LogLevel level, std::string_view message) {
   }
   const auto date = now();
   std::string line = "[OrreloSDK][";
-  line += names.at(static_cast<std::size_t>(level));
+  line += names.text(level);
   line += "] ";
   line += formatDate(date, "yyyy-MM-dd HH:mm:ss.SSSSSSZ", zone->offset(date));
   line += ' ';
