@@ -1,5 +1,6 @@
 #include "events/EventDao.h"
 
+#include "core/base/Logger.h"
 #include "core/base/preconditionFailure.h"
 #include "reactive/Observable.h"
 
@@ -27,6 +28,19 @@ Observable<T> operation(Start start) {
   });
 }
 
+// A deletion of several rows. The stream's error has the protocol's text; the store's reason goes to the log.
+template <class Start>
+Observable<Unit> batchDelete(Start start) {
+  return operation<Unit>([start](auto completion) {
+    start([completion](const std::variant<std::size_t, Error>& result) {
+      const auto* const failure = std::get_if<Error>(&result);
+      if (failure == nullptr) return completion(Unit{});
+      log(LogLevel::WARNING, [&] { return "The event store deleted nothing: " + failure->description(); });
+      completion(makeError(CoreDataError::invalidArgument, "batch delete result does not have objectIds"));
+    });
+  });
+}
+
 }  // namespace
 
 Error makeError(CoreDataError, std::string message) {
@@ -37,13 +51,14 @@ Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit,
                                                      reactive::SchedulerPtr scheduler) const {
   const auto rows = operation<std::vector<EventRow>>(
       [database = database, limit](auto completion) { database->fetchOldest(limit, std::move(completion)); });
-  return rows.observeOn(std::move(scheduler)).map([mapper = mapper](const std::vector<EventRow>& found) {
-    try {
-      return mapper.toEvents(found);
-    } catch (const Error& error) {
-      preconditionFailure(error.description());
-    }
-  });
+  return rows.observeOn(std::move(scheduler))
+      .map([mapper = mapper, database = database](const std::vector<EventRow>& found) {
+        try {
+          return mapper.toEvents(found);
+        } catch (const Error& error) {
+          preconditionFailure(error.description() + " in " + database->location());
+        }
+      });
 }
 
 Observable<Unit> EventDao::remove(const Event& event) const {
@@ -63,17 +78,14 @@ Observable<Unit> EventDao::remove(const std::vector<Event>& events) const {
   ids.reserve(events.size());
   std::transform(events.begin(), events.end(), std::back_inserter(ids),
                  [](const Event& event) { return event.id.text(); });
-  return operation<std::size_t>([database = database, ids](auto completion) {
-           database->deleteRows(ids, std::move(completion));
-         })
-      .map([](std::size_t) { return Unit{}; });
+  return batchDelete(
+      [database = database, ids](auto completion) { database->deleteRows(ids, std::move(completion)); });
 }
 
 Observable<Unit> EventDao::removeUpTo(Date date) const {
-  return operation<std::size_t>([database = database, time = mapper.toStoredTime(date)](auto completion) {
-           database->deleteRowsUpTo(time, std::move(completion));
-         })
-      .map([](std::size_t) { return Unit{}; });
+  return batchDelete([database = database, time = mapper.toStoredTime(date)](auto completion) {
+    database->deleteRowsUpTo(time, std::move(completion));
+  });
 }
 
 }  // namespace orrelo

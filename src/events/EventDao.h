@@ -33,7 +33,8 @@ class EventDao {
                                                        reactive::SchedulerPtr scheduler) const;
   /// CoreDataError invalidArgument where no row has the event's id.
   reactive::Observable<reactive::Unit> remove(const Event& event) const;
-  /// Ids that no row has are passed over.
+  /// Ids that no row has are passed over. CoreDataError invalidArgument where the store deletes nothing, as
+  /// for `removeUpTo`.
   reactive::Observable<reactive::Unit> remove(const std::vector<Event>& events) const;
   /// What happened at `date` or earlier.
   reactive::Observable<reactive::Unit> removeUpTo(Date date) const;

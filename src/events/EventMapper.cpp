@@ -33,6 +33,10 @@ Error makeError(EventMappingError, std::string message) {
   return Error("EventMappingError", "entityToDtoMappingFailed", std::move(message));
 }
 
+Error makeError(BIEventMappingError, std::string message) {
+  return Error("BIEventMappingError", "entityToDtoMappingFailed", std::move(message));
+}
+
 StoredTime EventMapper::toStoredTime(Date time) const {
   if (timeStorage_ == EventTimeStorage::date) return time;
   return RFC3339DateParser::text(time);
@@ -66,10 +70,15 @@ Event EventMapper::toEvent(const EventRow& row, JsonParser& parser) const {
   const auto id = row.eventId ? Uuid::parse(*row.eventId) : std::nullopt;
   const auto time = timeOf(row.eventTime);
   auto values = valuesOf(row.eventValues, parser);
-  if (!id || !row.eventName || !time || !values) {
-    throw makeError(EventMappingError::entityToDtoMappingFailed, "Some of required property is nil");
-  }
+  if (!id || !row.eventName || !time || !values) throw mappingFailed();
   return {*id, row.userId, *row.eventName, *std::move(values), *time};
+}
+
+Error EventMapper::mappingFailed() const {
+  constexpr auto message = "Some of required property is nil";
+  if (timeStorage_ == EventTimeStorage::date)
+    return makeError(BIEventMappingError::entityToDtoMappingFailed, message);
+  return makeError(EventMappingError::entityToDtoMappingFailed, message);
 }
 
 }  // namespace orrelo

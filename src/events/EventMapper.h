@@ -9,8 +9,13 @@
 
 namespace orrelo {
 
+/// A row of the host's store that is no event.
 enum class EventMappingError { entityToDtoMappingFailed };
 Error makeError(EventMappingError error, std::string message);
+
+/// A row of the kit's own store that is no event.
+enum class BIEventMappingError { entityToDtoMappingFailed };
+Error makeError(BIEventMappingError error, std::string message);
 
 /// Between an event and its row. The host's store keeps the time as text, the kit's own as a date.
 class EventMapper {
@@ -18,8 +23,8 @@ class EventMapper {
   explicit EventMapper(EventTimeStorage storage) : timeStorage_(storage) {}
 
   EventRow toRow(const Event& event) const;
-  /// Throws EventMappingError entityToDtoMappingFailed when anything but the user is missing or unreadable in
-  /// one of the rows.
+  /// Throws entityToDtoMappingFailed of the store's own error when anything but the user is missing or
+  /// unreadable in one of the rows.
   std::vector<Event> toEvents(const std::vector<EventRow>& rows) const;
 
   /// As the store compares it.
@@ -27,6 +32,7 @@ class EventMapper {
 
  private:
   Event toEvent(const EventRow& row, JsonParser& parser) const;
+  Error mappingFailed() const;
   std::optional<Date> timeOf(const StoredTime& stored) const;
 
   EventTimeStorage timeStorage_;

@@ -57,6 +57,9 @@ class EventDatabase {
   /// number.
   virtual void deleteRowsUpTo(StoredTime time, Completion<std::size_t> completion) = 0;
 
+  /// Where the rows lie, for messages: the path of a file.
+  virtual std::string location() const = 0;
+
   /// The right to send what the store holds. It is held as long as the answer lives; null while somebody else
   /// has it, in this process or in another that shares the file.
   virtual std::shared_ptr<const void> acquireSending() = 0;

@@ -109,6 +109,8 @@ class SqliteEventDatabase final : public EventDatabase,
     enqueue(DeleteUpTo{{std::move(completion)}, std::move(time)});
   }
 
+  std::string location() const override { return path().string(); }
+
   std::shared_ptr<const void> acquireSending() override { return FileLock::acquire(path() += ".lock"); }
 
  private:

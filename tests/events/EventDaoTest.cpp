@@ -121,7 +121,11 @@ TEST_P(EventDaoTest, ARowThatIsNoEventStopsTheProcess) {
     const auto store = Platform::current().eventDatabases->open("broken" + std::to_string(i), GetParam());
     store->insert(broken[i], [](const auto&) {});
     EXPECT_EQ(result(EventDao(store, GetParam()).fetchOldest(10, scheduler_)).index(), 2u);
-    EXPECT_THAT(message, testing::HasSubstr("Some of required property is nil")) << "row " << i;
+    EXPECT_EQ(message, std::string(asText ? "EventMappingError" : "BIEventMappingError") +
+                           ".entityToDtoMappingFailed(message: \"Some of required property is nil\") in " +
+                           store->location())
+        << "row " << i;
+    EXPECT_THAT(message, testing::HasSubstr("/broken" + std::to_string(i))) << "row " << i;
   }
   setPreconditionFailureHandler({});
 }

@@ -39,6 +39,7 @@ class ObservedDatabase final : public EventDatabase {
   void deleteRowsUpTo(StoredTime time, Completion<std::size_t> completion) override {
     database_->deleteRowsUpTo(std::move(time), std::move(completion));
   }
+  std::string location() const override { return database_->location(); }
   std::shared_ptr<const void> acquireSending() override { return database_->acquireSending(); }
 
  private:
