@@ -123,6 +123,15 @@ TEST(TimeZoneTest, TheCurrentZoneIsTheEnvironments) {
   EXPECT_EQ(dayIn(*RFC3339DateParser::parse("2021-12-31T15:00:00Z"), seoul), "2022-1-1");
   EXPECT_EQ(moved(":America/New_York").identifier(), "America/New_York");
   EXPECT_EQ(TimeZone::current().offset(moment), hours(-5));
+  for (const auto* const path : {"/usr/share/zoneinfo/Asia/Seoul", ":/usr/share/zoneinfo/Asia/Seoul",
+                                 "/usr/share/zoneinfo/posix/Asia/Seoul"}) {
+    EXPECT_EQ(moved(path).identifier(), "Asia/Seoul") << path;
+  }
+  unsetenv("TZ");
+  const auto systemZone = TimeZone::current().identifier();
+  for (const auto* const rule : {"KST-9", ":KST-9", "<+09>-9", "../../../etc/hostname", "Nowhere/Land", ""}) {
+    EXPECT_EQ(moved(rule).identifier(), systemZone) << rule;
+  }
   EXPECT_EQ(moved("KST-9").offset(moment), hours(9));
   if (kept) {
     moved(kept->c_str());

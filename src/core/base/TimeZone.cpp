@@ -4,21 +4,51 @@
 #include <ctime>
 #include <date/tz.h>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
 namespace orrelo {
 namespace {
 
-std::string currentIdentifier() {
-  if (const char* tz = std::getenv("TZ"); tz != nullptr && *tz != '\0') return *tz == ':' ? tz + 1 : tz;
-  std::error_code failure;
-  const auto target = std::filesystem::read_symlink("/etc/localtime", failure).string();
+/// The name behind the path of a zone's file; nothing where the path leads elsewhere.
+std::optional<std::string> zoneOf(const std::filesystem::path& path) {
   constexpr std::string_view folder = "zoneinfo/";
-  if (const auto at = target.find(folder); !failure && at != std::string::npos) {
-    return target.substr(at + folder.size());
+  auto text = path.string();
+  const auto at = text.find(folder);
+  if (at == std::string::npos || text.find("..") != std::string::npos) return std::nullopt;
+  text.erase(0, at + folder.size());
+  // The same zones once more, without and with leap seconds.
+  for (const std::string_view variant : {"posix/", "right/"}) {
+    if (text.starts_with(variant)) text.erase(0, variant.size());
   }
-  return "UTC";
+  return text.empty() ? std::nullopt : std::optional(std::move(text));
+}
+
+std::optional<std::string> linkedZone(const std::filesystem::path& path) {
+  std::error_code failure;
+  const auto target = std::filesystem::read_symlink(path, failure);
+  return failure ? std::nullopt : zoneOf(target);
+}
+
+/// What TZ says where it is a zone's name or the path of its file, and not a rule of its own ("KST-9").
+std::optional<std::string> zoneOfEnvironment() {
+  const char* const tz = std::getenv("TZ");
+  if (tz == nullptr) return std::nullopt;
+  const std::filesystem::path path(*tz == ':' ? tz + 1 : tz);
+  if (path.is_absolute()) {
+    auto zone = zoneOf(path);
+    return zone ? zone : linkedZone(path);
+  }
+  const char* const folder = std::getenv("TZDIR");
+  std::error_code failure;
+  const auto file = std::filesystem::path(folder != nullptr ? folder : "/usr/share/zoneinfo") / path;
+  return std::filesystem::is_regular_file(file, failure) ? zoneOf("zoneinfo" / path) : std::nullopt;
+}
+
+std::string currentIdentifier() {
+  if (auto zone = zoneOfEnvironment()) return *zone;
+  return linkedZone("/etc/localtime").value_or("UTC");
 }
 
 std::chrono::seconds localOffset(Date date) {

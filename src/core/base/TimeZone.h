@@ -16,7 +16,8 @@ class TimeZone {
   /// UTC where the database has no such zone.
   static TimeZone named(std::string identifier);
 
-  /// "Asia/Seoul"; for `current`, TZ's text or the name behind the system's local time.
+  /// "Asia/Seoul". For `current`, the zone whose name or file TZ holds, else the one behind the system's
+  /// local time, "UTC" where there is none.
   const std::string& identifier() const { return identifier_; }
   /// East of Greenwich is positive.
   std::chrono::seconds offset(Date date) const;
