@@ -1,5 +1,6 @@
 #include "core/base/Logger.h"
 #include "viewkit/base/NavigationController.h"
+#include "viewkit/base/TabBarController.h"
 #include "viewkit/base/ViewController.h"
 
 #include <functional>
@@ -129,6 +130,28 @@ TEST_F(ViewControllerTest, AStackShowsItsLastScreen) {
   EXPECT_EQ(next->navigationController(), nullptr);
   EXPECT_EQ(navigation->popViewController(true), nullptr);
   EXPECT_EQ(navigation->topViewController(), root);
+}
+
+TEST_F(ViewControllerTest, OfTabsTheSelectedOneIsOnTheScreenAndLeadsToTheTop) {
+  const auto first = screen("first");
+  const auto inner = screen("inner");
+  const auto tabs = TabBarController::create({first, nullptr, NavigationController::create(inner), first});
+  EXPECT_EQ(tabs->state().viewControllers.size(), 2U);
+  tabs->appear(false);
+  EXPECT_EQ(tabs->topmost(), first);
+  taken();
+  tabs->select(1);
+  EXPECT_THAT(taken(), ElementsAre("first willDisappear", "first didDisappear", "inner willAppear",
+                                   "inner didAppear"));
+  EXPECT_EQ(tabs->topmost(), inner);
+  tabs->select(2);
+  tabs->select(1);
+  EXPECT_THAT(taken(), IsEmpty());
+  const auto above = screen("above");
+  ASSERT_TRUE(inner->present(above, false));
+  EXPECT_EQ(above->presentingViewController(), tabs);
+  EXPECT_EQ(tabs->topmost(), above);
+  EXPECT_EQ(TabBarController::create({})->selectedViewController(), nullptr);
 }
 
 TEST_F(ViewControllerTest, WhatIsShownAlreadyIsNotShownAgain) {
