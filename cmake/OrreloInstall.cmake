@@ -13,8 +13,9 @@ install(EXPORT OrreloSDKTargets NAMESPACE orrelo:: DESTINATION ${package_dir})
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/cmake/OrreloSDKConfig.cmake.in ${PROJECT_BINARY_DIR}/OrreloSDKConfig.cmake
   INSTALL_DESTINATION ${package_dir})
+# Until 1.0 each minor version may change the public structs.
 write_basic_package_version_file(
-  ${PROJECT_BINARY_DIR}/OrreloSDKConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+  ${PROJECT_BINARY_DIR}/OrreloSDKConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES
   ${PROJECT_BINARY_DIR}/OrreloSDKConfig.cmake ${PROJECT_BINARY_DIR}/OrreloSDKConfigVersion.cmake
   DESTINATION ${package_dir})

@@ -2,7 +2,7 @@
 
 add_library(orrelo_options INTERFACE)
 target_compile_options(orrelo_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${ORRELO_WARNINGS_ARE_ERRORS}>:-Werror>)
 # g++ 12 sees overlapping and endless copies in std::string's operator+ that are not there (GCC bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(orrelo_options INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds)
@@ -15,6 +15,13 @@ endif()
 if(ORRELO_FUZZ)
   target_compile_options(orrelo_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+
+# orrelo_exports(<target>): the shared library exports the kit's own symbols alone.
+function(orrelo_exports target)
+  set(map ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+  target_link_options(${target} PRIVATE -Wl,--version-script=${map})
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${map})
+endfunction()
 
 # orrelo_subsystem(<name> SOURCES <file>... [USES <subsystem>...] [LINKS <library>...])
 #
