@@ -19,17 +19,19 @@ using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, Defa
 /// One suite of a persistent key-value store. Values are typed: one of another type than asked for counts as
 /// missing.
 ///
-/// Any thread. Reads come from memory after the first; a write is in the file when the call returns, or, if
-/// the file refused it, in memory until the process ends.
+/// Any thread. Reads come from memory after the first. A write is in the file when the call returns; if the
+/// file refused it, it counts in this process, and goes along with the next write that the file takes.
 class ORRELO_EXPORT UserDefaults {
  public:
   virtual ~UserDefaults() = default;
 
   virtual std::optional<DefaultsValue> value(std::string_view key) const = 0;
-  /// False while what was stored cannot be read: values may seem to be missing that are not.
-  virtual bool isReadable() const { return true; }
   virtual void set(std::string_view key, DefaultsValue value) = 0;
   virtual void remove(std::string_view key) = 0;
+  /// The text stored under `key`, else `candidate`, which is stored then. Two processes that ask at the same
+  /// time get the same answer. While the file can be neither read nor written, the candidate counts in this
+  /// process; when the file is written next, a text that it holds already stays and counts from then on.
+  virtual std::string textOrInsert(std::string_view key, std::string candidate);
 
   std::optional<bool> boolean(std::string_view key) const { return typed<bool>(key); }
   std::optional<std::int64_t> integer(std::string_view key) const { return typed<std::int64_t>(key); }
@@ -55,6 +57,9 @@ class ORRELO_EXPORT UserDefaultsFactory {
   virtual std::shared_ptr<UserDefaults> standard() = 0;
   /// Null for a name that no suite may have: the main bundle's identifier and "NSGlobalDomain".
   virtual std::shared_ptr<UserDefaults> suite(std::string_view name) = 0;
+  /// The suites' next reads see what other processes have written since. Called by `Orrelo::initialize`; a
+  /// factory whose suites keep nothing in memory has nothing to do.
+  virtual void refresh() {}
 };
 
 }  // namespace orrelo

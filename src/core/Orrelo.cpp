@@ -60,6 +60,7 @@ void show(const std::shared_ptr<ViewController>& screen, const std::shared_ptr<V
 
 void Orrelo::initialize(const ORLConfig& config) {
   const auto& platform = Platform::current();
+  platform.userDefaults->refresh();
   const KelsoMutator mutator(platform.userDefaults->suite(KelsoMutator::suiteName));
   const auto serviceUrl = mutator.serviceUrl();
   if (const auto file = mutator.certificateFile()) platform.urlSession->trust(serviceUrl, *file);

@@ -9,10 +9,7 @@ namespace orrelo {
 std::string HttpHeaderGenerator::deviceId() const {
   constexpr auto key = "orl_user_default_key_kelso_uuid";
   if (auto stored = userDefaults->text(key)) return *stored;
-  auto made = Platform::current().random->uuid().text();
-  // Else it is this launch's alone: it must not take the place of one that only cannot be read for now.
-  if (userDefaults->isReadable()) userDefaults->set(key, made);
-  return made;
+  return userDefaults->textOrInsert(key, Platform::current().random->uuid().text());
 }
 
 HTTPHeaders HttpHeaderGenerator::generate() const {

@@ -83,16 +83,11 @@ DefaultsValues DefaultsFile::read() {
   return values;
 }
 
-void DefaultsFile::write(const DefaultsValues& values) {
+void DefaultsFile::apply(DefaultsChanges& changes) {
   prepareForWriting();
-  auto replace = file_.prepare("INSERT OR REPLACE INTO defaults (key, type, value) VALUES (?, ?, ?)");
   file_.execute("BEGIN IMMEDIATE");
   try {
-    for (const auto& [key, value] : values) {
-      replace.bindNoCopy(1, key);
-      bindValue(replace, 2, 3, value);
-      file_.step(replace);
-    }
+    for (auto& [key, change] : changes) apply(key, change);
     file_.execute("COMMIT");
   } catch (...) {
     const auto failure = SqliteFailure::fromCurrentException();
@@ -101,11 +96,25 @@ void DefaultsFile::write(const DefaultsValues& values) {
   }
 }
 
-void DefaultsFile::remove(const std::string& key) {
-  prepareForWriting();
-  auto remove = file_.prepare("DELETE FROM defaults WHERE key = ?");
-  remove.bindNoCopy(1, key);
-  file_.step(remove);
+void DefaultsFile::apply(const std::string& key, DefaultsChange& change) {
+  if (!change.value) {
+    auto remove = file_.prepare("DELETE FROM defaults WHERE key = ?");
+    remove.bindNoCopy(1, key);
+    file_.step(remove);
+    return;
+  }
+  if (change.keepsStoredText) {
+    auto select = file_.prepare("SELECT value FROM defaults WHERE key = ? AND type = 'text'");
+    select.bindNoCopy(1, key);
+    if (file_.step(select) && select.getColumn(0).isText()) {
+      change.value = select.getColumn(0).getString();
+      return;
+    }
+  }
+  auto replace = file_.prepare("INSERT OR REPLACE INTO defaults (key, type, value) VALUES (?, ?, ?)");
+  replace.bindNoCopy(1, key);
+  bindValue(replace, 2, 3, *change.value);
+  file_.step(replace);
 }
 
 void DefaultsFile::prepareForWriting() {

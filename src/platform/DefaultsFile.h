@@ -8,11 +8,21 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace orrelo {
 
 using DefaultsValues = std::map<std::string, DefaultsValue, std::less<>>;
+
+/// What becomes of one key.
+struct DefaultsChange {
+  /// Nothing removes the key.
+  std::optional<DefaultsValue> value;
+  /// A text that is stored already stays.
+  bool keepsStoredText = false;
+};
+using DefaultsChanges = std::map<std::string, DefaultsChange, std::less<>>;
 
 /// The rows of one open suite, for one thread at a time. Whatever fails throws a SqliteFailure or the
 /// wrapper's own exception.
@@ -27,13 +37,14 @@ class DefaultsFile {
 
   /// Rows that are not of their type's form are left out.
   DefaultsValues read();
-  /// Adds or replaces all of them or none.
-  void write(const DefaultsValues& values);
-  void remove(const std::string& key);
+  /// Makes all of the changes or none. A change that kept the stored text has that text as its value
+  /// afterwards.
+  void apply(DefaultsChanges& changes);
 
  private:
   DefaultsFile(const std::filesystem::path& path, SqliteFile::Missing missing);
   void prepareForWriting();
+  void apply(const std::string& key, DefaultsChange& change);
 
   SqliteFile file_;
   bool isWritable_ = false;

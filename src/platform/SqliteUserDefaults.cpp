@@ -8,9 +8,9 @@
 #include <utility>
 
 namespace orrelo {
-namespace {
 
-/// Two locks, so that a read never waits for a write to the file; the one for the file is taken first.
+/// What is asked comes from `pending_`, then from `values_`, then from the file. Two locks, so that a read
+/// never waits for a write to the file; the one for the file is taken first.
 class SqliteUserDefaults final : public UserDefaults {
  public:
   SqliteUserDefaults(std::string fileName, std::shared_ptr<Directories> directories,
@@ -18,57 +18,71 @@ class SqliteUserDefaults final : public UserDefaults {
       : fileName_(std::move(fileName)), directories_(std::move(directories)), clock_(std::move(clock)) {}
 
   std::optional<DefaultsValue> value(std::string_view key) const override {
-    if (auto known = inMemory(key)) return *std::move(known);
+    {
+      const std::lock_guard memory(memoryMutex_);
+      if (isLoaded_ || pending_.contains(key)) return inMemory(key);
+    }
     const std::lock_guard file(fileMutex_);
     load();
-    return inMemory(key).value_or(std::nullopt);
+    const std::lock_guard memory(memoryMutex_);
+    return inMemory(key);
   }
 
-  bool isReadable() const override {
-    const std::lock_guard file(fileMutex_);
-    load();
-    return isLoaded_;
+  void set(std::string_view key, DefaultsValue value) override { change(key, {.value = std::move(value)}); }
+
+  void remove(std::string_view key) override { change(key, {}); }
+
+  std::string textOrInsert(std::string_view key, std::string candidate) override {
+    if (auto known = text(key)) return *known;
+    change(key, {.value = std::move(candidate), .keepsStoredText = true});
+    return *text(key);
   }
 
-  void set(std::string_view key, DefaultsValue value) override {
+  /// The values known so far stay, for as long as the file cannot be read.
+  void refresh() {
     const std::lock_guard file(fileMutex_);
-    load();
-    const DefaultsValues change{{std::string(key), std::move(value)}};
-    keep(change.begin()->first, change.begin()->second);
-    save([&](DefaultsFile& open) { open.write(change); });
-  }
-
-  void remove(std::string_view key) override {
-    const std::lock_guard file(fileMutex_);
-    load();
-    const std::string name(key);
-    keep(name, std::nullopt);
-    std::error_code failure;
-    if (!file_ && !std::filesystem::exists(path(), failure)) return;
-    save([&](DefaultsFile& open) { open.remove(name); });
+    const std::lock_guard memory(memoryMutex_);
+    isLoaded_ = false;
   }
 
  private:
   std::filesystem::path path() const { return directories_->data() / fileName_; }
 
-  /// What is known of the key: its value or that it has none. Nothing where only the file can tell.
-  std::optional<std::optional<DefaultsValue>> inMemory(std::string_view key) const {
-    const std::lock_guard memory(memoryMutex_);
-    const auto found = values_.find(key);
-    if (found != values_.end()) return found->second;
-    if (isLoaded_) return std::optional<DefaultsValue>();
-    return std::nullopt;
+  // Under the memory's lock.
+  std::optional<DefaultsValue> inMemory(std::string_view key) const {
+    if (const auto change = pending_.find(key); change != pending_.end()) return change->second.value;
+    const auto known = values_.find(key);
+    return known == values_.end() ? std::nullopt : std::optional(known->second);
   }
 
-  void keep(const std::string& key, std::optional<DefaultsValue> value) {
-    const std::lock_guard memory(memoryMutex_);
-    values_.insert_or_assign(key, std::move(value));
+  void change(std::string_view key, DefaultsChange change) {
+    const std::lock_guard file(fileMutex_);
+    load();
+    const std::string name(key);
+    std::error_code failure;
+    const bool hasFile = file_ || std::filesystem::exists(path(), failure);
+    {
+      const std::lock_guard memory(memoryMutex_);
+      // Another thread may have inserted its candidate meanwhile.
+      if (change.keepsStoredText && isText(inMemory(key))) return;
+      pending_.insert_or_assign(name, std::move(change));
+      if (!pending_.at(name).value && !hasFile) {
+        pending_.erase(name);
+        return;
+      }
+    }
+    save();
+  }
+
+  static bool isText(const std::optional<DefaultsValue>& value) {
+    return value && std::holds_alternative<std::string>(*value);
   }
 
   void load() const {
     if (isLoaded_) return;
     DefaultsValues stored;
     try {
+      if (file_ && file_->hasMoved()) file_.reset();
       if (!file_) file_ = DefaultsFile::openExisting(path());
       if (file_) stored = file_->read();
     } catch (...) {
@@ -80,23 +94,20 @@ class SqliteUserDefaults final : public UserDefaults {
       }
     }
     const std::lock_guard memory(memoryMutex_);
-    for (auto& [key, value] : stored) values_.emplace(key, std::move(value));
+    values_ = std::move(stored);
     isLoaded_ = true;
   }
 
-  template <class Change>
-  void save(const Change& change) {
+  void save() {
     bool replaced = false;
     while (true) {
       try {
         const bool moved = file_ && file_->hasMoved();
         if (moved) file_.reset();
         if (!file_) file_ = DefaultsFile::openOrCreate(path());
-        if (moved || replaced) {
-          file_->write(allInMemory());
-        } else {
-          change(*file_);
-        }
+        auto changes = moved || replaced ? everything() : pending_;
+        file_->apply(changes);
+        settle(std::move(changes));
         return;
       } catch (...) {
         const auto failure = SqliteFailure::fromCurrentException();
@@ -112,13 +123,24 @@ class SqliteUserDefaults final : public UserDefaults {
     }
   }
 
-  DefaultsValues allInMemory() const {
+  // What a fresh file must hold in place of one that is gone. Texts that another process has put there stay.
+  DefaultsChanges everything() const {
+    auto changes = pending_;
+    for (const auto& [key, value] : values_) changes.emplace(key, DefaultsChange{value, true});
+    return changes;
+  }
+
+  // Takes over what the file holds now.
+  void settle(DefaultsChanges changes) {
     const std::lock_guard memory(memoryMutex_);
-    DefaultsValues all;
-    for (const auto& [key, value] : values_) {
-      if (value) all.emplace(key, *value);
+    for (auto& [key, change] : changes) {
+      pending_.erase(key);
+      if (change.value) {
+        values_.insert_or_assign(key, *std::move(change.value));
+      } else {
+        values_.erase(key);
+      }
     }
-    return all;
   }
 
   /// Makes room for a fresh file; false where the folder does not let us.
@@ -136,12 +158,12 @@ class SqliteUserDefaults final : public UserDefaults {
   mutable std::mutex fileMutex_;
   mutable std::unique_ptr<DefaultsFile> file_;
 
+  // All written under both locks.
   mutable std::mutex memoryMutex_;
-  mutable std::map<std::string, std::optional<DefaultsValue>, std::less<>> values_;
-  mutable bool isLoaded_ = false;  // written under both locks
+  mutable DefaultsValues values_;
+  mutable bool isLoaded_ = false;
+  DefaultsChanges pending_;
 };
-
-}  // namespace
 
 SqliteUserDefaultsFactory::SqliteUserDefaultsFactory(std::shared_ptr<Directories> directories,
                                                      std::shared_ptr<Clock> clock,
@@ -159,7 +181,12 @@ std::shared_ptr<UserDefaults> SqliteUserDefaultsFactory::suite(std::string_view 
   return open("defaults-" + encodedFileName(name) + ".sqlite");
 }
 
-std::shared_ptr<UserDefaults> SqliteUserDefaultsFactory::open(const std::string& fileName) {
+void SqliteUserDefaultsFactory::refresh() {
+  const std::lock_guard lock(mutex_);
+  for (const auto& [fileName, suite] : suites_) suite->refresh();
+}
+
+std::shared_ptr<SqliteUserDefaults> SqliteUserDefaultsFactory::open(const std::string& fileName) {
   const std::lock_guard lock(mutex_);
   auto& suite = suites_[fileName];
   if (!suite) suite = std::make_shared<SqliteUserDefaults>(fileName, directories_, clock_);

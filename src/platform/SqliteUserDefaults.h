@@ -13,6 +13,8 @@
 
 namespace orrelo {
 
+class SqliteUserDefaults;
+
 /// Suites as SQLite files, one each. Opening a suite touches no file: the first read loads it, and the first
 /// write makes it where it is missing.
 class SqliteUserDefaultsFactory final : public UserDefaultsFactory {
@@ -22,15 +24,16 @@ class SqliteUserDefaultsFactory final : public UserDefaultsFactory {
 
   std::shared_ptr<UserDefaults> standard() override;
   std::shared_ptr<UserDefaults> suite(std::string_view name) override;
+  void refresh() override;
 
  private:
-  std::shared_ptr<UserDefaults> open(const std::string& fileName);
+  std::shared_ptr<SqliteUserDefaults> open(const std::string& fileName);
 
   std::shared_ptr<Directories> directories_;
   std::shared_ptr<Clock> clock_;
   std::string mainBundleIdentifier_;
   std::mutex mutex_;
-  std::map<std::string, std::shared_ptr<UserDefaults>> suites_;
+  std::map<std::string, std::shared_ptr<SqliteUserDefaults>> suites_;
 };
 
 }  // namespace orrelo

@@ -1,5 +1,9 @@
+#include "core/InitializedOrrelo.h"
 #include "core/base/Json.h"
 #include "core/base/Logger.h"
+#include "events/KelsoInsight.h"
+#include "events/UserEventTracker.h"
+#include "platform/SqliteUserDefaults.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "viewkit/base/ViewController.h"
@@ -182,6 +186,40 @@ TEST_F(OrreloTest, ASecondInitializeTurnsToTheNewApplicationAndKeepsWhatIsStored
   EXPECT_EQ(bodies[0], bodies[1]);
   EXPECT_THAT(platform_.session->requestsTo("/event").back().url.text(),
               testing::HasSubstr("/sdk/second/event"));
+}
+
+TEST_F(OrreloTest, AFormerInstanceThatSomebodyHoldsSendsNoMore) {
+  initialize("first");
+  const auto kit = InitializedOrrelo::current();
+  const auto insight = KelsoInsight::instance();
+  initialize("second");
+  Orrelo::sendEvent("reported");
+  UserEventTracker::track(UserEventName::visit);
+  platform_.loop->runFor(std::chrono::seconds(100));
+  for (const auto* const path : {"/event", "/events"}) {
+    const auto requests = platform_.session->requestsTo(path);
+    EXPECT_EQ(requests.size(), 1U);
+    for (const auto& request : requests) {
+      EXPECT_THAT(request.url.path(), testing::EndsWith("/sdk/second" + std::string(path)));
+    }
+  }
+}
+
+TEST_F(OrreloTest, WhatAnotherProcessWroteCountsFromTheNextInitialize) {
+  const auto process = [platform = Platform::current()] {
+    return std::make_shared<SqliteUserDefaultsFactory>(platform.directories, platform.clock,
+                                                       "com.example.shop");
+  };
+  auto withFiles = Platform::current();
+  withFiles.userDefaults = process();
+  Platform::install(std::move(withFiles));
+  initialize();
+  process()->suite("tamrenzo_api_storage_I'm_Ilvane")->set("ORRELO_SERVICE_URL", std::int64_t{1});
+  initialize();
+  const auto& requests = platform_.session->requests;
+  EXPECT_EQ(requests.front().url.host(), "api.orrelo.example");
+  EXPECT_EQ(requests.back().url.host(), "api-staging.orrelo.example");
+  EXPECT_EQ(requests.back().headers.at("Kelso-UUID"), requests.front().headers.at("Kelso-UUID"));
 }
 
 TEST_F(OrreloTest, TheEnvironmentSuiteChoosesTheServiceAndItsCertificates) {

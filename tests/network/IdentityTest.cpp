@@ -50,6 +50,10 @@ TEST(KelsoMutatorTest, OnlyDevelopmentHasAHostAndACertificateOfItsOwn) {
   suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
   EXPECT_EQ(mutator.serviceUrl(), "https://localhost:1234");
   EXPECT_EQ(mutator.certificateFile(), "/ca.pem");
+  for (const std::string trailing : {"/", "//"}) {
+    suite->set("ORRELO_DEVELOPMENT_URL", "https://localhost:1234/base" + trailing);
+    EXPECT_EQ(mutator.serviceUrl(), "https://localhost:1234/base");
+  }
   for (const std::string bad : {"http://localhost:1234", "localhost", "https://", "https://a b", ""}) {
     suite->set("ORRELO_DEVELOPMENT_URL", bad);
     EXPECT_EQ(mutator.serviceUrl(), "https://localhost:9443") << bad;
@@ -126,22 +130,63 @@ TEST_F(HttpHeaderGeneratorTest, TheDeviceIdIsMadeOncePerAppKey) {
   EXPECT_EQ(headers().at("Kelso-UUID"), suite->text(deviceIdKey));
 }
 
-TEST_F(HttpHeaderGeneratorTest, ADeviceIdThatCannotBeReadForNowIsNotReplaced) {
-  const TemporaryFolder folder;
-  auto platform = Platform::posix({.dataDirectory = folder.path(), .cacheDirectory = folder.path()});
-  const auto suite = [&] {
-    return SqliteUserDefaultsFactory(platform.directories, platform.clock, "app").suite("key");
-  };
-  suite()->set(deviceIdKey, std::string("stored"));
-  const auto id = [](std::shared_ptr<UserDefaults> defaults) {
-    return HttpHeaderGenerator(std::move(defaults)).generate().at("Kelso-UUID");
-  };
-  {
-    SQLite::Database reader((folder.path() / "defaults-key.sqlite").string(), SQLite::OPEN_READWRITE);
-    reader.exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
-    EXPECT_NE(id(suite()), "stored");
+/// Device ids as two processes of one host draw them, each with a factory of its own over one folder.
+class DeviceIdTest : public testing::Test {
+ protected:
+  SqliteUserDefaultsFactory process() {
+    const auto files = Platform::posix({.dataDirectory = folder_.path(), .cacheDirectory = folder_.path()});
+    return {files.directories, files.clock, "app"};
   }
-  EXPECT_EQ(id(suite()), "stored");
+  static std::string id(SqliteUserDefaultsFactory& factory) {
+    return HttpHeaderGenerator(factory.suite("key")).generate().at("Kelso-UUID");
+  }
+  /// Nobody else reads or writes the settings while this lives.
+  std::unique_ptr<SQLite::Database> locked() {
+    auto holder = std::make_unique<SQLite::Database>((folder_.path() / "defaults-key.sqlite").string(),
+                                                     SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    holder->exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
+    return holder;
+  }
+
+  TestPlatform platform_;
+  TemporaryFolder folder_;
+};
+
+TEST_F(DeviceIdTest, TwoProcessesOnAFirstLaunchGetOneId) {
+  auto first = process();
+  auto second = process();
+  // Both have seen that there is none.
+  EXPECT_EQ(first.suite("key")->text(deviceIdKey), std::nullopt);
+  EXPECT_EQ(second.suite("key")->text(deviceIdKey), std::nullopt);
+  const auto drawn = id(first);
+  EXPECT_EQ(id(second), drawn);
+  auto later = process();
+  EXPECT_EQ(id(later), drawn);
+}
+
+TEST_F(DeviceIdTest, AnIdThatCannotBeReadForNowIsNotReplaced) {
+  const auto stored = [this] {
+    auto first = process();
+    return id(first);
+  }();
+  auto second = process();
+  auto lock = locked();
+  const auto drawn = id(second);
+  EXPECT_NE(drawn, stored);
+  EXPECT_EQ(id(second), drawn);
+  lock.reset();
+  second.suite("key")->set("other", true);
+  EXPECT_EQ(id(second), stored);
+}
+
+TEST_F(DeviceIdTest, AnIdThatCouldNotBeStoredGoesAlongWithTheNextWrite) {
+  auto lock = locked();
+  auto first = process();
+  const auto drawn = id(first);
+  lock.reset();
+  first.suite("key")->set("ols_config", std::string("{}"));
+  auto later = process();
+  EXPECT_EQ(id(later), drawn);
 }
 
 }  // namespace

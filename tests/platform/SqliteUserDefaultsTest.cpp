@@ -122,6 +122,19 @@ TEST_F(SqliteUserDefaultsTest, writesEverythingAnewWhenTheFileWasRemovedWhileOpe
   EXPECT_EQ(make().standard()->boolean("a"), true);
 }
 
+TEST_F(SqliteUserDefaultsTest, seesWhatAnotherProcessWroteAfterARefresh) {
+  auto mine = make();
+  auto theirs = make();
+  mine.suite("s")->set("changed", true);
+  theirs.suite("s")->set("changed", false);
+  theirs.suite("s")->set("added", true);
+  EXPECT_EQ(mine.suite("s")->boolean("changed"), true);
+  EXPECT_EQ(mine.suite("s")->boolean("added"), std::nullopt);
+  mine.refresh();
+  EXPECT_EQ(mine.suite("s")->boolean("changed"), false);
+  EXPECT_EQ(mine.suite("s")->boolean("added"), true);
+}
+
 TEST_F(SqliteUserDefaultsTest, takesReadsAndWritesFromManyThreads) {
   auto factory = make();
   std::vector<std::thread> threads;
