@@ -27,7 +27,9 @@ std::string KelsoMutator::serviceUrl() const {
   }
   if (const auto text = userDefaults->text("ORRELO_DEVELOPMENT_URL")) {
     const auto url = Url::parse(*text);
-    if (url && url->scheme() == "https" && !url->host().empty()) return *text;
+    // Paths are appended as text, and begin with "/" themselves.
+    if (url && url->scheme() == "https" && !url->host().empty())
+      return text->substr(0, text->find_last_not_of('/') + 1);
   }
   return "https://localhost:9443";
 }
