@@ -32,8 +32,11 @@ std::optional<std::string> faultOf(const nlohmann::json& event) {
   for (const auto& [key, value] : event.items()) {
     if (!value.is_string()) return "the value of \"" + key + "\" must be a string";
   }
+  // A host may report an event without a name, but none without an identity or a time.
   for (const auto* key : {"event_id", "event_name", "event_time"}) {
-    if (stringAt(event, key).value_or("").empty()) return "\"" + std::string(key) + "\" is missing";
+    const auto text = stringAt(event, key);
+    if (!text || (text->empty() && key != std::string_view("event_name")))
+      return "\"" + std::string(key) + "\" is missing";
   }
   return std::nullopt;
 }

@@ -22,10 +22,14 @@ namespace orrelo {
 
 /// The kit, as a host calls it. There is no instance to make: every operation belongs to the class.
 ///
-/// Threads: any thread may call anything but the `show…` operations, which present from the caller's thread
-/// and so belong on the main thread. Nothing here waits for a file or for the network, except that
-/// `initialize` and `setUser` read and write small settings files. Call `initialize` once and
-/// early.
+/// Threads: any thread may call anything but the `get…ViewController` operations, which belong on the main
+/// thread. The `show…` operations show their screen on the main thread: at once when called there, else as
+/// soon as the main loop runs what was posted to it. Nothing here waits for a file or for the network, except
+/// that `initialize` and `setUser` read and write small settings files. Call `initialize` once and early.
+///
+/// These do nothing yet, but for their log line before `initialize`: `showHome`, `showNaverPayExchange`,
+/// `showInAppMessage`, `setDeviceToken`, `setPushToken`, `userNotificationCenter` and `application`, of which
+/// the last two do not call their completions.
 ///
 /// Errors: an event value of an unsupported type throws UnsupportedEventValueException; nothing else is ever
 /// raised. What goes wrong inside is told by ORLLogger alone.

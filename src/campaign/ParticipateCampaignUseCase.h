@@ -16,8 +16,9 @@ class ParticipageCampaignUseCase {
  public:
   virtual ~ParticipageCampaignUseCase() = default;
 
-  /// Calls the path that the campaign's page carries, as it stands, and gives the campaign with the page that
-  /// now applies. A cold stream of one element or an error. Any thread.
+  /// Calls the path that the campaign's page carries, and gives the campaign with the page that now applies.
+  /// A query in that path is deliberately dropped: a request's own query items, of which this one has none,
+  /// take its place. A cold stream of one element or an error. Any thread.
   virtual reactive::Observable<Campaign> participate(const Campaign& campaign, const std::string& url,
                                                      const std::string& userId) = 0;
 };

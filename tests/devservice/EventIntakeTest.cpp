@@ -46,6 +46,7 @@ TEST_F(EventIntakeTest, CountsDeliveriesOfTheSameEvent) {
   EXPECT_FALSE(events[1].userId);
   EXPECT_EQ(service->eventCount(), 2);
   EXPECT_EQ(service->deliveryCount(), 4);
+  EXPECT_EQ(post(onApp("/event"), event("E-3", ""))->status, 200) << "an event without a name";
 }
 
 TEST_F(EventIntakeTest, StoresABatchWholeOrNotAtAll) {
