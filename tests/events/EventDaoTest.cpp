@@ -1,7 +1,9 @@
 #include "core/base/preconditionFailure.h"
 #include "events/EventDao.h"
+#include "support/LogCapture.h"
 #include "support/TestPlatform.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
 namespace orrelo::test {
@@ -63,6 +65,30 @@ TEST_P(EventDaoTest, GivesBackWhatWasInsertedOldestFirst) {
   insert(earlier);
   EXPECT_THAT(stored(10), testing::ElementsAre(earlier, later));
   EXPECT_THAT(stored(1), testing::ElementsAre(earlier));
+}
+
+TEST_P(EventDaoTest, KeepsTheValuesAsPrettyJson) {
+  insert(event("e", {}));
+  std::vector<EventRow> rows;
+  database_->fetchOldest(1, [&](const auto& found) { rows = std::get<0>(found); });
+  platform_.loop->run();
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_EQ(rows[0].eventValues, std::string("{\n  \"a\" : \"\",\n  \"키\" : \"값\\n\\\"/\"\n}"));
+}
+
+TEST_P(EventDaoTest, ARefusedDeletionOfSeveralRowsEndsWithTheProtocolsText) {
+  insert(event("e", {}));
+  const LogCapture log;
+  SQLite::Database other(database_->location(), SQLite::OPEN_READWRITE);
+  other.exec("BEGIN IMMEDIATE");
+  for (const auto& deletion :
+       {dao_.removeUpTo(platform_.clock->now()), dao_.remove(std::vector<Event>{event("e", {})})}) {
+    const auto failed = result(deletion);
+    ASSERT_EQ(failed.index(), 2U);
+    EXPECT_EQ(std::get<2>(failed).description(),
+              "CoreDataError.invalidArgument(message: \"batch delete result does not have objectIds\")");
+  }
+  EXPECT_THAT(log.lines(), testing::Each(testing::HasSubstr("The event store deleted nothing: SQLite.busy")));
 }
 
 TEST_P(EventDaoTest, RemovesByIdInListsAndByAge) {
