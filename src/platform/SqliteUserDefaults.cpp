@@ -34,8 +34,8 @@ class SqliteUserDefaults final : public UserDefaults {
 
   std::string textOrInsert(std::string_view key, std::string candidate) override {
     if (auto known = text(key)) return *known;
-    change(key, {.value = std::move(candidate), .keepsStoredText = true});
-    return *text(key);
+    change(key, {.value = candidate, .keepsStoredText = true});
+    return text(key).value_or(candidate);
   }
 
   /// The values known so far stay, for as long as the file cannot be read.
@@ -65,11 +65,12 @@ class SqliteUserDefaults final : public UserDefaults {
       const std::lock_guard memory(memoryMutex_);
       // Another thread may have inserted its candidate meanwhile.
       if (change.keepsStoredText && isText(inMemory(key))) return;
-      pending_.insert_or_assign(name, std::move(change));
-      if (!pending_.at(name).value && !hasFile) {
+      if (!change.value && !hasFile) {
         pending_.erase(name);
+        values_.erase(name);
         return;
       }
+      pending_.insert_or_assign(name, std::move(change));
     }
     save();
   }
