@@ -36,7 +36,7 @@ std::vector<double> measureInitialize() {
   std::vector<double> times;
   std::vector<double> threads;
   std::vector<double> sizes;
-  for (int i = 0; i < 31; ++i) {
+  for (int i = 0; i < 11; ++i) {
     const auto sample = takeSample(command);
     times.push_back(sample.milliseconds);
     threads.push_back(sample.threads);

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cstdio>
+#include <fstream>
+#include <iostream>
 #include <map>
+#include <stdexcept>
+#include <string_view>
 
 namespace orrelo::bench {
 namespace {
@@ -16,24 +19,50 @@ std::map<std::string, std::vector<Target>>& targetsByRun() {
 // A line a target, in place of the library's table.
 class TargetReporter final : public benchmark::BenchmarkReporter {
  public:
+  /// With a file the figures go there, to be judged with those of other runs.
+  explicit TargetReporter(const std::string& file) : file_(file, std::ios::app), isAlone_(file.empty()) {
+    if (!isAlone_ && !file_) throw std::runtime_error(file + " cannot be written");
+    if (!isAlone_) SetErrorStream(&silence_);  // a filter may be meant for the other program alone
+  }
+
   bool ReportContext(const Context&) override { return true; }
 
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const auto& run : runs) {
       for (const auto& target : targetsByRun()[run.run_name.function_name]) {
-        const double figure = run.counters.at(target.name).value;
-        const bool isMet = target.isMinimum ? figure >= target.limit : figure <= target.limit;
-        allMet = allMet && isMet && !run.error_occurred;
-        std::printf("%-58s %9.2f %-6s target %s %7.2f  %s\n", target.name.c_str(), figure,
-                    target.unit.c_str(), target.isMinimum ? "at least" : "at most ", target.limit,
-                    isMet ? "met" : "MISSED");
-        std::fflush(stdout);
+        const double value = run.counters.at(target.name).value;
+        if (!isAlone_) {
+          writeRun(file_, target, value);
+          continue;
+        }
+        const auto figure = figureOf(target, {value});
+        allMet = allMet && figure.isMet();
+        std::cout << line(figure) << std::endl;
       }
     }
   }
 
   bool allMet = true;
+
+ private:
+  std::ofstream file_;
+  std::ostream silence_{nullptr};
+  bool isAlone_;
 };
+
+// Takes the argument that is not the library's.
+std::string takeFile(int& argumentCount, char** arguments) {
+  constexpr std::string_view name = "--figures=";
+  std::string file;
+  const auto isFile = [&](const char* argument) { return std::string_view(argument).starts_with(name); };
+  char** const end = arguments + argumentCount;
+  char** const found = std::find_if(arguments + 1, end, isFile);
+  if (found == end) return file;
+  file = *found + name.size();
+  std::copy(found + 1, end, found);
+  --argumentCount;
+  return file;
+}
 
 }  // namespace
 
@@ -43,14 +72,14 @@ void add(std::vector<Target> targets, std::function<std::vector<double>()> measu
   benchmark::RegisterBenchmark(run.c_str(), [targets, measure](benchmark::State& state) {
     for (auto iteration : state) {
       const auto figures = measure();
-      for (std::size_t i = 0; i < targets.size(); ++i) state.counters[targets[i].name] = figures[i];
+      for (std::size_t i = 0; i < targets.size(); ++i) state.counters[targets[i].name] = figures.at(i);
     }
   })->Iterations(1);
 }
 
 bool runAll(int argumentCount, char** arguments) {
+  TargetReporter reporter(takeFile(argumentCount, arguments));
   benchmark::Initialize(&argumentCount, arguments);
-  TargetReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   return reporter.allMet;
 }

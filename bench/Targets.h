@@ -1,25 +1,19 @@
 #pragma once
 
+#include "Figures.h"
+
 #include <chrono>
 #include <functional>
-#include <string>
 #include <vector>
 
 namespace orrelo::bench {
 
-/// What a measurement must reach.
-struct Target {
-  std::string name;
-  std::string unit;
-  double limit = 0.0;
-  /// Whether the figure must be at least the limit; at most, otherwise.
-  bool isMinimum = false;
-};
-
 /// Measures several figures at once: one for each target, in their order.
 void add(std::vector<Target> targets, std::function<std::vector<double>()> measure);
 
-/// Runs what was added, prints a line for each target, and says whether all were met.
+/// Runs once what was added. With `--figures=FILE` among the arguments it adds the figures to that file, for
+/// `orrelo-bench-figures`, and gives true; else it prints a line for each target, and says whether all were
+/// met.
 bool runAll(int argumentCount, char** arguments);
 
 /// The value below which a share of the samples lies; 0.5 is the median. Sorts them.

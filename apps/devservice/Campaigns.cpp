@@ -3,6 +3,7 @@
 #include "JsonText.h"
 
 #include <array>
+#include <chrono>
 #include <ctime>
 #include <nlohmann/json.hpp>
 
@@ -12,9 +13,9 @@ namespace {
 
 using nlohmann::json;
 
-/// So many days ago, by the clock and the time zone of this machine.
-std::string day(int ago = 0) {
-  const auto now = std::time(nullptr);
+/// So many days before the scenario's day, in the time zone of this machine.
+std::string day(const Scenario& scenario, int ago = 0) {
+  const auto now = std::chrono::system_clock::to_time_t(scenario.now());
   std::tm local{};
   localtime_r(&now, &local);
   local.tm_mday -= ago;
@@ -30,13 +31,13 @@ void replaceAll(std::string& text, std::string_view name, std::string_view value
   }
 }
 
-void fillIn(std::string& text, const std::string& serviceUrl) {
+void fillIn(std::string& text, const std::string& serviceUrl, const Scenario& scenario) {
   constexpr int longestMonth = 31;
   replaceAll(text, "{{service}}", serviceUrl);
-  replaceAll(text, "{{today}}", day());
-  replaceAll(text, "{{month}}", day().substr(0, 7));
+  replaceAll(text, "{{today}}", day(scenario));
+  replaceAll(text, "{{month}}", day(scenario).substr(0, 7));
   for (int ago = 1; ago <= longestMonth; ++ago) {
-    replaceAll(text, "{{today-" + std::to_string(ago) + "}}", day(ago));
+    replaceAll(text, "{{today-" + std::to_string(ago) + "}}", day(scenario, ago));
   }
 }
 
@@ -66,14 +67,14 @@ Reply Campaigns::participate(const Asker& asker, const std::string& id, const st
   const ParticipationBook::Key user{asker.appKey, asker.userId, id};
   const std::lock_guard lock(participating);
   if (stateOf(*file, user) != step->from) return jsonReply(200, render(*file, user)["page"]);
-  participations.add(user, {action, step->to, day()});
+  participations.add(user, {action, step->to, day(scenario)});
   return jsonReply(200, file->campaign(step->to, daysOf(user), step->reply)["page"]);
 }
 
 std::optional<CampaignFile> Campaigns::load(const Asker& asker, const std::string& id) const {
   auto text = scenario.campaign(asker.appKey, id);
   if (!text) return std::nullopt;
-  fillIn(*text, asker.serviceUrl);
+  fillIn(*text, asker.serviceUrl, scenario);
   return CampaignFile(id, *text);
 }
 
@@ -81,7 +82,7 @@ std::string Campaigns::stateOf(const CampaignFile& file, const ParticipationBook
   const auto last = participations.last(user);
   // The file may have been edited since.
   if (!last || !file.hasState(last->state)) return file.firstState();
-  return file.startsAnewDaily() && last->day != day() ? file.firstState() : last->state;
+  return file.startsAnewDaily() && last->day != day(scenario) ? file.firstState() : last->state;
 }
 
 CampaignFile::Days Campaigns::daysOf(const ParticipationBook::Key& user) const {

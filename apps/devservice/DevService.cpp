@@ -33,7 +33,7 @@ class DevService::Impl {
   explicit Impl(const Options& options)
       : directory(prepare(options.dataDirectory)),
         certificate(Certificate::loadOrCreate(directory)),
-        scenario(scenarioOr(options.scenarioDirectory)),
+        scenario(scenarioOr(options.scenarioDirectory), options.now),
         store(directory / "devservice.sqlite3"),
         participations(directory / "participations.sqlite3"),
         dispatcher(store, participations, scenario, requests, faults),

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ struct Options {
   std::filesystem::path scenarioDirectory = {};
   /// 0 takes a free port at the first start and keeps it for later ones.
   int port = 0;
+  /// The moment whose day the scenario plays, where it is to stand still; this machine's clock otherwise.
+  std::optional<std::chrono::system_clock::time_point> now = {};
 };
 
 /// The local campaign service: HTTPS on 127.0.0.1 with a certificate of its own.

@@ -25,7 +25,8 @@ bool isPlainName(const std::string& name) {
 
 }  // namespace
 
-Scenario::Scenario(std::filesystem::path directory) : root(std::move(directory)) {}
+Scenario::Scenario(std::filesystem::path directory, std::optional<Moment> now)
+    : root(std::move(directory)), fixedNow(now) {}
 
 std::optional<std::string> Scenario::config(const std::string& appKey) const {
   return read(appKey, "config.json");

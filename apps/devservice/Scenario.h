@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -11,8 +12,12 @@ namespace orrelo::devservice {
 /// an edit acts at once.
 class Scenario {
  public:
-  explicit Scenario(std::filesystem::path directory);
+  using Moment = std::chrono::system_clock::time_point;
 
+  /// Without `now` it is played by this machine's clock.
+  explicit Scenario(std::filesystem::path directory, std::optional<Moment> now = {});
+
+  Moment now() const { return fixedNow.value_or(std::chrono::system_clock::now()); }
   const std::filesystem::path& directory() const { return root; }
   /// The bytes of `apps/<appKey>/config.json`, else of `config.json`; absent if neither can be read.
   std::optional<std::string> config(const std::string& appKey) const;
@@ -32,6 +37,7 @@ class Scenario {
   std::optional<std::string> read(const std::string& appKey, const std::string& name) const;
 
   std::filesystem::path root;
+  std::optional<Moment> fixedNow;
 };
 
 }  // namespace orrelo::devservice

@@ -147,6 +147,7 @@ Window {
                 Text {
                     width: parent.width
                     wrapMode: Text.WrapAnywhere
+                    visible: showroom.serviceUrl !== ""
                     text: "캠페인 서비스: " + showroom.serviceUrl
                     font.pixelSize: 12
                     color: "#7b8794"

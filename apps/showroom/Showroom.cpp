@@ -1,9 +1,33 @@
 #include "Showroom.h"
 
+#include "platform/Clock.h"
+
 #include <orrelo/Orrelo.h>
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <utility>
+
 namespace orrelo::showroom {
+namespace {
+
+using Moment = std::chrono::system_clock::time_point;
+
+// Shows one moment for ever; what is to happen later happens none the less.
+class StoppedClock final : public Clock {
+ public:
+  StoppedClock(Moment now, std::shared_ptr<Clock> running)
+      : now_(std::chrono::floor<std::chrono::microseconds>(now.time_since_epoch())),
+        running_(std::move(running)) {}
+
+  Date now() const override { return now_; }
+  std::chrono::microseconds steady() const override { return running_->steady(); }
+
+ private:
+  const Date now_;
+  const std::shared_ptr<Clock> running_;
+};
+
+}  // namespace
 
 // Where the kit hands over to the host.
 class Showroom::Consent final : public ORLOptInMarketingCampaignDelegate {
@@ -15,14 +39,21 @@ class Showroom::Consent final : public ORLOptInMarketingCampaignDelegate {
   Showroom& showroom_;
 };
 
-Showroom::Showroom(const std::filesystem::path& folder)
-    : service_({.dataDirectory = folder / "service"}), consent_(std::make_shared<Consent>(*this)) {
+Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> now)
+    : service_({.dataDirectory = folder / "service", .now = now}),
+      consent_(std::make_shared<Consent>(*this)) {
   service_.start();
-  Platform::install(quick::platform({.bundleIdentifier = "com.example.orrelo-showroom",
-                                     .shortVersion = "1.0",
-                                     .bundleVersion = "1",
-                                     .dataDirectory = folder / "device",
-                                     .cacheDirectory = folder / "cache"}));
+  auto platform = quick::platform({.bundleIdentifier = "com.example.orrelo-showroom",
+                                   .shortVersion = "1.0",
+                                   .bundleVersion = "1",
+                                   .dataDirectory = folder / "device",
+                                   .cacheDirectory = folder / "cache"});
+  if (now) {
+    platform.clock = std::make_shared<StoppedClock>(*now, platform.clock);
+  } else {
+    serviceUrl_ = QString::fromStdString(service_.baseUrl());
+  }
+  Platform::install(std::move(platform));
   const auto suite = Platform::current().userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane");
   suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
   suite->set("ORRELO_DEVELOPMENT_URL", service_.baseUrl());

@@ -7,8 +7,10 @@
 #include <QObject>
 #include <QQuickWindow>
 #include <QString>
+#include <chrono>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace orrelo::showroom {
 
@@ -23,15 +25,18 @@ class Showroom final : public QObject {
   Q_PROPERTY(bool hasConsent READ hasConsent NOTIFY hasConsentChanged)
 
  public:
-  /// `folder` keeps what the kit and the service store. Starts both.
-  explicit Showroom(const std::filesystem::path& folder);
+  /// `folder` keeps what the kit and the service store. Starts both. With `now` both live at that moment, and
+  /// the page does not tell the service's address, so that it looks the same in every run.
+  explicit Showroom(const std::filesystem::path& folder,
+                    std::optional<std::chrono::system_clock::time_point> now = {});
 
   devservice::DevService& service() { return service_; }
   void setWindow(QQuickWindow* window) { window_ = window; }
 
   /// Empty where nobody is signed in.
   QString user() const { return user_; }
-  QString serviceUrl() const { return QString::fromStdString(service_.baseUrl()); }
+  /// Empty where the page does not tell it.
+  QString serviceUrl() const { return serviceUrl_; }
   int eventCount() const { return eventCount_; }
   bool hasConsent() const { return hasConsent_; }
 
@@ -57,6 +62,7 @@ class Showroom final : public QObject {
   void giveConsent();
 
   devservice::DevService service_;
+  QString serviceUrl_;
   QQuickWindow* window_ = nullptr;
   QString user_;
   int eventCount_ = 0;

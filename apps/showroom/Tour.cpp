@@ -4,11 +4,9 @@
 #include <QColor>
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QKeyEvent>
 #include <QLineF>
 #include <QMouseEvent>
-#include <QTimer>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
@@ -20,8 +18,8 @@ namespace {
 using devservice::Fault;
 
 constexpr int patience = 15'000;
-// Longer than any of the screens' movements.
-constexpr int stillness = 700;
+// In frames; longer than any of the screens' movements.
+constexpr int stillness = 44;
 
 const QString checkInButton = QStringLiteral("오늘 출석하기");
 const QString guide = QStringLiteral("출석체크 안내");
@@ -45,12 +43,6 @@ QQuickItem* findBelow(QQuickItem* item, const QString& name) {
     if (auto* const found = findBelow(*child, name)) return found;
   }
   return nameOf(item) == name ? item : nullptr;
-}
-
-void run(int milliseconds) {
-  QEventLoop loop;
-  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-  loop.exec();
 }
 
 }  // namespace
@@ -210,7 +202,7 @@ void Tour::await(const std::function<bool()>& holds, const QString& what) {
   timer.start();
   while (!holds()) {
     require(timer.elapsed() < patience, what);
-    run(20);
+    frames_.next();
   }
 }
 
@@ -225,9 +217,8 @@ QQuickItem* Tour::find(const QString& name) const {
 void Tour::send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons) {
   const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
   QMouseEvent event(type, point, point, window_.mapToGlobal(point), button, buttons, Qt::NoModifier);
-  static QElapsedTimer clock;
-  if (!clock.isValid()) clock.start();
-  event.setTimestamp(static_cast<quint64>(clock.elapsed()) + 1);  // a page tells a rub from a flick by it
+  constexpr quint64 milliseconds = 20;
+  event.setTimestamp(inputTime_ += milliseconds);  // a page tells a rub from a flick by it
   QCoreApplication::sendEvent(&window_, &event);
 }
 
@@ -266,7 +257,7 @@ void Tour::close() {
 }
 
 QImage Tour::picture(const QString& caption) {
-  run(stillness);
+  for (int frame = 0; frame < stillness; ++frame) frames_.next();
   return snapshot(caption);
 }
 

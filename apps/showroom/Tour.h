@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FrameClock.h"
 #include "Showroom.h"
 
 #include <QEvent>
@@ -8,15 +9,21 @@
 #include <QPointF>
 #include <QQuickItem>
 #include <QStringList>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 
 namespace orrelo::showroom {
 
 /// Plays what a user would do, with a line and a picture a step. Whatever a step must show is read from the
-/// screen itself, by the names that assistive technology reads, and from the picture.
+/// screen itself, by the names that assistive technology reads, and from the picture. Two tours of one build
+/// leave equal pictures: animations go by the frame, and the showroom must have been made for `moment`.
 class Tour {
  public:
+  /// Noon in Seoul.
+  static constexpr std::chrono::system_clock::time_point moment =
+      std::chrono::sys_days(std::chrono::May / 20 / 2026) + std::chrono::hours(3);
+
   /// Pictures and the page that shows them go to `folder`, which is made.
   Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folder);
 
@@ -67,6 +74,8 @@ class Tour {
   Showroom& showroom_;
   QQuickWindow& window_;
   const std::filesystem::path folder_;
+  FrameClock frames_;
+  quint64 inputTime_ = 0;
   QStringList captions_;
 };
 

@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <unistd.h>
 
 namespace {
@@ -55,7 +56,8 @@ int main(int argc, char** argv) {
   const auto folder =
       isTour ? temporary.path() : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
   try {
-    Showroom showroom(folder.toStdString());
+    const auto now = isTour ? std::optional(Tour::moment) : std::nullopt;
+    Showroom showroom(folder.toStdString(), now);
     QQmlApplicationEngine engine;
     engine.rootContext()->setContextProperty(QStringLiteral("showroom"), &showroom);
     engine.load(QUrl(QStringLiteral("qrc:/showroom/Main.qml")));

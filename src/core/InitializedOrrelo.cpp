@@ -53,19 +53,21 @@ void InitializedOrrelo::makeCurrent(std::shared_ptr<InitializedOrrelo> instance)
 
 void InitializedOrrelo::accept(std::string_view name, EventValues&& values) {
   const auto& platform = Platform::current();
-  auto userId = currentUserId();
+  const auto& userId = currentUserId();
   const auto now = platform.clock->now();
-  std::weak_ptr<InitializedOrrelo> idle;
   {
-    const std::lock_guard lock(slot().mutex);
-    auto& instance = *slot().instance;
-    instance.accepted_.push_back({std::move(userId), std::string(name), std::move(values), now});
+    auto& [mutex, current, isFilled] = slot();
+    const std::lock_guard lock(mutex);
+    auto& instance = *current;
+    instance.accepted_.emplace_back(userId, name, std::move(values), now);
     if (std::exchange(instance.isScheduled_, true)) return;
-    idle = instance.weak_from_this();
   }
-  platform.workers->post(QualityOfService::utility, [idle = std::move(idle)] {
-    if (const auto self = idle.lock()) self->storeAccepted();
-  });
+  platform.workers->post(QualityOfService::utility, &storeAcceptedByCurrent);
+}
+
+// An instance that was replaced meanwhile takes with it what it had accepted.
+void InitializedOrrelo::storeAcceptedByCurrent() {
+  current()->storeAccepted();
 }
 
 bool InitializedOrrelo::takeAccepted(std::vector<Accepted>& accepted) {

@@ -9,12 +9,13 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace orrelo {
 
 /// What `Orrelo::initialize` makes: the tree, and the road of the host's events from the call to their store.
-class InitializedOrrelo : public std::enable_shared_from_this<InitializedOrrelo> {
+class InitializedOrrelo {
  public:
   explicit InitializedOrrelo(std::unique_ptr<OrreloComponent> orreloComponent)
       : component(std::move(orreloComponent)) {}
@@ -37,12 +38,17 @@ class InitializedOrrelo : public std::enable_shared_from_this<InitializedOrrelo>
  private:
   /// What only the moment of the call knows, with values as the host gave them.
   struct Accepted {
+    Accepted(const std::optional<std::string>& ofUser, std::string_view named, EventValues&& with, Date at)
+        : userId(ofUser), name(named), values(std::move(with)), time(at) {}
+
     std::optional<std::string> userId;
     std::string name;
     EventValues values;
     Date time;
   };
 
+  /// A task without captures: what holds any has to be allocated by the caller.
+  static void storeAcceptedByCurrent();
   /// False when there were none: then nothing is scheduled any more.
   bool takeAccepted(std::vector<Accepted>& accepted);
   void storeAccepted();

@@ -3,6 +3,9 @@
 #include "platform/Files.h"
 
 #include <array>
+#include <functional>
+#include <mutex>
+#include <unordered_set>
 #include <utility>
 
 namespace orrelo {
@@ -27,6 +30,45 @@ Data readFile(const std::filesystem::path& file) {
 
 }  // namespace
 
+/// What is known of the folder since it was made, so that a question for a file that was never there costs no
+/// call of the system: a page asks for all its pictures at once, on the main thread. Two processes of one
+/// host may share the folder, and the other one may clear it at any time. Hence names here say only where a
+/// file may be, and the system is asked for those. A name too many costs that question, a missing one a
+/// download.
+class DiskCache::Folder {
+ public:
+  bool isMade() const {
+    const std::lock_guard lock(mutex_);
+    return !path_.empty();
+  }
+  void made(const std::filesystem::path& folder) {
+    const std::lock_guard lock(mutex_);
+    if (!path_.empty()) return;
+    path_ = folder.native();
+    for (const auto& name : Files::namesIn(folder)) names_.insert(std::hash<std::string>()(name));
+  }
+  /// Before the file is written.
+  void add(const WrappedKey& key) {
+    const std::lock_guard lock(mutex_);
+    names_.insert(key.hash());
+  }
+  /// Empty where there is surely none.
+  std::string possibleFile(const WrappedKey& key) const {
+    const std::lock_guard lock(mutex_);
+    return names_.contains(key.hash()) ? path_ + '/' + key.key() : std::string();
+  }
+  void forget() {
+    const std::lock_guard lock(mutex_);
+    path_.clear();
+    names_.clear();
+  }
+
+ private:
+  mutable std::mutex mutex_;
+  std::string path_;                       // empty until it was made, and after `forget`
+  std::unordered_set<std::size_t> names_;  // their hashes
+};
+
 Error makeError(ImagePipelineInputStreamError error, std::optional<std::string> message) {
   static constexpr std::array names{"uninitializedInputStream", "emptyFile"};
   return Error("ImagePipelineInputStreamError", names.at(static_cast<std::size_t>(error)),
@@ -36,12 +78,13 @@ Error makeError(ImagePipelineInputStreamError error, std::optional<std::string> 
 DiskCache::DiskCache(const std::string& name, const Platform& platform)
     : cacheName_("com.tamrenzo.OrreloSDK.DiskCache." + name),
       directories_(platform.directories),
-      diskQueue_(std::make_shared<SerialQueue>(platform.workers, QualityOfService::standard)) {}
+      diskQueue_(std::make_shared<SerialQueue>(platform.workers, QualityOfService::standard)),
+      folder_(std::make_shared<Folder>()) {}
 
 std::filesystem::path DiskCache::directory() const {
   auto folder = directories_->cache() / cacheName_;
   require(Files::makeFolder(folder));
-  made_->set(folder.native());
+  folder_->made(folder);
   return folder;
 }
 
@@ -60,9 +103,11 @@ void DiskCache::run(std::function<void(const DiskCache&)> work, Completion compl
 
 void DiskCache::insert(Data data, const WrappedKey& key, Completion completion) {
   run(
-      [data = std::move(data), name = key.key()](const DiskCache& self) {
+      [data = std::move(data), key](const DiskCache& self) {
         if (data->size() > maximumFileSize) throw makeError(FileError::write, "This is too large a file");
-        require(Files::write(self.directory() / name, *data));
+        const auto folder = self.directory();
+        self.folder_->add(key);
+        require(Files::write(folder / key.key(), *data));
       },
       std::move(completion));
 }
@@ -84,7 +129,7 @@ void DiskCache::clear(Completion completion) {
   run(
       [](const DiskCache& self) {
         const auto folder = self.directory();
-        self.made_->set("");
+        self.folder_->forget();
         require(Files::removeFolder(folder));
       },
       std::move(completion));
@@ -92,11 +137,9 @@ void DiskCache::clear(Completion completion) {
 
 Result<bool> DiskCache::contains(const WrappedKey& key) const {
   try {
-    // A page asks for all its pictures at once, on the main thread. Whoever takes away the folder that was
-    // made takes the files along.
-    auto folder = made_->value();
-    if (folder.empty()) folder = directory().native();
-    return Files::exists(folder + '/' + key.key());
+    if (!folder_->isMade()) directory();
+    const auto file = folder_->possibleFile(key);
+    return !file.empty() && Files::exists(file);
   } catch (const Error& error) {
     return error;
   }

@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 
 namespace orrelo {
@@ -42,26 +41,12 @@ class DiskCache {
   void clear(Completion completion = {});
   /// Does what the queue still has to do, here; waits at most `timeout` for what runs elsewhere by now.
   void finish(std::chrono::milliseconds timeout) { diskQueue_->finish(timeout); }
-  /// Whether there is a file now, whatever the queue still has to do.
+  /// Whether there is a file now, whatever the queue still has to do. A file that another process has written
+  /// since this one listed the folder does not count: it is fetched and written once more.
   Result<bool> contains(const WrappedKey& key) const;
 
  private:
-  /// The folder that was made, by its path; empty after a `clear`.
-  class Made {
-   public:
-    std::string value() const {
-      const std::lock_guard lock(mutex_);
-      return path_;
-    }
-    void set(const std::string& path) {
-      const std::lock_guard lock(mutex_);
-      path_ = path;
-    }
-
-   private:
-    mutable std::mutex mutex_;
-    std::string path_;
-  };
+  class Folder;
 
   /// Made where it is missing; throws what is in the way.
   std::filesystem::path directory() const;
@@ -70,7 +55,7 @@ class DiskCache {
   std::string cacheName_;
   std::shared_ptr<Directories> directories_;
   std::shared_ptr<SerialQueue> diskQueue_;
-  std::shared_ptr<Made> made_ = std::make_shared<Made>();
+  std::shared_ptr<Folder> folder_;
 };
 
 }  // namespace orrelo

@@ -103,4 +103,14 @@ bool Files::exists(const std::string& file) {
   return ::stat(file.c_str(), &status) == 0;
 }
 
+std::vector<std::string> Files::namesIn(const fs::path& folder) {
+  std::vector<std::string> names;
+  std::error_code failure;
+  for (fs::directory_iterator entry(folder, failure); !failure && entry != fs::directory_iterator();
+       entry.increment(failure)) {
+    names.push_back(entry->path().filename().native());
+  }
+  return names;
+}
+
 }  // namespace orrelo

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orrelo {
 
@@ -25,6 +26,8 @@ struct Files {
   /// Removes a folder with all that it holds. An error where there is none.
   static std::optional<Error> removeFolder(const std::filesystem::path& folder);
   static bool exists(const std::string& file);
+  /// What is in the folder; as much of it as can be read.
+  static std::vector<std::string> namesIn(const std::filesystem::path& folder);
 };
 
 }  // namespace orrelo

@@ -9,6 +9,8 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <pthread.h>
+#include <sched.h>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -23,6 +25,18 @@ struct Delayed {
   std::size_t queue;
   WorkerPool::Task task;
 };
+
+// A thread that has slept for long may take the processor from the one that wakes it, and run its task before
+// the host's call returns. A thread of this class waits for its turn instead. A machine that has no such
+// class goes on as it does.
+void waitForTurn(std::thread& thread) {
+#ifdef SCHED_BATCH
+  const sched_param noPriority{};
+  pthread_setschedparam(thread.native_handle(), SCHED_BATCH, &noPriority);
+#else
+  static_cast<void>(thread);
+#endif
+}
 
 struct Worker {
   std::thread thread;
@@ -74,6 +88,7 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
       auto& worker = workers[started];
       worker.thread =
           startKitThread("orrelo-worker", [self = shared_from_this(), &worker] { self->work(worker); });
+      waitForTurn(worker.thread);
       ++started;
     } catch (const std::system_error& error) {
       if (started == 0) {

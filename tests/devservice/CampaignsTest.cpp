@@ -63,6 +63,7 @@ class OwnCampaignsTest : public CampaignsTest {
  protected:
   void SetUp() override {
     scenario = folder.path;
+    now = std::chrono::sys_days(std::chrono::May / 1 / 2026) + std::chrono::hours(12);
     ServiceFixture::SetUp();
   }
   TemporaryDirectory folder;
@@ -71,12 +72,13 @@ class OwnCampaignsTest : public CampaignsTest {
 TEST_F(OwnCampaignsTest, EditsActAtOnceAndMistakesAreTold) {
   EXPECT_EQ(as("u", "/campaigns"), json::array());
   EXPECT_EQ(client->Get(onApp("/campaigns/1"))->status, 404);
-  folder.write("campaigns/2.json", R"({"campaign":{"id":"2","page":{"page_type":"x","when":"{{today}}"}}})");
+  folder.write("campaigns/2.json",
+               R"({"campaign":{"id":"2","page":{"page_type":"x","when":"{{today-1}} {{month}}"}}})");
   folder.write("campaigns/1.json", R"({"campaign":{"id":"1"}})");
   const auto list = as("u", "/campaigns");
   ASSERT_EQ(list.size(), 2u);
   EXPECT_EQ(list[0]["id"], "1");
-  EXPECT_EQ(list[1]["page"]["when"].get<std::string>().size(), 10u);
+  EXPECT_EQ(list[1]["page"]["when"], "2026-04-30 2026-05");
   folder.write("apps/app/campaigns/3.json", R"({"campaign":{"id":"3"}})");
   EXPECT_EQ(as("u", "/campaigns").size(), 1u);
   folder.write("apps/app/campaigns/3.json", "{");

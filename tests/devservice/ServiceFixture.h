@@ -9,6 +9,7 @@
 #include <httplib.h>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <stdlib.h>
 #include <string>
 
@@ -58,7 +59,7 @@ class ServiceFixture : public testing::Test {
 
   void startService() {
     service = std::make_unique<DevService>(
-        Options{.dataDirectory = data.path, .scenarioDirectory = scenario, .port = port});
+        Options{.dataDirectory = data.path, .scenarioDirectory = scenario, .port = port, .now = now});
     service->start();
     port = service->port();
     client = makeClient();
@@ -85,6 +86,7 @@ class ServiceFixture : public testing::Test {
 
   TemporaryDirectory data;
   std::filesystem::path scenario;
+  std::optional<std::chrono::system_clock::time_point> now;
   int port = 0;
   std::unique_ptr<DevService> service;
   std::unique_ptr<httplib::SSLClient> client;

@@ -75,6 +75,7 @@ TEST_F(CacheTest, IsServedByMemoryThenByDisk) {
   EXPECT_EQ(std::get<bool>(cache_->isCached("k")), true);
   EXPECT_EQ(read(*cache_, "k"), "disk v");
   EXPECT_EQ(read(*cache_, "k"), "memory v");
+  EXPECT_EQ(std::get<bool>(make()->isCached("k")), true) << "a file of a former run counts";
   EXPECT_EQ(read(*make(), "k"), "disk v");
   EXPECT_EQ(read(*make("B"), "k"), missing) << "another cache has another folder";
 }

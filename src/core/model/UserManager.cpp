@@ -29,7 +29,7 @@ CurrentUser& currentUser() {
 
 }  // namespace
 
-std::optional<std::string> currentUserId() {
+const std::optional<std::string>& currentUserId() {
   // Each event asks: every thread has a copy, and takes the lock only after a change.
   thread_local CurrentUserCopy copy;
   auto& user = currentUser();

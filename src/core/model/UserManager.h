@@ -8,7 +8,8 @@
 namespace orrelo {
 
 /// The user of the last `Orrelo::setUser` in this process; absent at first and after a sign-out. Any thread.
-std::optional<std::string> currentUserId();
+/// The text is the calling thread's, and stays as it is until that thread asks again.
+const std::optional<std::string>& currentUserId();
 void setCurrentUserId(std::optional<std::string> userId);
 
 /// Says each time who the user is now. It has no memory.

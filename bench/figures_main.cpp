@@ -1,0 +1,69 @@
+// Tells what runs of the two programs have measured: the median of each target and its spread.
+// Usage: orrelo-bench-figures RUNS [--save FILE] [--against FILE]
+#include "Figures.h"
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+using namespace orrelo::bench;
+
+std::ifstream opened(const std::string& file) {
+  std::ifstream stream(file);
+  if (!stream) throw std::runtime_error(file + " cannot be read");
+  return stream;
+}
+
+void save(const std::string& file, const std::vector<Figure>& figures) {
+  std::ofstream stream(file);
+  writeFigures(stream, figures);
+  if (!stream.flush()) throw std::runtime_error(file + " cannot be written");
+}
+
+void compare(const std::string& file, const std::vector<Figure>& figures) {
+  auto stream = opened(file);
+  const auto before = readFigures(stream);
+  std::cout << "\nbefore and now:\n";
+  for (const auto& figure : figures) {
+    const auto found = std::find_if(before.begin(), before.end(),
+                                    [&](const Figure& old) { return old.target.name == figure.target.name; });
+    std::cout << (found == before.end() ? line(figure) + "  NEW" : comparison(*found, figure)) << '\n';
+  }
+}
+
+int run(int count, char** words) {
+  if (count < 2 || count % 2 != 0)
+    throw std::runtime_error("orrelo-bench-figures RUNS [--save FILE] [--against FILE]");
+  auto runs = opened(words[1]);
+  const auto figures = readRuns(runs);
+  if (figures.empty()) throw std::runtime_error("nothing was measured");
+  for (const auto& figure : figures) std::cout << line(figure) << '\n';
+  for (int i = 2; i < count; i += 2) {
+    if (std::strcmp(words[i], "--save") == 0) {
+      save(words[i + 1], figures);
+    } else if (std::strcmp(words[i], "--against") == 0) {
+      compare(words[i + 1], figures);
+    } else {
+      throw std::runtime_error(std::string("what is ") + words[i] + "?");
+    }
+  }
+  return std::all_of(figures.begin(), figures.end(), [](const Figure& figure) { return figure.isMet(); }) ? 0
+                                                                                                          : 1;
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  try {
+    return run(count, words);
+  } catch (const std::exception& exception) {
+    std::cerr << "orrelo-bench-figures: " << exception.what() << '\n';
+    return 2;
+  }
+}
