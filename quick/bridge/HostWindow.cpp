@@ -42,12 +42,9 @@ HostWindow& HostWindow::of(QQuickWindow& window) {
 }
 
 HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {
+  // A window that is hidden is in the background: its screens stay as they are until it goes.
   connect(&window, &QWindow::visibleChanged, this, [this](bool isVisible) {
-    if (isVisible) {
-      appear();
-    } else {
-      disappear();
-    }
+    if (isVisible) appear();
   });
   connect(&window, &QWindow::activeChanged, this, [this, &window] {
     if (window.isActive()) setKeyWindowRootViewController(root());

@@ -53,7 +53,12 @@ TEST_F(GamesTest, TheWheelSpinsToItsSectorAndTheServiceIsTold) {
   const auto spinning = grab("roulette-spinning");
   EXPECT_GT(differing(idle, spinning), 1000) << "it turns";
   EXPECT_EQ(service_->timesAsked("/done"), 0);
+  window_->hide();
+  settle();
+  window_->show();
   EXPECT_TRUE(QTest::qWaitFor([&] { return service_->timesAsked("/done") == 1; }, 8000));
+  EXPECT_EQ(service_->timesAsked("/campaigns/c-1"), 1) << "a window that is shown again goes on";
+  EXPECT_EQ(service_->timesAsked("/spin"), 1);
   const auto done = grab("roulette-done");
   EXPECT_GT(differing(idle, done), 1000);
   EXPECT_EQ(service_->timesAsked("/done"), 1);
