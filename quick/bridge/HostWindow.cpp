@@ -1,11 +1,14 @@
 #include "quick/bridge/HostWindow.h"
 
+#include "core/base/Logger.h"
 #include "viewkit/base/KeyWindow.h"
 
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <QQuickWindow>
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace orrelo::quick {
@@ -18,6 +21,17 @@ std::vector<std::shared_ptr<ViewController>> chain(const std::shared_ptr<ViewCon
   return screens;
 }
 
+// What a host is to do where it has found no window.
+bool isThere(const QQuickWindow* window, std::string_view call) {
+  if (window != nullptr) return true;
+  log(LogLevel::ERROR, [call] {
+    return std::string(call) +
+           " was given no window, and nothing will be seen: call it after the QML file has loaded, with its "
+           "QQuickWindow.";
+  });
+  return false;
+}
+
 }  // namespace
 
 HostWindow& HostWindow::of(QQuickWindow& window) {
@@ -28,12 +42,9 @@ HostWindow& HostWindow::of(QQuickWindow& window) {
 }
 
 HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {
+  // A window that is hidden is in the background: its screens stay as they are until it goes.
   connect(&window, &QWindow::visibleChanged, this, [this](bool isVisible) {
-    if (isVisible) {
-      appear();
-    } else {
-      disappear();
-    }
+    if (isVisible) appear();
   });
   connect(&window, &QWindow::activeChanged, this, [this, &window] {
     if (window.isActive()) setKeyWindowRootViewController(root());
@@ -69,16 +80,17 @@ void HostWindow::disappear() {
 }
 
 std::shared_ptr<ViewController> hostViewController(QQuickWindow* window) {
+  if (!isThere(window, "hostViewController")) return std::make_shared<HostViewController>();
   return HostWindow::of(*window).screen();
 }
 
 bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
-  if (window == nullptr || !screen) return false;
+  if (!isThere(window, "present")) return false;
   return HostWindow::of(*window).root()->topmost()->present(screen, animated);
 }
 
 bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
-  if (window == nullptr || !screen) return false;
+  if (!isThere(window, "push") || !screen) return false;
   const auto& navigation = HostWindow::of(*window).navigation();
   if (navigation) navigation->pushViewController(screen, animated);
   return navigation != nullptr;

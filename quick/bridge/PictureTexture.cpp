@@ -1,6 +1,9 @@
 #include "quick/bridge/PictureTexture.h"
 
 #include <QImage>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
+#include <QSGRendererInterface>
 #include <map>
 #include <mutex>
 #include <tuple>
@@ -21,13 +24,32 @@ QImage toQt(const ImagePtr& image) {
           new ImagePtr(image)};
 }
 
-// Halves alone, so that a picture whose place grows and shrinks is not made anew with every frame.
-QSize halvedTo(QSize size, QSize pixels) {
-  while (size.width() / 2 >= pixels.width() && size.height() / 2 >= pixels.height()) size /= 2;
-  return size;
+// What the window's renderer can take. Direct3D 11 and Metal take all that a bitmap may be, as does the
+// software renderer, which has no textures; of Vulkan it is what every device has to take.
+int maximumTextureSide(const QQuickWindow& window) {
+  const auto api = window.rendererInterface()->graphicsApi();
+#if QT_CONFIG(opengl)
+  auto* const context = QOpenGLContext::currentContext();
+  if (api == QSGRendererInterface::OpenGL && context != nullptr) {
+    GLint side = 0;
+    context->functions()->glGetIntegerv(GL_MAX_TEXTURE_SIZE, &side);
+    if (side > 0) return side;
+  }
+#endif
+  constexpr int least = 4096;
+  return api == QSGRendererInterface::Vulkan ? least : Bitmap::maximumSide;
 }
 
 }  // namespace
+
+// Halves alone, so that a picture whose place grows and shrinks is not made anew with every frame.
+QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
+  auto size = picture;
+  while (size.width() / 2 >= pixels.width() && size.height() / 2 >= pixels.height()) size /= 2;
+  const QSize largest(maximumSide, maximumSide);
+  if (size.boundedTo(largest) != size) size.scale(largest, Qt::KeepAspectRatio);
+  return size.expandedTo({1, 1});
+}
 
 PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size) : image_(std::move(image)) {
   auto picture = toQt(image_);
@@ -42,7 +64,8 @@ std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, c
   using Key = std::tuple<const QQuickWindow*, const Image*, int, int>;
   static auto* const mutex = new std::mutex;  // each window may have a thread of its own
   static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
-  const auto size = halvedTo({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}));
+  const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
+                           maximumTextureSide(window));
   const std::lock_guard lock(*mutex);
   const Key key{&window, image.get(), size.width(), size.height()};
   if (const auto found = known->find(key); found != known->end()) {

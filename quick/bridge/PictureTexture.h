@@ -10,11 +10,14 @@
 namespace orrelo::quick {
 
 /// A picture as a window's renderer has it, one for all items that show it about as large: at most twice as
-/// wide or high as they are, so that a large picture in a small place takes little and is drawn well. On the
-/// thread that renders.
+/// wide or high as they are, so that a large picture in a small place takes little and is drawn well, and no
+/// larger than the renderer's textures may be. On the thread that renders.
 class PictureTexture {
  public:
   static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels);
+
+  /// What the texture of a picture of this size has where it is shown in so many pixels.
+  static QSize sizeOf(QSize picture, QSize pixels, int maximumSide);
 
   QSGTexture* texture() const { return texture_.get(); }
 

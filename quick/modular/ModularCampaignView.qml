@@ -12,15 +12,15 @@ PageScroll {
     sideMargin: 0
     showsIndicator: false
 
-    Rectangle {
+    StackView {
         width: parent.width
-        height: stack.height
+        model: view.model.stack
+    }
+    // Behind the whole page, also where the blocks end before the screen does.
+    Rectangle {
+        parent: view
+        z: -1
+        anchors.fill: parent
         color: view.model.backgroundColor
-
-        StackView {
-            id: stack
-            width: parent.width
-            model: view.model.stack
-        }
     }
 }

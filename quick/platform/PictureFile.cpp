@@ -116,7 +116,7 @@ struct Frame {
   /// The coefficients of a picture that comes in several scans are kept until the last one.
   bool fits(std::size_t componentsInScan) const {
     if (!isProgressive && componentsInScan == components) return true;
-    constexpr double limit = 2.0 * Bitmap::maximumSide * Bitmap::maximumSide * Bitmap::bytesPerPixel;
+    constexpr double limit = 2.0 * Bitmap::maximumSize;
     return (coefficientBytes + Bitmap::bytesPerPixel) * static_cast<double>(pixels) <= limit;
   }
 };

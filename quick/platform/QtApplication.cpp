@@ -8,9 +8,24 @@
 #include <utility>
 
 namespace orrelo::quick {
+namespace {
+
+bool canBeSeen(const QWindow* window) {
+  return window->isVisible() && (window->windowStates() & Qt::WindowMinimized) == 0;
+}
+
+bool isInForeground() {
+  const auto windows = QGuiApplication::topLevelWindows();
+  // Phones suspend an application whose window stays as it is.
+  const auto state = QGuiApplication::applicationState();
+  return std::any_of(windows.begin(), windows.end(), canBeSeen) && state != Qt::ApplicationSuspended &&
+         state != Qt::ApplicationHidden;
+}
+
+}  // namespace
 
 QtApplication::QtApplication(std::shared_ptr<PosixApplication> application, QObject* parent)
-    : QObject(parent), application_(std::move(application)) {
+    : QObject(parent), application_(std::move(application)), isInForeground_(isInForeground()) {
   followScreen();
   connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] { followScreen(); });
   qGuiApp->installEventFilter(this);
@@ -41,14 +56,7 @@ bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void QtApplication::update() {
-  const auto windows = QGuiApplication::topLevelWindows();
-  const bool isSeen = std::any_of(windows.begin(), windows.end(), [](const QWindow* window) {
-    return window->isVisible() && (window->windowStates() & Qt::WindowMinimized) == 0;
-  });
-  // Phones suspend an application whose window stays as it is.
-  const auto state = QGuiApplication::applicationState();
-  const bool isSuspended = state == Qt::ApplicationSuspended || state == Qt::ApplicationHidden;
-  const bool was = std::exchange(isInForeground_, isSeen && !isSuspended);
+  const bool was = std::exchange(isInForeground_, isInForeground());
   if (was == isInForeground_) return;
   application_->send(was ? Application::Signal::didEnterBackground
                          : Application::Signal::willEnterForeground);

@@ -21,7 +21,7 @@ class QtApplication final : public QObject {
 
   std::shared_ptr<PosixApplication> application_;
   QMetaObject::Connection scaleChange_;
-  bool isInForeground_ = false;
+  bool isInForeground_;
 };
 
 }  // namespace orrelo::quick

@@ -16,14 +16,13 @@ namespace orrelo::quick {
 namespace {
 
 constexpr auto bitmapFormat = QImage::Format_RGBA8888_Premultiplied;
-constexpr qint64 maximumBytes = qint64{Bitmap::maximumSide} * Bitmap::maximumSide * Bitmap::bytesPerPixel;
 
 // By the header alone. A reader may have more than 32 bits to a pixel.
 bool isAllowed(const QImageReader& reader) {
   const QSize size = reader.size();
   if (!Bitmap::isAllowed(size.width(), size.height())) return false;
   const auto bits = QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel();
-  return qint64{size.width()} * size.height() * bits / 8 <= maximumBytes;
+  return qint64{size.width()} * size.height() * bits / 8 <= qint64{Bitmap::maximumSize};
 }
 
 // Memory that goes back to the machine with the picture. Of what a heap once had for a large one, the C

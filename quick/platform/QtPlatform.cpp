@@ -1,3 +1,4 @@
+#include "core/base/preconditionFailure.h"
 #include "platform/KitThread.h"
 #include "quick/platform/MotionSetting.h"
 #include "quick/platform/QtApplication.h"
@@ -29,6 +30,9 @@ PosixApplication::UrlOpener urlOpener(std::vector<std::string> schemes) {
 }  // namespace
 
 Platform platform(const HostApplication& host) {
+  if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr) {
+    preconditionFailure("orrelo::quick::platform() comes before the QGuiApplication");
+  }
   auto platform = Platform::posix(host);
   platform.mainLoop = std::make_shared<QtMainLoop>();
   platform.imageCodec = std::make_shared<QtImageCodec>();

@@ -183,7 +183,8 @@ void CampaignViewController::showOnce(const CampaignPopUpDialog& dialog, const s
 }
 
 bool CampaignViewController::hasPlace() const {
-  return isVisible() || parent() || presentingViewController();
+  // A window's first screen that something covers has its place, too.
+  return isVisible() || parent() || presentingViewController() || presentedViewController();
 }
 
 void CampaignViewController::fail(const Error& error) {

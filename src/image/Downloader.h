@@ -7,6 +7,7 @@
 
 #include <orrelo/Platform.h>
 
+#include <atomic>
 #include <map>
 #include <mutex>
 #include <vector>
@@ -77,6 +78,7 @@ class Download {
   std::string key_;
   std::shared_ptr<URLSessionTask> task_;
   std::function<void()> onCancelled_;
+  std::atomic<bool> isStarting_ = true;
   /// The session's thread alone.
   std::string data_;
 
@@ -96,7 +98,7 @@ struct DownloadTask {
 };
 
 /// Fetches a URL once for all who ask while it is on its way; what arrives is converted once, and they share
-/// the value. Completions run on the main thread. Any thread.
+/// the value. Completions run on the main thread, after `fetch` has returned. Any thread.
 template <class T>
 class Downloader : public std::enable_shared_from_this<Downloader<T>> {
  public:
@@ -133,6 +135,7 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
     } catch (...) {
       complete(download, Error::fromCurrentException());
     }
+    download->isStarting_ = false;
     return task;
   }
 
@@ -181,12 +184,15 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
                         });
   }
 
-  /// The entry goes first, so that a completion which asks again starts afresh.
+  /// The entry goes first, so that a completion which asks again starts afresh. What ends while it is being
+  /// started completes later: whoever asks again at each failure would otherwise never return from `fetch`.
   void complete(const std::shared_ptr<Download<T>>& download, Result<T> result) {
-    onMain(*mainLoop_, [self = this->shared_from_this(), download, result = std::move(result)] {
+    auto task = [self = this->shared_from_this(), download, result = std::move(result)] {
       self->forget(download);
       download->complete(result);
-    });
+    };
+    if (download->isStarting_) return mainLoop_->post(std::move(task));
+    onMain(*mainLoop_, std::move(task));
   }
 
   /// Unless a later download has taken its place.

@@ -16,9 +16,11 @@ ImageTransformer transformerFor(const ImageTarget& view, const ImageLoadOptions&
 
 }  // namespace
 
-// A completion that hears of the end may begin another load, which ends here too.
+// Cancels once: a completion that loads again when it hears of the end would never let go. What it begins
+// goes on without the view.
 void ImageLoad::end(ImageTarget& view) {
-  while (const auto former = std::exchange(view.downloadTask_, std::nullopt)) former->cancel();
+  if (const auto former = std::exchange(view.downloadTask_, std::nullopt)) former->cancel();
+  view.downloadTask_.reset();
   view.currentUrl_.reset();
   view.isLoading_ = false;
   ++view.loadCount_;

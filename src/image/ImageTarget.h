@@ -35,7 +35,8 @@ struct ImageLoadOptions {
   ImagePtr placeholder = nullptr;
   ImageDisplayOptions displayOptions = {};
   ImageTransformer imageTransformer = nullptr;
-  /// On success and on failure, `canceled` included, whether or not the view still wants the image.
+  /// On success and on failure, `canceled` included, whether or not the view still wants the image. What it
+  /// loads into a view on `canceled` gives way to the load that has cancelled.
   ImagePipeline::Completion completion = {};
 };
 

@@ -240,6 +240,23 @@ TEST_F(CampaignScreenTest, ADialogThatCannotBeSeenCountsAsNotShown) {
   EXPECT_TRUE(open()->presentedViewController()) << "nobody has seen it yet";
 }
 
+TEST_F(CampaignScreenTest, AWindowsFirstScreenHasItsPlaceWhileItIsCovered) {
+  const auto screen =
+      std::dynamic_pointer_cast<CampaignViewController>(Orrelo::getCampaignViewController("c-1"));
+  screen->appear(false);
+  platform_.loop->run();
+  replies_["/attendance/c-1/check-in"] = std::nullopt;
+  press(*content<AttendanceCampaignView>(*screen));
+  const auto above = std::make_shared<ErrorViewController>("위");
+  screen->present(above, false);
+  ASSERT_FALSE(screen->isVisible());
+  platform_.session->answer(ScriptedURLSession::reply(
+      200, attendancePage("2023-11-14",
+                          R"("reward_message":{"title":"축하","body":"10P","button_text":"확인"},)")));
+  platform_.loop->run();
+  EXPECT_TRUE(std::dynamic_pointer_cast<CampaignRewardViewController>(above->presentedViewController()));
+}
+
 TEST_F(CampaignScreenTest, AKindThatItCannotShowGivesWayToTheNextCampaign) {
   replies_["/lookup"] = ScriptedURLSession::reply(200, R"({"resultCount":0,"results":[]})");
   replies_["/campaigns/c-1"] =

@@ -190,6 +190,7 @@ TEST_F(DownloaderTest, WhatCannotBeStartedFailsAndLeavesNothing) {
   for (const auto* const name : {"a", "again"}) {
     const auto task = fetch(name);
     EXPECT_EQ(task.cancelToken, 0) << "joins none of the former";
+    platform_.loop->run();
     EXPECT_THAT(heard_.back(), testing::StartsWith(std::string(name) + ": "));
     task.cancel();
   }

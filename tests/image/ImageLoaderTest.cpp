@@ -160,17 +160,31 @@ TEST_F(ImageLoaderTest, ASecondLoadEndsTheFirst) {
   EXPECT_EQ(view_->shown->bitmap.width, 3);
 }
 
-TEST_F(ImageLoaderTest, WhatTheEndOfALoadBeginsEndsWithIt) {
+TEST_F(ImageLoaderTest, ALoadThatIsBegunAtEachFailureHoldsUpNoOther) {
   auto options = ImageLoadOptions{};
-  options.completion = [&](const auto&) { load("https://a/again.png", view_, "again"); };
+  options.completion = [&](const Result<ImagePtr>& result) {
+    note("again")(result);
+    if (heard_.size() > 9) FAIL() << "without end";
+    if (result.index() != 0) ImageLoad::setImage(view_, Url::parse("https://a/1.png"), options);
+  };
   ImageLoad::setImage(view_, Url::parse("https://a/1.png"), options);
   load("https://a/2.png", view_, "second");
   EXPECT_THAT(heard_, ElementsAre("again: DownloaderError.canceled"));
-  EXPECT_EQ(platform_.session->cancelled, 2);
-  platform_.session->waiting.erase(platform_.session->waiting.begin(),
-                                   platform_.session->waiting.begin() + 2);
+  EXPECT_EQ(requested(), "https://a/1.png https://a/1.png https://a/2.png ");
+  platform_.session->waiting.pop_front();
+  reply(PlainImageCodec::file(1, 1));
+  EXPECT_EQ(heard_.back(), "again: ok");
+  EXPECT_EQ(view_->shown, nullptr) << "the view has left it";
   reply(PlainImageCodec::file(2, 2));
   EXPECT_EQ(view_->shown->bitmap.width, 2);
+
+  platform_.session->lay(ScriptedURLSession::failure(URLError::cannotFindHost));
+  memory().removeAll();
+  heard_.clear();
+  ImageLoad::setImage(view_, Url::parse("https://b/3.png"), options);
+  EXPECT_THAT(heard_, testing::IsEmpty()) << "not before the call returns";
+  platform_.loop->run();
+  EXPECT_THAT(heard_, ElementsAre("again: URLError.cannotFindHost", "again: ok"));
 }
 
 TEST_F(ImageLoaderTest, ALoadThatIsOverHoldsNothing) {

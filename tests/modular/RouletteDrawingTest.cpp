@@ -82,11 +82,13 @@ TEST(RouletteDrawingTest, SectorsGoRoundAndTheirTextsStandUprightUnderThePin) {
 
 TEST(RouletteDrawingTest, ALongBodyIsSmaller) {
   const auto texts =
-      drawingOf({{"", "아이스크림", primary}, {"", "아이스크림콘", white}, {"", "🎁🎁🎁🎁🎁", primary}})
+      drawingOf({{"", "아이스크림", primary},
+                 {"", "아이스크림콘", white},
+                 {"", "👨‍👩‍👧‍👦👩🏽‍🚀🇰🇷❤️e\u0301", primary}})
           .wheel.texts;
   EXPECT_EQ(texts[1].style, (TextStyle{16.0, TextStyle::Weight::semibold, {0.363, 0.369, 0.375, 1.0}}));
   EXPECT_EQ(texts[3].style.size, 11.0);
-  EXPECT_EQ(texts[5].style.size, 16.0);
+  EXPECT_EQ(texts[5].style.size, 16.0) << "five, as they are seen";
 }
 
 TEST(RouletteDrawingTest, AWheelThatIsNotEnabledLiesUnderAVeilThatSaysWhy) {

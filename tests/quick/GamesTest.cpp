@@ -1,5 +1,8 @@
 #include "QuickTest.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace orrelo::test {
 namespace {
 
@@ -18,13 +21,27 @@ std::string wheelPage(const std::string& progress) {
       "button_url":"/spin","button_color":"#5B50E8"}]}})";
 }
 
-std::string cardPage(const std::string& state) {
+std::string cardPage(const std::string& state, bool isScratchable = true) {
   return R"({"page_type":"box","page_id":"p","page_details_v2":{"page_config":{"layout":{
       "toolbar":{"text":"긁는 복권"},"component_order":["scratch_lottery"]}},"blank":[24],
     "scratch_lottery":[{"state":")" +
-         state +
-         R"(","scratchable":true,"result":"커피 쿠폰 당첨","mot_url":"/blocked","done_url":"/scratched",
+         state + R"(","scratchable":)" + (isScratchable ? "true" : "false") +
+         R"(,"result":"커피 쿠폰 당첨","mot_url":"/blocked","done_url":"/scratched",
       "primary_color":"#5B50E8","secondary_color":"#E5E3FF"}]}})";
+}
+
+constexpr int cardTop = 44 + 24;  // below the bar and the first blank
+
+// From corner to corner, in the window's points; the corners' heights are those on the card.
+std::vector<QPoint> stroke(const std::vector<QPoint>& corners) {
+  std::vector<QPoint> points{corners.front() + QPoint(0, cardTop)};
+  for (const auto& corner : corners) {
+    const auto from = points.back();
+    const auto to = corner + QPoint(0, cardTop);
+    const int steps = std::max(1, (to - from).manhattanLength() / 4);
+    for (int i = 1; i <= steps; ++i) points.push_back(from + (to - from) * i / steps);
+  }
+  return points;
 }
 
 class GamesTest : public QuickTest {
@@ -32,6 +49,34 @@ class GamesTest : public QuickTest {
   void openPage(const std::string& page) {
     service_->answers["/campaigns/c-1"] = {200, campaignReply(page)};
     showCampaign();
+  }
+  void openCard(const std::string& page) {
+    openPage(page);
+    ASSERT_TRUE(waitFor([&] { return names().contains(QStringLiteral("긁는 복권")); }));
+    settle();
+  }
+  // Through these points by a finger or the mouse; how far the page has scrolled before it ends.
+  double drag(const std::vector<QPoint>& points, bool byFinger) {
+    static auto* const screen = QTest::createTouchDevice();
+    if (byFinger) {
+      QTest::touchEvent(window_, screen).press(0, points.front(), window_);
+    } else {
+      QTest::mousePress(window_, Qt::LeftButton, {}, points.front());
+    }
+    for (const auto& point : points) {
+      if (byFinger) {
+        QTest::touchEvent(window_, screen).move(0, point, window_);
+      } else {
+        QTest::mouseMove(window_, point);
+      }
+    }
+    const double scrolled = drawnBy("ModularCampaignView").at(0)->property("contentY").toDouble();
+    if (byFinger) {
+      QTest::touchEvent(window_, screen).release(0, points.back(), window_);
+    } else {
+      QTest::mouseRelease(window_, Qt::LeftButton, {}, points.back());
+    }
+    return scrolled;
   }
   static int differing(const QImage& one, const QImage& other) {
     int count = 0;
@@ -53,7 +98,12 @@ TEST_F(GamesTest, TheWheelSpinsToItsSectorAndTheServiceIsTold) {
   const auto spinning = grab("roulette-spinning");
   EXPECT_GT(differing(idle, spinning), 1000) << "it turns";
   EXPECT_EQ(service_->timesAsked("/done"), 0);
+  window_->hide();
+  settle();
+  window_->show();
   EXPECT_TRUE(QTest::qWaitFor([&] { return service_->timesAsked("/done") == 1; }, 8000));
+  EXPECT_EQ(service_->timesAsked("/campaigns/c-1"), 1) << "a window that is shown again goes on";
+  EXPECT_EQ(service_->timesAsked("/spin"), 1);
   const auto done = grab("roulette-done");
   EXPECT_GT(differing(idle, done), 1000);
   EXPECT_EQ(service_->timesAsked("/done"), 1);
@@ -63,35 +113,50 @@ TEST_F(GamesTest, TheWheelSpinsToItsSectorAndTheServiceIsTold) {
   grab("roulette-320");
 }
 
-TEST_F(GamesTest, ACardIsRubbedFreeAndTheServiceIsToldOnce) {
+TEST_F(GamesTest, ACardIsRubbedFreeByStrokesThatDriftAndTheServiceIsToldOnce) {
   service_->answers["/scratched"] = {200, cardPage("done")};
-  openPage(cardPage("idle"));
-  ASSERT_TRUE(
-      waitFor([&] { return window_->contentItem() && names().contains(QStringLiteral("긁는 복권")); }));
-  settle();
-  const auto whole = grab("scratch-whole");
-  const int top = 44 + 24;  // below the bar and the first blank
-  const auto rub = [&](int y, int end) {
-    QTest::mousePress(window_, Qt::LeftButton, {}, {30, y});
-    for (int x = 34; x <= end; x += 4) QTest::mouseMove(window_, {x, y});
-    QTest::mouseRelease(window_, Qt::LeftButton, {}, {end, y});
-  };
-  rub(top + 40, 130);
-  const auto begun = grab("scratch-begun");
-  EXPECT_GT(differing(whole, begun), 2000) << "some of the mask is gone";
-  EXPECT_EQ(service_->timesAsked("/scratched"), 0);
-  rub(top + 20, 360);
-  EXPECT_TRUE(waitFor([&] { return service_->timesAsked("/scratched") >= 1; }));
-  settle();
-  grab("scratch-done");
-  EXPECT_EQ(service_->timesAsked("/scratched"), 1);
+  for (const bool byFinger : {false, true}) {
+    SCOPED_TRACE(byFinger ? "finger" : "mouse");
+    open({390, 844});
+    openCard(cardPage("idle"));
+    const auto before = service_->timesAsked("/scratched");
+    const auto whole = grab("scratch-whole");
+    const QRect end(120, cardTop + 60, 15, 15);
+    EXPECT_EQ(drag(stroke({{30, 10}, {40, 60}, {130, 70}}), byFinger), 0.0) << "drifts down";
+    const auto begun = grab("scratch-begun");
+    EXPECT_GT(differing(whole, begun), 2000) << "some of the mask is gone";
+    EXPECT_EQ(differing(whole.copy(end), begun.copy(end)), 15 * 15) << "up to the end of the stroke";
+    EXPECT_EQ(service_->timesAsked("/scratched"), before);
+    // To and fro, beyond the card and back.
+    EXPECT_EQ(drag(stroke({{140, 70}, {170, 10}, {200, 70}, {230, 10}, {260, 200}, {300, 10}, {350, 60}}),
+                   byFinger),
+              0.0);
+    EXPECT_TRUE(waitFor([&] { return service_->timesAsked("/scratched") > before; }));
+    settle();
+    grab("scratch-done");
+    EXPECT_EQ(service_->timesAsked("/scratched"), before + 1);
+  }
+}
+
+TEST_F(GamesTest, FromACardThatIsNotRubbedThePageScrolls) {
+  for (const bool byFinger : {false, true}) {
+    for (const auto& page : {cardPage("done"), cardPage("idle", false), cardPage("done", false)}) {
+      SCOPED_TRACE(page);
+      open({390, 844});
+      openCard(page);
+      EXPECT_NE(drag(stroke({{195, 10}, {195, 110}}), byFinger), 0.0);
+    }
+  }
+  open({390, 844});
+  openCard(cardPage("idle", false));
+  const auto before = service_->timesAsked("/blocked");
+  EXPECT_EQ(drag(stroke({{100, 40}, {200, 45}}), true), 0.0);
+  EXPECT_TRUE(waitFor([&] { return service_->timesAsked("/blocked") > before + 1; }));
 }
 
 TEST_F(GamesTest, ACardOpensByTheKeyboard) {
   service_->answers["/scratched"] = {200, cardPage("done")};
-  openPage(cardPage("idle"));
-  ASSERT_TRUE(waitFor([&] { return names().contains(QStringLiteral("긁는 복권")); }));
-  settle();
+  openCard(cardPage("idle"));
   press(Qt::Key_Tab);
   press(Qt::Key_Tab);
   grab("scratch-focus");

@@ -3,6 +3,8 @@
 #include "viewkit/ErrorViewController.h"
 #include "viewkit/base/NavigationController.h"
 
+#include <orrelo/ORLLogger.h>
+
 #include <thread>
 #include <vector>
 
@@ -150,25 +152,61 @@ TEST_F(HostTest, ScreensAppearAndDisappearWithTheWindow) {
   host()->present(above, false);
   EXPECT_FALSE(host()->isVisible());
   window_->hide();
-  EXPECT_EQ(above->disappeared, 1);
   window_->show();
-  EXPECT_EQ(above->appeared, 2);
+  EXPECT_EQ(above->appeared, 1) << "that was the background and back";
+  EXPECT_EQ(above->disappeared, 0);
   EXPECT_FALSE(host()->isVisible()) << "it is covered";
+  window_->hide();
   above->dismiss(false);
   EXPECT_TRUE(host()->isVisible());
+  QQuickWindow unseen;
+  EXPECT_FALSE(quick::hostViewController(&unseen)->isVisible());
+  unseen.show();
+  EXPECT_TRUE(quick::hostViewController(&unseen)->isVisible());
+  engine_.reset();
+  EXPECT_EQ(above->disappeared, 1);
+}
+
+TEST_F(HostTest, WithoutAWindowAScreenIsShownNowhereAndTheLogSaysWhy) {
+  ORLLogger::enable();  // for good
+  testing::internal::CaptureStdout();
+  const auto nowhere = quick::hostViewController(nullptr);
+  EXPECT_THAT(testing::internal::GetCapturedStdout(),
+              testing::AllOf(testing::HasSubstr("[ERROR]"),
+                             testing::HasSubstr("hostViewController was given no window")));
+  const auto lost = std::make_shared<CountingScreen>();
+  nowhere->present(lost, true);
+  EXPECT_EQ(lost->appeared, 0);
+  testing::internal::CaptureStdout();
+  EXPECT_FALSE(quick::present(nullptr, lost));
+  EXPECT_FALSE(quick::push(nullptr, lost));
+  EXPECT_THAT(testing::internal::GetCapturedStdout(),
+              testing::AllOf(testing::HasSubstr("present was given"), testing::HasSubstr("push was given")));
 }
 
 TEST_F(HostTest, TheApplicationIsInTheBackgroundWhileNoWindowCanBeSeen) {
-  int times = 0;
-  const auto registration = Platform::current().application->observe(Application::Signal::didEnterBackground,
-                                                                     [&times] { ++times; });
+  std::vector<std::string> heard;
+  std::vector<Application::Registration> registrations;
+  const auto observe = [&](const std::string& name, Application& application) {
+    for (const auto signal :
+         {Application::Signal::didEnterBackground, Application::Signal::willEnterForeground}) {
+      const auto* const what = signal == Application::Signal::didEnterBackground ? " leaves" : " comes";
+      registrations.push_back(
+          application.observe(signal, [&heard, line = name + what] { heard.push_back(line); }));
+    }
+  };
   QTest::qWait(50);
+  observe("early", *Platform::current().application);
+  const auto late = quick::platform({.dataDirectory = folder_.path(), .cacheDirectory = folder_.path()});
+  observe("late", *late.application);  // installed after the window has come up
   window_->showMinimized();
-  EXPECT_TRUE(waitFor([&] { return times == 1; }));
+  EXPECT_TRUE(waitFor([&] { return heard.size() == 2; }));
   window_->showNormal();
-  QTest::qWait(50);
+  EXPECT_TRUE(waitFor([&] { return heard.size() == 4; }));
   window_->hide();
-  EXPECT_TRUE(waitFor([&] { return times == 2; }));
+  EXPECT_TRUE(waitFor([&] { return heard.size() == 6; }));
+  EXPECT_THAT(heard, testing::UnorderedElementsAre("early leaves", "late leaves", "early comes", "late comes",
+                                                   "early leaves", "late leaves"));
 }
 
 TEST_F(HostTest, EachWindowHasOneHostOfItsOwn) {

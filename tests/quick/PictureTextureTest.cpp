@@ -29,6 +29,15 @@ TEST_F(PictureTextureTest, IsOneForAllWhoShowThePictureAsLarge) {
   EXPECT_EQ(of(image(1, 1), {0, 0})->texture()->textureSize(), QSize(1, 1));
 }
 
+TEST_F(PictureTextureTest, IsNoLargerThanTheRendererTakes) {
+  const QSize tall(1000, 16'384);
+  EXPECT_EQ(PictureTexture::sizeOf(tall, {780, 12'780}, 16'384), tall);
+  EXPECT_EQ(PictureTexture::sizeOf(tall, {780, 12'780}, 8192), QSize(500, 8192));
+  EXPECT_EQ(PictureTexture::sizeOf(tall, {390, 6390}, 8192), QSize(500, 8192)) << "by its place";
+  EXPECT_EQ(PictureTexture::sizeOf({16'384, 1}, {390, 1}, 4096), QSize(4096, 1));
+  EXPECT_EQ(of(image(16'384, 4), {16'384, 4})->texture()->textureSize(), QSize(16'384, 4));
+}
+
 TEST_F(PictureTextureTest, GoesWithTheLastOfThem) {
   auto picture = image(100, 100);
   const std::weak_ptr<const Image> watched = picture;

@@ -239,25 +239,28 @@ TEST_F(QtImageCodecTest, WhatBearsAnothersMarkIsNoPicture) {
 
 TEST_F(QtImageCodecTest, WhatIsTooLargeIsRefusedByItsHeader) {
   const auto wide = file(QImage(20'000, 10, QImage::Format_Grayscale8), "png");
-  const auto webp = file(QImage(10, 5'000, QImage::Format_RGB32), "webp");
   const auto jpeg = file(QImage(20'000, 10, QImage::Format_Grayscale8), "jpeg");
   const auto small = file(picture(), "png");
   const Peak peak;
   for (const auto& bytes :
-       {wide, webp, jpeg, claiming(small, 20'000, 20'000), claiming(small, 0x7FFFFFFF, 0x7FFFFFFF),
-        claiming(small, 4097, 1), claiming(small, 4096, 4096, 16), movingWebp(5700)}) {
+       {wide, jpeg, claiming(small, 20'000, 20'000), claiming(small, 0x7FFFFFFF, 0x7FFFFFFF),
+        claiming(small, 16'385, 1), claiming(small, 4096, 4097), claiming(small, 16'384, 1025),
+        claiming(small, 4096, 4096, 16), claiming(small, 16'384, 1024, 16), webp(losslessWebp(4097)),
+        movingWebp(5700)}) {
     EXPECT_FALSE(codec_.decode(bytes));
   }
   EXPECT_LE(peak.growth(), 8);
 }
 
 TEST_F(QtImageCodecTest, TheLargestTakesNoMoreThanIsStated) {
-  QImage largest(4096, 4096, QImage::Format_Grayscale8);
-  largest.fill(7);
-  const auto png = file(largest, "png");
-  largest = {};
-  for (const auto& bytes : {png, progressiveJpeg(4096, 1, {0x11}),
-                            progressiveJpeg(4096, 1, {0x22, 0x11, 0x11}), webp(losslessWebp(4096))}) {
+  const auto plain = [](int width, int height, const char* format) {
+    QImage largest(width, height, QImage::Format_Grayscale8);
+    largest.fill(7);
+    return file(largest, format);
+  };
+  for (const auto& bytes : {plain(4096, 4096, "png"), plain(1024, 16'384, "png"), plain(16'384, 1024, "jpeg"),
+                            progressiveJpeg(4096, 1, {0x11}), progressiveJpeg(4096, 1, {0x22, 0x11, 0x11}),
+                            webp(losslessWebp(4096))}) {
     const Peak peak;
     const auto bitmap = codec_.decode(bytes);
     ASSERT_TRUE(bitmap);

@@ -27,6 +27,11 @@ TEST_F(WebTest, APageIsPaintedInItsPlaceAlthoughAPictureOfItNeverComes) {
   const auto* const named = this->named(QStringLiteral("안내"));
   ASSERT_NE(named, nullptr) << "by its title";
   EXPECT_EQ(sceneRect(named), QRectF(0, 44 + 24, 390, 240));
+  window_->hide();
+  settle();
+  window_->show();
+  EXPECT_TRUE(waitForGreen());
+  EXPECT_EQ(pages_.requestCount("/pages/page.html"), 1) << "a window that is shown again goes on";
 }
 
 TEST_F(WebTest, AllOfAProcessShareOneStoreInTheKitsFolders) {

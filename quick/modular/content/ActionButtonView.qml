@@ -10,6 +10,8 @@ Column {
     leftPadding: model.margin
     rightPadding: model.margin
     spacing: model.spacing
+    // The status has its place, of no height, also where it is empty.
+    bottomPadding: status.visible ? 0 : spacing
 
     ActionButton {
         width: view.width - 2 * view.model.margin
@@ -21,6 +23,7 @@ Column {
         onPressed: view.model.onClick()
     }
     KitText {
+        id: status
         width: view.width - 2 * view.model.margin
         horizontalAlignment: Text.AlignHCenter
         size: 12

@@ -1,12 +1,14 @@
 import QtQuick
 import Orrelo
 
-/// A text with a small picture, and another text at the other side, or below where both do not fit in a row.
+/// A text with a picture, and another text at the other side, or below where both do not fit in a row.
 Rectangle {
     id: box
 
     required property InformationBoxBridge model
     readonly property real room: width - 2 * model.margin
+    /// Beside the picture.
+    readonly property real textRoom: room - model.leftSpacing - picture.width
     readonly property bool isStacked: leftText.implicitWidth + model.leftSpacing + picture.width + 12
                                       + right.implicitWidth > room
 
@@ -17,24 +19,25 @@ Rectangle {
     Accessible.role: Accessible.StaticText
     Accessible.name: [model.leftText, model.rightText].filter(text => text.length > 0).join(", ")
 
-    Row {
+    Grid {
         id: left
         x: box.model.margin
         y: Math.floor((box.height - height - (box.isStacked ? 4 + right.height : 0)) / 2)
         spacing: box.model.leftSpacing
+        // A text of several lines is half as wide as the box at least, or stands above the picture.
+        columns: box.textRoom < Math.min(leftText.implicitWidth, box.room / 2) ? 1 : 2
+        verticalItemAlignment: Grid.AlignVCenter
 
         KitText {
             id: leftText
-            anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, Math.max(0, box.room - box.model.leftSpacing - picture.width))
+            width: Math.min(implicitWidth, left.columns === 1 ? box.room : box.textRoom)
             size: 14
             text: box.model.leftText
             Accessible.ignored: true
         }
         KitImage {
             id: picture
-            anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(box.model.imageWidth, (box.width - 2 * box.model.margin) * 0.4)
+            width: Math.min(box.model.imageWidth, box.room)
             height: box.model.imageHeight
             model: box.model.image
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <orrelo/Date.h>
+#include <orrelo/Export.h>
 
 #include <concepts>
 #include <functional>
@@ -12,8 +13,8 @@ namespace orrelo {
 
 enum class LogLevel { TRACE, DEBUG, INFO, NOTICE, WARNING, ERROR, CRITICAL };
 
-bool isLogEnabled();
-void writeLogLine(LogLevel level, std::string_view message);
+ORRELO_EXPORT bool isLogEnabled();
+ORRELO_EXPORT void writeLogLine(LogLevel level, std::string_view message);
 
 /// Logs one line. `message` is a text, or a callable that makes one: it is not called while the log is
 /// silent.

@@ -15,4 +15,8 @@ std::string repaired(std::string_view text);
 /// The number of code points of a valid text.
 std::size_t length(std::string_view text);
 
+/// The number of characters that a reader sees in a valid text: the extended grapheme clusters of Unicode
+/// Standard Annex 29, by Unicode 14. A joined emoji, a flag and a syllable in its parts are one each.
+std::size_t graphemeCount(std::string_view text);
+
 }  // namespace orrelo::utf8

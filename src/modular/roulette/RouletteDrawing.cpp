@@ -65,7 +65,7 @@ class WheelPainter {
       color.alpha = 0.3;
       wheel.sectors.push_back({center_, radius_, startAngle, endAngle, color});
       const double middle = startAngle + sectorSize_ * 0.5;
-      const auto bodySize = utf8::length(item.body) > 5 ? 11.0 : 16.0;
+      const auto bodySize = utf8::graphemeCount(item.body) > 5 ? 11.0 : 16.0;
       wheel.texts.push_back(text(item.title, middle, 0.95, {.size = 14.0, .color = textColor}));
       wheel.texts.push_back(
           text(item.body, middle, 0.65, {bodySize, TextStyle::Weight::semibold, textColor}));

@@ -56,9 +56,11 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
   /// Whether pressing it does something.
   bool isPressable() const { return isBlocked() || scratchMaskView->state.value().isUserInteractionEnabled; }
 
-  /// Whether a touch that began here stays here, where the page around it could scroll: a blocked card takes
-  /// it.
-  bool keepsTouches() const { return isBlocked() || scratchMaskView->isInterceptTouchesInScrollView; }
+  /// Whether a touch that began here stays here, where the page around it could scroll: a finger that rubs
+  /// drifts, and its stroke goes on. From a blocked card the page scrolls, after whatever pan was reported.
+  bool keepsTouches() const {
+    return (content.isScratchable && !content.isDone) || scratchMaskView->isInterceptTouchesInScrollView;
+  }
 
   // What the front reports, in points from the view's top left.
   void touchesBegan(Point point);

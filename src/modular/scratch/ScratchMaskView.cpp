@@ -1,7 +1,6 @@
 #include "modular/scratch/ScratchMaskView.h"
 
 #include "platform/Application.h"
-#include "platform/Bitmap.h"
 #include "platform/WorkerPool.h"
 
 #include <orrelo/Platform.h>
@@ -12,9 +11,8 @@
 
 namespace orrelo {
 
-// A view that is too large for a bitmap has a coarser one.
 double ScratchMaskView::scale() const {
-  const double sharpest = Bitmap::maximumSide / std::max(size().width, size().height);
+  const double sharpest = maximumSide / std::max(size().width, size().height);
   return std::min(std::clamp(Platform::current().application->screenScale(), 1.0, maximumScale), sharpest);
 }
 

@@ -33,6 +33,8 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
   static constexpr double lineWidth = 35.0;
   /// Pixels to a point; a sharper screen shows no more of it.
   static constexpr double maximumScale = 3.0;
+  /// In pixels; a view for which that is too few has a coarser mask.
+  static constexpr double maximumSide = 4096.0;
 
   std::string_view kind() const override { return "ScratchMaskView"; }
 
@@ -49,7 +51,7 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
   /// Counts, on a worker, how much is gone by now, and tells the delegate.
   void measure();
 
-  /// The page does not scroll under a rub. Nothing in the kit sets it.
+  /// The page does not scroll under a touch on a blocked card either. Nothing in the kit sets it.
   bool isInterceptTouchesInScrollView = false;
   /// The area of all lines so far, in square points, overlaps counted again. It decides nothing.
   double scratched = 0.0;

@@ -31,12 +31,15 @@ class QQuickWindow;
 /// which they are pushed, each under a bar with its title and the way back.
 namespace orrelo::quick {
 
-/// The POSIX machine with Qt's event loop as main loop. Needs a QGuiApplication, which outlives every use of
-/// the kit: with it the kit's threads end, for the rest of the process.
+/// The POSIX machine with Qt's event loop as main loop. Needs a QGuiApplication, without which it stops the
+/// process (docs/stops.md), and which outlives every use of the kit: with it the kit's threads end, for the
+/// rest of the process.
 ORRELO_EXPORT Platform platform(const HostApplication& host = {});
 
 /// What stands for the host's own content in a window: screens are shown from it. One for each window,
-/// which owns it; it is on the screen while the window is shown. Never null.
+/// which owns it; it is on the screen from when the window is first shown. A window that is hidden is in the
+/// background, and its screens do not appear anew when it is shown again. Never null: without a window it is
+/// a screen from which nothing can be seen, and an error in the kit's log.
 ORRELO_EXPORT std::shared_ptr<ViewController> hostViewController(QQuickWindow* window);
 
 /// Shows a screen that the kit has made, as by `Orrelo::getCampaignViewController`, over all that the window
@@ -44,7 +47,8 @@ ORRELO_EXPORT std::shared_ptr<ViewController> hostViewController(QQuickWindow* w
 ORRELO_EXPORT bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen,
                            bool animated = true);
 
-/// Pushes it onto the window's stack. False where the window's OrreloHost does not push screens.
+/// Pushes it onto the window's stack. False where there is no window, with a log line, and where the window's
+/// OrreloHost does not push screens.
 ORRELO_EXPORT bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen,
                         bool animated = true);
 
