@@ -4,7 +4,6 @@
 #include "Targets.h"
 #include "core/base/JsonWriter.h"
 #include "events/BIEventRepository.h"
-#include "platform/Clock.h"
 #include "platform/Random.h"
 #include "platform/URLSession.h"
 #include "support/ObservedDatabase.h"
@@ -12,6 +11,7 @@
 #include "support/Twins.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <curl/curl.h>
 #include <future>

@@ -3,12 +3,12 @@
 #include "Targets.h"
 #include "events/EventRepository.h"
 #include "network/RFC3339DateParser.h"
-#include "platform/Clock.h"
 #include "platform/Random.h"
 #include "support/ObservedDatabase.h"
 #include "support/TemporaryFolder.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <condition_variable>

@@ -1,8 +1,7 @@
 #include "Showroom.h"
 
-#include "platform/Clock.h"
-
 #include <orrelo/Orrelo.h>
+#include <orrelo/platform/Clock.h>
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <utility>

@@ -1,8 +1,7 @@
 #include "core/ConfigComponent.h"
 
-#include "platform/Clock.h"
-
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <utility>
 

@@ -1,10 +1,10 @@
 #include "core/EventComponent.h"
 
 #include "core/base/Logger.h"
-#include "platform/Clock.h"
 #include "platform/EventDatabase.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 namespace orrelo {
 namespace {

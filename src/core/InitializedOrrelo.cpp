@@ -2,13 +2,13 @@
 
 #include "core/base/Utf8.h"
 #include "core/model/UserManager.h"
-#include "platform/Clock.h"
 #include "platform/KitThread.h"
 #include "platform/Random.h"
 #include "platform/WorkerPool.h"
 #include "reactive/Observable.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <atomic>
 #include <mutex>

@@ -4,10 +4,10 @@
 #include "core/base/preconditionFailure.h"
 #include "events/OLSEventMapper.h"
 #include "network/HttpHeaderGenerator.h"
-#include "platform/Clock.h"
 #include "platform/EventDatabase.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <mutex>
 #include <utility>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/Clock.h"
 #include "platform/EventDatabase.h"
 #include "platform/WriterQueue.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <map>
 #include <memory>

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/Clock.h"
-
 #include <orrelo/Platform.h>
 #include <orrelo/UserDefaults.h>
+#include <orrelo/platform/Clock.h>
 
 #include <map>
 #include <memory>

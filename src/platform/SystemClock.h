@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Clock.h"
+#include <orrelo/platform/Clock.h>
 
 namespace orrelo {
 

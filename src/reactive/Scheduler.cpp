@@ -1,8 +1,7 @@
 #include "reactive/Scheduler.h"
 
-#include "platform/Clock.h"
-
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 namespace orrelo::reactive {
 

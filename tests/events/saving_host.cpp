@@ -1,12 +1,12 @@
 // Saves events until it is killed, and prints the id of each once its insert has completed.
 // Usage: saving_host <data folder> <service URL> <certificate file>
 #include "events/EventRepository.h"
-#include "platform/Clock.h"
 #include "platform/Random.h"
 #include "platform/URLSession.h"
 #include "support/ObservedDatabase.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <atomic>
 #include <thread>

@@ -1,9 +1,10 @@
-#include "platform/Clock.h"
 #include "platform/PosixBundle.h"
 #include "platform/PosixDevice.h"
 #include "platform/PosixDirectories.h"
 #include "platform/SystemRandom.h"
 #include "support/TemporaryFolder.h"
+
+#include <orrelo/platform/Clock.h>
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,8 @@
 #include "QuickTest.h"
 
-#include "platform/Clock.h"
 #include "platform/WorkerPool.h"
+
+#include <orrelo/platform/Clock.h>
 
 #include <QAccessible>
 #include <QBuffer>

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Clock.h"
 #include "platform/Random.h"
 #include "platform/URLSession.h"
 #include "platform/WorkerPool.h"
@@ -9,6 +8,7 @@
 #include <orrelo/MainLoop.h>
 #include <orrelo/Platform.h>
 #include <orrelo/UserDefaults.h>
+#include <orrelo/platform/Clock.h>
 
 #include <algorithm>
 #include <deque>

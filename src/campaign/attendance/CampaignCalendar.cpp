@@ -2,9 +2,9 @@
 
 #include "core/base/TimeZone.h"
 #include "network/RFC3339DateParser.h"
-#include "platform/Clock.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <date/date.h>
 

@@ -1,10 +1,10 @@
 #include "modular/content/WebView.h"
 
 #include "platform/Application.h"
-#include "platform/Clock.h"
 #include "platform/HttpUrl.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <memory>
 #include <utility>

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <orrelo/Date.h>
+#include <orrelo/Export.h>
 
 #include <chrono>
 
 namespace orrelo {
 
-/// Any thread.
-class Clock {
+/// The machine's time. Any thread.
+class ORRELO_EXPORT Clock {
  public:
   virtual ~Clock() = default;
 
