@@ -10,7 +10,7 @@ layers=(core/base platform reactive "core/model navigation/page" network config 
 # The public headers, by the folder that they belong to.
 declare -A owner=(
   [Date]=core/base [EventValue]=core/base [Export]=core/base [ORLLogger]=core/base [Url]=core/base [Uuid]=core/base
-  [MainLoop]=platform [Platform]=platform [UserDefaults]=platform
+  [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform
   [ORLCampaignType]=core/model [ORLConfig]=core/model [ORLDelegates]=core/model [ORLUser]=core/model
   [ORLUserEvent]=core/model [UnsupportedEventValueException]=core/model
   [IOrrelo]=core [Orrelo]=core)
@@ -37,14 +37,14 @@ complain() { echo "$1"; faults=$((faults + 1)); }
 while IFS=: read -r file line text; do
   count=$((count + 1))
   if [[ $file == include/orrelo/* ]]; then
-    name=$(basename "$file" .h)
+    name=${file#include/orrelo/} name=${name%.h}
     from=${owner[$name]:-}
     [ -n "$from" ] || { complain "$file: not in the list of public headers"; continue; }
     [[ $text =~ \<orrelo/|\<[a-z_]+\>$ ]] || complain "$file:$line: a public header includes $text"
   else
     from=$(folder_of "${file#src/}") || { complain "$file: in no folder of the order"; continue; }
   fi
-  if [[ $text =~ \<orrelo/([A-Za-z]+)\.h\> ]]; then
+  if [[ $text =~ \<orrelo/([A-Za-z/]+)\.h\> ]]; then
     to=${owner[${BASH_REMATCH[1]}]:-}
     [ -n "$to" ] || { complain "$file:$line: unknown public header $text"; continue; }
   elif [[ $text =~ \"([^\"]+)\" ]]; then

@@ -5,7 +5,7 @@ set -euo pipefail
 own='^_Z(T[VIST]|T[hv][0-9n_]+|Tc.*|GV)?Z?NK?6orrelo'
 isClean=0
 for library in "$@"; do
-  mapfile -t symbols < <(nm --dynamic --defined-only --format=posix "$library" | cut -d' ' -f1)
+  mapfile -t symbols < <(nm --dynamic --defined-only --extern-only --format=posix "$library" | cut -d' ' -f1)
   foreign=$(printf '%s\n' "${symbols[@]}" | grep -Ev "$own" | c++filt || true)
   echo "$library: ${#symbols[@]} symbols"
   if [ ${#symbols[@]} -eq 0 ] || [ -n "$foreign" ]; then
