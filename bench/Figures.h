@@ -12,7 +12,7 @@ struct Target {
   std::string name;
   /// Empty for a count.
   std::string unit;
-  /// Nothing for a figure that is only told.
+  /// Absent for a figure that is printed and not judged.
   std::optional<double> limit = {};
   /// Whether the figure must be at least the limit; at most, otherwise.
   bool isMinimum = false;
@@ -26,7 +26,7 @@ struct Figure {
   double largest = 0.0;
 
   double spread() const { return largest - least; }
-  /// By the median, for noise is no miss; by the worst run for a count, which has no noise.
+  /// Judged by the median of the runs; a count, which has no noise, by the worst run.
   bool isMet() const;
 };
 

@@ -107,7 +107,7 @@ Kit::Kit() {
   } while (!service.waitForEvents(1, std::chrono::milliseconds(200)));
 }
 
-// At the first call; measurements may be asked for alone.
+// Starts at the first call, since a filter may leave only one of the measurements.
 void startKit() {
   static const auto* const kit = new Kit;
   static_cast<void>(kit);

@@ -21,7 +21,7 @@ class FrameClock final : public QAnimationDriver {
 
  private:
   qint64 elapsed_ = 0;
-  /// Where there are only pauses Qt waits for them by a clock of its own.
+  /// Keeps the driver in use: while only pauses run, Qt would time them by a clock of its own.
   QVariantAnimation endless_;
 };
 

@@ -11,7 +11,7 @@ namespace {
 
 using Moment = std::chrono::system_clock::time_point;
 
-// Shows one moment for ever; what is to happen later happens none the less.
+// The wall clock stands still at one moment; timers run on.
 class StoppedClock final : public Clock {
  public:
   StoppedClock(Moment now, std::shared_ptr<Clock> running)

@@ -18,7 +18,7 @@ namespace {
 using devservice::Fault;
 
 constexpr int patience = 15'000;
-// In frames; longer than any of the screens' movements.
+// Frames to wait before a picture is taken: longer than any animation of the screens.
 constexpr int stillness = 44;
 
 const QString checkInButton = QStringLiteral("오늘 출석하기");

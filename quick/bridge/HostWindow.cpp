@@ -21,7 +21,7 @@ std::vector<std::shared_ptr<ViewController>> chain(const std::shared_ptr<ViewCon
   return screens;
 }
 
-// What a host is to do where it has found no window.
+// Logs what the host must do when it passes no window.
 bool isThere(const QQuickWindow* window, std::string_view call) {
   if (window != nullptr) return true;
   log(LogLevel::ERROR, [call] {

@@ -28,7 +28,7 @@ class HostWindow final : public QObject {
  private:
   explicit HostWindow(QQuickWindow& window);
 
-  /// The screens from the lowest that can be seen up. Those that have appeared take no notice.
+  /// Makes every visible screen appear, from the lowest up. Screens that have appeared ignore it.
   void appear();
   void disappear();
 

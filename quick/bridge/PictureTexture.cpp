@@ -42,7 +42,7 @@ int maximumTextureSide(const QQuickWindow& window) {
 
 }  // namespace
 
-// Halves alone, so that a picture whose place grows and shrinks is not made anew with every frame.
+// Sizes go down by halves, so that a picture whose item changes its size is not rescaled with every frame.
 QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
   auto size = picture;
   while (size.width() / 2 >= pixels.width() && size.height() / 2 >= pixels.height()) size /= 2;

@@ -16,7 +16,7 @@ class PictureTexture {
  public:
   static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels);
 
-  /// What the texture of a picture of this size has where it is shown in so many pixels.
+  /// The texture's size for a picture that is shown in an item of `pixels` device pixels.
   static QSize sizeOf(QSize picture, QSize pixels, int maximumSide);
 
   QSGTexture* texture() const { return texture_.get(); }

@@ -16,7 +16,7 @@ PageScroll {
         width: parent.width
         model: view.model.stack
     }
-    // Behind the whole page, also where the blocks end before the screen does.
+    // The white background fills the whole page, also below blocks that end before the screen does.
     Rectangle {
         parent: view
         z: -1

@@ -16,7 +16,7 @@ bool canBeSeen(const QWindow* window) {
 
 bool isInForeground() {
   const auto windows = QGuiApplication::topLevelWindows();
-  // Phones suspend an application whose window stays as it is.
+  // Phones suspend an application without hiding its window.
   const auto state = QGuiApplication::applicationState();
   return std::any_of(windows.begin(), windows.end(), canBeSeen) && state != Qt::ApplicationSuspended &&
          state != Qt::ApplicationHidden;

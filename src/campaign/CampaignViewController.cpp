@@ -183,7 +183,7 @@ void CampaignViewController::showOnce(const CampaignPopUpDialog& dialog, const s
 }
 
 bool CampaignViewController::hasPlace() const {
-  // A window's first screen that something covers has its place, too.
+  // A window's root screen keeps its place while another screen covers it.
   return isVisible() || parent() || presentingViewController() || presentedViewController();
 }
 

@@ -65,7 +65,7 @@ void InitializedOrrelo::accept(std::string_view name, EventValues&& values) {
   platform.workers->post(QualityOfService::utility, &storeAcceptedByCurrent);
 }
 
-// An instance that was replaced meanwhile takes with it what it had accepted.
+// Events that a replaced instance had accepted and not yet stored end with it.
 void InitializedOrrelo::storeAcceptedByCurrent() {
   current()->storeAccepted();
 }

@@ -47,7 +47,7 @@ class InitializedOrrelo {
     Date time;
   };
 
-  /// A task without captures: what holds any has to be allocated by the caller.
+  /// Has no captures, so that posting it allocates nothing on the caller's thread.
   static void storeAcceptedByCurrent();
   /// False when there were none: then nothing is scheduled any more.
   bool takeAccepted(std::vector<Accepted>& accepted);

@@ -47,12 +47,12 @@ class DiskCache::Folder {
     path_ = folder.native();
     for (const auto& name : Files::namesIn(folder)) names_.insert(std::hash<std::string>()(name));
   }
-  /// Before the file is written.
+  /// Call it before the file is written.
   void add(const WrappedKey& key) {
     const std::lock_guard lock(mutex_);
     names_.insert(key.hash());
   }
-  /// Empty where there is surely none.
+  /// The path of the key's file if there may be one, else empty.
   std::string possibleFile(const WrappedKey& key) const {
     const std::lock_guard lock(mutex_);
     return names_.contains(key.hash()) ? path_ + '/' + key.key() : std::string();

@@ -9,7 +9,7 @@
 namespace orrelo {
 namespace {
 
-// Not for security: a machine that forbids the digest for that has it all the same.
+// The digest names files and protects nothing, so a machine in FIPS mode may use it too.
 const EVP_MD* algorithm() {
   static const auto* const algorithm = EVP_MD_fetch(nullptr, "MD5", "-fips");
   return algorithm;
@@ -17,7 +17,7 @@ const EVP_MD* algorithm() {
 
 std::string md5(std::string_view text) {
   static constexpr std::string_view digits = "0123456789abcdef";
-  // To make one costs as much as a digest.
+  // Creating a context costs as much as a digest.
   thread_local const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(),
                                                                                      &EVP_MD_CTX_free);
   std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};

@@ -19,7 +19,7 @@ struct Bitmap {
   /// Rows from the top without gaps; red, green, blue, alpha, the colours multiplied by alpha.
   std::shared_ptr<const std::uint8_t[]> pixels;
 
-  /// In bytes.
+  /// The size of the pixels in bytes.
   static constexpr std::size_t sizeOf(int width, int height) {
     return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * bytesPerPixel;
   }

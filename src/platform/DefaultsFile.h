@@ -15,11 +15,11 @@ namespace orrelo {
 
 using DefaultsValues = std::map<std::string, DefaultsValue, std::less<>>;
 
-/// What becomes of one key.
+/// A write or removal of one key.
 struct DefaultsChange {
-  /// Nothing removes the key.
+  /// Absent to remove the key.
   std::optional<DefaultsValue> value;
-  /// A text that is stored already stays.
+  /// A text that the file holds already is kept.
   bool keepsStoredText = false;
 };
 using DefaultsChanges = std::map<std::string, DefaultsChange, std::less<>>;

@@ -26,7 +26,7 @@ struct Files {
   /// Removes a folder with all that it holds. An error where there is none.
   static std::optional<Error> removeFolder(const std::filesystem::path& folder);
   static bool exists(const std::string& file);
-  /// What is in the folder; as much of it as can be read.
+  /// The names of the folder's entries, as far as the folder can be read.
   static std::vector<std::string> namesIn(const std::filesystem::path& folder);
 };
 

@@ -48,7 +48,7 @@ class SqliteUserDefaults final : public UserDefaults {
  private:
   std::filesystem::path path() const { return directories_->data() / fileName_; }
 
-  // Under the memory's lock.
+  // The caller holds the memory's lock.
   std::optional<DefaultsValue> inMemory(std::string_view key) const {
     if (const auto change = pending_.find(key); change != pending_.end()) return change->second.value;
     const auto known = values_.find(key);

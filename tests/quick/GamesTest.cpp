@@ -127,7 +127,7 @@ TEST_F(GamesTest, ACardIsRubbedFreeByStrokesThatDriftAndTheServiceIsToldOnce) {
     EXPECT_GT(differing(whole, begun), 2000) << "some of the mask is gone";
     EXPECT_EQ(differing(whole.copy(end), begun.copy(end)), 15 * 15) << "up to the end of the stroke";
     EXPECT_EQ(service_->timesAsked("/scratched"), before);
-    // To and fro, beyond the card and back.
+    // A zigzag that leaves the card and comes back.
     EXPECT_EQ(drag(stroke({{140, 70}, {170, 10}, {200, 70}, {230, 10}, {260, 200}, {300, 10}, {350, 60}}),
                    byFinger),
               0.0);

@@ -10,7 +10,7 @@ Column {
     leftPadding: model.margin
     rightPadding: model.margin
     spacing: model.spacing
-    // The status has its place, of no height, also where it is empty.
+    // An empty status keeps its place in the stack, with no height.
     bottomPadding: status.visible ? 0 : spacing
 
     ActionButton {

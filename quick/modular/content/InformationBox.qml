@@ -7,7 +7,7 @@ Rectangle {
 
     required property InformationBoxBridge model
     readonly property real room: width - 2 * model.margin
-    /// Beside the picture.
+    /// The text's width beside the picture.
     readonly property real textRoom: room - model.leftSpacing - picture.width
     readonly property bool isStacked: leftText.implicitWidth + model.leftSpacing + picture.width + 12
                                       + right.implicitWidth > room

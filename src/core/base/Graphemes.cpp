@@ -55,7 +55,7 @@ bool isControl(Break value) {
   return value == Break::carriageReturn || value == Break::lineFeed || value == Break::control;
 }
 
-/// The rules that two neighbours decide alone, by the annex's numbers.
+/// The annex's rules that depend on two neighbouring characters alone.
 bool areJoined(Break before, Break after) {
   using enum Break;
   if (before == carriageReturn && after == lineFeed) return true;                             // GB3

@@ -31,7 +31,7 @@ std::optional<std::string> linkedZone(const std::filesystem::path& path) {
   return failure ? std::nullopt : zoneOf(target);
 }
 
-/// What TZ says where it is a zone's name or the path of its file, and not a rule of its own ("KST-9").
+/// The zone that TZ names, by its name or by the path of its file; nothing for a POSIX rule ("KST-9").
 std::optional<std::string> zoneOfEnvironment() {
   const char* const tz = std::getenv("TZ");
   if (tz == nullptr) return std::nullopt;

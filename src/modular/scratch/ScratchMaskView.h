@@ -33,7 +33,7 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
   static constexpr double lineWidth = 35.0;
   /// Pixels to a point; a sharper screen shows no more of it.
   static constexpr double maximumScale = 3.0;
-  /// In pixels; a view for which that is too few has a coarser mask.
+  /// In pixels; a larger view has a coarser mask.
   static constexpr double maximumSide = 4096.0;
 
   std::string_view kind() const override { return "ScratchMaskView"; }
