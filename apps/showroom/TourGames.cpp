@@ -86,7 +86,6 @@ void Tour::scratchLottery() {
   click(open);
   await(card);
   picture(QStringLiteral("A card to scratch"));
-  // Along the page: a rub across may scroll it.
   rub(card, {{0.12, 0.5}, {0.34, 0.5}});
   picture(QStringLiteral("A part of it is rubbed off"));
   require(service.requestCount("/scratch/scratched") == 0, QStringLiteral("the card was done too early"));
