@@ -30,7 +30,8 @@ class ORRELO_EXPORT UserDefaults {
   virtual void remove(std::string_view key) = 0;
   /// The text stored under `key`, else `candidate`, which is stored then. Two processes that ask at the same
   /// time get the same answer. While the file can be neither read nor written, the candidate counts in this
-  /// process; when the file is written next, a text that it holds already stays and counts from then on.
+  /// process; as soon as the file can be read or written again, a text that it holds counts in its place. The
+  /// default asks and then sets; a store that processes share must override it.
   virtual std::string textOrInsert(std::string_view key, std::string candidate);
 
   std::optional<bool> boolean(std::string_view key) const { return typed<bool>(key); }

@@ -103,11 +103,14 @@ void DefaultsFile::apply(const std::string& key, DefaultsChange& change) {
     file_.step(remove);
     return;
   }
-  if (change.keepsStoredText) {
-    auto select = file_.prepare("SELECT value FROM defaults WHERE key = ? AND type = 'text'");
+  if (change.stored != DefaultsChange::Stored::replaced) {
+    auto select = file_.prepare("SELECT type, value FROM defaults WHERE key = ?");
     select.bindNoCopy(1, key);
-    if (file_.step(select) && select.getColumn(0).isText()) {
-      change.value = select.getColumn(0).getString();
+    auto stored =
+        file_.step(select) ? readValue(select.getColumn(0).getString(), select.getColumn(1)) : std::nullopt;
+    const bool isText = stored && std::holds_alternative<std::string>(*stored);
+    if (isText || (stored && change.stored == DefaultsChange::Stored::kept)) {
+      change.value = std::move(stored);
       return;
     }
   }

@@ -17,10 +17,12 @@ using DefaultsValues = std::map<std::string, DefaultsValue, std::less<>>;
 
 /// A write or removal of one key.
 struct DefaultsChange {
+  /// What becomes of a value that the file holds already.
+  enum class Stored { replaced, keptIfText, kept };
+
   /// Absent to remove the key.
   std::optional<DefaultsValue> value;
-  /// A text that the file holds already is kept.
-  bool keepsStoredText = false;
+  Stored stored = Stored::replaced;
 };
 using DefaultsChanges = std::map<std::string, DefaultsChange, std::less<>>;
 
@@ -37,8 +39,7 @@ class DefaultsFile {
 
   /// Rows that are not of their type's form are left out.
   DefaultsValues read();
-  /// Makes all of the changes or none. A change that kept the stored text has that text as its value
-  /// afterwards.
+  /// Makes all of the changes or none. A change that kept the stored value has it as its own afterwards.
   void apply(DefaultsChanges& changes);
 
  private:

@@ -57,7 +57,7 @@ class EventDatabase {
   /// number.
   virtual void deleteRowsUpTo(StoredTime time, Completion<std::size_t> completion) = 0;
 
-  /// Where the rows lie, for messages: the path of a file.
+  /// The path of the store's file, for messages.
   virtual std::string location() const = 0;
 
   /// The right to send what the store holds. It is held as long as the answer lives; null while somebody else

@@ -9,8 +9,8 @@
 
 namespace orrelo {
 
-/// What is asked comes from `pending_`, then from `values_`, then from the file. Two locks, so that a read
-/// never waits for a write to the file; the one for the file is taken first.
+/// A read is answered from `pending_`, else from `values_`, else from the file. There are two locks, so that
+/// a read never waits for a write to the file; the one for the file is taken first.
 class SqliteUserDefaults final : public UserDefaults {
  public:
   SqliteUserDefaults(std::string fileName, std::shared_ptr<Directories> directories,
@@ -20,7 +20,7 @@ class SqliteUserDefaults final : public UserDefaults {
   std::optional<DefaultsValue> value(std::string_view key) const override {
     {
       const std::lock_guard memory(memoryMutex_);
-      if (isLoaded_ || pending_.contains(key)) return inMemory(key);
+      if (isLoaded_ || isCertain(key)) return inMemory(key);
     }
     const std::lock_guard file(fileMutex_);
     load();
@@ -28,17 +28,17 @@ class SqliteUserDefaults final : public UserDefaults {
     return inMemory(key);
   }
 
-  void set(std::string_view key, DefaultsValue value) override { change(key, {.value = std::move(value)}); }
+  void set(std::string_view key, DefaultsValue value) override { change(key, {std::move(value)}); }
 
   void remove(std::string_view key) override { change(key, {}); }
 
   std::string textOrInsert(std::string_view key, std::string candidate) override {
     if (auto known = text(key)) return *known;
-    change(key, {.value = candidate, .keepsStoredText = true});
+    change(key, {candidate, Stored::keptIfText});
     return text(key).value_or(candidate);
   }
 
-  /// The values known so far stay, for as long as the file cannot be read.
+  /// The values known so far stay for as long as the file cannot be read or is missing.
   void refresh() {
     const std::lock_guard file(fileMutex_);
     const std::lock_guard memory(memoryMutex_);
@@ -46,7 +46,15 @@ class SqliteUserDefaults final : public UserDefaults {
   }
 
  private:
+  using Stored = DefaultsChange::Stored;
+
   std::filesystem::path path() const { return directories_->data() / fileName_; }
+
+  // The caller holds the memory's lock.
+  bool isCertain(std::string_view key) const {
+    const auto change = pending_.find(key);
+    return change != pending_.end() && change->second.stored == Stored::replaced;
+  }
 
   // The caller holds the memory's lock.
   std::optional<DefaultsValue> inMemory(std::string_view key) const {
@@ -60,11 +68,12 @@ class SqliteUserDefaults final : public UserDefaults {
     load();
     const std::string name(key);
     std::error_code failure;
-    const bool hasFile = file_ || std::filesystem::exists(path(), failure);
+    const bool hasFile =
+        file_ || std::filesystem::status(path(), failure).type() != std::filesystem::file_type::not_found;
     {
       const std::lock_guard memory(memoryMutex_);
       // Another thread may have inserted its candidate meanwhile.
-      if (change.keepsStoredText && isText(inMemory(key))) return;
+      if (change.stored == Stored::keptIfText && isText(inMemory(key))) return;
       if (!change.value && !hasFile) {
         pending_.erase(name);
         values_.erase(name);
@@ -81,7 +90,7 @@ class SqliteUserDefaults final : public UserDefaults {
 
   void load() const {
     if (isLoaded_) return;
-    DefaultsValues stored;
+    std::optional<DefaultsValues> stored;
     try {
       if (file_ && file_->hasMoved()) file_.reset();
       if (!file_) file_ = DefaultsFile::openExisting(path());
@@ -95,8 +104,15 @@ class SqliteUserDefaults final : public UserDefaults {
       }
     }
     const std::lock_guard memory(memoryMutex_);
-    values_ = std::move(stored);
     isLoaded_ = true;
+    mustWriteAll_ = !stored;
+    if (!stored) return;
+    values_ = *std::move(stored);
+    std::erase_if(pending_, [this](const auto& change) {
+      const auto& [key, pending] = change;
+      const auto known = values_.find(key);
+      return pending.stored == Stored::keptIfText && known != values_.end() && isText(known->second);
+    });
   }
 
   void save() {
@@ -106,7 +122,7 @@ class SqliteUserDefaults final : public UserDefaults {
         const bool moved = file_ && file_->hasMoved();
         if (moved) file_.reset();
         if (!file_) file_ = DefaultsFile::openOrCreate(path());
-        auto changes = moved || replaced ? everything() : pending_;
+        auto changes = moved || replaced || mustWriteAll_ ? everything() : pending_;
         file_->apply(changes);
         settle(std::move(changes));
         return;
@@ -124,16 +140,18 @@ class SqliteUserDefaults final : public UserDefaults {
     }
   }
 
-  // What a fresh file must hold in place of one that is gone. Texts that another process has put there stay.
+  // The changes for a fresh file in place of one that is gone. Values that another process has put there
+  // stay.
   DefaultsChanges everything() const {
     auto changes = pending_;
-    for (const auto& [key, value] : values_) changes.emplace(key, DefaultsChange{value, true});
+    for (const auto& [key, value] : values_) changes.emplace(key, DefaultsChange{value, Stored::kept});
     return changes;
   }
 
   // Takes over what the file holds now.
   void settle(DefaultsChanges changes) {
     const std::lock_guard memory(memoryMutex_);
+    mustWriteAll_ = false;
     for (auto& [key, change] : changes) {
       pending_.erase(key);
       if (change.value) {
@@ -163,7 +181,9 @@ class SqliteUserDefaults final : public UserDefaults {
   mutable std::mutex memoryMutex_;
   mutable DefaultsValues values_;
   mutable bool isLoaded_ = false;
-  DefaultsChanges pending_;
+  // The file was missing or damaged when it was read.
+  mutable bool mustWriteAll_ = false;
+  mutable DefaultsChanges pending_;
 };
 
 SqliteUserDefaultsFactory::SqliteUserDefaultsFactory(std::shared_ptr<Directories> directories,

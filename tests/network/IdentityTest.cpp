@@ -169,14 +169,20 @@ TEST_F(DeviceIdTest, AnIdThatCannotBeReadForNowIsNotReplaced) {
     auto first = process();
     return id(first);
   }();
-  auto second = process();
-  auto lock = locked();
-  const auto drawn = id(second);
-  EXPECT_NE(drawn, stored);
-  EXPECT_EQ(id(second), drawn);
-  lock.reset();
-  second.suite("key")->set("other", true);
-  EXPECT_EQ(id(second), stored);
+  for (const bool isWritten : {false, true}) {
+    auto second = process();
+    auto lock = locked();
+    const auto drawn = id(second);
+    EXPECT_NE(drawn, stored);
+    EXPECT_EQ(id(second), drawn);
+    lock.reset();
+    if (isWritten) {
+      second.suite("key")->set("other", true);
+    } else {
+      second.refresh();
+    }
+    EXPECT_EQ(id(second), stored) << isWritten;
+  }
 }
 
 TEST_F(DeviceIdTest, AnIdThatCouldNotBeStoredGoesAlongWithTheNextWrite) {

@@ -133,6 +133,14 @@ TEST_F(SqliteUserDefaultsTest, seesWhatAnotherProcessWroteAfterARefresh) {
   mine.refresh();
   EXPECT_EQ(mine.suite("s")->boolean("changed"), false);
   EXPECT_EQ(mine.suite("s")->boolean("added"), true);
+
+  std::filesystem::remove(folder / "defaults-s.sqlite");
+  mine.refresh();
+  EXPECT_EQ(mine.suite("s")->boolean("added"), true) << "a file that is gone takes nothing along";
+  make().suite("s")->set("changed", true);
+  mine.suite("s")->set("last", true);
+  EXPECT_EQ(make().suite("s")->boolean("added"), true);
+  EXPECT_EQ(make().suite("s")->boolean("changed"), true) << "what another process has put there stays";
 }
 
 TEST_F(SqliteUserDefaultsTest, takesReadsAndWritesFromManyThreads) {
