@@ -1,5 +1,6 @@
 #include "core/base/DateFormat.h"
 #include "network/RFC3339DateParser.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 #include <optional>
@@ -127,6 +128,9 @@ TEST(TimeZoneTest, TheCurrentZoneIsTheEnvironments) {
                                  "/usr/share/zoneinfo/posix/Asia/Seoul"}) {
     EXPECT_EQ(moved(path).identifier(), "Asia/Seoul") << path;
   }
+  const TemporaryFolder folder;
+  std::filesystem::create_symlink("../usr/share/zoneinfo/Asia/Seoul", folder / "localtime");
+  EXPECT_EQ(moved((folder / "localtime").c_str()).identifier(), "Asia/Seoul");
   unsetenv("TZ");
   const auto systemZone = TimeZone::current().identifier();
   for (const auto* const rule : {"KST-9", ":KST-9", "<+09>-9", "../../../etc/hostname", "Nowhere/Land", ""}) {

@@ -16,13 +16,14 @@ std::optional<std::string> zoneOf(const std::filesystem::path& path) {
   constexpr std::string_view folder = "zoneinfo/";
   auto text = path.string();
   const auto at = text.find(folder);
-  if (at == std::string::npos || text.find("..") != std::string::npos) return std::nullopt;
+  if (at == std::string::npos) return std::nullopt;
   text.erase(0, at + folder.size());
   // The same zones once more, without and with leap seconds.
   for (const std::string_view variant : {"posix/", "right/"}) {
     if (text.starts_with(variant)) text.erase(0, variant.size());
   }
-  return text.empty() ? std::nullopt : std::optional(std::move(text));
+  const bool isName = !text.empty() && text.find("..") == std::string::npos;
+  return isName ? std::optional(std::move(text)) : std::nullopt;
 }
 
 std::optional<std::string> linkedZone(const std::filesystem::path& path) {
