@@ -13,21 +13,46 @@
 #include <atomic>
 #include <mutex>
 #include <utility>
+#include <vector>
 
 namespace orrelo {
 namespace {
 
 constexpr std::size_t keptCapacity = 1024;
 
+/// An event as the call hands it over: the values are still the host's.
+struct Accepted {
+  std::optional<std::string> userId;
+  std::string name;
+  EventValues values;
+  Date time;
+};
+
 struct Slot {
+  /// One for all: a call of `sendEvent` takes it and no other.
   std::mutex mutex;
   std::shared_ptr<InitializedOrrelo> instance;
   std::atomic<bool> isFilled = false;
+  std::vector<Accepted> accepted;
+  /// Whether a task is posted, or at work, that will take what was accepted.
+  bool isScheduled = false;
 };
 
 Slot& slot() {
   static auto* const slot = new Slot;
   return *slot;
+}
+
+/// False when there were none: then nothing is scheduled any more.
+bool takeAccepted(std::vector<Accepted>& accepted) {
+  // Its memory serves the next calls, but for what only a burst needed.
+  accepted.clear();
+  if (accepted.capacity() > keptCapacity) accepted = {};
+  auto& slot = orrelo::slot();
+  const std::lock_guard lock(slot.mutex);
+  std::swap(accepted, slot.accepted);
+  slot.isScheduled = !accepted.empty();
+  return slot.isScheduled;
 }
 
 }  // namespace
@@ -53,40 +78,24 @@ void InitializedOrrelo::makeCurrent(std::shared_ptr<InitializedOrrelo> instance)
 
 void InitializedOrrelo::accept(std::string_view name, EventValues&& values) {
   const auto& platform = Platform::current();
-  const auto& userId = currentUserId();
-  const auto now = platform.clock->now();
+  Accepted event{currentUserId(), std::string(name), std::move(values), platform.clock->now()};
   {
-    auto& [mutex, current, isFilled] = slot();
-    const std::lock_guard lock(mutex);
-    auto& instance = *current;
-    instance.accepted_.emplace_back(userId, name, std::move(values), now);
-    if (std::exchange(instance.isScheduled_, true)) return;
+    auto& slot = orrelo::slot();
+    const std::lock_guard lock(slot.mutex);
+    slot.accepted.push_back(std::move(event));
+    if (std::exchange(slot.isScheduled, true)) return;
   }
-  platform.workers->post(QualityOfService::utility, &storeAcceptedByCurrent);
-}
-
-// Events that a replaced instance had accepted and not yet stored end with it.
-void InitializedOrrelo::storeAcceptedByCurrent() {
-  current()->storeAccepted();
-}
-
-bool InitializedOrrelo::takeAccepted(std::vector<Accepted>& accepted) {
-  // Its memory serves the next calls, but for what only a burst needed.
-  accepted.clear();
-  if (accepted.capacity() > keptCapacity) accepted = {};
-  const std::lock_guard lock(slot().mutex);
-  std::swap(accepted, accepted_);
-  isScheduled_ = !accepted.empty();
-  return isScheduled_;
+  platform.workers->post(QualityOfService::utility, &storeAccepted);
 }
 
 void InitializedOrrelo::storeAccepted() {
   std::vector<Accepted> accepted;
   while (takeAccepted(accepted)) {
+    const auto instance = current();
     for (auto& each : accepted) {
       runGuarded([&] {  // one event that fails must not stop those behind it
-        store({Platform::current().random->uuid(), std::move(each.userId), utf8::repaired(each.name),
-               eventMapper.map(each.values), each.time});
+        instance->store({Platform::current().random->uuid(), std::move(each.userId),
+                         utf8::repaired(each.name), instance->eventMapper.map(each.values), each.time});
       });
     }
   }

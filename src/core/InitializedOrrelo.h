@@ -10,7 +10,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace orrelo {
 
@@ -24,7 +23,8 @@ class InitializedOrrelo {
   static std::shared_ptr<InitializedOrrelo> current();
   /// Whether there is one in use: then there always will be.
   static bool hasCurrent();
-  /// Puts it into use. The former one stops sending and is let go.
+  /// Puts it into use. The former one stops sending and is let go; events that it had accepted and not yet
+  /// begun to store go on to this one.
   static void makeCurrent(std::shared_ptr<InitializedOrrelo> instance);
 
   /// For the one in use, which there must be: an event of now and of the current user; stored if the
@@ -36,27 +36,11 @@ class InitializedOrrelo {
   const OLSEventMapper eventMapper{};
 
  private:
-  /// What only the moment of the call knows, with values as the host gave them.
-  struct Accepted {
-    Accepted(const std::optional<std::string>& ofUser, std::string_view named, EventValues&& with, Date at)
-        : userId(ofUser), name(named), values(std::move(with)), time(at) {}
-
-    std::optional<std::string> userId;
-    std::string name;
-    EventValues values;
-    Date time;
-  };
-
-  /// Has no captures, so that posting it allocates nothing on the caller's thread.
-  static void storeAcceptedByCurrent();
-  /// False when there were none: then nothing is scheduled any more.
-  bool takeAccepted(std::vector<Accepted>& accepted);
-  void storeAccepted();
+  /// Stores what was accepted and not yet stored, by the instance in use. It has no captures, so that posting
+  /// it allocates nothing on the caller's thread.
+  static void storeAccepted();
   void store(Event event);
 
-  // Guarded by the lock of the slot that holds the instance in use: a call takes one lock and no more.
-  std::vector<Accepted> accepted_;
-  bool isScheduled_ = false;
   reactive::DisposeBag disposeBag;
 };
 

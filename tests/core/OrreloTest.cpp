@@ -186,6 +186,10 @@ TEST_F(OrreloTest, ASecondInitializeTurnsToTheNewApplicationAndKeepsWhatIsStored
   EXPECT_EQ(bodies[0], bodies[1]);
   EXPECT_THAT(platform_.session->requestsTo("/event").back().url.text(),
               testing::HasSubstr("/sdk/second/event"));
+
+  Orrelo::sendEvent("accepted");
+  initialize("third");
+  EXPECT_EQ(field(delivered().back(), "event_name"), "accepted");
 }
 
 TEST_F(OrreloTest, AFormerInstanceThatSomebodyHoldsSendsNoMore) {

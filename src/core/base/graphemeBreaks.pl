@@ -32,6 +32,6 @@ set('control', 'Control');
 set('extend', 'Extend');
 set('spacingMark', 'SpacingMark');
 set('prepend', 'Prepend');
-print "/// A property of its own; the characters that have it have none of the values.\n";
+print "/// The property Extended_Pictographic; its characters have none of the values above.\n";
 set('extendedPictographic', 'ExtPict_XX');
 print "}  // namespace orrelo::utf8::graphemeBreak\n";
