@@ -14,7 +14,7 @@
 namespace orrelo::bench {
 namespace {
 
-constexpr auto header = "name\tunit\tmedian\tleast\tlargest";
+constexpr auto header = "name\tunit\tfigure of each run";
 
 template <class... Values>
 std::string formatted(const char* format, Values... values) {
@@ -23,12 +23,15 @@ std::string formatted(const char* format, Values... values) {
   return text.data();
 }
 
-std::vector<std::string> fieldsOf(const std::string& line, std::size_t count) {
+std::vector<std::string> fieldsOf(const std::string& line) {
   std::vector<std::string> fields;
   std::istringstream stream(line);
   for (std::string field; std::getline(stream, field, '\t');) fields.push_back(field);
-  if (fields.size() != count) throw std::runtime_error("This is no line of figures: " + line);
   return fields;
+}
+
+void require(bool isLineOfFigures, const std::string& line) {
+  if (!isLineOfFigures) throw std::runtime_error("This is no line of figures: " + line);
 }
 
 double numberIn(const std::string& field) {
@@ -50,17 +53,25 @@ std::string verdict(const Figure& figure) {
 
 }  // namespace
 
+Figure::Figure(Target measured, std::vector<double> figures)
+    : target(std::move(measured)), runs(std::move(figures)) {
+  std::sort(runs.begin(), runs.end());
+}
+
+double Figure::median() const {
+  return (runs.at((runs.size() - 1) / 2) + runs.at(runs.size() / 2)) / 2;
+}
+
+double Figure::spread() const {
+  const std::size_t trimmed = runs.size() >= 5 ? 1 : 0;
+  return runs.at(runs.size() - 1 - trimmed) - runs.at(trimmed);
+}
+
 bool Figure::isMet() const {
   if (!target.limit) return true;
   const bool isCount = target.unit.empty();
-  if (target.isMinimum) return (isCount ? least : median) >= *target.limit;
-  return (isCount ? largest : median) <= *target.limit;
-}
-
-Figure figureOf(Target target, std::vector<double> runs) {
-  std::sort(runs.begin(), runs.end());
-  return {std::move(target), (runs.at((runs.size() - 1) / 2) + runs.at(runs.size() / 2)) / 2, runs.front(),
-          runs.back()};
+  if (target.isMinimum) return (isCount ? runs.front() : median()) >= *target.limit;
+  return (isCount ? runs.back() : median()) <= *target.limit;
 }
 
 void writeRun(std::ostream& stream, const Target& target, double figure) {
@@ -73,7 +84,8 @@ void writeRun(std::ostream& stream, const Target& target, double figure) {
 std::vector<Figure> readRuns(std::istream& stream) {
   std::vector<std::pair<Target, std::vector<double>>> runs;
   for (std::string line; std::getline(stream, line);) {
-    const auto fields = fieldsOf(line, 5);
+    const auto fields = fieldsOf(line);
+    require(fields.size() == 5, line);
     auto found = std::find_if(runs.begin(), runs.end(),
                               [&](const auto& known) { return known.first.name == fields[0]; });
     if (found == runs.end()) {
@@ -83,15 +95,17 @@ std::vector<Figure> readRuns(std::istream& stream) {
     found->second.push_back(numberIn(fields[4]));
   }
   std::vector<Figure> figures;
-  for (auto& [target, samples] : runs) figures.push_back(figureOf(std::move(target), std::move(samples)));
+  for (auto& [target, samples] : runs) figures.emplace_back(std::move(target), std::move(samples));
   return figures;
 }
 
 void writeFigures(std::ostream& stream, const std::vector<Figure>& figures) {
   stream << header << '\n';
+  stream.precision(std::numeric_limits<double>::max_digits10);
   for (const auto& figure : figures) {
-    stream << figure.target.name << '\t' << figure.target.unit << '\t' << figure.median << '\t'
-           << figure.least << '\t' << figure.largest << '\n';
+    stream << figure.target.name << '\t' << figure.target.unit;
+    for (const double run : figure.runs) stream << '\t' << run;
+    stream << '\n';
   }
 }
 
@@ -100,24 +114,28 @@ std::vector<Figure> readFigures(std::istream& stream) {
   if (!std::getline(stream, line) || line != header) throw std::runtime_error("This is no file of figures");
   std::vector<Figure> figures;
   while (std::getline(stream, line)) {
-    const auto fields = fieldsOf(line, 5);
-    figures.push_back(
-        {{fields[0], fields[1]}, numberIn(fields[2]), numberIn(fields[3]), numberIn(fields[4])});
+    const auto fields = fieldsOf(line);
+    require(fields.size() > 2, line);
+    std::vector<double> runs;
+    for (std::size_t i = 2; i < fields.size(); ++i) runs.push_back(numberIn(fields[i]));
+    figures.push_back({{fields[0], fields[1]}, std::move(runs)});
   }
   return figures;
 }
 
 std::string line(const Figure& figure) {
-  return formatted("%-58s %10.2f %-5s (%.2f to %.2f)", figure.target.name.c_str(), figure.median,
-                   figure.target.unit.c_str(), figure.least, figure.largest) +
+  return formatted("%-58s %10.2f %-5s (%.2f to %.2f)", figure.target.name.c_str(), figure.median(),
+                   figure.target.unit.c_str(), figure.runs.front(), figure.runs.back()) +
          verdict(figure);
 }
 
 std::string comparison(const Figure& before, const Figure& now) {
-  const bool differs = std::abs(now.median - before.median) > std::max(before.spread(), now.spread());
-  const auto ratio = before.median == 0.0 ? std::string("-") : formatted("%.2f", now.median / before.median);
-  return formatted("%-58s %10.2f -> %10.2f %-5s ratio %5s  %s", now.target.name.c_str(), before.median,
-                   now.median, now.target.unit.c_str(), ratio.c_str(), differs ? "DIFFERS" : "same");
+  const double change = now.median() - before.median();
+  const bool differs = std::abs(change) > std::max(before.spread(), now.spread());
+  const auto ratio =
+      before.median() == 0.0 ? std::string("-") : formatted("%.2f", now.median() / before.median());
+  return formatted("%-58s %10.2f -> %10.2f %-5s ratio %5s  %s", now.target.name.c_str(), before.median(),
+                   now.median(), now.target.unit.c_str(), ratio.c_str(), differs ? "DIFFERS" : "same");
 }
 
 }  // namespace orrelo::bench

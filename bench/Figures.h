@@ -7,7 +7,7 @@
 
 namespace orrelo::bench {
 
-/// What a measurement must reach.
+/// A measurement by name, and the limit that it is judged by.
 struct Target {
   std::string name;
   /// Empty for a count.
@@ -18,20 +18,21 @@ struct Target {
   bool isMinimum = false;
 };
 
-/// A target with the figures of some runs.
+/// A target with what some runs have measured.
 struct Figure {
-  Target target;
-  double median = 0.0;
-  double least = 0.0;
-  double largest = 0.0;
+  Figure(Target measured, std::vector<double> figures);
 
-  double spread() const { return largest - least; }
+  double median() const;
+  /// The distance of the largest from the least, without these two where there are five runs or more: one run
+  /// that something disturbed must not hide a difference.
+  double spread() const;
   /// Judged by the median of the runs; a count, which has no noise, by the worst run.
   bool isMet() const;
-};
 
-/// The median and the spread of the runs' figures.
-Figure figureOf(Target target, std::vector<double> runs);
+  Target target;
+  /// From the least to the largest; at least one.
+  std::vector<double> runs;
+};
 
 /// One run's figure as a line.
 void writeRun(std::ostream& stream, const Target& target, double figure);
@@ -39,14 +40,14 @@ void writeRun(std::ostream& stream, const Target& target, double figure);
 /// std::runtime_error at a line of another form.
 std::vector<Figure> readRuns(std::istream& stream);
 
-/// A line a target: name, unit, median, least, largest, with a tab between them. Limits are not kept: what is
-/// read has none.
+/// A line a target: name, unit, and the figure of each run, with a tab between them. Limits are not kept:
+/// what is read has none.
 void writeFigures(std::ostream& stream, const std::vector<Figure>& figures);
 std::vector<Figure> readFigures(std::istream& stream);
 
 /// A figure, its spread, its limit and the verdict.
 std::string line(const Figure& figure);
-/// The same target before and now; a figure differs by more than the spread of either.
+/// The same target before and now; it differs where the medians are further apart than either spread.
 std::string comparison(const Figure& before, const Figure& now);
 
 }  // namespace orrelo::bench

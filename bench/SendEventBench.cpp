@@ -63,8 +63,8 @@ std::vector<double> measureTight() {
   return ratios(events, posts);
 }
 
-// What an event sets off still runs at the next turn. Hence of each kind one turn follows an event and one a
-// post: event, post, post, event.
+// The work of an event still runs at the next turn, and makes that call slower or faster. So that both kinds
+// follow an event as often as a post, the turns go event, post, post, event.
 std::vector<double> measurePaced() {
   std::vector<double> events;
   std::vector<double> posts;

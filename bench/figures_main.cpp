@@ -26,14 +26,22 @@ void save(const std::string& file, const std::vector<Figure>& figures) {
   if (!stream.flush()) throw std::runtime_error(file + " cannot be written");
 }
 
+const Figure* find(const std::vector<Figure>& figures, const std::string& name) {
+  const auto found = std::find_if(figures.begin(), figures.end(),
+                                  [&](const Figure& figure) { return figure.target.name == name; });
+  return found == figures.end() ? nullptr : &*found;
+}
+
 void compare(const std::string& file, const std::vector<Figure>& figures) {
   auto stream = opened(file);
   const auto before = readFigures(stream);
   std::cout << "\nbefore and now:\n";
   for (const auto& figure : figures) {
-    const auto found = std::find_if(before.begin(), before.end(),
-                                    [&](const Figure& old) { return old.target.name == figure.target.name; });
-    std::cout << (found == before.end() ? line(figure) + "  NEW" : comparison(*found, figure)) << '\n';
+    const auto* const old = find(before, figure.target.name);
+    std::cout << (old == nullptr ? line(figure) + "  NEW" : comparison(*old, figure)) << '\n';
+  }
+  for (const auto& old : before) {
+    if (find(figures, old.target.name) == nullptr) std::cout << line(old) << "  NOT MEASURED NOW\n";
   }
 }
 
@@ -44,15 +52,17 @@ int run(int count, char** words) {
   const auto figures = readRuns(runs);
   if (figures.empty()) throw std::runtime_error("nothing was measured");
   for (const auto& figure : figures) std::cout << line(figure) << '\n';
+  std::string saved;
   for (int i = 2; i < count; i += 2) {
     if (std::strcmp(words[i], "--save") == 0) {
-      save(words[i + 1], figures);
+      saved = words[i + 1];
     } else if (std::strcmp(words[i], "--against") == 0) {
       compare(words[i + 1], figures);
     } else {
       throw std::runtime_error(std::string("what is ") + words[i] + "?");
     }
   }
+  if (!saved.empty()) save(saved, figures);  // after the comparison, which may be with the same file
   return std::all_of(figures.begin(), figures.end(), [](const Figure& figure) { return figure.isMet(); }) ? 0
                                                                                                           : 1;
 }

@@ -120,7 +120,8 @@ double spinPicture() {
   return times.median();
 }
 
-// One after the other, so that both meet the same machine.
+// Both in one process, one after the other; scripts/bench repeats the pair and takes the median of the
+// ratios.
 std::vector<double> measure() {
   const auto wheel = spinWheel();
   return {wheel.paints, wheel.frameTime / spinPicture()};
