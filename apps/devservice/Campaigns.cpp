@@ -13,7 +13,7 @@ namespace {
 
 using nlohmann::json;
 
-/// The date `daysAgo` days before the scenario's day, in the time zone of this machine.
+/// The date `ago` days before the scenario's day, in the time zone of this machine.
 std::string day(const Scenario& scenario, int ago = 0) {
   const auto now = std::chrono::system_clock::to_time_t(scenario.now());
   std::tm local{};

@@ -24,8 +24,9 @@ namespace orrelo {
 ///
 /// Threads: any thread may call anything but the `get…ViewController` operations, which belong on the main
 /// thread. The `show…` operations show their screen on the main thread: at once when called there, else as
-/// soon as the main loop runs what was posted to it. Nothing here waits for a file or for the network, except
-/// that `initialize` and `setUser` read and write small settings files. Call `initialize` once and early.
+/// soon as the main loop runs what was posted to it; `showPage` asks for the service's configuration first.
+/// Nothing here waits for a file or for the network, except that `initialize` and `setUser` read and write
+/// small settings files. Call `initialize` once and early.
 ///
 /// These do nothing yet, but for their log line before `initialize`: `showHome`, `showNaverPayExchange`,
 /// `showInAppMessage`, `setDeviceToken`, `setPushToken`, `userNotificationCenter` and `application`, of which

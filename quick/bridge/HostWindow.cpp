@@ -42,7 +42,7 @@ HostWindow& HostWindow::of(QQuickWindow& window) {
 }
 
 HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {
-  // A window that is hidden is in the background: its screens stay as they are until it goes.
+  // Hiding a window is a trip to the background and no disappearance: its screens stay until it goes.
   connect(&window, &QWindow::visibleChanged, this, [this](bool isVisible) {
     if (isVisible) appear();
   });

@@ -24,8 +24,9 @@ QImage toQt(const ImagePtr& image) {
           new ImagePtr(image)};
 }
 
-// What the window's renderer can take. Direct3D 11 and Metal take all that a bitmap may be, as does the
-// software renderer, which has no textures; of Vulkan it is what every device has to take.
+// The longest side of a texture in the window's renderer. OpenGL is asked. Direct3D 11, Metal and the
+// software renderer, which has no textures, take the longest side of a bitmap; Vulkan guarantees 4096 on
+// every device.
 int maximumTextureSide(const QQuickWindow& window) {
   const auto api = window.rendererInterface()->graphicsApi();
 #if QT_CONFIG(opengl)

@@ -28,7 +28,8 @@ Observable<T> operation(Start start) {
   });
 }
 
-// A deletion of several rows. The stream's error has the protocol's text; the store's reason goes to the log.
+// A deletion of several rows. Whatever the reason, a refusal ends the stream with this one error; the reason
+// goes to the log.
 template <class Start>
 Observable<Unit> batchDelete(Start start) {
   return operation<Unit>([start](auto completion) {

@@ -1,8 +1,8 @@
 #include "image/DiskCache.h"
 
+#include "core/base/EnumTexts.h"
 #include "platform/Files.h"
 
-#include <array>
 #include <functional>
 #include <mutex>
 #include <unordered_set>
@@ -30,11 +30,10 @@ Data readFile(const std::filesystem::path& file) {
 
 }  // namespace
 
-/// What is known of the folder since it was made, so that a question for a file that was never there costs no
-/// call of the system: a page asks for all its pictures at once, on the main thread. Two processes of one
-/// host may share the folder, and the other one may clear it at any time. Hence names here say only where a
-/// file may be, and the system is asked for those. A name too many costs that question, a missing one a
-/// download.
+/// The names of the folder's files, as far as this process has written or listed them. A page asks for all
+/// its pictures at once, on the main thread, and a name that is not here is answered without a system call.
+/// The system is asked for the others, since another process of the host may share the folder and clear it. A
+/// file that another process has written since the listing is not known here, and costs one download.
 class DiskCache::Folder {
  public:
   bool isMade() const {
@@ -70,9 +69,11 @@ class DiskCache::Folder {
 };
 
 Error makeError(ImagePipelineInputStreamError error, std::optional<std::string> message) {
-  static constexpr std::array names{"uninitializedInputStream", "emptyFile"};
-  return Error("ImagePipelineInputStreamError", names.at(static_cast<std::size_t>(error)),
-               std::move(message));
+  static constexpr EnumTexts<StreamError, 2> names({
+      {StreamError::uninitializedInputStream, "uninitializedInputStream"},
+      {StreamError::emptyFile, "emptyFile"},
+  });
+  return Error("ImagePipelineInputStreamError", std::string(names.text(error)), std::move(message));
 }
 
 DiskCache::DiskCache(const std::string& name, const Platform& platform)

@@ -98,7 +98,7 @@ struct DownloadTask {
 };
 
 /// Fetches a URL once for all who ask while it is on its way; what arrives is converted once, and they share
-/// the value. Completions run on the main thread, after `fetch` has returned. Any thread.
+/// the value. Completions run on the main thread, never within the `fetch` that they belong to. Any thread.
 template <class T>
 class Downloader : public std::enable_shared_from_this<Downloader<T>> {
  public:

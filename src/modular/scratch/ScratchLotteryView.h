@@ -56,8 +56,8 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
   /// Whether pressing it does something.
   bool isPressable() const { return isBlocked() || scratchMaskView->state.value().isUserInteractionEnabled; }
 
-  /// Whether a touch that began here stays here, where the page around it could scroll: a finger that rubs
-  /// drifts, and its stroke goes on. From a blocked card the page scrolls, after whatever pan was reported.
+  /// Whether the page must not take over a touch that began on the card, to scroll. True for a card that can
+  /// be scratched, since a stroke drifts; from a blocked or an open card the page scrolls.
   bool keepsTouches() const {
     return (content.isScratchable && !content.isDone) || scratchMaskView->isInterceptTouchesInScrollView;
   }

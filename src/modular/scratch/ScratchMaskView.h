@@ -51,7 +51,8 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
   /// Counts, on a worker, how much is gone by now, and tells the delegate.
   void measure();
 
-  /// The page does not scroll under a touch on a blocked card either. Nothing in the kit sets it.
+  /// Keeps the page from scrolling under any touch on the card. Deliberately false: nothing in the kit sets
+  /// it.
   bool isInterceptTouchesInScrollView = false;
   /// The area of all lines so far, in square points, overlaps counted again. It decides nothing.
   double scratched = 0.0;

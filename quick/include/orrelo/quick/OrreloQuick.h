@@ -37,9 +37,10 @@ namespace orrelo::quick {
 ORRELO_EXPORT Platform platform(const HostApplication& host = {});
 
 /// What stands for the host's own content in a window: screens are shown from it. One for each window,
-/// which owns it; it is on the screen from when the window is first shown. A window that is hidden is in the
-/// background, and its screens do not appear anew when it is shown again. Never null: without a window it is
-/// a screen from which nothing can be seen, and an error in the kit's log.
+/// which owns it; it is on the screen from when the window is first shown. Screens stay as they are while the
+/// window is hidden, and do not appear anew when it is shown again; with all windows hidden the application
+/// is in the background. Never null: without a window it is a screen from which nothing can be seen, and an
+/// error in the kit's log.
 ORRELO_EXPORT std::shared_ptr<ViewController> hostViewController(QQuickWindow* window);
 
 /// Shows a screen that the kit has made, as by `Orrelo::getCampaignViewController`, over all that the window
