@@ -1,18 +1,9 @@
-#include "campaign/CampaignViewController.h"
-#include "campaign/attendance/AttendanceCampaignView.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/result/CampaignResultView.h"
 #include "campaign/update/InduceUpdateView.h"
+#include "core/CampaignScreenFixture.h"
 #include "support/LogCapture.h"
-#include "support/ServiceReplies.h"
-#include "support/TestPlatform.h"
 #include "viewkit/CampaignRewardViewController.h"
-#include "viewkit/ErrorViewController.h"
-#include "viewkit/PopUpDialogViewController.h"
-
-#include <orrelo/Orrelo.h>
-
-#include <gmock/gmock.h>
 
 namespace orrelo::test {
 namespace {
@@ -23,77 +14,6 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-class Reports final : public ORLUserEventDelegate {
- public:
-  void userEventDidOccur(const ORLUserEvent& event) override {
-    names.push_back(event.name);
-    if (!event.values || !event.values->contains("page_name")) return;
-    pages.push_back(std::get<std::string>(event.values->at("page_name").variant()));
-  }
-  std::vector<std::string> pages;
-  std::vector<std::string> names;
-};
-
-// Notes where it was called, and what had been reported by then.
-class Consent final : public ORLOptInMarketingCampaignDelegate {
- public:
-  explicit Consent(const Reports& reports) : reports_(reports) {}
-  void onMoveButtonTapped(const std::shared_ptr<ViewController>& in) override {
-    screens.push_back(in);
-    reported = reports_.names;
-  }
-  std::vector<std::shared_ptr<ViewController>> screens;
-  std::vector<std::string> reported;
-
- private:
-  const Reports& reports_;
-};
-
-// From the façade's call to what the screen shows, with the service's replies by path.
-class CampaignScreenTest : public testing::Test {
- protected:
-  CampaignScreenTest() {
-    replies_["/config"] = ScriptedURLSession::reply(200, configReply());
-    replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(attendancePage()));
-    platform_.session->responder = [this](const URLRequest& request) -> std::optional<URLSessionResult> {
-      for (const auto& [path, reply] : replies_) {
-        if (request.url.path().ends_with(path)) return reply;
-      }
-      return ScriptedURLSession::reply(200);
-    };
-    Orrelo::setUserEventDelegate(reports_);
-    Orrelo::initialize(ORLConfig("shop"));
-    Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
-    host_->appear(false);
-    platform_.loop->run();
-    reports_->names.clear();
-  }
-
-  std::shared_ptr<CampaignViewController> open() {
-    Orrelo::showCampaign("c-1", host_);
-    platform_.loop->run();
-    return std::dynamic_pointer_cast<CampaignViewController>(host_->presentedViewController());
-  }
-  template <class Content>
-  static std::shared_ptr<Content> content(const CampaignViewController& screen) {
-    return std::dynamic_pointer_cast<Content>(screen.state().content);
-  }
-  void press(const AttendanceCampaignView& page) {
-    page.actionView->onClick();
-    platform_.loop->run();
-  }
-  std::size_t requests(const std::string& path) const { return platform_.session->requestsTo(path).size(); }
-  static std::string errorOf(const CampaignViewController& screen) {
-    const auto state = screen.errorView->state.value();
-    return state.isHidden ? "" : state.text;
-  }
-
-  TestPlatform platform_;
-  std::map<std::string, std::optional<URLSessionResult>> replies_;
-  std::shared_ptr<Reports> reports_ = std::make_shared<Reports>();
-  std::shared_ptr<HostViewController> host_ = std::make_shared<HostViewController>();
-};
 
 TEST_F(CampaignScreenTest, AnAttendanceCampaignShowsItsMonth) {
   const auto screen = open();
@@ -199,64 +119,6 @@ TEST_F(CampaignScreenTest, TheIndicatorTurnsWhileTheServiceThinks) {
   EXPECT_TRUE(screen->state().content);
 }
 
-TEST_F(CampaignScreenTest, AResultsDialogComesOnce) {
-  constexpr auto dialog =
-      R"("pop_up":{"title":"당첨!","label":"축하해요","image_url":"https://img.example/w.png","button_text":"x"},)";
-  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(resultPage(dialog)));
-  for (const bool isFirst : {true, false}) {
-    const auto screen = open();
-    const auto page = content<CampaignResultView>(*screen);
-    ASSERT_TRUE(page);
-    EXPECT_EQ(page->name, "11월 출석");
-    const auto shown =
-        std::dynamic_pointer_cast<PopUpDialogViewController>(screen->presentedViewController());
-    EXPECT_EQ(shown != nullptr, isFirst);
-    host_->dismiss(false);
-  }
-  EXPECT_THAT(reports_->pages, ElementsAre("result", "campaign_result_pop_up_dialog", "result"));
-}
-
-TEST_F(CampaignScreenTest, ADialogThatCannotBeSeenCountsAsNotShown) {
-  constexpr auto dialog =
-      R"("pop_up":{"title":"당첨!","label":"축하해요","image_url":"https://img.example/w.png","button_text":"x"},)";
-  replies_["/campaigns/c-1"] = std::nullopt;
-  const auto gone = open();
-  gone->close();
-  platform_.session->answer(ScriptedURLSession::reply(200, campaignReply(resultPage(dialog))));
-  platform_.loop->run();
-  EXPECT_EQ(gone->presentedViewController(), nullptr);
-
-  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(attendancePage()));
-  const auto screen = open();
-  const auto above = std::make_shared<CampaignRewardViewController>(CampaignRewardViewController::Content{});
-  ASSERT_TRUE(screen->present(above, false));
-  replies_["/attendance/c-1/check-in"] = ScriptedURLSession::reply(200, resultPage(dialog));
-  press(*content<AttendanceCampaignView>(*screen));
-  EXPECT_EQ(screen->presentedViewController(), above) << "one at a time";
-  above->close();
-
-  host_->dismiss(false);
-  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(resultPage(dialog)));
-  EXPECT_TRUE(open()->presentedViewController()) << "nobody has seen it yet";
-}
-
-TEST_F(CampaignScreenTest, AWindowsFirstScreenHasItsPlaceWhileItIsCovered) {
-  const auto screen =
-      std::dynamic_pointer_cast<CampaignViewController>(Orrelo::getCampaignViewController("c-1"));
-  screen->appear(false);
-  platform_.loop->run();
-  replies_["/attendance/c-1/check-in"] = std::nullopt;
-  press(*content<AttendanceCampaignView>(*screen));
-  const auto above = std::make_shared<ErrorViewController>("위");
-  screen->present(above, false);
-  ASSERT_FALSE(screen->isVisible());
-  platform_.session->answer(ScriptedURLSession::reply(
-      200, attendancePage("2023-11-14",
-                          R"("reward_message":{"title":"축하","body":"10P","button_text":"확인"},)")));
-  platform_.loop->run();
-  EXPECT_TRUE(std::dynamic_pointer_cast<CampaignRewardViewController>(above->presentedViewController()));
-}
-
 TEST_F(CampaignScreenTest, AKindThatItCannotShowGivesWayToTheNextCampaign) {
   replies_["/lookup"] = ScriptedURLSession::reply(200, R"({"resultCount":0,"results":[]})");
   replies_["/campaigns/c-1"] =
@@ -329,63 +191,6 @@ TEST_F(CampaignScreenTest, AnOptInHandsItsScreenToTheHostAndSaysSo) {
   page->onTapMoveButton();
   EXPECT_THAT(log.lines(), Contains(line).Times(2));
   EXPECT_EQ(reports_->names.size(), 2u) << "said also where no host listens";
-}
-
-TEST_F(CampaignScreenTest, AHostsStackGetsTheScreenUnderItsOwnBar) {
-  const auto root = std::make_shared<ErrorViewController>("앱");
-  const auto navigation = NavigationController::create(root);
-  navigation->appear(false);
-  replies_["/campaigns"] = ScriptedURLSession::reply(200, "[" + campaignReply(attendancePage()) + "]");
-  Orrelo::showCampaign(ORLCampaignType::attendance, root);
-  platform_.loop->run();
-  const auto screen = std::dynamic_pointer_cast<CampaignViewController>(navigation->topViewController());
-  ASSERT_TRUE(screen);
-  EXPECT_EQ(errorOf(*screen), "");
-  EXPECT_TRUE(content<AttendanceCampaignView>(*screen));
-  EXPECT_EQ(screen->modalTopBar().height, 0.0);
-  EXPECT_EQ(screen->modalPresentationStyle, ModalPresentationStyle::fullScreen);
-  EXPECT_EQ(navigation->state().titleTextAttributes->foregroundColor, Color());
-  screen->close();
-  EXPECT_EQ(navigation->topViewController(), root);
-}
-
-TEST_F(CampaignScreenTest, AVisitLeavesAHostsBarAsItWas) {
-  using Attributes = NavigationController::TitleTextAttributes;
-  const auto root = std::make_shared<HostViewController>();
-  const auto navigation = NavigationController::create(root);
-  navigation->setTitleTextAttributes(Attributes{{0.9, 0.1, 0.1}});
-  navigation->appear(false);
-  const auto before = navigation->state().titleTextAttributes;
-  for (const bool isHidden : {false, true}) {
-    navigation->setNavigationBarHidden(isHidden);
-    Orrelo::showCampaign("c-1", root);
-    platform_.loop->run();
-    EXPECT_EQ(navigation->state().titleTextAttributes == before, isHidden);
-    navigation->topViewController()->close();
-    EXPECT_EQ(navigation->state().titleTextAttributes, before);
-  }
-  // As the only screen of a stack without a bar it has none of its own either, and leaves with the stack.
-  const auto alone = Orrelo::getCampaignViewController("c-1");
-  const auto stack = NavigationController::create(alone);
-  stack->setNavigationBarHidden(true);
-  host_->present(stack, false);
-  platform_.loop->run();
-  EXPECT_EQ(std::dynamic_pointer_cast<CampaignViewController>(alone)->modalTopBar().height, 0.0);
-  alone->close();
-  EXPECT_EQ(host_->presentedViewController(), nullptr);
-}
-
-TEST_F(CampaignScreenTest, WithoutATitleTheBarCollapsesForGood) {
-  const auto titleless = attendancePage();
-  auto page = titleless;
-  page.replace(page.find("\"toolbar_text\""), 14, "\"no_text\"");
-  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(page));
-  const auto screen = open();
-  EXPECT_EQ(screen->modalTopBar().height, 0.0);
-  replies_["/attendance/c-1/check-in"] = ScriptedURLSession::reply(200, titleless);
-  press(*content<AttendanceCampaignView>(*screen));
-  EXPECT_EQ(screen->title(), "출석체크");
-  EXPECT_EQ(screen->modalTopBar().height, 0.0);
 }
 
 TEST_F(CampaignScreenTest, ATooltipExplainsTheGuide) {
