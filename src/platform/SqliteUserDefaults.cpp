@@ -33,9 +33,10 @@ class SqliteUserDefaults final : public UserDefaults {
   void remove(std::string_view key) override { change(key, {}); }
 
   std::string textOrInsert(std::string_view key, std::string candidate) override {
-    if (auto known = text(key)) return *known;
     change(key, {candidate, Stored::keptIfText});
-    return text(key).value_or(candidate);
+    const std::lock_guard memory(memoryMutex_);
+    const auto known = inMemory(key);
+    return isText(known) ? std::get<std::string>(*known) : candidate;
   }
 
   /// The values known so far stay for as long as the file cannot be read or is missing.
@@ -72,7 +73,6 @@ class SqliteUserDefaults final : public UserDefaults {
         file_ || std::filesystem::status(path(), failure).type() != std::filesystem::file_type::not_found;
     {
       const std::lock_guard memory(memoryMutex_);
-      // Another thread may have inserted its candidate meanwhile.
       if (change.stored == Stored::keptIfText && isText(inMemory(key))) return;
       if (!change.value && !hasFile) {
         pending_.erase(name);
