@@ -35,7 +35,7 @@ class TargetReporter final : public benchmark::BenchmarkReporter {
           writeRun(file_, target, value);
           continue;
         }
-        const auto figure = figureOf(target, {value});
+        const auto figure = Figure(target, {value});
         allMet = allMet && figure.isMet();
         std::cout << line(figure) << std::endl;
       }
