@@ -12,6 +12,7 @@
 #include <pthread.h>
 #include <sched.h>
 #include <string>
+#include <sys/resource.h>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -26,15 +27,14 @@ struct Delayed {
   WorkerPool::Task task;
 };
 
-// A thread that has slept for long may take the processor from the one that wakes it, and run its task before
-// the host's call returns. A thread of this class waits for its turn instead. A machine that has no such
-// class goes on as it does.
-void waitForTurn(std::thread& thread) {
-#ifdef SCHED_BATCH
+// Called by each worker. Its work must not delay the threads of the host: the main thread that builds a
+// screen while pictures are read, and the caller of `sendEvent`, whose processor a woken worker may take
+// before the call returns. The class SCHED_BATCH prevents the latter, a nice value the former.
+void giveWayToHost() {
+#ifdef __linux__  // elsewhere both concern the whole process
   const sched_param noPriority{};
-  pthread_setschedparam(thread.native_handle(), SCHED_BATCH, &noPriority);
-#else
-  static_cast<void>(thread);
+  pthread_setschedparam(pthread_self(), SCHED_BATCH, &noPriority);
+  setpriority(PRIO_PROCESS, 0, 5);
 #endif
 }
 
@@ -88,7 +88,6 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
       auto& worker = workers[started];
       worker.thread =
           startKitThread("orrelo-worker", [self = shared_from_this(), &worker] { self->work(worker); });
-      waitForTurn(worker.thread);
       ++started;
     } catch (const std::system_error& error) {
       if (started == 0) {
@@ -99,6 +98,7 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
   }
 
   void work(Worker& worker) {
+    giveWayToHost();
     std::unique_lock lock(mutex);
     bool hasYielded = false;
     while (!stopping) {
