@@ -22,6 +22,9 @@ constexpr std::size_t keptCapacity = 1024;
 
 /// An event as the call hands it over: the values are still the host's.
 struct Accepted {
+  Accepted(const std::optional<std::string>& user, std::string eventName, EventValues&& eventValues, Date now)
+      : userId(user), name(std::move(eventName)), values(std::move(eventValues)), time(now) {}
+
   std::optional<std::string> userId;
   std::string name;
   EventValues values;
