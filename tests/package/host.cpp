@@ -12,6 +12,12 @@ int main(int, char** arguments) {
                                      .bundleVersion = "1",
                                      .dataDirectory = folder,
                                      .cacheDirectory = folder}));
+  // The service of this host is a port where nobody answers, and an address that needs no name server: the
+  // C library's resolver, interrupted by the end of the process, is a leak to the leak checker.
+  const auto environment = Platform::current().userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane");
+  environment->set("ORRELO_SERVICE_URL", std::int64_t{3});
+  environment->set("ORRELO_DEVELOPMENT_URL", std::string("https://127.0.0.1:9"));
+
   Orrelo::initialize(ORLConfig("packaged-host"));
   Orrelo::setUser(ORLUser("user-1", ORLMarketingStatus::optIn, {{"level", 3}}));
   Orrelo::sendEvent("started", {{"from", EventArray{"package", 1, true}}});
