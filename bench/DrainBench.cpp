@@ -2,7 +2,7 @@
 #include "Benches.h"
 #include "DevService.h"
 #include "Targets.h"
-#include "core/base/JsonWriter.h"
+#include "base/JsonWriter.h"
 #include "events/BIEventRepository.h"
 #include "platform/Random.h"
 #include "platform/URLSession.h"

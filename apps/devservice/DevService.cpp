@@ -1,12 +1,12 @@
 #include "DevService.h"
 
-#include "Certificate.h"
-#include "Dispatcher.h"
-#include "EventStore.h"
-#include "FaultBook.h"
-#include "HttpServer.h"
-#include "RequestLog.h"
-#include "Scenario.h"
+#include "faults/FaultBook.h"
+#include "http/Certificate.h"
+#include "http/Dispatcher.h"
+#include "http/HttpServer.h"
+#include "http/RequestLog.h"
+#include "scenario/Scenario.h"
+#include "store/EventStore.h"
 
 #include <mutex>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Fault.h"
-#include "Records.h"
+#include "faults/Fault.h"
+#include "store/Records.h"
 
 #include <chrono>
 #include <cstdint>

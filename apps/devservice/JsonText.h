@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Reply.h"
+#include "http/Reply.h"
 
 #include <nlohmann/json.hpp>
 #include <optional>

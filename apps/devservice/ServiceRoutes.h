@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Campaigns.h"
-#include "EventStore.h"
-#include "Reply.h"
-#include "Scenario.h"
+#include "http/Reply.h"
+#include "scenario/Campaigns.h"
+#include "scenario/Scenario.h"
+#include "store/EventStore.h"
 
 #include <httplib.h>
 #include <string>

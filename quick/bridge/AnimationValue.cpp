@@ -1,6 +1,6 @@
 #include "quick/bridge/AnimationValue.h"
 
-#include "viewkit/base/Animation.h"
+#include "ui/Animation.h"
 
 namespace orrelo::quick {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/Color.h"
+#include "base/Color.h"
 
 #include <QColor>
 #include <QString>

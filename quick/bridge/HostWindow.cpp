@@ -1,7 +1,7 @@
 #include "quick/bridge/HostWindow.h"
 
-#include "core/base/Logger.h"
-#include "viewkit/base/KeyWindow.h"
+#include "base/Logger.h"
+#include "ui/KeyWindow.h"
 
 #include <orrelo/quick/OrreloQuick.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewkit/base/NavigationController.h"
+#include "ui/NavigationController.h"
 
 #include <QObject>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "quick/bridge/ScreenBridge.h"
 #include "quick/bridge/ScreenLayers.h"
-#include "viewkit/base/NavigationController.h"
+#include "ui/NavigationController.h"
 
 #include <QColor>
 

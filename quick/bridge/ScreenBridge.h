@@ -2,7 +2,7 @@
 
 #include "quick/bridge/Conversions.h"
 #include "quick/bridge/Subscriptions.h"
-#include "viewkit/base/ViewController.h"
+#include "ui/ViewController.h"
 
 #include <QObject>
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quick/bridge/ViewBridge.h"
-#include "viewkit/base/StackView.h"
+#include "ui/StackView.h"
 
 #include <QVariantList>
 

@@ -2,7 +2,7 @@
 
 #include "quick/bridge/Conversions.h"
 #include "quick/bridge/Subscriptions.h"
-#include "viewkit/base/View.h"
+#include "ui/View.h"
 
 #include <QObject>
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PosixApplication.h"
+#include "platform/posix/PosixApplication.h"
 
 #include <QObject>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/DelayedTasks.h"
+#include "platform/threads/DelayedTasks.h"
 
 #include <orrelo/MainLoop.h>
 

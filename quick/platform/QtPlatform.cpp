@@ -1,5 +1,5 @@
-#include "core/base/preconditionFailure.h"
-#include "platform/KitThread.h"
+#include "base/preconditionFailure.h"
+#include "platform/threads/KitThread.h"
 #include "quick/platform/MotionSetting.h"
 #include "quick/platform/QtApplication.h"
 #include "quick/platform/QtImageCodec.h"

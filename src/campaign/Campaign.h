@@ -1,10 +1,10 @@
 #pragma once
 
+#include "base/Error.h"
 #include "campaign/CampaignInfo.h"
 #include "campaign/attendance/AttendanceCampaign.h"
 #include "campaign/optinmarketing/OptInMarketingCampaign.h"
 #include "campaign/stamp/StampCampaign.h"
-#include "core/base/Error.h"
 #include "modular/ModularCampaign.h"
 
 #include <orrelo/ORLCampaignType.h>

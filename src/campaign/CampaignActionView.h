@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/Color.h"
 #include "campaign/Campaign.h"
-#include "core/base/Color.h"
-#include "viewkit/base/View.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

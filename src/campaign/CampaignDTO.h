@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Json.h"
 #include "campaign/PageDetailDTO.h"
-#include "core/base/Json.h"
 
 #include <functional>
 #include <string>

@@ -1,8 +1,8 @@
 #include "campaign/CampaignDataSources.h"
 
-#include "core/base/Json.h"
-#include "core/base/JsonWriter.h"
-#include "core/base/Utf8.h"
+#include "base/Json.h"
+#include "base/JsonWriter.h"
+#include "base/Utf8.h"
 #include "reactive/Observable.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "campaign/CampaignResultPageDTO.h"
 
-#include "core/base/JsonFields.h"
+#include "base/JsonFields.h"
 
 namespace orrelo {
 

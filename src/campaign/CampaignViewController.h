@@ -3,9 +3,9 @@
 #include "campaign/CampaignActionView.h"
 #include "campaign/CampaignViewModel.h"
 #include "modular/ModularCampaignView.h"
+#include "ui/Routing.h"
 #include "viewkit/ErrorView.h"
 #include "viewkit/ORLUIViewController.h"
-#include "viewkit/base/Routing.h"
 
 #include <orrelo/Export.h>
 

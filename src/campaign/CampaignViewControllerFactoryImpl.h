@@ -1,7 +1,7 @@
 #pragma once
 
 #include "campaign/CampaignViewModel.h"
-#include "viewkit/base/Routing.h"
+#include "ui/Routing.h"
 
 #include <utility>
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "base/Color.h"
 #include "campaign/CampaignRepository.h"
 #include "campaign/FetchUpdateUrlUseCase.h"
 #include "campaign/ParticipateCampaignUseCase.h"
 #include "config/ConfigRepository.h"
-#include "core/base/Color.h"
 #include "reactive/ObservableType.h"
 
 #include <orrelo/ORLCampaignType.h>

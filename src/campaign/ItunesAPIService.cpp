@@ -1,6 +1,6 @@
 #include "campaign/ItunesAPIService.h"
 
-#include "core/base/Json.h"
+#include "base/Json.h"
 #include "reactive/Observable.h"
 
 namespace orrelo {

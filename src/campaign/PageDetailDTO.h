@@ -1,10 +1,10 @@
 #pragma once
 
+#include "base/Json.h"
 #include "campaign/CampaignResultPageDTO.h"
 #include "campaign/attendance/AttendanceCampaignPageDetailDTO.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignPageDetailDTO.h"
 #include "campaign/stamp/StampCampaignPageDTO.h"
-#include "core/base/Json.h"
 #include "modular/ModularCampaignPageDTO.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/Json.h"
+#include "base/Json.h"
 
 #include <string>
 

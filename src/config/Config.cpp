@@ -1,6 +1,6 @@
 #include "config/Config.h"
 
-#include "core/base/Error.h"
+#include "base/Error.h"
 
 namespace orrelo {
 namespace {

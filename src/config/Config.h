@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/base/Color.h"
-#include "core/base/Json.h"
-#include "core/base/JsonWriter.h"
-#include "navigation/page/Page.h"
+#include "base/Color.h"
+#include "base/Json.h"
+#include "base/JsonWriter.h"
+#include "page/Page.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #include "events/BIEventRepository.h"
 
-#include "core/base/Logger.h"
+#include "base/Logger.h"
 #include "reactive/Observable.h"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #include "events/Event.h"
 
-#include "core/model/UserManager.h"
+#include "model/UserManager.h"
 #include "network/RFC3339DateParser.h"
 #include "platform/Random.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/StringDictionary.h"
+#include "base/StringDictionary.h"
 
 #include <orrelo/Date.h>
 #include <orrelo/Uuid.h>

@@ -1,7 +1,7 @@
 #include "events/EventDao.h"
 
-#include "core/base/Logger.h"
-#include "core/base/preconditionFailure.h"
+#include "base/Logger.h"
+#include "base/preconditionFailure.h"
 #include "reactive/Observable.h"
 
 #include <algorithm>

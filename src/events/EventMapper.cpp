@@ -1,6 +1,6 @@
 #include "events/EventMapper.h"
 
-#include "core/base/JsonWriter.h"
+#include "base/JsonWriter.h"
 #include "network/RFC3339DateParser.h"
 
 namespace orrelo {

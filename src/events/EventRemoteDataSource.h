@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/JsonWriter.h"
+#include "base/JsonWriter.h"
 #include "events/Event.h"
 #include "network/HTTPClient.h"
 #include "network/NetworkConfig.h"

@@ -1,7 +1,7 @@
 #include "events/EventValueDescription.h"
 
-#include "core/base/DateFormat.h"
-#include "core/base/numberText.h"
+#include "base/DateFormat.h"
+#include "base/numberText.h"
 
 namespace orrelo {
 namespace {

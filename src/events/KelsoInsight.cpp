@@ -1,7 +1,7 @@
 #include "events/KelsoInsight.h"
 
-#include "core/base/Utf8.h"
-#include "core/base/preconditionFailure.h"
+#include "base/Utf8.h"
+#include "base/preconditionFailure.h"
 #include "events/OLSEventMapper.h"
 #include "network/HttpHeaderGenerator.h"
 #include "platform/EventDatabase.h"

@@ -1,9 +1,9 @@
 #include "events/OLSEventMapper.h"
 
-#include "core/base/DateFormat.h"
-#include "core/base/JsonWriter.h"
-#include "core/base/Utf8.h"
-#include "core/base/numberText.h"
+#include "base/DateFormat.h"
+#include "base/JsonWriter.h"
+#include "base/Utf8.h"
+#include "base/numberText.h"
 #include "events/EventValueDescription.h"
 
 #include <orrelo/UnsupportedEventValueException.h>

@@ -1,10 +1,10 @@
 #include "events/UserEventTracker.h"
 
-#include "core/base/EnumTexts.h"
-#include "core/base/Logger.h"
-#include "core/model/Delegates.h"
+#include "base/EnumTexts.h"
+#include "base/Logger.h"
 #include "events/EventValueDescription.h"
 #include "events/KelsoInsight.h"
+#include "model/Delegates.h"
 
 namespace orrelo {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/Error.h"
+#include "base/Error.h"
 
 #include <cstddef>
 #include <functional>

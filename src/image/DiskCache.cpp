@@ -1,7 +1,7 @@
 #include "image/DiskCache.h"
 
-#include "core/base/EnumTexts.h"
-#include "platform/Files.h"
+#include "base/EnumTexts.h"
+#include "platform/store/Files.h"
 
 #include <functional>
 #include <mutex>

@@ -2,7 +2,7 @@
 
 #include "image/Data.h"
 #include "image/WrappedKey.h"
-#include "platform/SerialQueue.h"
+#include "platform/threads/SerialQueue.h"
 
 #include <orrelo/Platform.h>
 

@@ -2,8 +2,8 @@
 
 #include "image/Data.h"
 #include "image/onMain.h"
-#include "platform/KitThread.h"
 #include "platform/URLSession.h"
+#include "platform/threads/KitThread.h"
 
 #include <orrelo/Platform.h>
 

@@ -1,8 +1,8 @@
 #include "image/Image.h"
 
 #include "platform/Application.h"
-#include "platform/KitThread.h"
 #include "platform/WorkerPool.h"
+#include "platform/threads/KitThread.h"
 
 #include <utility>
 

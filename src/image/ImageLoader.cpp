@@ -1,7 +1,7 @@
 #include "image/ImageLoader.h"
 
-#include "core/base/Logger.h"
-#include "core/base/Utf8.h"
+#include "base/Logger.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 #include <array>

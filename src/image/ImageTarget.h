@@ -1,7 +1,7 @@
 #pragma once
 
 #include "image/ImagePipeline.h"
-#include "viewkit/base/Geometry.h"
+#include "ui/Geometry.h"
 
 namespace orrelo {
 

@@ -1,6 +1,6 @@
 #include "image/ImageTransforming.h"
 
-#include "core/base/numberText.h"
+#include "base/numberText.h"
 #include "image/downsampled.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "image/Image.h"
-#include "viewkit/base/Geometry.h"
+#include "ui/Geometry.h"
 
 #include <functional>
 #include <memory>

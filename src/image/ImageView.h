@@ -1,7 +1,7 @@
 #pragma once
 
 #include "image/ImageTarget.h"
-#include "viewkit/base/View.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

@@ -1,6 +1,6 @@
 #include "image/WrappedKey.h"
 
-#include "platform/FileNames.h"
+#include "platform/store/FileNames.h"
 
 #include <array>
 #include <memory>

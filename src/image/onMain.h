@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/KitThread.h"
+#include "platform/threads/KitThread.h"
 
 #include <orrelo/MainLoop.h>
 

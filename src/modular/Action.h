@@ -1,6 +1,6 @@
 #pragma once
 
-#include "navigation/page/Page.h"
+#include "page/Page.h"
 
 #include <string>
 #include <variant>

@@ -1,6 +1,6 @@
 #include "modular/ModularCampaignConfig.h"
 
-#include "core/base/JsonFields.h"
+#include "base/JsonFields.h"
 #include "modular/dialog/RewardMessageDialogComponent.h"
 #include "modular/dialog/ToastDialogComponent.h"
 

@@ -1,7 +1,7 @@
 #include "modular/ModularCampaignPageDTO.h"
 
-#include "core/base/JsonFields.h"
-#include "core/base/preconditionFailure.h"
+#include "base/JsonFields.h"
+#include "base/preconditionFailure.h"
 #include "modular/ComponentKinds.h"
 #include "modular/content/BlankComponent.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "modular/Action.h"
-#include "viewkit/base/StackView.h"
+#include "ui/StackView.h"
 
 #include <orrelo/Export.h>
 

@@ -1,6 +1,6 @@
 #include "navigation/PageRouterImpl.h"
 
-#include "core/base/Logger.h"
+#include "base/Logger.h"
 #include "platform/Application.h"
 
 #include <orrelo/Platform.h>

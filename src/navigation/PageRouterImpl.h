@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewkit/base/Routing.h"
+#include "ui/Routing.h"
 
 #include <functional>
 #include <memory>

@@ -1,8 +1,8 @@
 #include "navigation/ShowPageUseCase.h"
 
-#include "core/base/Logger.h"
+#include "base/Logger.h"
 #include "reactive/Observable.h"
-#include "viewkit/base/KeyWindow.h"
+#include "ui/KeyWindow.h"
 
 #include <algorithm>
 #include <optional>

@@ -3,7 +3,7 @@
 #include "config/ConfigRepository.h"
 #include "reactive/Disposable.h"
 #include "reactive/Scheduler.h"
-#include "viewkit/base/Routing.h"
+#include "ui/Routing.h"
 
 #include <memory>
 #include <string>

@@ -1,6 +1,6 @@
 #include "network/KelsoMutator.h"
 
-#include "platform/HttpUrl.h"
+#include "platform/http/HttpUrl.h"
 
 namespace orrelo {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CertificateChain.h"
+#include "platform/http/CertificateChain.h"
 
 #include <orrelo/Export.h>
 #include <orrelo/Url.h>

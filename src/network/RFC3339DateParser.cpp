@@ -1,8 +1,8 @@
 #include "network/RFC3339DateParser.h"
 
-#include "core/base/DateFormat.h"
-#include "core/base/Utf8.h"
-#include "core/base/preconditionFailure.h"
+#include "base/DateFormat.h"
+#include "base/Utf8.h"
+#include "base/preconditionFailure.h"
 
 #include <algorithm>
 #include <array>

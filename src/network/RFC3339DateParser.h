@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/TimeZone.h"
+#include "base/TimeZone.h"
 
 #include <orrelo/Date.h>
 

@@ -1,7 +1,7 @@
 #include "network/URLRequestBuilder.h"
 
-#include "core/base/EnumTexts.h"
-#include "core/base/Utf8.h"
+#include "base/EnumTexts.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "image/ImageView.h"
+#include "ui/View.h"
 #include "viewkit/TooltipView.h"
-#include "viewkit/base/View.h"
 
 #include <orrelo/Export.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/Color.h"
-#include "viewkit/base/ViewController.h"
+#include "base/Color.h"
+#include "ui/ViewController.h"
 
 #include <orrelo/Export.h>
 

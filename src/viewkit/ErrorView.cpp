@@ -1,6 +1,6 @@
 #include "viewkit/ErrorView.h"
 
-#include "core/base/ErrorText.h"
+#include "base/ErrorText.h"
 
 namespace orrelo {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/Error.h"
-#include "viewkit/base/View.h"
+#include "base/Error.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

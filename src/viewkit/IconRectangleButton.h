@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/Color.h"
-#include "viewkit/base/View.h"
+#include "base/Color.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

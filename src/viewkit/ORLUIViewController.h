@@ -1,8 +1,8 @@
 #pragma once
 
+#include "ui/NavigationController.h"
+#include "ui/ViewController.h"
 #include "viewkit/ToastLayer.h"
-#include "viewkit/base/NavigationController.h"
-#include "viewkit/base/ViewController.h"
 
 #include <orrelo/Export.h>
 

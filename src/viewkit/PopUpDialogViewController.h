@@ -1,7 +1,7 @@
 #pragma once
 
 #include "image/ImageView.h"
-#include "viewkit/base/ViewController.h"
+#include "ui/ViewController.h"
 
 #include <orrelo/Export.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ui/View.h"
 #include "viewkit/ToastView.h"
-#include "viewkit/base/View.h"
 
 #include <orrelo/Export.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/base/Color.h"
-#include "viewkit/base/Animation.h"
-#include "viewkit/base/View.h"
+#include "base/Color.h"
+#include "ui/Animation.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

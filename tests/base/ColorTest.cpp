@@ -1,4 +1,4 @@
-#include "core/base/Color.h"
+#include "base/Color.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "core/base/DateFormat.h"
+#include "base/DateFormat.h"
 #include "network/RFC3339DateParser.h"
 #include "support/TemporaryFolder.h"
 

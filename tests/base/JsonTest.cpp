@@ -1,6 +1,6 @@
-#include "core/base/Error.h"
-#include "core/base/Json.h"
-#include "core/base/JsonWriter.h"
+#include "base/Error.h"
+#include "base/Json.h"
+#include "base/JsonWriter.h"
 #include "support/ServiceReplies.h"
 
 #include <cfloat>

@@ -1,6 +1,6 @@
-#include "core/base/DateFormat.h"
-#include "core/base/Logger.h"
-#include "core/base/TimeZone.h"
+#include "base/DateFormat.h"
+#include "base/Logger.h"
+#include "base/TimeZone.h"
 
 #include <orrelo/ORLLogger.h>
 

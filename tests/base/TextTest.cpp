@@ -1,4 +1,4 @@
-#include "core/base/Utf8.h"
+#include "base/Utf8.h"
 
 #include <orrelo/Uuid.h>
 

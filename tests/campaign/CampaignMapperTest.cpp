@@ -1,5 +1,5 @@
 #include "CampaignReplies.h"
-#include "core/base/ErrorText.h"
+#include "base/ErrorText.h"
 
 #include <gmock/gmock.h>
 

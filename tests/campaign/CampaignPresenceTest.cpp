@@ -1,6 +1,6 @@
 // Each field of the service's replies, mutated in every way, against what its presence allows.
 #include "ReplyFields.h"
-#include "core/base/Error.h"
+#include "base/Error.h"
 
 #include <algorithm>
 #include <map>

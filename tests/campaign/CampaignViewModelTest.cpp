@@ -1,6 +1,6 @@
 #include "CampaignFixture.h"
-#include "core/base/ErrorText.h"
-#include "core/model/Delegates.h"
+#include "base/ErrorText.h"
+#include "model/Delegates.h"
 #include "reactive/Subjects.h"
 #include "support/ServiceReplies.h"
 

@@ -1,5 +1,5 @@
 #include "CampaignReplies.h"
-#include "core/base/Error.h"
+#include "base/Error.h"
 
 #include <gmock/gmock.h>
 #include <map>

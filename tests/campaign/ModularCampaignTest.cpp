@@ -1,5 +1,5 @@
 #include "CampaignReplies.h"
-#include "core/base/preconditionFailure.h"
+#include "base/preconditionFailure.h"
 
 #include <gmock/gmock.h>
 

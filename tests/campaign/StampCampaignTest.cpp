@@ -1,7 +1,7 @@
+#include "base/preconditionFailure.h"
 #include "campaign/CampaignMapper.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/stamp/StampCampaignView.h"
-#include "core/base/preconditionFailure.h"
 #include "modular/content/InformationView.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"

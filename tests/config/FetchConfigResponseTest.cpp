@@ -1,5 +1,5 @@
+#include "base/Error.h"
 #include "config/FetchConfigResponse.h"
-#include "core/base/Error.h"
 #include "support/ServiceReplies.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
-#include "core/base/Error.h"
-#include "core/base/Logger.h"
-#include "navigation/page/Page.h"
+#include "base/Error.h"
+#include "base/Logger.h"
+#include "page/Page.h"
 
 #include <gmock/gmock.h>
 #include <string>

@@ -1,5 +1,5 @@
-#include "core/base/Json.h"
-#include "core/base/Logger.h"
+#include "base/Json.h"
+#include "base/Logger.h"
 #include "events/KelsoInsight.h"
 #include "support/TestPlatform.h"
 

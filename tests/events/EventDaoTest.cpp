@@ -1,4 +1,4 @@
-#include "core/base/preconditionFailure.h"
+#include "base/preconditionFailure.h"
 #include "events/EventDao.h"
 #include "support/LogCapture.h"
 #include "support/TestPlatform.h"

@@ -1,7 +1,7 @@
-#include "core/EventComponent.h"
-#include "core/base/Json.h"
-#include "core/base/Logger.h"
+#include "base/Json.h"
+#include "base/Logger.h"
 #include "events/Event.h"
+#include "kit/EventComponent.h"
 #include "support/TestPlatform.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 #include "DevService.h"
-#include "core/base/Json.h"
+#include "base/Json.h"
 #include "platform/EventDatabase.h"
 #include "support/TemporaryFolder.h"
 

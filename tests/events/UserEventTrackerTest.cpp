@@ -1,9 +1,9 @@
-#include "core/base/Json.h"
-#include "core/base/Logger.h"
-#include "core/model/Delegates.h"
-#include "core/model/UserManager.h"
+#include "base/Json.h"
+#include "base/Logger.h"
 #include "events/KelsoInsight.h"
 #include "events/UserEventTracker.h"
+#include "model/Delegates.h"
+#include "model/UserManager.h"
 #include "support/TestPlatform.h"
 
 #include <gmock/gmock.h>

@@ -2,9 +2,9 @@
 // come of it, or a stop that a page may ask for. What decodes must map, and stand on its screen and be used
 // there.
 #include "UsedPage.h"
+#include "base/Error.h"
+#include "base/preconditionFailure.h"
 #include "campaign/CampaignMapper.h"
-#include "core/base/Error.h"
-#include "core/base/preconditionFailure.h"
 #include "support/TestPlatform.h"
 
 #include <chrono>

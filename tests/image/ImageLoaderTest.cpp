@@ -1,4 +1,4 @@
-#include "core/base/Logger.h"
+#include "base/Logger.h"
 #include "image/ImageLoader.h"
 #include "support/TestPlatform.h"
 

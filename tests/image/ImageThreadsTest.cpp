@@ -1,6 +1,6 @@
 #include "image/ImageLoader.h"
 #include "network/RawServer.h"
-#include "platform/PosixApplication.h"
+#include "platform/posix/PosixApplication.h"
 #include "support/PlainImageCodec.h"
 #include "support/TemporaryFolder.h"
 

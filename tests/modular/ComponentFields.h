@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ModularPages.h"
-#include "core/base/Color.h"
+#include "base/Color.h"
 #include "modular/content/ActionButtonComponent.h"
 #include "modular/content/BoxedInformationListComponent.h"
 #include "modular/content/ImageComponent.h"

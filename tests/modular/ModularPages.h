@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/Error.h"
-#include "core/base/preconditionFailure.h"
+#include "base/Error.h"
+#include "base/preconditionFailure.h"
 #include "modular/ModularCampaignPageDTO.h"
 #include "modular/content/BlankComponent.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ModularPages.h"
-#include "core/model/Delegates.h"
+#include "model/Delegates.h"
 #include "modular/ModularCampaignView.h"
 #include "support/TestPlatform.h"
 

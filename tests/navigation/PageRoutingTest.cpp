@@ -1,10 +1,10 @@
-#include "core/base/Logger.h"
+#include "base/Logger.h"
 #include "navigation/PageRouterImpl.h"
 #include "navigation/ShowPageUseCase.h"
 #include "reactive/Observable.h"
 #include "support/TestPlatform.h"
-#include "viewkit/base/KeyWindow.h"
-#include "viewkit/base/NavigationController.h"
+#include "ui/KeyWindow.h"
+#include "ui/NavigationController.h"
 
 #include <gmock/gmock.h>
 

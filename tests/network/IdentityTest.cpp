@@ -1,7 +1,7 @@
 #include "network/HttpHeaderGenerator.h"
 #include "network/KelsoMutator.h"
 #include "network/NetworkConfig.h"
-#include "platform/SqliteUserDefaults.h"
+#include "platform/store/SqliteUserDefaults.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestPlatform.h"
 

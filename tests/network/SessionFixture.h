@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CurlURLSession.h"
+#include "platform/http/CurlURLSession.h"
 
 #include <chrono>
 #include <future>

@@ -1,6 +1,6 @@
 #include "RawServer.h"
 #include "SessionFixture.h"
-#include "platform/CurlTransfer.h"
+#include "platform/http/CurlTransfer.h"
 
 #include <condition_variable>
 #include <gmock/gmock.h>

@@ -4,23 +4,23 @@
 set -euo pipefail
 cd "$1"
 
-layers=(core/base platform reactive "core/model navigation/page" network config events viewkit/base image viewkit
-  modular campaign "rewards referral inappmessage push" navigation core)
+layers=(base platform reactive "model page" network config events ui image viewkit modular campaign
+  "rewards referral inappmessage push" navigation kit)
 
 # The public headers, by the folder that they belong to.
 declare -A owner=(
-  [Date]=core/base [EventValue]=core/base [Export]=core/base [ORLLogger]=core/base [Url]=core/base [Uuid]=core/base
+  [Date]=base [EventValue]=base [Export]=base [ORLLogger]=base [Url]=base [Uuid]=base
   [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform
-  [ORLCampaignType]=core/model [ORLConfig]=core/model [ORLDelegates]=core/model [ORLUser]=core/model
-  [ORLUserEvent]=core/model [UnsupportedEventValueException]=core/model
-  [IOrrelo]=core [Orrelo]=core)
+  [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
+  [ORLUserEvent]=model [UnsupportedEventValueException]=model
+  [IOrrelo]=kit [Orrelo]=kit)
 
 declare -A rank
 for i in "${!layers[@]}"; do
   for folder in ${layers[i]}; do rank[$folder]=$i; done
 done
 
-# The innermost folder of the order that holds a path, e.g. "viewkit/base" for viewkit/base/View.h.
+# The innermost folder of the order that holds a path, e.g. "platform" for platform/http/HttpUrl.h.
 folder_of() {
   local path=$1
   while [[ $path == */* ]]; do

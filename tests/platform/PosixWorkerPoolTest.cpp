@@ -1,6 +1,6 @@
-#include "core/base/Utf8.h"
-#include "platform/KitThread.h"
-#include "platform/PosixWorkerPool.h"
+#include "base/Utf8.h"
+#include "platform/threads/KitThread.h"
+#include "platform/threads/PosixWorkerPool.h"
 
 #include <atomic>
 #include <cstdlib>

@@ -1,5 +1,5 @@
-#include "platform/PosixWorkerPool.h"
-#include "platform/SerialQueue.h"
+#include "platform/threads/PosixWorkerPool.h"
+#include "platform/threads/SerialQueue.h"
 
 #include <gmock/gmock.h>
 #include <latch>

@@ -1,4 +1,4 @@
-#include "core/base/preconditionFailure.h"
+#include "base/preconditionFailure.h"
 #include "platform/StoreSupport.h"
 
 #include <fstream>

@@ -1,6 +1,6 @@
-#include "core/base/preconditionFailure.h"
-#include "platform/SqliteUserDefaults.h"
+#include "base/preconditionFailure.h"
 #include "platform/StoreSupport.h"
+#include "platform/store/SqliteUserDefaults.h"
 #include "support/FaultVfs.h"
 
 #include <cerrno>

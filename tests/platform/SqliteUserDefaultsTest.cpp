@@ -1,5 +1,5 @@
-#include "platform/SqliteUserDefaults.h"
 #include "platform/StoreSupport.h"
+#include "platform/store/SqliteUserDefaults.h"
 
 #include <cmath>
 #include <fstream>

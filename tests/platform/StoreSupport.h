@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SqliteEventDatabase.h"
+#include "platform/store/SqliteEventDatabase.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryFolder.h"
 #include "support/Twins.h"

@@ -1,7 +1,7 @@
-#include "platform/PosixBundle.h"
-#include "platform/PosixDevice.h"
-#include "platform/PosixDirectories.h"
-#include "platform/SystemRandom.h"
+#include "platform/posix/PosixBundle.h"
+#include "platform/posix/PosixDevice.h"
+#include "platform/posix/PosixDirectories.h"
+#include "platform/posix/SystemRandom.h"
 #include "support/TemporaryFolder.h"
 
 #include <orrelo/platform/Clock.h>

@@ -1,7 +1,7 @@
 #include "QuickTest.h"
-#include "platform/PosixApplication.h"
+#include "platform/posix/PosixApplication.h"
+#include "ui/NavigationController.h"
 #include "viewkit/ErrorViewController.h"
-#include "viewkit/base/NavigationController.h"
 
 #include <orrelo/ORLLogger.h>
 

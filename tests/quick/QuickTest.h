@@ -2,7 +2,7 @@
 
 #include "Service.h"
 #include "support/TemporaryFolder.h"
-#include "viewkit/base/ViewController.h"
+#include "ui/ViewController.h"
 
 #include <orrelo/Orrelo.h>
 #include <orrelo/quick/OrreloQuick.h>

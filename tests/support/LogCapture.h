@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/Logger.h"
+#include "base/Logger.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/PosixApplication.h"
-#include "platform/SqliteEventDatabase.h"
+#include "platform/posix/PosixApplication.h"
+#include "platform/store/SqliteEventDatabase.h"
 #include "support/PlainImageCodec.h"
 #include "support/TemporaryFolder.h"
 #include "support/Twins.h"

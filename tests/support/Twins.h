@@ -3,7 +3,7 @@
 #include "platform/Random.h"
 #include "platform/URLSession.h"
 #include "platform/WorkerPool.h"
-#include "platform/WriterQueue.h"
+#include "platform/store/WriterQueue.h"
 
 #include <orrelo/MainLoop.h>
 #include <orrelo/Platform.h>

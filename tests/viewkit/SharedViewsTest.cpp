@@ -1,11 +1,11 @@
 #include "reactive/Observable.h"
 #include "support/TestPlatform.h"
+#include "ui/StackView.h"
 #include "viewkit/ErrorViewController.h"
 #include "viewkit/IconRectangleButton.h"
 #include "viewkit/RxButton.h"
 #include "viewkit/ToastLayer.h"
 #include "viewkit/TooltipView.h"
-#include "viewkit/base/StackView.h"
 
 #include <gmock/gmock.h>
 

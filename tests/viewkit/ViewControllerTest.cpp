@@ -1,7 +1,7 @@
-#include "core/base/Logger.h"
-#include "viewkit/base/NavigationController.h"
-#include "viewkit/base/TabBarController.h"
-#include "viewkit/base/ViewController.h"
+#include "base/Logger.h"
+#include "ui/NavigationController.h"
+#include "ui/TabBarController.h"
+#include "ui/ViewController.h"
 
 #include <functional>
 #include <gmock/gmock.h>

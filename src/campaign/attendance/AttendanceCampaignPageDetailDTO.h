@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Json.h"
 #include "campaign/RewardMessageDTO.h"
-#include "core/base/Json.h"
 
 #include <optional>
 #include <string>

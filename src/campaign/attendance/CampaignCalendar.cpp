@@ -1,6 +1,6 @@
 #include "campaign/attendance/CampaignCalendar.h"
 
-#include "core/base/TimeZone.h"
+#include "base/TimeZone.h"
 #include "network/RFC3339DateParser.h"
 
 #include <orrelo/Platform.h>

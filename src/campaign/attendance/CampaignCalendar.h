@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Color.h"
 #include "campaign/attendance/CalendarDate.h"
-#include "core/base/Color.h"
 
 #include <optional>
 #include <string>

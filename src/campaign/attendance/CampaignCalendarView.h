@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/Color.h"
 #include "campaign/attendance/CalendarCellViewState.h"
 #include "campaign/attendance/CampaignCalendar.h"
-#include "core/base/Color.h"
-#include "viewkit/base/View.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Color.h"
 #include "campaign/CampaignInfo.h"
-#include "core/base/Color.h"
 
 #include <string>
 

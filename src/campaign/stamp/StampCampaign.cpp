@@ -1,6 +1,6 @@
 #include "campaign/stamp/StampCampaign.h"
 
-#include "core/base/EnumTexts.h"
+#include "base/EnumTexts.h"
 
 namespace orrelo {
 namespace {

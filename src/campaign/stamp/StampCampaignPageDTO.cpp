@@ -1,7 +1,7 @@
 #include "campaign/stamp/StampCampaignPageDTO.h"
 
-#include "core/base/Error.h"
-#include "core/base/JsonFields.h"
+#include "base/Error.h"
+#include "base/JsonFields.h"
 
 namespace orrelo {
 namespace {

@@ -1,6 +1,6 @@
 #include "campaign/stamp/StampCampaignView.h"
 
-#include "core/base/preconditionFailure.h"
+#include "base/preconditionFailure.h"
 #include "modular/content/InformationView.h"
 #include "viewkit/CampaignNoticeView.h"
 

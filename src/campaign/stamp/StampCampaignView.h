@@ -2,8 +2,8 @@
 
 #include "campaign/stamp/StampCampaign.h"
 #include "image/ImageView.h"
+#include "ui/StackView.h"
 #include "viewkit/TextStyle.h"
-#include "viewkit/base/StackView.h"
 
 #include <orrelo/Export.h>
 

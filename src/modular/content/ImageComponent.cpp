@@ -1,6 +1,6 @@
 #include "modular/content/ImageComponent.h"
 
-#include "core/base/Error.h"
+#include "base/Error.h"
 
 namespace orrelo {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewkit/base/View.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/JsonFields.h"
+#include "base/JsonFields.h"
 #include "modular/UIComponent.h"
 #include "modular/content/NoticeView.h"
 

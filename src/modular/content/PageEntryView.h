@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/Color.h"
+#include "base/Color.h"
 #include "image/ImageView.h"
 #include "modular/UIComponent.h"
 

@@ -1,6 +1,6 @@
 #include "modular/content/WebComponent.h"
 
-#include "core/base/Error.h"
+#include "base/Error.h"
 #include "modular/content/WebView.h"
 
 #include <algorithm>

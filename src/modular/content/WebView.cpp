@@ -1,7 +1,7 @@
 #include "modular/content/WebView.h"
 
 #include "platform/Application.h"
-#include "platform/HttpUrl.h"
+#include "platform/http/HttpUrl.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/base/Json.h"
+#include "base/Json.h"
 #include "modular/DialogComponent.h"
 #include "viewkit/CampaignRewardViewController.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/Color.h"
-#include "core/base/Json.h"
+#include "base/Color.h"
+#include "base/Json.h"
 #include "modular/DialogComponent.h"
 
 #include <orrelo/Export.h>

@@ -1,7 +1,7 @@
 #include "modular/roulette/RouletteComponent.h"
 
-#include "core/base/JsonFields.h"
-#include "core/base/preconditionFailure.h"
+#include "base/JsonFields.h"
+#include "base/preconditionFailure.h"
 #include "events/UserEventTracker.h"
 
 #include <optional>

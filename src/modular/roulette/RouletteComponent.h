@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/Error.h"
-#include "core/base/Json.h"
+#include "base/Error.h"
+#include "base/Json.h"
 #include "modular/UIComponent.h"
 #include "modular/roulette/RouletteView.h"
 

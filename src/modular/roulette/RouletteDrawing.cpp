@@ -1,6 +1,6 @@
 #include "modular/roulette/RouletteDrawing.h"
 
-#include "core/base/Utf8.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/base/Color.h"
+#include "base/Color.h"
+#include "ui/Geometry.h"
 #include "viewkit/TextStyle.h"
-#include "viewkit/base/Geometry.h"
 
 #include <orrelo/Export.h>
 

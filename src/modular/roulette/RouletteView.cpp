@@ -1,8 +1,8 @@
 #include "modular/roulette/RouletteView.h"
 
-#include "core/base/Logger.h"
+#include "base/Logger.h"
 #include "reactive/Creating.h"
-#include "viewkit/base/Geometry.h"
+#include "ui/Geometry.h"
 
 #include <orrelo/Platform.h>
 

@@ -3,8 +3,8 @@
 #include "modular/roulette/LayerPersistentHelper.h"
 #include "modular/roulette/RouletteDrawing.h"
 #include "reactive/Observable.h"
-#include "viewkit/base/Animation.h"
-#include "viewkit/base/View.h"
+#include "ui/Animation.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

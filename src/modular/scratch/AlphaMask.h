@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewkit/base/Geometry.h"
+#include "ui/Geometry.h"
 
 #include <orrelo/Export.h>
 

@@ -1,6 +1,6 @@
 #include "modular/scratch/ScratchLotteryComponent.h"
 
-#include "core/base/Error.h"
+#include "base/Error.h"
 #include "events/UserEventTracker.h"
 
 namespace orrelo {

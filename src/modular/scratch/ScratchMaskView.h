@@ -1,7 +1,7 @@
 #pragma once
 
 #include "modular/scratch/AlphaMask.h"
-#include "viewkit/base/View.h"
+#include "ui/View.h"
 
 #include <orrelo/Export.h>
 

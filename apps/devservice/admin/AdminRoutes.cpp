@@ -1,0 +1,176 @@
+#include "admin/AdminRoutes.h"
+
+#include "JsonText.h"
+#include "admin/AdminPage.h"
+#include "faults/FaultJson.h"
+
+#include <charconv>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string_view>
+#include <system_error>
+#include <variant>
+
+namespace orrelo::devservice {
+
+namespace {
+
+using nlohmann::json;
+
+constexpr int eventsOfAPage = 500;
+constexpr int listedUsers = 200;
+constexpr std::string_view faultsPath = "/admin/faults";
+
+std::optional<std::uint64_t> toNumber(std::string_view text) {
+  std::uint64_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc{} || end != text.data() + text.size() || value > INT64_MAX) return std::nullopt;
+  return value;
+}
+
+std::int64_t milliseconds(TimePoint time) {
+  return time.time_since_epoch().count();
+}
+
+json eventJson(const StoredEvent& stored) {
+  const auto& event = stored.event;
+  json result{{"id", stored.id},
+              {"eventId", event.eventId},
+              {"appKey", event.appKey},
+              {"userId", nullptr},
+              {"eventName", event.eventName},
+              {"eventTime", event.eventTime},
+              {"path", event.path},
+              {"values", event.values},
+              {"headers", event.headers},
+              {"deliveries", event.deliveries},
+              {"firstArrival", milliseconds(event.firstArrival)},
+              {"lastArrival", milliseconds(event.lastArrival)}};
+  if (event.userId) result["userId"] = *event.userId;
+  return result;
+}
+
+json usersJson(const EventStore& store) {
+  auto result = json::array();
+  for (const auto& user : store.users(listedUsers)) {
+    result.push_back({{"appKey", user.appKey},
+                      {"userId", user.userId},
+                      {"events", user.events},
+                      {"firstSeen", milliseconds(user.firstSeen)},
+                      {"lastSeen", milliseconds(user.lastSeen)}});
+  }
+  return result;
+}
+
+json tokensJson(const EventStore& store) {
+  auto result = json::array();
+  for (const auto& token : store.tokens(listedUsers)) {
+    result.push_back({{"appKey", token.appKey},
+                      {"userId", token.userId},
+                      {"token", token.token},
+                      {"saves", token.saves},
+                      {"lastSaved", milliseconds(token.lastSaved)}});
+  }
+  return result;
+}
+
+json faultsJson(const FaultBook& faults) {
+  auto result = json::array();
+  for (const auto& fault : faults.list()) result.push_back(faultToJson(fault));
+  return result;
+}
+
+Reply pageReply() {
+  auto reply = Reply::text(200, AdminPage::html(), "text/html; charset=utf-8");
+  reply.headers = {{"Content-Security-Policy", AdminPage::contentSecurityPolicy()},
+                   {"X-Content-Type-Options", "nosniff"},
+                   {"Cache-Control", "no-store"}};
+  return reply;
+}
+
+/// Another site's page, open in the same browser, must not order faults here.
+bool isFromElsewhere(const httplib::Request& request) {
+  return request.has_header("Origin") &&
+         request.get_header_value("Origin") != "https://" + request.get_header_value("Host");
+}
+
+Reply wrongMethod() {
+  return errorReply(405, "this path does not take this method");
+}
+
+}  // namespace
+
+AdminRoutes::AdminRoutes(const EventStore& theStore, const Scenario& theScenario,
+                         const RequestLog& theRequests, FaultBook& theFaults)
+    : store(theStore), scenario(theScenario), requests(theRequests), faults(theFaults) {}
+
+bool AdminRoutes::isAdmin(const httplib::Request& request) {
+  return request.path == "/" || request.path == "/favicon.ico" || request.path.starts_with("/admin/");
+}
+
+Reply AdminRoutes::answer(const httplib::Request& request) {
+  const std::string_view path = request.path;
+  const auto& method = request.method;
+  if (isFromElsewhere(request)) return errorReply(403, "only this service's own page may ask this");
+  if (path == "/") return method == "GET" ? pageReply() : wrongMethod();
+  if (path == "/admin/state") return method == "GET" ? state(request) : wrongMethod();
+  if (path == faultsPath) {
+    if (method == "GET") return listFaults();
+    if (method == "POST") return orderFault(request.body);
+    if (method != "DELETE") return wrongMethod();
+    faults.clear();
+    return jsonReply(200, json::object());
+  }
+  if (path.starts_with(std::string(faultsPath) + "/")) {
+    return method == "DELETE" ? clearFault(std::string(path.substr(faultsPath.size() + 1))) : wrongMethod();
+  }
+  return errorReply(404, "no such path");
+}
+
+Reply AdminRoutes::state(const httplib::Request& request) const {
+  EventPage page;
+  if (request.has_param("after")) {
+    const auto after = toNumber(request.get_param_value("after"));
+    if (!after) return errorReply(400, "\"after\" must be a number");
+    page = store.changesAfter(static_cast<std::int64_t>(*after), eventsOfAPage);
+  } else {
+    page = store.lastChanges(eventsOfAPage);
+  }
+  auto events = json::array();
+  for (const auto& event : page.events) events.push_back(eventJson(event));
+  const auto counts = store.counts();
+  const auto lastOnPage = page.events.empty() ? page.revision : page.events.back().revision;
+  return jsonReply(200, {{"scenario", scenario.directory().string()},
+                         {"counts",
+                          {{"events", counts.events},
+                           {"deliveries", counts.deliveries},
+                           {"users", counts.users},
+                           {"tokens", counts.tokens},
+                           {"requests", requests.count("")}}},
+                         {"next", lastOnPage},
+                         {"more", lastOnPage < page.revision},
+                         {"events", std::move(events)},
+                         {"users", usersJson(store)},
+                         {"tokens", tokensJson(store)},
+                         {"faults", faultsJson(faults)}});
+}
+
+Reply AdminRoutes::listFaults() const {
+  return jsonReply(200, {{"faults", faultsJson(faults)}});
+}
+
+Reply AdminRoutes::orderFault(const std::string& body) {
+  const auto parsed = json::parse(body, nullptr, false);
+  if (parsed.is_discarded()) return errorReply(400, "the body is not JSON");
+  auto fault = faultFromJson(parsed);
+  if (const auto* problem = std::get_if<std::string>(&fault)) return errorReply(400, *problem);
+  return jsonReply(201, {{"id", faults.order(std::move(std::get<Fault>(fault)))}});
+}
+
+Reply AdminRoutes::clearFault(const std::string& id) {
+  const auto number = toNumber(id);
+  if (!number || !faults.clear(*number)) return errorReply(404, "no such fault");
+  return jsonReply(200, json::object());
+}
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "faults/FaultBook.h"
+#include "http/Reply.h"
+#include "http/RequestLog.h"
+#include "scenario/Scenario.h"
+#include "store/EventStore.h"
+
+#include <httplib.h>
+#include <string>
+
+namespace orrelo::devservice {
+
+/// The page at "/" and what stands behind it below "/admin/".
+class AdminRoutes {
+ public:
+  AdminRoutes(const EventStore& store, const Scenario& scenario, const RequestLog& requests,
+              FaultBook& faults);
+
+  static bool isAdmin(const httplib::Request& request);
+  Reply answer(const httplib::Request& request);
+
+ private:
+  Reply state(const httplib::Request& request) const;
+  Reply listFaults() const;
+  Reply orderFault(const std::string& body);
+  Reply clearFault(const std::string& id);
+
+  const EventStore& store;
+  const Scenario& scenario;
+  const RequestLog& requests;
+  FaultBook& faults;
+};
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,154 @@
+#include "faults/FaultJson.h"
+
+#include <algorithm>
+#include <array>
+#include <openssl/evp.h>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+namespace orrelo::devservice {
+
+namespace {
+
+using nlohmann::json;
+using Kind = Fault::Kind;
+
+constexpr std::size_t largestBody = std::size_t{256} * 1024 * 1024;
+constexpr std::int64_t longestDelay = 3'600'000;
+
+constexpr std::array<std::pair<Kind, const char*>, 7> kindNames{{{Kind::delay, "delay"},
+                                                                 {Kind::status, "status"},
+                                                                 {Kind::drop, "drop"},
+                                                                 {Kind::truncate, "truncate"},
+                                                                 {Kind::hang, "hang"},
+                                                                 {Kind::body, "body"},
+                                                                 {Kind::redirect, "redirect"}}};
+
+constexpr std::array knownKeys{"kind", "method",     "path",   "count",       "delay",    "status",
+                               "body", "bodyBase64", "repeat", "contentType", "location", "carryOut"};
+
+/// Carries the message for whoever ordered the fault; does not leave this file.
+struct Refusal : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+std::string textAt(const json& object, const char* key, std::string otherwise = {}) {
+  const auto found = object.find(key);
+  if (found == object.end()) return otherwise;
+  if (!found->is_string()) throw Refusal("\"" + std::string(key) + "\" must be a string");
+  return found->get<std::string>();
+}
+
+std::string headerTextAt(const json& object, const char* key, std::string otherwise = {}) {
+  auto text = textAt(object, key, std::move(otherwise));
+  const bool plain = std::ranges::all_of(text, [](unsigned char c) { return c >= 0x20 && c != 0x7f; });
+  if (!plain) throw Refusal("\"" + std::string(key) + "\" must fit in a header");
+  return text;
+}
+
+std::optional<std::int64_t> integerAt(const json& object, const char* key, std::int64_t least,
+                                      std::int64_t most) {
+  const auto found = object.find(key);
+  if (found == object.end()) return std::nullopt;
+  if (found->is_number_integer() &&
+      !(found->is_number_unsigned() && found->get<std::uint64_t>() > INT64_MAX)) {
+    const auto value = found->get<std::int64_t>();
+    if (value >= least && value <= most) return value;
+  }
+  throw Refusal("\"" + std::string(key) + "\" must be a whole number from " + std::to_string(least) + " to " +
+                std::to_string(most));
+}
+
+std::string decodeBase64(const std::string& text) {
+  std::string bytes(text.size() / 4 * 3, '\0');
+  const int length =
+      EVP_DecodeBlock(reinterpret_cast<unsigned char*>(bytes.data()),
+                      reinterpret_cast<const unsigned char*>(text.data()), static_cast<int>(text.size()));
+  if (length < 0 || text.size() % 4 != 0) throw Refusal("\"bodyBase64\" is not base64");
+  const auto padding = text.ends_with("==") ? 2U : text.ends_with('=') ? 1U : 0U;
+  bytes.resize(static_cast<std::size_t>(length) - padding);
+  return bytes;
+}
+
+std::string bodyOf(const json& object) {
+  if (object.contains("body") && object.contains("bodyBase64")) {
+    throw Refusal("give \"body\" or \"bodyBase64\", not both");
+  }
+  const auto once =
+      object.contains("bodyBase64") ? decodeBase64(textAt(object, "bodyBase64")) : textAt(object, "body");
+  const auto repeat = integerAt(object, "repeat", 1, largestBody).value_or(1);
+  const auto times = static_cast<std::size_t>(repeat);
+  if (once.size() > largestBody / times) throw Refusal("the body is larger than 256 MiB");
+  std::string body;
+  body.reserve(once.size() * times);
+  for (std::size_t i = 0; i < times; ++i) body += once;
+  return body;
+}
+
+Kind kindOf(const json& object) {
+  const auto name = textAt(object, "kind");
+  const auto* const found =
+      std::ranges::find_if(kindNames, [&](const auto& entry) { return entry.second == name; });
+  if (found == kindNames.end()) {
+    throw Refusal("\"kind\" must be delay, status, drop, truncate, hang, body or redirect");
+  }
+  return found->first;
+}
+
+Fault parse(const json& object) {
+  if (!object.is_object()) throw Refusal("a fault must be an object");
+  for (const auto& [key, value] : object.items()) {
+    if (std::ranges::find(knownKeys, key) == knownKeys.end()) throw Refusal("\"" + key + "\" is not known");
+  }
+  Fault fault;
+  fault.kind = kindOf(object);
+  fault.method = textAt(object, "method");
+  fault.pathSuffix = textAt(object, "path");
+  if (const auto count = integerAt(object, "count", 1, INT32_MAX)) fault.count = static_cast<int>(*count);
+  fault.delay = std::chrono::milliseconds(integerAt(object, "delay", 0, longestDelay).value_or(0));
+  if (const auto status = integerAt(object, "status", 200, 599)) fault.status = static_cast<int>(*status);
+  fault.body = bodyOf(object);
+  fault.contentType = headerTextAt(object, "contentType", fault.contentType);
+  fault.location = headerTextAt(object, "location");
+  if (const auto found = object.find("carryOut"); found != object.end()) {
+    if (!found->is_boolean()) throw Refusal("\"carryOut\" must be true or false");
+    fault.carryOut = found->get<bool>();
+  }
+  if (fault.kind == Kind::redirect && fault.location.empty())
+    throw Refusal("a redirect needs a \"location\"");
+  return fault;
+}
+
+}  // namespace
+
+std::variant<Fault, std::string> faultFromJson(const json& object) {
+  try {
+    return parse(object);
+  } catch (const Refusal& refusal) {
+    return std::string(refusal.what());
+  }
+}
+
+json faultToJson(const OrderedFault& ordered) {
+  const auto& fault = ordered.fault;
+  const auto* const name =
+      std::ranges::find_if(kindNames, [&](const auto& entry) { return entry.first == fault.kind; });
+  json result{{"id", ordered.id},
+              {"kind", name->second},
+              {"method", fault.method},
+              {"path", fault.pathSuffix},
+              {"delay", fault.delay.count()},
+              {"bodySize", fault.body.size()},
+              {"contentType", fault.contentType},
+              {"location", fault.location},
+              {"carryOut", fault.carryOut},
+              {"applied", ordered.applied},
+              {"waiting", ordered.waiting}};
+  if (fault.status) result["status"] = *fault.status;
+  if (ordered.remaining) result["remaining"] = *ordered.remaining;
+  return result;
+}
+
+}  // namespace orrelo::devservice

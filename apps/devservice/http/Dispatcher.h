@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ServiceRoutes.h"
+#include "admin/AdminRoutes.h"
+#include "faults/FaultBook.h"
+#include "http/RequestLog.h"
+
+#include <httplib.h>
+
+namespace orrelo::devservice {
+
+/// Takes each request to the routes that answer it, and spoils the answer where a fault is ordered.
+class Dispatcher {
+ public:
+  Dispatcher(EventStore& store, ParticipationBook& participations, const Scenario& scenario,
+             RequestLog& requests, FaultBook& faults);
+
+  void handle(const httplib::Request& request, httplib::Response& response);
+
+ private:
+  void dispatch(const httplib::Request& request, httplib::Response& response);
+  void answerWith(const Fault& fault, const httplib::Request& request, httplib::Response& response);
+
+  ServiceRoutes service;
+  AdminRoutes admin;
+  RequestLog& requests;
+  FaultBook& faults;
+};
+
+}  // namespace orrelo::devservice

@@ -1,0 +1,94 @@
+#include "base/TimeZone.h"
+
+#include <cstdlib>
+#include <ctime>
+#include <date/tz.h>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+/// The name behind the path of a zone's file; nothing where the path leads elsewhere.
+std::optional<std::string> zoneOf(const std::filesystem::path& path) {
+  constexpr std::string_view folder = "zoneinfo/";
+  auto text = path.string();
+  const auto at = text.find(folder);
+  if (at == std::string::npos) return std::nullopt;
+  text.erase(0, at + folder.size());
+  // The same zones once more, without and with leap seconds.
+  for (const std::string_view variant : {"posix/", "right/"}) {
+    if (text.starts_with(variant)) text.erase(0, variant.size());
+  }
+  const bool isName = !text.empty() && text.find("..") == std::string::npos;
+  return isName ? std::optional(std::move(text)) : std::nullopt;
+}
+
+std::optional<std::string> linkedZone(const std::filesystem::path& path) {
+  std::error_code failure;
+  const auto target = std::filesystem::read_symlink(path, failure);
+  return failure ? std::nullopt : zoneOf(target);
+}
+
+/// The zone that TZ names, by its name or by the path of its file; nothing for a POSIX rule ("KST-9").
+std::optional<std::string> zoneOfEnvironment() {
+  const char* const tz = std::getenv("TZ");
+  if (tz == nullptr) return std::nullopt;
+  const std::filesystem::path path(*tz == ':' ? tz + 1 : tz);
+  if (path.is_absolute()) {
+    auto zone = zoneOf(path);
+    return zone ? zone : linkedZone(path);
+  }
+  const char* const folder = std::getenv("TZDIR");
+  std::error_code failure;
+  const auto file = std::filesystem::path(folder != nullptr ? folder : "/usr/share/zoneinfo") / path;
+  return std::filesystem::is_regular_file(file, failure) ? zoneOf("zoneinfo" / path) : std::nullopt;
+}
+
+std::string currentIdentifier() {
+  if (auto zone = zoneOfEnvironment()) return *zone;
+  return linkedZone("/etc/localtime").value_or("UTC");
+}
+
+std::chrono::seconds localOffset(Date date) {
+  const auto seconds =
+      static_cast<std::time_t>(std::chrono::floor<std::chrono::seconds>(date.sinceEpoch()).count());
+  std::tm local{};
+  return localtime_r(&seconds, &local) != nullptr ? std::chrono::seconds(local.tm_gmtoff)
+                                                  : std::chrono::seconds(0);
+}
+
+}  // namespace
+
+TimeZone TimeZone::utc() {
+  return {Kind::utc, "UTC"};
+}
+
+TimeZone TimeZone::current() {
+  return {Kind::current, currentIdentifier()};
+}
+
+TimeZone TimeZone::named(std::string identifier) {
+  return {Kind::named, std::move(identifier)};
+}
+
+std::chrono::seconds TimeZone::offset(Date date) const {
+  switch (kind_) {
+    case Kind::utc:
+      return {};
+    case Kind::current:
+      return localOffset(date);
+    case Kind::named:
+      break;
+  }
+  try {
+    const date::sys_time<std::chrono::microseconds> time(date.sinceEpoch());
+    return date::locate_zone(identifier_)->get_info(date::floor<std::chrono::seconds>(time)).offset;
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+}  // namespace orrelo

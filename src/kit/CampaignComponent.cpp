@@ -1,0 +1,42 @@
+#include "kit/CampaignComponent.h"
+
+#include "campaign/CampaignViewControllerFactoryImpl.h"
+#include "network/HTTPClient.h"
+
+#include <orrelo/Platform.h>
+
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+CampaignUseCases makeUseCases(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
+                              const NetworkConfig& networkConfig, const std::string& storeUrl) {
+  const auto httpClient = std::make_shared<HTTPClientImpl>();
+  const auto scheduler =
+      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
+  const auto repository = std::make_shared<CampaignRepositoryImpl>(
+      CampaignRemoteDataSource(networkConfig, httpClient, scheduler),
+      CampaignLocalDataSource(Platform::current().userDefaults->standard()));
+  return {
+      .fetchCampaignsUseCase = FetchCampaignsUseCase(repository),
+      .fetchCampaignUseCase = FetchCampaignUseCase(repository),
+      .fetchConfigUseCase = fetchConfigUseCase,
+      .participateCampaignUseCase =
+          std::make_shared<ParticipateCampaignUseCaseImpl>(networkConfig, httpClient, scheduler),
+      .fetchUpdateUrlUseCase = std::make_shared<FetchUpdateUrlUseCaseImpl>(
+          std::make_shared<ItunesAPIServiceImpl>(httpClient, scheduler, storeUrl), fetchConfigUseCase),
+      .fetchCampaignStateUseCase = FetchCampaignStateUseCase(repository),
+      .saveCampaignStateUseCase = SaveCampaignStateUseCase(repository),
+  };
+}
+
+}  // namespace
+
+CampaignComponent::CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
+                                     const NetworkConfig& networkConfig, const std::string& storeUrl,
+                                     const std::shared_ptr<PageRouter>& pageRouter)
+    : campaignViewControllerFactory(std::make_shared<CampaignViewControllerFactoryImpl>(
+          makeUseCases(fetchConfigUseCase, networkConfig, storeUrl), pageRouter)) {}
+
+}  // namespace orrelo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "config/ConfigRepository.h"
+#include "network/NetworkConfig.h"
+#include "ui/Routing.h"
+
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// Wires the campaigns and their screens.
+class CampaignComponent {
+ public:
+  /// `storeUrl` is where the store's lookup is asked.
+  CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
+                    const NetworkConfig& networkConfig, const std::string& storeUrl,
+                    const std::shared_ptr<PageRouter>& pageRouter);
+
+  const std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory;
+};
+
+}  // namespace orrelo

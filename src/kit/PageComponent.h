@@ -1,0 +1,20 @@
+#pragma once
+
+#include "config/ConfigRepository.h"
+#include "navigation/ShowPageUseCase.h"
+#include "ui/Routing.h"
+
+#include <memory>
+
+namespace orrelo {
+
+/// Wires the ways to pages. They lead through the façade's own operations.
+class PageComponent {
+ public:
+  explicit PageComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase);
+
+  const std::shared_ptr<PageRouter> pageRouter;
+  const std::shared_ptr<ShowPageUseCase> useCase;
+};
+
+}  // namespace orrelo

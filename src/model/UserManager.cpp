@@ -1,0 +1,60 @@
+#include "model/UserManager.h"
+
+#include <orrelo/Platform.h>
+
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+struct CurrentUser {
+  std::mutex mutex;
+  std::optional<std::string> id;
+  /// Counts the changes.
+  std::atomic<std::uint64_t> version = 0;
+};
+
+struct CurrentUserCopy {
+  std::optional<std::string> id;
+  std::uint64_t version = 0;
+};
+
+CurrentUser& currentUser() {
+  static auto* const user = new CurrentUser;
+  return *user;
+}
+
+}  // namespace
+
+const std::optional<std::string>& currentUserId() {
+  // Each event asks: every thread has a copy, and takes the lock only after a change.
+  thread_local CurrentUserCopy copy;
+  auto& user = currentUser();
+  if (copy.version != user.version.load(std::memory_order_acquire)) {
+    const std::lock_guard lock(user.mutex);
+    copy = {user.id, user.version};
+  }
+  return copy.id;
+}
+
+void setCurrentUserId(std::optional<std::string> userId) {
+  auto& user = currentUser();
+  const std::lock_guard lock(user.mutex);
+  user.id = std::move(userId);
+  ++user.version;
+}
+
+const reactive::PublishSubject<std::optional<std::string>>& userIdStream() {
+  static const auto* const stream = new reactive::PublishSubject<std::optional<std::string>>;
+  return *stream;
+}
+
+void UserManager::setUserId(const std::optional<std::string>& userId) const {
+  userIdStream().onNext(userId);
+  if (userId) Platform::current().userDefaults->standard()->set("orrelo_user_id", *userId);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,121 @@
+#include "platform/store/EventTable.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+namespace orrelo {
+namespace {
+
+SqliteFile openTable(const std::filesystem::path& path, std::chrono::milliseconds busyTimeout) {
+  SqliteFile file(path, SqliteFile::Missing::create);
+  file.prepareForWriting(busyTimeout);
+  file.execute(
+      "CREATE TABLE IF NOT EXISTS events (eventId TEXT, userId TEXT, eventName TEXT, eventTime, eventValues "
+      "TEXT)");
+  file.execute("CREATE INDEX IF NOT EXISTS eventsByTime ON events (eventTime)");
+  return file;
+}
+
+void bindText(SQLite::Statement& statement, int index, const std::optional<std::string>& text) {
+  if (text) {
+    statement.bindNoCopy(index, *text);
+  } else {
+    statement.bind(index);
+  }
+}
+
+void bindTime(SQLite::Statement& statement, int index, const StoredTime& time) {
+  if (const auto* text = std::get_if<std::string>(&time)) {
+    statement.bindNoCopy(index, *text);
+  } else if (const auto* date = std::get_if<Date>(&time)) {
+    statement.bind(index, static_cast<std::int64_t>(date->sinceEpoch().count()));
+  } else {
+    statement.bind(index);
+  }
+}
+
+std::optional<std::string> readText(const SQLite::Column& column) {
+  if (!column.isText()) return std::nullopt;
+  return column.getString();
+}
+
+}  // namespace
+
+EventTable::EventTable(const std::filesystem::path& path, EventTimeStorage timeStorage,
+                       std::chrono::milliseconds busyTimeout)
+    : timeStorage_(timeStorage),
+      file_(openTable(path, busyTimeout)),
+      beginReading_(file_.prepare("BEGIN")),
+      beginWriting_(file_.prepare("BEGIN IMMEDIATE")),
+      commit_(file_.prepare("COMMIT")),
+      insert_(file_.prepare("INSERT INTO events (eventId, userId, eventName, eventTime, eventValues) "
+                            "VALUES (?, ?, ?, ?, ?)")),
+      fetch_(file_.prepare("SELECT eventId, userId, eventName, eventTime, eventValues FROM events "
+                           "ORDER BY eventTime, rowid LIMIT ?")),
+      // There is no index on the id, which would cost each insert: what gets deleted is among the oldest
+      // rows, and the index on the time leads there.
+      deleteRow_(file_.prepare("DELETE FROM events WHERE rowid = (SELECT rowid FROM events WHERE eventId = ? "
+                               "ORDER BY eventTime, rowid LIMIT 1)")),
+      deleteUpTo_(file_.prepare("DELETE FROM events WHERE eventTime <= ?")) {}
+
+void EventTable::begin(bool writes) {
+  file_.step(writes ? beginWriting_ : beginReading_);
+}
+
+bool EventTable::rollback() {
+  if (!file_.isInTransaction()) return true;
+  try {
+    file_.execute("ROLLBACK");
+  } catch (const SqliteFailure&) {
+    return false;
+  }
+  return true;
+}
+
+void EventTable::insert(const EventRow& row) {
+  bindText(insert_, 1, row.eventId);
+  bindText(insert_, 2, row.userId);
+  bindText(insert_, 3, row.eventName);
+  bindTime(insert_, 4, row.eventTime);
+  bindText(insert_, 5, row.eventValues);
+  file_.step(insert_);
+}
+
+std::vector<EventRow> EventTable::fetchOldest(std::size_t limit) {
+  constexpr std::size_t most = std::numeric_limits<std::int64_t>::max();
+  fetch_.bind(1, static_cast<std::int64_t>(std::min(limit, most)));
+  std::vector<EventRow> rows;
+  while (file_.step(fetch_)) {
+    rows.push_back({.eventId = readText(fetch_.getColumn(0)),
+                    .userId = readText(fetch_.getColumn(1)),
+                    .eventName = readText(fetch_.getColumn(2)),
+                    .eventTime = readTime(3),
+                    .eventValues = readText(fetch_.getColumn(4))});
+  }
+  return rows;
+}
+
+std::size_t EventTable::deleteRow(const std::string& eventId) {
+  deleteRow_.bindNoCopy(1, eventId);
+  file_.step(deleteRow_);
+  return file_.changes();
+}
+
+std::size_t EventTable::deleteRowsUpTo(const StoredTime& time) {
+  bindTime(deleteUpTo_, 1, time);
+  file_.step(deleteUpTo_);
+  return file_.changes();
+}
+
+StoredTime EventTable::readTime(int column) const {
+  const auto value = fetch_.getColumn(column);
+  if (timeStorage_ == EventTimeStorage::text && value.isText()) return value.getString();
+  if (timeStorage_ == EventTimeStorage::date && value.isInteger()) {
+    return Date(std::chrono::microseconds(value.getInt64()));
+  }
+  return {};
+}
+
+}  // namespace orrelo

@@ -1,0 +1,219 @@
+#include "platform/store/SqliteFile.h"
+
+#include "base/DateFormat.h"
+#include "base/Logger.h"
+
+#include <cerrno>
+#include <new>
+#include <sqlite3.h>
+
+namespace orrelo {
+namespace {
+
+const char* caseName(int code) {
+  switch (code) {
+    case SQLITE_BUSY:
+      return "busy";
+    case SQLITE_LOCKED:
+      return "locked";
+    case SQLITE_FULL:
+      return "full";
+    case SQLITE_READONLY:
+      return "readOnly";
+    case SQLITE_IOERR:
+      return "ioError";
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return "corrupt";
+    case SQLITE_CANTOPEN:
+      return "cantOpen";
+    case SQLITE_NOMEM:
+      return "noMemory";
+    case SQLITE_TOOBIG:
+      return "tooBig";
+    default:
+      return "unknown";
+  }
+}
+
+/// A file that could not be opened for one of these reasons may be sound.
+bool isEnvironment(int systemError) {
+  switch (systemError) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case ENOSPC:
+    case EDQUOT:
+    case EMFILE:
+    case ENFILE:
+    case ENOMEM:
+    case ENOENT:
+      return true;  // the folder is missing and could not be made
+    default:
+      return false;
+  }
+}
+
+SqliteFailure failureOf(sqlite3* handle, int code) {
+  return {code, sqlite3_system_errno(handle), sqlite3_errmsg(handle)};
+}
+
+/// Opening through the wrapper loses what the system said, so a failure is provoked once more without it.
+SqliteFailure openingFailure(const std::filesystem::path& path, int flags, const SQLite::Exception& first) {
+  sqlite3* handle = nullptr;
+  const int code = sqlite3_open_v2(path.c_str(), &handle, flags, nullptr);
+  // Gone by now: no fault of the file's.
+  const int systemError = code == SQLITE_OK ? EACCES : sqlite3_system_errno(handle);
+  sqlite3_close(handle);
+  return {first.getErrorCode(), systemError, first.what()};
+}
+
+SQLite::Database openDatabase(const std::filesystem::path& path, SqliteFile::Missing missing) {
+  int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+  if (missing == SqliteFile::Missing::create) flags |= SQLITE_OPEN_CREATE;
+  try {
+    return {path.string(), flags};
+  } catch (const SQLite::Exception& exception) {
+    throw openingFailure(path, flags, exception);
+  }
+}
+
+}  // namespace
+
+SqliteFailure SqliteFailure::fromCurrentException() {
+  try {
+    throw;
+  } catch (const SqliteFailure& failure) {
+    return failure;
+  } catch (const SQLite::Exception& exception) {
+    return {exception.getErrorCode(), 0, exception.what()};
+  } catch (const std::bad_alloc& exception) {
+    return {SQLITE_NOMEM, 0, exception.what()};
+  } catch (const std::exception& exception) {
+    return {SQLITE_INTERNAL, 0, exception.what()};
+  }
+}
+
+bool SqliteFailure::isBusy() const {
+  return code_ == SQLITE_BUSY || code_ == SQLITE_LOCKED;
+}
+
+bool SqliteFailure::isUnusableFile() const {
+  switch (code_) {
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return true;
+    // Our statements are right and our tables have no constraints: these tables are not ours.
+    case SQLITE_ERROR:
+    case SQLITE_CONSTRAINT:
+    case SQLITE_MISMATCH:
+      return true;
+    case SQLITE_CANTOPEN:
+      return !isEnvironment(systemError_);
+    default:
+      return false;
+  }
+}
+
+bool SqliteFailure::isRefusal() const {
+  return isBusy() || code_ == SQLITE_FULL || code_ == SQLITE_READONLY || code_ == SQLITE_NOMEM ||
+         (code_ == SQLITE_CANTOPEN && isEnvironment(systemError_));
+}
+
+Error SqliteFailure::error() const {
+  return {"SQLite", caseName(code_), what()};
+}
+
+SqliteFile::SqliteFile(const std::filesystem::path& path, Missing missing)
+    : database_(openDatabase(path, missing)) {}
+
+void SqliteFile::execute(const char* sql) {
+  if (const int code = database_.tryExec(sql); code != SQLITE_OK)
+    throw failureOf(database_.getHandle(), code);
+}
+
+SQLite::Statement SqliteFile::prepare(const char* sql) {
+  try {
+    return {database_, sql};
+  } catch (const SQLite::Exception& exception) {
+    throw failureOf(database_.getHandle(), exception.getErrorCode());
+  }
+}
+
+bool SqliteFile::step(SQLite::Statement& statement) {
+  const int code = statement.tryExecuteStep();
+  if (code == SQLITE_ROW) return true;
+  if (code == SQLITE_DONE) {
+    statement.tryReset();
+    return false;
+  }
+  const auto failure = failureOf(database_.getHandle(), code);
+  statement.tryReset();
+  throw failure;
+}
+
+void SqliteFile::setBusyTimeout(std::chrono::milliseconds timeout) {
+  sqlite3_busy_timeout(database_.getHandle(), static_cast<int>(timeout.count()));
+}
+
+void SqliteFile::prepareForWriting(std::chrono::milliseconds busyTimeout) {
+  // Two processes that make one file at the same time: SQLite tells one of them at once that the other is
+  // busy, whatever the timeout.
+  constexpr std::chrono::milliseconds pause{5};
+  setBusyTimeout(pause);
+  for (auto left = busyTimeout;; left -= pause) {
+    const int code = database_.tryExec("PRAGMA journal_mode = WAL");
+    if (code == SQLITE_OK) break;
+    const auto failure = failureOf(database_.getHandle(), code);
+    if (!failure.isBusy() || left <= pause) throw failure;
+    sqlite3_sleep(static_cast<int>(pause.count()));
+  }
+  setBusyTimeout(busyTimeout);
+  execute("PRAGMA synchronous = NORMAL");
+}
+
+std::size_t SqliteFile::changes() const {
+  return static_cast<std::size_t>(sqlite3_changes(database_.getHandle()));
+}
+
+bool SqliteFile::isInTransaction() const {
+  return sqlite3_get_autocommit(database_.getHandle()) == 0;
+}
+
+bool SqliteFile::hasTable(const std::string& name) {
+  auto find = prepare("SELECT 1 FROM sqlite_master WHERE name = ?");
+  find.bind(1, name);
+  return step(find);
+}
+
+bool SqliteFile::hasMoved() const {
+  int moved = 0;
+  const int code = sqlite3_file_control(database_.getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  return code == SQLITE_OK && moved != 0;
+}
+
+void SqliteFile::leaveAsItIs() {
+  sqlite3_db_config(database_.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
+bool setAside(const std::filesystem::path& path, Date now, const SqliteFailure& reason) {
+  std::error_code failure;
+  const auto stem = path.string() + ".corrupt-" + formatDate(now, "yyyyMMdd'-'HHmmss");
+  auto target = stem;
+  for (int n = 1; std::filesystem::exists(std::filesystem::symlink_status(target, failure)); ++n) {
+    target = stem + "-" + std::to_string(n);
+  }
+  std::filesystem::rename(path, target, failure);
+  // Companions without their file would be taken for the fresh file's.
+  if (failure && failure != std::errc::no_such_file_or_directory) return false;
+  for (const char* companion : {"-wal", "-shm"}) {
+    std::filesystem::rename(path.string() + companion, target + companion, failure);
+  }
+  log(LogLevel::ERROR, [&] {
+    return "The store " + path.string() + " is unusable (" + reason.error().description() + ") and lies in " +
+           target;
+  });
+  return true;
+}
+
+}  // namespace orrelo

@@ -1,0 +1,191 @@
+#include "platform/threads/PosixWorkerPool.h"
+
+#include "base/Logger.h"
+#include "platform/threads/DelayedTasks.h"
+#include "platform/threads/KitThread.h"
+
+#include <algorithm>
+#include <array>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <pthread.h>
+#include <sched.h>
+#include <string>
+#include <sys/resource.h>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace orrelo {
+namespace {
+
+/// What waits for its time, and the queue that it goes to then.
+struct Delayed {
+  std::size_t queue;
+  WorkerPool::Task task;
+};
+
+// Called by each worker. Its work must not delay the threads of the host: the main thread that builds a
+// screen while pictures are read, and the caller of `sendEvent`, whose processor a woken worker may take
+// before the call returns. The class SCHED_BATCH prevents the latter, a nice value the former.
+void giveWayToHost() {
+#ifdef __linux__  // elsewhere both concern the whole process
+  const sched_param noPriority{};
+  pthread_setschedparam(pthread_self(), SCHED_BATCH, &noPriority);
+  setpriority(PRIO_PROCESS, 0, 5);
+#endif
+}
+
+struct Worker {
+  std::thread thread;
+  std::condition_variable wake;
+  bool isAwake = true;
+};
+
+}  // namespace
+
+struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::State> {
+  std::mutex mutex;
+  std::array<std::deque<Task>, 5> ready;  // one for each QualityOfService
+  DelayedTasks<Delayed> delayed;
+  std::array<Worker, 4> workers;
+  std::size_t started = 0;
+  std::vector<Worker*> sleeping;
+  /// The one sleeper that wakes by itself, when the first delayed task is due.
+  Worker* timekeeper = nullptr;
+  bool stopping = false;
+
+  bool hasReady() const {
+    return std::any_of(ready.begin(), ready.end(), [](const auto& queue) { return !queue.empty(); });
+  }
+
+  void promoteDue() {
+    delayed.takeDue([this](Delayed item) { ready[item.queue].push_back(std::move(item.task)); });
+  }
+
+  Task takeFirst() {
+    for (auto& queue : ready) {
+      if (queue.empty()) continue;
+      auto task = std::move(queue.front());
+      queue.pop_front();
+      return task;
+    }
+    return nullptr;
+  }
+
+  /// A worker that the caller must notify, or null when a new one was started or all are at work.
+  Worker* callWorker() {
+    if (!sleeping.empty()) {
+      auto* const worker = sleeping.back();
+      sleeping.pop_back();
+      worker->isAwake = true;
+      return worker;
+    }
+    if (started == workers.size()) return nullptr;
+    try {
+      auto& worker = workers[started];
+      worker.thread =
+          startKitThread("orrelo-worker", [self = shared_from_this(), &worker] { self->work(worker); });
+      ++started;
+    } catch (const std::system_error& error) {
+      if (started == 0) {
+        log(LogLevel::ERROR, std::string("The worker pool has no thread yet: ") + error.what());
+      }
+    }
+    return nullptr;
+  }
+
+  void work(Worker& worker) {
+    giveWayToHost();
+    std::unique_lock lock(mutex);
+    bool hasYielded = false;
+    while (!stopping) {
+      promoteDue();
+      auto task = takeFirst();
+      if (!task && !std::exchange(hasYielded, true)) {
+        // Whoever feeds the pool often has more: one turn for them is cheaper than being woken by them.
+        lock.unlock();
+        std::this_thread::yield();
+        lock.lock();
+        continue;
+      }
+      if (!task) {
+        sleep(worker, lock);
+        continue;
+      }
+      hasYielded = false;
+      // While this worker is away another one has to see to the rest.
+      const bool isNeeded = hasReady() || (!delayed.empty() && timekeeper == nullptr);
+      auto* const other = isNeeded ? callWorker() : nullptr;
+      lock.unlock();
+      if (other != nullptr) other->wake.notify_one();
+      runTask(std::move(task));
+      lock.lock();
+    }
+  }
+
+  void sleep(Worker& worker, std::unique_lock<std::mutex>& lock) {
+    const auto isAwake = [&] { return worker.isAwake; };
+    worker.isAwake = false;
+    sleeping.push_back(&worker);
+    if (delayed.empty() || timekeeper != nullptr) {
+      worker.wake.wait(lock, isAwake);
+    } else {
+      timekeeper = &worker;
+      const auto due = delayed.firstDue();
+      worker.wake.wait_until(lock, due, isAwake);
+      timekeeper = nullptr;
+    }
+    if (!worker.isAwake) std::erase(sleeping, &worker);
+  }
+};
+
+PosixWorkerPool::PosixWorkerPool() : state_(std::make_shared<State>()) {}
+
+PosixWorkerPool::~PosixWorkerPool() {
+  {
+    const std::lock_guard lock(state_->mutex);
+    state_->stopping = true;
+    for (auto* worker : state_->sleeping) {
+      worker->isAwake = true;
+      worker->wake.notify_one();
+    }
+    state_->sleeping.clear();
+  }
+  for (auto& worker : state_->workers) finish(worker.thread);
+}
+
+void PosixWorkerPool::post(QualityOfService qos, Task task) {
+  if (isExiting()) return;
+  Worker* worker = nullptr;
+  {
+    const std::lock_guard lock(state_->mutex);
+    state_->ready[static_cast<std::size_t>(qos)].push_back(std::move(task));
+    worker = state_->callWorker();
+  }
+  if (worker != nullptr) worker->wake.notify_one();
+}
+
+void PosixWorkerPool::postAfter(QualityOfService qos, std::chrono::microseconds delay, Task task) {
+  if (delay.count() <= 0) return post(qos, std::move(task));
+  if (isExiting()) return;
+  const auto due = DelayedTasks<Delayed>::after(delay);
+  Worker* worker = nullptr;
+  {
+    const std::lock_guard lock(state_->mutex);
+    const bool isFirst = state_->delayed.add(due, {static_cast<std::size_t>(qos), std::move(task)});
+    // Whoever waits for a later task must wait anew.
+    if (isFirst && state_->timekeeper != nullptr) {
+      worker = state_->timekeeper;
+      if (!worker->isAwake) std::erase(state_->sleeping, worker);
+      worker->isAwake = true;
+    } else if (isFirst) {
+      worker = state_->callWorker();
+    }
+  }
+  if (worker != nullptr) worker->wake.notify_one();
+}
+
+}  // namespace orrelo
