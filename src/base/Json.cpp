@@ -3,12 +3,25 @@
 #include "base/Error.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <simdjson.h>
 #include <system_error>
 
 namespace orrelo {
 namespace {
+
+namespace dom = simdjson::dom;
+
+JsonPlace placeOf(const auto& handle) {
+  return std::bit_cast<JsonPlace>(handle);
+}
+
+template <class Handle>
+Handle at(JsonPlace place) {
+  return std::bit_cast<Handle>(place);
+}
 
 [[noreturn]] void mismatch(std::string_view key, std::string_view wanted) {
   throw makeError(DecodingError::typeMismatch,
@@ -48,38 +61,46 @@ std::string withoutWideIntegers(std::string_view bytes) {
 
 }  // namespace
 
+bool JsonValue::isNull() const {
+  return at<dom::element>(place_).is_null();
+}
+
 std::optional<bool> JsonValue::asBoolean() const {
   bool value = false;
-  return element_.get(value) == simdjson::SUCCESS ? std::optional(value) : std::nullopt;
+  return at<dom::element>(place_).get(value) == simdjson::SUCCESS ? std::optional(value) : std::nullopt;
 }
 
 std::optional<std::int64_t> JsonValue::asInteger() const {
+  const auto element = at<dom::element>(place_);
   std::int64_t integer = 0;
-  if (element_.get(integer) == simdjson::SUCCESS) return integer;
+  if (element.get(integer) == simdjson::SUCCESS) return integer;
   double number = 0.0;
-  if (!element_.is_double() || element_.get(number) != simdjson::SUCCESS) return std::nullopt;
+  if (!element.is_double() || element.get(number) != simdjson::SUCCESS) return std::nullopt;
   if (!(std::abs(number) < 0x1p63) || number != std::trunc(number)) return std::nullopt;
   return static_cast<std::int64_t>(number);
 }
 
 std::optional<double> JsonValue::asNumber() const {
   double number = 0.0;
-  return element_.get(number) == simdjson::SUCCESS ? std::optional(number) : std::nullopt;
+  return at<dom::element>(place_).get(number) == simdjson::SUCCESS ? std::optional(number) : std::nullopt;
 }
 
 std::optional<std::string_view> JsonValue::asText() const {
   std::string_view text;
-  return element_.get(text) == simdjson::SUCCESS ? std::optional(text) : std::nullopt;
+  return at<dom::element>(place_).get(text) == simdjson::SUCCESS ? std::optional(text) : std::nullopt;
 }
 
 std::optional<JsonObject> JsonValue::asObject() const {
-  simdjson::dom::object object;
-  return element_.get(object) == simdjson::SUCCESS ? std::optional(JsonObject(object)) : std::nullopt;
+  dom::object object;
+  return at<dom::element>(place_).get(object) == simdjson::SUCCESS
+             ? std::optional(JsonObject(placeOf(object)))
+             : std::nullopt;
 }
 
 std::optional<JsonArray> JsonValue::asArray() const {
-  simdjson::dom::array array;
-  return element_.get(array) == simdjson::SUCCESS ? std::optional(JsonArray(array)) : std::nullopt;
+  dom::array array;
+  return at<dom::element>(place_).get(array) == simdjson::SUCCESS ? std::optional(JsonArray(placeOf(array)))
+                                                                  : std::nullopt;
 }
 
 JsonObject JsonValue::objectValue() const {
@@ -91,9 +112,17 @@ JsonArray JsonValue::arrayValue() const {
 }
 
 std::optional<JsonValue> JsonObject::find(std::string_view key) const {
-  simdjson::dom::element element;
-  return object_.at_key(key).get(element) == simdjson::SUCCESS ? std::optional(JsonValue(element))
-                                                               : std::nullopt;
+  dom::element element;
+  const auto error = at<dom::object>(place_).at_key(key).get(element);
+  return error == simdjson::SUCCESS ? std::optional(JsonValue(placeOf(element))) : std::nullopt;
+}
+
+std::size_t JsonObject::size() const {
+  return at<dom::object>(place_).size();
+}
+
+void JsonObject::each(void (*visit)(void*, std::string_view, const JsonValue&), void* context) const {
+  for (const auto field : at<dom::object>(place_)) visit(context, field.key, JsonValue(placeOf(field.value)));
 }
 
 JsonValue JsonObject::require(std::string_view key) const {
@@ -133,27 +162,48 @@ std::optional<std::string> JsonObject::optionalText(std::string_view key) const 
   return std::string(required(value->asText(), key, "a text"));
 }
 
+std::size_t JsonArray::size() const {
+  return at<dom::array>(place_).size();
+}
+
+void JsonArray::each(void (*visit)(void*, const JsonValue&), void* context) const {
+  for (const auto element : at<dom::array>(place_)) visit(context, JsonValue(placeOf(element)));
+}
+
+struct JsonParser::State {
+  explicit State(std::size_t maximumBytes) : maximum(maximumBytes), parser(maximumBytes) {}
+
+  /// In bytes: what a document may have, and what memory is there for.
+  std::size_t maximum;
+  std::size_t capacity = 0;
+  dom::parser parser;
+};
+
+JsonParser::JsonParser(std::size_t maximum) : state_(std::make_unique<State>(maximum)) {}
+JsonParser::~JsonParser() = default;
+
 JsonValue JsonParser::parse(std::string_view bytes) {
-  if (bytes.size() > maximum_) throw makeError(DecodingError::dataCorrupted, "The document is too large.");
+  auto& [maximum, capacity, parser] = *state_;
+  if (bytes.size() > maximum) throw makeError(DecodingError::dataCorrupted, "The document is too large.");
   if (bytes.empty()) throw makeError(DecodingError::dataCorrupted, "The document is empty.");
-  if (bytes.size() > capacity_ || capacity_ == 0) {
+  if (bytes.size() > capacity || capacity == 0) {
     // The library counts the document itself as a level.
-    const auto wanted = std::clamp(bytes.size() * 2, std::size_t{1024}, maximum_);
-    if (parser_.allocate(wanted, maximumDepth + 1) != simdjson::SUCCESS) {
+    const auto wanted = std::clamp(bytes.size() * 2, std::size_t{1024}, maximum);
+    if (parser.allocate(wanted, maximumDepth + 1) != simdjson::SUCCESS) {
       throw makeError(DecodingError::dataCorrupted, "There is no memory for the document.");
     }
-    capacity_ = wanted;
+    capacity = wanted;
   }
-  simdjson::dom::element element;
-  auto result = parser_.parse(bytes.data(), bytes.size()).get(element);
+  dom::element element;
+  auto result = parser.parse(bytes.data(), bytes.size()).get(element);
   if (result == simdjson::NUMBER_ERROR) {
     // One wide integer must not cost more than its field, and nothing where nobody reads that.
-    result = parser_.parse(withoutWideIntegers(bytes)).get(element);
+    result = parser.parse(withoutWideIntegers(bytes)).get(element);
   }
   if (result != simdjson::SUCCESS) {
     throw makeError(DecodingError::dataCorrupted, simdjson::error_message(result));
   }
-  return JsonValue(element);
+  return JsonValue(placeOf(element));
 }
 
 }  // namespace orrelo

@@ -2,8 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
-#include <simdjson.h>
 #include <string>
 #include <string_view>
 
@@ -12,15 +12,21 @@ namespace orrelo {
 class JsonObject;
 class JsonArray;
 
+/// A place in a parsed document, in the form of the parser, whose header only Json.cpp includes.
+struct JsonPlace {
+  const void* document;
+  std::size_t index;
+};
+
 /// A value inside a parsed document; valid until its parser parses again or goes.
 ///
 /// The `as…` accessors give nothing for a value of another type; the `…Value` forms throw a DecodingError
 /// then.
 class JsonValue {
  public:
-  explicit JsonValue(simdjson::dom::element element) : element_(element) {}
+  explicit JsonValue(JsonPlace place) : place_(place) {}
 
-  bool isNull() const { return element_.is_null(); }
+  bool isNull() const;
   std::optional<bool> asBoolean() const;
   /// A whole number of 64 bits; 1.0 counts as 1. A boolean is no number.
   std::optional<std::int64_t> asInteger() const;
@@ -33,16 +39,16 @@ class JsonValue {
   JsonArray arrayValue() const;
 
  private:
-  simdjson::dom::element element_;
+  JsonPlace place_;
 };
 
 class JsonObject {
  public:
-  explicit JsonObject(simdjson::dom::object object) : object_(object) {}
+  explicit JsonObject(JsonPlace place) : place_(place) {}
 
   /// Of doubled keys the first.
   std::optional<JsonValue> find(std::string_view key) const;
-  std::size_t size() const { return object_.size(); }
+  std::size_t size() const;
 
   /// The required fields: a missing key, null and a value of another type throw a DecodingError.
   bool boolean(std::string_view key) const;
@@ -56,27 +62,32 @@ class JsonObject {
   /// Calls `visit(key, value)` for each field in the order of the document.
   template <class Visit>
   void forEach(Visit visit) const {
-    for (const auto field : object_) visit(field.key, JsonValue(field.value));
+    each([](void* context, std::string_view key,
+            const JsonValue& value) { (*static_cast<Visit*>(context))(key, value); },
+         &visit);
   }
 
  private:
   JsonValue require(std::string_view key) const;
+  void each(void (*visit)(void*, std::string_view, const JsonValue&), void* context) const;
 
-  simdjson::dom::object object_;
+  JsonPlace place_;
 };
 
 class JsonArray {
  public:
-  explicit JsonArray(simdjson::dom::array array) : array_(array) {}
+  explicit JsonArray(JsonPlace place) : place_(place) {}
 
-  std::size_t size() const { return array_.size(); }
+  std::size_t size() const;
   template <class Visit>
   void forEach(Visit visit) const {
-    for (const auto element : array_) visit(JsonValue(element));
+    each([](void* context, const JsonValue& value) { (*static_cast<Visit*>(context))(value); }, &visit);
   }
 
  private:
-  simdjson::dom::array array_;
+  void each(void (*visit)(void*, const JsonValue&), void* context) const;
+
+  JsonPlace place_;
 };
 
 /// Reads JSON documents, one at a time, reusing its memory. Not for two threads at once.
@@ -87,16 +98,16 @@ class JsonParser {
   static constexpr std::size_t maximumDepth = 512;
 
   /// Documents of up to `maximum` bytes.
-  explicit JsonParser(std::size_t maximum = maximumSize) : maximum_(maximum), parser_(maximum) {}
+  explicit JsonParser(std::size_t maximum = maximumSize);
+  ~JsonParser();
 
   /// Throws DecodingError dataCorrupted for what is no JSON, no UTF-8, larger or nested deeper than the
   /// maxima, and for a number past a double's range.
   JsonValue parse(std::string_view bytes);
 
  private:
-  std::size_t maximum_;
-  simdjson::dom::parser parser_;
-  std::size_t capacity_ = 0;
+  struct State;
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace orrelo
