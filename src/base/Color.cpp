@@ -1,5 +1,6 @@
 #include "base/Color.h"
 
+#include "base/Ascii.h"
 #include "base/Utf8.h"
 #include "base/preconditionFailure.h"
 
@@ -33,17 +34,9 @@ std::uint32_t scanHex(std::string_view text) {
   if (text.starts_with("0x") || text.starts_with("0X")) text.remove_prefix(2);
   std::uint32_t number = 0;
   for (const char c : text) {
-    std::uint32_t digit = 0;
-    if (c >= '0' && c <= '9') {
-      digit = static_cast<std::uint32_t>(c - '0');
-    } else if (c >= 'A' && c <= 'F') {
-      digit = static_cast<std::uint32_t>(c - 'A' + 10);
-    } else if (c >= 'a' && c <= 'f') {
-      digit = static_cast<std::uint32_t>(c - 'a' + 10);
-    } else {
-      break;
-    }
-    number = number << 4 | digit;
+    const int digit = ascii::hexValue(c);
+    if (digit < 0) break;
+    number = number << 4 | static_cast<std::uint32_t>(digit);
   }
   return number;
 }

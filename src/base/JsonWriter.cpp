@@ -1,5 +1,6 @@
 #include "base/JsonWriter.h"
 
+#include "base/Ascii.h"
 #include "base/numberText.h"
 
 namespace orrelo {
@@ -92,7 +93,6 @@ void JsonWriter::newLine() {
 }
 
 void JsonWriter::quoted(std::string_view text) {
-  constexpr std::string_view hexDigits = "0123456789abcdef";
   out_ += '"';
   std::size_t plain = 0;  // where the characters not yet copied begin
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -123,9 +123,7 @@ void JsonWriter::quoted(std::string_view text) {
         out_ += "\\f";
         break;
       default:
-        out_ += "\\u00";
-        out_ += hexDigits[c >> 4];
-        out_ += hexDigits[c & 0x0F];
+        ascii::appendHex(out_ += "\\u00", c, ascii::lowerHexDigits);
     }
   }
   out_.append(text, plain, text.size() - plain);

@@ -1,3 +1,5 @@
+#include "base/Ascii.h"
+
 #include <orrelo/Uuid.h>
 
 #include <cstddef>
@@ -5,17 +7,8 @@
 namespace orrelo {
 namespace {
 
-constexpr std::string_view hexDigits = "0123456789ABCDEF";
-
 bool isHyphenPlace(std::size_t place) {
   return place == 8 || place == 13 || place == 18 || place == 23;
-}
-
-int hexValue(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
 }
 
 }  // namespace
@@ -35,7 +28,7 @@ std::optional<Uuid> Uuid::parse(std::string_view text) {
       if (text[place] != '-') return std::nullopt;
       continue;
     }
-    const int value = hexValue(text[place]);
+    const int value = ascii::hexValue(text[place]);
     if (value < 0) return std::nullopt;
     auto& byte = bytes[digit / 2];
     byte = static_cast<std::uint8_t>(byte << 4 | value);
@@ -45,12 +38,11 @@ std::optional<Uuid> Uuid::parse(std::string_view text) {
 }
 
 std::string Uuid::text() const {
-  std::string text(36, '-');
-  std::size_t place = 0;
+  std::string text;
+  text.reserve(36);
   for (const auto byte : bytes_) {
-    if (isHyphenPlace(place)) ++place;
-    text[place++] = hexDigits[byte >> 4];
-    text[place++] = hexDigits[byte & 0x0F];
+    if (isHyphenPlace(text.size())) text += '-';
+    ascii::appendHex(text, byte);
   }
   return text;
 }

@@ -1,11 +1,11 @@
 #include "image/ImageLoader.h"
 
+#include "base/Ascii.h"
 #include "base/Logger.h"
 #include "base/Utf8.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <utility>
 
 namespace orrelo {
@@ -25,19 +25,9 @@ bool isQueryAllowed(char c) {
 }
 
 // Of what is no text nothing can be escaped: it stays as it is.
-std::string percentEncoded(std::string_view text) {
-  static constexpr std::string_view digits = "0123456789ABCDEF";
+std::string urlEncoded(std::string_view text) {
   if (std::all_of(text.begin(), text.end(), isQueryAllowed) || !utf8::isValid(text)) return std::string(text);
-  std::string encoded;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (isQueryAllowed(c)) {
-      encoded += c;
-    } else {
-      (encoded += '%').append({digits[byte >> 4U], digits[byte & 0x0FU]});
-    }
-  }
-  return encoded;
+  return ascii::percentEncoded(text, isQueryAllowed);
 }
 
 // In lower case; of "a/.b" there is none.
@@ -47,17 +37,14 @@ std::string pathExtension(const Url& url) {
   name.remove_prefix(name.rfind('/') + 1);
   const auto dot = name.rfind('.');
   if (dot == std::string_view::npos || dot == 0) return {};
-  std::string extension(name.substr(dot + 1));
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return extension;
+  return ascii::lowercased(name.substr(dot + 1));
 }
 
 }  // namespace
 
 void ImageLoader::load(std::string_view urlString, const std::shared_ptr<ImageTarget>& imageView,
                        ImagePipeline::Completion completion) {
-  const auto url = Url::parse(percentEncoded(urlString));
+  const auto url = Url::parse(urlEncoded(urlString));
   if (!url) {
     return log(LogLevel::WARNING,
                [&] { return "ImageLoader: " + std::string(urlString) + " is not valid URL"; });

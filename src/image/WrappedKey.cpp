@@ -1,5 +1,6 @@
 #include "image/WrappedKey.h"
 
+#include "base/Ascii.h"
 #include "platform/store/FileNames.h"
 
 #include <array>
@@ -16,7 +17,6 @@ const EVP_MD* algorithm() {
 }
 
 std::string md5(std::string_view text) {
-  static constexpr std::string_view digits = "0123456789abcdef";
   // Creating a context costs as much as a digest.
   thread_local const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(),
                                                                                      &EVP_MD_CTX_free);
@@ -27,11 +27,9 @@ std::string md5(std::string_view text) {
       EVP_DigestFinal_ex(context.get(), bytes.data(), &size) != 1) {
     return encodedFileName(text);  // any name that no other text has
   }
-  std::string hex(std::size_t{2} * size, '0');
-  for (std::size_t i = 0; i < size; ++i) {
-    hex[2 * i] = digits[bytes[i] >> 4U];
-    hex[2 * i + 1] = digits[bytes[i] & 0x0FU];
-  }
+  std::string hex;
+  hex.reserve(std::size_t{2} * size);
+  for (std::size_t i = 0; i < size; ++i) ascii::appendHex(hex, bytes[i], ascii::lowerHexDigits);
   return hex;
 }
 

@@ -1,5 +1,6 @@
 #include "network/URLRequestBuilder.h"
 
+#include "base/Ascii.h"
 #include "base/EnumTexts.h"
 #include "base/Utf8.h"
 
@@ -11,19 +12,10 @@ namespace {
 
 // RFC 3986 section 3.4, less what separates the items from one another.
 std::string queryEncoded(std::string_view text) {
-  constexpr std::string_view hexDigits = "0123456789ABCDEF";
-  constexpr std::string_view plain = "-._~!$'()*,;:@/?";
-  std::string encoded;
-  for (const char c : utf8::repaired(text)) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool isAlphanumeric = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    if (isAlphanumeric || plain.find(c) != std::string_view::npos) {
-      encoded += c;
-    } else {
-      encoded += {'%', hexDigits[byte >> 4], hexDigits[byte & 0x0F]};
-    }
-  }
-  return encoded;
+  static constexpr std::string_view plain = "-._~!$'()*,;:@/?";
+  return ascii::percentEncoded(utf8::repaired(text), [](char c) {
+    return ascii::isAlphanumeric(c) || plain.find(c) != std::string_view::npos;
+  });
 }
 
 std::string queryOf(const std::vector<URLQueryItem>& items) {

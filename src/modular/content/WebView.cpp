@@ -1,5 +1,6 @@
 #include "modular/content/WebView.h"
 
+#include "base/Ascii.h"
 #include "platform/Application.h"
 #include "platform/http/HttpUrl.h"
 
@@ -39,7 +40,7 @@ void WebView::processDidEnd() {
 }
 
 bool WebView::mayGoTo(std::string_view scheme, bool isFrame) {
-  const auto name = lowercased(scheme);
+  const auto name = ascii::lowercased(scheme);
   return name == "http" || name == "https" ||
          (isFrame && (name == "about" || name == "data" || name == "blob"));
 }

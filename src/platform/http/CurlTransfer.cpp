@@ -1,5 +1,6 @@
 #include "platform/http/CurlTransfer.h"
 
+#include "base/Ascii.h"
 #include "base/EnumTexts.h"
 
 #include <algorithm>
@@ -12,17 +13,11 @@ namespace {
 constexpr int maximumRedirects = 20;
 constexpr std::size_t maximumHeaderSize = std::size_t{256} * 1024;
 
-std::string_view trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t\r\n");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
-
 // One line, whatever the value holds: what comes from a host cannot add headers of its own.
 std::string headerLine(const std::string& name, std::string value) {
   std::replace_if(
       value.begin(), value.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-  const auto rest = trimmed(value);
+  const auto rest = ascii::trimmed(value);
   if (rest.empty()) return name + ";";  // curl's way to send a header whose value is empty
   return (name + ": ").append(rest);
 }
@@ -164,7 +159,7 @@ void CurlTransfer::setHeaders() {
   curl_slist* list = curl_slist_append(nullptr, "Expect:");  // bodies go at once, without asking
   bool hasContentType = false;
   for (const auto& [name, value] : request_.headers) {
-    hasContentType = hasContentType || lowercased(name) == "content-type";
+    hasContentType = hasContentType || ascii::lowercased(name) == "content-type";
     list = curl_slist_append(list, headerLine(name, value).c_str());
   }
   if (!hasContentType) list = curl_slist_append(list, "Content-Type:");
@@ -200,7 +195,7 @@ void CurlTransfer::takeHeader(std::string_view line) {
   if (line.starts_with("HTTP/")) response_.headers.clear();  // an interim reply was before this one
   const auto colon = line.find(':');
   if (colon == std::string_view::npos) return;
-  response_.headers[lowercased(line.substr(0, colon))] = trimmed(line.substr(colon + 1));
+  response_.headers[ascii::lowercased(line.substr(0, colon))] = ascii::trimmed(line.substr(colon + 1));
 }
 
 bool CurlTransfer::finishHop(CURLcode code) {
@@ -246,7 +241,7 @@ bool CurlTransfer::follow() {
   const bool becomesGet =
       response_.statusCode == 303 || (response_.statusCode < 303 && request_.method == "POST");
   const bool losesSecrecy =
-      lowercased(target->scheme()) == "http" && lowercased(request_.url.scheme()) == "https";
+      ascii::lowercased(target->scheme()) == "http" && ascii::lowercased(request_.url.scheme()) == "https";
   const bool leavesHost = hostOf(*target) != hostOf(request_.url) || losesSecrecy;
   // What a user did is for the host that was asked: the redirect itself is the reply here too.
   if (leavesHost && request_.body && !becomesGet) return false;
@@ -257,7 +252,7 @@ bool CurlTransfer::follow() {
   if (leavesHost) {
     // Who the user is and what the device is stays between the kit and the host that was asked.
     std::erase_if(request_.headers,
-                  [](const auto& header) { return lowercased(header.first) != "content-type"; });
+                  [](const auto& header) { return ascii::lowercased(header.first) != "content-type"; });
   }
   if (becomesGet) {
     request_.method = "GET";

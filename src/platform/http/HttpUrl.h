@@ -4,12 +4,9 @@
 #include <orrelo/Url.h>
 
 #include <string>
-#include <string_view>
 
 namespace orrelo {
 
-/// ASCII alone; other bytes stay as they are.
-std::string lowercased(std::string_view text);
 /// "https://host:port" in lower case, the port always told: what trust is given to.
 std::string originOf(const Url& url);
 /// In lower case.

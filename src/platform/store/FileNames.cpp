@@ -1,5 +1,7 @@
 #include "platform/store/FileNames.h"
 
+#include "base/Ascii.h"
+
 #include <array>
 #include <openssl/sha.h>
 
@@ -7,23 +9,16 @@ namespace orrelo {
 namespace {
 
 constexpr std::size_t longestName = 120;
-constexpr std::string_view digits = "0123456789ABCDEF";
-
-void appendHex(std::string& text, unsigned char byte) {
-  text += digits[byte >> 4U];
-  text += digits[byte & 0x0FU];
-}
 
 bool standsForItself(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_' ||
-         c == '.';
+  return ascii::isAlphanumeric(c) || c == '-' || c == '_' || c == '.';
 }
 
 std::string digest(std::string_view name) {
   std::array<unsigned char, SHA256_DIGEST_LENGTH> bytes{};
   SHA256(reinterpret_cast<const unsigned char*>(name.data()), name.size(), bytes.data());
   std::string text;
-  for (const auto byte : bytes) appendHex(text, byte);
+  for (const auto byte : bytes) ascii::appendHex(text, byte);
   return text;
 }
 
@@ -36,8 +31,7 @@ std::string encodedFileName(std::string_view name) {
     if (standsForItself(c) && !(c == '.' && text.empty())) {
       text += c;
     } else {
-      text += '%';
-      appendHex(text, static_cast<unsigned char>(c));
+      ascii::appendHex(text += '%', static_cast<unsigned char>(c));
     }
     if (text.size() > longestName) return digest(name);
   }
