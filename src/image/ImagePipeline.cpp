@@ -7,14 +7,6 @@
 
 namespace orrelo {
 
-Error makeError(CacheError) {
-  return Error("CacheError", "dataConversion");
-}
-
-Error makeError(DownloaderError error) {
-  return Error("DownloaderError", error == DownloaderError::canceled ? "canceled" : "dataConversion");
-}
-
 Error makeError(ImagePipelineError) {
   return Error("ImagePipelineError", "imageTransformingError");
 }

@@ -35,16 +35,6 @@ constexpr EnumTexts<URLRequestBuilder::Method, 2> methods({
 
 }  // namespace
 
-Error makeError(NetworkError error) {
-  static constexpr EnumTexts<NetworkError, 4> names({
-      {NetworkError::buildURLRequestFailed, "buildURLRequestFailed"},
-      {NetworkError::invalidHttpStatusCode, "invalidHttpStatusCode"},
-      {NetworkError::nonHttpResponse, "nonHttpResponse"},
-      {NetworkError::parseStringFailed, "parseStringFailed"},
-  });
-  return Error("NetworkError", std::string(names.text(error)));
-}
-
 std::string_view URLRequestBuilder::rawValue(Method method) {
   return methods.text(method);
 }

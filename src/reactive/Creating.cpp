@@ -1,7 +1,5 @@
 #include "reactive/Creating.h"
 
-#include "reactive/Traits.h"
-
 namespace orrelo::reactive {
 namespace {
 
@@ -42,10 +40,6 @@ Observable<std::int64_t> interval(std::chrono::microseconds period, SchedulerPtr
     std::make_shared<IntervalTimer>(std::move(observer), period, scheduler)->start();
     return Disposables::create();
   });
-}
-
-Error makeError(ReactiveError) {
-  return Error("ReactiveError", "moreThanOneElement");
 }
 
 }  // namespace orrelo::reactive

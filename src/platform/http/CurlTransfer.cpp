@@ -1,7 +1,6 @@
 #include "platform/http/CurlTransfer.h"
 
 #include "base/Ascii.h"
-#include "base/EnumTexts.h"
 
 #include <algorithm>
 #include <array>
@@ -62,23 +61,6 @@ URLError errorOf(CURLcode code) {
 }
 
 }  // namespace
-
-Error makeError(URLError error, std::optional<std::string> message) {
-  static constexpr EnumTexts<URLError, 11> names({
-      {URLError::unknown, "unknown"},
-      {URLError::badURL, "badURL"},
-      {URLError::unsupportedURL, "unsupportedURL"},
-      {URLError::timedOut, "timedOut"},
-      {URLError::cannotFindHost, "cannotFindHost"},
-      {URLError::cannotConnectToHost, "cannotConnectToHost"},
-      {URLError::networkConnectionLost, "networkConnectionLost"},
-      {URLError::secureConnectionFailed, "secureConnectionFailed"},
-      {URLError::httpTooManyRedirects, "httpTooManyRedirects"},
-      {URLError::cannotDecodeContentData, "cannotDecodeContentData"},
-      {URLError::dataLengthExceedsMaximum, "dataLengthExceedsMaximum"},
-  });
-  return Error("URLError", std::string(names.text(error)), std::move(message));
-}
 
 CurlTransfer::CurlTransfer(URLRequest request, URLSession::Completion completion)
     : request_(std::move(request)), completion_(std::move(completion)) {}

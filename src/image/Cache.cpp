@@ -1,0 +1,9 @@
+#include "image/Cache.h"
+
+namespace orrelo {
+
+Error makeError(CacheError) {
+  return Error("CacheError", "dataConversion");
+}
+
+}  // namespace orrelo
