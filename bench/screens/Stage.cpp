@@ -51,8 +51,8 @@ std::shared_ptr<CampaignViewController> Stage::screen() const {
 double Stage::untilFrameWithOtherThan(const std::shared_ptr<View>& content,
                                       std::chrono::steady_clock::time_point start) {
   std::optional<std::size_t> framesBefore;
-  const auto subscription = screen()->states().subscribe([&](const CampaignViewController::State& state) {
-    if (!framesBefore && state.content != content) framesBefore = frames_;
+  const auto subscription = screen()->stateChanges().subscribe([&](reactive::Unit) {
+    if (!framesBefore && screen()->state().content != content) framesBefore = frames_;
   });
   runUntil([&] { return framesBefore && frames_ > *framesBefore; });
   subscription.dispose();

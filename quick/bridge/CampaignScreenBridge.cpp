@@ -8,7 +8,7 @@ CampaignScreenBridge::CampaignScreenBridge(const std::shared_ptr<CampaignViewCon
                                            QObject* parent)
     : PageBridge(screen, parent), campaign_(*screen), error_(new ErrorBridge(screen->errorView, this)) {
   connect(this, &ScreenBridge::stateChanged, this, &CampaignScreenBridge::updateContent);
-  follow(campaign_.states());
+  follow(campaign_.stateChanges());
 }
 
 void CampaignScreenBridge::updateContent() {

@@ -37,8 +37,7 @@ void HostBridge::connectToWindow() {
     if (pushesScreens_) host.makeNavigation();
     if (host.navigation()) navigation_ = new NavigationBridge(host.navigation(), this);
     root_ = host.root();
-    subscriptions_.follow(root_->presentations(),
-                          [this](const ViewController::Presented& presented) { update(presented.animated); });
+    subscriptions_.follow(root_->presentedChanges(), [this] { update(root_->presented().animated); });
   }
   Q_EMIT navigationChanged();
 }

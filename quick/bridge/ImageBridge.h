@@ -26,7 +26,7 @@ class ImageBridge final : public ViewBridge {
       : ViewBridge(view, parent), image_(*view), autoLayout_(dynamic_cast<AutoLayoutImageView*>(view.get())) {
     follow(image_.state);
     if (autoLayout_ == nullptr) return;
-    heights_.follow(autoLayout_->height.stream(), [this](double) { Q_EMIT heightChanged(); });
+    heights_.follow(autoLayout_->height.changes(), [this] { Q_EMIT heightChanged(); });
   }
 
   QUrl asset() const { return assetFile(image_.state.value().asset); }

@@ -11,7 +11,7 @@ NavigationBridge::NavigationBridge(const std::shared_ptr<NavigationController>& 
     });
     layers_->set(state.viewControllers, state.animated);
   });
-  follow(navigation_.states());
+  follow(navigation_.stateChanges());
 }
 
 QColor NavigationBridge::titleColor() const {

@@ -18,7 +18,7 @@ class PageBridge : public ScreenBridge {
  public:
   PageBridge(const std::shared_ptr<ORLUIViewController>& screen, QObject* parent)
       : ScreenBridge(screen, parent), page_(*screen), toasts_(new ToastsBridge(screen->toastLayer, this)) {
-    follow(page_.modalTopBars());
+    follow(page_.modalTopBarChanges());
   }
 
   QString barTitle() const { return toQt(page_.modalTopBar().title.value_or("")); }

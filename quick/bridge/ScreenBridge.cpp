@@ -6,10 +6,9 @@ namespace orrelo::quick {
 
 ScreenBridge::ScreenBridge(std::shared_ptr<ViewController> screen, QObject* parent)
     : QObject(parent), screen_(std::move(screen)) {
-  subscriptions_.follow(screen_->titles(), [this](const auto&) { Q_EMIT titleChanged(); });
-  subscriptions_.follow(screen_->presentations(), [this](const ViewController::Presented& presented) {
-    Q_EMIT presentationChanged(presented.animated);
-  });
+  subscriptions_.follow(screen_->titleChanges(), [this] { Q_EMIT titleChanged(); });
+  subscriptions_.follow(screen_->presentedChanges(),
+                        [this] { Q_EMIT presentationChanged(screen_->presented().animated); });
 }
 
 QUrl ScreenBridge::delegate() const {

@@ -44,9 +44,9 @@ class ScreenBridge : public QObject {
   void presentationChanged(bool animated);
 
  protected:
-  template <class T>
-  void follow(const reactive::Observable<T>& stream) {
-    subscriptions_.follow(stream, [this](const T&) { Q_EMIT stateChanged(); });
+  /// Emits `stateChanged` at once and at each signal.
+  void follow(const reactive::Observable<reactive::Unit>& changes) {
+    subscriptions_.follow(changes, [this] { Q_EMIT stateChanged(); });
   }
 
  private:

@@ -16,9 +16,8 @@ class Subscriptions {
   Subscriptions& operator=(const Subscriptions&) = delete;
   ~Subscriptions() { clear(); }
 
-  template <class T, class OnNext>
-  void follow(const reactive::Observable<T>& stream, OnNext onNext) {
-    handles_.push_back(stream.subscribe(std::function<void(const T&)>(std::move(onNext))));
+  void follow(const reactive::Observable<reactive::Unit>& signals, std::function<void()> onSignal) {
+    handles_.push_back(signals.subscribe([onSignal = std::move(onSignal)](reactive::Unit) { onSignal(); }));
   }
   void clear() {
     for (const auto& handle : std::exchange(handles_, {})) handle.dispose();

@@ -8,7 +8,7 @@ namespace orrelo::quick {
 
 ToastsBridge::ToastsBridge(std::shared_ptr<ToastLayer> layer, QObject* parent)
     : QAbstractListModel(parent), layer_(std::move(layer)) {
-  subscriptions_.follow(layer_->toasts.stream(), [this](const auto& toasts) { update(toasts); });
+  subscriptions_.follow(layer_->toasts.changes(), [this] { update(layer_->toasts.value()); });
 }
 
 void ToastsBridge::announce(QObject* item) const {

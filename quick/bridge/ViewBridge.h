@@ -34,10 +34,10 @@ class ViewBridge : public QObject {
   void stateChanged();
 
  protected:
-  /// Notifies at each change of `followed` after the first.
+  /// Emits `stateChanged` at once and at each change of `followed`.
   template <class State>
   void follow(const Followed<State>& followed) {
-    subscriptions_.follow(followed.stream(), [this](const State&) { Q_EMIT stateChanged(); });
+    subscriptions_.follow(followed.changes(), [this] { Q_EMIT stateChanged(); });
   }
 
  private:

@@ -40,8 +40,8 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
 
   std::string_view kind() const override { return "CampaignViewController"; }
 
-  State state() const { return state_.value(); }
-  reactive::Observable<State> states() const { return state_.stream(); }
+  const State& state() const { return state_.value(); }
+  reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
   /// Over the content while it is not hidden.
   const std::shared_ptr<ErrorView> errorView;
 

@@ -3,6 +3,8 @@
 #include "reactive/Observable.h"
 #include "reactive/SerialGate.h"
 
+#include <orrelo/Export.h>
+
 #include <algorithm>
 #include <cstdint>
 
@@ -124,10 +126,10 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
   std::optional<Event<T>> end_;
 };
 
-/// A hot stream: a subscriber hears only what comes after it subscribed, and after the end the end alone. Any
-/// thread; subscribers run on the thread that emits.
+/// What the two subjects have in common: a handle of the core. Any thread; subscribers run on the thread that
+/// emits.
 template <class T>
-class PublishSubject {
+class Subject {
  public:
   void onNext(const T& element) const { core_->onNext(element); }
   void onError(const Error& error) const { core_->end(Event<T>::failure(error)); }
@@ -139,29 +141,33 @@ class PublishSubject {
         [core = core_](ObserverPtr<T> observer, const StartOn&) { core->attach(std::move(observer)); });
   }
 
- private:
-  std::shared_ptr<SubjectCore<T>> core_ = std::make_shared<SubjectCore<T>>(std::nullopt);
+ protected:
+  explicit Subject(std::optional<T> replayed)
+      : core_(std::make_shared<SubjectCore<T>>(std::move(replayed))) {}
+
+  std::shared_ptr<SubjectCore<T>> core_;
+};
+
+/// A hot stream: a subscriber hears only what comes after it subscribed, and after the end the end alone.
+template <class T>
+class PublishSubject : public Subject<T> {
+ public:
+  PublishSubject() : Subject<T>(std::nullopt) {}
 };
 
 /// A hot stream that holds the last element and gives it to each new subscriber first.
 template <class T>
-class BehaviorSubject {
+class BehaviorSubject : public Subject<T> {
  public:
-  explicit BehaviorSubject(T initial) : core_(std::make_shared<SubjectCore<T>>(std::move(initial))) {}
+  explicit BehaviorSubject(T initial) : Subject<T>(std::move(initial)) {}
 
-  T value() const { return *core_->replayed(); }
-  void onNext(const T& element) const { core_->onNext(element); }
-  void onError(const Error& error) const { core_->end(Event<T>::failure(error)); }
-  void onCompleted() const { core_->end(Event<T>::completed()); }
-  bool hasObservers() const { return core_->hasObservers(); }
-
-  Observable<T> asObservable() const {
-    return makeSource<T>(
-        [core = core_](ObserverPtr<T> observer, const StartOn&) { core->attach(std::move(observer)); });
-  }
-
- private:
-  std::shared_ptr<SubjectCore<T>> core_;
+  T value() const { return *this->core_->replayed(); }
 };
+
+// Signals are followed nearly everywhere: their classes are compiled once, in Subjects.cpp.
+extern template class ORRELO_EXPORT SerialGate<Unit>;
+extern template class ORRELO_EXPORT SubjectCore<Unit>;
+extern template class ORRELO_EXPORT Subject<Unit>;
+extern template class ORRELO_EXPORT Subscriber<Unit>;
 
 }  // namespace orrelo::reactive

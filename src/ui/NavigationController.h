@@ -36,8 +36,8 @@ class ORRELO_EXPORT NavigationController final : public ViewController {
   ~NavigationController() override;
 
   std::string_view kind() const override { return "NavigationController"; }
-  State state() const { return state_.value(); }
-  reactive::Observable<State> states() const { return state_.stream(); }
+  const State& state() const { return state_.value(); }
+  reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
   std::shared_ptr<ViewController> topViewController() const { return visibleChild(); }
 
   /// Refused, with a log line, where `screen` is null or shown already.

@@ -26,8 +26,8 @@ class ORRELO_EXPORT TabBarController final : public ViewController {
   ~TabBarController() override;
 
   std::string_view kind() const override { return "TabBarController"; }
-  State state() const { return state_.value(); }
-  reactive::Observable<State> states() const { return state_.stream(); }
+  const State& state() const { return state_.value(); }
+  reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
 
   /// Null without screens.
   std::shared_ptr<ViewController> selectedViewController() const { return visibleChild(); }

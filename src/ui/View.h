@@ -26,13 +26,12 @@ class ORRELO_EXPORT View : public std::enable_shared_from_this<View> {
   virtual std::string_view kind() const = 0;
 
   /// What the front reports: the size that the view has got.
-  Size size() const { return size_.value(); }
+  Size size() const { return size_; }
   void setSize(Size size) {
-    if (size == size_.value()) return;
-    size_.onNext(size);
+    if (size == size_) return;
+    size_ = size;
     layoutSubviews();
   }
-  reactive::Observable<Size> sizes() const { return size_.asObservable(); }
 
   std::string accessibilityIdentifier;
 
@@ -41,31 +40,38 @@ class ORRELO_EXPORT View : public std::enable_shared_from_this<View> {
   virtual void layoutSubviews() {}
 
  private:
-  reactive::BehaviorSubject<Size> size_{Size()};
+  Size size_;
 };
 
-/// A state that its owner changes and others follow; setting an equal one changes nothing.
+/// A state that its owner changes and others follow; setting an equal one changes nothing. Main thread.
 template <class State>
 class Followed {
  public:
-  explicit Followed(State initial = {}) : subject_(std::move(initial)) {}
+  explicit Followed(State initial = {}) : state_(std::move(initial)) {}
+  Followed(const Followed&) = delete;
+  Followed& operator=(const Followed&) = delete;
 
-  State value() const { return subject_.value(); }
+  /// The reference is to the state of the moment of reading, or to a later one.
+  const State& value() const { return state_; }
   void set(State state) {
-    if (!(state == subject_.value())) subject_.onNext(std::move(state));
+    if (state == state_) return;
+    std::swap(state_, state);  // the former state goes last: what it held may ask for the new one
+    changes_.onNext({});
   }
   /// Changes a copy in place, and sets that.
   template <class Change>
   void change(Change change) {
-    auto state = subject_.value();
+    auto state = state_;
     change(state);
     set(std::move(state));
   }
-  /// The state now, then each change.
-  reactive::Observable<State> stream() const { return subject_.asObservable(); }
+  /// Signals at once, then after each change. Whoever follows reads the state: a change from within a signal
+  /// gives another signal, and both see the later state.
+  reactive::Observable<reactive::Unit> changes() const { return changes_.asObservable(); }
 
  private:
-  reactive::BehaviorSubject<State> subject_;
+  State state_;
+  reactive::BehaviorSubject<reactive::Unit> changes_{reactive::Unit()};
 };
 
 }  // namespace orrelo

@@ -35,9 +35,9 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   /// The name of the class; a front draws the screen by it.
   virtual std::string_view kind() const = 0;
 
-  std::optional<std::string> title() const { return title_.value(); }
+  const std::optional<std::string>& title() const { return title_.value(); }
   virtual void setTitle(const std::optional<std::string>& title) { title_.set(title); }
-  reactive::Observable<std::optional<std::string>> titles() const { return title_.stream(); }
+  reactive::Observable<reactive::Unit> titleChanges() const { return title_.changes(); }
 
   ModalPresentationStyle modalPresentationStyle = ModalPresentationStyle::fullScreen;
 
@@ -49,7 +49,7 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   std::shared_ptr<ViewController> root();
   /// Who presents it or what contains it.
   std::shared_ptr<ViewController> presentingViewController() const;
-  std::shared_ptr<ViewController> presentedViewController() const { return presented_.value().screen; }
+  const std::shared_ptr<ViewController>& presentedViewController() const { return presented_.value().screen; }
   /// The screen that the user has before them, starting from this one.
   std::shared_ptr<ViewController> topmost();
 
@@ -59,7 +59,9 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
 
     friend bool operator==(const Presented&, const Presented&) = default;
   };
-  reactive::Observable<Presented> presentations() const { return presented_.stream(); }
+  /// What it presents now.
+  const Presented& presented() const { return presented_.value(); }
+  reactive::Observable<reactive::Unit> presentedChanges() const { return presented_.changes(); }
 
   /// Shows `screen` over this one. Refused, with a log line, while it presents another: one at a time; or
   /// where `screen` cannot be added.

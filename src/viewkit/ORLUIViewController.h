@@ -27,8 +27,8 @@ class ORRELO_EXPORT ORLUIViewController : public ViewController {
  public:
   void setTitle(const std::optional<std::string>& title) override;
 
-  ModalTopBar modalTopBar() const { return modalTopBar_.value(); }
-  reactive::Observable<ModalTopBar> modalTopBars() const { return modalTopBar_.stream(); }
+  const ModalTopBar& modalTopBar() const { return modalTopBar_.value(); }
+  reactive::Observable<reactive::Unit> modalTopBarChanges() const { return modalTopBar_.changes(); }
   /// Over all that the screen shows.
   const std::shared_ptr<ToastLayer> toastLayer = std::make_shared<ToastLayer>();
 

@@ -62,11 +62,11 @@ TEST_F(CampaignsTest, ImagesAndWebPagesAreServedWhereThePagesSay) {
 class OwnCampaignsTest : public CampaignsTest {
  protected:
   void SetUp() override {
-    scenario = folder.path;
+    scenario = folder.path();
     now = std::chrono::sys_days(std::chrono::May / 1 / 2026) + std::chrono::hours(12);
     ServiceFixture::SetUp();
   }
-  TemporaryDirectory folder;
+  TemporaryFolder folder;
 };
 
 TEST_F(OwnCampaignsTest, EditsActAtOnceAndMistakesAreTold) {
@@ -109,7 +109,7 @@ class ParticipationTest : public OwnCampaignsTest {
   /// As though all of it had happened long ago.
   void age() {
     service.reset();
-    SQLite::Database(data.path / "participations.sqlite3", SQLite::OPEN_READWRITE)
+    SQLite::Database(data.path() / "participations.sqlite3", SQLite::OPEN_READWRITE)
         .exec("UPDATE participations SET day = '2020-02-29'");
     startService();
   }

@@ -67,8 +67,8 @@ TEST_F(LifecycleTest, StopsWhileRequestsKeepComing) {
 }
 
 TEST_F(LifecycleTest, RefusesAPortInUse) {
-  TemporaryDirectory other;
-  DevService second({.dataDirectory = other.path, .port = port});
+  TemporaryFolder other;
+  DevService second({.dataDirectory = other.path(), .port = port});
   EXPECT_THROW(second.start(), std::runtime_error);
   EXPECT_FALSE(second.isRunning());
   service->stop();
@@ -79,8 +79,8 @@ TEST_F(LifecycleTest, TheCertificateHoldsForBothNamesAndNoOtherIsTrusted) {
   EXPECT_TRUE(makeClient("localhost")->Get(onApp("/config")));
   EXPECT_TRUE(makeClient("127.0.0.1")->Get(onApp("/config")));
 
-  TemporaryDirectory other;
-  const DevService stranger({.dataDirectory = other.path});
+  TemporaryFolder other;
+  const DevService stranger({.dataDirectory = other.path()});
   const auto mistrusting = makeClient();
   mistrusting->set_ca_cert_path(stranger.certificatePath().c_str());
   EXPECT_EQ(mistrusting->Get(onApp("/config")).error(), httplib::Error::SSLServerVerification);
@@ -89,16 +89,16 @@ TEST_F(LifecycleTest, TheCertificateHoldsForBothNamesAndNoOtherIsTrusted) {
 TEST_F(LifecycleTest, MakesABrokenCertificateAnew) {
   service.reset();
   struct stat status {};
-  ASSERT_EQ(::stat((data.path / "key.pem").c_str(), &status), 0);
+  ASSERT_EQ(::stat((data.path() / "key.pem").c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
-  std::filesystem::resize_file(data.path / "key.pem", 40);
+  std::filesystem::resize_file(data.path() / "key.pem", 40);
   startService();
   EXPECT_TRUE(client->Get(onApp("/config")));
 }
 
 TEST_F(LifecycleTest, RefusesADataDirectoryThatIsAFile) {
   data.write("file", "");
-  EXPECT_THROW(DevService({.dataDirectory = data.path / "file"}), std::runtime_error);
+  EXPECT_THROW(DevService({.dataDirectory = data.path() / "file"}), std::runtime_error);
 }
 
 }  // namespace

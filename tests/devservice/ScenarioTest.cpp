@@ -7,13 +7,13 @@ namespace {
 class ScenarioTest : public ServiceFixture {
  protected:
   void SetUp() override {
-    scenario = folder.path;
+    scenario = folder.path();
     ServiceFixture::SetUp();
   }
 
   std::string config(const std::string& appKey) { return client->Get(onApp("/config", appKey))->body; }
 
-  TemporaryDirectory folder;
+  TemporaryFolder folder;
 };
 
 TEST_F(ScenarioTest, EditsActAtOnce) {
@@ -30,14 +30,14 @@ TEST_F(ScenarioTest, AnAppMayHaveItsOwnFile) {
   folder.write("apps/my key/config.json", "own");
   EXPECT_EQ(config("app"), "common");
   EXPECT_EQ(config("my%20key"), "own");
-  std::filesystem::remove_all(folder.path / "apps");
+  std::filesystem::remove_all(folder.path() / "apps");
   EXPECT_EQ(config("my%20key"), "common");
 }
 
 TEST_F(ScenarioTest, AnAppKeyDoesNotLeadOutOfTheFolder) {
   folder.write("config.json", "common");
   folder.write("secret/config.json", "secret");
-  std::filesystem::create_directories(folder.path / "apps/app");
+  std::filesystem::create_directories(folder.path() / "apps/app");
   for (const auto* appKey : {"..", "..%5c", ".", "%2e%2e", "x%00"})
     EXPECT_EQ(config(appKey), "common") << appKey;
   EXPECT_EQ(client->Get(onApp("/config", "..%2fsecret"))->status, 404);

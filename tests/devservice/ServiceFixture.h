@@ -1,45 +1,22 @@
 #pragma once
 
 #include "DevService.h"
+#include "support/TemporaryFolder.h"
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <httplib.h>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
-#include <stdlib.h>
 #include <string>
 
 namespace orrelo::devservice {
 
 using namespace std::chrono_literals;
 using nlohmann::json;
-
-/// A folder that goes with its owner.
-class TemporaryDirectory {
- public:
-  TemporaryDirectory() {
-    auto name = (std::filesystem::temp_directory_path() / "devservice-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
-    path = name;
-  }
-  ~TemporaryDirectory() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
-  }
-  TemporaryDirectory(const TemporaryDirectory&) = delete;
-  TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-
-  void write(const std::string& name, const std::string& text) const {
-    std::filesystem::create_directories((path / name).parent_path());
-    std::ofstream(path / name, std::ios::binary) << text;
-  }
-
-  std::filesystem::path path;
-};
+using test::TemporaryFolder;
 
 inline std::string onApp(const std::string& path, const std::string& appKey = "app") {
   return "/orreloservice/sdk/" + appKey + path;
@@ -59,7 +36,7 @@ class ServiceFixture : public testing::Test {
 
   void startService() {
     service = std::make_unique<DevService>(
-        Options{.dataDirectory = data.path, .scenarioDirectory = scenario, .port = port, .now = now});
+        Options{.dataDirectory = data.path(), .scenarioDirectory = scenario, .port = port, .now = now});
     service->start();
     port = service->port();
     client = makeClient();
@@ -84,7 +61,7 @@ class ServiceFixture : public testing::Test {
     return result ? json::parse(result->body, nullptr, false) : json();
   }
 
-  TemporaryDirectory data;
+  TemporaryFolder data;
   std::filesystem::path scenario;
   std::optional<std::chrono::system_clock::time_point> now;
   int port = 0;

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <string>
 
@@ -23,6 +24,11 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   const std::filesystem::path& path() const { return path_; }
+  /// Writes a file, and makes the folders on the way to it.
+  void write(const std::filesystem::path& name, const std::string& bytes) const {
+    std::filesystem::create_directories((path_ / name).parent_path());
+    std::ofstream(path_ / name, std::ios::binary) << bytes;
+  }
   std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
 
  private:
