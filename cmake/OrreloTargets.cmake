@@ -23,6 +23,15 @@ function(orrelo_exports target)
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${map})
 endfunction()
 
+# The headers of the standard library that most files include, compiled once for all targets of plain C++. A file
+# still includes what it uses: a build without precompiled headers (CMAKE_DISABLE_PRECOMPILE_HEADERS) must compile.
+file(CONFIGURE OUTPUT precompiled.cpp CONTENT "")
+add_library(orrelo_precompiled OBJECT ${PROJECT_BINARY_DIR}/precompiled.cpp)
+target_link_libraries(orrelo_precompiled PRIVATE orrelo_options)
+target_precompile_headers(orrelo_precompiled PRIVATE
+  <algorithm> <array> <atomic> <chrono> <cmath> <cstdint> <deque> <functional> <map> <memory> <mutex> <optional> <string>
+  <string_view> <tuple> <utility> <variant> <vector>)
+
 # orrelo_subsystem(<name> SOURCES <file>... [USES <subsystem>...] [LINKS <library>...])
 #
 # One folder of src/ as one target. USES names the subsystems that it may include from; a folder that is not
@@ -34,5 +43,6 @@ function(orrelo_subsystem name)
     ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated)
   list(TRANSFORM arg_USES PREPEND orrelo_)
   target_link_libraries(orrelo_${name} PUBLIC ${arg_USES} ${arg_LINKS} PRIVATE orrelo_options)
+  target_precompile_headers(orrelo_${name} REUSE_FROM orrelo_precompiled)
   set_property(GLOBAL APPEND PROPERTY ORRELO_SUBSYSTEMS orrelo_${name})
 endfunction()
