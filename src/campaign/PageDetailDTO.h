@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/Json.h"
-#include "campaign/CampaignResultPageDTO.h"
 #include "campaign/attendance/AttendanceCampaignPageDetailDTO.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignPageDetailDTO.h"
+#include "campaign/result/CampaignResultPageDTO.h"
 #include "campaign/stamp/StampCampaignPageDTO.h"
 #include "modular/ModularCampaignPageDTO.h"
 

@@ -2,10 +2,10 @@
 #include "campaign/CampaignMapper.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/stamp/StampCampaignView.h"
-#include "modular/content/InformationView.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "viewkit/CampaignNoticeView.h"
+#include "viewkit/InformationView.h"
 
 #include <gmock/gmock.h>
 

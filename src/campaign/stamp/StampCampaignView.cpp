@@ -1,8 +1,8 @@
 #include "campaign/stamp/StampCampaignView.h"
 
 #include "base/preconditionFailure.h"
-#include "modular/content/InformationView.h"
 #include "viewkit/CampaignNoticeView.h"
+#include "viewkit/InformationView.h"
 
 #include <algorithm>
 #include <iterator>
