@@ -1,6 +1,6 @@
 #pragma once
 
-#include "campaign/Campaign.h"
+#include "campaign/result/CampaignResult.h"
 #include "image/ImageView.h"
 #include "viewkit/CampaignNoticeView.h"
 
