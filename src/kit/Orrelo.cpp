@@ -3,6 +3,7 @@
 #include "campaign/ItunesAPIService.h"
 #include "events/EventValueDescription.h"
 #include "events/KelsoInsight.h"
+#include "kit/BIEventComponent.h"
 #include "kit/InitializedOrrelo.h"
 #include "model/Delegates.h"
 #include "model/UserManager.h"
@@ -70,7 +71,8 @@ void Orrelo::initialize(const ORLConfig& config) {
   const auto storeUrl = mutator.isDevelopment() ? serviceUrl : ItunesAPIServiceImpl::storeUrl;
   InitializedOrrelo::makeCurrent(
       std::make_shared<InitializedOrrelo>(std::make_unique<OrreloComponent>(config, baseUrl, storeUrl)));
-  KelsoInsight::setUp(config.appKey(), baseUrl);
+  KelsoInsight::makeCurrent(
+      std::make_shared<KelsoInsight>(BIEventComponent(config.appKey(), baseUrl).saveBIEventUseCase));
 }
 
 void Orrelo::setUser(const std::optional<ORLUser>& user) {
