@@ -64,7 +64,7 @@ TEST_F(StampCampaignTest, TheLayoutDecidesWhatIsMappedAndShown) {
   const StampCampaignView view(whole);
   EXPECT_THAT(kinds(view),
               ElementsAre("CampaignNoticeView", "StampBoardView", "InformationView", "AutoLayoutImageView"));
-  EXPECT_EQ(block<CampaignNoticeView>(view, 0)->body.value(), "");
+  EXPECT_EQ(block<CampaignNoticeView>(view, 0)->text, "");
 
   const auto bare = stampOf(stampPage("", R"("first_title":"미션","notice":["하나"],)"));
   EXPECT_EQ(bare.info, std::nullopt);

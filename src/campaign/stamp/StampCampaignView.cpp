@@ -31,10 +31,7 @@ std::shared_ptr<View> imageOf(const std::optional<std::string>& url) {
 }
 
 std::shared_ptr<View> noticeOf(const std::optional<CampaignNotice>& notice) {
-  if (!notice) return nullptr;
-  const auto view = std::make_shared<CampaignNoticeView>();
-  view->setMessages(notice->messages);
-  return view;
+  return notice ? std::make_shared<CampaignNoticeView>(notice->messages) : nullptr;
 }
 
 // Where it is named more than once, it stands where it is named last.
