@@ -2,7 +2,7 @@
 
 #include "campaign/CampaignKinds.h"
 #include "model/UserManager.h"
-#include "reactive/Observable.h"
+#include "ui/followOnMain.h"
 
 #include <utility>
 
@@ -33,34 +33,14 @@ std::shared_ptr<CampaignViewController> CampaignViewController::create(
 
 void CampaignViewController::viewDidLoad() {
   ORLUIViewController::viewDidLoad();
-  const std::weak_ptr<CampaignViewController> weak =
-      std::static_pointer_cast<CampaignViewController>(shared_from_this());
-  const auto fail = [weak](const Error& error) {
-    if (const auto self = weak.lock()) self->fail(error);
-  };
-  const auto background =
-      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
-  const auto main = reactive::MainScheduler::instance();
+  const auto self = std::static_pointer_cast<CampaignViewController>(shared_from_this());
   const auto output =
       viewModel->transform(loadTriggerByCampaignId.asObservable(), loadTriggerByCampaignType.asObservable(),
                            participateTrigger.asObservable());
-  output.campaign.subscribeOn(background)
-      .observeOn(main)
-      .subscribe({.onNext =
-                      [weak](const BrandedCampaign& element) {
-                        if (const auto self = weak.lock()) self->render(element);
-                      },
-                  .onError = fail})
-      .disposedBy(disposeBag);
-  output.isLoading.subscribeOn(background)
-      .observeOn(main)
-      .subscribe({.onNext =
-                      [weak](bool isLoading) {
-                        const auto self = weak.lock();
-                        if (self) self->state_.change([&](State& state) { state.isLoading = isLoading; });
-                      },
-                  .onError = fail})
-      .disposedBy(disposeBag);
+  followOnMain(output.campaign, self, disposeBag, &CampaignViewController::render,
+               &CampaignViewController::fail);
+  followOnMain(output.isLoading, self, disposeBag, &CampaignViewController::setLoading,
+               &CampaignViewController::fail);
 }
 
 void CampaignViewController::viewWillAppear(bool animated) {
@@ -95,6 +75,10 @@ void CampaignViewController::render(const BrandedCampaign& element) {
   }
   const auto self = std::static_pointer_cast<CampaignViewController>(shared_from_this());
   kindOf(campaign.type).show(element, self);
+}
+
+void CampaignViewController::setLoading(bool isLoading) {
+  state_.change([isLoading](State& state) { state.isLoading = isLoading; });
 }
 
 void CampaignViewController::showNothing(OrreloError reason) {

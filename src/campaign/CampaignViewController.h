@@ -65,6 +65,7 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, p
                          std::optional<ORLCampaignType> type);
 
   void render(const BrandedCampaign& element);
+  void setLoading(bool isLoading);
   void fail(const Error& error);
 
   const std::shared_ptr<CampaignViewModel> viewModel;
