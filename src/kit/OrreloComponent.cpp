@@ -17,4 +17,10 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
 }
 
+RunningKit OrreloComponent::runningKit() const {
+  return {.campaignNavigator = campaignComponent_->campaignNavigator,
+          // Referral, points, gifticons and their exchange have no screens yet.
+          .router = [](Page::Fixed) { return nullptr; }};
+}
+
 }  // namespace orrelo
