@@ -10,16 +10,14 @@ class CampaignNoticeBridge final : public ViewBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(QString heading READ heading CONSTANT)
-  Q_PROPERTY(QString body READ body NOTIFY stateChanged)
+  Q_PROPERTY(QString body READ body CONSTANT)
 
  public:
   CampaignNoticeBridge(const std::shared_ptr<CampaignNoticeView>& view, QObject* parent)
-      : ViewBridge(view, parent), notice_(*view) {
-    follow(notice_.body);
-  }
+      : ViewBridge(view, parent), notice_(*view) {}
 
   QString heading() const { return toQt(CampaignNoticeView::heading); }
-  QString body() const { return toQt(notice_.body.value()); }
+  QString body() const { return toQt(notice_.text); }
 
  private:
   const CampaignNoticeView& notice_;

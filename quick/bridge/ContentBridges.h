@@ -3,15 +3,15 @@
 #include "modular/ModularCampaignView.h"
 #include "modular/content/ActionButtonView.h"
 #include "modular/content/BoxedInformationListView.h"
-#include "modular/content/NoticeView.h"
 #include "modular/content/PageEntryView.h"
 #include "modular/content/SpacerView.h"
 #include "modular/content/TooltipInformationView.h"
-#include "modular/content/WebView.h"
 #include "quick/bridge/ImageBridge.h"
 #include "quick/bridge/StackBridge.h"
 #include "quick/bridge/TooltipBridge.h"
 #include "quick/bridge/WebPageDelegate.h"
+#include "viewkit/NoticeView.h"
+#include "viewkit/WebView.h"
 
 #include <QColor>
 

@@ -1,10 +1,14 @@
 #pragma once
 
 #include "base/Error.h"
-#include "campaign/CampaignInfo.h"
 #include "campaign/attendance/AttendanceCampaign.h"
+#include "campaign/deprecated/DeprecatedCampaign.h"
 #include "campaign/optinmarketing/OptInMarketingCampaign.h"
+#include "campaign/referral/ReferralCampaign.h"
+#include "campaign/result/CampaignResult.h"
 #include "campaign/stamp/StampCampaign.h"
+#include "campaign/unknown/UnknownCampaign.h"
+#include "campaign/update/InduceUpdateCampaign.h"
 #include "modular/ModularCampaign.h"
 
 #include <orrelo/ORLCampaignType.h>
@@ -14,39 +18,6 @@
 #include <variant>
 
 namespace orrelo {
-
-struct ReferralCampaign {
-  friend bool operator==(const ReferralCampaign&, const ReferralCampaign&) = default;
-};
-
-/// What is shown after a campaign has ended for this user.
-struct CampaignResult {
-  std::string name;
-  std::string label;
-  std::string imageUrl;
-  std::string body;
-  CampaignNotice notice;
-  std::optional<CampaignPopUpDialog> popUpDialog;
-
-  friend bool operator==(const CampaignResult&, const CampaignResult&) = default;
-};
-
-/// Stands in for a campaign that this build cannot show; never sent by the service.
-struct InduceUpdateCampaign {
-  std::string appStoreUrl;
-
-  friend bool operator==(const InduceUpdateCampaign&, const InduceUpdateCampaign&) = default;
-};
-
-struct DeprecatedCampaign {
-  std::string type;
-
-  friend bool operator==(const DeprecatedCampaign&, const DeprecatedCampaign&) = default;
-};
-
-struct UnknownCampaign {
-  friend bool operator==(const UnknownCampaign&, const UnknownCampaign&) = default;
-};
 
 struct Campaign {
   using CampaignType = std::variant<AttendanceCampaign, ReferralCampaign, OptInMarketingCampaign,

@@ -1,19 +1,9 @@
 #include "campaign/CampaignViewController.h"
 
-#include "base/Logger.h"
-#include "campaign/attendance/AttendanceCampaignView.h"
-#include "campaign/optinmarketing/OptInMarketingCampaignView.h"
-#include "campaign/result/CampaignResultView.h"
-#include "campaign/stamp/StampCampaignView.h"
-#include "campaign/update/InduceUpdateView.h"
-#include "model/Delegates.h"
+#include "campaign/CampaignKinds.h"
 #include "model/UserManager.h"
-#include "reactive/Observable.h"
-#include "viewkit/CampaignRewardViewController.h"
-#include "viewkit/PopUpDialogViewController.h"
+#include "ui/followOnMain.h"
 
-#include <algorithm>
-#include <type_traits>
 #include <utility>
 
 namespace orrelo {
@@ -43,34 +33,14 @@ std::shared_ptr<CampaignViewController> CampaignViewController::create(
 
 void CampaignViewController::viewDidLoad() {
   ORLUIViewController::viewDidLoad();
-  const std::weak_ptr<CampaignViewController> weak =
-      std::static_pointer_cast<CampaignViewController>(shared_from_this());
-  const auto fail = [weak](const Error& error) {
-    if (const auto self = weak.lock()) self->fail(error);
-  };
-  const auto background =
-      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
-  const auto main = reactive::MainScheduler::instance();
+  const auto self = std::static_pointer_cast<CampaignViewController>(shared_from_this());
   const auto output =
       viewModel->transform(loadTriggerByCampaignId.asObservable(), loadTriggerByCampaignType.asObservable(),
                            participateTrigger.asObservable());
-  output.campaign.subscribeOn(background)
-      .observeOn(main)
-      .subscribe({.onNext =
-                      [weak](const BrandedCampaign& element) {
-                        if (const auto self = weak.lock()) self->render(element);
-                      },
-                  .onError = fail})
-      .disposedBy(disposeBag);
-  output.isLoading.subscribeOn(background)
-      .observeOn(main)
-      .subscribe({.onNext =
-                      [weak](bool isLoading) {
-                        const auto self = weak.lock();
-                        if (self) self->state_.change([&](State& state) { state.isLoading = isLoading; });
-                      },
-                  .onError = fail})
-      .disposedBy(disposeBag);
+  followOnMain(output.campaign, self, disposeBag, &CampaignViewController::render,
+               &CampaignViewController::fail);
+  followOnMain(output.isLoading, self, disposeBag, &CampaignViewController::setLoading,
+               &CampaignViewController::fail);
 }
 
 void CampaignViewController::viewWillAppear(bool animated) {
@@ -103,23 +73,12 @@ void CampaignViewController::render(const BrandedCampaign& element) {
   } else {
     collapseTopBar();
   }
-  std::visit(
-      [&](const auto& kind) {
-        using Kind = std::decay_t<decltype(kind)>;
-        if constexpr (std::is_same_v<Kind, CampaignResult>) {
-          render(kind, campaign.id);
-        } else if constexpr (std::is_same_v<Kind, InduceUpdateCampaign>) {
-          show(std::make_shared<InduceUpdateView>(kind.appStoreUrl, element.primary, toastLayer));
-        } else if constexpr (std::is_same_v<Kind, DeprecatedCampaign>) {
-          showNothing(OrreloError::deprecatedCampaign);
-        } else if constexpr (std::is_same_v<Kind, UnknownCampaign> ||
-                             std::is_same_v<Kind, ReferralCampaign>) {
-          showNothing(OrreloError::unknownCampaign);
-        } else {
-          render(kind);
-        }
-      },
-      campaign.type);
+  const auto self = std::static_pointer_cast<CampaignViewController>(shared_from_this());
+  kindOf(campaign.type).show(element, self);
+}
+
+void CampaignViewController::setLoading(bool isLoading) {
+  state_.change([isLoading](State& state) { state.isLoading = isLoading; });
 }
 
 void CampaignViewController::showNothing(OrreloError reason) {
@@ -131,60 +90,13 @@ void CampaignViewController::show(const std::shared_ptr<View>& content) {
   state_.change([&](State& state) { state.content = content; });
 }
 
-void CampaignViewController::render(const AttendanceCampaign& attendance) {
-  const auto page = std::make_shared<AttendanceCampaignView>(attendance);
-  page->actionView->delegate = std::static_pointer_cast<CampaignViewController>(shared_from_this());
-  show(page);
-  if (const auto& reward = attendance.rewardMessage; reward && hasPlace()) {
-    const CampaignRewardViewController::Content content{reward->title, reward->message, reward->buttonText,
-                                                        attendance.calendar.primaryColor};
-    root()->topmost()->present(std::make_shared<CampaignRewardViewController>(content), false);
-  }
-}
-
-void CampaignViewController::render(const StampCampaign& stamp) {
-  show(std::make_shared<StampCampaignView>(stamp));
-}
-
-void CampaignViewController::render(const OptInMarketingCampaign& optIn) {
-  const auto page = OptInMarketingCampaignView::create(optIn);
-  page->onMoveButtonTapped = [weak = weak_from_this()] {
-    const auto self = weak.lock();
-    if (!self) return;
-    log(LogLevel::DEBUG, "(ORLOptInMarketingCampaignDelegate) onMoveButtonTapped:in");
-    if (const auto host = optInMarketingCampaignDelegate()) host->onMoveButtonTapped(self);
-  };
-  show(page);
-}
-
-void CampaignViewController::render(const CampaignResult& result, const std::string& id) {
-  show(std::make_shared<CampaignResultView>(result));
-  if (result.popUpDialog && hasPlace()) showOnce(*result.popUpDialog, id);
-}
-
-void CampaignViewController::render(const ModularCampaign& modular) {
-  const auto page = ModularCampaignView::create(modular);
-  page->delegate = std::static_pointer_cast<CampaignViewController>(shared_from_this());
-  show(page);
-  if (hasPlace()) page->showDialogs(*this);
-}
-
-void CampaignViewController::showOnce(const CampaignPopUpDialog& dialog, const std::string& id) {
-  const auto states = viewModel->fetchCampaignStateUseCase().fetch();
-  const auto known = std::find_if(states.begin(), states.end(),
-                                  [&](const CampaignState& state) { return state.campaignId == id; });
-  if (known != states.end() && known->popUpDialogIsShown) return;
-  const PopUpDialogViewController::Content content{dialog.title, dialog.label, dialog.imageUrl,
-                                                   dialog.buttonText};
-  const bool isShown =
-      present(std::make_shared<PopUpDialogViewController>("campaign_result_pop_up_dialog", content), false);
-  // At once, and not when it is closed: whatever ends the dialog, the user has seen it.
-  if (isShown) viewModel->saveCampaignStateUseCase().save(id, true);
-}
-
 bool CampaignViewController::hasPlace() const {
   // A window's root screen keeps its place while another screen covers it.
   return isVisible() || parent() || presentingViewController() || presentedViewController();
+}
+
+std::shared_ptr<ORLUIViewController> CampaignViewController::viewController() {
+  return std::static_pointer_cast<ORLUIViewController>(shared_from_this());
 }
 
 void CampaignViewController::fail(const Error& error) {

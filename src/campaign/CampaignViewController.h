@@ -1,11 +1,8 @@
 #pragma once
 
-#include "campaign/CampaignActionView.h"
-#include "campaign/CampaignViewModel.h"
-#include "modular/ModularCampaignView.h"
+#include "campaign/CampaignScreen.h"
 #include "ui/Routing.h"
 #include "viewkit/ErrorView.h"
-#include "viewkit/ORLUIViewController.h"
 
 #include <orrelo/Export.h>
 
@@ -18,9 +15,7 @@ namespace orrelo {
 /// The one screen for every kind of campaign. It loads each time it appears, and whatever comes, from a load
 /// or from taking part, replaces what it shows. After an error of its streams it stays as it is; a kind that
 /// it cannot show gives way to the next campaign.
-class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
-                                                   public CampaignActionViewDelegate,
-                                                   public ModularCampaignViewDelegate {
+class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, public CampaignScreen {
  public:
   struct State {
     /// The page of the campaign's kind; null until there is one. It stays while another loads.
@@ -49,6 +44,12 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
   void route(const Page& page) override;
   void reload() override;
 
+  void show(const std::shared_ptr<View>& content) override;
+  void showNothing(OrreloError reason) override;
+  bool hasPlace() const override;
+  std::shared_ptr<ORLUIViewController> viewController() override;
+  const CampaignViewModel& model() const override { return *viewModel; }
+
   /// Where it is null, a page that leads elsewhere leads nowhere.
   std::shared_ptr<PageRouter> pageRouter;
 
@@ -64,17 +65,7 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
                          std::optional<ORLCampaignType> type);
 
   void render(const BrandedCampaign& element);
-  void show(const std::shared_ptr<View>& content);
-  /// For what this build cannot show.
-  void showNothing(OrreloError reason);
-  void render(const AttendanceCampaign& attendance);
-  void render(const StampCampaign& stamp);
-  void render(const OptInMarketingCampaign& optIn);
-  void render(const CampaignResult& result, const std::string& id);
-  void render(const ModularCampaign& modular);
-  void showOnce(const CampaignPopUpDialog& dialog, const std::string& id);
-  /// Nobody sees a dialog over a screen that was taken away while its reply was on its way.
-  bool hasPlace() const;
+  void setLoading(bool isLoading);
   void fail(const Error& error);
 
   const std::shared_ptr<CampaignViewModel> viewModel;

@@ -1,5 +1,6 @@
 #include "campaign/CampaignViewModel.h"
 
+#include "config/withBrandTheme.h"
 #include "events/UserEventTracker.h"
 #include "reactive/Combining.h"
 #include "reactive/Observable.h"
@@ -122,10 +123,10 @@ CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::participat
 
 CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::branded(
     const Stream<Campaign>& stream) {
-  return reactive::zip(stream, useCases_.fetchConfigUseCase->fetch())
-      .map([](const std::tuple<Campaign, Config>& row) {
-        const auto& theme = std::get<Config>(row).brandTheme;
-        return BrandedCampaign{std::get<Campaign>(row), theme.primary, theme.seconary, theme.seconaryVariant};
+  return withBrandTheme(stream, *useCases_.fetchConfigUseCase)
+      .map([](const std::tuple<Campaign, BrandTheme>& row) {
+        const auto& [loaded, theme] = row;
+        return BrandedCampaign{loaded, theme.primary, theme.seconary, theme.seconaryVariant};
       });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Color.h"
+#include "campaign/BrandedCampaign.h"
 #include "campaign/CampaignRepository.h"
 #include "campaign/FetchUpdateUrlUseCase.h"
 #include "campaign/ParticipateCampaignUseCase.h"
@@ -21,16 +21,6 @@ template <class Target>
 struct CampaignTrigger {
   Target target;
   std::optional<std::string> userId;
-};
-
-/// A campaign and the host's colours.
-struct BrandedCampaign {
-  Campaign campaign;
-  Color primary;
-  Color secondary;
-  Color secondaryVariant;
-
-  friend bool operator==(const BrandedCampaign&, const BrandedCampaign&) = default;
 };
 
 /// What a campaign screen is made from.

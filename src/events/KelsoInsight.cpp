@@ -1,13 +1,7 @@
 #include "events/KelsoInsight.h"
 
 #include "base/Utf8.h"
-#include "base/preconditionFailure.h"
 #include "events/OLSEventMapper.h"
-#include "network/HttpHeaderGenerator.h"
-#include "platform/EventDatabase.h"
-
-#include <orrelo/Platform.h>
-#include <orrelo/platform/Clock.h>
 
 #include <mutex>
 #include <utility>
@@ -32,22 +26,7 @@ BIEvent toBIEvent(const ORLUserEvent& event) {
   return makeEvent(utf8::repaired(event.name), event.values ? mapper.map(*event.values) : StringDictionary());
 }
 
-void KelsoInsight::setUp(const std::string& appKey, const std::string& baseUrl) {
-  const auto& platform = Platform::current();
-  const auto defaults = platform.userDefaults->suite(appKey);
-  if (!defaults)
-    preconditionFailure("The application key \"" + appKey + "\" names no suite of user defaults");
-
-  const EventDao dao(platform.eventDatabases->open("BIEventCoreData", EventTimeStorage::date),
-                     EventTimeStorage::date);
-  const BIEventNetworkConfig networkConfig{baseUrl + "sdk/" + appKey,
-                                           withJsonContentType(HttpHeaderGenerator(defaults).generate())};
-  auto repository = std::make_shared<BIEventRepositoryImpl>(
-      dao, BIEventRemoteDataSource(networkConfig, std::make_shared<HTTPClientImpl>()),
-      reactive::MainScheduler::instance(),
-      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::background),
-      [clock = platform.clock] { return clock->now(); });
-  auto insight = std::make_shared<KelsoInsight>(SaveBIEventUseCase(std::move(repository)));
+void KelsoInsight::makeCurrent(std::shared_ptr<KelsoInsight> insight) {
   {
     const std::lock_guard lock(slot().mutex);
     std::swap(slot().instance, insight);

@@ -14,17 +14,15 @@ namespace orrelo {
 BIEvent toBIEvent(const ORLUserEvent& event);
 
 /// Where the kit's own events enter their pipeline. The service's switch does not stop them. One for the
-/// process, absent until `setUp`; any thread.
+/// process, absent until the kit is initialized; any thread.
 class KelsoInsight {
  public:
-  /// Builds the pipeline for the application and makes it the one in use; the former one is let go. `baseUrl`
-  /// ends in
-  /// "/orreloservice/".
-  static void setUp(const std::string& appKey, const std::string& baseUrl);
-  /// Null until `setUp`.
+  /// Puts it into use; the former one stops sending and is let go.
+  static void makeCurrent(std::shared_ptr<KelsoInsight> insight);
+  /// Null until `makeCurrent`.
   static std::shared_ptr<KelsoInsight> instance();
 
-  /// An event of now and of the current user; nothing happens before `setUp`.
+  /// An event of now and of the current user; nothing happens before `makeCurrent`.
   static void track(const std::string& name, const StringDictionary& values);
 
   explicit KelsoInsight(SaveBIEventUseCase useCase) : saveBIEventUseCase(std::move(useCase)) {}

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "image/Data.h"
-#include "image/onMain.h"
 #include "platform/URLSession.h"
 #include "platform/threads/KitThread.h"
+#include "platform/threads/onMain.h"
 
 #include <orrelo/Platform.h>
 

@@ -1,5 +1,6 @@
 #include "kit/CampaignComponent.h"
 
+#include "campaign/CampaignNavigatorImpl.h"
 #include "campaign/CampaignViewControllerFactoryImpl.h"
 #include "network/HTTPClient.h"
 
@@ -37,6 +38,7 @@ CampaignComponent::CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& 
                                      const NetworkConfig& networkConfig, const std::string& storeUrl,
                                      const std::shared_ptr<PageRouter>& pageRouter)
     : campaignViewControllerFactory(std::make_shared<CampaignViewControllerFactoryImpl>(
-          makeUseCases(fetchConfigUseCase, networkConfig, storeUrl), pageRouter)) {}
+          makeUseCases(fetchConfigUseCase, networkConfig, storeUrl), pageRouter)),
+      campaignNavigator(std::make_shared<CampaignNavigatorImpl>(campaignViewControllerFactory)) {}
 
 }  // namespace orrelo

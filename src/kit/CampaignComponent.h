@@ -18,6 +18,7 @@ class CampaignComponent {
                     const std::shared_ptr<PageRouter>& pageRouter);
 
   const std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory;
+  const std::shared_ptr<CampaignNavigator> campaignNavigator;
 };
 
 }  // namespace orrelo

@@ -10,7 +10,6 @@
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
 
-#include <atomic>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -35,7 +34,6 @@ struct Slot {
   /// One for all: a call of `sendEvent` takes it and no other.
   std::mutex mutex;
   std::shared_ptr<InitializedOrrelo> instance;
-  std::atomic<bool> isFilled = false;
   std::vector<Accepted> accepted;
   /// Whether a task is posted, or at work, that will take what was accepted.
   bool isScheduled = false;
@@ -65,15 +63,10 @@ std::shared_ptr<InitializedOrrelo> InitializedOrrelo::current() {
   return slot().instance;
 }
 
-bool InitializedOrrelo::hasCurrent() {
-  return slot().isFilled.load(std::memory_order_acquire);
-}
-
 void InitializedOrrelo::makeCurrent(std::shared_ptr<InitializedOrrelo> instance) {
   {
     const std::lock_guard lock(slot().mutex);
     std::swap(slot().instance, instance);
-    slot().isFilled.store(true, std::memory_order_release);
   }
   // A worker may still hold it, for the events that it accepted.
   if (instance) instance->component->eventComponent().saveEventUseCase.stopSending();

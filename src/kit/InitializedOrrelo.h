@@ -21,8 +21,6 @@ class InitializedOrrelo {
 
   /// The one in use; null until `makeCurrent`. Any thread, as are all of these.
   static std::shared_ptr<InitializedOrrelo> current();
-  /// Whether there is one in use: then there always will be.
-  static bool hasCurrent();
   /// Puts it into use. The former one stops sending and is let go; events that it had accepted and not yet
   /// begun to store go on to this one.
   static void makeCurrent(std::shared_ptr<InitializedOrrelo> instance);

@@ -3,12 +3,14 @@
 #include "campaign/ItunesAPIService.h"
 #include "events/EventValueDescription.h"
 #include "events/KelsoInsight.h"
+#include "kit/BIEventComponent.h"
 #include "kit/InitializedOrrelo.h"
 #include "model/Delegates.h"
 #include "model/UserManager.h"
 #include "network/KelsoMutator.h"
 #include "platform/URLSession.h"
-#include "ui/NavigationController.h"
+#include "platform/threads/onMain.h"
+#include "ui/RunningKit.h"
 #include "viewkit/ErrorViewController.h"
 
 #include <orrelo/Orrelo.h>
@@ -19,41 +21,13 @@
 namespace orrelo {
 namespace {
 
-// The guard of every operation that needs the instance: false, with a log line, where there is none.
-bool isInitialized(std::string_view operation) {
-  if (InitializedOrrelo::hasCurrent()) return true;
-  log(LogLevel::ERROR, [operation] {
-    return "Orrelo SDK is not initialized. Call Orrelo.initialize() before " + std::string(operation);
-  });
-  return InitializedOrrelo::hasCurrent();  // another thread may have initialized meanwhile
-}
-
 std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() {
-  return InitializedOrrelo::current()->component->campaignComponent().campaignViewControllerFactory;
+  return RunningKit::current()->campaignNavigator->campaignViewControllerFactory();
 }
 
 std::shared_ptr<ViewController> makeErrorScreen() {
   // Deliberately not spelled as the text of an error.
   return std::make_shared<ErrorViewController>("잠시 후 다시 시도해주세요.");
-}
-
-// Screens belong to the main thread; a call from another is posted there.
-void onMainThread(std::function<void()> task) {
-  const auto& mainLoop = Platform::current().mainLoop;
-  if (mainLoop->isCurrent()) {
-    task();
-  } else {
-    mainLoop->post(std::move(task));
-  }
-}
-
-void show(const std::shared_ptr<ViewController>& screen, const std::shared_ptr<ViewController>& with) {
-  if (!with) return;
-  if (const auto navigation = with->navigationController()) {
-    navigation->pushViewController(screen, true);
-  } else {
-    with->present(screen, true);
-  }
 }
 
 }  // namespace
@@ -68,9 +42,12 @@ void Orrelo::initialize(const ORLConfig& config) {
 
   // The development service stands in for the store too.
   const auto storeUrl = mutator.isDevelopment() ? serviceUrl : ItunesAPIServiceImpl::storeUrl;
-  InitializedOrrelo::makeCurrent(
-      std::make_shared<InitializedOrrelo>(std::make_unique<OrreloComponent>(config, baseUrl, storeUrl)));
-  KelsoInsight::setUp(config.appKey(), baseUrl);
+  auto component = std::make_unique<OrreloComponent>(config, baseUrl, storeUrl);
+  const auto runningKit = std::make_shared<const RunningKit>(component->runningKit());
+  InitializedOrrelo::makeCurrent(std::make_shared<InitializedOrrelo>(std::move(component)));
+  RunningKit::makeCurrent(runningKit);
+  KelsoInsight::makeCurrent(
+      std::make_shared<KelsoInsight>(BIEventComponent(config.appKey(), baseUrl).saveBIEventUseCase));
 }
 
 void Orrelo::setUser(const std::optional<ORLUser>& user) {
@@ -97,68 +74,67 @@ void Orrelo::sendEvent(std::string_view name, EventValues values) {
     return "sendEvent(_: values:) is called with name:" + std::string(name) +
            " values:" + description(values);
   });
-  if (!isInitialized("sendEvent(_:values:)")) return;
+  if (!RunningKit::isInitialized("sendEvent(_:values:)")) return;
   OLSEventMapper::requireSupported(values);
   InitializedOrrelo::accept(name, std::move(values));
 }
 
-void Orrelo::showHome(const std::shared_ptr<ViewController>&) {
-  isInitialized("showHome(with:)");
+void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {
+  RunningKit::showHome(with);
 }
 
 void Orrelo::showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) {
-  if (!isInitialized("showCampaign(by:with:)")) return;
-  onMainThread([id = std::string(id), with] { show(campaignViewControllerFactory()->make(id), with); });
+  RunningKit::showCampaign(std::string(id), with);
 }
 
 std::shared_ptr<ViewController> Orrelo::getCampaignViewController(std::string_view id) {
-  if (!isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
+  if (!RunningKit::isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
   return campaignViewControllerFactory()->make(std::string(id));
 }
 
 void Orrelo::showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with) {
-  if (!isInitialized("showCampaign(by:with:)")) return;
-  onMainThread([type, with] {
+  if (!RunningKit::isInitialized("showCampaign(by:with:)")) return;
+  onMain(*Platform::current().mainLoop, [type, with] {
     const auto screen = campaignViewControllerFactory()->make(type);
     screen->modalPresentationStyle = ModalPresentationStyle::fullScreen;
-    show(screen, with);
+    showScreen(screen, with);
   });
 }
 
 std::shared_ptr<ViewController> Orrelo::getCampaignViewController(ORLCampaignType type) {
-  if (!isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
+  if (!RunningKit::isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
   const auto screen = campaignViewControllerFactory()->make(type);
   screen->modalPresentationStyle = ModalPresentationStyle::fullScreen;
   return screen;
 }
 
 void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>&) {
-  isInitialized("showNaverPayExchange(with:)");
+  RunningKit::isInitialized("showNaverPayExchange(with:)");
 }
 
 void Orrelo::showPage(std::string_view id) {
-  if (!isInitialized("showPage(by:)")) return;
+  if (!RunningKit::isInitialized("showPage(by:)")) return;
   InitializedOrrelo::current()->component->pageComponent().useCase->execute(std::string(id));
 }
 
 void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>&) {
-  isInitialized("showInAppMessage(with:)");
+  RunningKit::isInitialized("showInAppMessage(with:)");
 }
 
 void Orrelo::setDeviceToken(const std::vector<std::byte>&) {
-  isInitialized("setDeviceToken(_:)");
+  RunningKit::isInitialized("setDeviceToken(_:)");
 }
 
 void Orrelo::setPushToken(std::string_view) {
-  isInitialized("setPushToken(_:)");
+  RunningKit::isInitialized("setPushToken(_:)");
 }
 
 void Orrelo::userNotificationCenter(const NotificationResponse&, std::function<void()>) {
-  isInitialized("userNotificationCenter(_:didReceive:withCompletionHandler:)");
+  RunningKit::isInitialized("userNotificationCenter(_:didReceive:withCompletionHandler:)");
 }
 
 void Orrelo::application(const EventDictionary&, IOrrelo::FetchCompletion) {
-  isInitialized("application(_:didReceiveRemoteNotification:fetchCompletionHandler:)");
+  RunningKit::isInitialized("application(_:didReceiveRemoteNotification:fetchCompletionHandler:)");
 }
 
 std::shared_ptr<ORLUserEventDelegate> Orrelo::userEventDelegate() {

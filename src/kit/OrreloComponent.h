@@ -4,6 +4,7 @@
 #include "kit/ConfigComponent.h"
 #include "kit/EventComponent.h"
 #include "kit/PageComponent.h"
+#include "ui/RunningKit.h"
 
 #include <orrelo/ORLConfig.h>
 
@@ -24,6 +25,9 @@ class OrreloComponent {
   const PageComponent& pageComponent() const { return *pageComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
+
+  /// What features ask of it while it is the one in use.
+  RunningKit runningKit() const;
 
  private:
   std::unique_ptr<ConfigComponent> configComponent_;

@@ -8,7 +8,7 @@
 
 namespace orrelo {
 
-/// Wires the ways to pages. They lead through the façade's own operations.
+/// Wires the ways to pages.
 class PageComponent {
  public:
   explicit PageComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase);

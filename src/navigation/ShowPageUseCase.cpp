@@ -1,8 +1,8 @@
 #include "navigation/ShowPageUseCase.h"
 
 #include "base/Logger.h"
-#include "reactive/Observable.h"
 #include "ui/KeyWindow.h"
+#include "ui/followOnMain.h"
 
 #include <algorithm>
 #include <optional>
@@ -42,16 +42,15 @@ ShowPageUseCaseImpl::ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> con
       mainScheduler(reactive::MainScheduler::instance()) {}
 
 void ShowPageUseCaseImpl::execute(const std::string& pageId) {
-  fetchConfigUseCase->fetch()
-      .map([pageId](const Config& config) { return pageOf(config, pageId); })
-      .subscribeOn(concurrentDispatchQueueScheduler)
-      .observeOn(mainScheduler)
-      .subscribe({.onNext =
-                      [weak = weak_from_this(), pageId](const std::optional<Page>& page) {
-                        if (const auto self = weak.lock()) open(*self->pageRouter, pageId, page);
-                      },
-                  .onError = [](const Error& error) { log(LogLevel::ERROR, error.localizedDescription()); }})
-      .disposedBy(disposeBag);
+  const auto pages =
+      fetchConfigUseCase->fetch().map([pageId](const Config& config) { return pageOf(config, pageId); });
+  followOnMain(
+      pages, shared_from_this(), disposeBag,
+      [pageId](ShowPageUseCaseImpl& self, const std::optional<Page>& page) {
+        open(*self.pageRouter, pageId, page);
+      },
+      [](ShowPageUseCaseImpl&, const Error& error) { log(LogLevel::ERROR, error.localizedDescription()); },
+      {concurrentDispatchQueueScheduler, mainScheduler});
 }
 
 }  // namespace orrelo

@@ -33,6 +33,11 @@ class ORRELO_EXPORT PageRouter {
   virtual void route(const std::shared_ptr<ViewController>& from, const Page& page) = 0;
 };
 
+/// Shows `screen` from `with`, animated: on the stack that `with` lies on, else presented by it. Nothing
+/// without `with`. Main thread.
+ORRELO_EXPORT void showScreen(const std::shared_ptr<ViewController>& screen,
+                              const std::shared_ptr<ViewController>& with);
+
 /// Makes the screens of campaigns.
 class ORRELO_EXPORT CampaignViewControllerFactory {
  public:
@@ -40,6 +45,14 @@ class ORRELO_EXPORT CampaignViewControllerFactory {
 
   virtual std::shared_ptr<ViewController> make(const std::string& id) const = 0;
   virtual std::shared_ptr<ViewController> make(ORLCampaignType type) const = 0;
+};
+
+/// Leads to the screens of campaigns.
+class ORRELO_EXPORT CampaignNavigator {
+ public:
+  virtual ~CampaignNavigator() = default;
+
+  virtual std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() const = 0;
 };
 
 }  // namespace orrelo

@@ -103,18 +103,43 @@ void ViewController::loadViewIfNeeded() {
 }
 
 void ViewController::appear(bool animated) {
-  if (std::exchange(isVisible_, true)) return;
+  if (isVisible_) return;
   loadViewIfNeeded();
+  if (std::exchange(isVisible_, true)) return;
   viewWillAppear(animated);
-  if (const auto child = visibleChild()) child->appear(animated);
+  for (const auto& child : shownChildren()) {
+    // One child may have taken another away, or the whole screen.
+    if (isVisible_ && child->parent().get() == this) child->appear(animated);
+  }
   viewDidAppear(animated);
 }
 
 void ViewController::disappear(bool animated) {
   if (!std::exchange(isVisible_, false)) return;
   viewWillDisappear(animated);
-  if (const auto child = visibleChild()) child->disappear(animated);
+  for (const auto& child : shownChildren()) child->disappear(animated);
   viewDidDisappear(animated);
+}
+
+bool ViewController::addChild(const std::shared_ptr<ViewController>& child) {
+  if (!canAdd(child)) return false;
+  adopt(child);
+  children_.push_back(child);
+  child->loadViewIfNeeded();
+  if (isVisible_ && child->parent().get() == this) child->appear(false);
+  return true;
+}
+
+void ViewController::removeChild(const std::shared_ptr<ViewController>& child) {
+  const auto gone = child;
+  if (std::erase(children_, gone) == 0) return;
+  gone->disappear(false);
+  release(gone);
+}
+
+std::vector<std::shared_ptr<ViewController>> ViewController::shownChildren() const {
+  if (const auto child = visibleChild()) return {child};
+  return children_;
 }
 
 bool ViewController::canAdd(const std::shared_ptr<ViewController>& screen) const {

@@ -88,8 +88,15 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   virtual void viewDidAppear(bool) {}
   virtual void viewWillDisappear(bool) {}
   virtual void viewDidDisappear(bool) {}
-  /// The one of its children that is on the screen while this one is.
+  /// The one of its children that stands before the user in its place; null where it shows itself, and its
+  /// children as parts of it.
   virtual std::shared_ptr<ViewController> visibleChild() const { return nullptr; }
+
+  /// Contains `child` beside those it contains already, and loads it. Children appear and disappear with this
+  /// screen, in the order of adding. Refused, with a log line, where `child` cannot be added.
+  bool addChild(const std::shared_ptr<ViewController>& child);
+  /// Nothing where `child` was not added.
+  void removeChild(const std::shared_ptr<ViewController>& child);
 
   /// It has a place nowhere yet, and is not among those that this one lies in or over. False with a log line.
   bool canAdd(const std::shared_ptr<ViewController>& screen) const;
@@ -98,6 +105,8 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   static void release(const std::shared_ptr<ViewController>& child);
 
  private:
+  /// Those of its children that are on the screen while this one is.
+  std::vector<std::shared_ptr<ViewController>> shownChildren() const;
   void dismissPresented(bool animated);
   /// What is presented and all above it goes, from the uppermost down.
   void dropPresented(bool animated);
@@ -106,6 +115,7 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
 
   Followed<std::optional<std::string>> title_;
   Followed<Presented> presented_;
+  std::vector<std::shared_ptr<ViewController>> children_;
   std::weak_ptr<ViewController> parent_;
   std::weak_ptr<ViewController> presenting_;
   bool isLoaded_ = false;

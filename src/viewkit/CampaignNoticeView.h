@@ -1,25 +1,19 @@
 #pragma once
 
-#include "ui/View.h"
+#include "viewkit/NoticeView.h"
 
 #include <orrelo/Export.h>
 
-#include <string>
-#include <vector>
-
 namespace orrelo {
 
-/// What the user has to know, as a list under a heading.
-class ORRELO_EXPORT CampaignNoticeView final : public View {
+/// A notice under a heading, on a card.
+class ORRELO_EXPORT CampaignNoticeView final : public NoticeView {
  public:
   static constexpr auto heading = "[유의사항]";
 
+  using NoticeView::NoticeView;
+
   std::string_view kind() const override { return "CampaignNoticeView"; }
-
-  void setMessages(const std::vector<std::string>& messages);
-
-  /// One bullet line a message.
-  Followed<std::string> body;
 };
 
 }  // namespace orrelo

@@ -2,10 +2,10 @@
 #include "campaign/CampaignMapper.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/stamp/StampCampaignView.h"
-#include "modular/content/InformationView.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "viewkit/CampaignNoticeView.h"
+#include "viewkit/InformationView.h"
 
 #include <gmock/gmock.h>
 
@@ -64,7 +64,7 @@ TEST_F(StampCampaignTest, TheLayoutDecidesWhatIsMappedAndShown) {
   const StampCampaignView view(whole);
   EXPECT_THAT(kinds(view),
               ElementsAre("CampaignNoticeView", "StampBoardView", "InformationView", "AutoLayoutImageView"));
-  EXPECT_EQ(block<CampaignNoticeView>(view, 0)->body.value(), "");
+  EXPECT_EQ(block<CampaignNoticeView>(view, 0)->text, "");
 
   const auto bare = stampOf(stampPage("", R"("first_title":"미션","notice":["하나"],)"));
   EXPECT_EQ(bare.info, std::nullopt);

@@ -1,6 +1,6 @@
+#include "Insight.h"
 #include "base/Json.h"
 #include "base/Logger.h"
-#include "events/KelsoInsight.h"
 #include "support/TestPlatform.h"
 
 #include <gmock/gmock.h>
@@ -18,7 +18,7 @@ class BIEventPipelineTest : public testing::Test {
  protected:
   BIEventPipelineTest() {
     setLogSink([this](std::string_view line) { log_.emplace_back(line); });
-    KelsoInsight::setUp("app", "https://service.test/orreloservice/");
+    setUpInsight();
   }
   ~BIEventPipelineTest() override { setLogSink({}); }
 
@@ -78,7 +78,7 @@ TEST_F(BIEventPipelineTest, AThousandStoredRowsTakeTwoTicks) {
   EXPECT_THAT(log_, Contains(EndsWith("BI Logging Failed NetworkError.invalidHttpStatusCode")));
   platform_.session->requests.clear();
   platform_.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(200); };
-  KelsoInsight::setUp("app", "https://service.test/orreloservice/");
+  setUpInsight();
   platform_.loop->runFor(seconds(30));
   EXPECT_THAT(batches(), testing::ElementsAre(900u));
   platform_.loop->runFor(seconds(30));
@@ -86,8 +86,7 @@ TEST_F(BIEventPipelineTest, AThousandStoredRowsTakeTwoTicks) {
 }
 
 TEST_F(BIEventPipelineTest, AnApplicationKeyThatNamesNoSuiteStopsTheProcess) {
-  EXPECT_DEATH(KelsoInsight::setUp(std::string(MemoryDefaultsFactory::refusedName), "https://service.test/"),
-               "names no suite");
+  EXPECT_DEATH(setUpInsight(std::string(MemoryDefaultsFactory::refusedName)), "names no suite");
 }
 
 }  // namespace

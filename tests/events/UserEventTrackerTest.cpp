@@ -1,6 +1,6 @@
+#include "Insight.h"
 #include "base/Json.h"
 #include "base/Logger.h"
-#include "events/KelsoInsight.h"
 #include "events/UserEventTracker.h"
 #include "model/Delegates.h"
 #include "model/UserManager.h"
@@ -21,7 +21,7 @@ class UserEventTrackerTest : public testing::Test {
  protected:
   UserEventTrackerTest() {
     setUserEventDelegate(listener_);
-    KelsoInsight::setUp("app", "https://service.test/orreloservice/");
+    setUpInsight();
     setCurrentUserId("user-1");
   }
   ~UserEventTrackerTest() override {

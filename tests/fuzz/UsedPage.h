@@ -9,11 +9,11 @@
 #include "modular/content/ActionButtonView.h"
 #include "modular/content/PageEntryView.h"
 #include "modular/content/TooltipInformationView.h"
-#include "modular/content/WebView.h"
 #include "modular/roulette/RouletteView.h"
 #include "modular/scratch/ScratchLotteryView.h"
 #include "support/Twins.h"
 #include "viewkit/CampaignRewardViewController.h"
+#include "viewkit/WebView.h"
 
 #include <cmath>
 #include <cstdio>

@@ -26,7 +26,7 @@ TEST_F(CampaignScreenTest, AnAttendanceCampaignShowsItsMonth) {
   EXPECT_EQ(errorOf(*screen), "");
   EXPECT_EQ(page->infoView->state.value().guideTitle, "출석체크 안내");
   EXPECT_EQ(page->infoView->imageView->state.value().asset, "orl_ic_attendance");
-  EXPECT_EQ(page->noticeView->body.value(), "• 하루 한 번만 됩니다.\n• 문의: 고객센터");
+  EXPECT_EQ(page->noticeView->text, "• 하루 한 번만 됩니다.\n• 문의: 고객센터");
   const auto action = page->actionView->state.value();
   EXPECT_EQ(action.title, "출석하기");
   EXPECT_TRUE(action.isEnabled);

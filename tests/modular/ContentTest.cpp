@@ -1,12 +1,12 @@
 #include "RenderedPage.h"
 #include "modular/content/ActionButtonView.h"
 #include "modular/content/BoxedInformationListView.h"
-#include "modular/content/InformationView.h"
-#include "modular/content/NoticeView.h"
 #include "modular/content/PageEntryView.h"
 #include "modular/content/SpacerView.h"
 #include "modular/content/TooltipInformationView.h"
-#include "modular/content/WebView.h"
+#include "viewkit/InformationView.h"
+#include "viewkit/NoticeView.h"
+#include "viewkit/WebView.h"
 
 #include <gmock/gmock.h>
 

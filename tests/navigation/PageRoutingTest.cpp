@@ -5,6 +5,7 @@
 #include "support/TestPlatform.h"
 #include "ui/KeyWindow.h"
 #include "ui/NavigationController.h"
+#include "ui/RunningKit.h"
 
 #include <gmock/gmock.h>
 
@@ -36,6 +37,22 @@ class FeatureRouter final : public Router {
   std::optional<Error> error;
 };
 
+// Its screens bear the campaign's id as their title.
+class Campaigns final : public CampaignNavigator,
+                        public CampaignViewControllerFactory,
+                        public std::enable_shared_from_this<Campaigns> {
+ public:
+  std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() const override {
+    return std::const_pointer_cast<Campaigns>(shared_from_this());
+  }
+  std::shared_ptr<ViewController> make(const std::string& id) const override {
+    auto screen = std::make_shared<HostViewController>();
+    screen->setTitle(id);
+    return screen;
+  }
+  std::shared_ptr<ViewController> make(ORLCampaignType) const override { return nullptr; }
+};
+
 class PageRoutingTest : public testing::Test {
  protected:
   PageRoutingTest() {
@@ -48,8 +65,16 @@ class PageRoutingTest : public testing::Test {
         {[](const Url& url) { return url.scheme() == "shop"; },
          [this](const Url& url) { done_.push_back("open " + std::string(url.text())); }});
     setKeyWindowRootViewController(host_);
+    RunningKit::makeCurrent(std::make_shared<RunningKit>(
+        RunningKit{.campaignNavigator = std::make_shared<Campaigns>(),
+                   .router = [this](Page::Fixed page) -> std::shared_ptr<Router> {
+                     return page == Page::Fixed::gifticon ? feature_ : nullptr;
+                   }}));
   }
-  ~PageRoutingTest() override { setLogSink(nullptr, false); }
+  ~PageRoutingTest() override {
+    RunningKit::makeCurrent(nullptr);
+    setLogSink(nullptr, false);
+  }
 
   void route(const Page& page) { router_->route(host_, page); }
   Lines taken() { return std::exchange(done_, {}); }
@@ -62,32 +87,35 @@ class PageRoutingTest : public testing::Test {
   TestPlatform platform_;
   Lines done_;
   Lines log_;
-  bool isInitialized_ = true;
   std::shared_ptr<FeatureRouter> feature_ = std::make_shared<FeatureRouter>();
   std::shared_ptr<HostViewController> host_ = std::make_shared<HostViewController>();
   std::shared_ptr<OneConfig> config_ = std::make_shared<OneConfig>();
-  std::shared_ptr<PageRouter> router_ = std::make_shared<PageRouterImpl>(
-      Destinations{.showCampaign =
-                       [this](const auto& id, const auto& with) {
-                         done_.push_back("campaign " + id + " over " + std::string(with->kind()));
-                       },
-                   .showHome = [this](const auto&) { done_.push_back("home"); },
-                   .isInitialized = [this] { return isInitialized_; },
-                   .router = [this](Page::Fixed page) -> std::shared_ptr<Router> {
-                     return page == Page::Fixed::gifticon ? feature_ : nullptr;
-                   }});
+  std::shared_ptr<PageRouter> router_ = std::make_shared<PageRouterImpl>();
   std::shared_ptr<ShowPageUseCase> showPage_ = ShowPageUseCaseImpl::create(config_, router_);
 };
 
 TEST_F(PageRoutingTest, EachCaseHasItsWay) {
   route(Page::Campaign{"c-1"});
+  ASSERT_TRUE(host_->presentedViewController());
+  EXPECT_EQ(host_->presentedViewController()->title(), "c-1");
   route(Page::Fixed::home);
   route(Page::DeepLink{*Url::parse("shop://cart")});
   route(Page::DeepLink{*Url::parse("unheard-of://cart")});
-  EXPECT_THAT(taken(), ElementsAre("campaign c-1 over HostViewController", "home", "open shop://cart"));
+  EXPECT_THAT(taken(), ElementsAre("open shop://cart"));
   EXPECT_THAT(logged(), IsEmpty()) << "what the machine cannot open is passed over in silence";
   route(Page::Fixed::unknown);
   EXPECT_THAT(logged(), ElementsAre("[ERROR] Route to Unknown Page. Check Orrelo SDK version"));
+}
+
+TEST_F(PageRoutingTest, WithoutARunningKitEachWaySaysSo) {
+  RunningKit::makeCurrent(nullptr);
+  route(Page::Campaign{"c-1"});
+  route(Page::Fixed::home);
+  route(Page::Fixed::pointRedemptionHistory);
+  const std::string start = "[ERROR] Orrelo SDK is not initialized. Call Orrelo.initialize() before ";
+  EXPECT_THAT(logged(), ElementsAre(start + "showCampaign(by:with:)", start + "showHome(with:)",
+                                    start + "route(with:page:)", "[ERROR] Orrelo is not initialized"));
+  EXPECT_FALSE(host_->presentedViewController());
 }
 
 TEST_F(PageRoutingTest, AFeatureSaysHowItWent) {
@@ -95,14 +123,8 @@ TEST_F(PageRoutingTest, AFeatureSaysHowItWent) {
   feature_->error = Error("Test", "closed", "문을 닫았어요");
   route(Page::Fixed::gifticon);
   route(Page::Fixed::referral);
-  isInitialized_ = false;
-  route(Page::Fixed::pointRedemptionHistory);
-  EXPECT_THAT(
-      logged(),
-      ElementsAre("[DEBUG] page(gifticon) route is succeed", "[ERROR] 문을 닫았어요",
-                  "[ERROR] Orrelo is not initialized",
-                  "[ERROR] Orrelo SDK is not initialized. Call Orrelo.initialize() before route(with:page:)",
-                  "[ERROR] Orrelo is not initialized"));
+  EXPECT_THAT(logged(), ElementsAre("[DEBUG] page(gifticon) route is succeed", "[ERROR] 문을 닫았어요",
+                                    "[ERROR] Orrelo is not initialized"));
   EXPECT_THAT(taken(), IsEmpty());
 }
 
@@ -111,7 +133,7 @@ TEST_F(PageRoutingTest, AnIdLeadsToItsFirstPageOverTheUppermostScreen) {
   const auto navigation = NavigationController::create(std::make_shared<HostViewController>());
   host_->present(navigation, false);
   showPage("autumn");
-  EXPECT_THAT(taken(), ElementsAre("campaign c-1 over HostViewController"));
+  EXPECT_EQ(navigation->topViewController()->title(), "c-1");
   showPage("odd");
   showPage("Autumn");
   EXPECT_THAT(logged(), ElementsAre("[ERROR] Route to Unknown Page. Check Orrelo SDK version",
@@ -123,7 +145,6 @@ TEST_F(PageRoutingTest, AnIdLeadsToItsFirstPageOverTheUppermostScreen) {
   host_.reset();
   showPage("autumn");
   EXPECT_THAT(logged(), ElementsAre("[ERROR] Cannot find UIViewController in App while showing Page"));
-  EXPECT_THAT(taken(), IsEmpty());
 }
 
 TEST_F(PageRoutingTest, AUseCaseThatIsGoneOpensNothing) {
@@ -131,7 +152,7 @@ TEST_F(PageRoutingTest, AUseCaseThatIsGoneOpensNothing) {
   showPage_->execute("autumn");
   showPage_.reset();
   platform_.loop->run();
-  EXPECT_THAT(taken(), IsEmpty());
+  EXPECT_FALSE(host_->presentedViewController());
 }
 
 }  // namespace

@@ -18,9 +18,15 @@ class Screen final : public ViewController {
  public:
   Screen(std::string name, Log& log) : name_(std::move(name)), log_(log) {}
   std::string_view kind() const override { return "Screen"; }
+  using ViewController::addChild;
+  using ViewController::removeChild;
+  std::function<void()> onLoad = [] {};
 
  protected:
-  void viewDidLoad() override { note("load"); }
+  void viewDidLoad() override {
+    note("load");
+    onLoad();
+  }
   void viewWillAppear(bool) override { note("willAppear"); }
   void viewDidAppear(bool) override { note("didAppear"); }
   void viewWillDisappear(bool) override { note("willDisappear"); }
@@ -152,6 +158,41 @@ TEST_F(ViewControllerTest, OfTabsTheSelectedOneIsOnTheScreenAndLeadsToTheTop) {
   EXPECT_EQ(above->presentingViewController(), tabs);
   EXPECT_EQ(tabs->topmost(), above);
   EXPECT_EQ(TabBarController::create({})->selectedViewController(), nullptr);
+}
+
+TEST_F(ViewControllerTest, ChildrenBesideEachOtherComeAndGoWithTheirScreen) {
+  const auto home = screen("home");
+  const auto list = screen("list");
+  const auto entry = screen("entry");
+  home->onLoad = [&] {
+    EXPECT_TRUE(home->addChild(list));
+    EXPECT_TRUE(home->addChild(entry));
+    EXPECT_FALSE(home->addChild(list));
+    EXPECT_FALSE(entry->addChild(home));
+  };
+  const auto navigation = NavigationController::create(home);
+  EXPECT_THAT(taken(), ElementsAre("home load", "list load", "entry load"));
+  navigation->appear(false);
+  EXPECT_THAT(taken(), ElementsAre("home willAppear", "list willAppear", "list didAppear", "entry willAppear",
+                                   "entry didAppear", "home didAppear"));
+  EXPECT_EQ(entry->navigationController(), navigation);
+  EXPECT_EQ(navigation->topmost(), home) << "they are parts of it";
+  const auto above = screen("above");
+  EXPECT_TRUE(entry->present(above, false));
+  EXPECT_THAT(taken(), ElementsAre("above load", "home willDisappear", "list willDisappear",
+                                   "list didDisappear", "entry willDisappear", "entry didDisappear",
+                                   "home didDisappear", "above willAppear", "above didAppear"));
+  above->dismiss(false);
+  taken();
+  home->removeChild(list);
+  home->removeChild(list);
+  EXPECT_THAT(taken(), ElementsAre("list willDisappear", "list didDisappear"));
+  EXPECT_EQ(list->parent(), nullptr);
+  home->addChild(list);  // last of them now
+  EXPECT_THAT(taken(), ElementsAre("list willAppear", "list didAppear"));
+  navigation->disappear(false);
+  EXPECT_THAT(taken(), ElementsAre("home willDisappear", "entry willDisappear", "entry didDisappear",
+                                   "list willDisappear", "list didDisappear", "home didDisappear"));
 }
 
 TEST_F(ViewControllerTest, WhatIsShownAlreadyIsNotShownAgain) {

@@ -4,7 +4,8 @@
 
 namespace orrelo {
 
-AttendanceCampaignView::AttendanceCampaignView(const AttendanceCampaign& campaign) {
+AttendanceCampaignView::AttendanceCampaignView(const AttendanceCampaign& campaign)
+    : noticeView(std::make_shared<CampaignNoticeView>(campaign.notice.messages)) {
   const auto& info = campaign.campaignInfo;
   infoView->configure({info.firstTitle, info.secondTitle, "출석체크 안내", info.guideMessage});
   if (info.imageUrl) {
@@ -15,7 +16,6 @@ AttendanceCampaignView::AttendanceCampaignView(const AttendanceCampaign& campaig
   actionView->configure(campaign.action, campaign.calendar.primaryColor,
                         [] { UserEventTracker::track(UserEventName::attendanceButtonClick); });
   calendarView->configure(campaign.calendar);
-  noticeView->setMessages(campaign.notice.messages);
 }
 
 }  // namespace orrelo

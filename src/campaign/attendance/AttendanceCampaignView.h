@@ -25,7 +25,7 @@ class ORRELO_EXPORT AttendanceCampaignView final : public View {
   const std::shared_ptr<CampaignInfoView> infoView = std::make_shared<CampaignInfoView>();
   const std::shared_ptr<CampaignActionView> actionView = std::make_shared<CampaignActionView>();
   const std::shared_ptr<CampaignCalendarView> calendarView = std::make_shared<CampaignCalendarView>();
-  const std::shared_ptr<CampaignNoticeView> noticeView = std::make_shared<CampaignNoticeView>();
+  const std::shared_ptr<CampaignNoticeView> noticeView;
 };
 
 }  // namespace orrelo

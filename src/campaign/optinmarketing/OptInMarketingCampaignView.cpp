@@ -8,10 +8,10 @@ namespace orrelo {
 
 OptInMarketingCampaignView::OptInMarketingCampaignView(const OptInMarketingCampaign& campaign)
     : moveButton{campaign.buttonText, campaign.buttonEnabled, !campaign.buttonVisibility, campaign.color},
+      noticeView(std::make_shared<CampaignNoticeView>(campaign.notice.messages)),
       errorView(
           std::make_shared<ErrorView>("이미지를 불러오는데 실패했습니다.\n잠시 후 다시 시도해 주세요.")) {
   errorView->setHidden(true);
-  noticeView->setMessages(campaign.notice.messages);
 }
 
 std::shared_ptr<OptInMarketingCampaignView> OptInMarketingCampaignView::create(

@@ -34,7 +34,7 @@ class ORRELO_EXPORT OptInMarketingCampaignView final : public View {
 
   const Button moveButton;
   const std::shared_ptr<AutoLayoutImageView> imageView = std::make_shared<AutoLayoutImageView>();
-  const std::shared_ptr<CampaignNoticeView> noticeView = std::make_shared<CampaignNoticeView>();
+  const std::shared_ptr<CampaignNoticeView> noticeView;
   /// Hidden unless the picture cannot be had.
   const std::shared_ptr<ErrorView> errorView;
   std::function<void()> onMoveButtonTapped;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "campaign/Campaign.h"
+#include "campaign/result/CampaignResult.h"
 #include "image/ImageView.h"
 #include "viewkit/CampaignNoticeView.h"
 
@@ -15,9 +15,11 @@ namespace orrelo {
 class ORRELO_EXPORT CampaignResultView final : public View {
  public:
   explicit CampaignResultView(const CampaignResult& result)
-      : body(result.body), name(result.name), label(result.label) {
+      : body(result.body),
+        name(result.name),
+        label(result.label),
+        noticeView(std::make_shared<CampaignNoticeView>(result.notice.messages)) {
     imageView->load(result.imageUrl);
-    noticeView->setMessages(result.notice.messages);
   }
 
   std::string_view kind() const override { return "CampaignResultView"; }
@@ -26,7 +28,7 @@ class ORRELO_EXPORT CampaignResultView final : public View {
   const std::string name;
   const std::string label;
   const std::shared_ptr<AutoLayoutImageView> imageView = std::make_shared<AutoLayoutImageView>();
-  const std::shared_ptr<CampaignNoticeView> noticeView = std::make_shared<CampaignNoticeView>();
+  const std::shared_ptr<CampaignNoticeView> noticeView;
 };
 
 }  // namespace orrelo

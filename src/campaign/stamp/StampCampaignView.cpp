@@ -1,8 +1,8 @@
 #include "campaign/stamp/StampCampaignView.h"
 
 #include "base/preconditionFailure.h"
-#include "modular/content/InformationView.h"
 #include "viewkit/CampaignNoticeView.h"
+#include "viewkit/InformationView.h"
 
 #include <algorithm>
 #include <iterator>
@@ -31,10 +31,7 @@ std::shared_ptr<View> imageOf(const std::optional<std::string>& url) {
 }
 
 std::shared_ptr<View> noticeOf(const std::optional<CampaignNotice>& notice) {
-  if (!notice) return nullptr;
-  const auto view = std::make_shared<CampaignNoticeView>();
-  view->setMessages(notice->messages);
-  return view;
+  return notice ? std::make_shared<CampaignNoticeView>(notice->messages) : nullptr;
 }
 
 // Where it is named more than once, it stands where it is named last.

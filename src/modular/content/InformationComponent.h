@@ -2,7 +2,7 @@
 
 #include "base/Json.h"
 #include "modular/UIComponent.h"
-#include "modular/content/InformationView.h"
+#include "viewkit/InformationView.h"
 
 #include <orrelo/Export.h>
 

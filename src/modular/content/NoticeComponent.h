@@ -2,7 +2,7 @@
 
 #include "base/JsonFields.h"
 #include "modular/UIComponent.h"
-#include "modular/content/NoticeView.h"
+#include "viewkit/NoticeView.h"
 
 #include <orrelo/Export.h>
 

@@ -1,7 +1,7 @@
 #include "modular/content/WebComponent.h"
 
 #include "base/Error.h"
-#include "modular/content/WebView.h"
+#include "viewkit/WebView.h"
 
 #include <algorithm>
 #include <charconv>

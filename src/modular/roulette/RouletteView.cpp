@@ -3,6 +3,7 @@
 #include "base/Logger.h"
 #include "reactive/Creating.h"
 #include "ui/Geometry.h"
+#include "ui/followOnMain.h"
 
 #include <orrelo/Platform.h>
 
@@ -85,21 +86,12 @@ void RouletteView::animationDidStop(bool finished) {
 
 void RouletteView::whenWheelIsThere(std::function<void(RouletteView&)> task) {
   const auto signal = isWheelThere_ ? reactive::just(reactive::Unit()) : isAppendedWheelLayer.asObservable();
-  const auto background =
-      std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
-  const auto weak = std::weak_ptr(std::static_pointer_cast<RouletteView>(shared_from_this()));
-  signal.subscribeOn(background)
-      .observeOn(reactive::MainScheduler::instance())
-      .subscribe({.onNext =
-                      [weak, task = std::move(task)](reactive::Unit) {
-                        if (const auto self = weak.lock()) task(*self);
-                      },
-                  .onError =
-                      [](const Error& error) {
-                        log(LogLevel::ERROR,
-                            "Start Roulette Animation Failure: " + error.localizedDescription());
-                      }})
-      .disposedBy(disposeBag);
+  followOnMain(
+      signal, std::static_pointer_cast<RouletteView>(shared_from_this()), disposeBag,
+      [task = std::move(task)](RouletteView& self, reactive::Unit) { task(self); },
+      [](RouletteView&, const Error& error) {
+        log(LogLevel::ERROR, "Start Roulette Animation Failure: " + error.localizedDescription());
+      });
 }
 
 void RouletteView::startSpin(double angle) {

@@ -1,5 +1,5 @@
-#include "modular/content/WebView.h"
 #include "support/TestPlatform.h"
+#include "viewkit/WebView.h"
 
 #include <gmock/gmock.h>
 

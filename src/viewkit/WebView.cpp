@@ -1,4 +1,4 @@
-#include "modular/content/WebView.h"
+#include "viewkit/WebView.h"
 
 #include "base/Ascii.h"
 #include "platform/Application.h"

@@ -1,4 +1,4 @@
-#include "campaign/CampaignResultPageDTO.h"
+#include "campaign/result/CampaignResultPageDTO.h"
 
 #include "base/JsonFields.h"
 

@@ -10,7 +10,8 @@
 
 namespace orrelo {
 
-class ORRELO_EXPORT NoticeView final : public View {
+/// What the user has to know.
+class ORRELO_EXPORT NoticeView : public View {
  public:
   explicit NoticeView(const std::vector<std::string>& items) : text(bulletLines(items)) {}
 

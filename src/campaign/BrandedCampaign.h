@@ -1,0 +1,18 @@
+#pragma once
+
+#include "base/Color.h"
+#include "campaign/Campaign.h"
+
+namespace orrelo {
+
+/// A campaign and the host's colours.
+struct BrandedCampaign {
+  Campaign campaign;
+  Color primary;
+  Color secondary;
+  Color secondaryVariant;
+
+  friend bool operator==(const BrandedCampaign&, const BrandedCampaign&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,98 @@
+#include "campaign/CampaignKinds.h"
+
+#include "campaign/attendance/AttendanceCampaignKind.h"
+#include "campaign/deprecated/DeprecatedCampaignKind.h"
+#include "campaign/modular/ModularCampaignKind.h"
+#include "campaign/optinmarketing/OptInMarketingCampaignKind.h"
+#include "campaign/referral/ReferralCampaignKind.h"
+#include "campaign/result/CampaignResultKind.h"
+#include "campaign/stamp/StampCampaignKind.h"
+#include "campaign/unknown/UnknownCampaignKind.h"
+#include "campaign/update/InduceUpdateCampaignKind.h"
+
+#include <algorithm>
+#include <array>
+#include <type_traits>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+template <class T, class... Alternatives>
+constexpr std::size_t placeIn(std::type_identity<std::variant<Alternatives...>>) {
+  constexpr std::array isIt{std::is_same_v<T, Alternatives>...};
+  return static_cast<std::size_t>(std::find(isIt.begin(), isIt.end(), true) - isIt.begin());
+}
+
+template <class Kind>
+constexpr CampaignKind kind() {
+  using Record = typename Kind::Record;
+  CampaignKind row{
+      .record = placeIn<Record>(std::type_identity<Campaign::CampaignType>()),
+      .matches = [](std::string_view) { return false; },
+      .pageName =
+          [](const Campaign& campaign) {
+            return std::string(Kind::pageName(std::get<Record>(campaign.type)));
+          },
+      .publicType = [](const Campaign& campaign) -> std::optional<ORLCampaignType> {
+        return Kind::publicType(std::get<Record>(campaign.type));
+      },
+      .show =
+          [](const BrandedCampaign& element, const std::shared_ptr<CampaignScreen>& screen) {
+            Kind::show(std::get<Record>(element.campaign.type), element, screen);
+          },
+  };
+  if constexpr (requires { typename Kind::Detail; }) {
+    using Detail = typename Kind::Detail;
+    row.detail = placeIn<Detail>(std::type_identity<PageDetailDTO::Kind>());
+    row.matches = &Kind::matches;
+    row.decode = &Kind::decode;
+    row.map = [](PageDetailDTO::Kind&& detail, Campaign& campaign) -> Campaign::CampaignType {
+      return Kind::map(std::get<Detail>(std::move(detail)), campaign);
+    };
+  }
+  return row;
+}
+
+// In the order in which a page's type is tested: an "attendance_result" is an attendance page. A modular page
+// has any type. A new kind is one line more.
+constexpr std::array kinds{
+    kind<AttendanceCampaignKind>(),     kind<ReferralCampaignKind>(),   kind<StampCampaignKind>(),
+    kind<OptInMarketingCampaignKind>(), kind<DeprecatedCampaignKind>(), kind<CampaignResultKind>(),
+    kind<ModularCampaignKind>(),        kind<UnknownCampaignKind>(),    kind<InduceUpdateCampaignKind>(),
+};
+
+constexpr bool hasEach(std::size_t CampaignKind::*place, std::size_t count) {
+  for (std::size_t each = 0; each < count; ++each) {
+    if (std::count_if(kinds.begin(), kinds.end(),
+                      [&](const CampaignKind& row) { return row.*place == each; }) != 1)
+      return false;
+  }
+  return true;
+}
+
+static_assert(hasEach(&CampaignKind::detail, std::variant_size_v<PageDetailDTO::Kind>),
+              "every detail has one kind");
+static_assert(hasEach(&CampaignKind::record, std::variant_size_v<Campaign::CampaignType>),
+              "every record has one kind");
+
+template <class IsIt>
+const CampaignKind& first(IsIt isIt) {
+  return *std::find_if(kinds.begin(), kinds.end(), isIt);
+}
+
+}  // namespace
+
+const CampaignKind& kindOfPage(std::string_view pageType) {
+  return first([pageType](const CampaignKind& row) { return row.matches(pageType); });
+}
+
+const CampaignKind& kindOf(const PageDetailDTO::Kind& detail) {
+  return first([place = detail.index()](const CampaignKind& row) { return row.detail == place; });
+}
+
+const CampaignKind& kindOf(const Campaign::CampaignType& record) {
+  return first([place = record.index()](const CampaignKind& row) { return row.record == place; });
+}
+
+}  // namespace orrelo

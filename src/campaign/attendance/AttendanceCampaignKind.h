@@ -1,0 +1,21 @@
+#pragma once
+
+#include "campaign/CampaignKinds.h"
+
+namespace orrelo {
+
+struct AttendanceCampaignKind {
+  using Detail = AttendanceCampaignPageDetailDTO;
+  using Record = AttendanceCampaign;
+
+  static bool matches(std::string_view pageType) { return contains(pageType, "attendance"); }
+  static PageDetailDTO decode(const JsonObject& page) { return PageDetailDTO::decodeAs<Detail>(page); }
+  static Record map(Detail&& dto, Campaign& campaign);
+  static std::string_view pageName(const Record&) { return "attendance"; }
+  static std::optional<ORLCampaignType> publicType(const Record&) { return ORLCampaignType::attendance; }
+  /// With the reward that the check-in has just earned on a card over everything.
+  static void show(const Record& attendance, const BrandedCampaign& element,
+                   const std::shared_ptr<CampaignScreen>& screen);
+};
+
+}  // namespace orrelo

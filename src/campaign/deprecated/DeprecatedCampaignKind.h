@@ -1,0 +1,23 @@
+#pragma once
+
+#include "campaign/CampaignKinds.h"
+
+namespace orrelo {
+
+struct DeprecatedCampaignKind {
+  using Detail = DeprecatedPageDTO;
+  using Record = DeprecatedCampaign;
+
+  static bool matches(std::string_view pageType) {
+    return pageType == "custom_a_01" || pageType == "custom_a_02";
+  }
+  static PageDetailDTO decode(const JsonObject&) { return {Detail{}, PageDetailDTO::fixedTitle}; }
+  /// Deliberately unknown: its user is led to an update, and this kind's record is never made of a page.
+  static UnknownCampaign map(Detail&&, Campaign&) { return {}; }
+  static std::string pageName(const Record& deprecated) { return "deprecated(" + deprecated.type + ")"; }
+  static std::optional<ORLCampaignType> publicType(const Record&) { return std::nullopt; }
+  static void show(const Record& deprecated, const BrandedCampaign& element,
+                   const std::shared_ptr<CampaignScreen>& screen);
+};
+
+}  // namespace orrelo

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace orrelo {
+
+struct ReferralCampaign {
+  friend bool operator==(const ReferralCampaign&, const ReferralCampaign&) = default;
+};
+
+}  // namespace orrelo

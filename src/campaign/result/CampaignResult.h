@@ -1,0 +1,22 @@
+#pragma once
+
+#include "campaign/CampaignInfo.h"
+
+#include <optional>
+#include <string>
+
+namespace orrelo {
+
+/// What is shown after a campaign has ended for this user.
+struct CampaignResult {
+  std::string name;
+  std::string label;
+  std::string imageUrl;
+  std::string body;
+  CampaignNotice notice;
+  std::optional<CampaignPopUpDialog> popUpDialog;
+
+  friend bool operator==(const CampaignResult&, const CampaignResult&) = default;
+};
+
+}  // namespace orrelo

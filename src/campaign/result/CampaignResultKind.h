@@ -1,0 +1,21 @@
+#pragma once
+
+#include "campaign/CampaignKinds.h"
+
+namespace orrelo {
+
+struct CampaignResultKind {
+  using Detail = CampaignResultPageDTO;
+  using Record = CampaignResult;
+
+  static bool matches(std::string_view pageType) { return contains(pageType, "result"); }
+  static PageDetailDTO decode(const JsonObject& page) { return PageDetailDTO::decodeAs<Detail>(page); }
+  static Record map(Detail&& dto, Campaign& campaign);
+  static std::string_view pageName(const Record&) { return "result"; }
+  static std::optional<ORLCampaignType> publicType(const Record&) { return std::nullopt; }
+  /// With its dialog, unless the user has seen that.
+  static void show(const Record& result, const BrandedCampaign& element,
+                   const std::shared_ptr<CampaignScreen>& screen);
+};
+
+}  // namespace orrelo

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace orrelo {
+
+struct UnknownCampaign {
+  friend bool operator==(const UnknownCampaign&, const UnknownCampaign&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,10 @@
+#pragma once
+
+namespace orrelo {
+
+/// A page that this build cannot read.
+struct UnknownCampaignDetailDTO {
+  friend bool operator==(const UnknownCampaignDetailDTO&, const UnknownCampaignDetailDTO&) = default;
+};
+
+}  // namespace orrelo

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <orrelo/UserDefaults.h>
+
+#include <memory>
+#include <string>
+
+namespace orrelo {
+
+/// The user defaults of the application. Stops the process where the key can name no suite.
+std::shared_ptr<UserDefaults> applicationSuite(const std::string& appKey);
+
+}  // namespace orrelo

@@ -1,0 +1,65 @@
+#include "ui/RunningKit.h"
+
+#include "base/Logger.h"
+#include "platform/threads/onMain.h"
+
+#include <orrelo/Platform.h>
+
+#include <atomic>
+#include <mutex>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+struct Slot {
+  std::mutex mutex;
+  std::shared_ptr<const RunningKit> kit;
+  /// Asked at each event of the host, and therefore without the lock.
+  std::atomic<bool> isFilled = false;
+};
+
+Slot& slot() {
+  static auto* const slot = new Slot;
+  return *slot;
+}
+
+bool isFilled() {
+  return slot().isFilled.load(std::memory_order_acquire);
+}
+
+}  // namespace
+
+std::shared_ptr<const RunningKit> RunningKit::current() {
+  const std::lock_guard lock(slot().mutex);
+  return slot().kit;
+}
+
+void RunningKit::makeCurrent(std::shared_ptr<const RunningKit> kit) {
+  const std::lock_guard lock(slot().mutex);
+  std::swap(slot().kit, kit);  // the former one is let go outside the lock
+  slot().isFilled.store(slot().kit != nullptr, std::memory_order_release);
+}
+
+bool RunningKit::isInitialized(std::string_view operation) {
+  if (isFilled()) return true;
+  log(LogLevel::ERROR, [operation] {
+    return "Orrelo SDK is not initialized. Call Orrelo.initialize() before " + std::string(operation);
+  });
+  return isFilled();  // another thread may have initialized meanwhile
+}
+
+void RunningKit::showCampaign(const std::string& id, const std::shared_ptr<ViewController>& with) {
+  if (!isInitialized("showCampaign(by:with:)")) return;
+  onMain(*Platform::current().mainLoop, [id, with] {
+    if (const auto kit = current()) {
+      showScreen(kit->campaignNavigator->campaignViewControllerFactory()->make(id), with);
+    }
+  });
+}
+
+void RunningKit::showHome(const std::shared_ptr<ViewController>&) {
+  isInitialized("showHome(with:)");
+}
+
+}  // namespace orrelo
