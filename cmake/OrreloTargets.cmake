@@ -2,7 +2,8 @@
 
 add_library(orrelo_options INTERFACE)
 target_compile_options(orrelo_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${ORRELO_WARNINGS_ARE_ERRORS}>:-Werror>)
+  -Wall -Wextra -Wpedantic -Wconversion $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>
+  $<$<BOOL:${ORRELO_WARNINGS_ARE_ERRORS}>:-Werror>)
 # g++ 12 sees overlapping and endless copies in std::string's operator+ that are not there (GCC bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(orrelo_options INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds)

@@ -5,17 +5,17 @@
 namespace orrelo {
 
 void CampaignActionView::configure(const CampaignAction& action, const Color& color,
-                                   std::function<void()> tapped) {
-  actionUrl = action.actionUrl;
-  onTap = std::move(tapped);
+                                   std::function<void()> onTap) {
+  actionUrl_ = action.actionUrl;
+  onTap_ = std::move(onTap);
   state.set({action.title, action.statusMessage, action.isEnabled, color});
 }
 
 void CampaignActionView::onClick() {
   const auto screen = delegate.lock();
-  if (!actionUrl || !screen || !state.value().isEnabled) return;
-  const auto tapped = onTap;  // the answer may replace this view
-  screen->participate(*actionUrl);
+  if (!actionUrl_ || !screen || !state.value().isEnabled) return;
+  const auto tapped = onTap_;  // the answer may replace this view
+  screen->participate(*actionUrl_);
   if (tapped) tapped();
 }
 

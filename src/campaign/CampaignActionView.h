@@ -47,8 +47,8 @@ class ORRELO_EXPORT CampaignActionView final : public View {
   std::weak_ptr<CampaignActionViewDelegate> delegate;
 
  private:
-  std::optional<std::string> actionUrl;
-  std::function<void()> onTap;
+  std::optional<std::string> actionUrl_;
+  std::function<void()> onTap_;
 };
 
 }  // namespace orrelo

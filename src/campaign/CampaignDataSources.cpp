@@ -28,7 +28,7 @@ std::vector<CampaignState> decodeStates(std::string_view json) {
 }  // namespace
 
 std::vector<CampaignState> CampaignLocalDataSource::load() const {
-  const auto stored = userDefaults->data(storedKey);
+  const auto stored = userDefaults_->data(storedKey);
   if (!stored) return {};
   try {
     return decodeStates({reinterpret_cast<const char*>(stored->data()), stored->size()});
@@ -68,7 +68,7 @@ void CampaignLocalDataSource::store(std::vector<CampaignState> states) const {
   json.endArray();
   const auto& text = json.result();
   const auto* const bytes = reinterpret_cast<const std::byte*>(text.data());
-  userDefaults->set(storedKey, DefaultsData(bytes, bytes + text.size()));
+  userDefaults_->set(storedKey, DefaultsData(bytes, bytes + text.size()));
 }
 
 HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId) {
@@ -78,14 +78,14 @@ HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId) {
 
 reactive::Observable<Campaign> CampaignRemoteDataSource::fetch(const std::string& campaignId,
                                                                const std::string& userId) const {
-  return get("/campaigns/" + campaignId, userId).map([mapper = mapper](const HTTPReply& reply) {
+  return get("/campaigns/" + campaignId, userId).map([mapper = mapper_](const HTTPReply& reply) {
     return mapper.map(CampaignDTO::decode(reply.data));
   });
 }
 
 reactive::Observable<std::vector<Campaign>> CampaignRemoteDataSource::fetchAll(
     const std::string& userId) const {
-  return get("/campaigns", userId).map([mapper = mapper](const HTTPReply& reply) {
+  return get("/campaigns", userId).map([mapper = mapper_](const HTTPReply& reply) {
     std::vector<Campaign> campaigns;
     CampaignDTO::decodeList(reply.data,
                             [&](CampaignDTO&& dto) { campaigns.push_back(mapper.map(std::move(dto))); });
@@ -96,10 +96,10 @@ reactive::Observable<std::vector<Campaign>> CampaignRemoteDataSource::fetchAll(
 reactive::Observable<HTTPReply> CampaignRemoteDataSource::get(const std::string& path,
                                                               const std::string& userId) const {
   URLRequestBuilder builder(URLRequestBuilder::Method::get);
-  builder.baseUrl = networkConfig.baseUrl;
+  builder.baseUrl = networkConfig_.baseUrl;
   builder.path = path;
-  builder.headers = withUser(networkConfig.headers, userId);
-  return send(builder, *httpClient).observeOn(scheduler_);
+  builder.headers = withUser(networkConfig_.headers, userId);
+  return send(builder, *httpClient_).observeOn(scheduler_);
 }
 
 }  // namespace orrelo

@@ -27,8 +27,8 @@ struct CampaignState {
 /// one of the two, which only shows a dialog once more.
 class CampaignLocalDataSource {
  public:
-  explicit CampaignLocalDataSource(std::shared_ptr<UserDefaults> defaults)
-      : userDefaults(std::move(defaults)) {}
+  explicit CampaignLocalDataSource(std::shared_ptr<UserDefaults> userDefaults)
+      : userDefaults_(std::move(userDefaults)) {}
 
   /// Empty where nothing is stored or where that cannot be read.
   std::vector<CampaignState> load() const;
@@ -40,7 +40,7 @@ class CampaignLocalDataSource {
  private:
   void store(std::vector<CampaignState> states) const;
 
-  std::shared_ptr<UserDefaults> userDefaults;
+  std::shared_ptr<UserDefaults> userDefaults_;
 };
 
 /// The headers of a request on behalf of a user: "buid" is the user who asks, whatever it was before.
@@ -50,9 +50,11 @@ HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId);
 /// the service or the reply. Replies are read on `scheduler` and not on the network's thread.
 class CampaignRemoteDataSource {
  public:
-  CampaignRemoteDataSource(NetworkConfig config, std::shared_ptr<HTTPClient> client,
+  CampaignRemoteDataSource(NetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient,
                            reactive::SchedulerPtr scheduler)
-      : networkConfig(std::move(config)), httpClient(std::move(client)), scheduler_(std::move(scheduler)) {}
+      : networkConfig_(std::move(networkConfig)),
+        httpClient_(std::move(httpClient)),
+        scheduler_(std::move(scheduler)) {}
 
   reactive::Observable<Campaign> fetch(const std::string& campaignId, const std::string& userId) const;
   /// In the order of the service.
@@ -61,9 +63,9 @@ class CampaignRemoteDataSource {
  private:
   reactive::Observable<HTTPReply> get(const std::string& path, const std::string& userId) const;
 
-  NetworkConfig networkConfig;
-  CampaignMapper mapper;
-  std::shared_ptr<HTTPClient> httpClient;
+  NetworkConfig networkConfig_;
+  CampaignMapper mapper_;
+  std::shared_ptr<HTTPClient> httpClient_;
   reactive::SchedulerPtr scheduler_;
 };
 

@@ -5,8 +5,8 @@
 namespace orrelo {
 
 reactive::Observable<std::vector<Campaign>> FetchCampaignsUseCase::fetch(const std::string& userId) const {
-  return repository->fetchCampaigns(userId).doOn(
-      {.onNext = [repository = repository](const auto& campaigns) { repository->pruneStates(campaigns); }});
+  return repository_->fetchCampaigns(userId).doOn(
+      {.onNext = [repository = repository_](const auto& campaigns) { repository->pruneStates(campaigns); }});
 }
 
 }  // namespace orrelo

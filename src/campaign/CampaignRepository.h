@@ -27,73 +27,73 @@ class CampaignRepository {
 
 class CampaignRepositoryImpl final : public CampaignRepository {
  public:
-  CampaignRepositoryImpl(CampaignRemoteDataSource remote, CampaignLocalDataSource local)
-      : remoteDataSource(std::move(remote)), localDataSource(std::move(local)) {}
+  CampaignRepositoryImpl(CampaignRemoteDataSource remoteDataSource, CampaignLocalDataSource localDataSource)
+      : remoteDataSource_(std::move(remoteDataSource)), localDataSource_(std::move(localDataSource)) {}
 
   reactive::Observable<Campaign> fetchCampaign(const std::string& campaignId,
                                                const std::string& userId) override {
-    return remoteDataSource.fetch(campaignId, userId);
+    return remoteDataSource_.fetch(campaignId, userId);
   }
   reactive::Observable<std::vector<Campaign>> fetchCampaigns(const std::string& userId) override {
-    return remoteDataSource.fetchAll(userId);
+    return remoteDataSource_.fetchAll(userId);
   }
-  std::vector<CampaignState> fetchStates() override { return localDataSource.load(); }
-  void saveState(const CampaignState& state) override { localDataSource.save(state); }
-  void pruneStates(const std::vector<Campaign>& listed) override { localDataSource.prune(listed); }
+  std::vector<CampaignState> fetchStates() override { return localDataSource_.load(); }
+  void saveState(const CampaignState& state) override { localDataSource_.save(state); }
+  void pruneStates(const std::vector<Campaign>& listed) override { localDataSource_.prune(listed); }
 
  private:
-  CampaignRemoteDataSource remoteDataSource;
-  CampaignLocalDataSource localDataSource;
+  CampaignRemoteDataSource remoteDataSource_;
+  CampaignLocalDataSource localDataSource_;
 };
 
 class FetchCampaignUseCase {
  public:
-  explicit FetchCampaignUseCase(std::shared_ptr<CampaignRepository> campaignRepository)
-      : repository(std::move(campaignRepository)) {}
+  explicit FetchCampaignUseCase(std::shared_ptr<CampaignRepository> repository)
+      : repository_(std::move(repository)) {}
 
   reactive::Observable<Campaign> fetch(const std::string& campaignId, const std::string& userId) const {
-    return repository->fetchCampaign(campaignId, userId);
+    return repository_->fetchCampaign(campaignId, userId);
   }
 
  private:
-  std::shared_ptr<CampaignRepository> repository;
+  std::shared_ptr<CampaignRepository> repository_;
 };
 
 /// A list that arrives also tells which states are still of use: the device forgets the others, and with them
 /// which dialogs were shown.
 class FetchCampaignsUseCase {
  public:
-  explicit FetchCampaignsUseCase(std::shared_ptr<CampaignRepository> campaignRepository)
-      : repository(std::move(campaignRepository)) {}
+  explicit FetchCampaignsUseCase(std::shared_ptr<CampaignRepository> repository)
+      : repository_(std::move(repository)) {}
 
   reactive::Observable<std::vector<Campaign>> fetch(const std::string& userId) const;
 
  private:
-  std::shared_ptr<CampaignRepository> repository;
+  std::shared_ptr<CampaignRepository> repository_;
 };
 
 class FetchCampaignStateUseCase {
  public:
-  explicit FetchCampaignStateUseCase(std::shared_ptr<CampaignRepository> campaignRepository)
-      : repository(std::move(campaignRepository)) {}
+  explicit FetchCampaignStateUseCase(std::shared_ptr<CampaignRepository> repository)
+      : repository_(std::move(repository)) {}
 
-  std::vector<CampaignState> fetch() const { return repository->fetchStates(); }
+  std::vector<CampaignState> fetch() const { return repository_->fetchStates(); }
 
  private:
-  std::shared_ptr<CampaignRepository> repository;
+  std::shared_ptr<CampaignRepository> repository_;
 };
 
 class SaveCampaignStateUseCase {
  public:
-  explicit SaveCampaignStateUseCase(std::shared_ptr<CampaignRepository> campaignRepository)
-      : repository(std::move(campaignRepository)) {}
+  explicit SaveCampaignStateUseCase(std::shared_ptr<CampaignRepository> repository)
+      : repository_(std::move(repository)) {}
 
   void save(const std::string& campaignId, bool popUpDialogIsShown) const {
-    repository->saveState({campaignId, popUpDialogIsShown});
+    repository_->saveState({campaignId, popUpDialogIsShown});
   }
 
  private:
-  std::shared_ptr<CampaignRepository> repository;
+  std::shared_ptr<CampaignRepository> repository_;
 };
 
 }  // namespace orrelo

@@ -8,14 +8,14 @@
 
 namespace orrelo {
 
-CampaignViewController::CampaignViewController(std::shared_ptr<CampaignViewModel> model,
-                                               std::optional<std::string> id,
-                                               std::optional<ORLCampaignType> type)
+CampaignViewController::CampaignViewController(std::shared_ptr<CampaignViewModel> viewModel,
+                                               std::optional<std::string> campaignId,
+                                               std::optional<ORLCampaignType> campaignType)
     // Deliberately not spelled as the text that an error gives it.
     : errorView(std::make_shared<ErrorView>("잠시 후 다시 시도해주세요")),
-      viewModel(std::move(model)),
-      campaignId(std::move(id)),
-      campaignType(type) {
+      viewModel_(std::move(viewModel)),
+      campaignId_(std::move(campaignId)),
+      campaignType_(campaignType) {
   errorView->setHidden(true);
 }
 
@@ -35,11 +35,11 @@ void CampaignViewController::viewDidLoad() {
   ORLUIViewController::viewDidLoad();
   const auto self = std::static_pointer_cast<CampaignViewController>(shared_from_this());
   const auto output =
-      viewModel->transform(loadTriggerByCampaignId.asObservable(), loadTriggerByCampaignType.asObservable(),
-                           participateTrigger.asObservable());
-  followOnMain(output.campaign, self, disposeBag, &CampaignViewController::render,
+      viewModel_->transform(loadTriggerByCampaignId_.asObservable(),
+                            loadTriggerByCampaignType_.asObservable(), participateTrigger_.asObservable());
+  followOnMain(output.campaign, self, disposeBag_, &CampaignViewController::render,
                &CampaignViewController::fail);
-  followOnMain(output.isLoading, self, disposeBag, &CampaignViewController::setLoading,
+  followOnMain(output.isLoading, self, disposeBag_, &CampaignViewController::setLoading,
                &CampaignViewController::fail);
 }
 
@@ -49,15 +49,15 @@ void CampaignViewController::viewWillAppear(bool animated) {
 }
 
 void CampaignViewController::reload() {
-  if (campaignId) {
-    loadTriggerByCampaignId.onNext({*campaignId, currentUserId()});
-  } else if (campaignType) {
-    loadTriggerByCampaignType.onNext({*campaignType, currentUserId()});
+  if (campaignId_) {
+    loadTriggerByCampaignId_.onNext({*campaignId_, currentUserId()});
+  } else if (campaignType_) {
+    loadTriggerByCampaignType_.onNext({*campaignType_, currentUserId()});
   }
 }
 
 void CampaignViewController::participate(const std::string& actionUrl) {
-  participateTrigger.onNext({actionUrl, currentUserId()});
+  participateTrigger_.onNext({actionUrl, currentUserId()});
 }
 
 void CampaignViewController::route(const Page& page) {
@@ -67,7 +67,7 @@ void CampaignViewController::route(const Page& page) {
 void CampaignViewController::render(const BrandedCampaign& element) {
   const auto& campaign = element.campaign;
   errorView->setHidden(true);
-  viewModel->visit(campaign);
+  viewModel_->visit(campaign);
   if (campaign.title) {
     setTitle(campaign.title);
   } else {

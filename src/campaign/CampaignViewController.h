@@ -48,7 +48,7 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, p
   void showNothing(OrreloError reason) override;
   bool hasPlace() const override;
   std::shared_ptr<ORLUIViewController> viewController() override;
-  const CampaignViewModel& model() const override { return *viewModel; }
+  const CampaignViewModel& model() const override { return *viewModel_; }
 
   /// Where it is null, a page that leads elsewhere leads nowhere.
   std::shared_ptr<PageRouter> pageRouter;
@@ -61,21 +61,21 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, p
   template <class Target>
   using TriggerSubject = reactive::PublishSubject<CampaignTrigger<Target>>;
 
-  CampaignViewController(std::shared_ptr<CampaignViewModel> model, std::optional<std::string> id,
-                         std::optional<ORLCampaignType> type);
+  CampaignViewController(std::shared_ptr<CampaignViewModel> viewModel, std::optional<std::string> campaignId,
+                         std::optional<ORLCampaignType> campaignType);
 
   void render(const BrandedCampaign& element);
   void setLoading(bool isLoading);
   void fail(const Error& error);
 
-  const std::shared_ptr<CampaignViewModel> viewModel;
-  const std::optional<std::string> campaignId;
-  const std::optional<ORLCampaignType> campaignType;
-  const TriggerSubject<std::string> loadTriggerByCampaignId;
-  const TriggerSubject<ORLCampaignType> loadTriggerByCampaignType;
-  const TriggerSubject<std::string> participateTrigger;
+  const std::shared_ptr<CampaignViewModel> viewModel_;
+  const std::optional<std::string> campaignId_;
+  const std::optional<ORLCampaignType> campaignType_;
+  const TriggerSubject<std::string> loadTriggerByCampaignId_;
+  const TriggerSubject<ORLCampaignType> loadTriggerByCampaignType_;
+  const TriggerSubject<std::string> participateTrigger_;
   Followed<State> state_;
-  reactive::DisposeBag disposeBag;
+  reactive::DisposeBag disposeBag_;
 };
 
 }  // namespace orrelo

@@ -7,8 +7,8 @@ namespace orrelo {
 // Full screen is what a screen is presented as where nobody says otherwise.
 template <class Target>
 std::shared_ptr<ViewController> CampaignViewControllerFactoryImpl::makeFor(const Target& target) const {
-  const auto screen = CampaignViewController::create(CampaignViewModelImpl::create(useCases), target);
-  screen->pageRouter = pageRouter;
+  const auto screen = CampaignViewController::create(CampaignViewModelImpl::create(useCases_), target);
+  screen->pageRouter = pageRouter_;
   return screen;
 }
 

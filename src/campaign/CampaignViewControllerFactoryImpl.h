@@ -10,8 +10,8 @@ namespace orrelo {
 /// Each screen gets a view model of its own.
 class CampaignViewControllerFactoryImpl final : public CampaignViewControllerFactory {
  public:
-  CampaignViewControllerFactoryImpl(CampaignUseCases campaignUseCases, std::shared_ptr<PageRouter> router)
-      : useCases(std::move(campaignUseCases)), pageRouter(std::move(router)) {}
+  CampaignViewControllerFactoryImpl(CampaignUseCases useCases, std::shared_ptr<PageRouter> pageRouter)
+      : useCases_(std::move(useCases)), pageRouter_(std::move(pageRouter)) {}
 
   std::shared_ptr<ViewController> make(const std::string& id) const override;
   std::shared_ptr<ViewController> make(ORLCampaignType type) const override;
@@ -20,8 +20,8 @@ class CampaignViewControllerFactoryImpl final : public CampaignViewControllerFac
   template <class Target>
   std::shared_ptr<ViewController> makeFor(const Target& target) const;
 
-  CampaignUseCases useCases;
-  std::shared_ptr<PageRouter> pageRouter;
+  CampaignUseCases useCases_;
+  std::shared_ptr<PageRouter> pageRouter_;
 };
 
 }  // namespace orrelo

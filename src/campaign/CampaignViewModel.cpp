@@ -115,7 +115,7 @@ CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::participat
   std::optional<Campaign> shown;
   {
     const std::lock_guard lock(mutex_);
-    shown = campaign;
+    shown = campaign_;
   }
   if (!shown) return failure<BrandedCampaign>(OrreloError::campaignNotExists);
   return branded(useCases_.participateCampaignUseCase->participate(*shown, trigger.target, *trigger.userId));
@@ -142,14 +142,14 @@ CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::induceUpda
 
 void CampaignViewModelImpl::remember(const Campaign& shown) {
   const std::lock_guard lock(mutex_);
-  campaign = shown;
+  campaign_ = shown;
 }
 
 void CampaignViewModelImpl::visit(const Campaign& visited) {
   {
     const std::lock_guard lock(mutex_);
-    if (lastVisitCampaign && lastVisitCampaign->id == visited.id) return;
-    lastVisitCampaign = visited;
+    if (lastVisitCampaign_ && lastVisitCampaign_->id == visited.id) return;
+    lastVisitCampaign_ = visited;
   }
   UserEventTracker::track(UserEventName::visit, {{UserEventValueKey::pageName, pageName(visited)}});
 }

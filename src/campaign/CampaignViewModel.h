@@ -101,8 +101,8 @@ class CampaignViewModelImpl final : public CampaignViewModel,
   const CampaignUseCases useCases_;
   std::mutex mutex_;
   /// What is on the screen; to take part in it.
-  std::optional<Campaign> campaign;
-  std::optional<Campaign> lastVisitCampaign;
+  std::optional<Campaign> campaign_;
+  std::optional<Campaign> lastVisitCampaign_;
 };
 
 }  // namespace orrelo

@@ -17,9 +17,9 @@ reactive::Observable<std::string> configuredUrl(FetchConfigUseCase& fetchConfig)
 
 reactive::Observable<std::string> FetchUpdateUrlUseCaseImpl::fetch() {
   const auto bundleId = Platform::current().mainBundle->info("CFBundleIdentifier");
-  if (!bundleId) return configuredUrl(*fetchConfigUseCase);
-  return itunesServiceApi->lookup(*bundleId).concatMap(
-      [bundleId = *bundleId, link = storeLink_, fetchConfig = fetchConfigUseCase](const auto& found) {
+  if (!bundleId) return configuredUrl(*fetchConfigUseCase_);
+  return itunesServiceApi_->lookup(*bundleId).concatMap(
+      [bundleId = *bundleId, link = storeLink_, fetchConfig = fetchConfigUseCase_](const auto& found) {
         const auto app = std::find_if(found.results.begin(), found.results.end(),
                                       [&](const auto& each) { return each.bundleId == bundleId; });
         if (app == found.results.end()) return configuredUrl(*fetchConfig);

@@ -24,17 +24,18 @@ class FetchUpdateUrlUseCaseImpl final : public FetchUpdateUrlUseCase {
   /// The application's path follows.
   static constexpr const char* storeLink = "itms-apps://itunes.apple.com";
 
-  FetchUpdateUrlUseCaseImpl(std::shared_ptr<ItunesAPIService> service,
-                            std::shared_ptr<FetchConfigUseCase> config, std::string link = storeLink)
-      : itunesServiceApi(std::move(service)),
-        fetchConfigUseCase(std::move(config)),
+  FetchUpdateUrlUseCaseImpl(std::shared_ptr<ItunesAPIService> itunesServiceApi,
+                            std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase,
+                            std::string link = storeLink)
+      : itunesServiceApi_(std::move(itunesServiceApi)),
+        fetchConfigUseCase_(std::move(fetchConfigUseCase)),
         storeLink_(std::move(link)) {}
 
   reactive::Observable<std::string> fetch() override;
 
  private:
-  std::shared_ptr<ItunesAPIService> itunesServiceApi;
-  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
+  std::shared_ptr<ItunesAPIService> itunesServiceApi_;
+  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase_;
   std::string storeLink_;
 };
 

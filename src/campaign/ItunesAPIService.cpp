@@ -20,7 +20,7 @@ reactive::Observable<ITunesResponse> ItunesAPIServiceImpl::lookup(const std::str
   URLRequestBuilder builder(URLRequestBuilder::Method::get);
   builder.baseUrl = baseUrl_ + "/lookup";
   builder.queryItems = {{"bundleId", bundleId}};
-  return send(builder, *httpClient).observeOn(scheduler_).map([](const HTTPReply& reply) {
+  return send(builder, *httpClient_).observeOn(scheduler_).map([](const HTTPReply& reply) {
     return ITunesResponse::decode(reply.data);
   });
 }

@@ -45,14 +45,14 @@ class ItunesAPIServiceImpl final : public ItunesAPIService {
   /// Over plain HTTP, as the store offers it: nothing of the user or of the kit goes with the question.
   static constexpr const char* storeUrl = "http://itunes.apple.com";
 
-  ItunesAPIServiceImpl(std::shared_ptr<HTTPClient> client, reactive::SchedulerPtr scheduler,
+  ItunesAPIServiceImpl(std::shared_ptr<HTTPClient> httpClient, reactive::SchedulerPtr scheduler,
                        std::string baseUrl = storeUrl)
-      : httpClient(std::move(client)), scheduler_(std::move(scheduler)), baseUrl_(std::move(baseUrl)) {}
+      : httpClient_(std::move(httpClient)), scheduler_(std::move(scheduler)), baseUrl_(std::move(baseUrl)) {}
 
   reactive::Observable<ITunesResponse> lookup(const std::string& bundleId) override;
 
  private:
-  std::shared_ptr<HTTPClient> httpClient;
+  std::shared_ptr<HTTPClient> httpClient_;
   reactive::SchedulerPtr scheduler_;
   std::string baseUrl_;
 };

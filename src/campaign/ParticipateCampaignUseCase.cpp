@@ -9,14 +9,14 @@ reactive::Observable<Campaign> ParticipateCampaignUseCaseImpl::participate(const
                                                                            const std::string& url,
                                                                            const std::string& userId) {
   URLRequestBuilder builder(URLRequestBuilder::Method::get);
-  builder.baseUrl = networkConfig.baseUrl;
+  builder.baseUrl = networkConfig_.baseUrl;
   builder.path = url;
-  builder.headers = withUser(networkConfig.headers, userId);
+  builder.headers = withUser(networkConfig_.headers, userId);
   // The reply is the page alone; whose page it is, the screen knows.
   CampaignDTO whose{campaign.id, campaign.label, campaign.name, campaign.iconUrl, {}};
-  return send(builder, *httpClient)
+  return send(builder, *httpClient_)
       .observeOn(scheduler_)
-      .map([mapper = mapper, whose = std::move(whose)](const HTTPReply& reply) {
+      .map([mapper = mapper_, whose = std::move(whose)](const HTTPReply& reply) {
         auto dto = whose;
         dto.page = CampaignDTO::PageResponse::decode(reply.data);
         return mapper.map(std::move(dto));

@@ -26,17 +26,19 @@ class ParticipageCampaignUseCase {
 /// Replies are read on `scheduler` and not on the network's thread.
 class ParticipateCampaignUseCaseImpl final : public ParticipageCampaignUseCase {
  public:
-  ParticipateCampaignUseCaseImpl(NetworkConfig config, std::shared_ptr<HTTPClient> client,
+  ParticipateCampaignUseCaseImpl(NetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient,
                                  reactive::SchedulerPtr scheduler)
-      : networkConfig(std::move(config)), httpClient(std::move(client)), scheduler_(std::move(scheduler)) {}
+      : networkConfig_(std::move(networkConfig)),
+        httpClient_(std::move(httpClient)),
+        scheduler_(std::move(scheduler)) {}
 
   reactive::Observable<Campaign> participate(const Campaign& campaign, const std::string& url,
                                              const std::string& userId) override;
 
  private:
-  NetworkConfig networkConfig;
-  CampaignMapper mapper;
-  std::shared_ptr<HTTPClient> httpClient;
+  NetworkConfig networkConfig_;
+  CampaignMapper mapper_;
+  std::shared_ptr<HTTPClient> httpClient_;
   reactive::SchedulerPtr scheduler_;
 };
 

@@ -105,7 +105,7 @@ void InitializedOrrelo::store(Event event) {
       .filter([](const Config& config) { return config.sdkEnable; })
       .subscribe([save = component->eventComponent().saveEventUseCase,
                   event = std::move(event)](const Config&) { save.save(event); })
-      .disposedBy(disposeBag);
+      .disposedBy(disposeBag_);
 }
 
 }  // namespace orrelo

@@ -39,7 +39,7 @@ class InitializedOrrelo {
   static void storeAccepted();
   void store(Event event);
 
-  reactive::DisposeBag disposeBag;
+  reactive::DisposeBag disposeBag_;
 };
 
 }  // namespace orrelo

@@ -15,11 +15,11 @@ struct Handler {
 
 }  // namespace
 
-ModularCampaignView::ModularCampaignView(ModularCampaign campaign) : modularCampaign(std::move(campaign)) {}
+ModularCampaignView::ModularCampaignView(ModularCampaign campaign) : modularCampaign_(std::move(campaign)) {}
 
 std::shared_ptr<ModularCampaignView> ModularCampaignView::create(ModularCampaign campaign) {
   std::shared_ptr<ModularCampaignView> view(new ModularCampaignView(std::move(campaign)));
-  for (const auto& component : view->modularCampaign.components) {
+  for (const auto& component : view->modularCampaign_.components) {
     component->delegate = view;
     component->render(*view->stackView);
   }
@@ -28,7 +28,7 @@ std::shared_ptr<ModularCampaignView> ModularCampaignView::create(ModularCampaign
 
 void ModularCampaignView::showDialogs(ORLUIViewController& viewController) {
   const auto self = std::static_pointer_cast<ModularCampaignView>(shared_from_this());
-  for (const auto& dialog : modularCampaign.config.layout.dialogComponents) {
+  for (const auto& dialog : modularCampaign_.config.layout.dialogComponents) {
     dialog->delegate = self;
     dialog->show(viewController);
   }

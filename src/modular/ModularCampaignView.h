@@ -48,7 +48,7 @@ class ORRELO_EXPORT ModularCampaignView final : public View,
   explicit ModularCampaignView(ModularCampaign campaign);
 
   /// Held for the views, which know their blocks weakly.
-  const ModularCampaign modularCampaign;
+  const ModularCampaign modularCampaign_;
 };
 
 }  // namespace orrelo

@@ -10,7 +10,7 @@ void ORLUIViewController::setTitle(const std::optional<std::string>& title) {
 void ORLUIViewController::viewWillAppear(bool animated) {
   ViewController::viewWillAppear(animated);
   const auto navigation = navigationController();
-  navigationBarTitleTextAttributes = navigation ? navigation->state().titleTextAttributes : std::nullopt;
+  navigationBarTitleTextAttributes_ = navigation ? navigation->state().titleTextAttributes : std::nullopt;
   if (navigation || !presentingViewController()) collapseTopBar();
   if (navigation && !navigation->state().isNavigationBarHidden) {
     navigation->setTitleTextAttributes(NavigationController::TitleTextAttributes{Color()});
@@ -20,7 +20,7 @@ void ORLUIViewController::viewWillAppear(bool animated) {
 void ORLUIViewController::viewWillDisappear(bool animated) {
   ViewController::viewWillDisappear(animated);
   if (const auto navigation = navigationController()) {
-    navigation->setTitleTextAttributes(navigationBarTitleTextAttributes);
+    navigation->setTitleTextAttributes(navigationBarTitleTextAttributes_);
   }
 }
 

@@ -42,7 +42,7 @@ class ORRELO_EXPORT ORLUIViewController : public ViewController {
 
  private:
   Followed<ModalTopBar> modalTopBar_;
-  std::optional<NavigationController::TitleTextAttributes> navigationBarTitleTextAttributes;
+  std::optional<NavigationController::TitleTextAttributes> navigationBarTitleTextAttributes_;
 };
 
 }  // namespace orrelo

@@ -9,19 +9,20 @@
 
 namespace orrelo {
 
-InduceUpdateView::InduceUpdateView(std::string url, const Color& brandColor, std::weak_ptr<ToastLayer> toasts)
+InduceUpdateView::InduceUpdateView(std::string updateUrl, const Color& brandColor,
+                                   std::weak_ptr<ToastLayer> toastLayer)
     : color(brandColor),
       // The blank that begins the last line belongs to the text.
       errorView(std::make_shared<ErrorView>("버전 업데이트 후 참여할 수 있는 이벤트입니다.\n지금 바로 앱을 "
                                             "업데이트하고\n 새 캠페인에 참여해 보세요!")),
-      updateUrl(std::move(url)),
-      toastLayer(std::move(toasts)) {}
+      updateUrl_(std::move(updateUrl)),
+      toastLayer_(std::move(toastLayer)) {}
 
 void InduceUpdateView::routeToUpdateLink() {
-  const auto url = Url::parse(updateUrl);
+  const auto url = Url::parse(updateUrl_);
   const auto& application = Platform::current().application;
   if (!url || !application->canOpen(*url)) {
-    if (const auto toasts = toastLayer.lock()) {
+    if (const auto toasts = toastLayer_.lock()) {
       toasts->showToast("업데이트 페이지 이동에 실패했습니다.", Color());
     }
     return;

@@ -23,7 +23,7 @@ class ORRELO_EXPORT InduceUpdateView final : public View {
   static constexpr auto buttonTitle = "업데이트하러 가기";
 
   /// What cannot be opened is said in a toast on `toasts`.
-  InduceUpdateView(std::string url, const Color& brandColor, std::weak_ptr<ToastLayer> toasts);
+  InduceUpdateView(std::string updateUrl, const Color& brandColor, std::weak_ptr<ToastLayer> toastLayer);
 
   std::string_view kind() const override { return "InduceUpdateView"; }
 
@@ -35,8 +35,8 @@ class ORRELO_EXPORT InduceUpdateView final : public View {
   const std::shared_ptr<ErrorView> errorView;
 
  private:
-  const std::string updateUrl;
-  const std::weak_ptr<ToastLayer> toastLayer;
+  const std::string updateUrl_;
+  const std::weak_ptr<ToastLayer> toastLayer_;
 };
 
 }  // namespace orrelo

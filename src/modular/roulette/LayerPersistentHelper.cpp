@@ -19,11 +19,11 @@ bool setPaused(const std::weak_ptr<RouletteView>& weak, bool isPaused) {
 
 LayerPersistentHelper::LayerPersistentHelper(const std::weak_ptr<RouletteView>& layer,
                                              Application& application)
-    : willResignActive(
+    : willResignActive_(
           application.observe(Application::Signal::didEnterBackground,
-                              [layer, wasPaused = wasPaused] { *wasPaused = setPaused(layer, true); })),
-      didBecomeActive(
-          application.observe(Application::Signal::willEnterForeground, [layer, wasPaused = wasPaused] {
+                              [layer, wasPaused = wasPaused_] { *wasPaused = setPaused(layer, true); })),
+      didBecomeActive_(
+          application.observe(Application::Signal::willEnterForeground, [layer, wasPaused = wasPaused_] {
             if (!*wasPaused) setPaused(layer, false);
           })) {}
 

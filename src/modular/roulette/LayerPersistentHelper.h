@@ -17,9 +17,9 @@ class LayerPersistentHelper {
  private:
   /// Before the background came; true until then, so that a foreground alone starts nothing. Shared: a
   /// callback that is running may outlive the view.
-  std::shared_ptr<bool> wasPaused = std::make_shared<bool>(true);
-  Application::Registration willResignActive;
-  Application::Registration didBecomeActive;
+  std::shared_ptr<bool> wasPaused_ = std::make_shared<bool>(true);
+  Application::Registration willResignActive_;
+  Application::Registration didBecomeActive_;
 };
 
 }  // namespace orrelo

@@ -70,13 +70,13 @@ std::string RouletteView::accessibilityLabel() const {
 void RouletteView::wheelDidAppear() {
   if (std::exchange(isWheelThere_, true)) return;
   const auto self = std::static_pointer_cast<RouletteView>(shared_from_this());
-  persistentHelper.emplace(self, *Platform::current().application);
-  isAppendedWheelLayer.onNext({});
-  isAppendedWheelLayer.onCompleted();
+  persistentHelper_.emplace(self, *Platform::current().application);
+  isAppendedWheelLayer_.onNext({});
+  isAppendedWheelLayer_.onCompleted();
 }
 
 void RouletteView::wheelDidFail(const Error& error) {
-  isAppendedWheelLayer.onError(error);
+  isAppendedWheelLayer_.onError(error);
 }
 
 void RouletteView::animationDidStop(bool finished) {
@@ -85,9 +85,9 @@ void RouletteView::animationDidStop(bool finished) {
 }
 
 void RouletteView::whenWheelIsThere(std::function<void(RouletteView&)> task) {
-  const auto signal = isWheelThere_ ? reactive::just(reactive::Unit()) : isAppendedWheelLayer.asObservable();
+  const auto signal = isWheelThere_ ? reactive::just(reactive::Unit()) : isAppendedWheelLayer_.asObservable();
   followOnMain(
-      signal, std::static_pointer_cast<RouletteView>(shared_from_this()), disposeBag,
+      signal, std::static_pointer_cast<RouletteView>(shared_from_this()), disposeBag_,
       [task = std::move(task)](RouletteView& self, reactive::Unit) { task(self); },
       [](RouletteView&, const Error& error) {
         log(LogLevel::ERROR, "Start Roulette Animation Failure: " + error.localizedDescription());

@@ -91,9 +91,9 @@ class ORRELO_EXPORT RouletteView final : public View {
 
   std::vector<RouletteItemModel> items_;
   bool isWheelThere_ = false;
-  reactive::PublishSubject<reactive::Unit> isAppendedWheelLayer;
-  std::optional<LayerPersistentHelper> persistentHelper;
-  reactive::DisposeBag disposeBag;
+  reactive::PublishSubject<reactive::Unit> isAppendedWheelLayer_;
+  std::optional<LayerPersistentHelper> persistentHelper_;
+  reactive::DisposeBag disposeBag_;
 };
 
 }  // namespace orrelo

@@ -28,13 +28,13 @@ void ScratchLotteryComponent::render(StackView& stackView) {
       ScratchLotteryView::create({result, primaryColor, secondaryColor, state == State::done, scratchable});
   card->delegate = std::static_pointer_cast<ScratchLotteryComponent>(shared_from_this());
   stackView.addArrangedSubview(card, ScratchLotteryView::inset);
-  view = card;
+  view_ = card;
 }
 
 void ScratchLotteryComponent::didScratch(double ratio) {
-  if (!(ratio >= doneRatio) || !scratchable || scratchDone) return;
-  scratchDone = true;
-  if (const auto card = view.lock()) card->hideMask();
+  if (!(ratio >= doneRatio) || !scratchable || scratchDone_) return;
+  scratchDone_ = true;
+  if (const auto card = view_.lock()) card->hideMask();
   send({Action::WithUrl{doneUrl}});
   UserEventTracker::track(UserEventName::scratchLotteryScratchEnd);
 }

@@ -38,8 +38,8 @@ class ORRELO_EXPORT ScratchLotteryComponent final : public UIComponent, public S
   const Color secondaryColor;
 
  private:
-  bool scratchDone = false;
-  std::weak_ptr<ScratchLotteryView> view;
+  bool scratchDone_ = false;
+  std::weak_ptr<ScratchLotteryView> view_;
 };
 
 }  // namespace orrelo

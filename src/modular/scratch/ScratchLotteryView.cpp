@@ -23,7 +23,7 @@ std::string ScratchLotteryView::accessibilityLabel() const {
 
 void ScratchLotteryView::touchesBegan(Point point) {
   if (isBlocked()) {
-    panStart = point;
+    panStart_ = point;
   } else if (isPressable()) {
     scratchMaskView->begin(point);
   }
@@ -32,16 +32,16 @@ void ScratchLotteryView::touchesBegan(Point point) {
 void ScratchLotteryView::touchesMoved(Point point) {
   if (isBlocked()) return pan(point);
   if (!isPressable()) return;
-  ++movedCount;
+  ++movedCount_;
   // What this move rubs off counts at the next measurement.
-  if (movedCount % movesPerMeasurement == 0) scratchMaskView->measure();
+  if (movedCount_ % movesPerMeasurement == 0) scratchMaskView->measure();
   scratchMaskView->erase(point);
 }
 
 void ScratchLotteryView::touchesEnded() {
-  if (isPanning) reportPan();
-  panStart.reset();
-  isPanning = false;
+  if (isPanning_) reportPan();
+  panStart_.reset();
+  isPanning_ = false;
 }
 
 void ScratchLotteryView::press() {
@@ -58,9 +58,9 @@ void ScratchLotteryView::didScratch(double ratio) {
 }
 
 void ScratchLotteryView::pan(Point point) {
-  if (!panStart) return;
-  isPanning = isPanning || std::hypot(point.x - panStart->x, point.y - panStart->y) >= panThreshold;
-  if (isPanning) reportPan();
+  if (!panStart_) return;
+  isPanning_ = isPanning_ || std::hypot(point.x - panStart_->x, point.y - panStart_->y) >= panThreshold;
+  if (isPanning_) reportPan();
 }
 
 void ScratchLotteryView::reportPan() {

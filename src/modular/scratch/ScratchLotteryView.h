@@ -84,9 +84,9 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
   void pan(Point point);
   void reportPan();
 
-  int movedCount = 0;
-  std::optional<Point> panStart;
-  bool isPanning = false;
+  int movedCount_ = 0;
+  std::optional<Point> panStart_;
+  bool isPanning_ = false;
 };
 
 }  // namespace orrelo

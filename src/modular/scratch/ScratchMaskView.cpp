@@ -36,7 +36,7 @@ PixelRect ScratchMaskView::takeTouched() {
 }
 
 void ScratchMaskView::erase(Point point) {
-  const auto from = std::exchange(lastPoint, point);
+  const auto from = std::exchange(lastPoint_, point);
   if (!from || mask() == nullptr) return;
   scratched += std::hypot(point.x - from->x, point.y - from->y) * lineWidth;
   const double factor = scale();

@@ -45,7 +45,7 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
   PixelRect takeTouched();
 
   /// Where the next line begins.
-  void begin(Point point) { lastPoint = point; }
+  void begin(Point point) { lastPoint_ = point; }
   /// Rubs off a line from the last point to this one, in points.
   void erase(Point point);
   /// Counts, on a worker, how much is gone by now, and tells the delegate.
@@ -62,7 +62,7 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
  private:
   double scale() const;
 
-  std::optional<Point> lastPoint;
+  std::optional<Point> lastPoint_;
   AlphaMask mask_;
   PixelRect touched_;
 };
