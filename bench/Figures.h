@@ -30,7 +30,7 @@ struct Figure {
   bool isMet() const;
 
   Target target;
-  /// In ascending order; never empty.
+  /// Sorted in ascending order; never empty.
   std::vector<double> runs;
 };
 
