@@ -1,4 +1,4 @@
-// Reading a list of campaigns against the bare parse of its bytes.
+// Compares reading a list of campaigns with a bare parse of its bytes.
 #include "Benches.h"
 #include "Targets.h"
 #include "campaign/CampaignMapper.h"
@@ -13,15 +13,14 @@
 namespace orrelo::bench {
 namespace {
 
-std::string fileOf(const std::string& path) {
+std::string readFile(const std::string& path) {
   std::ifstream stream(ORRELO_BENCH_DATA + path);
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// Check-ins, results, and as many pages of kinds that are not shown; one check-in of the hundred cannot be
-// read.
+// A hundred campaigns: check-ins, results, and as many pages of unknown kinds. One check-in is malformed.
 std::string listOfCampaigns() {
-  const auto sample = fileOf("/campaign/list.json");
+  const auto sample = readFile("/campaign/list.json");
   simdjson::dom::parser parser;
   const simdjson::dom::array both = parser.parse(sample);
   const std::string checkIn = simdjson::minify(both.at(0));
@@ -59,9 +58,9 @@ std::vector<double> measure() {
     if (campaigns.size() != 100) throw std::runtime_error("campaigns are missing");
     benchmark::DoNotOptimize(campaigns);
   };
-  secondsOf(parse);  // both warm
+  secondsOf(parse);  // warms the caches
   secondsOf(read);
-  // In turn and at their best: what else the machine does is not of interest.
+  // Takes the best of alternating samples, which excludes other load of the machine.
   double reading = secondsOf(read);
   double parsing = secondsOf(parse);
   for (int sample = 0; sample < 200; ++sample) {

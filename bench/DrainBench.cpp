@@ -1,4 +1,4 @@
-// Emptying the store over HTTPS against a bare loop that posts the same bodies.
+// Compares emptying the store over HTTPS with a bare curl client that posts as many events.
 #include "Benches.h"
 #include "DevService.h"
 #include "Targets.h"
@@ -43,7 +43,7 @@ std::string bodyOf(std::span<const Event> events) {
   return std::move(json).result();
 }
 
-// A connection of its own, opened before the clock starts.
+// A curl client whose connection is opened before the measurement starts.
 class BareClient {
  public:
   BareClient(const std::string& baseUrl, const std::string& certificate) : easy_(curl_easy_init()) {
@@ -77,7 +77,7 @@ class BareClient {
   curl_slist* headers_ = nullptr;
 };
 
-// A store of its own for each run, emptied by ticks that this gives.
+// The kit's upload pipeline over a new store, driven by manual ticks.
 class KitDrain {
  public:
   KitDrain(const std::string& baseUrl, const std::string& storeName)
@@ -166,7 +166,7 @@ std::vector<double> measureDrain() {
     kit->tick();
     kitTimes.push_back(secondsSince(start));
   }
-  // The first round opened the kit's connection.
+  // The first round is dropped because it opened the kit's connection.
   kitTimes.erase(kitTimes.begin());
   return {quantile(kitTimes, 0.5) / quantile(bareTimes, 0.5)};
 }

@@ -30,8 +30,8 @@ std::vector<std::string> fieldsOf(const std::string& line) {
   return fields;
 }
 
-void require(bool isLineOfFigures, const std::string& line) {
-  if (!isLineOfFigures) throw std::runtime_error("This is no line of figures: " + line);
+void require(bool isValid, const std::string& line) {
+  if (!isValid) throw std::runtime_error("This is no line of figures: " + line);
 }
 
 double numberIn(const std::string& field) {
@@ -39,7 +39,7 @@ double numberIn(const std::string& field) {
     std::size_t length = 0;
     const double number = std::stod(field, &length);
     if (length == field.size()) return number;
-  } catch (const std::logic_error&) {  // told below
+  } catch (const std::logic_error&) {  // reported below
   }
   throw std::runtime_error("This is no figure: " + field);
 }

@@ -7,47 +7,49 @@
 
 namespace orrelo::bench {
 
-/// A measurement by name, and the limit that it is judged by.
+/// A named measurement and its limit.
 struct Target {
   std::string name;
   /// Empty for a count.
   std::string unit;
-  /// Absent for a figure that is printed and not judged.
+  /// Absent if the figure is only printed, not judged.
   std::optional<double> limit = {};
-  /// Whether the figure must be at least the limit; at most, otherwise.
+  /// True if the figure must be at least the limit, false if it must be at most the limit.
   bool isMinimum = false;
 };
 
-/// A target with what some runs have measured.
+/// A target and its measurements in several runs.
 struct Figure {
   Figure(Target measured, std::vector<double> figures);
 
   double median() const;
-  /// The distance of the largest from the least, without these two where there are five runs or more: one run
-  /// that something disturbed must not hide a difference.
+  /// The range of the runs. With five runs or more, the smallest and the largest are left out, so that one
+  /// disturbed run does not hide a difference.
   double spread() const;
-  /// Judged by the median of the runs; a count, which has no noise, by the worst run.
+  /// Judges the median of the runs, or the worst run of a count, which has no noise.
   bool isMet() const;
 
   Target target;
-  /// From the least to the largest; at least one.
+  /// Sorted in ascending order; never empty.
   std::vector<double> runs;
 };
 
-/// One run's figure as a line.
+/// Writes one run's figure as a line.
 void writeRun(std::ostream& stream, const Target& target, double figure);
-/// The figures of all such lines, in the order in which the targets come up. These and `readFigures` throw
-/// std::runtime_error at a line of another form.
+/// Reads the lines of `writeRun` into one figure per target, in order of first occurrence. Throws
+/// std::runtime_error at a malformed line.
 std::vector<Figure> readRuns(std::istream& stream);
 
-/// A line a target: name, unit, and the figure of each run, with a tab between them. Limits are not kept:
-/// what is read has none.
+/// Writes a line per target: its name, its unit and the figure of each run, separated by tabs. Limits are not
+/// saved.
 void writeFigures(std::ostream& stream, const std::vector<Figure>& figures);
+/// Reads the lines of `writeFigures`. Throws std::runtime_error at a malformed line.
 std::vector<Figure> readFigures(std::istream& stream);
 
-/// A figure, its spread, its limit and the verdict.
+/// The line to print: the median, the smallest and largest run, the limit and the verdict.
 std::string line(const Figure& figure);
-/// The same target before and now; it differs where the medians are further apart than either spread.
+/// The line to print for one target before and now. It differs if the medians are further apart than either
+/// spread.
 std::string comparison(const Figure& before, const Figure& now);
 
 }  // namespace orrelo::bench

@@ -1,4 +1,4 @@
-// Images: what a hit in memory costs, and what a hundred views of one URL ask for.
+// The cost of a hit in the memory cache, and the requests and decodes of a hundred views of one URL.
 #include "Benches.h"
 #include "Targets.h"
 #include "image/ImageLoader.h"
@@ -50,10 +50,10 @@ std::vector<double> measureSharing() {
   }
   platform.session->answer(test::ScriptedURLSession::reply(200, test::PlainImageCodec::file(200, 200)));
   platform.loop->run();
-  const auto unserved =
+  const auto withoutImage =
       std::count_if(views.begin(), views.end(), [](const auto& view) { return view->shown == nullptr; });
   return {static_cast<double>(platform.session->requests.size()),
-          static_cast<double>(platform.codec->decodes), static_cast<double>(unserved)};
+          static_cast<double>(platform.codec->decodes), static_cast<double>(withoutImage)};
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// `Orrelo::initialize` with stores that exist, each sample in a process of its own.
+// Measures `Orrelo::initialize` with existing stores, each sample in its own process.
 #include "Benches.h"
 #include "DevService.h"
 #include "Targets.h"
@@ -32,7 +32,7 @@ std::vector<double> measureInitialize() {
   service.start();
   const auto command = std::string(ORRELO_INITIALIZE_SAMPLE) + " '" + (folder.path() / "kit").string() +
                        "' " + service.baseUrl() + " '" + service.certificatePath().string() + "'";
-  takeSample(command);  // makes the stores
+  takeSample(command);  // creates the stores
   std::vector<double> times;
   std::vector<double> threads;
   std::vector<double> sizes;

@@ -1,4 +1,4 @@
-// A page that the service has put together: from its decoded blocks to the views that a front draws.
+// Builds the views of a modular page from its decoded blocks.
 #include "Benches.h"
 #include "ModularPage.h"
 #include "Targets.h"
@@ -21,12 +21,12 @@ ModularCampaign decoded(const std::string& salt) {
   return std::get<ModularCampaign>(std::move(campaign.type));
 }
 
-// Microseconds a block.
+// The time in microseconds per block.
 double timeToBuild(ModularCampaign campaign) {
   const auto start = std::chrono::steady_clock::now();
   const auto view = ModularCampaignView::create(std::move(campaign));
   const double elapsed = secondsSince(start);
-  // The first blank has a view of its own.
+  // The first blank adds a view.
   if (view->stackView->arrangedSubviews.size() != blockCount + 1)
     throw std::runtime_error("blocks are missing");
   return elapsed * 1e6 / blockCount;
@@ -37,8 +37,8 @@ struct Sample {
   double again = 0.0;
 };
 
-// A page whose pictures nobody has asked for yet, and the same page anew, on a machine that has shown
-// another.
+// Builds a page whose pictures are not cached, then the same page again, after another page has warmed up the
+// process.
 Sample takeSample() {
   test::TestPlatform platform;
   const auto build = [&](const std::string& salt) {

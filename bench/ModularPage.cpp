@@ -6,7 +6,7 @@
 namespace orrelo::bench {
 namespace {
 
-// What the service's sample says of a page's blocks.
+// The blocks of the service's sample page.
 class Sample {
  public:
   Sample() : reply_(parser_.load(ORRELO_BENCH_DATA "/campaign/modular.json")) {}
@@ -19,7 +19,7 @@ class Sample {
   simdjson::dom::element reply_;
 };
 
-// The elements, again and again, with other pictures each time.
+// Cycles through the elements, with new picture URLs for each.
 std::string repeated(const simdjson::dom::array& elements, std::size_t count, const std::string& salt) {
   std::string list;
   for (std::size_t i = 0; i < count; ++i) {

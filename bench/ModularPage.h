@@ -6,12 +6,11 @@
 
 namespace orrelo::bench {
 
-/// The names of so many blocks, of every kind, in the order in which the service's sample page has them,
-/// again and again.
+/// The names of `count` blocks, which cycle through all kinds in the order of the service's sample page.
 std::vector<std::string> mixedBlocks(std::size_t count);
 
-/// A page of these blocks with a blank around each. What they say is the sample page's; every picture has a
-/// URL of its own, which `salt` sets apart from those of another page.
+/// A page of these blocks with a blank around each. Their content is the sample page's. Every picture has a
+/// unique URL, which `salt` keeps distinct from those of other pages.
 std::string modularPage(const std::vector<std::string>& order, const std::string& salt = "");
 
 }  // namespace orrelo::bench

@@ -1,4 +1,4 @@
-// Saving against plain SQLite: a burst, and one event alone.
+// Compares saving with plain SQLite, in a burst and for single events.
 #include "Benches.h"
 #include "Targets.h"
 #include "events/EventRepository.h"
@@ -17,7 +17,7 @@
 namespace orrelo::bench {
 namespace {
 
-// A service that never answers: what is measured here is the way into the store.
+// A client whose requests never complete, because only the way into the store is measured.
 class SilentClient final : public HTTPClient {
  public:
   reactive::Observable<HTTPReply> run(URLRequest) override { return silence_.asObservable(); }
@@ -33,7 +33,7 @@ Event makeSample(std::size_t number) {
   return {platform.random->uuid(), "user-1", "purchase", {{"value", value}}, platform.clock->now()};
 }
 
-// The kit's way: repository, pipeline, worker pool, writer thread.
+// Saves through the kit: repository, pipeline, worker pool, writer thread.
 class KitStore {
  public:
   explicit KitStore(const test::TemporaryFolder& folder) {
@@ -60,7 +60,7 @@ class KitStore {
 
   void save(const Event& event) { repository_->save(event); }
 
-  // Gives the moment of the last of so many commits.
+  // Waits for `count` more commits and returns the time of the last one.
   std::chrono::steady_clock::time_point waitForCommits(std::size_t count) {
     std::unique_lock lock(mutex_);
     awaited_ = counted_ + count;
@@ -80,7 +80,7 @@ class KitStore {
   std::unique_ptr<EventRepositoryImpl> repository_;
 };
 
-// One prepared statement, one row a transaction.
+// Saves with one prepared statement, one row per transaction.
 class PlainStore {
  public:
   explicit PlainStore(const test::TemporaryFolder& folder)

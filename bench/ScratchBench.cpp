@@ -1,4 +1,4 @@
-// A scratch card under a finger: what a stroke costs, and what it costs to see how much is gone.
+// The cost of a stroke on a scratch card, and of measuring the share that it has cleared.
 #include "Benches.h"
 #include "Targets.h"
 #include "modular/scratch/ScratchMaskView.h"

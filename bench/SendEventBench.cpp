@@ -1,4 +1,4 @@
-// `sendEvent` on the caller's thread against a bare post to the same worker pool, while uploads run.
+// Compares `sendEvent` on the caller's thread with a bare post to the same worker pool, while uploads run.
 #include "Benches.h"
 #include "DevService.h"
 #include "Targets.h"
@@ -19,7 +19,7 @@ EventValues fiveValues() {
       {"campaign", "attendance"}, {"count", 12}, {"first", true}, {"item", "blue shoes"}, {"price", 39.9}};
 }
 
-// The host makes its values before the call, and moves them in.
+// The host builds its values before the call, outside the measurement, and moves them in.
 void sendEvent(EventValues& values) {
   Orrelo::sendEvent("purchase", std::move(values));
 }
@@ -41,8 +41,8 @@ std::vector<double> ratios(std::vector<double>& events, std::vector<double>& pos
   return {quantile(events, 0.5) / p50, quantile(events, 0.99) / p99, p50, p99};
 }
 
-// In turns, so that both meet the same load; long enough that the pool works while it is being fed. The first
-// round is not counted: the system gives the process its memory then, page by page.
+// Alternates bursts of both calls, so that they meet the same load. Each burst is long enough for the pool to
+// work while it is being fed. The first round is dropped, because page faults slow it down.
 std::vector<double> measureTight() {
   constexpr std::size_t burst = 10'000;
   std::vector<double> events;
@@ -63,8 +63,8 @@ std::vector<double> measureTight() {
   return ratios(events, posts);
 }
 
-// The work of an event still runs at the next turn, and makes that call slower or faster. So that both kinds
-// follow an event as often as a post, the turns go event, post, post, event.
+// An event's work still runs at the next turn and changes that call's time. The turns are therefore event,
+// post, post, event, so that each kind follows an event as often as a post.
 std::vector<double> measurePaced() {
   std::vector<double> events;
   std::vector<double> posts;
@@ -81,7 +81,7 @@ std::vector<double> measurePaced() {
   return ratios(events, posts);
 }
 
-// The kit at work against a service, for the life of the process.
+// The kit, sending to a service, for the lifetime of the process.
 struct Kit {
   Kit();
   test::TemporaryFolder folder;
@@ -107,7 +107,7 @@ Kit::Kit() {
   } while (!service.waitForEvents(1, std::chrono::milliseconds(200)));
 }
 
-// Starts at the first call, since a filter may leave only one of the measurements.
+// Starts the kit at the first call only, since a filter may select one of the measurements.
 void startKit() {
   static const auto* const kit = new Kit;
   static_cast<void>(kit);

@@ -16,13 +16,13 @@ std::map<std::string, std::vector<Target>>& targetsByRun() {
   return targets;
 }
 
-// A line a target, in place of the library's table.
+// Prints a line per target in place of the library's table.
 class TargetReporter final : public benchmark::BenchmarkReporter {
  public:
-  /// With a file the figures go there, to be judged with those of other runs.
-  explicit TargetReporter(const std::string& file) : file_(file, std::ios::app), isAlone_(file.empty()) {
-    if (!isAlone_ && !file_) throw std::runtime_error(file + " cannot be written");
-    if (!isAlone_) SetErrorStream(&silence_);  // a filter may be meant for the other program alone
+  /// Appends the figures to `file`, to be judged with other runs. If `file` is empty, judges and prints them.
+  explicit TargetReporter(const std::string& file) : file_(file, std::ios::app), isSingleRun_(file.empty()) {
+    if (!isSingleRun_ && !file_) throw std::runtime_error(file + " cannot be written");
+    if (!isSingleRun_) SetErrorStream(&silence_);  // a filter may match only the other program's targets
   }
 
   bool ReportContext(const Context&) override { return true; }
@@ -31,7 +31,7 @@ class TargetReporter final : public benchmark::BenchmarkReporter {
     for (const auto& run : runs) {
       for (const auto& target : targetsByRun()[run.run_name.function_name]) {
         const double value = run.counters.at(target.name).value;
-        if (!isAlone_) {
+        if (!isSingleRun_) {
           writeRun(file_, target, value);
           continue;
         }
@@ -47,10 +47,10 @@ class TargetReporter final : public benchmark::BenchmarkReporter {
  private:
   std::ofstream file_;
   std::ostream silence_{nullptr};
-  bool isAlone_;
+  bool isSingleRun_;
 };
 
-// Takes the argument that is not the library's.
+// Removes "--figures=FILE" from the arguments and returns the file, or an empty string.
 std::string takeFile(int& argumentCount, char** arguments) {
   constexpr std::string_view name = "--figures=";
   std::string file;

@@ -1,4 +1,4 @@
-// Tells what runs of the two programs have measured: the median of each target and its spread.
+// Prints the median and the range of each target over several runs of the two benchmark programs.
 // Usage: orrelo-bench-figures RUNS [--save FILE] [--against FILE]
 #include "Figures.h"
 
@@ -62,7 +62,7 @@ int run(int count, char** words) {
       throw std::runtime_error(std::string("what is ") + words[i] + "?");
     }
   }
-  if (!saved.empty()) save(saved, figures);  // after the comparison, which may be with the same file
+  if (!saved.empty()) save(saved, figures);  // the comparison above may read the same file
   return std::all_of(figures.begin(), figures.end(), [](const Figure& figure) { return figure.isMet(); }) ? 0
                                                                                                           : 1;
 }

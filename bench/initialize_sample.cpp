@@ -1,5 +1,5 @@
-// Prints what one `Orrelo::initialize` took: milliseconds, the threads of the process, and mebibytes of
-// memory. Usage: orrelo-bench-initialize <data folder> <service URL> <certificate file>
+// Prints the cost of one `Orrelo::initialize`: milliseconds, threads of the process, and mebibytes of memory.
+// Usage: orrelo-bench-initialize <data folder> <service URL> <certificate file>
 #include <orrelo/Orrelo.h>
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// A figure of /proc/self/status. RssAnon leaves out the pages of the libraries themselves.
+// Reads a number from /proc/self/status. RssAnon excludes the pages of the libraries themselves.
 long status(const std::string& name) {
   std::ifstream file("/proc/self/status");
   std::string line;
@@ -39,7 +39,7 @@ int main(int count, char** words) {
   const auto start = std::chrono::steady_clock::now();
   Orrelo::initialize(ORLConfig("sample"));
   const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
-  Orrelo::sendEvent("started");  // so that the stores and the network are at work too
+  Orrelo::sendEvent("started");  // starts the stores and the network too
 
   long threads = 0;
   long after = 0;

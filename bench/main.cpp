@@ -12,11 +12,11 @@ int main(int argumentCount, char** arguments) {
   addScratch();
   addModular();
   addInitialize();
-  // From here on a kit runs in this process, and asks whatever machine there is.
+  // The measurements below start a kit on the real platform, which keeps running in this process.
   addSave();
   addDrain();
   addSendEvent();
   const bool allMet = runAll(argumentCount, arguments);
   std::fflush(stdout);
-  std::_Exit(allMet ? 0 : 1);  // the kit's threads go with the process
+  std::_Exit(allMet ? 0 : 1);  // without joining the kit's threads
 }

@@ -1,4 +1,4 @@
-# What `cmake --install` puts where, so that find_package(OrreloSDK) and pkg-config find the kit.
+# Install rules, so that find_package(OrreloSDK) and pkg-config find the kit.
 
 include(CMakePackageConfigHelpers)
 
@@ -13,7 +13,7 @@ install(EXPORT OrreloSDKTargets NAMESPACE orrelo:: DESTINATION ${package_dir})
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/cmake/OrreloSDKConfig.cmake.in ${PROJECT_BINARY_DIR}/OrreloSDKConfig.cmake
   INSTALL_DESTINATION ${package_dir})
-# Until 1.0 each minor version may change the public structs.
+# Each minor version before 1.0 may change the public structs.
 write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/OrreloSDKConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES

@@ -1,10 +1,11 @@
-# How this repository's targets are made.
+# Options and functions for this repository's targets.
 
 add_library(orrelo_options INTERFACE)
 target_compile_options(orrelo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>
   $<$<BOOL:${ORRELO_WARNINGS_ARE_ERRORS}>:-Werror>)
-# g++ 12 sees overlapping and endless copies in std::string's operator+ that are not there (GCC bug 105651).
+# g++ 12 gives false warnings about overlapping and unbounded copies in std::string's operator+ (GCC bug
+# 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(orrelo_options INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds)
 endif()
@@ -17,15 +18,15 @@ if(ORRELO_FUZZ)
   target_compile_options(orrelo_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# orrelo_exports(<target>): the shared library exports the kit's own symbols alone.
+# orrelo_exports(<target>): exports only the kit's own symbols from a shared library.
 function(orrelo_exports target)
   set(map ${PROJECT_SOURCE_DIR}/cmake/exports.map)
   target_link_options(${target} PRIVATE -Wl,--version-script=${map})
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${map})
 endfunction()
 
-# The headers of the standard library that most files include, compiled once for all targets of plain C++. A file
-# still includes what it uses: a build without precompiled headers (CMAKE_DISABLE_PRECOMPILE_HEADERS) must compile.
+# Precompiles the standard library's headers that most files include, once for all targets without Qt. Each
+# file must still include what it uses, so that a build with CMAKE_DISABLE_PRECOMPILE_HEADERS works.
 file(CONFIGURE OUTPUT precompiled.cpp CONTENT "")
 add_library(orrelo_precompiled OBJECT ${PROJECT_BINARY_DIR}/precompiled.cpp)
 target_link_libraries(orrelo_precompiled PRIVATE orrelo_options)
@@ -35,8 +36,8 @@ target_precompile_headers(orrelo_precompiled PRIVATE
 
 # orrelo_subsystem(<name> SOURCES <file>... [USES <subsystem>...] [LINKS <library>...])
 #
-# One folder of src/ as one target. USES names the subsystems that it may include from; a folder that is not
-# named there is out of reach only by agreement, which the test `include_order` holds everyone to.
+# Defines the target of one folder of src/. USES names the subsystems that it may include from. The compiler
+# does not enforce this list; the test `include_order` does.
 function(orrelo_subsystem name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LINKS")
   add_library(orrelo_${name} OBJECT ${arg_SOURCES})

@@ -26,9 +26,9 @@ int printStore(const std::filesystem::path& file, std::ostream& out) {
 
 void printStoredEvents(const std::filesystem::path& dataDirectory, std::ostream& out) {
   try {
-    const int hosts = printStore(dataDirectory / "OLSCoreDataEvent.sqlite", out);
-    const int own = printStore(dataDirectory / "BIEventCoreData.sqlite", out);
-    out << "stored: " << hosts << " of the host's, " << own << " of the kit's" << std::endl;
+    const int hostCount = printStore(dataDirectory / "OLSCoreDataEvent.sqlite", out);
+    const int kitCount = printStore(dataDirectory / "BIEventCoreData.sqlite", out);
+    out << "stored: " << hostCount << " of the host's, " << kitCount << " of the kit's" << std::endl;
   } catch (const SQLite::Exception& exception) {
     out << "the stores cannot be read now: " << exception.what() << std::endl;
   }

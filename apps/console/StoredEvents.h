@@ -5,8 +5,8 @@
 
 namespace orrelo::console {
 
-/// Prints the events in the kit's two stores, without touching them: a line an event, with its id, then the
-/// count.
+/// Prints the events in the kit's two stores, one per line with its id, then the counts. Opens the stores
+/// read-only.
 void printStoredEvents(const std::filesystem::path& dataDirectory, std::ostream& out);
 
 }  // namespace orrelo::console

@@ -1,4 +1,4 @@
-// A host application without screens: reads commands, one a line.
+// A host application without screens that reads commands from standard input, one per line.
 #include "StoredEvents.h"
 #include "ValueParser.h"
 
@@ -45,7 +45,7 @@ bool readOptions(int count, char** words, Options& options) {
   return options.contains("--service") == options.contains("--certificate");
 }
 
-// The environment suite chooses the service; it is read once, at Orrelo::initialize.
+// These settings select the service. The kit reads them once, in Orrelo::initialize.
 void chooseDevelopmentService(const Options& options) {
   const auto suite = Platform::current().userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane");
   suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
@@ -126,5 +126,5 @@ int main(int count, char** words) {
   }).detach();
   loop.run();
   std::cout.flush();
-  std::_Exit(0);  // the reading thread may stand in the middle of a line
+  std::_Exit(0);  // the detached thread may still be reading
 }

@@ -48,45 +48,45 @@ class DevService::Impl {
   FaultBook faults;
   Dispatcher dispatcher;
 
-  /// Guards what follows.
+  /// Guards `port` and `server`.
   mutable std::mutex lifecycle;
   int port;
   std::unique_ptr<HttpServer> server;
 };
 
-DevService::DevService(const Options& options) : impl(std::make_unique<Impl>(options)) {}
+DevService::DevService(const Options& options) : impl_(std::make_unique<Impl>(options)) {}
 
 DevService::~DevService() {
   stop();
 }
 
 void DevService::start() {
-  const std::lock_guard lock(impl->lifecycle);
-  if (impl->server) return;
-  impl->faults.open();
+  const std::lock_guard lock(impl_->lifecycle);
+  if (impl_->server) return;
+  impl_->faults.open();
   auto server = std::make_unique<HttpServer>(
-      impl->certificate, [dispatcher = &impl->dispatcher](const auto& request, auto& response) {
+      impl_->certificate, [dispatcher = &impl_->dispatcher](const auto& request, auto& response) {
         dispatcher->handle(request, response);
       });
-  impl->port = server->start(impl->port);
-  impl->server = std::move(server);
+  impl_->port = server->start(impl_->port);
+  impl_->server = std::move(server);
 }
 
 void DevService::stop() {
-  const std::lock_guard lock(impl->lifecycle);
-  if (!impl->server) return;
-  impl->faults.close();
-  impl->server.reset();
+  const std::lock_guard lock(impl_->lifecycle);
+  if (!impl_->server) return;
+  impl_->faults.close();
+  impl_->server.reset();
 }
 
 bool DevService::isRunning() const {
-  const std::lock_guard lock(impl->lifecycle);
-  return impl->server != nullptr;
+  const std::lock_guard lock(impl_->lifecycle);
+  return impl_->server != nullptr;
 }
 
 int DevService::port() const {
-  const std::lock_guard lock(impl->lifecycle);
-  return impl->port;
+  const std::lock_guard lock(impl_->lifecycle);
+  return impl_->port;
 }
 
 std::string DevService::baseUrl() const {
@@ -94,57 +94,57 @@ std::string DevService::baseUrl() const {
 }
 
 std::filesystem::path DevService::certificatePath() const {
-  return impl->certificate.certificateFile;
+  return impl_->certificate.certificateFile;
 }
 
 std::vector<ReceivedEvent> DevService::events() const {
-  return impl->store.events();
+  return impl_->store.events();
 }
 std::int64_t DevService::eventCount() const {
-  return impl->store.counts().events;
+  return impl_->store.counts().events;
 }
 std::int64_t DevService::deliveryCount() const {
-  return impl->store.counts().deliveries;
+  return impl_->store.counts().deliveries;
 }
 std::vector<KnownUser> DevService::users() const {
-  return impl->store.users();
+  return impl_->store.users();
 }
 std::vector<SavedToken> DevService::tokens() const {
-  return impl->store.tokens();
+  return impl_->store.tokens();
 }
 
 bool DevService::waitForEvents(std::int64_t count, std::chrono::milliseconds timeout) const {
-  return impl->store.waitFor([&] { return eventCount() >= count; }, timeout);
+  return impl_->store.waitFor([&] { return eventCount() >= count; }, timeout);
 }
 
 bool DevService::waitForEvents(const EventPredicate& predicate, std::chrono::milliseconds timeout) const {
-  return impl->store.waitFor([&] { return predicate(events()); }, timeout);
+  return impl_->store.waitFor([&] { return predicate(events()); }, timeout);
 }
 
 std::vector<RequestRecord> DevService::requests(const std::string& pathSuffix) const {
-  return impl->requests.records(pathSuffix);
+  return impl_->requests.records(pathSuffix);
 }
 
 std::int64_t DevService::requestCount(const std::string& pathSuffix) const {
-  return impl->requests.count(pathSuffix);
+  return impl_->requests.count(pathSuffix);
 }
 
 bool DevService::waitForRequests(const std::string& pathSuffix, std::int64_t count,
                                  std::chrono::milliseconds timeout) const {
-  return impl->requests.waitFor(pathSuffix, count, timeout);
+  return impl_->requests.waitFor(pathSuffix, count, timeout);
 }
 
 std::uint64_t DevService::orderFault(Fault fault) {
-  return impl->faults.order(std::move(fault));
+  return impl_->faults.order(std::move(fault));
 }
 void DevService::clearFaults() {
-  impl->faults.clear();
+  impl_->faults.clear();
 }
 bool DevService::clearFault(std::uint64_t id) {
-  return impl->faults.clear(id);
+  return impl_->faults.clear(id);
 }
 std::vector<OrderedFault> DevService::faults() const {
-  return impl->faults.list();
+  return impl_->faults.list();
 }
 
 }  // namespace orrelo::devservice

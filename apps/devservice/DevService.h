@@ -15,13 +15,13 @@
 namespace orrelo::devservice {
 
 struct Options {
-  /// Holds the certificate and the database; made if missing. Not to be shared by two running services.
+  /// Holds the certificate and the databases; created if missing. Two running services must not share it.
   std::filesystem::path dataDirectory;
-  /// Plain files that say what the service answers. Empty: the scenario that comes with the service.
+  /// The scenario's folder. Empty selects the scenario that comes with the service.
   std::filesystem::path scenarioDirectory = {};
   /// 0 takes a free port at the first start and keeps it for later ones.
   int port = 0;
-  /// The moment whose day the scenario plays, where it is to stand still; this machine's clock otherwise.
+  /// A fixed time for the scenario to play at. Unset, it follows this machine's clock.
   std::optional<std::chrono::system_clock::time_point> now = {};
 };
 
@@ -33,16 +33,16 @@ struct Options {
 ///     service.orderFault({.kind = Fault::Kind::drop, .pathSuffix = "/event", .count = 1, .carryOut = true});
 ///     ASSERT_TRUE(service.waitForEvents(3, std::chrono::seconds(5)));
 ///
-/// All operations may be called from any thread. What the service received can be read while it runs and
-/// after it stopped, and is still there when a new one opens the same data directory. SIGPIPE is ignored in
-/// the whole process from the first start on.
+/// Thread-safe. Received events, users and tokens can be read while the service runs and after it stopped,
+/// and are still there when another instance opens the same data directory. SIGPIPE is ignored in the whole
+/// process from the first start on.
 class DevService {
  public:
   using EventPredicate = std::function<bool(const std::vector<ReceivedEvent>&)>;
 
-  /// Opens the data directory. Throws std::runtime_error where it cannot be used.
+  /// Opens the data directory. Throws std::runtime_error if it cannot be used.
   explicit DevService(const Options& options);
-  /// Stops.
+  /// Stops the service.
   ~DevService();
   DevService(const DevService&) = delete;
   DevService& operator=(const DevService&) = delete;
@@ -50,8 +50,8 @@ class DevService {
   /// Returns once connections are accepted; does nothing while running. Throws std::runtime_error if the port
   /// is taken.
   void start();
-  /// Closes every connection, also those of requests that hang or wait, and returns when no thread of the
-  /// service is left. Takes well under a second. `start` may follow, on the same port.
+  /// Closes every connection, including those of requests that a fault holds, and returns once all threads of
+  /// the service have ended. Takes well under a second. `start` may be called again and reuses the port.
   void stop();
   bool isRunning() const;
 
@@ -62,40 +62,41 @@ class DevService {
   /// PEM file of the certificate, for a client to trust as a certificate authority.
   std::filesystem::path certificatePath() const;
 
-  /// In order of first arrival.
+  /// The received events, in order of first arrival.
   std::vector<ReceivedEvent> events() const;
-  /// Different events.
+  /// The number of distinct events.
   std::int64_t eventCount() const;
-  /// Events counted as often as they arrived.
+  /// The number of deliveries: an event that arrived twice counts twice.
   std::int64_t deliveryCount() const;
   std::vector<KnownUser> users() const;
   std::vector<SavedToken> tokens() const;
 
-  /// Waits until that many different events have been stored. False when the time is up first.
+  /// Waits until `count` distinct events are stored. Returns false on timeout.
   bool waitForEvents(std::int64_t count, std::chrono::milliseconds timeout) const;
-  /// Waits until the predicate holds. It is asked at once and after each arrival, on the calling thread.
+  /// Waits until the predicate holds, and evaluates it at once and after each arrival, on the calling thread.
+  /// Returns false on timeout.
   bool waitForEvents(const EventPredicate& predicate, std::chrono::milliseconds timeout) const;
 
-  /// Requests of this object's life whose path ends so, oldest first, among the last 10000. Those to the
-  /// admin paths are not kept.
+  /// The requests of this object's lifetime whose path ends with `pathSuffix`, oldest first. Only the last
+  /// 10000 requests are kept, and none to the admin paths.
   std::vector<RequestRecord> requests(const std::string& pathSuffix = {}) const;
-  /// How many there were, without a limit.
+  /// The number of such requests, including those that are no longer kept.
   std::int64_t requestCount(const std::string& pathSuffix = {}) const;
-  /// Waits until that many requests with this end of path have come in, answered or not.
+  /// Waits until `count` such requests have arrived, answered or not. Returns false on timeout.
   bool waitForRequests(const std::string& pathSuffix, std::int64_t count,
                        std::chrono::milliseconds timeout) const;
 
-  /// Gives the number under which the fault stands in the list.
+  /// Adds a fault to the list and returns its id.
   std::uint64_t orderFault(Fault fault);
-  /// Takes all faults back, and lets the requests that they hold be answered as usual.
+  /// Removes all faults. The requests that they hold are answered as usual.
   void clearFaults();
-  /// Takes one back; false if it is not in the list.
+  /// Removes one fault; false if it is not in the list.
   bool clearFault(std::uint64_t id);
   std::vector<OrderedFault> faults() const;
 
  private:
   class Impl;
-  std::unique_ptr<Impl> impl;
+  std::unique_ptr<Impl> impl_;
 };
 
 }  // namespace orrelo::devservice

@@ -8,7 +8,8 @@
 
 namespace orrelo::devservice {
 
-/// Bytes that are no UTF-8, such as those of a percent-encoded path, come out as replacement characters.
+/// Compact JSON text. Bytes that are not UTF-8, as a percent-encoded path may contain, become replacement
+/// characters.
 inline std::string toText(const nlohmann::json& json) {
   return json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
@@ -21,7 +22,7 @@ inline Reply errorReply(int status, const std::string& message) {
   return jsonReply(status, {{"error", message}});
 }
 
-/// The text of a string member; absent if it is missing or no string.
+/// The text of a string member; absent if it is missing or not a string.
 inline std::optional<std::string> stringAt(const nlohmann::json& object, const char* key) {
   const auto found = object.find(key);
   if (found == object.end() || !found->is_string()) return std::nullopt;

@@ -26,8 +26,8 @@ TimePoint now() {
   return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
 }
 
-/// Says what is wrong with an event, or nothing.
-std::optional<std::string> faultOf(const nlohmann::json& event) {
+/// The reason why an event is invalid; absent if it is valid.
+std::optional<std::string> problemWith(const nlohmann::json& event) {
   if (!event.is_object()) return "an event must be an object";
   for (const auto& [key, value] : event.items()) {
     if (!value.is_string()) return "the value of \"" + key + "\" must be a string";
@@ -49,7 +49,7 @@ std::string identityOf(const httplib::Request& request) {
   return toText(headers);
 }
 
-/// What each "*" stands for; absent where the path is another.
+/// The path parts that match the pattern's "*"; absent if the path does not match.
 std::optional<std::vector<std::string>> match(std::string_view pattern, std::string_view path) {
   const auto cutPart = [](std::string_view& rest) {
     const auto part = rest.substr(0, rest.find('/', 1));
@@ -81,9 +81,8 @@ std::string contentTypeOf(std::string_view name) {
 
 }  // namespace
 
-ServiceRoutes::ServiceRoutes(EventStore& store, ParticipationBook& participations,
-                             const Scenario& theScenario)
-    : eventStore(store), scenario(theScenario), campaigns(participations, theScenario) {}
+ServiceRoutes::ServiceRoutes(EventStore& store, ParticipationBook& participations, const Scenario& scenario)
+    : eventStore_(store), scenario_(scenario), campaigns_(participations, scenario) {}
 
 const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
   static const std::vector<Route> routes{
@@ -126,7 +125,7 @@ Reply ServiceRoutes::answer(const httplib::Request& request) {
 }
 
 Reply ServiceRoutes::config(const Call& call) {
-  auto body = scenario.config(call.appKey);
+  auto body = scenario_.config(call.appKey);
   if (!body) return errorReply(404, "the scenario has no config.json");
   return Reply::text(200, std::move(*body));
 }
@@ -134,7 +133,7 @@ Reply ServiceRoutes::config(const Call& call) {
 Reply ServiceRoutes::receiveEvent(const Call& call) {
   const auto json = nlohmann::json::parse(call.http.body, nullptr, false);
   if (json.is_discarded()) return errorReply(400, "the body is not JSON");
-  if (const auto fault = faultOf(json)) return errorReply(400, *fault);
+  if (const auto problem = problemWith(json)) return errorReply(400, *problem);
   return store(call, {{json.get<std::map<std::string, std::string>>(), toText(json)}});
 }
 
@@ -145,8 +144,8 @@ Reply ServiceRoutes::receiveEvents(const Call& call) {
   std::vector<IncomingEvent> events;
   events.reserve(json.size());
   for (const auto& event : json) {
-    if (const auto fault = faultOf(event)) {
-      return errorReply(400, "event " + std::to_string(events.size()) + ": " + *fault);
+    if (const auto problem = problemWith(event)) {
+      return errorReply(400, "event " + std::to_string(events.size()) + ": " + *problem);
     }
     events.push_back({event.get<std::map<std::string, std::string>>(), toText(event)});
   }
@@ -154,7 +153,7 @@ Reply ServiceRoutes::receiveEvents(const Call& call) {
 }
 
 Reply ServiceRoutes::store(const Call& call, const std::vector<IncomingEvent>& events) {
-  const auto result = eventStore.add(events, {call.appKey, call.path, identityOf(call.http), now()});
+  const auto result = eventStore_.add(events, {call.appKey, call.path, identityOf(call.http), now()});
   return jsonReply(200, {{"received", result.received}, {"duplicates", result.duplicates}});
 }
 
@@ -166,41 +165,41 @@ Reply ServiceRoutes::saveToken(const Call& call) {
   const auto userId = stringAt(json, "buid");
   if (!token || token->empty()) return errorReply(400, "\"token\" is missing");
   if (!userId) return errorReply(400, "\"buid\" is missing");
-  eventStore.saveToken(call.appKey, *userId, *token, now());
+  eventStore_.saveToken(call.appKey, *userId, *token, now());
   return jsonReply(200, nlohmann::json::object());
 }
 
-Campaigns::Asker ServiceRoutes::askerOf(const Call& call) {
+Campaigns::Caller ServiceRoutes::callerOf(const Call& call) {
   return {call.appKey, call.http.get_header_value("buid"), "https://" + call.http.get_header_value("Host")};
 }
 
 Reply ServiceRoutes::listCampaigns(const Call& call) {
-  return campaigns.list(askerOf(call));
+  return campaigns_.list(callerOf(call));
 }
 
 Reply ServiceRoutes::campaign(const Call& call) {
-  return campaigns.one(askerOf(call), call.parts.at(0));
+  return campaigns_.one(callerOf(call), call.parts.at(0));
 }
 
 Reply ServiceRoutes::participate(const Call& call) {
   if (!call.http.has_header("buid")) return errorReply(400, "\"buid\" is missing");
-  return campaigns.participate(askerOf(call), call.parts.at(0), call.parts.at(1));
+  return campaigns_.participate(callerOf(call), call.parts.at(0), call.parts.at(1));
 }
 
 Reply ServiceRoutes::image(const std::string& name) const {
-  auto bytes = scenario.image(name);
+  auto bytes = scenario_.image(name);
   if (!bytes) return errorReply(404, "the scenario has no such image");
   return Reply::text(200, std::move(*bytes), contentTypeOf(name));
 }
 
 Reply ServiceRoutes::page(const std::string& name) const {
-  auto bytes = scenario.page(name);
+  auto bytes = scenario_.page(name);
   if (!bytes) return errorReply(404, "the scenario has no such page");
   return Reply::text(200, std::move(*bytes), "text/html; charset=utf-8");
 }
 
 Reply ServiceRoutes::lookup() const {
-  return Reply::text(200, scenario.lookup().value_or(R"({"resultCount":0,"results":[]})"));
+  return Reply::text(200, scenario_.lookup().value_or(R"({"resultCount":0,"results":[]})"));
 }
 
 }  // namespace orrelo::devservice

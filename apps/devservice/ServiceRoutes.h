@@ -20,16 +20,16 @@ class ServiceRoutes {
   Reply answer(const httplib::Request& request);
 
  private:
-  /// A request with its path taken apart.
+  /// A request with its parsed path.
   struct Call {
     std::string appKey;
-    /// What follows the app key, with its slash.
+    /// The path after the app key, starting with a slash.
     std::string path;
     const httplib::Request& http;
-    /// What each "*" of the route stands for.
+    /// The path parts that match the route's "*".
     std::vector<std::string> parts = {};
   };
-  /// A path takes one method; a new path is one more row. each "*" stands for one part of it.
+  /// A path and the one method that it takes. Each "*" matches one part of the path.
   struct Route {
     const char* method;
     const char* path;
@@ -41,7 +41,7 @@ class ServiceRoutes {
   Reply receiveEvent(const Call& call);
   Reply receiveEvents(const Call& call);
   Reply saveToken(const Call& call);
-  static Campaigns::Asker askerOf(const Call& call);
+  static Campaigns::Caller callerOf(const Call& call);
   Reply listCampaigns(const Call& call);
   Reply campaign(const Call& call);
   Reply participate(const Call& call);
@@ -50,9 +50,9 @@ class ServiceRoutes {
   Reply lookup() const;
   Reply store(const Call& call, const std::vector<IncomingEvent>& events);
 
-  EventStore& eventStore;
-  const Scenario& scenario;
-  Campaigns campaigns;
+  EventStore& eventStore_;
+  const Scenario& scenario_;
+  Campaigns campaigns_;
 };
 
 }  // namespace orrelo::devservice

@@ -15,7 +15,7 @@ namespace {
 using orrelo::devservice::DevService;
 using orrelo::devservice::Options;
 
-constexpr int usualPort = 9443;
+constexpr int defaultPort = 9443;
 
 constexpr std::string_view help = R"(Usage: orrelo-devservice [--port N] [--data DIR] [--scenario DIR]
 
@@ -28,7 +28,7 @@ Serves campaigns over HTTPS on this machine, and shows what arrives on a page at
   --help          this text
 )";
 
-std::filesystem::path usualDataDirectory() {
+std::filesystem::path defaultDataDirectory() {
   if (const char* data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data == '/') {
     return std::filesystem::path(data) / "orrelo-devservice";
   }
@@ -46,9 +46,9 @@ std::optional<int> toPort(std::string_view text) {
   return port;
 }
 
-/// The options, or the code to leave with.
+/// The options, or the exit code if there is nothing to run.
 std::variant<Options, int> parse(int argc, char** argv) {
-  Options options{.dataDirectory = usualDataDirectory(), .scenarioDirectory = {}, .port = usualPort};
+  Options options{.dataDirectory = defaultDataDirectory(), .scenarioDirectory = {}, .port = defaultPort};
   for (int i = 1; i < argc; ++i) {
     const std::string_view name = argv[i];
     if (name == "--help") {
@@ -76,7 +76,7 @@ std::variant<Options, int> parse(int argc, char** argv) {
 }
 
 void run(const Options& options) {
-  // Blocked before the service's threads start, so that only this one takes them.
+  // The service's threads inherit this mask, so that only this thread receives the signals.
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, SIGINT);

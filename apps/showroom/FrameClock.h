@@ -5,8 +5,8 @@
 
 namespace orrelo::showroom {
 
-/// The time of all animations of the process, for as long as it lives. It stands still between two frames, so
-/// that what is looked at after a frame shows the same phase in every run.
+/// Drives all animations of the process during its lifetime. Their time stands still between two frames, so
+/// that a picture taken after a frame shows the same phase in every run.
 class FrameClock final : public QAnimationDriver {
   Q_OBJECT
 
@@ -14,14 +14,14 @@ class FrameClock final : public QAnimationDriver {
   FrameClock();
   ~FrameClock() override;
 
-  /// Runs the event loop for the length of a frame, then lets the animations go on by as much.
+  /// Runs the event loop for the duration of a frame, then advances the animations by as much.
   void next();
-  /// Milliseconds.
+  /// In milliseconds.
   qint64 elapsed() const override { return elapsed_; }
 
  private:
   qint64 elapsed_ = 0;
-  /// Keeps the driver in use: while only pauses run, Qt would time them by a clock of its own.
+  /// Keeps the driver in use: Qt would time pauses by its own clock if nothing else ran.
   QVariantAnimation endless_;
 };
 

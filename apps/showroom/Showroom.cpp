@@ -11,7 +11,7 @@ namespace {
 
 using Moment = std::chrono::system_clock::time_point;
 
-// The wall clock stands still at one moment; timers run on.
+// Fixes the wall clock at one moment. The steady clock, which timers use, runs on.
 class StoppedClock final : public Clock {
  public:
   StoppedClock(Moment now, std::shared_ptr<Clock> running)
@@ -28,7 +28,7 @@ class StoppedClock final : public Clock {
 
 }  // namespace
 
-// Where the kit hands over to the host.
+// Grants the consent that the marketing campaign's button asks the host for.
 class Showroom::Consent final : public ORLOptInMarketingCampaignDelegate {
  public:
   explicit Consent(Showroom& showroom) : showroom_(showroom) {}

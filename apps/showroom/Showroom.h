@@ -14,28 +14,28 @@
 
 namespace orrelo::showroom {
 
-/// What the showroom's page can do: a shop's application that has the kit, with a campaign service of its
+/// The functions of the showroom's QML page: a shop's application with the kit and a campaign service of its
 /// own.
 class Showroom final : public QObject {
   Q_OBJECT
   Q_PROPERTY(QString user READ user NOTIFY userChanged)
   Q_PROPERTY(QString serviceUrl READ serviceUrl CONSTANT)
   Q_PROPERTY(int eventCount READ eventCount NOTIFY eventCountChanged)
-  /// The user has followed the marketing campaign, and agreed at once, as it goes in a showroom.
+  /// True once the user has pressed the marketing campaign's button: the showroom grants consent at once.
   Q_PROPERTY(bool hasConsent READ hasConsent NOTIFY hasConsentChanged)
 
  public:
-  /// `folder` keeps what the kit and the service store. Starts both. With `now` both live at that moment, and
-  /// the page does not tell the service's address, so that it looks the same in every run.
+  /// Starts the kit and the service, which keep their data in `folder`. `now` fixes the time of both and
+  /// hides the service's address, so that the page looks the same in every run.
   explicit Showroom(const std::filesystem::path& folder,
                     std::optional<std::chrono::system_clock::time_point> now = {});
 
   devservice::DevService& service() { return service_; }
   void setWindow(QQuickWindow* window) { window_ = window; }
 
-  /// Empty where nobody is signed in.
+  /// Empty if nobody is signed in.
   QString user() const { return user_; }
-  /// Empty where the page does not tell it.
+  /// Empty if the page must not show it.
   QString serviceUrl() const { return serviceUrl_; }
   int eventCount() const { return eventCount_; }
   bool hasConsent() const { return hasConsent_; }
@@ -43,11 +43,11 @@ class Showroom final : public QObject {
   Q_INVOKABLE void signIn(const QString& user);
   Q_INVOKABLE void signOut();
   Q_INVOKABLE void buy();
-  /// Pushed onto the window's stack.
+  /// Pushes the campaign onto the window's stack.
   Q_INVOKABLE void openCampaign(const QString& id);
-  /// By the id of a page, over whatever the user has before them.
+  /// Opens the page with this id over the current screen.
   Q_INVOKABLE void openPage(const QString& id);
-  /// Presented over the window.
+  /// Presents the attendance campaign over the window.
   Q_INVOKABLE void presentAttendance();
 
  Q_SIGNALS:

@@ -17,9 +17,9 @@ namespace {
 
 using devservice::Fault;
 
-constexpr int patience = 15'000;
-// Frames to wait before a picture is taken: longer than any animation of the screens.
-constexpr int stillness = 44;
+constexpr int timeoutMilliseconds = 15'000;
+// The number of frames to wait before taking a picture, which exceeds every animation of the screens.
+constexpr int settleFrames = 44;
 
 const QString checkInButton = QStringLiteral("오늘 출석하기");
 const QString guide = QStringLiteral("출석체크 안내");
@@ -67,7 +67,7 @@ void Tour::play() {
   writePage();
 }
 
-double Tour::share(const QImage& picture, const QColor& color) {
+double Tour::colorShare(const QImage& picture, const QColor& color) {
   int count = 0;
   for (int y = 0; y < picture.height(); ++y) {
     for (int x = 0; x < picture.width(); ++x) {
@@ -99,7 +99,7 @@ void Tour::attendance() {
   await(checkInButton);
   const auto before =
       picture(QStringLiteral("The attendance campaign before the check-in, on the host's own stack"));
-  require(share(before, QColor(0x5B, 0x50, 0xE8)) > 0.02,
+  require(colorShare(before, QColor(0x5B, 0x50, 0xE8)) > 0.02,
           QStringLiteral("the campaign's colour is not there"));
   click(guide);
   await(tooltip);
@@ -201,7 +201,7 @@ void Tour::await(const std::function<bool()>& holds, const QString& what) {
   QElapsedTimer timer;
   timer.start();
   while (!holds()) {
-    require(timer.elapsed() < patience, what);
+    require(timer.elapsed() < timeoutMilliseconds, what);
     frames_.next();
   }
 }
@@ -218,15 +218,15 @@ void Tour::send(QEvent::Type type, const QPointF& point, Qt::MouseButtons button
   const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
   QMouseEvent event(type, point, point, window_.mapToGlobal(point), button, buttons, Qt::NoModifier);
   constexpr quint64 milliseconds = 20;
-  event.setTimestamp(inputTime_ += milliseconds);  // a page tells a rub from a flick by it
+  event.setTimestamp(inputTime_ += milliseconds);  // the screens tell a drag from a flick by it
   QCoreApplication::sendEvent(&window_, &event);
 }
 
 void Tour::click(const QString& name) {
-  rub(name, {{0.5, 0.5}});
+  drag(name, {{0.5, 0.5}});
 }
 
-void Tour::rub(const QString& name, const QList<QPointF>& path) {
+void Tour::drag(const QString& name, const QList<QPointF>& path) {
   constexpr double step = 4.0;
   const auto* const item = awaitStill(name);
   QList<QPointF> points;
@@ -257,7 +257,7 @@ void Tour::close() {
 }
 
 QImage Tour::picture(const QString& caption) {
-  for (int frame = 0; frame < stillness; ++frame) frames_.next();
+  for (int frame = 0; frame < settleFrames; ++frame) frames_.next();
   return snapshot(caption);
 }
 

@@ -15,16 +15,16 @@
 
 namespace orrelo::showroom {
 
-/// Plays what a user would do, with a line and a picture a step. Whatever a step must show is read from the
-/// screen itself, by the names that assistive technology reads, and from the picture. Two tours of one build
-/// leave equal pictures: animations go by the frame, and the showroom must have been made for `moment`.
+/// Plays a user's session and writes a line and a picture for each step. Checks each step on the screen
+/// itself, by the names that assistive technology reads, and in the picture. Two tours of one build leave
+/// equal pictures: animations advance frame by frame, and the showroom must have been created with `moment`.
 class Tour {
  public:
   /// Noon in Seoul.
   static constexpr std::chrono::system_clock::time_point moment =
       std::chrono::sys_days(std::chrono::May / 20 / 2026) + std::chrono::hours(3);
 
-  /// Pictures and the page that shows them go to `folder`, which is made.
+  /// Writes the pictures and a page that shows them to `folder`, which is created.
   Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folder);
 
   /// Throws std::runtime_error at the first step that does not show what it must.
@@ -42,32 +42,33 @@ class Tour {
   void failures();
   void sizes();
 
-  // Of the games.
+  // Parts of `games`.
   void roulette();
   void scratchLottery();
   void lockedLottery();
   void emptyPage();
   void gamesInSizes();
 
-  /// Runs the event loop until the screen holds this name.
+  /// Runs the event loop until the screen shows an item with this name. Throws std::runtime_error on timeout,
+  /// as do the other waits.
   void await(const QString& name);
-  /// The item with this name, once it has come and stands still.
+  /// Waits until the item with this name is there and has stopped moving, and returns it.
   QQuickItem* awaitStill(const QString& name);
   void awaitGone(const QString& name);
   void await(const std::function<bool()>& holds, const QString& what);
-  /// How much of the picture is of about this colour.
-  static double share(const QImage& picture, const QColor& color);
+  /// The share of the picture's pixels that have about this colour.
+  static double colorShare(const QImage& picture, const QColor& color);
   static void require(bool holds, const QString& what);
   QQuickItem* find(const QString& name) const;
   void send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons);
   void click(const QString& name);
-  /// Rubs in one go from point to point of the item with this name, each a share of its width and height.
-  void rub(const QString& name, const QList<QPointF>& path);
+  /// Drags without a pause through points of the item with this name, each a share of its width and height.
+  void drag(const QString& name, const QList<QPointF>& path);
   void press(Qt::Key key);
   void close();
-  /// Once nothing moves.
+  /// Takes a picture once all animations have ended.
   QImage picture(const QString& caption);
-  /// At once, of whatever moves.
+  /// Takes a picture at once, also during animations.
   QImage snapshot(const QString& caption);
   void writePage() const;
 

@@ -19,11 +19,11 @@ const QString blockedCard = QStringLiteral("스크래치 복권");
 const QString unlock = QStringLiteral("알림 켜기");
 const QString confirm = QStringLiteral("확인");
 
-// How far what is in the item has turned, in degrees.
-double turnOf(const QQuickItem* item) {
-  double turn = item->rotation();
-  for (const auto* child : item->childItems()) turn = std::max(turn, turnOf(child));
-  return turn;
+// The largest rotation of the item and those inside it, in degrees.
+double rotationOf(const QQuickItem* item) {
+  double rotation = item->rotation();
+  for (const auto* child : item->childItems()) rotation = std::max(rotation, rotationOf(child));
+  return rotation;
 }
 
 }  // namespace
@@ -52,7 +52,7 @@ void Tour::roulette() {
   await(spin);
   click(spin);
   constexpr double threeTurns = 3 * 360.0;
-  await([&] { return find(wheel) != nullptr && turnOf(find(wheel)) > threeTurns; },
+  await([&] { return find(wheel) != nullptr && rotationOf(find(wheel)) > threeTurns; },
         QStringLiteral("the wheel does not turn"));
   snapshot(QStringLiteral("It spins to where the service has said"));
   require(service.requestCount("/roulette/stop") == 0, QStringLiteral("the spin ended before its time"));
@@ -86,10 +86,10 @@ void Tour::scratchLottery() {
   click(open);
   await(card);
   picture(QStringLiteral("A card to scratch"));
-  rub(card, {{0.12, 0.5}, {0.34, 0.5}});
+  drag(card, {{0.12, 0.5}, {0.34, 0.5}});
   picture(QStringLiteral("A part of it is rubbed off"));
   require(service.requestCount("/scratch/scratched") == 0, QStringLiteral("the card was done too early"));
-  rub(card, {{0.1, 0.3}, {0.9, 0.3}});
+  drag(card, {{0.1, 0.3}, {0.9, 0.3}});
   await(QStringLiteral("당첨!"));
   picture(QStringLiteral("Enough is gone: the result, and a reward"));
   click(confirm);
@@ -103,7 +103,7 @@ void Tour::lockedLottery() {
   click(QStringLiteral("비밀 복권 열기"));
   await(blockedCard);
   picture(QStringLiteral("A card that this user may not scratch yet"));
-  rub(blockedCard, {{0.2, 0.5}, {0.26, 0.5}});
+  drag(blockedCard, {{0.2, 0.5}, {0.26, 0.5}});
   await(QStringLiteral("알림을 켜면 긁을 수 있어요"));
   snapshot(QStringLiteral("Rubbed, it stays whole, and the service says why"));
   awaitGone(QStringLiteral("알림을 켜면 긁을 수 있어요"));

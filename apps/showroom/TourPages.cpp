@@ -30,7 +30,7 @@ void Tour::webPage() {
   click(QStringLiteral("축제 안내 보기"));
   await(QStringLiteral("축제가 시작되면 참여할 수 있어요"));
 #ifdef SHOWROOM_HAS_WEB
-  await([&] { return share(window_.grabWindow(), QColor(0xC2, 0x41, 0x0C)) > 0.02; },
+  await([&] { return colorShare(window_.grabWindow(), QColor(0xC2, 0x41, 0x0C)) > 0.02; },
         QStringLiteral("the web page was not painted"));
   picture(QStringLiteral("A web page within a page of the kit's"));
 #else

@@ -1,4 +1,4 @@
-// Campaigns' screens: from the service's bytes to the picture, and what screens leave behind.
+// Campaign screens: the time from the service's bytes to the first frame, and the memory that stays in use.
 #include "ModularPage.h"
 #include "campaign/attendance/AttendanceCampaignView.h"
 #include "modular/ModularCampaignView.h"
@@ -31,7 +31,7 @@ std::string picture(int width, int height) {
   return file.data().toStdString();
 }
 
-// As large as a service sends them.
+// The pictures are as large as those that a service sends.
 Stage& stage() {
   static auto& stage = [&]() -> Stage& {
     auto& answers = Stage::shared().service().answers;

@@ -29,7 +29,7 @@ Stage::Stage() {
 double Stage::open(const std::string& id) {
   const auto start = std::chrono::steady_clock::now();
   Orrelo::showCampaign(id, host());
-  return untilFrameWithOtherThan(nullptr, start);
+  return waitForNewContent(nullptr, start);
 }
 
 void Stage::close() {
@@ -47,9 +47,8 @@ std::shared_ptr<CampaignViewController> Stage::screen() const {
   return std::dynamic_pointer_cast<CampaignViewController>(host()->presentedViewController());
 }
 
-// Until a frame was painted after the screen's content became another.
-double Stage::untilFrameWithOtherThan(const std::shared_ptr<View>& content,
-                                      std::chrono::steady_clock::time_point start) {
+double Stage::waitForNewContent(const std::shared_ptr<View>& content,
+                                std::chrono::steady_clock::time_point start) {
   std::optional<std::size_t> framesBefore;
   const auto subscription = screen()->stateChanges().subscribe([&](reactive::Unit) {
     if (!framesBefore && screen()->state().content != content) framesBefore = frames_;

@@ -22,36 +22,36 @@ namespace orrelo::bench {
 /// The size of every window here, so that figures are comparable.
 constexpr auto windowSize = "width: 390; height: 844";
 
-/// Runs the event loop, and rests with it, until `holds`.
+/// Runs the event loop, which sleeps between events, until `holds` returns true. Aborts after 10 seconds.
 template <class Holds>
 void runUntil(const Holds& holds) {
   QDeadlineTimer deadline(10'000);
-  QTimer wake;  // for what happens on other threads
+  QTimer wake;  // so that changes by other threads are noticed
   wake.start(20);
   while (!holds()) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // else only a running loop does it
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // processEvents leaves these out
     if (deadline.hasExpired()) std::abort();
   }
 }
 
-/// A host's window over the kit, whose service is in this process.
+/// A host's window and the kit, with a service in this process.
 class Stage {
  public:
-  /// The one of the process.
+  /// The only instance, which is never destroyed.
   static Stage& shared();
 
-  /// Milliseconds from the call to the first frame with the page on it.
+  /// Opens a campaign. Returns the milliseconds from the call to the first frame with its page.
   double open(const std::string& id);
-  /// Milliseconds from `act` to the first frame with the page that comes of it.
+  /// Calls `act`, which replaces the page. Returns the milliseconds to the first frame with the new page.
   template <class Act>
   double change(const Act& act) {
     const auto before = content();
     const auto start = std::chrono::steady_clock::now();
     act();
-    return untilFrameWithOtherThan(before, start);
+    return waitForNewContent(before, start);
   }
-  /// Until the screen is gone, and with the next frame what it has drawn with.
+  /// Closes the screen. Waits until it is destroyed and the next frame has freed its graphics resources.
   void close();
 
   /// The page of the screen that is open.
@@ -63,8 +63,8 @@ class Stage {
   Stage();
   std::shared_ptr<ViewController> host() const;
   std::shared_ptr<CampaignViewController> screen() const;
-  double untilFrameWithOtherThan(const std::shared_ptr<View>& content,
-                                 std::chrono::steady_clock::time_point start);
+  /// Waits for the first frame with content other than `content`. Returns the milliseconds since `start`.
+  double waitForNewContent(const std::shared_ptr<View>& content, std::chrono::steady_clock::time_point start);
 
   test::TemporaryFolder folder_;
   std::shared_ptr<test::Service> service_;

@@ -1,4 +1,4 @@
-// A wheel of fortune that spins on its page, against a plain picture of its size that turns alone.
+// Compares a wheel of fortune that spins on its page with a plain picture of its size that turns alone.
 #include "ModularPage.h"
 #include "screens/ScreenBenches.h"
 #include "screens/Stage.h"
@@ -17,14 +17,14 @@
 namespace orrelo::bench {
 namespace {
 
-// Of the whole process.
+// The processor time of the whole process.
 double cpuSeconds() {
   timespec time{};
   clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-/// What the process spends on each frame of a window, in seconds of the processor.
+/// Records the processor time that the process spends on each frame of a window, in seconds.
 class FrameTimes {
  public:
   explicit FrameTimes(QQuickWindow& window)
@@ -44,9 +44,9 @@ class FrameTimes {
   const QMetaObject::Connection counting_;
 };
 
-// The part that turns, once it is there.
+// Finds the item that turns; null if there is none yet.
 QQuickItem* wheelIn(const QQuickItem& item) {
-  constexpr int wheelPart = 0;  // RoulettePart::Wheel, which the front does not export
+  constexpr int wheelPart = 0;  // RoulettePart::Wheel, which is not exported
   for (auto* const child : item.childItems()) {
     if (child->inherits("orrelo::quick::RoulettePart") && child->property("part").toInt() == wheelPart)
       return child;
@@ -72,7 +72,7 @@ Spin spinWheel() {
   const auto spinsBefore = stage.service().timesAsked("/done");
   QQuickItem* wheel = nullptr;
   std::optional<QSignalSpy> paints;
-  const auto looking = QObject::connect(&stage.window(), &QQuickWindow::beforeSynchronizing, [&] {
+  const auto search = QObject::connect(&stage.window(), &QQuickWindow::beforeSynchronizing, [&] {
     if (wheel == nullptr) wheel = wheelIn(*stage.window().contentItem());
     if (wheel != nullptr && !paints) paints.emplace(wheel, SIGNAL(painted()));
   });
@@ -80,13 +80,13 @@ Spin spinWheel() {
   runUntil([&] { return wheel != nullptr && wheel->rotation() != 0.0; });
   FrameTimes times(stage.window());
   runUntil([&] { return stage.service().timesAsked("/done") > spinsBefore; });
-  QObject::disconnect(looking);
+  QObject::disconnect(search);
   const auto count = static_cast<double>(paints->count());
   stage.close();
   return {times.median(), count};
 }
 
-// A picture with clear corners, as a wheel has them.
+// The data URL of a picture with transparent corners, like a wheel's.
 QByteArray pictureUrl(int side) {
   QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
   picture.fill(Qt::transparent);
@@ -120,8 +120,8 @@ double spinPicture() {
   return times.median();
 }
 
-// Both in one process, one after the other; scripts/bench repeats the pair and takes the median of the
-// ratios.
+// Measures both in one process, one after the other. scripts/bench repeats the pair and takes the median of
+// the ratios.
 std::vector<double> measure() {
   const auto wheel = spinWheel();
   return {wheel.paints, wheel.frameTime / spinPicture()};

@@ -1,4 +1,4 @@
-// The screens' targets, in Qt's software renderer without a display.
+// Measures the screens' targets in Qt's software renderer, without a display.
 #include "Targets.h"
 #include "screens/ScreenBenches.h"
 

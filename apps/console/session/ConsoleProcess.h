@@ -7,8 +7,7 @@
 
 namespace orrelo::console {
 
-/// The console as a process of its own, with its input and output in hand. Whatever goes wrong throws
-/// std::runtime_error.
+/// Runs the console as a child process with piped input and output. Failures throw std::runtime_error.
 class ConsoleProcess {
  public:
   explicit ConsoleProcess(const std::vector<std::string>& options);
@@ -17,11 +16,11 @@ class ConsoleProcess {
   ConsoleProcess(const ConsoleProcess&) = delete;
   ConsoleProcess& operator=(const ConsoleProcess&) = delete;
 
-  /// Sends one command and gives the lines that it answers with, without the closing "ok".
+  /// Sends one command and returns the lines of its answer, without the closing "ok".
   std::vector<std::string> command(const std::string& line);
-  /// SIGKILL; returns when the process is gone.
+  /// Sends SIGKILL and returns once the process is gone.
   void kill();
-  /// Asks it to end, and returns its exit status.
+  /// Sends the command to quit and returns the exit status, or -1 if a signal ended the process.
   int quit();
 
  private:

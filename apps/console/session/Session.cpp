@@ -14,10 +14,11 @@ namespace {
 using devservice::ReceivedEvent;
 using std::chrono::seconds;
 
-// An idle tick comes every 10 seconds and sends one event.
+// The kit sends one stored event every 10 seconds while nothing else happens.
 constexpr seconds deliveryTimeout{60};
 
-// Every event of the session; all of them name minji, the first profile as a value of its own.
+// All events of the session. Each names minji as its "user_id"; the first profile event has it among its own
+// values.
 const std::multiset<std::string> expectedEvents{
     "ol_set_user_profile",
     "ol_set_user_profile",
@@ -75,7 +76,7 @@ void Session::online() {
 }
 
 void Session::offline() {
-  waitForStored(0);  // delivered, and known to be
+  waitForStored(0);  // delivered and acknowledged
   service_.stop();
   console_->command("send searched words=[\"blue\", \"shoes\"] results=12");
   console_->command("send added_to_cart item=\"blue shoes\" price=39.9 new=true");
@@ -88,7 +89,7 @@ void Session::offline() {
 }
 
 std::vector<std::string> Session::waitForStored(std::size_t count) {
-  // The console answers from the files, and a commit may be a moment behind the command that led to it.
+  // The console reads the files, and a commit may follow its command with a delay.
   const auto deadline = std::chrono::steady_clock::now() + deliveryTimeout;
   while (true) {
     auto lines = console_->command("stored");

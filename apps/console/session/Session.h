@@ -12,9 +12,8 @@
 
 namespace orrelo::console {
 
-/// A user's day, played step by step: events while the service answers, events while it does not, the death
-/// of the application, and what arrives in the end. A step that does not end as it must throws
-/// std::runtime_error.
+/// A scripted session: events while the service answers, events while it does not, an application that is
+/// killed and restarted, and a check of the events that arrived. A step that fails throws std::runtime_error.
 class Session {
  public:
   explicit Session(const std::filesystem::path& folder);
@@ -29,14 +28,14 @@ class Session {
   void accounted();
 
   std::unique_ptr<ConsoleProcess> launch() const;
-  /// The lines of the stored events once there are so many.
+  /// Waits until the stores hold `count` events and returns the line of each.
   std::vector<std::string> waitForStored(std::size_t count);
   void step(const std::string& what);
 
   std::filesystem::path folder_;
   devservice::DevService service_;
   std::unique_ptr<ConsoleProcess> console_;
-  /// The ids that the store had when the console was killed.
+  /// The ids of the events that were stored when the console was killed.
   std::set<std::string> storedIds_;
   int steps_ = 0;
 };

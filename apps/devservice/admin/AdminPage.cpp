@@ -9,7 +9,7 @@ namespace orrelo::devservice {
 
 namespace {
 
-/// The hash of what stands between these tags, as a policy names it.
+/// The hash of the text between two tags, as a source of a content security policy.
 std::string hashOf(std::string_view page, std::string_view openingTag, std::string_view closingTag) {
   const auto start = page.find(openingTag) + openingTag.size();
   const auto content = page.substr(start, page.find(closingTag, start) - start);

@@ -4,7 +4,7 @@
 
 namespace orrelo::devservice {
 
-/// The admin page, as embedded at build time from the files in `admin/`.
+/// The admin page, embedded at build time from the files in `admin/`.
 class AdminPage {
  public:
   static std::string html();
@@ -12,7 +12,7 @@ class AdminPage {
   static const std::string& contentSecurityPolicy();
 };
 
-/// Defined in the generated file.
+/// Defined in the source that EmbedAdminPage.cmake generates.
 extern const char* const embeddedAdminPage;
 
 }  // namespace orrelo::devservice

@@ -17,7 +17,7 @@ namespace {
 
 using nlohmann::json;
 
-constexpr int eventsOfAPage = 500;
+constexpr int eventsPerPage = 500;
 constexpr int listedUsers = 200;
 constexpr std::string_view faultsPath = "/admin/faults";
 
@@ -88,8 +88,8 @@ Reply pageReply() {
   return reply;
 }
 
-/// Another site's page, open in the same browser, must not order faults here.
-bool isFromElsewhere(const httplib::Request& request) {
+/// Pages of other sites in the same browser must not change faults here.
+bool isCrossOrigin(const httplib::Request& request) {
   return request.has_header("Origin") &&
          request.get_header_value("Origin") != "https://" + request.get_header_value("Host");
 }
@@ -100,9 +100,9 @@ Reply wrongMethod() {
 
 }  // namespace
 
-AdminRoutes::AdminRoutes(const EventStore& theStore, const Scenario& theScenario,
-                         const RequestLog& theRequests, FaultBook& theFaults)
-    : store(theStore), scenario(theScenario), requests(theRequests), faults(theFaults) {}
+AdminRoutes::AdminRoutes(const EventStore& store, const Scenario& scenario, const RequestLog& requests,
+                         FaultBook& faults)
+    : store_(store), scenario_(scenario), requests_(requests), faults_(faults) {}
 
 bool AdminRoutes::isAdmin(const httplib::Request& request) {
   return request.path == "/" || request.path == "/favicon.ico" || request.path.starts_with("/admin/");
@@ -111,14 +111,14 @@ bool AdminRoutes::isAdmin(const httplib::Request& request) {
 Reply AdminRoutes::answer(const httplib::Request& request) {
   const std::string_view path = request.path;
   const auto& method = request.method;
-  if (isFromElsewhere(request)) return errorReply(403, "only this service's own page may ask this");
+  if (isCrossOrigin(request)) return errorReply(403, "only this service's own page may ask this");
   if (path == "/") return method == "GET" ? pageReply() : wrongMethod();
   if (path == "/admin/state") return method == "GET" ? state(request) : wrongMethod();
   if (path == faultsPath) {
     if (method == "GET") return listFaults();
     if (method == "POST") return orderFault(request.body);
     if (method != "DELETE") return wrongMethod();
-    faults.clear();
+    faults_.clear();
     return jsonReply(200, json::object());
   }
   if (path.starts_with(std::string(faultsPath) + "/")) {
@@ -132,31 +132,31 @@ Reply AdminRoutes::state(const httplib::Request& request) const {
   if (request.has_param("after")) {
     const auto after = toNumber(request.get_param_value("after"));
     if (!after) return errorReply(400, "\"after\" must be a number");
-    page = store.changesAfter(static_cast<std::int64_t>(*after), eventsOfAPage);
+    page = store_.changesAfter(static_cast<std::int64_t>(*after), eventsPerPage);
   } else {
-    page = store.lastChanges(eventsOfAPage);
+    page = store_.lastChanges(eventsPerPage);
   }
   auto events = json::array();
   for (const auto& event : page.events) events.push_back(eventJson(event));
-  const auto counts = store.counts();
+  const auto counts = store_.counts();
   const auto lastOnPage = page.events.empty() ? page.revision : page.events.back().revision;
-  return jsonReply(200, {{"scenario", scenario.directory().string()},
+  return jsonReply(200, {{"scenario", scenario_.directory().string()},
                          {"counts",
                           {{"events", counts.events},
                            {"deliveries", counts.deliveries},
                            {"users", counts.users},
                            {"tokens", counts.tokens},
-                           {"requests", requests.count("")}}},
+                           {"requests", requests_.count("")}}},
                          {"next", lastOnPage},
                          {"more", lastOnPage < page.revision},
                          {"events", std::move(events)},
-                         {"users", usersJson(store)},
-                         {"tokens", tokensJson(store)},
-                         {"faults", faultsJson(faults)}});
+                         {"users", usersJson(store_)},
+                         {"tokens", tokensJson(store_)},
+                         {"faults", faultsJson(faults_)}});
 }
 
 Reply AdminRoutes::listFaults() const {
-  return jsonReply(200, {{"faults", faultsJson(faults)}});
+  return jsonReply(200, {{"faults", faultsJson(faults_)}});
 }
 
 Reply AdminRoutes::orderFault(const std::string& body) {
@@ -164,12 +164,12 @@ Reply AdminRoutes::orderFault(const std::string& body) {
   if (parsed.is_discarded()) return errorReply(400, "the body is not JSON");
   auto fault = faultFromJson(parsed);
   if (const auto* problem = std::get_if<std::string>(&fault)) return errorReply(400, *problem);
-  return jsonReply(201, {{"id", faults.order(std::move(std::get<Fault>(fault)))}});
+  return jsonReply(201, {{"id", faults_.order(std::move(std::get<Fault>(fault)))}});
 }
 
 Reply AdminRoutes::clearFault(const std::string& id) {
   const auto number = toNumber(id);
-  if (!number || !faults.clear(*number)) return errorReply(404, "no such fault");
+  if (!number || !faults_.clear(*number)) return errorReply(404, "no such fault");
   return jsonReply(200, json::object());
 }
 

@@ -11,7 +11,7 @@
 
 namespace orrelo::devservice {
 
-/// The page at "/" and what stands behind it below "/admin/".
+/// Answers the admin page at "/" and its API below "/admin/".
 class AdminRoutes {
  public:
   AdminRoutes(const EventStore& store, const Scenario& scenario, const RequestLog& requests,
@@ -26,10 +26,10 @@ class AdminRoutes {
   Reply orderFault(const std::string& body);
   Reply clearFault(const std::string& id);
 
-  const EventStore& store;
-  const Scenario& scenario;
-  const RequestLog& requests;
-  FaultBook& faults;
+  const EventStore& store_;
+  const Scenario& scenario_;
+  const RequestLog& requests_;
+  FaultBook& faults_;
 };
 
 }  // namespace orrelo::devservice

@@ -1,4 +1,4 @@
-# Puts the admin page's three files together into one C++ source.
+# Embeds the admin page's three files in one C++ source.
 #   cmake -D DIRECTORY=<folder of page.html> -D OUTPUT=<file> -P EmbedAdminPage.cmake
 
 file(READ "${DIRECTORY}/page.html" page)

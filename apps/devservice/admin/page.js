@@ -8,7 +8,7 @@ const filter = {text: '', path: '', duplicates: false};
 let after = null;
 let loaded = false;
 
-// Everything that came in over the wire gets into the page as text, never as markup.
+// Received data enters the page as text, never as markup.
 function element(tag, className, text) {
   const made = document.createElement(tag);
   if (className) made.className = className;
@@ -267,7 +267,7 @@ function startOver() {
 }
 
 function take(state) {
-  // Another data folder behind the same address, or more new events than a page holds.
+  // The service has another data folder now, or more new events than one reply holds.
   const restarted = after !== null && (state.next < after || state.more);
   if (restarted) { startOver(); return false; }
   const fresh = loaded && after !== null;

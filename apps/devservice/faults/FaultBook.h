@@ -14,7 +14,7 @@
 
 namespace orrelo::devservice {
 
-/// The faults ordered, and the requests that wait because of them. Thread-safe.
+/// The list of faults, and the requests that they hold. Thread-safe.
 class FaultBook {
  public:
   /// A fault taken for one request.
@@ -26,25 +26,26 @@ class FaultBook {
   bool clear(std::uint64_t id);
   std::vector<OrderedFault> list() const;
 
-  /// The fault that this request meets, counted as applied; null if there is none.
+  /// Takes the fault that applies to this request and counts it as applied; null if there is none. The ticket
+  /// must be passed to `hold` once.
   Ticket take(const std::string& method, const std::string& path);
-  /// Holds the calling thread for the fault's delay, or for a hang without end, unless the fault is cleared,
-  /// the book is closed or the client has left.
+  /// Blocks the calling thread for the fault's delay (for `hang`, without a limit) unless the fault is
+  /// cleared, the book is closed or the client has left.
   Outcome hold(const Ticket& ticket, const std::function<bool()>& clientLeft);
 
-  /// Releases everyone who waits, and lets nobody wait until `open`.
+  /// Releases all blocked threads. `hold` does not block again until `open`.
   void close();
   void open();
 
  private:
   std::optional<Outcome> outcome(const Ticket& ticket, std::chrono::steady_clock::time_point deadline) const;
-  void forgetUsedUp(const Ticket& ticket);
+  void removeIfUsedUp(const Ticket& ticket);
 
-  mutable std::mutex mutex;
-  std::condition_variable changed;
-  std::list<Ticket> entries;
-  std::uint64_t lastId = 0;
-  bool closed = false;
+  mutable std::mutex mutex_;
+  std::condition_variable changed_;
+  std::list<Ticket> entries_;
+  std::uint64_t lastId_ = 0;
+  bool closed_ = false;
 };
 
 }  // namespace orrelo::devservice

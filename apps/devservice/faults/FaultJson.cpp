@@ -15,8 +15,8 @@ namespace {
 using nlohmann::json;
 using Kind = Fault::Kind;
 
-constexpr std::size_t largestBody = std::size_t{256} * 1024 * 1024;
-constexpr std::int64_t longestDelay = 3'600'000;
+constexpr std::size_t maxBodySize = std::size_t{256} * 1024 * 1024;
+constexpr std::int64_t maxDelay = 3'600'000;  // an hour, in milliseconds
 
 constexpr std::array<std::pair<Kind, const char*>, 7> kindNames{{{Kind::delay, "delay"},
                                                                  {Kind::status, "status"},
@@ -29,22 +29,22 @@ constexpr std::array<std::pair<Kind, const char*>, 7> kindNames{{{Kind::delay, "
 constexpr std::array knownKeys{"kind", "method",     "path",   "count",       "delay",    "status",
                                "body", "bodyBase64", "repeat", "contentType", "location", "carryOut"};
 
-/// Carries the message for whoever ordered the fault; does not leave this file.
-struct Refusal : std::runtime_error {
+/// The message for the client that sent the fault. Never thrown out of this file.
+struct InvalidFault : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-std::string textAt(const json& object, const char* key, std::string otherwise = {}) {
+std::string textAt(const json& object, const char* key, std::string fallback = {}) {
   const auto found = object.find(key);
-  if (found == object.end()) return otherwise;
-  if (!found->is_string()) throw Refusal("\"" + std::string(key) + "\" must be a string");
+  if (found == object.end()) return fallback;
+  if (!found->is_string()) throw InvalidFault("\"" + std::string(key) + "\" must be a string");
   return found->get<std::string>();
 }
 
-std::string headerTextAt(const json& object, const char* key, std::string otherwise = {}) {
-  auto text = textAt(object, key, std::move(otherwise));
+std::string headerTextAt(const json& object, const char* key, std::string fallback = {}) {
+  auto text = textAt(object, key, std::move(fallback));
   const bool plain = std::ranges::all_of(text, [](unsigned char c) { return c >= 0x20 && c != 0x7f; });
-  if (!plain) throw Refusal("\"" + std::string(key) + "\" must fit in a header");
+  if (!plain) throw InvalidFault("\"" + std::string(key) + "\" must fit in a header");
   return text;
 }
 
@@ -57,8 +57,8 @@ std::optional<std::int64_t> integerAt(const json& object, const char* key, std::
     const auto value = found->get<std::int64_t>();
     if (value >= least && value <= most) return value;
   }
-  throw Refusal("\"" + std::string(key) + "\" must be a whole number from " + std::to_string(least) + " to " +
-                std::to_string(most));
+  throw InvalidFault("\"" + std::string(key) + "\" must be a whole number from " + std::to_string(least) +
+                     " to " + std::to_string(most));
 }
 
 std::string decodeBase64(const std::string& text) {
@@ -66,7 +66,7 @@ std::string decodeBase64(const std::string& text) {
   const int length =
       EVP_DecodeBlock(reinterpret_cast<unsigned char*>(bytes.data()),
                       reinterpret_cast<const unsigned char*>(text.data()), static_cast<int>(text.size()));
-  if (length < 0 || text.size() % 4 != 0) throw Refusal("\"bodyBase64\" is not base64");
+  if (length < 0 || text.size() % 4 != 0) throw InvalidFault("\"bodyBase64\" is not base64");
   const auto padding = text.ends_with("==") ? 2U : text.ends_with('=') ? 1U : 0U;
   bytes.resize(static_cast<std::size_t>(length) - padding);
   return bytes;
@@ -74,13 +74,13 @@ std::string decodeBase64(const std::string& text) {
 
 std::string bodyOf(const json& object) {
   if (object.contains("body") && object.contains("bodyBase64")) {
-    throw Refusal("give \"body\" or \"bodyBase64\", not both");
+    throw InvalidFault("give \"body\" or \"bodyBase64\", not both");
   }
   const auto once =
       object.contains("bodyBase64") ? decodeBase64(textAt(object, "bodyBase64")) : textAt(object, "body");
-  const auto repeat = integerAt(object, "repeat", 1, largestBody).value_or(1);
+  const auto repeat = integerAt(object, "repeat", 1, maxBodySize).value_or(1);
   const auto times = static_cast<std::size_t>(repeat);
-  if (once.size() > largestBody / times) throw Refusal("the body is larger than 256 MiB");
+  if (once.size() > maxBodySize / times) throw InvalidFault("the body is larger than 256 MiB");
   std::string body;
   body.reserve(once.size() * times);
   for (std::size_t i = 0; i < times; ++i) body += once;
@@ -92,32 +92,33 @@ Kind kindOf(const json& object) {
   const auto* const found =
       std::ranges::find_if(kindNames, [&](const auto& entry) { return entry.second == name; });
   if (found == kindNames.end()) {
-    throw Refusal("\"kind\" must be delay, status, drop, truncate, hang, body or redirect");
+    throw InvalidFault("\"kind\" must be delay, status, drop, truncate, hang, body or redirect");
   }
   return found->first;
 }
 
 Fault parse(const json& object) {
-  if (!object.is_object()) throw Refusal("a fault must be an object");
+  if (!object.is_object()) throw InvalidFault("a fault must be an object");
   for (const auto& [key, value] : object.items()) {
-    if (std::ranges::find(knownKeys, key) == knownKeys.end()) throw Refusal("\"" + key + "\" is not known");
+    if (std::ranges::find(knownKeys, key) == knownKeys.end())
+      throw InvalidFault("\"" + key + "\" is not known");
   }
   Fault fault;
   fault.kind = kindOf(object);
   fault.method = textAt(object, "method");
   fault.pathSuffix = textAt(object, "path");
   if (const auto count = integerAt(object, "count", 1, INT32_MAX)) fault.count = static_cast<int>(*count);
-  fault.delay = std::chrono::milliseconds(integerAt(object, "delay", 0, longestDelay).value_or(0));
+  fault.delay = std::chrono::milliseconds(integerAt(object, "delay", 0, maxDelay).value_or(0));
   if (const auto status = integerAt(object, "status", 200, 599)) fault.status = static_cast<int>(*status);
   fault.body = bodyOf(object);
   fault.contentType = headerTextAt(object, "contentType", fault.contentType);
   fault.location = headerTextAt(object, "location");
   if (const auto found = object.find("carryOut"); found != object.end()) {
-    if (!found->is_boolean()) throw Refusal("\"carryOut\" must be true or false");
+    if (!found->is_boolean()) throw InvalidFault("\"carryOut\" must be true or false");
     fault.carryOut = found->get<bool>();
   }
   if (fault.kind == Kind::redirect && fault.location.empty())
-    throw Refusal("a redirect needs a \"location\"");
+    throw InvalidFault("a redirect needs a \"location\"");
   return fault;
 }
 
@@ -126,8 +127,8 @@ Fault parse(const json& object) {
 std::variant<Fault, std::string> faultFromJson(const json& object) {
   try {
     return parse(object);
-  } catch (const Refusal& refusal) {
-    return std::string(refusal.what());
+  } catch (const InvalidFault& error) {
+    return std::string(error.what());
   }
 }
 

@@ -8,9 +8,9 @@
 
 namespace orrelo::devservice {
 
-/// The fault that this object describes, or what is wrong with it.
+/// The fault that this object describes, or a message that says what is wrong with it.
 std::variant<Fault, std::string> faultFromJson(const nlohmann::json& json);
-/// Without the body's bytes, which may be many and no text.
+/// Leaves out the body's bytes, which may be many and need not be text.
 nlohmann::json faultToJson(const OrderedFault& ordered);
 
 }  // namespace orrelo::devservice

@@ -25,7 +25,7 @@ struct Deleter {
 template <class T>
 using Owned = std::unique_ptr<T, Deleter>;
 
-constexpr long secondsOfADay = 24L * 60 * 60;
+constexpr long secondsPerDay = 24L * 60 * 60;
 constexpr long validDays = 3650;
 
 void require(bool done, const char* step) {
@@ -50,9 +50,9 @@ Owned<X509> makeCertificate(EVP_PKEY* key) {
   require(certificate != nullptr, "memory");
   require(X509_set_version(certificate.get(), X509_VERSION_3) == 1, "version");
   setRandomSerial(certificate.get());
-  // A day back, for clients in virtual machines whose clocks lag.
-  X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -secondsOfADay);
-  X509_gmtime_adj(X509_getm_notAfter(certificate.get()), validDays * secondsOfADay);
+  // The certificate is valid from a day ago, for clients in virtual machines whose clocks lag.
+  X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -secondsPerDay);
+  X509_gmtime_adj(X509_getm_notAfter(certificate.get()), validDays * secondsPerDay);
   X509_NAME* name = X509_get_subject_name(certificate.get());
   const std::string commonName = "Orrelo local campaign service";
   require(X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_UTF8,
@@ -80,7 +80,7 @@ void create(const Certificate& files) {
   const Owned<EVP_PKEY> key(EVP_EC_gen("P-256"));
   require(key != nullptr, "key");
   const auto certificate = makeCertificate(key.get());
-  // Both halves are complete before either takes its place, so that a start cut short leaves no broken pair.
+  // Both files are complete before either is renamed, so that an interrupted start leaves no truncated file.
   const auto newKey = files.keyFile.string() + ".new";
   const auto newCertificate = files.certificateFile.string() + ".new";
   {

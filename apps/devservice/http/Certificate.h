@@ -9,8 +9,8 @@ struct Certificate {
   std::filesystem::path certificateFile;
   std::filesystem::path keyFile;
 
-  /// Takes the pair in this directory, or makes a new one where there is none, it has expired, or its halves
-  /// do not belong together. Throws std::runtime_error.
+  /// Loads the pair from this directory, or creates one if there is none, it has expired, or key and
+  /// certificate do not match. Throws std::runtime_error.
   static Certificate loadOrCreate(const std::filesystem::path& directory);
 };
 

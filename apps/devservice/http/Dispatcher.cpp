@@ -21,7 +21,7 @@ RequestRecord recordOf(const httplib::Request& request) {
   return record;
 }
 
-/// Announces the whole body and sends its first `sent` bytes; if those are fewer, the connection ends there.
+/// Announces the whole body and sends its first `sent` bytes. The connection ends there if those are fewer.
 void write(const Reply& reply, std::size_t sent, httplib::Response& response) {
   response.status = reply.status;
   for (const auto& [name, value] : reply.headers) response.set_header(name, value);
@@ -29,7 +29,7 @@ void write(const Reply& reply, std::size_t sent, httplib::Response& response) {
     response.set_content("", reply.contentType);
     return;
   }
-  // Through a provider, because the server library would compress a plain body.
+  // The server library would compress a body that does not come from a content provider.
   response.set_content_provider(
       reply.body->size(), reply.contentType,
       [body = reply.body, sent](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
@@ -50,11 +50,11 @@ Reply replyOf(const Fault& fault, int status) {
 }  // namespace
 
 Dispatcher::Dispatcher(EventStore& store, ParticipationBook& participations, const Scenario& scenario,
-                       RequestLog& theRequests, FaultBook& theFaults)
-    : service(store, participations, scenario),
-      admin(store, scenario, theRequests, theFaults),
-      requests(theRequests),
-      faults(theFaults) {}
+                       RequestLog& requests, FaultBook& faults)
+    : service_(store, participations, scenario),
+      admin_(store, scenario, requests, faults),
+      requests_(requests),
+      faults_(faults) {}
 
 void Dispatcher::handle(const httplib::Request& request, httplib::Response& response) {
   try {
@@ -66,21 +66,21 @@ void Dispatcher::handle(const httplib::Request& request, httplib::Response& resp
 
 void Dispatcher::dispatch(const httplib::Request& request, httplib::Response& response) {
   if (AdminRoutes::isAdmin(request)) {
-    write(admin.answer(request), response);
+    write(admin_.answer(request), response);
     return;
   }
-  requests.add(recordOf(request));
-  const auto ticket = faults.take(request.method, request.path);
+  requests_.add(recordOf(request));
+  const auto ticket = faults_.take(request.method, request.path);
   if (!ticket) {
-    write(service.answer(request), response);
+    write(service_.answer(request), response);
     return;
   }
-  switch (faults.hold(ticket, [&] { return TlsStream::of(request).clientLeft(); })) {
+  switch (faults_.hold(ticket, [&] { return TlsStream::of(request).clientLeft(); })) {
     case FaultBook::Outcome::elapsed:
       answerWith(ticket->fault, request, response);
       break;
     case FaultBook::Outcome::cleared:
-      write(service.answer(request), response);
+      write(service_.answer(request), response);
       break;
     case FaultBook::Outcome::stopped:
     case FaultBook::Outcome::abandoned:
@@ -91,13 +91,13 @@ void Dispatcher::dispatch(const httplib::Request& request, httplib::Response& re
 
 void Dispatcher::answerWith(const Fault& fault, const httplib::Request& request,
                             httplib::Response& response) {
-  Reply usual;
+  Reply usualReply;
   if (fault.carryOut || fault.kind == Kind::truncate || fault.kind == Kind::delay)
-    usual = service.answer(request);
+    usualReply = service_.answer(request);
   switch (fault.kind) {
     case Kind::delay:
     case Kind::hang:
-      write(usual, response);
+      write(usualReply, response);
       break;
     case Kind::status:
       write(replyOf(fault, 500), response);
@@ -106,7 +106,7 @@ void Dispatcher::answerWith(const Fault& fault, const httplib::Request& request,
       TlsStream::of(request).drop();
       break;
     case Kind::truncate: {
-      const auto reply = fault.body.empty() ? usual : replyOf(fault, 200);
+      const auto reply = fault.body.empty() ? usualReply : replyOf(fault, 200);
       write(reply, reply.body->size() / 2, response);
       break;
     }

@@ -9,7 +9,7 @@
 
 namespace orrelo::devservice {
 
-/// Takes each request to the routes that answer it, and spoils the answer where a fault is ordered.
+/// Passes each request to the routes that answer it, and applies the faults.
 class Dispatcher {
  public:
   Dispatcher(EventStore& store, ParticipationBook& participations, const Scenario& scenario,
@@ -21,10 +21,10 @@ class Dispatcher {
   void dispatch(const httplib::Request& request, httplib::Response& response);
   void answerWith(const Fault& fault, const httplib::Request& request, httplib::Response& response);
 
-  ServiceRoutes service;
-  AdminRoutes admin;
-  RequestLog& requests;
-  FaultBook& faults;
+  ServiceRoutes service_;
+  AdminRoutes admin_;
+  RequestLog& requests_;
+  FaultBook& faults_;
 };
 
 }  // namespace orrelo::devservice

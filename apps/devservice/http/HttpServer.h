@@ -10,11 +10,11 @@
 
 namespace orrelo::devservice {
 
-/// An HTTPS server on 127.0.0.1 that gives every request, its body read, to one function. Runs once: for
-/// another start make another one.
+/// An HTTPS server on 127.0.0.1 that passes every request, with its body read, to one handler. It can be
+/// started only once.
 class HttpServer {
  public:
-  /// Called on many threads at once.
+  /// Called on many threads concurrently.
   using Handler = std::function<void(const httplib::Request&, httplib::Response&)>;
 
   HttpServer(const Certificate& certificate, Handler handler);
@@ -22,18 +22,18 @@ class HttpServer {
   HttpServer(const HttpServer&) = delete;
   HttpServer& operator=(const HttpServer&) = delete;
 
-  /// Gives the port. Throws std::runtime_error if it is taken.
+  /// Returns the port; 0 selects a free one. Throws std::runtime_error if the port is taken.
   int start(int port);
-  /// Returns when all threads have ended. A handler that waits must have been released before.
+  /// Returns once all threads have ended. Handlers that block must be released first.
   void stop();
 
  private:
   void configure();
   void route();
 
-  Handler handler;
-  TlsServer server;
-  std::thread listener;
+  Handler handler_;
+  TlsServer server_;
+  std::thread listener_;
 };
 
 }  // namespace orrelo::devservice

@@ -7,7 +7,7 @@
 
 namespace orrelo::devservice {
 
-/// What a route answers.
+/// A response to send.
 struct Reply {
   int status = 200;
   /// Shared, so that a large body is not copied for each request.

@@ -13,7 +13,7 @@
 
 namespace orrelo::devservice {
 
-/// The requests that came in. Keeps the last ones in full and counts all. Thread-safe.
+/// The received requests. Keeps the last ones in full and counts all. Thread-safe.
 class RequestLog {
  public:
   void add(RequestRecord record);
@@ -24,10 +24,10 @@ class RequestLog {
  private:
   std::int64_t countLocked(const std::string& pathSuffix) const;
 
-  mutable std::mutex mutex;
-  mutable std::condition_variable changed;
-  std::deque<RequestRecord> latest;
-  std::map<std::string, std::int64_t> countByPath;
+  mutable std::mutex mutex_;
+  mutable std::condition_variable changed_;
+  std::deque<RequestRecord> latest_;
+  std::map<std::string, std::int64_t> countByPath_;
 };
 
 }  // namespace orrelo::devservice

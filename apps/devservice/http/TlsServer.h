@@ -10,16 +10,16 @@
 
 namespace orrelo::devservice {
 
-/// The server library's server over TLS. It keeps account of its connections, so that it can stop without
-/// waiting for its clients.
+/// The server library's server over TLS. It tracks its connections, so that it can stop without waiting for
+/// its clients.
 class TlsServer : public httplib::Server {
  public:
   /// Throws std::runtime_error if the certificate cannot be used.
   explicit TlsServer(const Certificate& certificate);
 
-  /// Lets more clients queue for a connection than the server library does. Call when bound to a port.
+  /// Raises the listen backlog above the server library's. Call it once the port is bound.
   void widenBacklog();
-  /// Shuts all connections down, and from now on each new one as well.
+  /// Shuts down all connections, and from now on each new one as well.
   void closeConnections();
 
  private:
@@ -32,10 +32,10 @@ class TlsServer : public httplib::Server {
   void add(socket_t socket);
   void remove(socket_t socket);
 
-  std::unique_ptr<SSL_CTX, FreeContext> context;
-  std::mutex mutex;
-  std::set<socket_t> sockets;
-  bool closing = false;
+  std::unique_ptr<SSL_CTX, FreeContext> context_;
+  std::mutex mutex_;
+  std::set<socket_t> sockets_;
+  bool closing_ = false;
 };
 
 }  // namespace orrelo::devservice

@@ -10,8 +10,8 @@ namespace orrelo::devservice {
 
 namespace {
 
-constexpr std::string_view headEnd = "\r\n\r\n";
-constexpr std::size_t largestHead = std::size_t{1024} * 1024;
+constexpr std::string_view endOfHead = "\r\n\r\n";
+constexpr std::size_t maxHeadSize = std::size_t{1024} * 1024;
 constexpr std::chrono::seconds readTimeout{10};
 
 std::string_view trimmed(std::string_view text) {
@@ -34,41 +34,41 @@ httplib::Headers headersOf(std::string_view head) {
 
 }  // namespace
 
-TlsStream::TlsStream(SSL_CTX* context, socket_t socket) : ssl(SSL_new(context)), descriptor(socket) {
-  if (ssl == nullptr) return;
-  SSL_set_fd(ssl, descriptor);
-  SSL_set_app_data(ssl, this);
+TlsStream::TlsStream(SSL_CTX* context, socket_t socket) : ssl_(SSL_new(context)), descriptor_(socket) {
+  if (ssl_ == nullptr) return;
+  SSL_set_fd(ssl_, descriptor_);
+  SSL_set_app_data(ssl_, this);
 }
 
 TlsStream::~TlsStream() {
-  SSL_free(ssl);
-  // What failed here must not be taken for a failure of this thread's next connection.
+  SSL_free(ssl_);
+  // The error queue is the thread's: the next connection on it must not report errors of this one.
   ERR_clear_error();
 }
 
 bool TlsStream::handshake() {
-  return ssl != nullptr && SSL_accept(ssl) == 1;
+  return ssl_ != nullptr && SSL_accept(ssl_) == 1;
 }
 
 bool TlsStream::poll(short events, std::chrono::milliseconds timeout) const {
-  pollfd waiting{descriptor, events, 0};
+  pollfd waiting{descriptor_, events, 0};
   return ::poll(&waiting, 1, static_cast<int>(timeout.count())) > 0;
 }
 
 bool TlsStream::waitForRequest(std::chrono::milliseconds timeout) {
-  head.clear();
-  headComplete = false;
-  return !dropped && (incomingStart < incomingEnd || SSL_pending(ssl) > 0 || poll(POLLIN, timeout));
+  head_.clear();
+  headComplete_ = false;
+  return !dropped_ && (incomingStart_ < incomingEnd_ || SSL_pending(ssl_) > 0 || poll(POLLIN, timeout));
 }
 
 void TlsStream::close() {
-  if (!dropped) SSL_shutdown(ssl);
+  if (!dropped_) SSL_shutdown(ssl_);
 }
 
 void TlsStream::adopt(httplib::Request& request) {
-  request.ssl = ssl;
-  const auto firstLine = head.find("\r\n");
-  if (headComplete) request.headers = headersOf(std::string_view(head).substr(firstLine + 2));
+  request.ssl = ssl_;
+  const auto firstLine = head_.find("\r\n");
+  if (headComplete_) request.headers = headersOf(std::string_view(head_).substr(firstLine + 2));
 }
 
 TlsStream& TlsStream::of(const httplib::Request& request) {
@@ -76,8 +76,8 @@ TlsStream& TlsStream::of(const httplib::Request& request) {
 }
 
 void TlsStream::drop() {
-  dropped = true;
-  ::shutdown(descriptor, SHUT_RDWR);
+  dropped_ = true;
+  ::shutdown(descriptor_, SHUT_RDWR);
 }
 
 bool TlsStream::clientLeft() const {
@@ -85,34 +85,34 @@ bool TlsStream::clientLeft() const {
 }
 
 bool TlsStream::is_readable() const {
-  return incomingStart < incomingEnd || SSL_pending(ssl) > 0 || poll(POLLIN, readTimeout);
+  return incomingStart_ < incomingEnd_ || SSL_pending(ssl_) > 0 || poll(POLLIN, readTimeout);
 }
 
 ssize_t TlsStream::read(char* buffer, std::size_t size) {
   // Buffered, because the server library reads the headers byte by byte.
-  if (incomingStart == incomingEnd) {
-    const int got = SSL_read(ssl, incoming.data(), static_cast<int>(incoming.size()));
-    if (got <= 0) return SSL_get_error(ssl, got) == SSL_ERROR_ZERO_RETURN ? 0 : -1;
-    incomingStart = 0;
-    incomingEnd = static_cast<std::size_t>(got);
+  if (incomingStart_ == incomingEnd_) {
+    const int got = SSL_read(ssl_, incoming_.data(), static_cast<int>(incoming_.size()));
+    if (got <= 0) return SSL_get_error(ssl_, got) == SSL_ERROR_ZERO_RETURN ? 0 : -1;
+    incomingStart_ = 0;
+    incomingEnd_ = static_cast<std::size_t>(got);
   }
-  const auto taken = std::min(size, incomingEnd - incomingStart);
-  std::copy_n(incoming.data() + incomingStart, taken, buffer);
-  incomingStart += taken;
+  const auto taken = std::min(size, incomingEnd_ - incomingStart_);
+  std::copy_n(incoming_.data() + incomingStart_, taken, buffer);
+  incomingStart_ += taken;
   keepHead(buffer, taken);
   return static_cast<ssize_t>(taken);
 }
 
 void TlsStream::keepHead(const char* bytes, std::size_t size) {
-  if (headComplete || head.size() > largestHead) return;
-  head.append(bytes, size);
-  headComplete = head.ends_with(headEnd);
+  if (headComplete_ || head_.size() > maxHeadSize) return;
+  head_.append(bytes, size);
+  headComplete_ = head_.ends_with(endOfHead);
 }
 
 ssize_t TlsStream::write(const char* bytes, std::size_t size) {
-  if (dropped) return -1;
+  if (dropped_) return -1;
   if (size == 0) return 0;
-  const int written = SSL_write(ssl, bytes, static_cast<int>(std::min<std::size_t>(size, INT32_MAX)));
+  const int written = SSL_write(ssl_, bytes, static_cast<int>(std::min<std::size_t>(size, INT32_MAX)));
   return written > 0 ? written : -1;
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 using nlohmann::json;
 
-/// The action whose days are to stand in this element's place; empty for any other element.
+/// The action in the placeholder "{{days of ACTION}}"; empty if the element is no such placeholder.
 std::string actionOfDays(const json& element) {
   constexpr std::string_view opening = "{{days of ";
   constexpr std::string_view closing = "}}";
@@ -24,29 +24,30 @@ std::string actionOfDays(const json& element) {
 
 }  // namespace
 
-CampaignFile::CampaignFile(const std::string& theName, const std::string& text) : name(theName) {
+CampaignFile::CampaignFile(const std::string& name, const std::string& text) : name_(name) {
   const auto file = json::parse(text, nullptr, false);
   if (!file.is_object() || !file.value("campaign", json()).is_object()) {
-    throw std::runtime_error("campaigns/" + name + ".json is no object with a \"campaign\"");
+    throw std::runtime_error("campaigns/" + name_ + ".json is no object with a \"campaign\"");
   }
-  original = file["campaign"];
+  original_ = file["campaign"];
   readStates(file);
   readActions(file);
+  // Builds the campaign in every state and after every action, to report wrong paths and placeholders now.
   const auto noDays = [](const std::string&) { return std::vector<std::string>(); };
-  campaign(first, noDays);
-  for (const auto& [state, changes] : states) campaign(state, noDays);
-  for (const auto& [action, step] : actions) campaign(step.to, noDays, step.reply);
+  campaign(first_, noDays);
+  for (const auto& [state, changes] : states_) campaign(state, noDays);
+  for (const auto& [action, step] : actions_) campaign(step.to, noDays, step.reply);
 }
 
 const CampaignFile::Action* CampaignFile::action(const std::string& action) const {
-  const auto found = actions.find(action);
-  return found == actions.end() ? nullptr : &found->second;
+  const auto found = actions_.find(action);
+  return found == actions_.end() ? nullptr : &found->second;
 }
 
 json CampaignFile::campaign(const std::string& state, const Days& days, const json& reply) const {
-  auto result = original;
-  const auto changes = states.find(state);
-  if (changes == states.end()) return result;
+  auto result = original_;
+  const auto changes = states_.find(state);
+  if (changes == states_.end()) return result;
   auto& page = result["page"];
   change(page, changes->second);
   change(page, reply);
@@ -58,12 +59,12 @@ void CampaignFile::readStates(const json& file) {
   const auto all = file.value("states", json::object());
   if (!all.is_object()) refuse("\"states\" is no object");
   if (all.empty()) return;
-  if (!original.value("page", json()).is_object()) refuse("there are states, but no page");
-  for (const auto& [state, changes] : all.items()) states.emplace(state, changes);
-  first = stateNamedBy(file, "first_state", "the file");
+  if (!original_.value("page", json()).is_object()) refuse("there are states, but no page");
+  for (const auto& [state, changes] : all.items()) states_.emplace(state, changes);
+  first_ = stateNamedBy(file, "first_state", "the file");
   const auto isDaily = file.value("daily", json(false));
   if (!isDaily.is_boolean()) refuse("\"daily\" is neither true nor false");
-  daily = isDaily.get<bool>();
+  daily_ = isDaily.get<bool>();
 }
 
 void CampaignFile::readActions(const json& file) {
@@ -72,8 +73,8 @@ void CampaignFile::readActions(const json& file) {
   for (const auto& [action, step] : all.items()) {
     if (!step.is_object()) refuse("the action \"" + action + "\" is no object");
     const auto of = "the action \"" + action + "\"";
-    actions.emplace(action, Action{stateNamedBy(step, "from", of), stateNamedBy(step, "to", of),
-                                   step.value("reply", json::object())});
+    actions_.emplace(action, Action{stateNamedBy(step, "from", of), stateNamedBy(step, "to", of),
+                                    step.value("reply", json::object())});
   }
 }
 
@@ -112,7 +113,7 @@ void CampaignFile::fillInDays(json& value, const Days& days) const {
         filled.push_back(std::move(element));
         continue;
       }
-      if (!actions.contains(action)) refuse("there is no action \"" + action + "\" to have days");
+      if (!actions_.contains(action)) refuse("there is no action \"" + action + "\" to have days");
       for (auto& day : days(action)) filled.push_back(std::move(day));
     }
     value = std::move(filled);
@@ -120,7 +121,7 @@ void CampaignFile::fillInDays(json& value, const Days& days) const {
 }
 
 void CampaignFile::refuse(const std::string& reason) const {
-  throw std::runtime_error("campaigns/" + name + ".json: " + reason);
+  throw std::runtime_error("campaigns/" + name_ + ".json: " + reason);
 }
 
 }  // namespace orrelo::devservice

@@ -8,30 +8,30 @@
 
 namespace orrelo::devservice {
 
-/// A campaign's file of the scenario: the campaign, the states that a user can be in, and the actions that
-/// lead from one to another.
+/// A campaign file of the scenario: the campaign, the states that a user can be in, and the actions that lead
+/// from one state to another.
 class CampaignFile {
  public:
   struct Action {
     std::string from;
     std::string to;
-    /// What the page of the reply has beyond that of the new state.
+    /// Changes that the reply's page has in addition to those of the new state.
     nlohmann::json reply;
   };
   /// The days on which the user carried out an action.
   using Days = std::function<std::vector<std::string>(const std::string& action)>;
 
-  /// Throws std::runtime_error that says what is wrong in the text, whichever state it is in.
+  /// Checks the whole file. Throws std::runtime_error that says what is wrong in it.
   CampaignFile(const std::string& name, const std::string& text);
 
-  /// Null where there is no such action.
+  /// Null if there is no such action.
   const Action* action(const std::string& name) const;
-  bool hasState(const std::string& state) const { return states.contains(state); }
-  /// Empty in a file without states.
-  const std::string& firstState() const { return first; }
-  /// Each day begins in the first state.
-  bool startsAnewDaily() const { return daily; }
-  /// What a user in this state gets.
+  bool hasState(const std::string& state) const { return states_.contains(state); }
+  /// The state of a user who has not taken part; empty in a file without states.
+  const std::string& firstState() const { return first_; }
+  /// Users return to the first state each day.
+  bool resetsDaily() const { return daily_; }
+  /// The campaign for a user in this state, with the changes of `reply` made to its page as well.
   nlohmann::json campaign(const std::string& state, const Days& days,
                           const nlohmann::json& reply = nlohmann::json::object()) const;
 
@@ -43,12 +43,12 @@ class CampaignFile {
   void fillInDays(nlohmann::json& value, const Days& days) const;
   [[noreturn]] void refuse(const std::string& reason) const;
 
-  const std::string name;
-  nlohmann::json original;
-  std::map<std::string, nlohmann::json> states;
-  std::map<std::string, Action> actions;
-  std::string first;
-  bool daily = false;
+  const std::string name_;
+  nlohmann::json original_;
+  std::map<std::string, nlohmann::json> states_;
+  std::map<std::string, Action> actions_;
+  std::string first_;
+  bool daily_ = false;
 };
 
 }  // namespace orrelo::devservice

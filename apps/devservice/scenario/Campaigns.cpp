@@ -13,7 +13,7 @@ namespace {
 
 using nlohmann::json;
 
-/// The date `ago` days before the scenario's day, in the time zone of this machine.
+/// The date `ago` days before the scenario's current day, in this machine's time zone.
 std::string day(const Scenario& scenario, int ago = 0) {
   const auto now = std::chrono::system_clock::to_time_t(scenario.now());
   std::tm local{};
@@ -43,50 +43,50 @@ void fillIn(std::string& text, const std::string& serviceUrl, const Scenario& sc
 
 }  // namespace
 
-Campaigns::Campaigns(ParticipationBook& book, const Scenario& theScenario)
-    : participations(book), scenario(theScenario) {}
+Campaigns::Campaigns(ParticipationBook& participations, const Scenario& scenario)
+    : participations_(participations), scenario_(scenario) {}
 
-Reply Campaigns::list(const Asker& asker) const {
+Reply Campaigns::list(const Caller& caller) const {
   auto all = json::array();
-  for (const auto& id : scenario.campaigns(asker.appKey)) {
-    if (const auto file = load(asker, id)) all.push_back(render(*file, {asker.appKey, asker.userId, id}));
+  for (const auto& id : scenario_.campaigns(caller.appKey)) {
+    if (const auto file = load(caller, id)) all.push_back(render(*file, {caller.appKey, caller.userId, id}));
   }
   return jsonReply(200, all);
 }
 
-Reply Campaigns::one(const Asker& asker, const std::string& id) const {
-  const auto file = load(asker, id);
+Reply Campaigns::one(const Caller& caller, const std::string& id) const {
+  const auto file = load(caller, id);
   if (!file) return errorReply(404, "the scenario has no such campaign");
-  return jsonReply(200, render(*file, {asker.appKey, asker.userId, id}));
+  return jsonReply(200, render(*file, {caller.appKey, caller.userId, id}));
 }
 
-Reply Campaigns::participate(const Asker& asker, const std::string& id, const std::string& action) {
-  const auto file = load(asker, id);
+Reply Campaigns::participate(const Caller& caller, const std::string& id, const std::string& action) {
+  const auto file = load(caller, id);
   const auto* const step = file ? file->action(action) : nullptr;
   if (step == nullptr) return errorReply(404, "the scenario has no such campaign and action");
-  const ParticipationBook::Key user{asker.appKey, asker.userId, id};
-  const std::lock_guard lock(participating);
+  const ParticipationBook::Key user{caller.appKey, caller.userId, id};
+  const std::lock_guard lock(mutex_);
   if (stateOf(*file, user) != step->from) return jsonReply(200, render(*file, user)["page"]);
-  participations.add(user, {action, step->to, day(scenario)});
+  participations_.add(user, {action, step->to, day(scenario_)});
   return jsonReply(200, file->campaign(step->to, daysOf(user), step->reply)["page"]);
 }
 
-std::optional<CampaignFile> Campaigns::load(const Asker& asker, const std::string& id) const {
-  auto text = scenario.campaign(asker.appKey, id);
+std::optional<CampaignFile> Campaigns::load(const Caller& caller, const std::string& id) const {
+  auto text = scenario_.campaign(caller.appKey, id);
   if (!text) return std::nullopt;
-  fillIn(*text, asker.serviceUrl, scenario);
+  fillIn(*text, caller.serviceUrl, scenario_);
   return CampaignFile(id, *text);
 }
 
 std::string Campaigns::stateOf(const CampaignFile& file, const ParticipationBook::Key& user) const {
-  const auto last = participations.last(user);
-  // The file may have been edited since.
+  const auto last = participations_.last(user);
+  // The file may have been edited since this state was stored.
   if (!last || !file.hasState(last->state)) return file.firstState();
-  return file.startsAnewDaily() && last->day != day(scenario) ? file.firstState() : last->state;
+  return file.resetsDaily() && last->day != day(scenario_) ? file.firstState() : last->state;
 }
 
 CampaignFile::Days Campaigns::daysOf(const ParticipationBook::Key& user) const {
-  return [this, user](const std::string& action) { return participations.days(user, action); };
+  return [this, user](const std::string& action) { return participations_.days(user, action); };
 }
 
 json Campaigns::render(const CampaignFile& file, const ParticipationBook::Key& user) const {

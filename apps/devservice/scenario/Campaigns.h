@@ -12,38 +12,38 @@
 
 namespace orrelo::devservice {
 
-/// Plays the scenario's campaigns: what a user sees of them, and what taking part changes.
+/// Serves the scenario's campaigns in the state that each user has reached by taking part.
 class Campaigns {
  public:
-  Campaigns(ParticipationBook& book, const Scenario& scenario);
+  Campaigns(ParticipationBook& participations, const Scenario& scenario);
 
-  /// On whose behalf, and by which address the service was asked.
-  struct Asker {
+  /// The user that a request is made for, and the address that it was sent to.
+  struct Caller {
     std::string appKey;
-    /// Of the header "buid".
+    /// The value of the header "buid".
     std::string userId;
-    /// "https://localhost:9443"; stands for "{{service}}" in the files.
+    /// The address, such as "https://localhost:9443", that replaces "{{service}}" in the files.
     std::string serviceUrl;
   };
 
-  /// All of them, in the order of their files' names.
-  Reply list(const Asker& asker) const;
-  Reply one(const Asker& asker, const std::string& id) const;
-  /// Carries the action out where the user's state allows it. The reply is the page that now applies, either
-  /// way: who presses twice wins once.
-  Reply participate(const Asker& asker, const std::string& id, const std::string& action);
+  /// All campaigns of the app, ordered by file name.
+  Reply list(const Caller& caller) const;
+  Reply one(const Caller& caller, const std::string& id) const;
+  /// Carries the action out if the user's state allows it. Either way the reply is the page in the resulting
+  /// state, so that a user who presses twice wins once.
+  Reply participate(const Caller& caller, const std::string& id, const std::string& action);
 
  private:
-  /// Absent where there is no such file.
-  std::optional<CampaignFile> load(const Asker& asker, const std::string& id) const;
+  /// Absent if there is no such file.
+  std::optional<CampaignFile> load(const Caller& caller, const std::string& id) const;
   std::string stateOf(const CampaignFile& file, const ParticipationBook::Key& user) const;
   CampaignFile::Days daysOf(const ParticipationBook::Key& user) const;
   nlohmann::json render(const CampaignFile& file, const ParticipationBook::Key& user) const;
 
-  ParticipationBook& participations;
-  const Scenario& scenario;
-  /// From the look at a user's state to its change.
-  std::mutex participating;
+  ParticipationBook& participations_;
+  const Scenario& scenario_;
+  /// Held from reading a user's state until changing it.
+  std::mutex mutex_;
 };
 
 }  // namespace orrelo::devservice

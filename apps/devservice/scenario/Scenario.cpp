@@ -17,7 +17,7 @@ std::optional<std::string> readFile(const std::filesystem::path& path) {
   return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-// App keys come from outside: one that is no plain name must not lead out of the scenario.
+// App keys, ids and names come from clients and must not lead out of the scenario's folder.
 bool isPlainName(const std::string& name) {
   return !name.empty() && name.size() <= 255 && name.front() != '.' &&
          name.find_first_of(std::string("/\\\0", 3)) == std::string::npos;
@@ -26,7 +26,7 @@ bool isPlainName(const std::string& name) {
 }  // namespace
 
 Scenario::Scenario(std::filesystem::path directory, std::optional<Moment> now)
-    : root(std::move(directory)), fixedNow(now) {}
+    : root_(std::move(directory)), fixedNow_(now) {}
 
 std::optional<std::string> Scenario::config(const std::string& appKey) const {
   return read(appKey, "config.json");
@@ -34,8 +34,8 @@ std::optional<std::string> Scenario::config(const std::string& appKey) const {
 
 std::vector<std::string> Scenario::campaigns(const std::string& appKey) const {
   std::error_code error;
-  auto folder = root / "apps" / appKey / "campaigns";
-  if (!isPlainName(appKey) || !std::filesystem::is_directory(folder, error)) folder = root / "campaigns";
+  auto folder = root_ / "apps" / appKey / "campaigns";
+  if (!isPlainName(appKey) || !std::filesystem::is_directory(folder, error)) folder = root_ / "campaigns";
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
     if (entry.path().extension() == ".json") names.push_back(entry.path().stem().string());
@@ -50,22 +50,22 @@ std::optional<std::string> Scenario::campaign(const std::string& appKey, const s
 }
 
 std::optional<std::string> Scenario::lookup() const {
-  return readFile(root / "lookup.json");
+  return readFile(root_ / "lookup.json");
 }
 
 std::optional<std::string> Scenario::image(const std::string& name) const {
-  return isPlainName(name) ? readFile(root / "images" / name) : std::nullopt;
+  return isPlainName(name) ? readFile(root_ / "images" / name) : std::nullopt;
 }
 
 std::optional<std::string> Scenario::page(const std::string& name) const {
-  return isPlainName(name) ? readFile(root / "pages" / name) : std::nullopt;
+  return isPlainName(name) ? readFile(root_ / "pages" / name) : std::nullopt;
 }
 
 std::optional<std::string> Scenario::read(const std::string& appKey, const std::string& name) const {
   if (isPlainName(appKey)) {
-    if (auto own = readFile(root / "apps" / appKey / name)) return own;
+    if (auto own = readFile(root_ / "apps" / appKey / name)) return own;
   }
-  return readFile(root / name);
+  return readFile(root_ / name);
 }
 
 }  // namespace orrelo::devservice

@@ -60,14 +60,14 @@ constexpr const char* eventColumns =
     "id, revision, event_id, app_key, user_id, event_name, event_time, path, body, headers, deliveries, "
     "first_arrival, last_arrival";
 
-/// Leaves a kept statement ready for its next use, whatever happened in this one.
+/// Resets a prepared statement at the end of its use, also when that throws.
 class StatementUse {
  public:
-  explicit StatementUse(SQLite::Statement& used) : statement(used) {}
+  explicit StatementUse(SQLite::Statement& statement) : statement_(statement) {}
   ~StatementUse() {
-    statement.tryReset();
+    statement_.tryReset();
     try {
-      statement.clearBindings();
+      statement_.clearBindings();
     } catch (const SQLite::Exception&) {
       // Every binding is set again before the next use.
     }
@@ -76,7 +76,7 @@ class StatementUse {
   StatementUse& operator=(const StatementUse&) = delete;
 
  private:
-  SQLite::Statement& statement;
+  SQLite::Statement& statement_;
 };
 
 std::int64_t toStored(TimePoint time) {
@@ -129,37 +129,37 @@ std::string selectEvents(const char* rest) {
 }  // namespace
 
 EventStore::EventStore(const std::filesystem::path& file)
-    : database(openDatabase(file)),
-      insertEvent(database, insertEventSql),
-      upsertUser(database, upsertUserSql),
-      upsertToken(database, upsertTokenSql),
-      revision(number("SELECT coalesce(max(revision), 0) FROM events")),
-      eventCount(number("SELECT count(*) FROM events")),
-      deliveryCount(number("SELECT coalesce(sum(deliveries), 0) FROM events")) {}
+    : database_(openDatabase(file)),
+      insertEvent_(database_, insertEventSql),
+      upsertUser_(database_, upsertUserSql),
+      upsertToken_(database_, upsertTokenSql),
+      revision_(number("SELECT coalesce(max(revision), 0) FROM events")),
+      eventCount_(number("SELECT count(*) FROM events")),
+      deliveryCount_(number("SELECT coalesce(sum(deliveries), 0) FROM events")) {}
 
 std::int64_t EventStore::number(const char* sql) const {
-  return database.execAndGet(sql).getInt64();
+  return database_.execAndGet(sql).getInt64();
 }
 
 DeliveryResult EventStore::add(const std::vector<IncomingEvent>& events, const Delivery& delivery) {
-  const std::lock_guard lock(mutex);
+  const std::lock_guard lock(mutex_);
   DeliveryResult result;
-  const auto revisionBefore = revision;
+  const auto revisionBefore = revision_;
   try {
-    SQLite::Transaction transaction(database);
+    SQLite::Transaction transaction(database_);
     for (const auto& event : events) {
       ++result.received;
       if (!addOne(event, delivery)) ++result.duplicates;
     }
     transaction.commit();
   } catch (...) {
-    revision = revisionBefore;
+    revision_ = revisionBefore;
     throw;
   }
-  deliveryCount += result.received;
-  eventCount += result.received - result.duplicates;
-  ++commits;
-  changed.notify_all();
+  deliveryCount_ += result.received;
+  eventCount_ += result.received - result.duplicates;
+  ++commits_;
+  changed_.notify_all();
   return result;
 }
 
@@ -167,22 +167,22 @@ bool EventStore::addOne(const IncomingEvent& event, const Delivery& delivery) {
   const auto user = event.values.find("user_id");
   bool isNew = false;
   {
-    const StatementUse use(insertEvent);
-    insertEvent.bind(1, event.values.at("event_id"));
-    insertEvent.bind(2, delivery.appKey);
+    const StatementUse use(insertEvent_);
+    insertEvent_.bind(1, event.values.at("event_id"));
+    insertEvent_.bind(2, delivery.appKey);
     if (user == event.values.end()) {
-      insertEvent.bind(3);
+      insertEvent_.bind(3);
     } else {
-      insertEvent.bind(3, user->second);
+      insertEvent_.bind(3, user->second);
     }
-    insertEvent.bind(4, event.values.at("event_name"));
-    insertEvent.bind(5, event.values.at("event_time"));
-    insertEvent.bind(6, delivery.path);
-    insertEvent.bind(7, event.json);
-    insertEvent.bind(8, delivery.headers);
-    insertEvent.bind(9, toStored(delivery.arrival));
-    insertEvent.bind(10, ++revision);
-    isNew = insertEvent.executeStep() && insertEvent.getColumn(0).getInt64() == 1;
+    insertEvent_.bind(4, event.values.at("event_name"));
+    insertEvent_.bind(5, event.values.at("event_time"));
+    insertEvent_.bind(6, delivery.path);
+    insertEvent_.bind(7, event.json);
+    insertEvent_.bind(8, delivery.headers);
+    insertEvent_.bind(9, toStored(delivery.arrival));
+    insertEvent_.bind(10, ++revision_);
+    isNew = insertEvent_.executeStep() && insertEvent_.getColumn(0).getInt64() == 1;
   }
   if (user != event.values.end()) {
     touchUser(delivery.appKey, user->second, isNew ? 1 : 0, delivery.arrival);
@@ -192,33 +192,33 @@ bool EventStore::addOne(const IncomingEvent& event, const Delivery& delivery) {
 
 void EventStore::touchUser(const std::string& appKey, const std::string& userId, std::int64_t newEvents,
                            TimePoint now) {
-  const StatementUse use(upsertUser);
-  upsertUser.bind(1, appKey);
-  upsertUser.bind(2, userId);
-  upsertUser.bind(3, newEvents);
-  upsertUser.bind(4, toStored(now));
-  upsertUser.exec();
+  const StatementUse use(upsertUser_);
+  upsertUser_.bind(1, appKey);
+  upsertUser_.bind(2, userId);
+  upsertUser_.bind(3, newEvents);
+  upsertUser_.bind(4, toStored(now));
+  upsertUser_.exec();
 }
 
 void EventStore::saveToken(const std::string& appKey, const std::string& userId, const std::string& token,
                            TimePoint now) {
-  const std::lock_guard lock(mutex);
-  SQLite::Transaction transaction(database);
+  const std::lock_guard lock(mutex_);
+  SQLite::Transaction transaction(database_);
   touchUser(appKey, userId, 0, now);
   {
-    const StatementUse use(upsertToken);
-    upsertToken.bind(1, appKey);
-    upsertToken.bind(2, userId);
-    upsertToken.bind(3, token);
-    upsertToken.bind(4, toStored(now));
-    upsertToken.exec();
+    const StatementUse use(upsertToken_);
+    upsertToken_.bind(1, appKey);
+    upsertToken_.bind(2, userId);
+    upsertToken_.bind(3, token);
+    upsertToken_.bind(4, toStored(now));
+    upsertToken_.exec();
   }
   transaction.commit();
 }
 
 std::vector<ReceivedEvent> EventStore::events() const {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement query(database, selectEvents("ORDER BY id"));
+  const std::lock_guard lock(mutex_);
+  SQLite::Statement query(database_, selectEvents("ORDER BY id"));
   std::vector<ReceivedEvent> result;
   while (query.executeStep()) result.push_back(readEvent(query).event);
   return result;
@@ -227,29 +227,29 @@ std::vector<ReceivedEvent> EventStore::events() const {
 EventPage EventStore::page(SQLite::Statement& query) const {
   EventPage result;
   while (query.executeStep()) result.events.push_back(readEvent(query));
-  result.revision = revision;
+  result.revision = revision_;
   return result;
 }
 
 EventPage EventStore::changesAfter(std::int64_t after, int limit) const {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement query(database, selectEvents("WHERE revision > ?1 ORDER BY revision LIMIT ?2"));
+  const std::lock_guard lock(mutex_);
+  SQLite::Statement query(database_, selectEvents("WHERE revision > ?1 ORDER BY revision LIMIT ?2"));
   query.bind(1, after);
   query.bind(2, limit);
   return page(query);
 }
 
 EventPage EventStore::lastChanges(int limit) const {
-  const std::lock_guard lock(mutex);
+  const std::lock_guard lock(mutex_);
   SQLite::Statement query(
-      database, "SELECT * FROM (" + selectEvents("ORDER BY revision DESC LIMIT ?1)") + " ORDER BY revision");
+      database_, "SELECT * FROM (" + selectEvents("ORDER BY revision DESC LIMIT ?1)") + " ORDER BY revision");
   query.bind(1, limit);
   return page(query);
 }
 
 std::vector<KnownUser> EventStore::users(int limit) const {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement query(database,
+  const std::lock_guard lock(mutex_);
+  SQLite::Statement query(database_,
                           "SELECT app_key, user_id, events, first_seen, last_seen FROM users "
                           "ORDER BY last_seen DESC, user_id LIMIT ?1");
   query.bind(1, limit);
@@ -263,8 +263,8 @@ std::vector<KnownUser> EventStore::users(int limit) const {
 }
 
 std::vector<SavedToken> EventStore::tokens(int limit) const {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement query(database,
+  const std::lock_guard lock(mutex_);
+  SQLite::Statement query(database_,
                           "SELECT app_key, user_id, token, saves, first_saved, last_saved FROM tokens "
                           "ORDER BY last_saved DESC, token LIMIT ?1");
   query.bind(1, limit);
@@ -278,21 +278,21 @@ std::vector<SavedToken> EventStore::tokens(int limit) const {
 }
 
 StoreCounts EventStore::counts() const {
-  const std::lock_guard lock(mutex);
-  return {eventCount, deliveryCount, number("SELECT count(*) FROM users"),
+  const std::lock_guard lock(mutex_);
+  return {eventCount_, deliveryCount_, number("SELECT count(*) FROM users"),
           number("SELECT count(*) FROM tokens")};
 }
 
 bool EventStore::waitFor(const std::function<bool()>& satisfied, std::chrono::milliseconds timeout) const {
   const auto deadline = std::chrono::steady_clock::now() + timeout;
-  std::unique_lock lock(mutex);
+  std::unique_lock lock(mutex_);
   while (true) {
-    const auto seen = commits;
-    // Asked without the lock, since it reads this store.
+    const auto seen = commits_;
+    // The predicate reads this store, so it must run without the lock.
     lock.unlock();
     if (satisfied()) return true;
     lock.lock();
-    if (!changed.wait_until(lock, deadline, [&] { return commits != seen; })) return false;
+    if (!changed_.wait_until(lock, deadline, [&] { return commits_ != seen; })) return false;
   }
 }
 

@@ -15,14 +15,14 @@
 
 namespace orrelo::devservice {
 
-/// One flat event as it came in, already checked.
+/// A flat event as received, already validated.
 struct IncomingEvent {
   std::map<std::string, std::string> values;
   /// The event as JSON text.
   std::string json;
 };
 
-/// What the events of one request have in common.
+/// The data that all events of one request share.
 struct Delivery {
   std::string appKey;
   std::string path;
@@ -36,7 +36,7 @@ struct DeliveryResult {
   std::int64_t duplicates = 0;
 };
 
-/// An event with the number of its last change, by which a reader asks for what is new.
+/// An event with the revision of its last change, which readers pass to get newer changes.
 struct StoredEvent {
   std::int64_t revision = 0;
   std::int64_t id = 0;
@@ -45,7 +45,7 @@ struct StoredEvent {
 
 struct EventPage {
   std::vector<StoredEvent> events;
-  /// The last change there is, which may lie beyond those on this page.
+  /// The store's latest revision, which may be later than those on this page.
   std::int64_t revision = 0;
 };
 
@@ -56,27 +56,29 @@ struct StoreCounts {
   std::int64_t tokens = 0;
 };
 
-/// Users, tokens and received events in one SQLite file. Thread-safe; failures of the database come as
+/// Users, tokens and received events in one SQLite file. Thread-safe. Database errors throw
 /// SQLite::Exception.
 class EventStore {
  public:
   explicit EventStore(const std::filesystem::path& file);
 
-  /// Stores all or none.
+  /// Stores all events or none.
   DeliveryResult add(const std::vector<IncomingEvent>& events, const Delivery& delivery);
   void saveToken(const std::string& appKey, const std::string& userId, const std::string& token,
                  TimePoint now);
 
   std::vector<ReceivedEvent> events() const;
-  /// What changed after that revision, in the order of the changes.
+  /// The events that changed after `revision`, in the order of their changes.
   EventPage changesAfter(std::int64_t revision, int limit) const;
-  /// The last changes, in the order of the changes.
+  /// The events that changed last, in the order of their changes.
   EventPage lastChanges(int limit) const;
-  /// Those seen last come first.
+  /// Users last seen first, and tokens last saved first. A negative limit returns all.
   std::vector<KnownUser> users(int limit = -1) const;
   std::vector<SavedToken> tokens(int limit = -1) const;
   StoreCounts counts() const;
 
+  /// Waits until `satisfied` holds, and evaluates it at once and after each commit of `add`, on the calling
+  /// thread. Returns false on timeout.
   bool waitFor(const std::function<bool()>& satisfied, std::chrono::milliseconds timeout) const;
 
  private:
@@ -85,17 +87,17 @@ class EventStore {
   EventPage page(SQLite::Statement& query) const;
   std::int64_t number(const char* sql) const;
 
-  mutable std::mutex mutex;
-  mutable std::condition_variable changed;
-  mutable SQLite::Database database;
-  SQLite::Statement insertEvent;
-  SQLite::Statement upsertUser;
-  SQLite::Statement upsertToken;
-  std::int64_t revision = 0;
-  std::int64_t eventCount = 0;
-  std::int64_t deliveryCount = 0;
-  /// Grows with every commit, so that a waiting thread misses none.
-  std::int64_t commits = 0;
+  mutable std::mutex mutex_;
+  mutable std::condition_variable changed_;
+  mutable SQLite::Database database_;
+  SQLite::Statement insertEvent_;
+  SQLite::Statement upsertUser_;
+  SQLite::Statement upsertToken_;
+  std::int64_t revision_ = 0;
+  std::int64_t eventCount_ = 0;
+  std::int64_t deliveryCount_ = 0;
+  /// The number of commits, by which a waiting thread notices each of them.
+  std::int64_t commits_ = 0;
 };
 
 }  // namespace orrelo::devservice

@@ -4,7 +4,7 @@ namespace orrelo::devservice {
 
 namespace {
 
-constexpr auto ofKey = " WHERE appKey = ? AND userId = ? AND campaignId = ?";
+constexpr auto whereKey = " WHERE appKey = ? AND userId = ? AND campaignId = ?";
 
 void bind(SQLite::Statement& statement, const ParticipationBook::Key& key) {
   statement.bind(1, key.appKey);
@@ -15,17 +15,17 @@ void bind(SQLite::Statement& statement, const ParticipationBook::Key& key) {
 }  // namespace
 
 ParticipationBook::ParticipationBook(const std::filesystem::path& file)
-    : database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 5'000) {
-  database.exec("PRAGMA journal_mode = WAL");
-  database.exec(
+    : database_(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 5'000) {
+  database_.exec("PRAGMA journal_mode = WAL");
+  database_.exec(
       "CREATE TABLE IF NOT EXISTS participations (number INTEGER PRIMARY KEY AUTOINCREMENT, appKey TEXT, "
       "userId TEXT, campaignId TEXT, action TEXT, state TEXT, day TEXT)");
-  database.exec("CREATE INDEX IF NOT EXISTS byKey ON participations (appKey, userId, campaignId)");
+  database_.exec("CREATE INDEX IF NOT EXISTS byKey ON participations (appKey, userId, campaignId)");
 }
 
 void ParticipationBook::add(const Key& key, const Entry& entry) {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement insert(database,
+  const std::lock_guard lock(mutex_);
+  SQLite::Statement insert(database_,
                            "INSERT INTO participations (appKey, userId, campaignId, action, state, day) "
                            "VALUES (?, ?, ?, ?, ?, ?)");
   bind(insert, key);
@@ -36,9 +36,9 @@ void ParticipationBook::add(const Key& key, const Entry& entry) {
 }
 
 std::optional<ParticipationBook::Entry> ParticipationBook::last(const Key& key) const {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement select(database, std::string("SELECT action, state, day FROM participations") + ofKey +
-                                         " ORDER BY number DESC LIMIT 1");
+  const std::lock_guard lock(mutex_);
+  SQLite::Statement select(database_, std::string("SELECT action, state, day FROM participations") +
+                                          whereKey + " ORDER BY number DESC LIMIT 1");
   bind(select, key);
   if (!select.executeStep()) return std::nullopt;
   return Entry{select.getColumn(0).getString(), select.getColumn(1).getString(),
@@ -46,9 +46,9 @@ std::optional<ParticipationBook::Entry> ParticipationBook::last(const Key& key) 
 }
 
 std::vector<std::string> ParticipationBook::days(const Key& key, const std::string& action) const {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement select(database, std::string("SELECT DISTINCT day FROM participations") + ofKey +
-                                         " AND action = ? ORDER BY day");
+  const std::lock_guard lock(mutex_);
+  SQLite::Statement select(database_, std::string("SELECT DISTINCT day FROM participations") + whereKey +
+                                          " AND action = ? ORDER BY day");
   bind(select, key);
   select.bind(4, action);
   std::vector<std::string> days;

@@ -9,8 +9,8 @@
 
 namespace orrelo::devservice {
 
-/// Who took part in which campaign, how and when, in one SQLite file. Thread-safe; failures of the database
-/// come as SQLite::Exception.
+/// The users' participations in campaigns, in one SQLite file. Thread-safe. Database errors throw
+/// SQLite::Exception.
 class ParticipationBook {
  public:
   struct Key {
@@ -19,10 +19,10 @@ class ParticipationBook {
     std::string campaignId;
   };
   struct Entry {
-    /// By which action of the campaign, and into which of its states.
     std::string action;
+    /// The state that the action led to.
     std::string state;
-    /// "yyyy-MM-dd"
+    /// The date as "yyyy-MM-dd".
     std::string day;
   };
 
@@ -30,12 +30,12 @@ class ParticipationBook {
 
   void add(const Key& key, const Entry& entry);
   std::optional<Entry> last(const Key& key) const;
-  /// On which this action was carried out, in the order of the calendar.
+  /// The days on which this action was carried out, in ascending order.
   std::vector<std::string> days(const Key& key, const std::string& action) const;
 
  private:
-  mutable std::mutex mutex;
-  mutable SQLite::Database database;
+  mutable std::mutex mutex_;
+  mutable SQLite::Database database_;
 };
 
 }  // namespace orrelo::devservice

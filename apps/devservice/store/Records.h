@@ -13,7 +13,8 @@ namespace orrelo::devservice {
 
 using TimePoint = std::chrono::time_point<std::chrono::system_clock, std::chrono::milliseconds>;
 
-/// One event, however often it was delivered. Everything but the deliveries is as of its first arrival.
+/// One event, however often it was delivered. All fields but `deliveries` and `lastArrival` are those of its
+/// first delivery.
 struct ReceivedEvent {
   std::string eventId;
   std::string appKey;
@@ -50,18 +51,18 @@ struct KnownUser {
   TimePoint lastSeen;
 };
 
-/// A request as it came in, noted before a fault or the service acted on it.
+/// A request as received, recorded before a fault or a route handled it.
 struct RequestRecord {
   std::string method;
   /// Decoded, without the query.
   std::string path;
-  /// As written in the request line.
+  /// The target as written in the request line.
   std::string target;
   std::vector<std::pair<std::string, std::string>> headers;
   std::size_t bodySize = 0;
   TimePoint arrival;
 
-  /// The first header of this name, in any case of letters.
+  /// The first header of this name, compared case-insensitively.
   std::optional<std::string> header(const std::string& name) const;
 };
 
