@@ -32,28 +32,28 @@ class ConfigRepositoryImpl final : public ConfigRepository,
 
   /// Starts the first fetch, on `scheduler`, where the service's answers come too: they are written to the
   /// device there, and not on the network's thread.
-  static std::shared_ptr<ConfigRepositoryImpl> create(ConfigLocalDataSource local,
-                                                      ConfigRemoteDataSource remote,
-                                                      CurrentDateGenerator currentDate,
+  static std::shared_ptr<ConfigRepositoryImpl> create(ConfigLocalDataSource localDataSource,
+                                                      ConfigRemoteDataSource remoteDataSource,
+                                                      CurrentDateGenerator currentDateGenerator,
                                                       reactive::SchedulerPtr scheduler);
 
   reactive::Observable<Config> fetch() override;
 
  private:
-  ConfigRepositoryImpl(ConfigLocalDataSource local, ConfigRemoteDataSource remote,
-                       CurrentDateGenerator currentDate, reactive::SchedulerPtr scheduler);
+  ConfigRepositoryImpl(ConfigLocalDataSource localDataSource, ConfigRemoteDataSource remoteDataSource,
+                       CurrentDateGenerator currentDateGenerator, reactive::SchedulerPtr scheduler);
 
   std::shared_ptr<const Config> freshConfig() const;
   void save(const Config& config);
 
   mutable std::mutex mutex_;
-  std::shared_ptr<const Config> cachedConfig;
-  std::optional<Date> cacheExpiredDate;
-  ConfigLocalDataSource localDataSource;
-  ConfigRemoteDataSource remoteDataSource;
-  CurrentDateGenerator currentDateGenerator;
+  std::shared_ptr<const Config> cachedConfig_;
+  std::optional<Date> cacheExpiredDate_;
+  ConfigLocalDataSource localDataSource_;
+  ConfigRemoteDataSource remoteDataSource_;
+  CurrentDateGenerator currentDateGenerator_;
   reactive::SchedulerPtr scheduler_;
-  reactive::DisposeBag disposeBag;
+  reactive::DisposeBag disposeBag_;
 };
 
 /// What the features know of the configuration.
@@ -67,13 +67,13 @@ class FetchConfigUseCase {
 
 class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
  public:
-  explicit FetchConfigUseCaseImpl(std::shared_ptr<ConfigRepository> configRepository)
-      : repository(std::move(configRepository)) {}
+  explicit FetchConfigUseCaseImpl(std::shared_ptr<ConfigRepository> repository)
+      : repository_(std::move(repository)) {}
 
-  reactive::Observable<Config> fetch() override { return repository->fetch(); }
+  reactive::Observable<Config> fetch() override { return repository_->fetch(); }
 
  private:
-  std::shared_ptr<ConfigRepository> repository;
+  std::shared_ptr<ConfigRepository> repository_;
 };
 
 }  // namespace orrelo

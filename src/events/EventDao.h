@@ -19,13 +19,13 @@ Error makeError(CoreDataError error, std::string message);
 /// not take back what has begun.
 class EventDao {
  public:
-  EventDao(std::shared_ptr<EventDatabase> eventDatabase, EventTimeStorage timeStorage)
-      : database(std::move(eventDatabase)), mapper(timeStorage) {}
+  EventDao(std::shared_ptr<EventDatabase> database, EventTimeStorage timeStorage)
+      : database_(std::move(database)), mapper_(timeStorage) {}
 
   /// The one operation that is a callback: it comes by the hundred thousand, and a stream for each would cost
   /// more than the rows. `completion` runs on the stores' thread, after the commit.
   void insert(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
-    database->insert(mapper.toRow(event), std::move(completion));
+    database_->insert(mapper_.toRow(event), std::move(completion));
   }
   /// By time, the oldest first; the rows are read as events on `scheduler`, where the element comes too. A
   /// row that is no event stops the process: the store is the kit's own.
@@ -40,11 +40,11 @@ class EventDao {
   reactive::Observable<reactive::Unit> removeUpTo(Date date) const;
 
   /// See EventDatabase::acquireSending.
-  std::shared_ptr<const void> acquireSending() const { return database->acquireSending(); }
+  std::shared_ptr<const void> acquireSending() const { return database_->acquireSending(); }
 
  private:
-  std::shared_ptr<EventDatabase> database;
-  EventMapper mapper;
+  std::shared_ptr<EventDatabase> database_;
+  EventMapper mapper_;
 };
 
 }  // namespace orrelo

@@ -20,7 +20,7 @@ Error makeError(BIEventMappingError error, std::string message);
 /// Between an event and its row. The host's store keeps the time as text, the kit's own as a date.
 class EventMapper {
  public:
-  explicit EventMapper(EventTimeStorage storage) : timeStorage_(storage) {}
+  explicit EventMapper(EventTimeStorage timeStorage) : timeStorage_(timeStorage) {}
 
   EventRow toRow(const Event& event) const;
   /// Throws entityToDtoMappingFailed of the store's own error when anything but the user is missing or

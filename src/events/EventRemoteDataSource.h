@@ -33,28 +33,28 @@ struct EventRemoteDTO {
 /// POST "/event", one event a request.
 class EventRemoteDataSource {
  public:
-  EventRemoteDataSource(EventNetworkConfig config, std::shared_ptr<HTTPClient> client)
-      : networkConfig(std::move(config)), httpClient(std::move(client)) {}
+  EventRemoteDataSource(EventNetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient)
+      : networkConfig_(std::move(networkConfig)), httpClient_(std::move(httpClient)) {}
 
   /// The same event once the service has taken it, whatever its reply says.
   reactive::Observable<Event> send(const Event& event) const;
 
  private:
-  EventNetworkConfig networkConfig;
-  std::shared_ptr<HTTPClient> httpClient;
+  EventNetworkConfig networkConfig_;
+  std::shared_ptr<HTTPClient> httpClient_;
 };
 
 /// POST "/events", a list of events a request.
 class BIEventRemoteDataSource {
  public:
-  BIEventRemoteDataSource(BIEventNetworkConfig config, std::shared_ptr<HTTPClient> client)
-      : networkConfig(std::move(config)), httpClient(std::move(client)) {}
+  BIEventRemoteDataSource(BIEventNetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient)
+      : networkConfig_(std::move(networkConfig)), httpClient_(std::move(httpClient)) {}
 
   reactive::Observable<reactive::Unit> send(const std::vector<BIEvent>& events) const;
 
  private:
-  BIEventNetworkConfig networkConfig;
-  std::shared_ptr<HTTPClient> httpClient;
+  BIEventNetworkConfig networkConfig_;
+  std::shared_ptr<HTTPClient> httpClient_;
 };
 
 }  // namespace orrelo

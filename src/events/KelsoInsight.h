@@ -27,13 +27,14 @@ class KelsoInsight {
   /// An event of now and of the current user; nothing happens before `setUp`.
   static void track(const std::string& name, const StringDictionary& values);
 
-  explicit KelsoInsight(SaveBIEventUseCase useCase) : saveBIEventUseCase(std::move(useCase)) {}
+  explicit KelsoInsight(SaveBIEventUseCase saveBIEventUseCase)
+      : saveBIEventUseCase_(std::move(saveBIEventUseCase)) {}
 
-  void save(const BIEvent& event) const { saveBIEventUseCase.save(event); }
-  void stopSending() const { saveBIEventUseCase.stopSending(); }
+  void save(const BIEvent& event) const { saveBIEventUseCase_.save(event); }
+  void stopSending() const { saveBIEventUseCase_.stopSending(); }
 
  private:
-  SaveBIEventUseCase saveBIEventUseCase;
+  SaveBIEventUseCase saveBIEventUseCase_;
 };
 
 }  // namespace orrelo

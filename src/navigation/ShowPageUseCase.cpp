@@ -33,25 +33,25 @@ std::shared_ptr<ShowPageUseCaseImpl> ShowPageUseCaseImpl::create(
       new ShowPageUseCaseImpl(std::move(fetchConfigUseCase), std::move(pageRouter)));
 }
 
-ShowPageUseCaseImpl::ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> config,
-                                         std::shared_ptr<PageRouter> router)
-    : fetchConfigUseCase(std::move(config)),
-      pageRouter(std::move(router)),
-      concurrentDispatchQueueScheduler(
+ShowPageUseCaseImpl::ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase,
+                                         std::shared_ptr<PageRouter> pageRouter)
+    : fetchConfigUseCase_(std::move(fetchConfigUseCase)),
+      pageRouter_(std::move(pageRouter)),
+      concurrentDispatchQueueScheduler_(
           std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive)),
-      mainScheduler(reactive::MainScheduler::instance()) {}
+      mainScheduler_(reactive::MainScheduler::instance()) {}
 
 void ShowPageUseCaseImpl::execute(const std::string& pageId) {
-  fetchConfigUseCase->fetch()
+  fetchConfigUseCase_->fetch()
       .map([pageId](const Config& config) { return pageOf(config, pageId); })
-      .subscribeOn(concurrentDispatchQueueScheduler)
-      .observeOn(mainScheduler)
+      .subscribeOn(concurrentDispatchQueueScheduler_)
+      .observeOn(mainScheduler_)
       .subscribe({.onNext =
                       [weak = weak_from_this(), pageId](const std::optional<Page>& page) {
-                        if (const auto self = weak.lock()) open(*self->pageRouter, pageId, page);
+                        if (const auto self = weak.lock()) open(*self->pageRouter_, pageId, page);
                       },
                   .onError = [](const Error& error) { log(LogLevel::ERROR, error.localizedDescription()); }})
-      .disposedBy(disposeBag);
+      .disposedBy(disposeBag_);
 }
 
 }  // namespace orrelo

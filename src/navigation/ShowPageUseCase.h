@@ -29,13 +29,14 @@ class ShowPageUseCaseImpl final : public ShowPageUseCase,
   void execute(const std::string& pageId) override;
 
  private:
-  ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> config, std::shared_ptr<PageRouter> router);
+  ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase,
+                      std::shared_ptr<PageRouter> pageRouter);
 
-  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
-  std::shared_ptr<PageRouter> pageRouter;
-  reactive::SchedulerPtr concurrentDispatchQueueScheduler;
-  reactive::SchedulerPtr mainScheduler;
-  reactive::DisposeBag disposeBag;
+  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase_;
+  std::shared_ptr<PageRouter> pageRouter_;
+  reactive::SchedulerPtr concurrentDispatchQueueScheduler_;
+  reactive::SchedulerPtr mainScheduler_;
+  reactive::DisposeBag disposeBag_;
 };
 
 }  // namespace orrelo

@@ -8,8 +8,8 @@ namespace orrelo {
 
 std::string HttpHeaderGenerator::deviceId() const {
   constexpr auto key = "orl_user_default_key_kelso_uuid";
-  if (auto stored = userDefaults->text(key)) return *stored;
-  return userDefaults->textOrInsert(key, Platform::current().random->uuid().text());
+  if (auto stored = userDefaults_->text(key)) return *stored;
+  return userDefaults_->textOrInsert(key, Platform::current().random->uuid().text());
 }
 
 HTTPHeaders HttpHeaderGenerator::generate() const {

@@ -13,14 +13,15 @@ namespace orrelo {
 class HttpHeaderGenerator {
  public:
   /// The suite named by the application key; it keeps the device id.
-  explicit HttpHeaderGenerator(std::shared_ptr<UserDefaults> defaults) : userDefaults(std::move(defaults)) {}
+  explicit HttpHeaderGenerator(std::shared_ptr<UserDefaults> userDefaults)
+      : userDefaults_(std::move(userDefaults)) {}
 
   HTTPHeaders generate() const;
 
  private:
   std::string deviceId() const;
 
-  std::shared_ptr<UserDefaults> userDefaults;
+  std::shared_ptr<UserDefaults> userDefaults_;
 };
 
 }  // namespace orrelo

@@ -19,7 +19,8 @@ class ORRELO_EXPORT KelsoMutator {
   static constexpr const char* suiteName = "tamrenzo_api_storage_I'm_Ilvane";
 
   /// A null suite chooses production.
-  explicit KelsoMutator(std::shared_ptr<UserDefaults> defaults) : userDefaults(std::move(defaults)) {}
+  explicit KelsoMutator(std::shared_ptr<UserDefaults> userDefaults)
+      : userDefaults_(std::move(userDefaults)) {}
 
   /// By the integer "ORRELO_SERVICE_URL": 1 staging, 2 staging QA, 3 development, else production.
   /// Development's host is the text "ORRELO_DEVELOPMENT_URL" where it is an https URL, else this machine.
@@ -35,7 +36,7 @@ class ORRELO_EXPORT KelsoMutator {
   bool isDevelopment() const;
 
  private:
-  std::shared_ptr<UserDefaults> userDefaults;
+  std::shared_ptr<UserDefaults> userDefaults_;
 };
 
 }  // namespace orrelo
