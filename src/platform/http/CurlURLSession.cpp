@@ -25,16 +25,18 @@ namespace {
 // they have a smaller quota of their own.
 struct Quota {
   int requests;
-  int idleRequests;
+  int idleTimeoutRequests;
 
-  bool allows(bool hasIdleTimeout) const { return requests > 0 && (!hasIdleTimeout || idleRequests > 0); }
+  bool allows(bool hasIdleTimeout) const {
+    return requests > 0 && (!hasIdleTimeout || idleTimeoutRequests > 0);
+  }
   void use(bool hasIdleTimeout) {
     --requests;
-    if (hasIdleTimeout) --idleRequests;
+    if (hasIdleTimeout) --idleTimeoutRequests;
   }
 };
-constexpr Quota totalQuota{.requests = 64, .idleRequests = 48};
-constexpr Quota hostQuota{.requests = 6, .idleRequests = 4};
+constexpr Quota totalQuota{.requests = 64, .idleTimeoutRequests = 48};
+constexpr Quota hostQuota{.requests = 6, .idleTimeoutRequests = 4};
 
 // Held while the session's thread is inside curl. An exit handler locks it forever, so that no transfer runs
 // while other libraries' exit handlers destroy what it uses.
