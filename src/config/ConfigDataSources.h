@@ -14,13 +14,13 @@ namespace orrelo {
 
 using ConfigNetworkConfig = NetworkConfig;
 
-/// The copy on the device, in the application's suite.
+/// Stores a copy of the configuration on the device, in the application's suite of user defaults.
 class ConfigLocalDataSource {
  public:
   explicit ConfigLocalDataSource(std::shared_ptr<UserDefaults> userDefaults)
       : userDefaults_(std::move(userDefaults)) {}
 
-  /// Nothing where there is no copy that can be read.
+  /// Returns nullopt if there is no valid copy.
   std::optional<Config> load() const;
   void save(const Config& config) const;
 
@@ -28,7 +28,7 @@ class ConfigLocalDataSource {
   std::shared_ptr<UserDefaults> userDefaults_;
 };
 
-/// GET "/config".
+/// Fetches the configuration with GET "/config".
 class ConfigRemoteDataSource {
  public:
   ConfigRemoteDataSource(ConfigNetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient)

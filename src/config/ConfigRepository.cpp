@@ -35,13 +35,13 @@ std::shared_ptr<ConfigRepositoryImpl> ConfigRepositoryImpl::create(ConfigLocalDa
 
 std::shared_ptr<const Config> ConfigRepositoryImpl::freshConfig() const {
   const std::lock_guard lock(mutex_);
-  // The moment of expiry itself still counts as fresh.
+  // The cached configuration is still valid at the moment of expiry itself.
   return cachedConfig_ && *cacheExpiredDate_ >= currentDateGenerator_() ? cachedConfig_ : nullptr;
 }
 
 reactive::Observable<Config> ConfigRepositoryImpl::fetch() {
   if (const auto config = freshConfig()) {
-    // The shared copy itself: this is asked for every event.
+    // Emits the shared instance without copying it, since every event calls this.
     return reactive::create<Config>([config](const reactive::AnyObserver<Config>& observer) {
       observer.onNext(*config);
       observer.onCompleted();

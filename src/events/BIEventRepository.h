@@ -18,7 +18,7 @@ class BIEventRepository {
   virtual void stopSending() = 0;
 };
 
-/// The kit's own events: up to 900 a request, a tick for every 30 saves and every 30 seconds.
+/// Sends the kit's own events, up to 900 per request, after every 30 saves and every 30 seconds.
 class BIEventRepositoryImpl final : public BIEventRepository {
  public:
   BIEventRepositoryImpl(EventDao local, BIEventRemoteDataSource remote, reactive::SchedulerPtr mainScheduler,

@@ -15,7 +15,7 @@ using reactive::AnyObserver;
 using reactive::Observable;
 using reactive::Unit;
 
-// A stream of what one operation of the database completes with.
+// A stream that runs one operation of the database and emits its result.
 template <class T, class Start>
 Observable<T> operation(Start start) {
   return reactive::create<T>([start](const AnyObserver<T>& observer) {
@@ -28,8 +28,7 @@ Observable<T> operation(Start start) {
   });
 }
 
-// A deletion of several rows. Whatever the reason, a refusal ends the stream with this one error; the reason
-// goes to the log.
+// Deletes several rows. Any failure ends the stream with the same error; the cause is only logged.
 template <class Start>
 Observable<Unit> batchDelete(Start start) {
   return operation<Unit>([start](auto completion) {

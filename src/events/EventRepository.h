@@ -18,7 +18,7 @@ class EventRepository {
   virtual void stopSending() = 0;
 };
 
-/// The host's events: one a request, a tick at each save and every 10 seconds.
+/// Sends the host's events, one per request, after each save and every 10 seconds.
 class EventRepositoryImpl final : public EventRepository {
  public:
   using OnNextHandler = std::function<void(const Event&)>;

@@ -52,7 +52,7 @@ void KelsoInsight::setUp(const std::string& appKey, const std::string& baseUrl) 
     const std::lock_guard lock(slot().mutex);
     std::swap(slot().instance, insight);
   }
-  if (insight) insight->stopSending();  // somebody may still hold the former one
+  if (insight) insight->stopSending();  // others may still hold the previous instance
 }
 
 std::shared_ptr<KelsoInsight> KelsoInsight::instance() {

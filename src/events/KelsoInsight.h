@@ -10,21 +10,20 @@
 
 namespace orrelo {
 
-/// From an event of a screen; its values are flattened as a host's are.
+/// Converts an event of a screen; its values are flattened like those of a host event.
 BIEvent toBIEvent(const ORLUserEvent& event);
 
-/// Where the kit's own events enter their pipeline. The service's switch does not stop them. One for the
-/// process, absent until `setUp`; any thread.
+/// The entry point of the kit's own events to their pipeline. They are reported even if the service has
+/// disabled the kit. There is one instance per process, which is absent until `setUp`. Any thread.
 class KelsoInsight {
  public:
-  /// Builds the pipeline for the application and makes it the one in use; the former one is let go. `baseUrl`
-  /// ends in
+  /// Builds the pipeline of the application and replaces the current instance. `baseUrl` must end with
   /// "/orreloservice/".
   static void setUp(const std::string& appKey, const std::string& baseUrl);
   /// Null until `setUp`.
   static std::shared_ptr<KelsoInsight> instance();
 
-  /// An event of now and of the current user; nothing happens before `setUp`.
+  /// Reports an event with the current time and the current user. Does nothing before `setUp`.
   static void track(const std::string& name, const StringDictionary& values);
 
   explicit KelsoInsight(SaveBIEventUseCase saveBIEventUseCase)

@@ -27,7 +27,7 @@ std::string KelsoMutator::serviceUrl() const {
   }
   if (const auto text = userDefaults_->text("ORRELO_DEVELOPMENT_URL")) {
     const auto url = Url::parse(*text);
-    // Paths are appended as text, and begin with "/" themselves.
+    // Paths start with "/" and are appended as text, so trailing slashes are removed.
     if (url && url->scheme() == "https" && !url->host().empty())
       return text->substr(0, text->find_last_not_of('/') + 1);
   }
