@@ -28,9 +28,10 @@ void EventPipeline::save(const Event& event) {
 void EventPipeline::start() {
   const auto weak = weak_from_this();
   const auto deallocated = makeError(ReferenceError::deallocated);
-  queueSource_.asObservable()
-      .observeOn(
-          options_.concurrentScheduler)  // signals arrive on the stores' thread, which must not be blocked
+  queueSource_
+      .asObservable()
+      // Signals arrive on the stores' thread, which must not be blocked.
+      .observeOn(options_.concurrentScheduler)
       .buffer(options_.timeSpan, options_.count, options_.mainScheduler)
       .map([](const std::vector<Unit>&) { return Unit{}; })  // one tick, regardless of the number of signals
       .subscribeOn(options_.concurrentScheduler)

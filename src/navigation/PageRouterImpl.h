@@ -9,14 +9,14 @@
 
 namespace orrelo {
 
-/// What a route needs of the running kit. Each is asked when it is needed, and says itself where the kit is
-/// not initialized.
+/// The functions of the running kit that routing needs. They are called at the time of routing and report
+/// themselves if the kit is not initialized.
 struct Destinations {
   std::function<void(const std::string& id, const std::shared_ptr<ViewController>& with)> showCampaign;
   std::function<void(const std::shared_ptr<ViewController>& with)> showHome;
-  /// Whether there is a running kit.
+  /// True if the kit is running.
   std::function<bool()> isInitialized;
-  /// The feature's; null where the running kit has none.
+  /// The router of the feature that owns the page; null if the running kit has none.
   std::function<std::shared_ptr<Router>(Page::Fixed page)> router;
 };
 

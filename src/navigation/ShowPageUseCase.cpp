@@ -11,7 +11,7 @@
 namespace orrelo {
 namespace {
 
-// The first of several with the same id.
+// The page with this id; the first one if several entries have the same id.
 std::optional<Page> pageOf(const Config& config, const std::string& pageId) {
   const auto found = std::find_if(config.entries.begin(), config.entries.end(),
                                   [&](const Entry& entry) { return entry.pageId == pageId; });

@@ -14,12 +14,11 @@ class ShowPageUseCase {
  public:
   virtual ~ShowPageUseCase() = default;
 
-  /// Takes the user to the page that the configuration has under `pageId`. What comes of it is in the log
-  /// alone. Any thread.
+  /// Navigates to the page that the configuration lists under `pageId`. Failures are only logged. Any thread.
   virtual void execute(const std::string& pageId) = 0;
 };
 
-/// Opens pages over the screen that the user has before them.
+/// Opens pages over the topmost screen.
 class ShowPageUseCaseImpl final : public ShowPageUseCase,
                                   public std::enable_shared_from_this<ShowPageUseCaseImpl> {
  public:
