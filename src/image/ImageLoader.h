@@ -8,9 +8,9 @@ namespace orrelo {
 
 /// Loads images into views; all screens use it.
 struct ImageLoader {
-  /// Percent-encodes characters that are not allowed in a URL's query, including spaces and "%", and loads the
-  /// image. If the result is not a valid URL, logs a warning and leaves the view unchanged; if it names a GIF,
-  /// clears the view. `completion` is not called in these cases. Main thread only.
+  /// Percent-encodes characters that are not allowed in a URL's query, including spaces and "%", and loads
+  /// the image. If the result is not a valid URL, logs a warning and leaves the view unchanged; if it names a
+  /// GIF, clears the view. `completion` is not called in these cases. Main thread only.
   static void load(std::string_view urlString, const std::shared_ptr<ImageTarget>& imageView,
                    ImagePipeline::Completion completion = {});
 };

@@ -89,8 +89,8 @@ class URLSessionDataDelegate {
 /// cookies and no cache. Follows at most 20 redirects per request, to http and https only; a redirect that
 /// would send a body to another host or from https to http is not followed. Any thread.
 ///
-/// At most 64 requests run at the same time, and at most 6 per host. Requests with an idle timeout may run
-/// forever, so they are limited to 48 in total and 4 per host and cannot block the others.
+/// The session runs at most 64 requests at the same time, and at most 6 per host. Requests with an idle
+/// timeout may run forever, so they are limited to 48 in total and 4 per host and cannot block the others.
 class URLSession {
  public:
   /// Called once, on the session's own thread.

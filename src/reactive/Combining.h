@@ -95,7 +95,7 @@ class CombiningNode final : public std::enable_shared_from_this<CombiningNode<ru
     if (isOver) end(Event<Row>::completed());
   }
 
-  // For zip: true if an input has ended and all its elements have been paired.
+  // zip: true if an input has ended and all its elements have been paired.
   template <std::size_t... Is>
   bool isExhausted(std::index_sequence<Is...>) const {
     return ((ended_[Is] && std::get<Is>(queues_).empty()) || ...);

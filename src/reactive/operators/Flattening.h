@@ -22,7 +22,7 @@ class FlatteningNode final : public Observer<In>,
 
   void onSubscribe(Disposable upstream) override {
     upstreams_->insert(std::move(upstream));
-    // From here on only the gate references the observer.
+    // Only the gate references the observer from here on.
     std::exchange(observer_, nullptr)->onSubscribe(Disposable(upstreams_));
   }
 
@@ -72,7 +72,7 @@ class FlatteningNode final : public Observer<In>,
     std::uint64_t generation_;
   };
 
-  // For oneByOne: returns false and queues the element if another inner stream is running.
+  // oneByOne: returns false and queues the element if another inner stream is running.
   bool tryStart(const In& element) {
     const std::lock_guard lock(mutex_);
     if (running_ == 0 && waiting_.empty() && !starting_) return starting_ = true;
@@ -113,7 +113,7 @@ class FlatteningNode final : public Observer<In>,
     {
       const std::lock_guard lock(mutex_);
       generation = ++generation_;
-      // With latestOnly the previous inner stream has been disposed.
+      // latestOnly: the previous inner stream has been disposed.
       running_ = rule_ == FlatteningRule::latestOnly ? 1 : running_ + 1;
     }
     try {
