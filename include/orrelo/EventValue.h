@@ -26,7 +26,7 @@ using EventArray = std::vector<EventValue>;
 using EventDictionary = std::map<std::string, EventValue, std::less<>>;
 using EventBytes = std::vector<std::byte>;
 
-/// Different values in the order in which they were first given.
+/// Distinct values, in the order of their first insertion.
 struct ORRELO_EXPORT EventSet {
   EventSet();
   EventSet(std::initializer_list<EventValue> values);
@@ -35,7 +35,7 @@ struct ORRELO_EXPORT EventSet {
   EventArray elements;
 };
 
-/// A value of a type that the kit does not know; it remembers what the type was called.
+/// A value of a type unknown to the kit. Holds only the type's name.
 struct EventOther {
   std::string typeName;
 };
@@ -45,8 +45,8 @@ inline constexpr bool IsCharacter =
     std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
     std::same_as<T, char16_t> || std::same_as<T, char32_t>;
 
-/// One value of a host event. Null, bytes and other are carried, so that a host can hand over what it has,
-/// but an event that holds one of them at its top level is refused (see Orrelo::sendEvent).
+/// One value of a host event. It can hold null, bytes and values of unknown types, so that a host can pass
+/// any value, but Orrelo::sendEvent rejects an event that holds one of them at its top level.
 ///
 ///     EventValues values{{"item", "Blue shoes"}, {"price", 39.9}, {"sizes", EventArray{41, 42}}};
 class ORRELO_EXPORT EventValue {
@@ -57,12 +57,12 @@ class ORRELO_EXPORT EventValue {
   EventValue() = default;
   EventValue(std::nullptr_t) {}
   EventValue(std::same_as<bool> auto value) : value_(value) {}
-  /// A number beyond 64 signed bits is kept as the text of its digits.
+  /// A number outside the range of std::int64_t is stored as its decimal text.
   template <std::integral Integer>
   requires(!std::same_as<Integer, bool> && !IsCharacter<Integer>) EventValue(Integer value)
       : value_(std::in_range<std::int64_t>(value) ? Variant(static_cast<std::int64_t>(value))
                                                   : Variant(std::to_string(value))) {}
-  /// A float becomes the double of its shortest decimals: 39.9f is kept as 39.9.
+  /// A float is converted through its shortest decimal form: 39.9f is stored as 39.9.
   EventValue(std::floating_point auto value) : value_(toDouble(value)) {}
   EventValue(const char* text) : value_(std::string(text)) {}
   EventValue(std::string_view text) : value_(std::string(text)) {}
@@ -75,7 +75,7 @@ class ORRELO_EXPORT EventValue {
   EventValue(EventDictionary dictionary) : value_(std::move(dictionary)) {}
   EventValue(EventBytes bytes) : value_(std::move(bytes)) {}
 
-  /// For a value of any other type; only the type's name is kept.
+  /// Stands for a value of any other type; only the type's name is kept.
   template <class T>
   static EventValue other(const T&) {
     return other(typeid(T));

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what leaves the shared library; everything else stays hidden.
+/// Exports a symbol from the shared library; all other symbols are hidden.
 #define ORRELO_EXPORT __attribute__((visibility("default")))

@@ -24,11 +24,11 @@ struct NotificationResponse {
   EventDictionary userInfo;
 };
 
-/// What a background fetch brought, for the platform.
+/// The result of a background fetch, as reported to the platform.
 enum class BackgroundFetchResult { newData, noData, failed };
 
-/// The operations of Orrelo as an interface, for hosts that write their code against one.
-/// `Orrelo::asInterface()` is the kit's own. Orrelo has the documentation.
+/// The operations of Orrelo as an interface, for hosts that inject or mock it. `Orrelo::asInterface()`
+/// returns the kit's implementation. The operations are documented in Orrelo.
 class ORRELO_EXPORT IOrrelo {
  public:
   using FetchCompletion = std::function<void(BackgroundFetchResult)>;

@@ -8,39 +8,39 @@
 
 namespace orrelo {
 
-/// The thread that owns the screens, as the kit sees it. A front gives its toolkit's event loop; a host
-/// without one runs RunLoop::main().
+/// The event loop of the main thread, which owns all screens. A front supplies its toolkit's event loop; a
+/// host without one runs RunLoop::main().
 class ORRELO_EXPORT MainLoop {
  public:
   using Task = std::function<void()>;
 
   virtual ~MainLoop() = default;
 
-  /// Runs `task` on the main thread, after what was posted before it. Any thread. Never runs it before
-  /// returning.
+  /// Queues `task` for the main thread, in the order of the calls. Never runs it before returning. Any
+  /// thread.
   virtual void post(Task task) = 0;
-  /// The same after a delay; tasks of one due time run in the order in which they were posted.
+  /// Like `post`, after a delay. Tasks with the same due time run in the order in which they were posted.
   virtual void postAfter(std::chrono::microseconds delay, Task task) = 0;
-  /// Whether the caller is on the main thread.
+  /// True on the main thread.
   virtual bool isCurrent() const = 0;
 };
 
 /// A plain event loop for a host that has none of its own.
 ///
-/// Nothing that the kit posts to the main thread runs while no one is in `run`. That includes the idle ticks
-/// which resend stored events, every 10 seconds for the host's and every 30 seconds for the kit's own.
+/// Tasks that the kit posts to the main thread run only while a caller is inside `run`. That includes the
+/// timers that resend stored events: every 10 seconds for the host's events, every 30 seconds for the kit's.
 class ORRELO_EXPORT RunLoop final : public MainLoop {
  public:
-  /// The process's one run loop; never destroyed.
+  /// The process-wide run loop; never destroyed.
   static RunLoop& main();
 
   ~RunLoop() override;
 
-  /// Runs tasks on the calling thread, which is the main thread from now on, until `stop`.
+  /// Runs tasks on the calling thread until `stop`. Meanwhile the calling thread counts as the main thread.
   void run();
-  /// The same, for at most `duration`.
+  /// Like `run`, for at most `duration`.
   void runFor(std::chrono::microseconds duration);
-  /// Ends `run` after the task that runs now. Any thread.
+  /// Makes `run` return after the current task. Any thread.
   void stop();
 
   void post(Task task) override;

@@ -4,7 +4,7 @@
 
 namespace orrelo {
 
-/// The kinds of campaign that a host can ask for by kind. The raw values are part of the public contract.
+/// The types of campaign that a host can open by type. The raw values are part of the public contract.
 enum class ORLCampaignType {
   attendance = 0,
   referral = 1,
@@ -13,7 +13,7 @@ enum class ORLCampaignType {
   roulette = 4
 };
 
-/// Nothing for a raw value that no kind has.
+/// The type with this raw value; nullopt if there is none.
 constexpr std::optional<ORLCampaignType> campaignType(int rawValue) {
   if (rawValue < 0 || rawValue > 4) return std::nullopt;
   return static_cast<ORLCampaignType>(rawValue);

@@ -10,30 +10,30 @@ namespace orrelo {
 
 class ORLConfig;
 
-/// Collects what an ORLConfig needs.
+/// Collects the fields of an ORLConfig.
 class ORRELO_EXPORT ORLConfigBuilder {
  public:
   std::optional<std::string> appKey;
 
-  /// Stops the process where `appKey` is absent.
+  /// Aborts the process if `appKey` is absent.
   ORLConfig build() const;
 };
 
-/// What the kit needs to know at start. Immutable.
+/// The host's configuration of the kit. Immutable.
 ///
 ///     const auto config = ORLConfig::config([](ORLConfigBuilder& builder) { builder.appKey = "my-app"; });
 class ORRELO_EXPORT ORLConfig {
  public:
   using Block = std::function<void(ORLConfigBuilder&)>;
 
-  /// Runs the block on a new builder and builds.
+  /// Runs `block` on a new builder and returns the result of its `build`.
   static ORLConfig config(const Block& block);
   explicit ORLConfig(const Block& block);
-  /// Any text, the empty one too.
+  /// Accepts any text, including an empty one.
   explicit ORLConfig(std::string appKey) : appKey_(std::move(appKey)) {}
   explicit ORLConfig(const char* appKey) : appKey_(appKey) {}
 
-  /// Names the application at the service.
+  /// Identifies the application to the service.
   const std::string& appKey() const { return appKey_; }
 
  private:

@@ -9,21 +9,21 @@ namespace orrelo {
 
 class ViewController;
 
-/// Hears what the user does on the kit's screens. The kit holds it weakly.
+/// Receives the user's actions on the kit's screens. The kit keeps a weak reference to it.
 class ORRELO_EXPORT ORLUserEventDelegate {
  public:
   virtual ~ORLUserEventDelegate() = default;
 
-  /// On the thread of the screen that reports it: the main thread.
+  /// Called on the main thread.
   virtual void userEventDidOccur(const ORLUserEvent& event) = 0;
 };
 
-/// Takes over when the user follows an opt-in marketing campaign. The kit holds it weakly.
+/// Handles the button of an opt-in marketing campaign. The kit keeps a weak reference to it.
 class ORRELO_EXPORT ORLOptInMarketingCampaignDelegate {
  public:
   virtual ~ORLOptInMarketingCampaignDelegate() = default;
 
-  /// On the main thread, with the campaign's screen.
+  /// Called on the main thread with the campaign's screen.
   virtual void onMoveButtonTapped(const std::shared_ptr<ViewController>& viewController) = 0;
 };
 

@@ -4,8 +4,8 @@
 
 namespace orrelo {
 
-/// The kit's log: silent until enabled, then one line a message on standard output:
-/// "[OrreloSDK][LEVEL] date message". There is no threshold and no way to turn it off again.
+/// The kit's log. It is silent until enabled, then writes one line per message to standard output:
+/// "[OrreloSDK][LEVEL] date message". There is no level threshold, and the log cannot be disabled again.
 class ORRELO_EXPORT ORLLogger {
  public:
   /// Any thread.

@@ -9,10 +9,10 @@
 
 namespace orrelo {
 
-/// Whether the user agreed to marketing. The raw values are the service protocol's.
+/// The user's consent to marketing. The raw values are part of the service protocol.
 enum class ORLMarketingStatus { unknown = 0, optIn = 1, optOut = 2 };
 
-/// Nothing for a raw value that no status has.
+/// The status with this raw value; nullopt if there is none.
 constexpr std::optional<ORLMarketingStatus> marketingStatus(int rawValue) {
   if (rawValue < 0 || rawValue > 2) return std::nullopt;
   return static_cast<ORLMarketingStatus>(rawValue);
@@ -20,14 +20,14 @@ constexpr std::optional<ORLMarketingStatus> marketingStatus(int rawValue) {
 
 class ORLUser;
 
-/// Collects what an ORLUser needs.
+/// Collects the fields of an ORLUser.
 class ORRELO_EXPORT ORLUserBuilder {
  public:
   std::optional<std::string> userId;
   ORLMarketingStatus marketingStatus = ORLMarketingStatus::unknown;
   EventValues properties;
 
-  /// Stops the process where `userId` is absent.
+  /// Aborts the process if `userId` is absent.
   ORLUser build() const;
 };
 
@@ -36,16 +36,16 @@ class ORRELO_EXPORT ORLUser {
  public:
   using Block = std::function<void(ORLUserBuilder&)>;
 
-  /// Runs the block on a new builder and builds.
+  /// Runs `block` on a new builder and returns the result of its `build`.
   static ORLUser user(const Block& block);
   explicit ORLUser(const Block& block);
   ORLUser(std::string userId, ORLMarketingStatus marketingStatus, EventValues properties)
       : userId_(std::move(userId)), marketingStatus_(marketingStatus), properties_(std::move(properties)) {}
 
-  /// Opaque to the kit; any text, the empty one too.
+  /// Opaque to the kit; may be empty.
   const std::string& userId() const { return userId_; }
   ORLMarketingStatus marketingStatus() const { return marketingStatus_; }
-  /// Sent with the user's profile event, under the rules of Orrelo::sendEvent.
+  /// Sent with the user's profile event; Orrelo::sendEvent states which values are supported.
   const EventValues& properties() const { return properties_; }
 
  private:

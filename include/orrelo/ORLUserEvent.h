@@ -7,9 +7,9 @@
 
 namespace orrelo {
 
-/// Something that the user did on one of the kit's screens, as ORLUserEventDelegate hears it.
+/// An action of the user on one of the kit's screens, as ORLUserEventDelegate receives it.
 struct ORLUserEvent {
-  /// Begins with "ol_".
+  /// Always starts with "ol_".
   std::string name;
   std::optional<EventValues> values;
 };

@@ -20,20 +20,20 @@
 
 namespace orrelo {
 
-/// The kit, as a host calls it. There is no instance to make: every operation belongs to the class.
+/// The kit's entry point for hosts. All operations are static; there is no instance.
 ///
-/// Threads: any thread may call anything but the `get…ViewController` operations, which belong on the main
-/// thread. The `show…` operations show their screen on the main thread: at once when called there, else as
-/// soon as the main loop runs what was posted to it; `showPage` asks for the service's configuration first.
-/// Nothing here waits for a file or for the network, except that `initialize` and `setUser` read and write
-/// small settings files. Call `initialize` once and early.
+/// Threads: any thread may call any operation, except the `get…ViewController` operations, which must be
+/// called on the main thread. The `show…` operations show their screen on the main thread: immediately when
+/// called there, otherwise in a task posted to the main loop; `showPage` fetches the service's configuration
+/// first. No operation waits for a file or for the network, except that `initialize` and `setUser` read and
+/// write small settings files. Call `initialize` once and early.
 ///
-/// These do nothing yet, but for their log line before `initialize`: `showHome`, `showNaverPayExchange`,
-/// `showInAppMessage`, `setDeviceToken`, `setPushToken`, `userNotificationCenter` and `application`, of which
-/// the last two do not call their completions.
+/// These operations are not implemented yet, and only write a log line when called before `initialize`:
+/// `showHome`, `showNaverPayExchange`, `showInAppMessage`, `setDeviceToken`, `setPushToken`,
+/// `userNotificationCenter` and `application`. The last two do not call their completions.
 ///
-/// Errors: an event value of an unsupported type throws UnsupportedEventValueException; nothing else is ever
-/// raised. What goes wrong inside is told by ORLLogger alone.
+/// Errors: an event value of an unsupported type throws UnsupportedEventValueException; no other exception is
+/// ever thrown. Internal failures are reported through ORLLogger only.
 ///
 /// A complete host:
 ///
@@ -51,53 +51,52 @@ class ORRELO_EXPORT Orrelo final {
  public:
   Orrelo() = delete;
 
-  /// The same operations behind an interface.
+  /// The same operations as an interface.
   static IOrrelo& asInterface();
 
-  /// Builds the kit for the application that `config` names and starts its work in the background. It reports
-  /// nothing. A second call replaces the first: events stored by then are kept, and go to the new
-  /// application. Stops the process for an app key that can name no suite of user defaults (see
+  /// Builds the kit for the application identified by `config` and starts its background work. Reports no
+  /// result. A second call replaces the first: events stored so far are kept and are sent to the new
+  /// application. Aborts the process if the app key is not a valid name for a suite of user defaults (see
   /// UserDefaultsFactory::suite).
   static void initialize(const ORLConfig& config);
 
-  /// Says who uses the application, or with nothing that nobody is signed in. Each call with a user reports
-  /// the event "ol_set_user_profile" with the user's properties, "user_id", and "opt_in_marketing" where that
-  /// is known; it goes out under the id of the user before. Before `initialize` the event is dropped with a
-  /// log line.
-  /// Throws as `sendEvent` does, and then leaves the user as it was.
+  /// Sets the current user; nullopt means that nobody is signed in. Each call with a user reports the event
+  /// "ol_set_user_profile" with the user's properties, "user_id", and "opt_in_marketing" if that is known;
+  /// the event itself carries the id of the previous user. Before `initialize` the event is dropped with a
+  /// log line. Throws as `sendEvent` does, and then leaves the current user unchanged.
   static void setUser(const std::optional<ORLUser>& user);
 
-  /// Reports what the user did. The event is of this moment and of the current user; it is stored and sent in
-  /// the background, unless the service has switched the kit off or its configuration was never reached.
+  /// Reports an action of the user. The event carries the current time and the current user. It is stored and
+  /// sent in the background, unless the service has disabled the kit or its configuration was never fetched.
   static void sendEvent(std::string_view name);
-  /// The values become texts in the background; moving them in makes the call cheapest. Throws
+  /// The values are converted to texts in the background; moving them in avoids a copy. Throws
   /// UnsupportedEventValueException for null, bytes and unknown types at the top level. A collection that
-  /// holds what JSON has no form for is left out.
+  /// contains a value without a JSON form is left out.
   static void sendEvent(std::string_view name, EventValues values);
 
   static void showHome(const std::shared_ptr<ViewController>& with);
-  /// Opens a campaign from the host's screen `with`: on its navigation stack where it stands on one, else
-  /// over it. Nothing happens without a screen.
+  /// Opens a campaign from the host's screen `with`: pushes it on that screen's navigation stack, or presents
+  /// it over the screen if there is no stack. Does nothing if `with` is null.
   static void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with);
-  /// The first campaign of the type that the service lists for the current user.
+  /// Opens the first campaign of this type that the service lists for the current user.
   static void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with);
-  /// The same screens, for the host to show through the front that it uses: with Qt Quick by
-  /// `orrelo::quick::present` or `push`. Never null: before `initialize` a screen that asks to try again. On
-  /// the main thread.
+  /// The campaign's screen, for the host to show through its front: with Qt Quick, `orrelo::quick::present`
+  /// or `push`. Never null: before `initialize` it is a screen that asks the user to try again. Main thread
+  /// only.
   static std::shared_ptr<ViewController> getCampaignViewController(std::string_view id);
   static std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type);
   static void showNaverPayExchange(const std::shared_ptr<ViewController>& with);
-  /// Opens the page that the service has put behind `id`, over what the user has before them: a campaign, a
-  /// screen of the kit, or a deep link of the host. What cannot be opened says so in the log.
+  /// Opens the page that the service's configuration assigns to `id`, over the current screen: a campaign, a
+  /// screen of the kit, or a deep link of the host. A page that cannot be opened is reported in the log.
   static void showPage(std::string_view id);
   static void showInAppMessage(const std::shared_ptr<ViewController>& with);
 
   /// The platform's raw device token.
   static void setDeviceToken(const std::vector<std::byte>& token);
   static void setPushToken(std::string_view token);
-  /// For a notification that the user tapped. Before `initialize` the completion is not called.
+  /// Handles a notification that the user tapped. Before `initialize` the completion is not called.
   static void userNotificationCenter(const NotificationResponse& response, std::function<void()> completion);
-  /// For a notification that arrived. Before `initialize` the completion is not called.
+  /// Handles a notification that arrived. Before `initialize` the completion is not called.
   static void application(const EventDictionary& userInfo, IOrrelo::FetchCompletion completion);
 
   /// Held weakly; may be set before `initialize`.

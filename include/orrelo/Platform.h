@@ -21,55 +21,55 @@ class Random;
 class URLSession;
 class WorkerPool;
 
-/// What an application or a library says of itself: the entries of its information dictionary.
+/// The information dictionary of an application or a library.
 class ORRELO_EXPORT Bundle {
  public:
   virtual ~Bundle() = default;
 
   virtual bool hasInfoDictionary() const = 0;
-  /// Nothing for an absent entry and for one that is no text.
+  /// The entry's text; nullopt if the entry is absent or not a text.
   virtual std::optional<std::string> info(std::string_view key) const = 0;
 };
 
-/// What the machine says of itself. Asked at `Orrelo::initialize`.
+/// Properties of the machine. Read at `Orrelo::initialize`.
 class ORRELO_EXPORT Device {
  public:
   virtual ~Device() = default;
 
   virtual std::string systemVersion() const = 0;
-  /// "ko_KR"
+  /// Example: "ko_KR".
   virtual std::string localeIdentifier() const = 0;
-  /// "Asia/Seoul"
+  /// Example: "Asia/Seoul".
   virtual std::string timeZoneIdentifier() const = 0;
 };
 
-/// Where the kit keeps its files.
+/// The folders in which the kit keeps its files.
 class ORRELO_EXPORT Directories {
  public:
   virtual ~Directories() = default;
 
-  /// Stores that must outlive the process. Made when it is missing.
+  /// The folder of the persistent stores. Created if missing.
   virtual std::filesystem::path data() const = 0;
-  /// What can be fetched again.
+  /// The folder of files that can be fetched again.
   virtual std::filesystem::path cache() const = 0;
 };
 
-/// The application that the kit is linked into, for the POSIX defaults.
+/// Describes the host application to Platform::posix.
 struct HostApplication {
-  /// Names the folder of the kit's stores and goes to the service; the executable's name where it is empty.
+  /// Names the folder of the kit's stores and is sent to the service. Defaults to the executable's name.
   std::string bundleIdentifier = {};
   std::string shortVersion = {};
   std::string bundleVersion = {};
-  /// Empty: "$XDG_DATA_HOME/<bundle identifier>", else "~/.local/share/<bundle identifier>".
+  /// Defaults to "$XDG_DATA_HOME/<bundle identifier>", else "~/.local/share/<bundle identifier>".
   std::filesystem::path dataDirectory = {};
-  /// Empty: "$XDG_CACHE_HOME/<bundle identifier>", else "~/.cache/<bundle identifier>".
+  /// Defaults to "$XDG_CACHE_HOME/<bundle identifier>", else "~/.cache/<bundle identifier>".
   std::filesystem::path cacheDirectory = {};
-  /// Besides "http" and "https", the schemes of URLs that can be opened on the machine or by the host itself.
+  /// Schemes of URLs that the machine or the host itself can open, in addition to "http" and "https".
   std::vector<std::string> urlSchemes = {};
 };
 
-/// Everything that the kit asks of a machine. Nothing in the kit reads the time, the disk, the network or a
-/// random source but through this record.
+/// The machine's services that the kit uses. The kit accesses the time, the disk, the network and random
+/// numbers only through this record.
 struct ORRELO_EXPORT Platform {
   std::shared_ptr<MainLoop> mainLoop;
   std::shared_ptr<WorkerPool> workers;
@@ -83,15 +83,15 @@ struct ORRELO_EXPORT Platform {
   std::shared_ptr<Bundle> mainBundle;
   std::shared_ptr<Bundle> kitBundle;
   std::shared_ptr<Application> application;
-  /// Null where there is none, as in the POSIX defaults: no picture can be shown then.
+  /// May be null, as in the POSIX defaults; then no image can be shown.
   std::shared_ptr<ImageCodec> imageCodec;
 
-  /// A machine with POSIX files, curl and SQLite, and RunLoop::main() as main loop. A front replaces what it
-  /// knows better.
+  /// The POSIX defaults: POSIX files, curl, SQLite, and RunLoop::main() as the main loop. A front replaces
+  /// the members that its toolkit provides.
   static Platform posix(const HostApplication& host = {});
 
-  /// Makes `platform` the one in use. Once, before `Orrelo::initialize` and before other threads use the kit;
-  /// without it the POSIX defaults serve.
+  /// Makes `platform` the current one. Call it once, before `Orrelo::initialize` and before other threads use
+  /// the kit; without a call the POSIX defaults are used.
   static void install(Platform platform);
   static const Platform& current();
 };

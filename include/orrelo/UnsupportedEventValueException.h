@@ -7,14 +7,14 @@
 
 namespace orrelo {
 
-/// The one exception that leaves the kit: an event holds a value of a type that cannot be sent.
+/// The only exception that the kit throws: an event holds a value of an unsupported type.
 class ORRELO_EXPORT UnsupportedEventValueException : public std::invalid_argument {
  public:
   explicit UnsupportedEventValueException(const std::string& typeName);
 
-  /// "Not supported class"
+  /// Always "Not supported class".
   const std::string& name() const { return name_; }
-  /// The type's name, then " is not supported class".
+  /// "<type name> is not supported class".
   std::string reason() const { return what(); }
 
  private:

@@ -12,20 +12,21 @@ namespace orrelo {
 /// repaired, normalised or escaped. A plain value.
 class ORRELO_EXPORT Url {
  public:
-  /// Nothing for an empty text and for any text outside the grammar (a blank, a bare "%", "[" in a path …).
+  /// Returns nullopt for an empty text and for a text that violates the grammar (with a blank, a bare "%", or
+  /// "[" in a path, for example).
   static std::optional<Url> parse(std::string_view text);
 
   const std::string& text() const { return text_; }
   /// The scheme as written, without ":". Empty for a relative reference.
   std::string_view scheme() const { return part(scheme_); }
-  /// The host without brackets' neighbours user and port. Empty where there is no authority.
+  /// The host without user and port; an IP literal keeps its brackets. Empty if there is no authority.
   std::string_view host() const { return part(host_); }
-  /// The digits after the host's ":". Empty where they are absent.
+  /// The digits after the host's ":". Empty if they are absent.
   std::string_view port() const { return part(port_); }
   std::string_view path() const { return part(path_); }
-  /// What stands between "?" and "#"; absent differs from empty.
+  /// The part between "?" and "#"; nullopt if there is no "?".
   std::optional<std::string_view> query() const;
-  /// What stands behind "#"; absent differs from empty.
+  /// The part after "#"; nullopt if there is no "#".
   std::optional<std::string_view> fragment() const;
 
   friend bool operator==(const Url& a, const Url& b) { return a.text_ == b.text_; }

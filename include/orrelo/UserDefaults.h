@@ -16,11 +16,12 @@ namespace orrelo {
 using DefaultsData = std::vector<std::byte>;
 using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, DefaultsData>;
 
-/// One suite of a persistent key-value store. Values are typed: one of another type than asked for counts as
-/// missing.
+/// One suite of a persistent key-value store. Values are typed: a value of another type than requested counts
+/// as missing.
 ///
-/// Any thread. Reads come from memory after the first. A write is in the file when the call returns; if the
-/// file refused it, it counts in this process, and goes along with the next write that the file takes.
+/// Any thread. The first read loads the file; later reads come from memory. A write has reached the file when
+/// the call returns. If the file rejects the write, the value still applies in this process and is written
+/// together with the next successful write.
 class ORRELO_EXPORT UserDefaults {
  public:
   virtual ~UserDefaults() = default;
@@ -28,10 +29,11 @@ class ORRELO_EXPORT UserDefaults {
   virtual std::optional<DefaultsValue> value(std::string_view key) const = 0;
   virtual void set(std::string_view key, DefaultsValue value) = 0;
   virtual void remove(std::string_view key) = 0;
-  /// The text stored under `key`, else `candidate`, which is stored then. Two processes that ask at the same
-  /// time get the same answer. While the file can be neither read nor written, the candidate counts in this
-  /// process; as soon as the file can be read or written again, a text that it holds counts in its place. The
-  /// default asks and then sets; a store that processes share must override it.
+  /// Returns the text stored under `key`; if there is none, stores and returns `candidate`. Two processes
+  /// that call it at the same time get the same text. While the file can be neither read nor written, the
+  /// candidate applies in this process; once the file is accessible again, a text stored in it replaces the
+  /// candidate. The default implementation reads and then sets; a store shared between processes must
+  /// override it.
   virtual std::string textOrInsert(std::string_view key, std::string candidate);
 
   std::optional<bool> boolean(std::string_view key) const { return typed<bool>(key); }
@@ -49,17 +51,17 @@ class ORRELO_EXPORT UserDefaults {
   }
 };
 
-/// Opens suites. Two questions for one name are answered with the same suite.
+/// Opens suites. Requests for the same name return the same suite.
 class ORRELO_EXPORT UserDefaultsFactory {
  public:
   virtual ~UserDefaultsFactory() = default;
 
-  /// The suite that has no name.
+  /// The unnamed suite.
   virtual std::shared_ptr<UserDefaults> standard() = 0;
-  /// Null for a name that no suite may have: the main bundle's identifier and "NSGlobalDomain".
+  /// The suite of this name; null for the reserved names, the main bundle's identifier and "NSGlobalDomain".
   virtual std::shared_ptr<UserDefaults> suite(std::string_view name) = 0;
-  /// The suites' next reads see what other processes have written since. Called by `Orrelo::initialize`; a
-  /// factory whose suites keep nothing in memory has nothing to do.
+  /// Makes the suites' next reads see the writes of other processes. Called by `Orrelo::initialize`. A
+  /// factory whose suites keep nothing in memory need not override it.
   virtual void refresh() {}
 };
 

@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// A universally unique identifier (RFC 4122). A plain value; all zero when made without bytes.
+/// A universally unique identifier (RFC 4122). A plain value; all zeros by default.
 class ORRELO_EXPORT Uuid {
  public:
   using Bytes = std::array<std::uint8_t, 16>;
@@ -19,9 +19,9 @@ class ORRELO_EXPORT Uuid {
   constexpr Uuid() = default;
   constexpr explicit Uuid(const Bytes& bytes) : bytes_(bytes) {}
 
-  /// A version 4 identifier of sixteen random bytes, whose version and variant bits are set here.
+  /// Makes a version 4 identifier from random bytes by setting its version and variant bits.
   static Uuid fromRandom(Bytes random);
-  /// Reads the form 8-4-4-4-12 of hexadecimal digits, in either case; anything else gives nothing.
+  /// Parses the form 8-4-4-4-12 of hexadecimal digits, in either case; nullopt for any other text.
   static std::optional<Uuid> parse(std::string_view text);
 
   /// The form 8-4-4-4-12, in upper case.

@@ -26,8 +26,7 @@ inline void appendHex(std::string& text, unsigned char byte, std::string_view di
   text += digits[byte & 0x0FU];
 }
 
-/// The text with "%" and two hexadecimal digits in place of each byte that is not `isPlain` (RFC 3986,
-/// section 2.1).
+/// The text with each byte for which `isPlain` is false percent-encoded (RFC 3986, section 2.1).
 template <class IsPlain>
 std::string percentEncoded(std::string_view text, IsPlain isPlain) {
   std::string encoded;
@@ -42,10 +41,10 @@ std::string percentEncoded(std::string_view text, IsPlain isPlain) {
   return encoded;
 }
 
-/// Letters from A to Z in lower case, whatever the locale; other bytes stay as they are.
+/// Converts the letters A to Z to lower case, independently of the locale; keeps all other bytes.
 std::string lowercased(std::string_view text);
 
-/// The text without blanks (spaces, tabs, line ends) at its ends.
+/// The text without leading and trailing spaces, tabs and line ends.
 std::string_view trimmed(std::string_view text);
 
 }  // namespace orrelo::ascii

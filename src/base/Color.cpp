@@ -13,7 +13,7 @@
 namespace orrelo {
 namespace {
 
-// Unicode's white space: texts pasted from a document bring more than ASCII's.
+// Unicode's white space characters; text pasted from a document may contain more than those of ASCII.
 constexpr std::array<std::string_view, 25> blanks{
     " ",      "\t",     "\n",     "\v",     "\f",     "\r",     "\u0085", "\u00A0", "\u1680",
     "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",

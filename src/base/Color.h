@@ -12,13 +12,13 @@ struct Color {
   double blue = 0.0;
   double alpha = 1.0;
 
-  /// Reads the service's colour texts ("#FF0000", with or without "#", in either case). Never fails: an empty
-  /// text and one of seven or more characters are black; digits are read up to the first character that is
-  /// none, so a short text is a small number and not a short form ("#FFF" is 0x000FFF). Always opaque.
+  /// Parses the service's colour texts ("#FF0000", "#" optional, in either case). Never fails: an empty text
+  /// and a text of seven or more characters are black. Parsing stops at the first character that is not a
+  /// digit, and a short text is read as a small number: "#FFF" is 0x000FFF. The result is always opaque.
   static Color fromHex(std::string_view text);
 
-  /// "#rrggbb", each component truncated to a whole 255th; alpha is dropped.
-  /// Stops the process when a component is not finite.
+  /// The text "#rrggbb", each component scaled to 255 and truncated; alpha is dropped. Aborts the process if
+  /// a component is not finite.
   std::string hexText() const;
 
   friend bool operator==(const Color&, const Color&) = default;

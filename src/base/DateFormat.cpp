@@ -8,7 +8,7 @@
 namespace orrelo {
 namespace {
 
-// One field of a pattern, or a literal character where `letter` is zero.
+// One field of a pattern, or a literal character if `letter` is zero.
 struct Token {
   char letter = 0;
   char literal = 0;

@@ -9,15 +9,16 @@
 
 namespace orrelo {
 
-/// Writes and reads dates by a pattern of these fields: yyyy MM dd HH mm ss SSSSSS, Z or ZZZ (an offset as
-/// "+0900"), and text in single quotes. Other characters stand for themselves. The calendar is ISO 8601's.
+/// Formats a date by a pattern of these fields: yyyy MM dd HH mm ss SSSSSS, Z or ZZZ (an offset such as
+/// "+0900"), and text in single quotes. Other characters are literals. The calendar is that of ISO 8601.
 ///
-/// The offset is the zone in which the fields are told; a parsed offset field wins over it. Writing truncates
-/// what the pattern has no field for.
+/// `offset` is the offset from UTC in which the fields are expressed. Components that the
+/// pattern has no field for are dropped.
 std::string formatDate(Date date, std::string_view pattern, std::chrono::seconds offset = {});
 
-/// Exact in width and in order, and a real date and time of day, else nothing. An empty pattern matches
-/// nothing.
+/// Parses a date by a pattern of the same fields; an offset field in the text takes precedence over `offset`.
+/// Returns nullopt unless the text matches the pattern in width and order and is a valid date and time of
+/// day. An empty pattern matches no text.
 std::optional<Date> parseDate(std::string_view text, std::string_view pattern,
                               std::chrono::seconds offset = {});
 

@@ -9,11 +9,11 @@
 
 namespace orrelo {
 
-/// The texts of an enumeration, each beside its case:
+/// Maps the cases of an enumeration to texts and back:
 ///
 ///     constexpr EnumTexts<Method, 2> methods({{Method::post, "POST"}, {Method::get, "GET"}});
 ///
-/// Does not compile unless the rows stand in the order of the cases.
+/// Does not compile unless the rows are in the order of the cases.
 template <class Enum, std::size_t Count>
 class EnumTexts {
  public:
@@ -28,7 +28,7 @@ class EnumTexts {
 
   constexpr std::string_view text(Enum value) const { return texts_.at(static_cast<std::size_t>(value)); }
 
-  /// The case with exactly this text.
+  /// The case with exactly this text; nullopt if there is none.
   constexpr std::optional<Enum> value(std::string_view text) const {
     const auto found = std::find(texts_.begin(), texts_.end(), text);
     if (found == texts_.end()) return std::nullopt;

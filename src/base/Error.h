@@ -11,7 +11,8 @@
 
 namespace orrelo {
 
-/// What went wrong, as a value: streams carry it, decoders throw it. Compared by domain and case alone.
+/// An error as a value: streams carry it, decoders throw it. Two errors are equal if their domains and cases
+/// are; the message is ignored.
 class ORRELO_EXPORT Error : public std::exception {
  public:
   Error(std::string domain, std::string caseName, std::optional<std::string> message = {});
@@ -20,14 +21,14 @@ class ORRELO_EXPORT Error : public std::exception {
   const std::string& caseName() const { return caseName_; }
   const std::optional<std::string>& message() const { return message_; }
 
-  /// The message, else "Domain.case".
+  /// The message, or "Domain.case" if there is none.
   const std::string& localizedDescription() const { return message_ ? *message_ : name_; }
-  /// For log lines: "Domain.case", with the message in brackets where there is one.
+  /// The form for log lines: "Domain.case", followed by the message in brackets if there is one.
   std::string description() const;
 
   const char* what() const noexcept override { return localizedDescription().c_str(); }
 
-  /// The error for the exception being handled; call it in a catch block only.
+  /// Converts the exception being handled; call it only in a catch block.
   static Error fromCurrentException();
 
   friend bool operator==(const Error& a, const Error& b) {
@@ -55,11 +56,11 @@ enum class OrreloError {
 };
 Error makeError(OrreloError error);
 
-/// Raised by stream steps that hold their owner weakly, when the owner is gone.
+/// Raised by stream steps that hold their owner weakly, after the owner was destroyed.
 enum class ReferenceError { deallocated };
 Error makeError(ReferenceError error);
 
-/// Raised while JSON is read into a record.
+/// Raised when JSON does not have the form of the record that it is decoded into.
 enum class DecodingError { typeMismatch, valueNotFound, keyNotFound, dataCorrupted };
 Error makeError(DecodingError error, std::string message);
 

@@ -6,7 +6,7 @@
 
 namespace orrelo {
 
-/// What a screen says to the user in place of its content.
+/// The message that a screen shows to the user in place of its content.
 std::string_view errorText(const Error& error);
 
 }  // namespace orrelo

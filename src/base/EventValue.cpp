@@ -39,7 +39,7 @@ bool operator==(const EventValue& a, const EventValue& b) {
   return std::visit(
       [&b]<class T>(const T& left) {
         if constexpr (std::is_same_v<T, EventOther>) {
-          return false;  // what the value was is not known
+          return false;  // the value itself is unknown
         } else if constexpr (std::is_same_v<T, EventSet>) {
           return left.elements == std::get<EventSet>(b.value_).elements;
         } else {

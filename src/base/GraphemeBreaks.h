@@ -3,8 +3,8 @@
 
 #include <array>
 
-/// The values of Grapheme_Cluster_Break that many characters have, by Unicode 14.0.0: in turn the
-/// first character that has the value and the first after it that has not.
+/// The characters of the larger values of Grapheme_Cluster_Break, by Unicode 14.0.0, as sorted bounds of
+/// ranges: the first character of each range, then the first character after it.
 namespace orrelo::utf8::graphemeBreak {
 
 inline constexpr auto control = std::to_array<char32_t>(

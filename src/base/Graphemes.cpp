@@ -6,7 +6,8 @@
 namespace orrelo::utf8 {
 namespace {
 
-/// Grapheme_Cluster_Break; L, V and T are the parts of Hangul's syllables, LV and LVT whole syllables.
+/// The values of the property Grapheme_Cluster_Break. L, V and T are the parts of Hangul syllables; LV and
+/// LVT are whole syllables.
 enum class Break {
   other,
   carriageReturn,
@@ -55,7 +56,7 @@ bool isControl(Break value) {
   return value == Break::carriageReturn || value == Break::lineFeed || value == Break::control;
 }
 
-/// The annex's rules that depend on two neighbouring characters alone.
+/// The rules of Unicode Standard Annex 29 that depend only on two neighbouring characters.
 bool areJoined(Break before, Break after) {
   using enum Break;
   if (before == carriageReturn && after == lineFeed) return true;                             // GB3
@@ -80,26 +81,27 @@ char32_t takeCodePoint(std::string_view& text) {
 }  // namespace
 
 std::size_t graphemeCount(std::string_view text) {
-  enum class Picture { none, begun, joins };
-  auto picture = Picture::none;
-  bool isHalfAFlag = false;
+  enum class Pictograph { none, started, joining };
+  auto pictograph = Pictograph::none;
+  bool hasUnpairedIndicator = false;
   auto before = Break::control;
   std::size_t count = 0;
   while (!text.empty()) {
     const auto after = breakOf(takeCodePoint(text));
-    const bool isPicture = after == Break::extendedPictographic;
+    const bool isPictograph = after == Break::extendedPictographic;
     const bool isIndicator = after == Break::regionalIndicator;
-    const bool goesOn = areJoined(before, after) || (picture == Picture::joins && isPicture) ||  // GB11
-                        (isHalfAFlag && isIndicator);                                            // GB12, GB13
-    if (!goesOn) ++count;
-    if (isPicture) {
-      picture = Picture::begun;
-    } else if (picture == Picture::begun && after == Break::zeroWidthJoiner) {
-      picture = Picture::joins;
-    } else if (picture != Picture::begun || after != Break::extend) {
-      picture = Picture::none;
+    const bool isJoined = areJoined(before, after) ||
+                          (pictograph == Pictograph::joining && isPictograph) ||  // GB11
+                          (hasUnpairedIndicator && isIndicator);                  // GB12, GB13
+    if (!isJoined) ++count;
+    if (isPictograph) {
+      pictograph = Pictograph::started;
+    } else if (pictograph == Pictograph::started && after == Break::zeroWidthJoiner) {
+      pictograph = Pictograph::joining;
+    } else if (pictograph != Pictograph::started || after != Break::extend) {
+      pictograph = Pictograph::none;
     }
-    isHalfAFlag = isIndicator && !isHalfAFlag;
+    hasUnpairedIndicator = isIndicator && !hasUnpairedIndicator;
     before = after;
   }
   return count;

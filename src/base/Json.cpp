@@ -14,13 +14,13 @@ namespace {
 
 namespace dom = simdjson::dom;
 
-JsonPlace placeOf(const auto& handle) {
-  return std::bit_cast<JsonPlace>(handle);
+JsonHandle handleOf(const auto& node) {
+  return std::bit_cast<JsonHandle>(node);
 }
 
-template <class Handle>
-Handle at(JsonPlace place) {
-  return std::bit_cast<Handle>(place);
+template <class Node>
+Node node(JsonHandle handle) {
+  return std::bit_cast<Node>(handle);
 }
 
 [[noreturn]] void mismatch(std::string_view key, std::string_view wanted) {
@@ -40,8 +40,8 @@ std::size_t endOfText(std::string_view json, std::size_t opening) {
   return std::min(at + 1, json.size());
 }
 
-// The document with an exponent in place of the last two digits of each integer of more than 64 bits, which
-// makes it a number that the library has room for.
+// Replaces the last two digits of each integer wider than 64 bits by the exponent "e2", so that the library
+// parses it as a double instead of rejecting the document.
 std::string withoutWideIntegers(std::string_view bytes) {
   std::string json(bytes);
   std::size_t at = 0;
@@ -62,16 +62,16 @@ std::string withoutWideIntegers(std::string_view bytes) {
 }  // namespace
 
 bool JsonValue::isNull() const {
-  return at<dom::element>(place_).is_null();
+  return node<dom::element>(handle_).is_null();
 }
 
 std::optional<bool> JsonValue::asBoolean() const {
   bool value = false;
-  return at<dom::element>(place_).get(value) == simdjson::SUCCESS ? std::optional(value) : std::nullopt;
+  return node<dom::element>(handle_).get(value) == simdjson::SUCCESS ? std::optional(value) : std::nullopt;
 }
 
 std::optional<std::int64_t> JsonValue::asInteger() const {
-  const auto element = at<dom::element>(place_);
+  const auto element = node<dom::element>(handle_);
   std::int64_t integer = 0;
   if (element.get(integer) == simdjson::SUCCESS) return integer;
   double number = 0.0;
@@ -82,25 +82,26 @@ std::optional<std::int64_t> JsonValue::asInteger() const {
 
 std::optional<double> JsonValue::asNumber() const {
   double number = 0.0;
-  return at<dom::element>(place_).get(number) == simdjson::SUCCESS ? std::optional(number) : std::nullopt;
+  return node<dom::element>(handle_).get(number) == simdjson::SUCCESS ? std::optional(number) : std::nullopt;
 }
 
 std::optional<std::string_view> JsonValue::asText() const {
   std::string_view text;
-  return at<dom::element>(place_).get(text) == simdjson::SUCCESS ? std::optional(text) : std::nullopt;
+  return node<dom::element>(handle_).get(text) == simdjson::SUCCESS ? std::optional(text) : std::nullopt;
 }
 
 std::optional<JsonObject> JsonValue::asObject() const {
   dom::object object;
-  return at<dom::element>(place_).get(object) == simdjson::SUCCESS
-             ? std::optional(JsonObject(placeOf(object)))
+  return node<dom::element>(handle_).get(object) == simdjson::SUCCESS
+             ? std::optional(JsonObject(handleOf(object)))
              : std::nullopt;
 }
 
 std::optional<JsonArray> JsonValue::asArray() const {
   dom::array array;
-  return at<dom::element>(place_).get(array) == simdjson::SUCCESS ? std::optional(JsonArray(placeOf(array)))
-                                                                  : std::nullopt;
+  return node<dom::element>(handle_).get(array) == simdjson::SUCCESS
+             ? std::optional(JsonArray(handleOf(array)))
+             : std::nullopt;
 }
 
 JsonObject JsonValue::objectValue() const {
@@ -113,16 +114,17 @@ JsonArray JsonValue::arrayValue() const {
 
 std::optional<JsonValue> JsonObject::find(std::string_view key) const {
   dom::element element;
-  const auto error = at<dom::object>(place_).at_key(key).get(element);
-  return error == simdjson::SUCCESS ? std::optional(JsonValue(placeOf(element))) : std::nullopt;
+  const auto error = node<dom::object>(handle_).at_key(key).get(element);
+  return error == simdjson::SUCCESS ? std::optional(JsonValue(handleOf(element))) : std::nullopt;
 }
 
 std::size_t JsonObject::size() const {
-  return at<dom::object>(place_).size();
+  return node<dom::object>(handle_).size();
 }
 
 void JsonObject::each(void (*visit)(void*, std::string_view, const JsonValue&), void* context) const {
-  for (const auto field : at<dom::object>(place_)) visit(context, field.key, JsonValue(placeOf(field.value)));
+  for (const auto field : node<dom::object>(handle_))
+    visit(context, field.key, JsonValue(handleOf(field.value)));
 }
 
 JsonValue JsonObject::require(std::string_view key) const {
@@ -163,17 +165,17 @@ std::optional<std::string> JsonObject::optionalText(std::string_view key) const 
 }
 
 std::size_t JsonArray::size() const {
-  return at<dom::array>(place_).size();
+  return node<dom::array>(handle_).size();
 }
 
 void JsonArray::each(void (*visit)(void*, const JsonValue&), void* context) const {
-  for (const auto element : at<dom::array>(place_)) visit(context, JsonValue(placeOf(element)));
+  for (const auto element : node<dom::array>(handle_)) visit(context, JsonValue(handleOf(element)));
 }
 
 struct JsonParser::State {
   explicit State(std::size_t maximumBytes) : maximum(maximumBytes), parser(maximumBytes) {}
 
-  /// In bytes: what a document may have, and what memory is there for.
+  /// The largest document accepted and the size that memory is allocated for, in bytes.
   std::size_t maximum;
   std::size_t capacity = 0;
   dom::parser parser;
@@ -187,7 +189,7 @@ JsonValue JsonParser::parse(std::string_view bytes) {
   if (bytes.size() > maximum) throw makeError(DecodingError::dataCorrupted, "The document is too large.");
   if (bytes.empty()) throw makeError(DecodingError::dataCorrupted, "The document is empty.");
   if (bytes.size() > capacity || capacity == 0) {
-    // The library counts the document itself as a level.
+    // The library counts the document itself as one level of depth.
     const auto wanted = std::clamp(bytes.size() * 2, std::size_t{1024}, maximum);
     if (parser.allocate(wanted, maximumDepth + 1) != simdjson::SUCCESS) {
       throw makeError(DecodingError::dataCorrupted, "There is no memory for the document.");
@@ -197,13 +199,13 @@ JsonValue JsonParser::parse(std::string_view bytes) {
   dom::element element;
   auto result = parser.parse(bytes.data(), bytes.size()).get(element);
   if (result == simdjson::NUMBER_ERROR) {
-    // One wide integer must not cost more than its field, and nothing where nobody reads that.
+    // A wide integer makes only its own field unreadable, not the whole document.
     result = parser.parse(withoutWideIntegers(bytes)).get(element);
   }
   if (result != simdjson::SUCCESS) {
     throw makeError(DecodingError::dataCorrupted, simdjson::error_message(result));
   }
-  return JsonValue(placeOf(element));
+  return JsonValue(handleOf(element));
 }
 
 }  // namespace orrelo

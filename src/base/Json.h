@@ -12,23 +12,24 @@ namespace orrelo {
 class JsonObject;
 class JsonArray;
 
-/// A place in a parsed document, in the form of the parser, whose header only Json.cpp includes.
-struct JsonPlace {
+/// A reference into a parsed document: the parser's own handle, stored opaquely so that only Json.cpp
+/// includes the parser's header.
+struct JsonHandle {
   const void* document;
   std::size_t index;
 };
 
-/// A value inside a parsed document; valid until its parser parses again or goes.
+/// A value inside a parsed document; valid until its parser parses again or is destroyed.
 ///
-/// The `as…` accessors give nothing for a value of another type; the `…Value` forms throw a DecodingError
-/// then.
+/// The `as…` accessors return nullopt for a value of another type; the `…Value` accessors throw a
+/// DecodingError.
 class JsonValue {
  public:
-  explicit JsonValue(JsonPlace place) : place_(place) {}
+  explicit JsonValue(JsonHandle handle) : handle_(handle) {}
 
   bool isNull() const;
   std::optional<bool> asBoolean() const;
-  /// A whole number of 64 bits; 1.0 counts as 1. A boolean is no number.
+  /// A whole number that fits into 64 bits; 1.0 is read as 1. A boolean is not a number.
   std::optional<std::int64_t> asInteger() const;
   std::optional<double> asNumber() const;
   std::optional<std::string_view> asText() const;
@@ -39,27 +40,27 @@ class JsonValue {
   JsonArray arrayValue() const;
 
  private:
-  JsonPlace place_;
+  JsonHandle handle_;
 };
 
 class JsonObject {
  public:
-  explicit JsonObject(JsonPlace place) : place_(place) {}
+  explicit JsonObject(JsonHandle handle) : handle_(handle) {}
 
-  /// Of doubled keys the first.
+  /// The first field with this key; nullopt if there is none.
   std::optional<JsonValue> find(std::string_view key) const;
   std::size_t size() const;
 
-  /// The required fields: a missing key, null and a value of another type throw a DecodingError.
+  /// The required fields. Throw a DecodingError for a missing key, for null and for a value of another type.
   bool boolean(std::string_view key) const;
   std::int64_t integer(std::string_view key) const;
   std::string text(std::string_view key) const;
   JsonObject object(std::string_view key) const;
   JsonArray array(std::string_view key) const;
-  /// Nothing for a missing key and for null; a value of another type throws.
+  /// Returns nullopt for a missing key and for null; throws a DecodingError for a value of another type.
   std::optional<std::string> optionalText(std::string_view key) const;
 
-  /// Calls `visit(key, value)` for each field in the order of the document.
+  /// Calls `visit(key, value)` for each field, in document order.
   template <class Visit>
   void forEach(Visit visit) const {
     each([](void* context, std::string_view key,
@@ -71,12 +72,12 @@ class JsonObject {
   JsonValue require(std::string_view key) const;
   void each(void (*visit)(void*, std::string_view, const JsonValue&), void* context) const;
 
-  JsonPlace place_;
+  JsonHandle handle_;
 };
 
 class JsonArray {
  public:
-  explicit JsonArray(JsonPlace place) : place_(place) {}
+  explicit JsonArray(JsonHandle handle) : handle_(handle) {}
 
   std::size_t size() const;
   template <class Visit>
@@ -87,22 +88,22 @@ class JsonArray {
  private:
   void each(void (*visit)(void*, const JsonValue&), void* context) const;
 
-  JsonPlace place_;
+  JsonHandle handle_;
 };
 
-/// Reads JSON documents, one at a time, reusing its memory. Not for two threads at once.
+/// Parses JSON documents, one at a time, reusing its memory. Not thread-safe.
 class JsonParser {
  public:
   static constexpr std::size_t maximumSize = std::size_t{8} * 1024 * 1024;
-  /// Of arrays and objects that hold something; an empty one within the innermost of them is still read.
+  /// The maximum nesting of non-empty arrays and objects; an empty one at the next level is still accepted.
   static constexpr std::size_t maximumDepth = 512;
 
-  /// Documents of up to `maximum` bytes.
+  /// Accepts documents of up to `maximum` bytes.
   explicit JsonParser(std::size_t maximum = maximumSize);
   ~JsonParser();
 
-  /// Throws DecodingError dataCorrupted for what is no JSON, no UTF-8, larger or nested deeper than the
-  /// maxima, and for a number past a double's range.
+  /// Throws DecodingError dataCorrupted if the document is not valid JSON or UTF-8, exceeds the maximum size
+  /// or depth, or contains a number outside the range of a double.
   JsonValue parse(std::string_view bytes);
 
  private:

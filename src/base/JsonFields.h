@@ -11,18 +11,18 @@
 
 namespace orrelo {
 
-/// A required list of texts.
+/// A required array of texts. Throws a DecodingError.
 std::vector<std::string> textsOf(const JsonObject& json, std::string_view key);
 
-/// A required flag, sent as a boolean or as a text: true where, after blanks, a sign and zeros, the text goes
-/// on with one of "YyTt" or with a digit from 1 to 9.
+/// A required flag, sent as a boolean or as a text. A text is true if its first character after white space,
+/// a sign and zeros is one of "YyTt" or a digit from 1 to 9.
 bool flexibleBoolean(const JsonObject& json, std::string_view key);
 
-/// Nothing for a missing key and for whatever is no text.
+/// Returns nullopt for a missing key and for a value that is not a text.
 std::optional<std::string> tolerantText(const JsonObject& json, std::string_view key);
 
-/// What `decode` reads from each object of the list at `key`; nothing for a missing key and for null. Throws
-/// where the value is no list of objects, and what `decode` throws.
+/// Decodes each object of the array at `key`. Returns nullopt for a missing key and for null. Throws a
+/// DecodingError if the value is not an array of objects, and whatever `decode` throws.
 template <class Decode>
 auto optionalRecords(const JsonObject& json, std::string_view key, Decode decode)
     -> std::optional<std::vector<std::invoke_result_t<Decode&, const JsonObject&>>> {
@@ -33,7 +33,7 @@ auto optionalRecords(const JsonObject& json, std::string_view key, Decode decode
   return records;
 }
 
-/// What `decode` reads from the object at `key`; nothing where that is missing or cannot be read.
+/// Decodes the object at `key`; returns nullopt if it is missing, not an object, or cannot be decoded.
 template <class Decode>
 auto tolerantRecord(const JsonObject& json, std::string_view key, Decode decode)
     -> std::optional<std::invoke_result_t<Decode&, const JsonObject&>> {

@@ -94,7 +94,7 @@ void JsonWriter::newLine() {
 
 void JsonWriter::quoted(std::string_view text) {
   out_ += '"';
-  std::size_t plain = 0;  // where the characters not yet copied begin
+  std::size_t plain = 0;  // the start of the characters not yet copied
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto c = static_cast<unsigned char>(text[i]);
     if (c >= 0x20 && c != '"' && c != '\\') continue;

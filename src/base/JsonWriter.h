@@ -9,8 +9,8 @@
 
 namespace orrelo {
 
-/// Writes one JSON text, keys in the order given. "/" is not escaped. Texts must be valid UTF-8 (see
-/// utf8::repaired).
+/// Writes one JSON document, with keys in the order of the calls. "/" is not escaped. Texts must be valid
+/// UTF-8 (see utf8::repaired).
 class JsonWriter {
  public:
   enum class Style { compact, pretty };
@@ -24,7 +24,7 @@ class JsonWriter {
   JsonWriter& key(std::string_view key);
   JsonWriter& text(std::string_view text);
   JsonWriter& integer(std::int64_t number);
-  /// See numberText. Not for infinities and NaN, which JSON has no form for.
+  /// Writes the number as numberText does. It must be finite: JSON has no form for infinities and NaN.
   JsonWriter& number(double number);
   JsonWriter& boolean(bool value);
   JsonWriter& null();

@@ -62,7 +62,7 @@ void writeLogLine(LogLevel level, std::string_view message) {
       {LogLevel::ERROR, "ERROR"},
       {LogLevel::CRITICAL, "CRITICAL"},
   });
-  // The device's own zone, unlike the dates of the wire.
+  // Log lines use the device's time zone; the service protocol uses UTC.
   static const auto* const zone = new TimeZone(TimeZone::current());
 
   std::function<Date()> now;
@@ -81,7 +81,7 @@ void writeLogLine(LogLevel level, std::string_view message) {
   line += message;
   if (sink) return sink(line);
   line += '\n';
-  std::fwrite(line.data(), 1, line.size(), stdout);  // one call, so that two lines cannot mix
+  std::fwrite(line.data(), 1, line.size(), stdout);  // one call, so that concurrent lines cannot mix
   std::fflush(stdout);
 }
 

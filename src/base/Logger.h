@@ -16,8 +16,8 @@ enum class LogLevel { TRACE, DEBUG, INFO, NOTICE, WARNING, ERROR, CRITICAL };
 ORRELO_EXPORT bool isLogEnabled();
 ORRELO_EXPORT void writeLogLine(LogLevel level, std::string_view message);
 
-/// Logs one line. `message` is a text, or a callable that makes one: it is not called while the log is
-/// silent.
+/// Logs one line. `message` is a text or a callable that returns one; the callable is only called while the
+/// log is enabled.
 template <class Message>
 void log(LogLevel level, const Message& message) {
   if (!isLogEnabled()) return;
@@ -28,11 +28,11 @@ void log(LogLevel level, const Message& message) {
   }
 }
 
-/// Where the lines' dates come from; the system's clock until it is set.
+/// Sets the clock for the dates of log lines; the default is the system's clock.
 void setLogClock(std::function<Date()> now);
 
-/// Takes the finished lines, without their newline, instead of standard output, and says whether the log is
-/// on at all; an empty sink restores standard output and leaves the log as it is. For tests.
+/// Redirects the lines, without their newlines, from standard output to `sink`, and enables or disables the
+/// log. An empty sink restores standard output and ignores `enabled`. Used by tests.
 void setLogSink(std::function<void(std::string_view line)> sink, bool enabled = true);
 
 }  // namespace orrelo

@@ -9,8 +9,8 @@
 
 namespace orrelo {
 
-/// Text by text, sorted by key in one block of memory: an event's values are a handful, made once and read
-/// once.
+/// A dictionary of texts, stored as a sorted array in one allocation. An event has only a few values, which
+/// are written once and read once.
 class StringDictionary {
  public:
   using Entry = std::pair<std::string, std::string>;
@@ -20,7 +20,7 @@ class StringDictionary {
     for (const auto& [key, value] : entries) set(key, value);
   }
 
-  /// Adds or replaces.
+  /// Adds the entry or replaces the value of an existing key.
   void set(std::string key, std::string value) {
     const auto place = lowerBound(key);
     if (place != entries_.end() && place->first == key) {
@@ -30,7 +30,7 @@ class StringDictionary {
     }
   }
 
-  /// Null where the key is absent.
+  /// The value of the key; null if it is absent.
   const std::string* find(std::string_view key) const {
     const auto place = const_cast<StringDictionary*>(this)->lowerBound(key);
     return place != entries_.end() && place->first == key ? &place->second : nullptr;
@@ -46,7 +46,7 @@ class StringDictionary {
 
  private:
   std::vector<Entry>::iterator lowerBound(std::string_view key) {
-    // Keys mostly come in order.
+    // Keys are usually added in ascending order.
     if (entries_.empty() || entries_.back().first < key) return entries_.end();
     return std::lower_bound(entries_.begin(), entries_.end(), key,
                             [](const Entry& entry, std::string_view wanted) { return entry.first < wanted; });

@@ -11,14 +11,14 @@
 namespace orrelo {
 namespace {
 
-/// The name behind the path of a zone's file; nothing where the path leads elsewhere.
+/// The identifier of the zone whose file this path names; nullopt if the path is outside a zoneinfo folder.
 std::optional<std::string> zoneOf(const std::filesystem::path& path) {
   constexpr std::string_view folder = "zoneinfo/";
   auto text = path.string();
   const auto at = text.find(folder);
   if (at == std::string::npos) return std::nullopt;
   text.erase(0, at + folder.size());
-  // The same zones once more, without and with leap seconds.
+  // These folders repeat all zones, without and with leap seconds.
   for (const std::string_view variant : {"posix/", "right/"}) {
     if (text.starts_with(variant)) text.erase(0, variant.size());
   }
@@ -32,7 +32,7 @@ std::optional<std::string> linkedZone(const std::filesystem::path& path) {
   return failure ? std::nullopt : zoneOf(target);
 }
 
-/// The zone that TZ names, by its name or by the path of its file; nothing for a POSIX rule ("KST-9").
+/// The zone that TZ names by its identifier or its file; nullopt for a POSIX rule such as "KST-9".
 std::optional<std::string> zoneOfEnvironment() {
   const char* const tz = std::getenv("TZ");
   if (tz == nullptr) return std::nullopt;

@@ -11,15 +11,15 @@ namespace orrelo {
 class TimeZone {
  public:
   static TimeZone utc();
-  /// What TZ says, else the system's local time.
+  /// The zone of the environment variable TZ, or else of the system's local time.
   static TimeZone current();
-  /// UTC where the database has no such zone.
+  /// A zone by its identifier; behaves as UTC if the database has no such zone.
   static TimeZone named(std::string identifier);
 
-  /// "Asia/Seoul". For `current`, the zone whose name or file TZ holds, else the one behind the system's
-  /// local time, "UTC" where there is none.
+  /// The IANA identifier, such as "Asia/Seoul". For `current`, the zone that TZ names by identifier or file,
+  /// or else the zone that /etc/localtime links to; "UTC" if there is none.
   const std::string& identifier() const { return identifier_; }
-  /// East of Greenwich is positive.
+  /// The offset from UTC at `date`; positive east of Greenwich.
   std::chrono::seconds offset(Date date) const;
 
  private:

@@ -18,12 +18,12 @@ bool isHexDigit(char c) {
   return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
-// unreserved / sub-delims, RFC 3986 sections 2.2 and 2.3
+// The characters "unreserved" and "sub-delims" of RFC 3986, sections 2.2 and 2.3.
 bool isPlain(char c) {
   return isAlpha(c) || isDigit(c) || std::string_view("-._~!$&'()*+,;=").find(c) != std::string_view::npos;
 }
 
-// Plain characters, escapes, and those in `extra`.
+// True if the text has only plain characters, percent escapes, and characters in `extra`.
 bool consistsOf(std::string_view text, std::string_view extra) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '%') {
@@ -42,7 +42,7 @@ bool isScheme(std::string_view text) {
   });
 }
 
-// IPv6address or IPvFuture, without the brackets.
+// True for an IPv6address or IPvFuture of RFC 3986, section 3.2.2; `text` excludes the brackets.
 bool isIpLiteral(std::string_view text) {
   if (!text.empty() && (text.front() == 'v' || text.front() == 'V')) {
     const auto dot = text.find('.');

@@ -8,15 +8,15 @@ namespace orrelo::utf8 {
 
 bool isValid(std::string_view text);
 
-/// The text with each malformed sequence replaced by U+FFFD, so that what a host hands over can be stored and
+/// The text with each malformed sequence replaced by U+FFFD, so that any text of a host can be stored and
 /// sent.
 std::string repaired(std::string_view text);
 
 /// The number of code points of a valid text.
 std::size_t length(std::string_view text);
 
-/// The number of characters that a reader sees in a valid text: the extended grapheme clusters of Unicode
-/// Standard Annex 29, by Unicode 14. A joined emoji, a flag and a syllable in its parts are one each.
+/// The number of user-perceived characters of a valid text: the extended grapheme clusters of Unicode
+/// Standard Annex 29, in Unicode 14. A joined emoji, a flag and a decomposed syllable count as one each.
 std::size_t graphemeCount(std::string_view text);
 
 }  // namespace orrelo::utf8

@@ -1,5 +1,5 @@
 #!/usr/bin/env perl
-# Writes GraphemeBreaks.h from Perl's copy of the Unicode Character Database. To take over a newer version:
+# Writes GraphemeBreaks.h from Perl's copy of the Unicode Character Database. To update it:
 #   perl graphemeBreaks.pl > GraphemeBreaks.h && clang-format -i GraphemeBreaks.h
 use strict;
 use warnings;
@@ -23,8 +23,8 @@ print <<"HEAD";
 
 #include <array>
 
-/// The values of Grapheme_Cluster_Break that many characters have, by Unicode @{[Unicode::UCD::UnicodeVersion()]}: in turn the
-/// first character that has the value and the first after it that has not.
+/// The characters of the larger values of Grapheme_Cluster_Break, by Unicode @{[Unicode::UCD::UnicodeVersion()]}, as sorted bounds of
+/// ranges: the first character of each range, then the first character after it.
 namespace orrelo::utf8::graphemeBreak {
 
 HEAD

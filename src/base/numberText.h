@@ -7,8 +7,8 @@ namespace orrelo {
 
 /// The decimal digits of the number.
 std::string numberText(std::int64_t number);
-/// The shortest text that reads back to the same number: plain decimals from 1e-4 up to below 1e16 ("39.9",
-/// "100000", "0.0001"), an exponent outside that range ("1e+16", "1e-05"). "inf" and "nan" where it is not
+/// The shortest text that parses to the same number: plain decimals from 1e-4 to below 1e16 ("39.9",
+/// "100000", "0.0001"), an exponent outside that range ("1e+16", "1e-05"), and "inf" or "nan" if it is not
 /// finite.
 std::string numberText(double number);
 

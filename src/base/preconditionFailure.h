@@ -7,12 +7,12 @@
 
 namespace orrelo {
 
-/// Ends the process for a programmer's error: the message goes to standard error, then abort. Every caller is
+/// Reports a programming error: writes the message to standard error and aborts the process. Every caller is
 /// listed in docs/stops.md.
 [[noreturn]] ORRELO_EXPORT void preconditionFailure(std::string_view message);
 
-/// Replaces what happens before the abort. A handler that throws or leaves otherwise keeps the process alive;
-/// that is for tests. An empty handler restores the default.
+/// Sets a handler that runs before the message is written. A handler that does not return, for example by
+/// throwing, keeps the process alive; tests use that. An empty handler removes it.
 void setPreconditionFailureHandler(std::function<void(std::string_view)> handler);
 
 }  // namespace orrelo

@@ -13,7 +13,7 @@
 
 namespace orrelo {
 
-/// The exchange of points at an outside service.
+/// The exchange of points at an external service.
 class ExternalPointPlugin {
  public:
   struct Enabled {
@@ -23,11 +23,11 @@ class ExternalPointPlugin {
     friend bool operator==(const Enabled&, const Enabled&) = default;
   };
 
-  /// Disabled.
+  /// A disabled plugin.
   ExternalPointPlugin() = default;
   explicit ExternalPointPlugin(Enabled enabled) : value_(std::move(enabled)) {}
 
-  /// Null when disabled.
+  /// Null if disabled.
   const Enabled* enabled() const { return std::get_if<Enabled>(&value_); }
 
   static ExternalPointPlugin decode(const JsonObject& json);
@@ -47,7 +47,7 @@ struct Plugin {
   friend bool operator==(const Plugin&, const Plugin&) = default;
 };
 
-/// The host's colours. "seconary" is the stored form's spelling.
+/// The host's colours. "seconary" is spelled as in the stored form.
 struct BrandTheme {
   Color primary;
   Color seconary;
@@ -57,7 +57,7 @@ struct BrandTheme {
 };
 
 struct Config {
-  /// The master switch: when it is off, host events are dropped.
+  /// The master switch: host events are dropped if it is off.
   bool sdkEnable = false;
   std::int64_t pollingIntervalMillis = 0;
   std::int64_t autoSwipeIntervalMillis = 0;
@@ -65,13 +65,14 @@ struct Config {
   bool isPollingEnabled = false;
   Plugin plugin;
   BrandTheme brandTheme;
-  /// In the order of the service.
+  /// Listed in the service's order.
   std::vector<Entry> entries;
 
-  /// What holds before the service has ever answered: everything off, in blue.
+  /// The configuration until the service's first reply: all features disabled, and a blue theme.
   static const Config& defaults();
 
-  /// The stored form, whose keys are the fields' names. `decode` throws a DecodingError.
+  /// Reads and writes the stored form, whose keys are the names of the fields. `decode` throws a
+  /// DecodingError.
   static Config decode(std::string_view json);
   std::string encode() const;
 

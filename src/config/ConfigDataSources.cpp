@@ -13,7 +13,7 @@ constexpr auto storedKey = "ols_config";
 }  // namespace
 
 std::optional<Config> ConfigLocalDataSource::load() const {
-  const auto stored = userDefaults->data(storedKey);
+  const auto stored = userDefaults_->data(storedKey);
   if (!stored) return std::nullopt;
   try {
     return Config::decode({reinterpret_cast<const char*>(stored->data()), stored->size()});
@@ -25,15 +25,15 @@ std::optional<Config> ConfigLocalDataSource::load() const {
 void ConfigLocalDataSource::save(const Config& config) const {
   const auto json = config.encode();
   const auto* const bytes = reinterpret_cast<const std::byte*>(json.data());
-  userDefaults->set(storedKey, DefaultsData(bytes, bytes + json.size()));
+  userDefaults_->set(storedKey, DefaultsData(bytes, bytes + json.size()));
 }
 
 reactive::Observable<Config> ConfigRemoteDataSource::fetch() const {
   URLRequestBuilder builder(URLRequestBuilder::Method::get);
-  builder.baseUrl = networkConfig.baseUrl;
+  builder.baseUrl = networkConfig_.baseUrl;
   builder.path = "/config";
-  builder.headers = networkConfig.headers;
-  return send(builder, *httpClient).map([](const HTTPReply& reply) {
+  builder.headers = networkConfig_.headers;
+  return send(builder, *httpClient_).map([](const HTTPReply& reply) {
     return FetchConfigResponse::decode(reply.data).toConfig();
   });
 }

@@ -14,31 +14,31 @@ namespace orrelo {
 
 using ConfigNetworkConfig = NetworkConfig;
 
-/// The copy on the device, in the application's suite.
+/// Stores a copy of the configuration on the device, in the application's suite of user defaults.
 class ConfigLocalDataSource {
  public:
-  explicit ConfigLocalDataSource(std::shared_ptr<UserDefaults> defaults)
-      : userDefaults(std::move(defaults)) {}
+  explicit ConfigLocalDataSource(std::shared_ptr<UserDefaults> userDefaults)
+      : userDefaults_(std::move(userDefaults)) {}
 
-  /// Nothing where there is no copy that can be read.
+  /// Returns nullopt if there is no valid copy.
   std::optional<Config> load() const;
   void save(const Config& config) const;
 
  private:
-  std::shared_ptr<UserDefaults> userDefaults;
+  std::shared_ptr<UserDefaults> userDefaults_;
 };
 
-/// GET "/config".
+/// Fetches the configuration with GET "/config".
 class ConfigRemoteDataSource {
  public:
-  ConfigRemoteDataSource(ConfigNetworkConfig config, std::shared_ptr<HTTPClient> client)
-      : networkConfig(std::move(config)), httpClient(std::move(client)) {}
+  ConfigRemoteDataSource(ConfigNetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient)
+      : networkConfig_(std::move(networkConfig)), httpClient_(std::move(httpClient)) {}
 
   reactive::Observable<Config> fetch() const;
 
  private:
-  ConfigNetworkConfig networkConfig;
-  std::shared_ptr<HTTPClient> httpClient;
+  ConfigNetworkConfig networkConfig_;
+  std::shared_ptr<HTTPClient> httpClient_;
 };
 
 }  // namespace orrelo

@@ -12,55 +12,57 @@ constexpr std::chrono::seconds cacheLifetime{60};
 
 }  // namespace
 
-ConfigRepositoryImpl::ConfigRepositoryImpl(ConfigLocalDataSource local, ConfigRemoteDataSource remote,
-                                           CurrentDateGenerator currentDate, reactive::SchedulerPtr scheduler)
-    : localDataSource(std::move(local)),
-      remoteDataSource(std::move(remote)),
-      currentDateGenerator(std::move(currentDate)),
+ConfigRepositoryImpl::ConfigRepositoryImpl(ConfigLocalDataSource localDataSource,
+                                           ConfigRemoteDataSource remoteDataSource,
+                                           CurrentDateGenerator currentDateGenerator,
+                                           reactive::SchedulerPtr scheduler)
+    : localDataSource_(std::move(localDataSource)),
+      remoteDataSource_(std::move(remoteDataSource)),
+      currentDateGenerator_(std::move(currentDateGenerator)),
       scheduler_(std::move(scheduler)) {
-  cacheExpiredDate = currentDateGenerator() + cacheLifetime;
+  cacheExpiredDate_ = currentDateGenerator_() + cacheLifetime;
 }
 
-std::shared_ptr<ConfigRepositoryImpl> ConfigRepositoryImpl::create(ConfigLocalDataSource local,
-                                                                   ConfigRemoteDataSource remote,
-                                                                   CurrentDateGenerator currentDate,
+std::shared_ptr<ConfigRepositoryImpl> ConfigRepositoryImpl::create(ConfigLocalDataSource localDataSource,
+                                                                   ConfigRemoteDataSource remoteDataSource,
+                                                                   CurrentDateGenerator currentDateGenerator,
                                                                    reactive::SchedulerPtr scheduler) {
-  const std::shared_ptr<ConfigRepositoryImpl> repository(
-      new ConfigRepositoryImpl(std::move(local), std::move(remote), std::move(currentDate), scheduler));
-  repository->fetch().subscribeOn(std::move(scheduler)).subscribe().disposedBy(repository->disposeBag);
+  const std::shared_ptr<ConfigRepositoryImpl> repository(new ConfigRepositoryImpl(
+      std::move(localDataSource), std::move(remoteDataSource), std::move(currentDateGenerator), scheduler));
+  repository->fetch().subscribeOn(std::move(scheduler)).subscribe().disposedBy(repository->disposeBag_);
   return repository;
 }
 
 std::shared_ptr<const Config> ConfigRepositoryImpl::freshConfig() const {
   const std::lock_guard lock(mutex_);
-  // The moment of expiry itself still counts as fresh.
-  return cachedConfig && *cacheExpiredDate >= currentDateGenerator() ? cachedConfig : nullptr;
+  // The cached configuration is still valid at the moment of expiry itself.
+  return cachedConfig_ && *cacheExpiredDate_ >= currentDateGenerator_() ? cachedConfig_ : nullptr;
 }
 
 reactive::Observable<Config> ConfigRepositoryImpl::fetch() {
   if (const auto config = freshConfig()) {
-    // The shared copy itself: this is asked for every event.
+    // Emits the shared instance without copying it, since every event calls this.
     return reactive::create<Config>([config](const reactive::AnyObserver<Config>& observer) {
       observer.onNext(*config);
       observer.onCompleted();
       return reactive::Disposables::create();
     });
   }
-  const auto remote = remoteDataSource.fetch()
+  const auto remote = remoteDataSource_.fetch()
                           .observeOn(scheduler_)
                           .doOn({.onNext = [weak = weak_from_this()](const Config& config) {
                             if (const auto self = weak.lock()) self->save(config);
                           }});
-  return remote.catchAndReturn(localDataSource.load().value_or(Config::defaults()));
+  return remote.catchAndReturn(localDataSource_.load().value_or(Config::defaults()));
 }
 
 void ConfigRepositoryImpl::save(const Config& config) {
-  localDataSource.save(config);
+  localDataSource_.save(config);
   const auto remembered = std::make_shared<const Config>(config);
-  const auto expiry = currentDateGenerator() + cacheLifetime;
+  const auto expiry = currentDateGenerator_() + cacheLifetime;
   const std::lock_guard lock(mutex_);
-  cachedConfig = remembered;
-  cacheExpiredDate = expiry;
+  cachedConfig_ = remembered;
+  cacheExpiredDate_ = expiry;
 }
 
 }  // namespace orrelo

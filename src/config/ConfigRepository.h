@@ -18,62 +18,62 @@ class ConfigRepository {
  public:
   virtual ~ConfigRepository() = default;
 
-  /// One configuration, then completion; never an error. Any thread.
+  /// Emits one configuration and completes; never fails. Any thread.
   virtual reactive::Observable<Config> fetch() = 0;
 };
 
-/// Answers from memory for 60 seconds after the service's last answer; then from the service; when that
-/// fails, from the copy on the device, else with the defaults. What is not the service's answer is not
-/// remembered, and questions asked at the same time ask the service each for itself.
+/// Caches the service's reply in memory for 60 seconds, then asks the service again. If that fails, falls
+/// back to the copy on the device, and then to the defaults; fallbacks are not cached. Concurrent fetches
+/// each send their own request.
 class ConfigRepositoryImpl final : public ConfigRepository,
                                    public std::enable_shared_from_this<ConfigRepositoryImpl> {
  public:
   using CurrentDateGenerator = std::function<Date()>;
 
-  /// Starts the first fetch, on `scheduler`, where the service's answers come too: they are written to the
-  /// device there, and not on the network's thread.
-  static std::shared_ptr<ConfigRepositoryImpl> create(ConfigLocalDataSource local,
-                                                      ConfigRemoteDataSource remote,
-                                                      CurrentDateGenerator currentDate,
+  /// Starts the first fetch on `scheduler`. Replies are handled there too, so that the configuration is not
+  /// written to the device on the network's thread.
+  static std::shared_ptr<ConfigRepositoryImpl> create(ConfigLocalDataSource localDataSource,
+                                                      ConfigRemoteDataSource remoteDataSource,
+                                                      CurrentDateGenerator currentDateGenerator,
                                                       reactive::SchedulerPtr scheduler);
 
   reactive::Observable<Config> fetch() override;
 
  private:
-  ConfigRepositoryImpl(ConfigLocalDataSource local, ConfigRemoteDataSource remote,
-                       CurrentDateGenerator currentDate, reactive::SchedulerPtr scheduler);
+  ConfigRepositoryImpl(ConfigLocalDataSource localDataSource, ConfigRemoteDataSource remoteDataSource,
+                       CurrentDateGenerator currentDateGenerator, reactive::SchedulerPtr scheduler);
 
   std::shared_ptr<const Config> freshConfig() const;
   void save(const Config& config);
 
   mutable std::mutex mutex_;
-  std::shared_ptr<const Config> cachedConfig;
-  std::optional<Date> cacheExpiredDate;
-  ConfigLocalDataSource localDataSource;
-  ConfigRemoteDataSource remoteDataSource;
-  CurrentDateGenerator currentDateGenerator;
+  std::shared_ptr<const Config> cachedConfig_;
+  std::optional<Date> cacheExpiredDate_;
+  ConfigLocalDataSource localDataSource_;
+  ConfigRemoteDataSource remoteDataSource_;
+  CurrentDateGenerator currentDateGenerator_;
   reactive::SchedulerPtr scheduler_;
-  reactive::DisposeBag disposeBag;
+  reactive::DisposeBag disposeBag_;
 };
 
-/// What the features know of the configuration.
+/// The features' access to the configuration.
 class FetchConfigUseCase {
  public:
   virtual ~FetchConfigUseCase() = default;
 
-  /// As ConfigRepository::fetch.
+  /// See ConfigRepository::fetch.
   virtual reactive::Observable<Config> fetch() = 0;
 };
 
 class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
  public:
-  explicit FetchConfigUseCaseImpl(std::shared_ptr<ConfigRepository> configRepository)
-      : repository(std::move(configRepository)) {}
+  explicit FetchConfigUseCaseImpl(std::shared_ptr<ConfigRepository> repository)
+      : repository_(std::move(repository)) {}
 
-  reactive::Observable<Config> fetch() override { return repository->fetch(); }
+  reactive::Observable<Config> fetch() override { return repository_->fetch(); }
 
  private:
-  std::shared_ptr<ConfigRepository> repository;
+  std::shared_ptr<ConfigRepository> repository_;
 };
 
 }  // namespace orrelo

@@ -40,7 +40,7 @@ struct FetchConfigResponse {
   PluginResponse plugins;
   std::vector<EntryResponse> entries;
 
-  /// Throws a DecodingError: every field but `appStoreUrl` is required.
+  /// Throws a DecodingError; all fields except `appStoreUrl` are required.
   static FetchConfigResponse decode(std::string_view json);
   Config toConfig() const;
 };

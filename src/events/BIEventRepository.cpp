@@ -11,7 +11,7 @@ BIEventRepositoryImpl::BIEventRepositoryImpl(EventDao local, BIEventRemoteDataSo
                                              reactive::SchedulerPtr mainScheduler,
                                              reactive::SchedulerPtr concurrentScheduler,
                                              std::function<Date()> currentDate)
-    : pipeline(EventPipeline::create(
+    : pipeline_(EventPipeline::create(
           local, {.timeSpan = std::chrono::milliseconds(30'000),
                   .count = 30,
                   .fetchLimit = 900,

@@ -18,29 +18,29 @@ class BIEventRepository {
   virtual void stopSending() = 0;
 };
 
-/// The kit's own events: up to 900 a request, a tick for every 30 saves and every 30 seconds.
+/// Sends the kit's own events, up to 900 per request, after every 30 saves and every 30 seconds.
 class BIEventRepositoryImpl final : public BIEventRepository {
  public:
   BIEventRepositoryImpl(EventDao local, BIEventRemoteDataSource remote, reactive::SchedulerPtr mainScheduler,
                         reactive::SchedulerPtr concurrentScheduler, std::function<Date()> currentDate);
 
-  void save(const BIEvent& event) override { pipeline->save(event); }
-  void stopSending() override { pipeline->stop(); }
+  void save(const BIEvent& event) override { pipeline_->save(event); }
+  void stopSending() override { pipeline_->stop(); }
 
  private:
-  std::shared_ptr<EventPipeline> pipeline;
+  std::shared_ptr<EventPipeline> pipeline_;
 };
 
 class SaveBIEventUseCase {
  public:
-  explicit SaveBIEventUseCase(std::shared_ptr<BIEventRepository> eventRepository)
-      : repository(std::move(eventRepository)) {}
+  explicit SaveBIEventUseCase(std::shared_ptr<BIEventRepository> repository)
+      : repository_(std::move(repository)) {}
 
-  void save(const BIEvent& event) const { repository->save(event); }
-  void stopSending() const { repository->stopSending(); }
+  void save(const BIEvent& event) const { repository_->save(event); }
+  void stopSending() const { repository_->stopSending(); }
 
  private:
-  std::shared_ptr<BIEventRepository> repository;
+  std::shared_ptr<BIEventRepository> repository_;
 };
 
 }  // namespace orrelo

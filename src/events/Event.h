@@ -10,10 +10,10 @@
 
 namespace orrelo {
 
-/// Something that happened, from the moment it is reported until the service has it.
+/// A reported event that has not reached the service yet.
 struct Event {
   Uuid id;
-  /// Of the user at the time of the report.
+  /// The id of the current user when the event was reported.
   std::optional<std::string> userId;
   std::string eventName;
   StringDictionary eventValues;
@@ -22,15 +22,15 @@ struct Event {
   friend bool operator==(const Event&, const Event&) = default;
 };
 
-/// The kit's own events have the same fields, and a store of their own.
+/// An event of the kit itself. It has the same fields, but these events have their own store.
 using BIEvent = Event;
 
-/// For log lines: "Event(id: …, userId: …, …)".
+/// The form for log lines: "Event(id: …, userId: …, …)".
 std::string description(const Event& event);
-/// For log lines: "["key": "value"]" in the order of the keys, "[:]" when empty.
+/// The form for log lines: "["key": "value"]", sorted by key; "[:]" if empty.
 std::string description(const StringDictionary& values);
 
-/// A new event of now and of the current user.
+/// Makes an event with a new id, the current time and the current user.
 Event makeEvent(std::string name, StringDictionary values);
 
 }  // namespace orrelo

@@ -15,7 +15,7 @@ using reactive::AnyObserver;
 using reactive::Observable;
 using reactive::Unit;
 
-// A stream of what one operation of the database completes with.
+// A stream that runs one operation of the database and emits its result.
 template <class T, class Start>
 Observable<T> operation(Start start) {
   return reactive::create<T>([start](const AnyObserver<T>& observer) {
@@ -28,8 +28,7 @@ Observable<T> operation(Start start) {
   });
 }
 
-// A deletion of several rows. Whatever the reason, a refusal ends the stream with this one error; the reason
-// goes to the log.
+// Deletes several rows. Any failure ends the stream with the same error; the cause is only logged.
 template <class Start>
 Observable<Unit> batchDelete(Start start) {
   return operation<Unit>([start](auto completion) {
@@ -50,10 +49,11 @@ Error makeError(CoreDataError, std::string message) {
 
 Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit,
                                                      reactive::SchedulerPtr scheduler) const {
-  const auto rows = operation<std::vector<EventRow>>(
-      [database = database, limit](auto completion) { database->fetchOldest(limit, std::move(completion)); });
+  const auto rows = operation<std::vector<EventRow>>([database = database_, limit](auto completion) {
+    database->fetchOldest(limit, std::move(completion));
+  });
   return rows.observeOn(std::move(scheduler))
-      .map([mapper = mapper, database = database](const std::vector<EventRow>& found) {
+      .map([mapper = mapper_, database = database_](const std::vector<EventRow>& found) {
         try {
           return mapper.toEvents(found);
         } catch (const Error& error) {
@@ -63,7 +63,7 @@ Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit,
 }
 
 Observable<Unit> EventDao::remove(const Event& event) const {
-  const auto count = operation<std::size_t>([database = database, id = event.id.text()](auto completion) {
+  const auto count = operation<std::size_t>([database = database_, id = event.id.text()](auto completion) {
     database->deleteRows({id}, std::move(completion));
   });
   return count.map([](std::size_t removed) {
@@ -80,11 +80,11 @@ Observable<Unit> EventDao::remove(const std::vector<Event>& events) const {
   std::transform(events.begin(), events.end(), std::back_inserter(ids),
                  [](const Event& event) { return event.id.text(); });
   return batchDelete(
-      [database = database, ids](auto completion) { database->deleteRows(ids, std::move(completion)); });
+      [database = database_, ids](auto completion) { database->deleteRows(ids, std::move(completion)); });
 }
 
 Observable<Unit> EventDao::removeUpTo(Date date) const {
-  return batchDelete([database = database, time = mapper.toStoredTime(date)](auto completion) {
+  return batchDelete([database = database_, time = mapper_.toStoredTime(date)](auto completion) {
     database->deleteRowsUpTo(time, std::move(completion));
   });
 }

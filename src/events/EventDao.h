@@ -14,37 +14,37 @@ namespace orrelo {
 enum class CoreDataError { invalidArgument };
 Error makeError(CoreDataError error, std::string message);
 
-/// A store of events. Each stream is cold, yields one element after the store has committed, and
-/// completes; unless told otherwise the element comes on the stores' own thread. Disposing of a stream does
-/// not take back what has begun.
+/// Accesses a store of events. The streams are cold, emit one element after the store has committed, and
+/// complete. Unless stated otherwise, they emit on the stores' own thread. Disposing of a stream does not
+/// cancel an operation that has started.
 class EventDao {
  public:
-  EventDao(std::shared_ptr<EventDatabase> eventDatabase, EventTimeStorage timeStorage)
-      : database(std::move(eventDatabase)), mapper(timeStorage) {}
+  EventDao(std::shared_ptr<EventDatabase> database, EventTimeStorage timeStorage)
+      : database_(std::move(database)), mapper_(timeStorage) {}
 
-  /// The one operation that is a callback: it comes by the hundred thousand, and a stream for each would cost
-  /// more than the rows. `completion` runs on the stores' thread, after the commit.
+  /// Takes a callback instead of returning a stream: there may be hundreds of thousands of inserts, and a
+  /// stream for each would cost more than the row. `completion` runs on the stores' thread, after the commit.
   void insert(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
-    database->insert(mapper.toRow(event), std::move(completion));
+    database_->insert(mapper_.toRow(event), std::move(completion));
   }
-  /// By time, the oldest first; the rows are read as events on `scheduler`, where the element comes too. A
-  /// row that is no event stops the process: the store is the kit's own.
+  /// Fetches the oldest events, sorted by time. The rows are converted on `scheduler`, on which the stream
+  /// also emits. Aborts the process if a row is not a valid event, since only the kit writes the store.
   reactive::Observable<std::vector<Event>> fetchOldest(std::size_t limit,
                                                        reactive::SchedulerPtr scheduler) const;
-  /// CoreDataError invalidArgument where no row has the event's id.
+  /// Fails with CoreDataError invalidArgument if no row has the event's id.
   reactive::Observable<reactive::Unit> remove(const Event& event) const;
-  /// Ids that no row has are passed over. CoreDataError invalidArgument where the store deletes nothing, as
-  /// for `removeUpTo`.
+  /// Ignores ids that no row has. Fails with CoreDataError invalidArgument if the store rejects the
+  /// operation, as does `removeUpTo`.
   reactive::Observable<reactive::Unit> remove(const std::vector<Event>& events) const;
-  /// What happened at `date` or earlier.
+  /// Removes the events at or before `date`.
   reactive::Observable<reactive::Unit> removeUpTo(Date date) const;
 
   /// See EventDatabase::acquireSending.
-  std::shared_ptr<const void> acquireSending() const { return database->acquireSending(); }
+  std::shared_ptr<const void> acquireSending() const { return database_->acquireSending(); }
 
  private:
-  std::shared_ptr<EventDatabase> database;
-  EventMapper mapper;
+  std::shared_ptr<EventDatabase> database_;
+  EventMapper mapper_;
 };
 
 }  // namespace orrelo

@@ -6,8 +6,9 @@
 namespace orrelo {
 namespace {
 
-// The host's own values, not the service's: whatever could be stored must be readable.
-constexpr std::size_t largestRow = std::size_t{1} << 30;
+// In bytes. Any values that a host could store must be readable again, so the limit is far larger than for
+// replies of the service.
+constexpr std::size_t maximumRowSize = std::size_t{1} << 30;
 
 std::optional<StringDictionary> valuesOf(const std::optional<std::string>& json, JsonParser& parser) {
   if (!json) return std::nullopt;
@@ -59,7 +60,7 @@ EventRow EventMapper::toRow(const Event& event) const {
 }
 
 std::vector<Event> EventMapper::toEvents(const std::vector<EventRow>& rows) const {
-  JsonParser parser(largestRow);
+  JsonParser parser(maximumRowSize);
   std::vector<Event> events;
   events.reserve(rows.size());
   for (const auto& row : rows) events.push_back(toEvent(row, parser));

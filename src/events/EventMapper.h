@@ -9,25 +9,26 @@
 
 namespace orrelo {
 
-/// A row of the host's store that is no event.
+/// A row of the store of host events is not a valid event.
 enum class EventMappingError { entityToDtoMappingFailed };
 Error makeError(EventMappingError error, std::string message);
 
-/// A row of the kit's own store that is no event.
+/// A row of the store of the kit's own events is not a valid event.
 enum class BIEventMappingError { entityToDtoMappingFailed };
 Error makeError(BIEventMappingError error, std::string message);
 
-/// Between an event and its row. The host's store keeps the time as text, the kit's own as a date.
+/// Converts events to rows and back. The store of host events keeps the time as text, the store of the kit's
+/// own events as a date.
 class EventMapper {
  public:
-  explicit EventMapper(EventTimeStorage storage) : timeStorage_(storage) {}
+  explicit EventMapper(EventTimeStorage timeStorage) : timeStorage_(timeStorage) {}
 
   EventRow toRow(const Event& event) const;
-  /// Throws entityToDtoMappingFailed of the store's own error when anything but the user is missing or
-  /// unreadable in one of the rows.
+  /// Throws EventMappingError or BIEventMappingError, depending on the store, if a field other than the user
+  /// is missing or invalid in one of the rows.
   std::vector<Event> toEvents(const std::vector<EventRow>& rows) const;
 
-  /// As the store compares it.
+  /// The time in the store's type, for comparison with stored times.
   StoredTime toStoredTime(Date time) const;
 
  private:

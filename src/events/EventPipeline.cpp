@@ -27,21 +27,22 @@ void EventPipeline::save(const Event& event) {
 
 void EventPipeline::start() {
   const auto weak = weak_from_this();
-  const auto gone = makeError(ReferenceError::deallocated);
-  queueSource_.asObservable()
-      .observeOn(
-          options_.concurrentScheduler)  // a signal comes on the stores' thread, which must not wait for us
+  const auto deallocated = makeError(ReferenceError::deallocated);
+  queueSource_
+      .asObservable()
+      // Signals arrive on the stores' thread, which must not be blocked.
+      .observeOn(options_.concurrentScheduler)
       .buffer(options_.timeSpan, options_.count, options_.mainScheduler)
-      .map([](const std::vector<Unit>&) { return Unit{}; })  // a tick is a tick, however many signals made it
+      .map([](const std::vector<Unit>&) { return Unit{}; })  // one tick, regardless of the number of signals
       .subscribeOn(options_.concurrentScheduler)
       .observeOn(options_.concurrentScheduler)
-      .concatMap([weak, gone](const Unit&) {
+      .concatMap([weak, deallocated](const Unit&) {
         const auto self = weak.lock();
-        return self ? self->removeStale() : reactive::error<Unit>(gone);
+        return self ? self->removeStale() : reactive::error<Unit>(deallocated);
       })
-      .concatMap([weak, gone](const Unit&) {
+      .concatMap([weak, deallocated](const Unit&) {
         const auto self = weak.lock();
-        return self ? self->sendOldest() : reactive::error<std::vector<Event>>(gone);
+        return self ? self->sendOldest() : reactive::error<std::vector<Event>>(deallocated);
       })
       .retry(2)
       .subscribe({.onNext = options_.onSent,
@@ -57,17 +58,17 @@ void EventPipeline::stop() {
   disposeBag_.dispose();
   const std::lock_guard lock(sendingMutex_);
   isStopped_ = true;
-  sendingRight_.reset();
+  senderLock_.reset();
 }
 
 bool EventPipeline::maySend() {
   const std::lock_guard lock(sendingMutex_);
-  if (!isStopped_ && !sendingRight_) sendingRight_ = dao_.acquireSending();
-  return sendingRight_ != nullptr;
+  if (!isStopped_ && !senderLock_) senderLock_ = dao_.acquireSending();
+  return senderLock_ != nullptr;
 }
 
 Observable<Unit> EventPipeline::removeStale() {
-  // Of all who share the store one sends; for the others the tick ends here.
+  // Only one owner of the store may send; for the others the tick ends here.
   if (!maySend()) return reactive::empty<Unit>();
   return dao_.removeUpTo(options_.currentDate() - maximumAge);
 }

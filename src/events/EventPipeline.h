@@ -12,31 +12,33 @@
 
 namespace orrelo {
 
-/// Store first, then forward. `save` writes an event to the store and gives a signal. Signals and a timer
-/// make ticks; each tick drops what is older than a day, then sends the oldest events and deletes them when
-/// the service has them. Ticks run one after the other, so no two requests are ever under way, and an event
-/// that was sent but not deleted, because the process died in between, is sent again under the same id.
+/// Stores events and forwards them to the service. `save` writes an event to the store and emits a signal.
+/// Signals and a timer trigger ticks; each tick removes events older than a day, sends the oldest events, and
+/// deletes them once the service has received them. Ticks run one after the other, so there is at most one
+/// request at a time. If the process dies between sending and deleting an event, the event is sent again with
+/// the same id.
 ///
-/// The first failure of a step resubscribes: what was stored stays stored, for the next tick. The second,
-/// however much later, ends the pipeline for good. That is deliberate: `save` goes on writing, and the next
-/// launch or the next `Orrelo::initialize` sends.
+/// The first failure of a step is retried by resubscribing; the events stay stored for the next tick. The
+/// second failure, however much later, ends the pipeline permanently. This is deliberate: `save` continues to
+/// store events, and the next launch or the next `Orrelo::initialize` sends them.
 class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
  public:
   struct Options {
-    /// A tick comes when `count` signals have, or `timeSpan` after the last tick: an idle tick then.
+    /// A tick is triggered by `count` signals, or when `timeSpan` has passed since the last tick (an idle
+    /// tick).
     std::chrono::milliseconds timeSpan;
     std::size_t count;
-    /// At most so many events are sent at once.
+    /// The maximum number of events per request.
     std::size_t fetchLimit;
-    /// Its timer makes the idle ticks.
+    /// Runs the timer of the idle ticks.
     reactive::SchedulerPtr mainScheduler;
     reactive::SchedulerPtr concurrentScheduler;
     std::function<Date()> currentDate;
     std::function<reactive::Observable<reactive::Unit>(const std::vector<Event>&)> send;
     std::function<reactive::Observable<reactive::Unit>(const std::vector<Event>&)> remove;
-    /// After the events were sent and deleted.
+    /// Called after the events were sent and deleted.
     std::function<void(const std::vector<Event>&)> onSent;
-    /// When the pipeline has ended for good.
+    /// Called when the pipeline has ended permanently.
     std::function<void(const Error&)> onEnded;
   };
 
@@ -44,10 +46,10 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
 
   static std::shared_ptr<EventPipeline> create(EventDao dao, Options options);
 
-  /// Returns at once. An event that the store refuses is lost without a word. Any thread.
+  /// Returns at once. An event that the store rejects is lost silently. Any thread.
   void save(const Event& event);
 
-  /// Ends the sending, for another pipeline to take over; `save` goes on writing. Any thread.
+  /// Stops sending, so that another pipeline can take over; `save` continues to store events. Any thread.
   void stop();
 
  private:
@@ -62,7 +64,7 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
   Options options_;
   reactive::PublishSubject<reactive::Unit> queueSource_;
   std::mutex sendingMutex_;
-  std::shared_ptr<const void> sendingRight_;
+  std::shared_ptr<const void> senderLock_;
   bool isStopped_ = false;
   reactive::DisposeBag disposeBag_;
 };

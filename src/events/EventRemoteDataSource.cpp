@@ -40,9 +40,8 @@ void EventRemoteDTO::encode(JsonWriter& json) const {
 reactive::Observable<Event> EventRemoteDataSource::send(const Event& event) const {
   JsonWriter json;
   EventRemoteDTO(event).encode(json);
-  return post(networkConfig, *httpClient, "/event", std::move(json).result()).map([event](const HTTPReply&) {
-    return event;
-  });
+  return post(networkConfig_, *httpClient_, "/event", std::move(json).result())
+      .map([event](const HTTPReply&) { return event; });
 }
 
 reactive::Observable<reactive::Unit> BIEventRemoteDataSource::send(const std::vector<BIEvent>& events) const {
@@ -50,7 +49,7 @@ reactive::Observable<reactive::Unit> BIEventRemoteDataSource::send(const std::ve
   json.beginArray();
   for (const auto& event : events) EventRemoteDTO(event).encode(json);
   json.endArray();
-  return post(networkConfig, *httpClient, "/events", std::move(json).result()).map([](const HTTPReply&) {
+  return post(networkConfig_, *httpClient_, "/events", std::move(json).result()).map([](const HTTPReply&) {
     return reactive::Unit{};
   });
 }

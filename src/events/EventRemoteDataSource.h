@@ -12,12 +12,12 @@
 
 namespace orrelo {
 
-/// The headers have "Content-Type" added.
+/// The headers must include "Content-Type".
 using EventNetworkConfig = NetworkConfig;
 using BIEventNetworkConfig = NetworkConfig;
 
-/// An event on the wire: one flat object of texts. The values come first; "event_id", "event_name",
-/// "event_time" and, where there is a user, "user_id" take the place of values of these names.
+/// An event as it is sent: one flat object of texts. It starts with the values; "event_id", "event_name",
+/// "event_time" and, if there is a user, "user_id" replace values with these names.
 struct EventRemoteDTO {
   explicit EventRemoteDTO(const Event& event);
 
@@ -30,31 +30,31 @@ struct EventRemoteDTO {
   void encode(JsonWriter& json) const;
 };
 
-/// POST "/event", one event a request.
+/// Sends one event per request with POST "/event".
 class EventRemoteDataSource {
  public:
-  EventRemoteDataSource(EventNetworkConfig config, std::shared_ptr<HTTPClient> client)
-      : networkConfig(std::move(config)), httpClient(std::move(client)) {}
+  EventRemoteDataSource(EventNetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient)
+      : networkConfig_(std::move(networkConfig)), httpClient_(std::move(httpClient)) {}
 
-  /// The same event once the service has taken it, whatever its reply says.
+  /// Emits the same event after a successful reply; the reply's content is ignored.
   reactive::Observable<Event> send(const Event& event) const;
 
  private:
-  EventNetworkConfig networkConfig;
-  std::shared_ptr<HTTPClient> httpClient;
+  EventNetworkConfig networkConfig_;
+  std::shared_ptr<HTTPClient> httpClient_;
 };
 
-/// POST "/events", a list of events a request.
+/// Sends a list of events per request with POST "/events".
 class BIEventRemoteDataSource {
  public:
-  BIEventRemoteDataSource(BIEventNetworkConfig config, std::shared_ptr<HTTPClient> client)
-      : networkConfig(std::move(config)), httpClient(std::move(client)) {}
+  BIEventRemoteDataSource(BIEventNetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient)
+      : networkConfig_(std::move(networkConfig)), httpClient_(std::move(httpClient)) {}
 
   reactive::Observable<reactive::Unit> send(const std::vector<BIEvent>& events) const;
 
  private:
-  BIEventNetworkConfig networkConfig;
-  std::shared_ptr<HTTPClient> httpClient;
+  BIEventNetworkConfig networkConfig_;
+  std::shared_ptr<HTTPClient> httpClient_;
 };
 
 }  // namespace orrelo

@@ -12,7 +12,7 @@ EventRepositoryImpl::EventRepositoryImpl(EventDao local, EventRemoteDataSource r
                                          std::function<Date()> currentDate,
                                          OnNextHandler eventQueueOnNextHandler,
                                          OnErrorHandler eventQueueOnErrorHandler)
-    : pipeline(EventPipeline::create(
+    : pipeline_(EventPipeline::create(
           local,
           {.timeSpan = std::chrono::milliseconds(10'000),
            .count = 1,

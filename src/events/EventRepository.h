@@ -18,7 +18,7 @@ class EventRepository {
   virtual void stopSending() = 0;
 };
 
-/// The host's events: one a request, a tick at each save and every 10 seconds.
+/// Sends the host's events, one per request, after each save and every 10 seconds.
 class EventRepositoryImpl final : public EventRepository {
  public:
   using OnNextHandler = std::function<void(const Event&)>;
@@ -28,23 +28,23 @@ class EventRepositoryImpl final : public EventRepository {
                       reactive::SchedulerPtr concurrentScheduler, std::function<Date()> currentDate,
                       OnNextHandler eventQueueOnNextHandler, OnErrorHandler eventQueueOnErrorHandler);
 
-  void save(const Event& event) override { pipeline->save(event); }
-  void stopSending() override { pipeline->stop(); }
+  void save(const Event& event) override { pipeline_->save(event); }
+  void stopSending() override { pipeline_->stop(); }
 
  private:
-  std::shared_ptr<EventPipeline> pipeline;
+  std::shared_ptr<EventPipeline> pipeline_;
 };
 
 class SaveEventUseCase {
  public:
-  explicit SaveEventUseCase(std::shared_ptr<EventRepository> eventRepository)
-      : repository(std::move(eventRepository)) {}
+  explicit SaveEventUseCase(std::shared_ptr<EventRepository> repository)
+      : repository_(std::move(repository)) {}
 
-  void save(const Event& event) const { repository->save(event); }
-  void stopSending() const { repository->stopSending(); }
+  void save(const Event& event) const { repository_->save(event); }
+  void stopSending() const { repository_->stopSending(); }
 
  private:
-  std::shared_ptr<EventRepository> repository;
+  std::shared_ptr<EventRepository> repository_;
 };
 
 }  // namespace orrelo

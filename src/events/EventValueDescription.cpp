@@ -6,13 +6,13 @@
 namespace orrelo {
 namespace {
 
-constexpr int deepest = 16;
+constexpr int maximumDepth = 16;
 
 struct Description {
   int depth = 0;
 
   std::string of(const EventValue& value) const {
-    return depth == deepest ? "…" : std::visit(Description{depth + 1}, value.variant());
+    return depth == maximumDepth ? "…" : std::visit(Description{depth + 1}, value.variant());
   }
 
   std::string operator()(std::monostate) const { return "<null>"; }

@@ -6,8 +6,8 @@
 
 namespace orrelo {
 
-/// For log lines: texts in quotes, "[1, 2]", "["key": "value"]" in the order of the keys, "[:]" for no keys.
-/// What is nested deeper than a log line is read for is "…".
+/// The form for log lines: texts in quotes, "[1, 2]", "["key": "value"]" sorted by key, "[:]" if empty.
+/// Values below the maximum depth are replaced by "…".
 std::string description(const EventArray& values);
 std::string description(const EventValues& values);
 

@@ -31,7 +31,7 @@ void KelsoInsight::makeCurrent(std::shared_ptr<KelsoInsight> insight) {
     const std::lock_guard lock(slot().mutex);
     std::swap(slot().instance, insight);
   }
-  if (insight) insight->stopSending();  // somebody may still hold the former one
+  if (insight) insight->stopSending();  // others may still hold the previous instance
 }
 
 std::shared_ptr<KelsoInsight> KelsoInsight::instance() {

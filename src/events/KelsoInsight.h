@@ -10,28 +10,30 @@
 
 namespace orrelo {
 
-/// From an event of a screen; its values are flattened as a host's are.
+/// Converts an event of a screen; its values are flattened like those of a host event.
 BIEvent toBIEvent(const ORLUserEvent& event);
 
-/// Where the kit's own events enter their pipeline. The service's switch does not stop them. One for the
-/// process, absent until the kit is initialized; any thread.
+/// The entry point of the kit's own events to their pipeline. They are reported even if the service has
+/// disabled the kit. There is one instance per process, which is absent until the kit is initialized. Any
+/// thread.
 class KelsoInsight {
  public:
-  /// Puts it into use; the former one stops sending and is let go.
+  /// Replaces the current instance; the former one stops sending and is released.
   static void makeCurrent(std::shared_ptr<KelsoInsight> insight);
   /// Null until `makeCurrent`.
   static std::shared_ptr<KelsoInsight> instance();
 
-  /// An event of now and of the current user; nothing happens before `makeCurrent`.
+  /// Reports an event with the current time and the current user. Does nothing before `makeCurrent`.
   static void track(const std::string& name, const StringDictionary& values);
 
-  explicit KelsoInsight(SaveBIEventUseCase useCase) : saveBIEventUseCase(std::move(useCase)) {}
+  explicit KelsoInsight(SaveBIEventUseCase saveBIEventUseCase)
+      : saveBIEventUseCase_(std::move(saveBIEventUseCase)) {}
 
-  void save(const BIEvent& event) const { saveBIEventUseCase.save(event); }
-  void stopSending() const { saveBIEventUseCase.stopSending(); }
+  void save(const BIEvent& event) const { saveBIEventUseCase_.save(event); }
+  void stopSending() const { saveBIEventUseCase_.stopSending(); }
 
  private:
-  SaveBIEventUseCase saveBIEventUseCase;
+  SaveBIEventUseCase saveBIEventUseCase_;
 };
 
 }  // namespace orrelo

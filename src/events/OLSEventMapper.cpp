@@ -15,13 +15,13 @@
 namespace orrelo {
 namespace {
 
-// Deeper than any reply that the kit reads, and far from the end of any stack.
+// Deeper than any reply that the kit reads, and low enough not to overflow the stack.
 constexpr int maximumDepth = 512;
 
-// Writes a value that JSON has a form for; false for any other.
-class JsonForm {
+// Writes values to JSON. The functions return false for a value that has no JSON form.
+class JsonValueWriter {
  public:
-  explicit JsonForm(JsonWriter& json) : json_(json) {}
+  explicit JsonValueWriter(JsonWriter& json) : json_(json) {}
 
   bool write(const EventValue& value) {
     return std::visit([this](const auto& alternative) { return writeAs(alternative); }, value.variant());
@@ -56,7 +56,7 @@ class JsonForm {
   bool writeAs(std::int64_t number) { return json_.integer(number), true; }
   bool writeAs(double number) { return std::isfinite(number) && (json_.number(number), true); }
   bool writeAs(const std::string& text) { return json_.text(utf8::repaired(text)), true; }
-  // Dates, identifiers, URLs, sets, bytes and unknown types have no place inside JSON.
+  // Dates, identifiers, URLs, sets, bytes and unknown types have no JSON form inside a collection.
   template <class Other>
   bool writeAs(const Other&) {
     return false;
@@ -69,7 +69,7 @@ class JsonForm {
 template <class Collection>
 std::optional<std::string> jsonText(const Collection& collection) {
   JsonWriter json;
-  if (JsonForm(json).writeAs(collection)) return std::move(json).result();
+  if (JsonValueWriter(json).writeAs(collection)) return std::move(json).result();
   std::fprintf(stderr, "%s is invalid JSON\n", description(collection).c_str());
   return std::nullopt;
 }
@@ -83,8 +83,8 @@ void requireSupportedValue(const EventValue& value) {
   }
 }
 
-// The text of a supported value at the top level; nothing where its JSON failed.
-struct TextForm {
+// Converts a supported value at the top level to its text; nullopt for a collection without a JSON form.
+struct TextConverter {
   using Text = std::optional<std::string>;
 
   Text operator()(bool value) const { return value ? "true" : "false"; }
@@ -117,7 +117,8 @@ StringDictionary OLSEventMapper::map(const EventValues& values) const {
   texts.reserve(values.size());
   for (const auto& [key, value] : values) {
     requireSupportedValue(value);
-    if (auto text = std::visit(TextForm{}, value.variant())) texts.set(utf8::repaired(key), *std::move(text));
+    if (auto text = std::visit(TextConverter{}, value.variant()))
+      texts.set(utf8::repaired(key), *std::move(text));
   }
   return texts;
 }

@@ -17,10 +17,10 @@ enum class UserEventValueKey {
   pageName
 };
 std::string_view rawValue(UserEventValueKey key);
-/// Nothing for a text that names no key.
+/// The key with this raw value; nullopt if there is none.
 std::optional<UserEventValueKey> userEventValueKey(std::string_view rawValue);
 
-/// What the kit's screens report, in the order of the service protocol.
+/// The events of the kit's screens, in the order of the service protocol.
 enum class UserEventName {
   attendanceButtonClick,
   campaignEntryPointShow,
@@ -52,13 +52,13 @@ enum class UserEventName {
 };
 std::string_view rawValue(UserEventName name);
 
-/// Reports an event of a screen to the host's delegate, on the caller's thread, and to the kit's own
-/// pipeline. Nothing fails: who is not there is passed over.
+/// Reports an event of a screen to the host's delegate, on the calling thread, and to the kit's own pipeline.
+/// Never fails: an absent delegate or pipeline is skipped.
 class UserEventTracker {
  public:
   using Values = std::map<UserEventValueKey, std::string>;
 
-  /// With no values the event has none.
+  /// An empty `values` makes an event without values.
   static void track(UserEventName name, const Values& values = {}, bool skipBI = false);
   static void track(const ORLUserEvent& event, bool skipBI = false);
 };

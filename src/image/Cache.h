@@ -8,7 +8,7 @@
 
 namespace orrelo {
 
-/// Which level served a read.
+/// The cache level that served a read.
 enum class CacheType { memory, disk };
 
 template <class T>
@@ -17,13 +17,13 @@ struct CacheResult {
   CacheType type;
 };
 
-/// Bytes were found that cannot become a value.
+/// The cached bytes could not be converted to a value.
 enum class CacheError { dataConversion };
 Error makeError(CacheError error);
 
-/// Encoded bytes by text, in memory and in front of a folder that lives while the application is in the
-/// foreground: a trip to the background and the end of the application clear the folder, and leave the memory
-/// as it is. A file is not written atomically. Any thread.
+/// A two-level cache of encoded bytes: memory in front of a folder. The folder is cleared when the
+/// application enters the background or terminates; the memory level is kept. Files are not written
+/// atomically. Any thread.
 template <class T>
 class Cache : public std::enable_shared_from_this<Cache<T>> {
  public:
@@ -38,16 +38,16 @@ class Cache : public std::enable_shared_from_this<Cache<T>> {
     return cache;
   }
 
-  /// In memory at once, on disk soon. Null removes the key from memory, and leaves a file where it is:
-  /// deliberate.
+  /// Stores the data in memory at once and on disk asynchronously. Null removes the key from memory and
+  /// deliberately keeps its file.
   void store(Data data, const WrappedKey& key) {
     if (!data) return memoryCache_.remove(key);
     memoryCache_.insert(key, data);
     diskCache_.insert(std::move(data), key);
   }
 
-  /// From memory, else from disk, whose bytes go into memory: of those who ask meanwhile, one alone reads.
-  /// Completes where the conversion does; never once the cache is gone.
+  /// Reads from memory or else from disk, and then stores the bytes in memory, so that concurrent requests
+  /// read the file only once. Completes on the thread of the conversion; never after the cache was destroyed.
   void value(const WrappedKey& key, Completion completion) {
     if (auto data = memoryCache_.value(key)) {
       return convert(std::move(data), CacheType::memory, std::move(completion));
@@ -68,7 +68,7 @@ class Cache : public std::enable_shared_from_this<Cache<T>> {
     });
   }
 
-  /// Asks the disk too, now: an error where its folder cannot be had.
+  /// Checks memory and, synchronously, the disk. Returns an error if the folder cannot be created.
   Result<bool> isCached(const WrappedKey& key) const {
     return memoryCache_.contains(key) ? Result<bool>(true) : diskCache_.contains(key);
   }
@@ -77,7 +77,7 @@ class Cache : public std::enable_shared_from_this<Cache<T>> {
   DiskCache& diskCache() { return diskCache_; }
 
  private:
-  static constexpr std::chrono::milliseconds longestWaitAtTheEnd{500};
+  static constexpr std::chrono::milliseconds terminationTimeout{500};
 
   Cache(const std::string& name, std::shared_ptr<DataConvertible<T>> convertible, const Platform& platform,
         std::size_t memoryBudget)
@@ -87,10 +87,10 @@ class Cache : public std::enable_shared_from_this<Cache<T>> {
     const auto cleanDiskOnNotification = [weak = this->weak_from_this()] {
       if (const auto self = weak.lock()) self->diskCache_.clear();
     };
-    // Nobody runs what is still to be done once the process ends.
+    // Queued work would not run after the termination, so the queue is finished here.
     const auto cleanDiskNow = [weak = this->weak_from_this(), cleanDiskOnNotification] {
       cleanDiskOnNotification();
-      if (const auto self = weak.lock()) self->diskCache_.finish(longestWaitAtTheEnd);
+      if (const auto self = weak.lock()) self->diskCache_.finish(terminationTimeout);
     };
     using Signal = Application::Signal;
     registrations_ = {application.observe(Signal::willTerminate, cleanDiskNow),

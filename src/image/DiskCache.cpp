@@ -30,33 +30,33 @@ Data readFile(const std::filesystem::path& file) {
 
 }  // namespace
 
-/// The names of the folder's files, as far as this process has written or listed them. A page asks for all
-/// its pictures at once, on the main thread, and a name that is not here is answered without a system call.
-/// The system is asked for the others, since another process of the host may share the folder and clear it. A
-/// file that another process has written since the listing is not known here, and costs one download.
+/// The names of the folder's files that this process has written or listed. A page requests all its images at
+/// once, on the main thread, and unknown names are answered without a system call. Known names are checked in
+/// the file system, since another process of the host may share the folder and clear it. A file that another
+/// process has written since the listing is unknown here and is downloaded again.
 class DiskCache::Folder {
  public:
-  bool isMade() const {
+  bool isListed() const {
     const std::lock_guard lock(mutex_);
     return !path_.empty();
   }
-  void made(const std::filesystem::path& folder) {
+  void list(const std::filesystem::path& folder) {
     const std::lock_guard lock(mutex_);
     if (!path_.empty()) return;
     path_ = folder.native();
     for (const auto& name : Files::namesIn(folder)) names_.insert(std::hash<std::string>()(name));
   }
-  /// Call it before the file is written.
+  /// Must be called before the file is written.
   void add(const WrappedKey& key) {
     const std::lock_guard lock(mutex_);
     names_.insert(key.hash());
   }
-  /// The path of the key's file if there may be one, else empty.
-  std::string possibleFile(const WrappedKey& key) const {
+  /// The path of the key's file if its name is known, otherwise empty.
+  std::string knownFile(const WrappedKey& key) const {
     const std::lock_guard lock(mutex_);
     return names_.contains(key.hash()) ? path_ + '/' + key.key() : std::string();
   }
-  void forget() {
+  void reset() {
     const std::lock_guard lock(mutex_);
     path_.clear();
     names_.clear();
@@ -64,8 +64,8 @@ class DiskCache::Folder {
 
  private:
   mutable std::mutex mutex_;
-  std::string path_;                       // empty until it was made, and after `forget`
-  std::unordered_set<std::size_t> names_;  // their hashes
+  std::string path_;                       // empty until `list`, and after `reset`
+  std::unordered_set<std::size_t> names_;  // hashes of the names
 };
 
 Error makeError(ImagePipelineInputStreamError error, std::optional<std::string> message) {
@@ -85,11 +85,11 @@ DiskCache::DiskCache(const std::string& name, const Platform& platform)
 std::filesystem::path DiskCache::directory() const {
   auto folder = directories_->cache() / cacheName_;
   require(Files::makeFolder(folder));
-  folder_->made(folder);
+  folder_->list(folder);
   return folder;
 }
 
-// The queue works on a copy: the cache may go before its turn comes.
+// The task works on a copy, since the cache may be destroyed before the task runs.
 void DiskCache::run(std::function<void(const DiskCache&)> work, Completion completion) const {
   diskQueue_->post([self = *this, work = std::move(work), completion = std::move(completion)] {
     std::optional<Error> failure;
@@ -130,7 +130,7 @@ void DiskCache::clear(Completion completion) {
   run(
       [](const DiskCache& self) {
         const auto folder = self.directory();
-        self.folder_->forget();
+        self.folder_->reset();
         require(Files::removeFolder(folder));
       },
       std::move(completion));
@@ -138,8 +138,8 @@ void DiskCache::clear(Completion completion) {
 
 Result<bool> DiskCache::contains(const WrappedKey& key) const {
   try {
-    if (!folder_->isMade()) directory();
-    const auto file = folder_->possibleFile(key);
+    if (!folder_->isListed()) directory();
+    const auto file = folder_->knownFile(key);
     return !file.empty() && Files::exists(file);
   } catch (const Error& error) {
     return error;

@@ -14,41 +14,42 @@
 
 namespace orrelo {
 
-/// Why a file of the cache gave nothing.
+/// The reasons for which a file of the cache could not be read.
 enum class ImagePipelineInputStreamError { uninitializedInputStream, emptyFile };
 Error makeError(ImagePipelineInputStreamError error, std::optional<std::string> message = {});
 
-/// Bytes in files, one folder a cache. All work is done in order on a queue of its own, and completes there:
-/// a read that is asked for after a write sees it.
+/// Stores bytes in files, with one folder per cache. All operations run and complete on the cache's own
+/// queue, in order, so that a read sees all earlier writes.
 class DiskCache {
  public:
   using Completion = std::function<void(std::optional<Error>)>;
 
-  /// Two days. Nothing reads it yet: the whole folder goes with every trip to the background, and this is for
-  /// a sweep by age. Deliberate.
+  /// Two days. Deliberately unused: it is meant for a removal of old files, but the whole folder is cleared
+  /// whenever the application enters the background.
   static constexpr double maxCacheAgeSeconds = 172800.0;
 
   DiskCache(const std::string& name, const Platform& platform);
 
   const std::string& cacheName() const { return cacheName_; }
 
-  /// An error for what is larger than `maximumFileSize`: it could not be read again.
+  /// Fails if the data exceeds `maximumFileSize`, since it could not be read again.
   void insert(Data data, const WrappedKey& key, Completion completion = {});
-  /// What `known` gives by then, else the file. `uninitializedInputStream` for one that is not there, is no
-  /// plain file, is larger than `maximumFileSize` or cannot be read.
+  /// Completes with the result of `known`, which is called when the operation runs, or with the file's bytes
+  /// if that is null. Fails with `uninitializedInputStream` if the file is missing, is not a regular file,
+  /// exceeds `maximumFileSize` or cannot be read, and with `emptyFile` if it is empty.
   void value(const WrappedKey& key, std::function<Data()> known,
              std::function<void(Result<Data>)> completion) const;
   void clear(Completion completion = {});
-  /// Does what the queue still has to do, here; waits at most `timeout` for what runs elsewhere by now.
+  /// Runs the queued operations on the calling thread; see SerialQueue::finish.
   void finish(std::chrono::milliseconds timeout) { diskQueue_->finish(timeout); }
-  /// Whether there is a file now, whatever the queue still has to do. A file that another process has written
-  /// since this one listed the folder does not count: it is fetched and written once more.
+  /// True if the key's file exists now, regardless of queued operations. Ignores a file that another process
+  /// has written since this process listed the folder; that file is downloaded and written again.
   Result<bool> contains(const WrappedKey& key) const;
 
  private:
   class Folder;
 
-  /// Made where it is missing; throws what is in the way.
+  /// The cache's folder, created if missing. Throws a FileError if it cannot be created.
   std::filesystem::path directory() const;
   void run(std::function<void(const DiskCache&)> work, Completion completion) const;
 

@@ -20,13 +20,13 @@ Error makeError(DownloaderError error);
 template <class T>
 class Downloader;
 
-/// One transfer and those who wait for it, each under a token of its own: 0, 1, 2 …
+/// One transfer and the completions that wait for it, each identified by a token: 0, 1, 2 …
 template <class T>
 class Download {
  public:
   using Completion = std::function<void(Result<T>)>;
 
-  /// Nothing for a download that was cancelled: it cannot be joined any more.
+  /// Adds a completion and returns its token; nullopt if the download has been cancelled.
   std::optional<int> addCompletion(Completion completion) {
     const std::lock_guard lock(mutex_);
     if (isCancelled_) return std::nullopt;
@@ -41,8 +41,8 @@ class Download {
     return all;
   }
 
-  /// Ends the wait of one with `canceled`, and the transfer with the last. Does nothing for a token that has
-  /// its result or was cancelled.
+  /// Completes one waiter with `canceled`, and cancels the transfer if it was the last one. Does nothing for
+  /// a token that has completed or was cancelled.
   void cancel(int token) {
     Completion completion;
     bool isLast = false;
@@ -64,7 +64,7 @@ class Download {
  private:
   friend class Downloader<T>;
 
-  /// Each of them runs once, whatever another one throws, and none that another one cancels.
+  /// Runs each completion once, even if another one throws, except those that another one cancels.
   void complete(const Result<T>& result) {
     while (auto completion = takeFirst()) runGuarded([&] { completion(result); });
   }
@@ -74,12 +74,12 @@ class Download {
     return std::move(tokenCompletions_.extract(tokenCompletions_.begin()).mapped());
   }
 
-  /// Set before anyone can see the download, and not changed after.
+  /// Set before the download is shared with other threads, and constant from then on.
   std::string key_;
   std::shared_ptr<URLSessionTask> task_;
   std::function<void()> onCancelled_;
   std::atomic<bool> isStarting_ = true;
-  /// The session's thread alone.
+  /// Accessed only on the session's thread.
   std::string data_;
 
   mutable std::mutex mutex_;
@@ -97,22 +97,22 @@ struct DownloadTask {
   void cancel() const { download->cancel(cancelToken); }
 };
 
-/// Fetches a URL once for all who ask while it is on its way; what arrives is converted once, and they share
-/// the value. Completions run on the main thread, never within the `fetch` that they belong to. Any thread.
+/// Downloads URLs. Concurrent requests for the same URL share one transfer, one conversion and the resulting
+/// value. Completions run on the main thread, never inside the `fetch` that they belong to. Any thread.
 template <class T>
 class Downloader : public std::enable_shared_from_this<Downloader<T>> {
  public:
   using Completion = typename Download<T>::Completion;
 
-  /// A longer reply fails.
+  /// In bytes; a larger reply fails.
   static constexpr std::size_t maximumSize = maximumFileSize;
-  /// Without a byte.
+  /// The idle timeout.
   static constexpr std::chrono::seconds timeout{60};
 
   Downloader(std::shared_ptr<DataConvertible<T>> convertible, const Platform& platform)
       : convertible_(std::move(convertible)), session_(platform.urlSession), mainLoop_(platform.mainLoop) {}
 
-  /// Ends all transfers; nobody hears of it.
+  /// Cancels all transfers without calling their completions.
   ~Downloader() {
     for (const auto& [url, download] : downloads_) download->task_->cancel();
   }
@@ -120,7 +120,8 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
   Downloader(const Downloader&) = delete;
   Downloader& operator=(const Downloader&) = delete;
 
-  /// What the session cannot start fails.
+  /// Joins a running download of the URL or starts a new one. Completes with an error if the session cannot
+  /// start it.
   DownloadTask<T> fetch(const Url& url, Completion completion) {
     std::unique_lock lock(mutex_);
     if (const auto found = downloads_.find(url.text()); found != downloads_.end()) {
@@ -168,7 +169,7 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
     download->task_ = session_->streamingTask(
         std::move(request), std::make_shared<SessionDelegate>(this->weak_from_this(), weak));
     download->onCancelled_ = [weak, downloader = this->weak_from_this()] {
-      if (const auto self = downloader.lock()) self->forget(weak.lock());
+      if (const auto self = downloader.lock()) self->remove(weak.lock());
     };
     return download;
   }
@@ -184,19 +185,20 @@ class Downloader : public std::enable_shared_from_this<Downloader<T>> {
                         });
   }
 
-  /// The entry goes first, so that a completion which asks again starts afresh. What ends while it is being
-  /// started completes later: whoever asks again at each failure would otherwise never return from `fetch`.
+  /// Removes the entry first, so that a completion that fetches the URL again starts a new download. A
+  /// download that ends while it is being started completes later; otherwise a caller that retries each
+  /// failure would never return from `fetch`.
   void complete(const std::shared_ptr<Download<T>>& download, Result<T> result) {
     auto task = [self = this->shared_from_this(), download, result = std::move(result)] {
-      self->forget(download);
+      self->remove(download);
       download->complete(result);
     };
     if (download->isStarting_) return mainLoop_->post(std::move(task));
     onMain(*mainLoop_, std::move(task));
   }
 
-  /// Unless a later download has taken its place.
-  void forget(const std::shared_ptr<Download<T>>& download) {
+  /// Removes the download from the table unless a newer one has replaced it.
+  void remove(const std::shared_ptr<Download<T>>& download) {
     const std::lock_guard lock(mutex_);
     const auto found = downloads_.find(download->key_);
     if (found != downloads_.end() && found->second == download) downloads_.erase(found);

@@ -41,7 +41,7 @@ ImagePtr ImageConvertible::decoded(const Data& data) const {
     if (!bitmap) return nullptr;
     bitmap->scale = application_->screenScale();
     return std::make_shared<const Image>(Image{*std::move(bitmap), data});
-  } catch (const std::exception&) {  // no memory for so many pixels
+  } catch (const std::exception&) {  // out of memory
     return nullptr;
   }
 }
@@ -54,7 +54,7 @@ void ImageConvertible::decode(const Data& data) {
     auto& decoding = decodings_[data.get()];
     std::swap(waiting, decoding.waiting);
     decoding.image = image;
-    forgetGone();
+    removeExpired();
     --running_;
     startNext();
   }
@@ -63,7 +63,7 @@ void ImageConvertible::decode(const Data& data) {
   }
 }
 
-void ImageConvertible::forgetGone() {
+void ImageConvertible::removeExpired() {
   std::erase_if(decodings_, [](const auto& entry) {
     return entry.second.waiting.empty() && entry.second.image.expired();
   });
@@ -74,7 +74,7 @@ Data ImageConvertible::data(const ImagePtr& image) {
   try {
     auto bytes = codec_ ? codec_->encode(image->bitmap) : std::nullopt;
     return bytes ? makeData(*std::move(bytes)) : nullptr;
-  } catch (const std::exception&) {  // no memory for so many bytes
+  } catch (const std::exception&) {  // out of memory
     return nullptr;
   }
 }
@@ -85,7 +85,7 @@ ImagePtr ImageConvertible::withFile(const ImagePtr& image) {
   if (!file) return image;
   auto whole = std::make_shared<const Image>(Image{image->bitmap, file});
   const std::lock_guard lock(mutex_);
-  forgetGone();
+  removeExpired();
   decodings_[file.get()].image = whole;
   return whole;
 }

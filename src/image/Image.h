@@ -13,10 +13,10 @@
 
 namespace orrelo {
 
-/// A picture to show. Never changed.
+/// An immutable image.
 struct Image {
   Bitmap bitmap;
-  /// The file that it was read from; null for one that was drawn.
+  /// The file from which it was decoded; null if it was drawn.
   Data encoded;
 
   /// In points.
@@ -26,9 +26,9 @@ struct Image {
 
 using ImagePtr = std::shared_ptr<const Image>;
 
-/// Images from files and back, at the main screen's scale. Decoding happens on the workers; the same data is
-/// decoded once as long as somebody holds its image, and two files are at a time: each takes what the codec
-/// says, beside the bitmaps of all images that somebody holds.
+/// Decodes files to images at the main screen's scale, and encodes images. Files are decoded on the worker
+/// pool, two at a time, which limits the memory that the codec uses in addition to the bitmaps of live
+/// images. Data whose image is still alive is not decoded again.
 class ImageConvertible final : public DataConvertible<ImagePtr>,
                                public std::enable_shared_from_this<ImageConvertible> {
  public:
@@ -38,11 +38,12 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
 
   explicit ImageConvertible(const Platform& platform);
 
-  /// Completes at once for data whose image is there, else on a worker.
+  /// Completes at once if the image of the data is alive, otherwise on a worker.
   void value(Data data, Completion completion) override;
-  /// The file that the image came from, else a PNG.
+  /// The file from which the image was decoded, or a new PNG file.
   Data data(const ImagePtr& image) override;
-  /// The image with its file, by which it is found from then on; as it is where it has one, or can have none.
+  /// Encodes an image that has no file, and returns it with that file, which `value` then recognises. Returns
+  /// the same image if it already has a file or cannot be encoded.
   ImagePtr withFile(const ImagePtr& image);
 
  private:
@@ -54,14 +55,14 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
   ImagePtr decoded(const Data& data) const;
   void startNext();
   void decode(const Data& data);
-  void forgetGone();
+  void removeExpired();
 
   std::shared_ptr<ImageCodec> codec_;
   std::shared_ptr<WorkerPool> workers_;
   std::shared_ptr<Application> application_;
 
   std::mutex mutex_;
-  /// By the data's address, which is not given to other data while the image or the decoding holds on to it.
+  /// Keyed by the address of the data, which stays unique while the image or the decoding owns the data.
   std::map<const std::string*, Decoding> decodings_;
   std::deque<Data> waiting_;
   int running_ = 0;

@@ -24,13 +24,13 @@ bool isQueryAllowed(char c) {
   return queryAllowed[static_cast<unsigned char>(c)];
 }
 
-// Of what is no text nothing can be escaped: it stays as it is.
+// Percent-encodes the text; returns malformed UTF-8 unchanged.
 std::string urlEncoded(std::string_view text) {
   if (std::all_of(text.begin(), text.end(), isQueryAllowed) || !utf8::isValid(text)) return std::string(text);
   return ascii::percentEncoded(text, isQueryAllowed);
 }
 
-// In lower case; of "a/.b" there is none.
+// The path's extension in lower case; "a/.b" has none.
 std::string pathExtension(const Url& url) {
   auto name = url.path();
   while (name.ends_with('/')) name.remove_suffix(1);
@@ -50,7 +50,7 @@ void ImageLoader::load(std::string_view urlString, const std::shared_ptr<ImageTa
                [&] { return "ImageLoader: " + std::string(urlString) + " is not valid URL"; });
   }
   if (pathExtension(*url) == "gif") {
-    ImageLoad::setImage(imageView, std::nullopt);  // nothing here plays them
+    ImageLoad::setImage(imageView, std::nullopt);  // animations are not supported
     return;
   }
   ImageLoad::setImage(imageView, url, {.completion = std::move(completion)});

@@ -6,10 +6,11 @@
 
 namespace orrelo {
 
-/// The one call with which screens fill an image view.
+/// Loads images into views; all screens use it.
 struct ImageLoader {
-  /// Blanks and whatever else a URL's query may not have are escaped, "%" too. A text that is no URL even so
-  /// gets a log line: the view stays as it was, and `completion` is not called. Main thread.
+  /// Percent-encodes characters that are not allowed in a URL's query, including spaces and "%", and loads
+  /// the image. If the result is not a valid URL, logs a warning and leaves the view unchanged; if it names a
+  /// GIF, clears the view. `completion` is not called in these cases. Main thread only.
   static void load(std::string_view urlString, const std::shared_ptr<ImageTarget>& imageView,
                    ImagePipeline::Completion completion = {});
 };

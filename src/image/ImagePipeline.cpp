@@ -36,7 +36,7 @@ std::optional<DownloadTask<ImagePtr>> ImagePipeline::image(const Url& url,
   const MainCompletion complete(mainLoop_, std::move(completion));
   const auto isCached = cache_->isCached(key);
   if (std::holds_alternative<bool>(isCached) && std::get<bool>(isCached)) {
-    // A failed read is the answer; that nothing is downloaded then is deliberate.
+    // A failed read completes with its error. It deliberately does not fall back to a download.
     cache_->value(key, [complete](const Result<CacheResult<ImagePtr>>& result) {
       const auto* const found = std::get_if<CacheResult<ImagePtr>>(&result);
       complete(found != nullptr ? Result<ImagePtr>(found->value) : std::get<Error>(result));
@@ -48,13 +48,13 @@ std::optional<DownloadTask<ImagePtr>> ImagePipeline::image(const Url& url,
         const auto* const image = std::get_if<ImagePtr>(&result);
         if (image == nullptr) return complete(result);
         if (imageTransformer) return self->transform(*image, imageTransformer, key, complete);
-        complete(self->kept(key, *image));
+        complete(self->storeInCache(key, *image));
       });
 }
 
-ImagePtr ImagePipeline::kept(const WrappedKey& key, const ImagePtr& image) {
+ImagePtr ImagePipeline::storeInCache(const WrappedKey& key, const ImagePtr& image) {
   auto whole = convertible_->withFile(image);
-  // Those who shared the download share one write, too.
+  // Requests that shared the download also share the write to the cache.
   const auto& file = whole->encoded;
   if (file && cache_->memoryCache().value(key) != file) cache_->store(file, key);
   return whole;
@@ -83,8 +83,8 @@ void ImagePipeline::transform(const ImagePtr& image, const ImageTransformer& ima
 Result<ImagePtr> ImagePipeline::transformed(const ImagePtr& image, const ImageTransforming& imageTransformer,
                                             const WrappedKey& key) {
   try {
-    if (const auto result = imageTransformer.transform(image)) return kept(key, result);
-  } catch (...) {  // gives nothing either
+    if (const auto result = imageTransformer.transform(image)) return storeInCache(key, result);
+  } catch (...) {  // counts as a failed transformation
   }
   return makeError(ImagePipelineError::imageTransformingError);
 }

@@ -14,23 +14,23 @@
 
 namespace orrelo {
 
-/// The transformation gave nothing.
+/// The transformation failed.
 enum class ImagePipelineError { imageTransformingError };
 Error makeError(ImagePipelineError error);
 
-/// Images by URL: from the cache, else from the network, then transformed, once for all who ask meanwhile.
-/// Any thread; completions run on the main thread, before the call returns where that can be.
+/// Loads images by URL from the cache or the network, and transforms them; concurrent requests share the
+/// work. Completions run on the main thread, before the call returns if possible. Any thread.
 class ImagePipeline : public std::enable_shared_from_this<ImagePipeline> {
  public:
   using Completion = std::function<void(const Result<ImagePtr>&)>;
 
-  /// The one of the installed platform, made at its first use.
+  /// The pipeline of the installed platform, created at its first use.
   static std::shared_ptr<ImagePipeline> shared();
 
   ImagePipeline(const std::string& cacheName, const Platform& platform);
 
-  /// The task is for what is on its way from the network alone; a transformation that has begun is not ended
-  /// by it.
+  /// Returns a task only if the image is downloaded. Cancelling it does not stop a transformation that has
+  /// started.
   std::optional<DownloadTask<ImagePtr>> image(const Url& url, const ImageTransformer& imageTransformer,
                                               Completion completion);
 
@@ -39,7 +39,7 @@ class ImagePipeline : public std::enable_shared_from_this<ImagePipeline> {
  private:
   using MainCompletion = orrelo::MainCompletion<Result<ImagePtr>>;
 
-  ImagePtr kept(const WrappedKey& key, const ImagePtr& image);
+  ImagePtr storeInCache(const WrappedKey& key, const ImagePtr& image);
   void transform(const ImagePtr& image, const ImageTransformer& imageTransformer, const WrappedKey& key,
                  MainCompletion completion);
   Result<ImagePtr> transformed(const ImagePtr& image, const ImageTransforming& imageTransformer,
@@ -52,7 +52,7 @@ class ImagePipeline : public std::enable_shared_from_this<ImagePipeline> {
   std::shared_ptr<Downloader<ImagePtr>> downloader_;
 
   std::mutex mutex_;
-  /// Who waits for a transformation that has begun.
+  /// The completions that wait for a running transformation.
   std::unordered_map<WrappedKey, std::vector<MainCompletion>> transforming_;
 };
 

@@ -5,7 +5,7 @@
 namespace orrelo {
 namespace {
 
-// A view's pixels first, so that the caller's transformer works on what will be seen.
+// Downsamples to the view's size first, so that the caller's transformer works on the visible pixels.
 ImageTransformer transformerFor(const ImageTarget& view, const ImageLoadOptions& options) {
   if (!options.displayOptions.downsamples) return options.imageTransformer;
   const auto bounds = view.boundsSize();
@@ -16,8 +16,8 @@ ImageTransformer transformerFor(const ImageTarget& view, const ImageLoadOptions&
 
 }  // namespace
 
-// Cancels once: a completion that loads again when it hears of the end would never let go. What it begins
-// goes on without the view.
+// Cancels only once: a completion that starts a new load on each cancellation would otherwise cause an
+// endless loop. A load that it starts here is detached from the view.
 void ImageLoad::end(ImageTarget& view) {
   if (const auto former = std::exchange(view.downloadTask_, std::nullopt)) former->cancel();
   view.downloadTask_.reset();
@@ -49,7 +49,7 @@ std::optional<DownloadTask<ImagePtr>> ImageLoad::setImage(const std::shared_ptr<
                                          target->setImage(*image);
                                        if (completion) completion(result);
                                      });
-  // A completion that ran already may have begun another load.
+  // The completion may already have run and started another load.
   if (view->isLoading_ && view->loadCount_ == load) view->downloadTask_ = task;
   return task;
 }

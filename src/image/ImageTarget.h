@@ -5,16 +5,16 @@
 
 namespace orrelo {
 
-/// What a view offers to have images loaded into it. The main thread's. Its last release happens there too.
+/// The interface of a view that images can be loaded into. Must be used and destroyed on the main thread.
 class ImageTarget {
  public:
   virtual ~ImageTarget() = default;
 
-  /// Null shows nothing.
+  /// Shows the image; null shows nothing.
   virtual void setImage(const ImagePtr& image) = 0;
   /// In points.
   virtual Size boundsSize() const = 0;
-  /// Pixels to a point of the screen that it is on.
+  /// The scale of the view's screen, in pixels per point.
   virtual double scale() const = 0;
 
  private:
@@ -27,7 +27,7 @@ class ImageTarget {
 };
 
 struct ImageDisplayOptions {
-  /// Stores and shows the image in no more pixels than the view has.
+  /// Downsamples the image to the view's size in pixels before it is cached and shown.
   bool downsamples = false;
 };
 
@@ -35,20 +35,20 @@ struct ImageLoadOptions {
   ImagePtr placeholder = nullptr;
   ImageDisplayOptions displayOptions = {};
   ImageTransformer imageTransformer = nullptr;
-  /// On success and on failure, `canceled` included, whether or not the view still wants the image. What it
-  /// loads into a view on `canceled` gives way to the load that has cancelled.
+  /// Called on success and on failure, including `canceled`, even if the view no longer needs the image. A
+  /// load that it starts in the view on `canceled` is replaced by the load that caused the cancellation.
   ImagePipeline::Completion completion = {};
 };
 
-/// The view's current load, and the only one: a new one cancels the former.
+/// Manages a view's current load. A view has at most one: a new load cancels the previous one.
 class ImageLoad {
  public:
-  /// Shows the placeholder, then the image, unless the view has gone or moved on to another URL by then.
-  /// Without a URL the placeholder is all. Main thread.
+  /// Shows the placeholder and then the image, unless the view has been destroyed or given another URL
+  /// meanwhile. A null `url` only shows the placeholder. Main thread only.
   static std::optional<DownloadTask<ImagePtr>> setImage(const std::shared_ptr<ImageTarget>& view,
                                                         const std::optional<Url>& url,
                                                         const ImageLoadOptions& options = {});
-  /// Ends a load that is on its way; the view stays as it is.
+  /// Cancels a running load and leaves the view unchanged.
   static void end(ImageTarget& view);
 };
 

@@ -23,7 +23,7 @@ class BaseComposableImageTransformer final : public ImageTransforming {
   std::function<ImagePtr(const ImagePtr&)> call_;
 };
 
-// Whole lengths keep their fraction, as part of the identifier: "100.0".
+// Whole numbers keep a fraction ("100.0"), because the text is part of cache keys.
 std::string lengthText(double length) {
   auto text = numberText(length);
   if (text.find_first_not_of("-0123456789") == std::string::npos) text += ".0";
@@ -42,7 +42,7 @@ ImageTransformer composed(ImageTransformer first, ImageTransformer second) {
       });
 }
 
-// "(300.0, 200.0)"
+// Ends with the size, such as "(300.0, 200.0)".
 std::string DownsamplingImageTransformer::identifier() const {
   return "com.velmark.DownsamplingImageTransformer@(" + lengthText(targetSize_.width) + ", " +
          lengthText(targetSize_.height) + ")";

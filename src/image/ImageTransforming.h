@@ -9,24 +9,24 @@
 
 namespace orrelo {
 
-/// A change of an image before it is shown. Runs on any thread.
+/// A transformation of an image before it is shown. Any thread.
 class ImageTransforming {
  public:
   virtual ~ImageTransforming() = default;
 
-  /// Tells results apart in the cache: equal for equal results alone.
+  /// Part of the cache key: transformations with different results must have different identifiers.
   virtual std::string identifier() const = 0;
-  /// Null where it gives nothing.
+  /// Returns null on failure.
   virtual ImagePtr transform(const ImagePtr& image) const = 0;
 };
 
 using ImageTransformer = std::shared_ptr<const ImageTransforming>;
 
-/// `second` on the result of `first`.
+/// Applies `first` and then `second`.
 ImageTransformer composed(ImageTransformer first, ImageTransformer second);
 
-/// Redraws an image to fit into a size in pixels: its proportions stay, and it does not grow. Nothing for an
-/// empty size.
+/// Scales an image down to fit into a size in pixels, keeping its aspect ratio; never enlarges it. Fails for
+/// an empty size.
 class DownsamplingImageTransformer final : public ImageTransforming {
  public:
   explicit DownsamplingImageTransformer(Size targetSize) : targetSize_(targetSize) {}

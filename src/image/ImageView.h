@@ -11,13 +11,13 @@
 
 namespace orrelo {
 
-/// A picture: one of the kit's own, or one that is loaded. Owned by a shared pointer.
+/// Shows one of the kit's own images or a loaded one. Must be owned by a shared pointer.
 class ORRELO_EXPORT ImageView : public View, public ImageTarget {
  public:
   struct State {
-    /// The name of one of the kit's pictures; empty where another is shown, or none.
+    /// The name of one of the kit's images; empty if another image or none is shown.
     std::string asset;
-    /// Null until it is there.
+    /// The loaded image; null until it has been loaded.
     ImagePtr image;
 
     friend bool operator==(const State&, const State&) = default;
@@ -25,9 +25,9 @@ class ORRELO_EXPORT ImageView : public View, public ImageTarget {
 
   std::string_view kind() const override { return "ImageView"; }
 
-  /// Shows nothing until the image is there, and nothing where it cannot be had.
+  /// Shows nothing until the image has been loaded, or if it cannot be loaded.
   void load(std::string_view url, ImagePipeline::Completion completion = {});
-  /// Ends a load that is on its way.
+  /// Shows one of the kit's own images and cancels a running load.
   void setAsset(const std::string& name);
 
   void setImage(const ImagePtr& image) override { state.set({"", image}); }
@@ -37,7 +37,7 @@ class ORRELO_EXPORT ImageView : public View, public ImageTarget {
   Followed<State> state;
 };
 
-/// Told the width and height that the view has taken.
+/// Receives the new size of an AutoLayoutImageView.
 class ORRELO_EXPORT AutoLayoutImageViewDelegate {
  public:
   virtual ~AutoLayoutImageViewDelegate() = default;
@@ -45,22 +45,22 @@ class ORRELO_EXPORT AutoLayoutImageViewDelegate {
   virtual void imageViewDidResize(double width, double height) = 0;
 };
 
-/// An image view that takes the height that its image has at the view's width.
+/// An image view that adapts its height to the aspect ratio of its image at the view's width.
 class ORRELO_EXPORT AutoLayoutImageView final : public ImageView {
  public:
-  /// How the image lies in the view: as large as it fits, or in its own size.
+  /// How the image is placed in the view: scaled to fit, or centred in its own size.
   enum class ContentMode { scaleAspectFit, center };
 
   std::string_view kind() const override { return "AutoLayoutImageView"; }
 
   ContentMode contentMode = ContentMode::scaleAspectFit;
 
-  /// Takes the height, and tells the delegate, each time; nothing without an image. Done with every new size
-  /// and every new image.
+  /// Sets the height and notifies the delegate; does nothing without an image. Called for each new size and
+  /// each new image.
   void resize();
   void setImage(const ImagePtr& image) override;
 
-  /// For a front to lay out by; 0 until there was an image.
+  /// The height for the front's layout; 0 until an image has been set.
   Followed<double> height;
   std::weak_ptr<AutoLayoutImageViewDelegate> delegate;
 

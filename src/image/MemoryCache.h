@@ -10,12 +10,12 @@
 
 namespace orrelo {
 
-/// Encoded bytes in memory, at most `budget` bytes of them: what was longest not asked for goes first. What
-/// is larger than the budget is not kept. Any thread.
+/// A least-recently-used cache of encoded bytes in memory, of at most `budget` bytes. Data larger than the
+/// budget is not stored. Any thread.
 class MemoryCache {
  public:
   static constexpr std::size_t defaultBudget = std::size_t{32} * 1024 * 1024;
-  /// What an entry counts beside its bytes.
+  /// The overhead of an entry that counts against the budget, in bytes.
   static constexpr std::size_t entryCost = 256;
 
   explicit MemoryCache(std::size_t budget = defaultBudget) : budget_(budget) {}
@@ -23,7 +23,7 @@ class MemoryCache {
   void insert(const WrappedKey& key, Data value);
   void remove(const WrappedKey& key);
   void removeAll();
-  /// Null where there is none.
+  /// The data of the key; null if there is none.
   Data value(const WrappedKey& key);
   bool contains(const WrappedKey& key) const;
 
@@ -39,7 +39,7 @@ class MemoryCache {
   const std::size_t budget_;
   mutable std::mutex mutex_;
   std::size_t used_ = 0;
-  /// The latest use first.
+  /// The most recently used entry comes first.
   std::list<Entry> entries_;
   std::unordered_map<WrappedKey, std::list<Entry>::iterator> backingCache_;
 };

@@ -10,7 +10,7 @@
 namespace orrelo {
 namespace {
 
-// The digest names files and protects nothing, so a machine in FIPS mode may use it too.
+// The digest only names files and has no security purpose, so it is also allowed in FIPS mode.
 const EVP_MD* algorithm() {
   static const auto* const algorithm = EVP_MD_fetch(nullptr, "MD5", "-fips");
   return algorithm;
@@ -25,7 +25,7 @@ std::string md5(std::string_view text) {
   if (!context || EVP_DigestInit_ex(context.get(), algorithm(), nullptr) != 1 ||
       EVP_DigestUpdate(context.get(), text.data(), text.size()) != 1 ||
       EVP_DigestFinal_ex(context.get(), bytes.data(), &size) != 1) {
-    return encodedFileName(text);  // any name that no other text has
+    return encodedFileName(text);  // the fallback only has to be a unique file name
   }
   std::string hex;
   hex.reserve(std::size_t{2} * size);

@@ -7,8 +7,8 @@
 
 namespace orrelo {
 
-/// What a cache knows a text by: its MD5 in lower-case hexadecimal, which names the file as well. Digest and
-/// hash are computed once, here.
+/// A cache key: the MD5 digest of a text in lower-case hexadecimal, which is also the name of the file.
+/// Digest and hash are computed once, in the constructor.
 class WrappedKey {
  public:
   WrappedKey(std::string_view text);

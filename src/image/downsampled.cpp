@@ -8,8 +8,9 @@ namespace {
 
 using Row = std::vector<float>;
 
-// What a pixel of the result takes from a line of the source: whole pixels and a part of the first and the
-// last. Weights are fractions of the covered length.
+// Calls `take(position, weight)` for each source pixel that the result's pixel `index` covers in one
+// dimension. The weight is the pixel's share of the covered length; the first and the last pixel may be
+// covered partially.
 template <class Take>
 void forEachCovered(int index, int count, int sourceCount, const Take& take) {
   const double length = static_cast<double>(sourceCount) / count;

@@ -4,8 +4,8 @@
 
 namespace orrelo {
 
-/// The same picture in fewer pixels, each the mean of the area that it covers. `width` and `height` are at
-/// least 1 and at most the bitmap's.
+/// Scales the bitmap down; each resulting pixel is the mean of the area that it covers. `width` and `height`
+/// must be at least 1 and at most those of the bitmap.
 Bitmap downsampled(const Bitmap& bitmap, int width, int height);
 
 }  // namespace orrelo

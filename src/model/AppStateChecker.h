@@ -2,7 +2,7 @@
 
 namespace orrelo {
 
-/// Deliberately without fields and operations; nothing depends on it.
+/// Deliberately empty; no code depends on it.
 class AppStateChecker {};
 
 }  // namespace orrelo

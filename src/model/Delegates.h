@@ -6,7 +6,7 @@
 
 namespace orrelo {
 
-/// The host's delegates: weak, independent of `initialize`. Any thread.
+/// The host's delegates, held weakly; they can be set before `initialize`. Any thread.
 std::shared_ptr<ORLUserEventDelegate> userEventDelegate();
 void setUserEventDelegate(const std::shared_ptr<ORLUserEventDelegate>& delegate);
 

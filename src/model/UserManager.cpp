@@ -13,7 +13,7 @@ namespace {
 struct CurrentUser {
   std::mutex mutex;
   std::optional<std::string> id;
-  /// Counts the changes.
+  /// The number of changes of `id`.
   std::atomic<std::uint64_t> version = 0;
 };
 
@@ -30,7 +30,7 @@ CurrentUser& currentUser() {
 }  // namespace
 
 const std::optional<std::string>& currentUserId() {
-  // Each event asks: every thread has a copy, and takes the lock only after a change.
+  // Called for every event, so each thread caches a copy and locks the mutex only after a change.
   thread_local CurrentUserCopy copy;
   auto& user = currentUser();
   if (copy.version != user.version.load(std::memory_order_acquire)) {

@@ -7,19 +7,19 @@
 
 namespace orrelo {
 
-/// The user of the last `Orrelo::setUser` in this process; absent at first and after a sign-out. Any thread.
-/// The text is the calling thread's, and stays as it is until that thread asks again.
+/// The id of the user last passed to `Orrelo::setUser` in this process; absent before that and after a
+/// sign-out. The reference is to a copy of the calling thread and is valid until its next call. Any thread.
 const std::optional<std::string>& currentUserId();
 void setCurrentUserId(std::optional<std::string> userId);
 
-/// Says each time who the user is now. It has no memory.
+/// Emits the user id at each change; does not replay it to new subscribers.
 const reactive::PublishSubject<std::optional<std::string>>& userIdStream();
 
-/// Owner of the process-wide facts above; all its instances share them.
+/// Changes the user id; all instances share the process-wide state above.
 class UserManager {
  public:
-  /// Publishes the id and keeps it in the standard defaults under "orrelo_user_id". An absent id is published
-  /// only: the stored one outlives a sign-out by design.
+  /// Publishes the id and stores it in the standard defaults under "orrelo_user_id". An absent id is only
+  /// published: the stored id deliberately survives a sign-out.
   void setUserId(const std::optional<std::string>& userId) const;
 };
 

@@ -11,7 +11,7 @@
 namespace orrelo {
 namespace {
 
-// The first of several with the same id.
+// The page with this id; the first one if several entries have the same id.
 std::optional<Page> pageOf(const Config& config, const std::string& pageId) {
   const auto found = std::find_if(config.entries.begin(), config.entries.end(),
                                   [&](const Entry& entry) { return entry.pageId == pageId; });
@@ -33,24 +33,24 @@ std::shared_ptr<ShowPageUseCaseImpl> ShowPageUseCaseImpl::create(
       new ShowPageUseCaseImpl(std::move(fetchConfigUseCase), std::move(pageRouter)));
 }
 
-ShowPageUseCaseImpl::ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> config,
-                                         std::shared_ptr<PageRouter> router)
-    : fetchConfigUseCase(std::move(config)),
-      pageRouter(std::move(router)),
-      concurrentDispatchQueueScheduler(
+ShowPageUseCaseImpl::ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase,
+                                         std::shared_ptr<PageRouter> pageRouter)
+    : fetchConfigUseCase_(std::move(fetchConfigUseCase)),
+      pageRouter_(std::move(pageRouter)),
+      concurrentDispatchQueueScheduler_(
           std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive)),
-      mainScheduler(reactive::MainScheduler::instance()) {}
+      mainScheduler_(reactive::MainScheduler::instance()) {}
 
 void ShowPageUseCaseImpl::execute(const std::string& pageId) {
   const auto pages =
-      fetchConfigUseCase->fetch().map([pageId](const Config& config) { return pageOf(config, pageId); });
+      fetchConfigUseCase_->fetch().map([pageId](const Config& config) { return pageOf(config, pageId); });
   followOnMain(
-      pages, shared_from_this(), disposeBag,
+      pages, shared_from_this(), disposeBag_,
       [pageId](ShowPageUseCaseImpl& self, const std::optional<Page>& page) {
-        open(*self.pageRouter, pageId, page);
+        open(*self.pageRouter_, pageId, page);
       },
       [](ShowPageUseCaseImpl&, const Error& error) { log(LogLevel::ERROR, error.localizedDescription()); },
-      {concurrentDispatchQueueScheduler, mainScheduler});
+      {concurrentDispatchQueueScheduler_, mainScheduler_});
 }
 
 }  // namespace orrelo

@@ -14,12 +14,11 @@ class ShowPageUseCase {
  public:
   virtual ~ShowPageUseCase() = default;
 
-  /// Takes the user to the page that the configuration has under `pageId`. What comes of it is in the log
-  /// alone. Any thread.
+  /// Navigates to the page that the configuration lists under `pageId`. Failures are only logged. Any thread.
   virtual void execute(const std::string& pageId) = 0;
 };
 
-/// Opens pages over the screen that the user has before them.
+/// Opens pages over the topmost screen.
 class ShowPageUseCaseImpl final : public ShowPageUseCase,
                                   public std::enable_shared_from_this<ShowPageUseCaseImpl> {
  public:
@@ -29,13 +28,14 @@ class ShowPageUseCaseImpl final : public ShowPageUseCase,
   void execute(const std::string& pageId) override;
 
  private:
-  ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> config, std::shared_ptr<PageRouter> router);
+  ShowPageUseCaseImpl(std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase,
+                      std::shared_ptr<PageRouter> pageRouter);
 
-  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
-  std::shared_ptr<PageRouter> pageRouter;
-  reactive::SchedulerPtr concurrentDispatchQueueScheduler;
-  reactive::SchedulerPtr mainScheduler;
-  reactive::DisposeBag disposeBag;
+  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase_;
+  std::shared_ptr<PageRouter> pageRouter_;
+  reactive::SchedulerPtr concurrentDispatchQueueScheduler_;
+  reactive::SchedulerPtr mainScheduler_;
+  reactive::DisposeBag disposeBag_;
 };
 
 }  // namespace orrelo

@@ -13,27 +13,27 @@ struct HTTPReply {
   HTTPURLResponse response;
 };
 
-/// Runs requests. The stream is cold: each subscription makes a new request, disposing of it cancels the
+/// Runs requests. The stream is cold: each subscription sends a new request, disposing of it cancels that
 /// request, and the reply arrives on the session's thread.
 class HTTPClient {
  public:
   virtual ~HTTPClient() = default;
 
-  /// One reply of any status, then completion; or URLError, or NetworkError nonHttpResponse.
+  /// Emits one reply with any status and completes, or fails with a URLError or NetworkError nonHttpResponse.
   virtual reactive::Observable<HTTPReply> run(URLRequest request) = 0;
 };
 
-/// On the platform's URL session.
+/// Runs requests in the platform's URL session.
 class HTTPClientImpl final : public HTTPClient {
  public:
   reactive::Observable<HTTPReply> run(URLRequest request) override;
 };
 
-/// The status filter: the reply when its status is 200 to 299, else NetworkError invalidHttpStatusCode.
+/// Emits the reply if its status is 200 to 299; otherwise fails with NetworkError invalidHttpStatusCode.
 reactive::Observable<HTTPReply> requireSuccess(const HTTPReply& reply);
 
-/// Builds, runs and filters: the chain of every service call. A request that cannot be built is an immediate
-/// error.
+/// Builds and runs a request and requires success; every call to the service uses this chain. Fails
+/// immediately if the request cannot be built.
 reactive::Observable<HTTPReply> send(const URLRequestBuilder& builder, HTTPClient& client);
 
 }  // namespace orrelo

@@ -8,8 +8,8 @@ namespace orrelo {
 
 std::string HttpHeaderGenerator::deviceId() const {
   constexpr auto key = "orl_user_default_key_kelso_uuid";
-  if (auto stored = userDefaults->text(key)) return *stored;
-  return userDefaults->textOrInsert(key, Platform::current().random->uuid().text());
+  if (auto stored = userDefaults_->text(key)) return *stored;
+  return userDefaults_->textOrInsert(key, Platform::current().random->uuid().text());
 }
 
 HTTPHeaders HttpHeaderGenerator::generate() const {
@@ -24,7 +24,7 @@ HTTPHeaders HttpHeaderGenerator::generate() const {
   headers["timezone"] = platform.device->timeZoneIdentifier();
   if (!platform.mainBundle->hasInfoDictionary()) return headers;
 
-  // The service knows the application by its bundle identifier, under this name.
+  // The service expects the bundle identifier under this name.
   headers["app_name"] = platform.mainBundle->info("CFBundleIdentifier").value_or("");
   headers["app_version"] = platform.mainBundle->info("CFBundleShortVersionString").value_or("");
   headers["app_version_code"] = platform.mainBundle->info("CFBundleVersion").value_or("");

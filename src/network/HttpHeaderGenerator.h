@@ -8,19 +8,20 @@
 
 namespace orrelo {
 
-/// The headers that say which installation of which application asks. Made once at `Orrelo::initialize`: what
-/// the device's user changes later does not reach them.
+/// Generates the headers that identify the application and its installation. They are generated once, at
+/// `Orrelo::initialize`, and do not reflect later changes of the device's settings.
 class HttpHeaderGenerator {
  public:
-  /// The suite named by the application key; it keeps the device id.
-  explicit HttpHeaderGenerator(std::shared_ptr<UserDefaults> defaults) : userDefaults(std::move(defaults)) {}
+  /// `userDefaults` is the suite named by the application key, which stores the device id.
+  explicit HttpHeaderGenerator(std::shared_ptr<UserDefaults> userDefaults)
+      : userDefaults_(std::move(userDefaults)) {}
 
   HTTPHeaders generate() const;
 
  private:
   std::string deviceId() const;
 
-  std::shared_ptr<UserDefaults> userDefaults;
+  std::shared_ptr<UserDefaults> userDefaults_;
 };
 
 }  // namespace orrelo

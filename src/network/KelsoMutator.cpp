@@ -11,11 +11,11 @@ constexpr std::int64_t development = 3;
 }  // namespace
 
 bool KelsoMutator::isDevelopment() const {
-  return userDefaults && userDefaults->integer(selectorKey) == development;
+  return userDefaults_ && userDefaults_->integer(selectorKey) == development;
 }
 
 std::string KelsoMutator::serviceUrl() const {
-  switch (userDefaults ? userDefaults->integer(selectorKey).value_or(0) : 0) {
+  switch (userDefaults_ ? userDefaults_->integer(selectorKey).value_or(0) : 0) {
     case 1:
       return "https://api-staging.orrelo.example";
     case 2:
@@ -25,9 +25,9 @@ std::string KelsoMutator::serviceUrl() const {
     default:
       return "https://api.orrelo.example";
   }
-  if (const auto text = userDefaults->text("ORRELO_DEVELOPMENT_URL")) {
+  if (const auto text = userDefaults_->text("ORRELO_DEVELOPMENT_URL")) {
     const auto url = Url::parse(*text);
-    // Paths are appended as text, and begin with "/" themselves.
+    // Paths start with "/" and are appended as text, so trailing slashes are removed.
     if (url && url->scheme() == "https" && !url->host().empty())
       return text->substr(0, text->find_last_not_of('/') + 1);
   }
@@ -35,7 +35,7 @@ std::string KelsoMutator::serviceUrl() const {
 }
 
 std::optional<std::string> KelsoMutator::certificateFile() const {
-  return isDevelopment() ? userDefaults->text("ORRELO_DEVELOPMENT_CA") : std::nullopt;
+  return isDevelopment() ? userDefaults_->text("ORRELO_DEVELOPMENT_CA") : std::nullopt;
 }
 
 bool KelsoMutator::trusts(const Url& url, const CertificateChain& chain) const {

@@ -12,30 +12,35 @@
 
 namespace orrelo {
 
-/// Chooses the service by the environment suite, which a host's developer or a tool has written beforehand.
+/// Selects the service's environment by a suite of user defaults that a developer of the host or a tool has
+/// written.
 class ORRELO_EXPORT KelsoMutator {
  public:
-  /// The suite's name.
+  /// The name of that suite.
   static constexpr const char* suiteName = "tamrenzo_api_storage_I'm_Ilvane";
 
-  /// A null suite chooses production.
-  explicit KelsoMutator(std::shared_ptr<UserDefaults> defaults) : userDefaults(std::move(defaults)) {}
+  /// A null suite selects production.
+  explicit KelsoMutator(std::shared_ptr<UserDefaults> userDefaults)
+      : userDefaults_(std::move(userDefaults)) {}
 
-  /// By the integer "ORRELO_SERVICE_URL": 1 staging, 2 staging QA, 3 development, else production.
-  /// Development's host is the text "ORRELO_DEVELOPMENT_URL" where it is an https URL, else this machine.
+  /// The service's URL. The integer "ORRELO_SERVICE_URL" selects staging (1), staging QA (2), development
+  /// (3), or production otherwise. For development it is the text "ORRELO_DEVELOPMENT_URL" if that is an
+  /// https URL, otherwise a URL on this machine.
   std::string serviceUrl() const;
 
-  /// The file of certificates that development trusts: the text "ORRELO_DEVELOPMENT_CA". Nothing elsewhere.
+  /// The file of certificates that development trusts, from the text "ORRELO_DEVELOPMENT_CA"; nullopt in
+  /// other environments.
   std::optional<std::string> certificateFile() const;
 
-  /// Whether a server of `url` that shows this chain is development's, by that file: what a browser that
-  /// knows the system's certificates alone has to ask. Of other origins, and elsewhere, never.
+  /// True if `url` is on the development service and the certificates of `certificateFile` verify this chain.
+  /// Browsers use it, since they know only the system's certificates. False for other origins and
+  /// environments.
   bool trusts(const Url& url, const CertificateChain& chain) const;
 
   bool isDevelopment() const;
 
  private:
-  std::shared_ptr<UserDefaults> userDefaults;
+  std::shared_ptr<UserDefaults> userDefaults_;
 };
 
 }  // namespace orrelo

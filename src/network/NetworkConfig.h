@@ -6,14 +6,14 @@
 
 namespace orrelo {
 
-/// Where a feature's requests go, and the headers that all of them carry.
+/// The base URL and the common headers of a feature's requests.
 struct NetworkConfig {
-  /// "<service URL>/orreloservice/sdk/<app key>"; a path is appended as it stands.
+  /// "<service URL>/orreloservice/sdk/<app key>"; paths are appended as text.
   std::string baseUrl;
   HTTPHeaders headers;
 };
 
-/// The headers with "Content-Type" for calls that have a JSON body.
+/// Adds "Content-Type" to the headers of requests with a JSON body.
 inline HTTPHeaders withJsonContentType(HTTPHeaders headers) {
   headers["Content-Type"] = "application/json";
   return headers;

@@ -5,13 +5,13 @@
 namespace orrelo {
 
 enum class NetworkError {
-  /// The base URL and the path make no absolute URL.
+  /// The base URL and the path do not form an absolute URL.
   buildURLRequestFailed,
   /// The reply's status is outside 200 to 299.
   invalidHttpStatusCode,
-  /// No body bytes, or no reply of HTTP's.
+  /// There are no body bytes, or the reply is not HTTP.
   nonHttpResponse,
-  /// Declared for completeness; nothing raises it.
+  /// Declared for completeness; never raised.
   parseStringFailed
 };
 Error makeError(NetworkError error);

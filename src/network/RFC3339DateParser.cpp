@@ -28,11 +28,11 @@ std::optional<Date> RFC3339DateParser::parse(std::string_view text) {
     }
   }
   if (utf8::length(candidate) >= 21) {
-    // A zone's offset loses its colon; what stands before it keeps its own.
+    // Removes the colon from the zone's offset, but not those of the time before it.
     const auto tail = candidate.begin() + 20;
     candidate.erase(std::remove(tail, candidate.end(), ':'), candidate.end());
   }
-  // The empty format comes first and never matches; the order is the protocol's.
+  // The order is that of the service protocol; its first format is empty and never matches.
   static constexpr std::array<std::string_view, 3> formats{"", format, "yyyy'-'MM'-'dd'T'HH':'mm':'ssZZZ"};
   for (const auto& each : formats) {
     if (const auto date = parseDate(candidate, each)) return date;

@@ -10,20 +10,20 @@
 
 namespace orrelo {
 
-/// The dates of the service protocol. Text is UTC where it names no zone.
+/// The dates of the service protocol. A text without a zone is in UTC.
 class RFC3339DateParser {
  public:
-  /// What every writer uses: whole seconds of UTC, without a zone.
+  /// The format for writing: whole seconds in UTC, without a zone.
   static constexpr std::string_view format = "yyyy'-'MM'-'dd'T'HH':'mm':'ss";
 
-  /// Seconds, with a zone ("Z", "+09:00") or without; a fraction of a second gives nothing.
+  /// Parses whole seconds with or without a zone ("Z", "+09:00"); nullopt if there is a fraction of a second.
   static std::optional<Date> parse(std::string_view text);
 
-  /// The first 19 characters as seconds of UTC, whatever follows them; else as `parse`.
-  /// Stops the process for a text of fewer than 19 characters.
+  /// Parses the first 19 characters as seconds in UTC and ignores the rest; if that fails, parses the whole
+  /// text like `parse`. Aborts the process if the text has fewer than 19 characters.
   static std::optional<Date> parseSeconds(std::string_view text);
 
-  /// In ISO 8601's calendar.
+  /// The parts of the date in the calendar of ISO 8601.
   static int day(Date date, const TimeZone& timeZone);
   static int month(Date date, const TimeZone& timeZone);
   static int year(Date date, const TimeZone& timeZone);

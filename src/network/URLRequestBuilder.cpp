@@ -10,7 +10,7 @@
 namespace orrelo {
 namespace {
 
-// RFC 3986 section 3.4, less what separates the items from one another.
+// Keeps the characters that RFC 3986, section 3.4, allows in a query, except the separators of items.
 std::string queryEncoded(std::string_view text) {
   static constexpr std::string_view plain = "-._~!$'()*,;:@/?";
   return ascii::percentEncoded(utf8::repaired(text), [](char c) {

@@ -15,11 +15,11 @@ struct URLQueryItem {
   std::optional<std::string> value;
 };
 
-/// Filled by a data source, one for each request.
+/// Builds one request from the fields that a data source sets.
 class URLRequestBuilder {
  public:
   enum class Method { post, get };
-  /// "POST" and "GET", and exactly these.
+  /// "POST" or "GET"; `methodOf` accepts exactly these texts.
   static std::string_view rawValue(Method method);
   static std::optional<Method> methodOf(std::string_view rawValue);
 
@@ -28,8 +28,8 @@ class URLRequestBuilder {
   Method method;
   std::string baseUrl;
   std::optional<HTTPHeaders> headers;
-  /// Appended to the base URL as text. A query in it is dropped: `queryItems` is the whole query, also when
-  /// absent.
+  /// Appended to the base URL as text. A query in it is always dropped; the query consists of `queryItems`
+  /// only.
   std::string path;
   std::optional<std::vector<URLQueryItem>> queryItems;
   std::optional<std::string> body;

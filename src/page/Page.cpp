@@ -22,7 +22,7 @@ constexpr std::array<std::pair<std::string_view, Fixed>, 6> fixedPages{{
     {"unknown", Fixed::unknown},
 }};
 
-// A text that is neither absent nor empty.
+// The text at `key`; nullopt if it is absent, empty or not a text.
 std::optional<std::string> textAt(const EventDictionary& userInfo, std::string_view key) {
   const auto found = userInfo.find(key);
   if (found == userInfo.end()) return std::nullopt;
@@ -38,7 +38,7 @@ std::optional<std::string_view> textAt(const JsonObject& object, std::string_vie
 }  // namespace
 
 Page Page::fromDestination(std::string_view destination) {
-  if (destination == "campaignList") return Fixed::home;  // deliberate: the list stands on the home screen
+  if (destination == "campaignList") return Fixed::home;  // deliberate: the list is on the home screen
   for (const auto& [name, page] : fixedPages) {
     if (destination == name) return page;
   }
@@ -67,7 +67,7 @@ Page Page::fromPageEntry(const JsonObject& component) {
   if (const auto link = textAt(component, "deeplink")) {
     if (const auto url = Url::parse(*link)) return DeepLink{*url};
   }
-  // An empty campaign id counts here, unlike in a notification.
+  // Unlike in a notification, an empty campaign id is accepted here.
   if (const auto id = textAt(component, "campaign_id")) return Campaign{std::string(*id)};
   if (const auto destination = textAt(component, "destination")) return fromDestination(*destination);
   return Fixed::unknown;
@@ -83,7 +83,7 @@ Page Page::decode(const JsonValue& json) {
     if (!isFixed && key != "deepLink" && key != "campaign") return;
     if (!only) {
       only.emplace(key, value);
-    } else if (key != only->first) {  // of a doubled key the first counts
+    } else if (key != only->first) {  // the first of duplicate keys is used
       hasOthers = true;
     }
   });

@@ -12,7 +12,7 @@
 
 namespace orrelo {
 
-/// A place that the kit can take the user to. Compared by case and payload.
+/// A destination that the kit can navigate to. Compared by case and payload.
 class Page {
  public:
   struct DeepLink {
@@ -31,19 +31,20 @@ class Page {
   Page(DeepLink page) : value_(std::move(page)) {}
   Page(Campaign page) : value_(std::move(page)) {}
 
-  /// From a destination text alone: neither campaigns nor deep links; `unknown` for any other text.
+  /// Makes a fixed page from its name; `unknown` for any other text. Never a campaign or a deep link.
   static Page fromDestination(std::string_view destination);
-  /// From a push notification's payload; `unknown` where nothing in it can be read.
+  /// Reads a push notification's payload; `unknown` if it contains no valid destination.
   static Page fromUserInfo(const EventDictionary& userInfo);
-  /// From the JSON object of a page-entry block; `unknown` where nothing in it can be read.
+  /// Reads the JSON object of a page-entry block; `unknown` if it contains no valid destination.
   static Page fromPageEntry(const JsonObject& component);
 
-  /// The stored form: an object with the case's name as its one key. Throws a DecodingError.
+  /// Reads and writes the stored form, an object whose only key is the name of the case. `decode` throws a
+  /// DecodingError.
   static Page decode(const JsonValue& json);
   void encode(JsonWriter& json) const;
 
   const Variant& variant() const { return value_; }
-  /// "home", "deepLink": the case's name.
+  /// The name of the case, such as "home" or "deepLink".
   std::string_view caseName() const;
 
   friend bool operator==(const Page&, const Page&) = default;
@@ -52,7 +53,7 @@ class Page {
   Variant value_ = Fixed::unknown;
 };
 
-/// A row of the service's table of pages.
+/// An entry of the service's table of pages.
 struct Entry {
   std::string pageId;
   Page page;
@@ -63,15 +64,15 @@ struct Entry {
   friend bool operator==(const Entry&, const Entry&) = default;
 };
 
-/// A row as the service sends it.
+/// An entry as the service sends it.
 struct EntryResponse {
   std::string id;
   std::string destinationType;
-  /// The URL or the campaign's id; the other types ignore it.
+  /// The URL or the campaign's id; unused for other types.
   std::string destination;
 
   static EntryResponse decode(const JsonValue& json);
-  /// Never fails: what leads nowhere is `unknown`, and the row stays.
+  /// Never fails: an invalid destination becomes `unknown`, and the entry is kept.
   Entry toEntry() const;
 };
 

@@ -11,19 +11,20 @@ namespace orrelo {
 class Application {
  public:
   enum class Signal { didEnterBackground, willEnterForeground, willTerminate };
-  /// Ends an observation when its last copy is let go; a call that runs by then runs to its end.
+  /// Keeps an observation alive. Releasing the last copy ends it; a callback that is already running
+  /// completes.
   using Registration = std::shared_ptr<const void>;
 
   virtual ~Application() = default;
 
-  /// Calls `callback` at each signal, on the main thread. Any thread may ask.
+  /// Calls `callback` on the main thread at each signal. May be called on any thread.
   [[nodiscard]] virtual Registration observe(Signal signal, std::function<void()> callback) = 0;
-  /// Whether something on the machine takes this URL; `open` hands it over. Main thread.
+  /// True if the machine or the host can open this URL; `open` opens it. Main thread only.
   virtual bool canOpen(const Url& url) const = 0;
   virtual void open(const Url& url) = 0;
-  /// Pixels to a point of the main screen. Any thread.
+  /// The main screen's scale, in pixels per point. Any thread.
   virtual double screenScale() const = 0;
-  /// Whether the user has asked the machine for less movement. Any thread.
+  /// True if the user has enabled reduced motion in the system's settings. Any thread.
   virtual bool prefersReducedMotion() const { return false; }
 };
 

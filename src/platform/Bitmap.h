@@ -6,7 +6,7 @@
 
 namespace orrelo {
 
-/// A decoded picture. Copies share the pixels, which nobody changes.
+/// A decoded image. Copies share the pixels, which are immutable.
 struct Bitmap {
   static constexpr int maximumSide = 16'384;
   static constexpr int bytesPerPixel = 4;
@@ -14,9 +14,9 @@ struct Bitmap {
 
   int width = 0;
   int height = 0;
-  /// Pixels to a point.
+  /// In pixels per point.
   double scale = 1.0;
-  /// Rows from the top without gaps; red, green, blue, alpha, the colours multiplied by alpha.
+  /// Tightly packed rows from top to bottom, in RGBA with premultiplied alpha.
   std::shared_ptr<const std::uint8_t[]> pixels;
 
   /// The size of the pixels in bytes.
@@ -25,7 +25,7 @@ struct Bitmap {
   }
   std::size_t size() const { return sizeOf(width, height); }
 
-  /// Whether a bitmap of this size may be made at all.
+  /// True if a bitmap of this size is within the limits.
   static constexpr bool isAllowed(int width, int height) {
     return width > 0 && height > 0 && width <= maximumSide && height <= maximumSide &&
            sizeOf(width, height) <= maximumSize;

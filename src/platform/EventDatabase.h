@@ -16,10 +16,10 @@
 
 namespace orrelo {
 
-/// A stored time: text that sorts by time, or a date, or absent.
+/// A stored time: a text that sorts chronologically, a date, or absent.
 using StoredTime = std::variant<std::monostate, std::string, Date>;
 
-/// A row as it is stored. Every column can be absent: what a row must have is its reader's to judge.
+/// A row as it is stored. Every column is optional; the reader validates the row.
 struct EventRow {
   std::optional<std::string> eventId;
   std::optional<std::string> userId;
@@ -30,17 +30,17 @@ struct EventRow {
   friend bool operator==(const EventRow&, const EventRow&) = default;
 };
 
-/// How a store keeps `eventTime`.
+/// The type in which a store keeps `eventTime`.
 enum class EventTimeStorage { text, date };
 
 /// One persistent table of events.
 ///
-/// Every operation returns at once and is carried out in the order of the calls, on the stores' own thread.
-/// What waits there together is committed together, and a completion runs after its commit, on that thread.
-/// An operation that the file refuses (busy, full, read-only) fails alone, and the next one tries anew. A
-/// file that is corrupt is set aside under a dated name and a fresh one takes its place, for the same
-/// operation; if that cannot be opened the process stops. Completions must be short and must not throw. Any
-/// thread.
+/// Every operation returns at once and runs on the stores' own thread, in the order of the calls. Operations
+/// that wait in the queue together are committed in one transaction; each completion runs on that thread
+/// after the commit. If the file rejects an operation (busy, full, read-only), only that operation fails, and
+/// the next one tries again. A corrupt file is renamed with a date suffix and replaced by an empty one, on
+/// which the operation is repeated; if the replacement cannot be opened, the process is aborted. Completions
+/// must be short and must not throw. Any thread.
 class EventDatabase {
  public:
   template <class T>
@@ -49,23 +49,24 @@ class EventDatabase {
   virtual ~EventDatabase() = default;
 
   virtual void insert(EventRow row, Completion<std::monostate> completion) = 0;
-  /// By `eventTime`, the oldest first; at most `limit` rows.
+  /// Fetches at most `limit` rows in ascending order of `eventTime`.
   virtual void fetchOldest(std::size_t limit, Completion<std::vector<EventRow>> completion) = 0;
-  /// For each id the first row that has it. Gives the number of rows deleted.
+  /// Deletes, for each id, the oldest row with that id. Completes with the number of deleted rows.
   virtual void deleteRows(std::vector<std::string> eventIds, Completion<std::size_t> completion) = 0;
-  /// Rows whose `eventTime` is at or before `time`, which is of the kind that the store keeps. Gives their
-  /// number.
+  /// Deletes the rows whose `eventTime` is at or before `time`, which must have the store's type of time.
+  /// Completes with the number of deleted rows.
   virtual void deleteRowsUpTo(StoredTime time, Completion<std::size_t> completion) = 0;
 
   /// The path of the store's file, for messages.
   virtual std::string location() const = 0;
 
-  /// The right to send what the store holds. It is held as long as the answer lives; null while somebody else
-  /// has it, in this process or in another that shares the file.
+  /// Acquires the exclusive right to send the stored events, which the returned object holds until it is
+  /// destroyed. Null while another owner holds it, in this process or in another process that shares the
+  /// file.
   virtual std::shared_ptr<const void> acquireSending() = 0;
 };
 
-/// Opens event stores in the data directory. Two questions for one name are answered with the same store.
+/// Opens event stores in the data directory. Requests for the same name return the same store.
 class EventDatabaseFactory {
  public:
   virtual ~EventDatabaseFactory() = default;

@@ -8,17 +8,17 @@
 
 namespace orrelo {
 
-/// Pictures from files' bytes and back. Any thread, several at once.
+/// Decodes and encodes image files. Any thread, also concurrently.
 class ImageCodec {
  public:
   virtual ~ImageCodec() = default;
 
-  /// The picture in a PNG, JPEG or WebP file that stands still, upright, with a scale of 1. What kind it is
-  /// shows in the bytes alone. Nothing where they are none of these or broken off, for a size that
-  /// `Bitmap::isAllowed` forbids, and for a file that takes more than twice the largest bitmap's memory to
-  /// read: that is found in the headers, before memory for pixels is taken.
+  /// Decodes a still PNG, JPEG or WebP file to an upright bitmap with a scale of 1. The format is detected
+  /// from the bytes alone. Returns nullopt for other formats, for truncated files, for a size that
+  /// `Bitmap::isAllowed` rejects, and for a file that needs more than twice the largest bitmap's memory to
+  /// decode; the sizes are checked in the headers, before memory for pixels is allocated.
   virtual std::optional<Bitmap> decode(std::string_view bytes) = 0;
-  /// As a PNG file. Nothing for an empty bitmap.
+  /// Encodes a PNG file; returns nullopt for an empty bitmap.
   virtual std::optional<std::string> encode(const Bitmap& bitmap) = 0;
 };
 

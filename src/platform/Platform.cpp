@@ -23,7 +23,7 @@ namespace {
 std::mutex installMutex;
 std::atomic<const Platform*> installed = nullptr;
 
-/// Never destroyed, and a former one neither: somebody may still hold what it gave out.
+/// Stores the platform forever, as well as all previous ones: callers may still hold references to them.
 const Platform& keep(Platform platform) {
   static auto* const kept = new std::vector<std::unique_ptr<const Platform>>;
   kept->push_back(std::make_unique<const Platform>(std::move(platform)));

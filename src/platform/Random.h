@@ -7,12 +7,12 @@
 
 namespace orrelo {
 
-/// Any thread.
+/// The source of random numbers. Any thread.
 class Random {
  public:
   virtual ~Random() = default;
 
-  /// Fills `bytes` with values that nobody can guess.
+  /// Fills `bytes` with cryptographically secure random values.
   virtual void fill(std::span<std::uint8_t> bytes) = 0;
 
   Uuid uuid() {

@@ -20,33 +20,34 @@ using HTTPHeaders = std::map<std::string, std::string>;
 struct URLRequest {
   Url url;
   std::string method = "GET";
-  /// Sent as given, empty values too, but for control characters, which become blanks, and blanks at the
-  /// ends. "buid" and the kit's own headers are dropped when a redirect leaves the host.
+  /// Sent as given, including empty values, except that control characters become spaces and surrounding
+  /// white space is removed. "buid" and the kit's own headers are dropped when a redirect leads to another
+  /// host.
   HTTPHeaders headers = {};
   std::optional<std::string> body = {};
-  /// From the start to the last byte, or, where `isTimeoutIdle`, until the next byte.
+  /// Limits the whole transfer or, if `isTimeoutIdle`, the time between two received bytes.
   std::chrono::milliseconds timeout{60'000};
   bool isTimeoutIdle = false;
-  /// A larger reply, or one with more than 256 KiB of headers, ends the task with `dataLengthExceedsMaximum`,
-  /// and is not kept in memory.
+  /// In bytes. A larger reply, or one with more than 256 KiB of headers, ends the task with
+  /// `dataLengthExceedsMaximum` and is not kept in memory.
   std::size_t maximumReplySize = std::size_t{8} * 1024 * 1024;
 };
 
 struct HTTPURLResponse {
   int statusCode = 0;
-  /// Names in lower case; of a repeated header the last.
+  /// Keyed by lower-case name; the last one wins if a header is repeated.
   HTTPHeaders headers;
 };
 
-/// What a task ended with: an error, or bytes with the response that they came with. A reply that is none of
-/// HTTP's has no response.
+/// The result of a task: an error, or the reply's bytes and its response. A reply that is not HTTP has
+/// neither.
 struct URLSessionResult {
   std::optional<Error> error;
   std::optional<std::string> data;
   std::optional<HTTPURLResponse> response;
 };
 
-/// Errors of the network layer, in the domain "URLError".
+/// Errors of the network layer; their domain is "URLError".
 enum class URLError {
   unknown,
   badURL,
@@ -66,28 +67,30 @@ class URLSessionTask {
  public:
   virtual ~URLSessionTask() = default;
 
-  /// Starts; once.
+  /// Starts the task. Call it once.
   virtual void resume() = 0;
-  /// Ends the task without its completion, or does nothing when that has run or runs. Any thread.
+  /// Ends the task without calling its completion; does nothing if the completion has already started. Any
+  /// thread.
   virtual void cancel() = 0;
 };
 
-/// What takes a reply as it comes in. Called on the session's own thread, one call at a time.
+/// Receives a reply in pieces as they arrive. Called on the session's own thread, one call at a time.
 class URLSessionDataDelegate {
  public:
   virtual ~URLSessionDataDelegate() = default;
 
-  /// The next bytes of the reply, of any status.
+  /// Called with the next bytes of the reply, whatever its status.
   virtual void onData(std::string_view bytes) = 0;
-  /// Once, after the last bytes.
+  /// Called once, after the last bytes.
   virtual void onCompletion(const std::optional<Error>& error) = 0;
 };
 
-/// Runs HTTP requests; another URL, or one without a host, fails with `unsupportedURL`. No cookies and no
-/// cache; at most 64 requests at a time, 6 of them to a host, and 20 redirects a request, to http and https
-/// alone. Of those with an idle timeout there are at most 48 and 4, so that the others do not wait for what
-/// may never end. A redirect that would carry a body to another host, or from https to http, is not followed.
-/// Any thread.
+/// Runs HTTP requests. A URL with another scheme or without a host fails with `unsupportedURL`. Uses no
+/// cookies and no cache. Follows at most 20 redirects per request, to http and https only; a redirect that
+/// would send a body to another host or from https to http is not followed. Any thread.
+///
+/// The session runs at most 64 requests at the same time, and at most 6 per host. Requests with an idle
+/// timeout may run forever, so they are limited to 48 in total and 4 per host and cannot block the others.
 class URLSession {
  public:
   /// Called once, on the session's own thread.
@@ -96,12 +99,13 @@ class URLSession {
   virtual ~URLSession() = default;
 
   virtual std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) = 0;
-  /// The reply in pieces. Once `cancel` returned, at most the call that runs by then goes on.
+  /// Delivers the reply in pieces. After `cancel` has returned no further call of the delegate starts; one
+  /// that is already running completes.
   virtual std::shared_ptr<URLSessionTask> streamingTask(URLRequest request,
                                                         std::shared_ptr<URLSessionDataDelegate> delegate) = 0;
 
-  /// For requests to this origin ("https://localhost:9443") the certificates in the file are the trusted
-  /// ones, in place of the system's. Verification itself stays on.
+  /// Replaces the system's trusted certificates by those in the file for requests to this origin (such as
+  /// "https://localhost:9443"). Verification itself stays enabled.
   virtual void trust(std::string_view origin, const std::string& certificateFile) = 0;
 };
 

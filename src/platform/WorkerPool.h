@@ -5,11 +5,11 @@
 
 namespace orrelo {
 
-/// Classes of work, the most urgent first.
+/// Priorities of work, in descending order.
 enum class QualityOfService { userInteractive, userInitiated, standard, utility, background };
 
-/// Threads for work that nobody waits for. Of the tasks that wait, one of the most urgent class starts next,
-/// and within a class the oldest. Any thread may post; a task never runs before `post` returned.
+/// Threads for background work. Tasks start in order of priority, and within a priority in the order in which
+/// they were posted. A task never runs inside the `post` that queued it. Any thread.
 class WorkerPool {
  public:
   using Task = std::function<void()>;

@@ -10,8 +10,8 @@ namespace orrelo::reactive {
 
 enum class CombiningRule { latest, byPosition };
 
-/// The common end of combineLatest and zip. Each source's input owns it; the handle that goes downstream
-/// knows the sources alone.
+/// The observer of all sources of combineLatest or zip. The inputs own the node; the handle given downstream
+/// only references the sources' subscriptions, so that there is no reference cycle.
 template <CombiningRule rule, class... Ts>
 class CombiningNode final : public std::enable_shared_from_this<CombiningNode<rule, Ts...>> {
  public:
@@ -85,7 +85,7 @@ class CombiningNode final : public std::enable_shared_from_this<CombiningNode<ru
       const std::lock_guard lock(mutex_);
       ended_[I] = true;
       if (rule == CombiningRule::latest) {
-        // Nothing can follow when all have ended, or when one ended that never had an element.
+        // No further row is possible once all inputs have ended, or one has ended without an element.
         isOver =
             std::get<I>(queues_).empty() || std::apply([](auto... each) { return (each && ...); }, ended_);
       } else {
@@ -95,7 +95,7 @@ class CombiningNode final : public std::enable_shared_from_this<CombiningNode<ru
     if (isOver) end(Event<Row>::completed());
   }
 
-  // zip: an input has ended and none of its elements waits for a partner.
+  // zip: true if an input has ended and all its elements have been paired.
   template <std::size_t... Is>
   bool isExhausted(std::index_sequence<Is...>) const {
     return ((ended_[Is] && std::get<Is>(queues_).empty()) || ...);
@@ -109,7 +109,7 @@ class CombiningNode final : public std::enable_shared_from_this<CombiningNode<ru
   SerialGate<Row> gate_;
   std::shared_ptr<CompositeDisposable> upstreams_ = std::make_shared<CompositeDisposable>();
   std::mutex mutex_;
-  std::tuple<std::deque<Ts>...> queues_;  // for combineLatest at most one element each
+  std::tuple<std::deque<Ts>...> queues_;  // at most one element each for combineLatest
   std::array<bool, sizeof...(Ts)> ended_{};
 };
 
@@ -124,13 +124,13 @@ Observable<std::tuple<Ts...>> combined(Observable<Ts>... sources) {
       });
 }
 
-/// Emits once every source has emitted, and then at each element of either, the latest of each.
+/// Emits the latest elements of all sources at each new element, once every source has emitted.
 template <class... Ts>
 Observable<std::tuple<Ts...>> combineLatest(Observable<Ts>... sources) {
   return combined<CombiningRule::latest>(std::move(sources)...);
 }
 
-/// Pairs elements by position.
+/// Combines the elements of all sources by their position.
 template <class... Ts>
 Observable<std::tuple<Ts...>> zip(Observable<Ts>... sources) {
   return combined<CombiningRule::byPosition>(std::move(sources)...);
@@ -183,7 +183,7 @@ class MergeNode final : public std::enable_shared_from_this<MergeNode<T>> {
   std::shared_ptr<CompositeDisposable> upstreams_ = std::make_shared<CompositeDisposable>();
 };
 
-/// All elements of several streams; ends with the last of them, or with the first error.
+/// Emits the elements of all sources. Completes when all sources have completed; fails with the first error.
 template <class T>
 Observable<T> merge(std::vector<Observable<T>> sources) {
   return makeSource<T>([sources = std::move(sources)](ObserverPtr<T> observer, const StartOn& startOn) {

@@ -3,7 +3,7 @@
 namespace orrelo::reactive {
 namespace {
 
-// Keeps itself alive by the task that is scheduled; the sink is let go as soon as it is disposed of.
+// The scheduled task owns the timer; no further task is scheduled once the sink is disposed.
 class IntervalTimer : public std::enable_shared_from_this<IntervalTimer> {
  public:
   IntervalTimer(AnyObserver<std::int64_t> observer, std::chrono::microseconds period, SchedulerPtr scheduler)
@@ -22,7 +22,7 @@ class IntervalTimer : public std::enable_shared_from_this<IntervalTimer> {
   void tick() {
     if (observer_.isDisposed()) return;
     observer_.onNext(next_++);
-    due_ += period_;  // from tick to tick, so that no delay adds up
+    due_ += period_;  // independent of now(), so that delays do not add up
     scheduleNext();
   }
 

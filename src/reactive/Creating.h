@@ -7,8 +7,8 @@
 
 namespace orrelo::reactive {
 
-/// The sink inside `create`. A copy is the same sink. Any thread; after the end or the disposal it drops what
-/// comes.
+/// The sink passed to the callback of `create`; copies share it. Drops notifications after the end of the
+/// stream or its disposal. Any thread.
 template <class T>
 class AnyObserver {
  public:
@@ -19,7 +19,7 @@ class AnyObserver {
   void onError(const Error& error) const { end(Event<T>::failure(error)); }
   void onCompleted() const { end(Event<T>::completed()); }
   void on(const Event<T>& event) const { event.isTerminal() ? end(event) : onNext(*event.element()); }
-  /// For a source that emits in a loop: whether anybody still listens.
+  /// True if the subscription was disposed; lets a source that emits in a loop stop.
   bool isDisposed() const { return sink_->cancel->isDisposed(); }
 
   class Sink {
@@ -40,7 +40,7 @@ class AnyObserver {
   std::shared_ptr<Sink> sink_;
 };
 
-/// The handle on a `create`: cancels what the callback returned, and closes the sink.
+/// The subscription to a `create`: disposes the Disposable that the callback returned, and closes the sink.
 template <class T>
 class CreateHandle final : public Cancelable {
  public:
@@ -58,8 +58,8 @@ class CreateHandle final : public Cancelable {
   std::weak_ptr<typename AnyObserver<T>::Sink> sink_;
 };
 
-/// A cold stream: each subscription runs `callback` with a sink; the Disposable that it returns is disposed
-/// of at the end or when the subscription is.
+/// A cold stream: each subscription calls `callback` with a sink. The Disposable that the callback returns is
+/// disposed at the end of the stream or together with the subscription.
 template <class T, class Callback>
 Observable<T> create(Callback callback) {
   return makeSource<T>([callback = std::move(callback)](ObserverPtr<T> observer, const StartOn& startOn) {
@@ -82,7 +82,7 @@ Observable<T> create(Callback callback) {
   });
 }
 
-/// One element, then completion.
+/// Emits one element and completes.
 template <class T>
 Observable<T> just(T element) {
   return create<T>([element = std::move(element)](AnyObserver<T> observer) {
@@ -100,7 +100,7 @@ Observable<T> empty() {
   });
 }
 
-/// An immediate error.
+/// Fails immediately.
 template <class T>
 Observable<T> error(Error error) {
   return create<T>([error = std::move(error)](AnyObserver<T> observer) {
@@ -109,7 +109,7 @@ Observable<T> error(Error error) {
   });
 }
 
-/// 0, 1, 2 … on `scheduler`, the first after one `period`.
+/// Emits 0, 1, 2 … on `scheduler`, one per `period`; the first after one period.
 Observable<std::int64_t> interval(std::chrono::microseconds period, SchedulerPtr scheduler);
 
 }  // namespace orrelo::reactive

@@ -45,7 +45,7 @@ Disposable Disposables::create(std::function<void()> callback) {
 void SerialDisposable::set(Disposable disposable) {
   {
     const std::lock_guard lock(mutex_);
-    // What was held goes undisposed: whoever replaces it knows that it has ended.
+    // The previous value is not disposed: callers replace it only after it has ended.
     std::swap(current_, disposable);
     if (!disposed_) return;
     std::swap(current_, disposable);
@@ -69,7 +69,7 @@ bool SerialDisposable::isDisposed() const {
 }
 
 void CompositeDisposable::insert(Disposable disposable) {
-  std::vector<Disposable> ended;  // let go outside the lock
+  std::vector<Disposable> ended;  // destroyed outside the lock
   {
     const std::lock_guard lock(mutex_);
     if (!disposed_) {

@@ -9,7 +9,7 @@ namespace orrelo::reactive {
 
 class DisposeBag;
 
-/// What can be cancelled. Any thread; the second `dispose` does nothing.
+/// A cancellable operation. Further calls of `dispose` do nothing. Any thread.
 class Cancelable {
  public:
   virtual ~Cancelable() = default;
@@ -18,10 +18,10 @@ class Cancelable {
   virtual bool isDisposed() const = 0;
 };
 
-/// A handle on a subscription or on other work. Letting it go cancels nothing.
+/// A handle to a subscription or another operation. Destroying the handle cancels nothing.
 class Disposable {
  public:
-  /// A handle on nothing, disposed already.
+  /// An empty handle, which counts as disposed.
   Disposable() = default;
   Disposable(std::shared_ptr<Cancelable> cancelable) : cancelable_(std::move(cancelable)) {}
 
@@ -29,7 +29,7 @@ class Disposable {
     if (cancelable_) cancelable_->dispose();
   }
   bool isDisposed() const { return !cancelable_ || cancelable_->isDisposed(); }
-  /// Hands it to a bag, which disposes of it when the bag goes.
+  /// Adds the handle to a bag, which disposes it when the bag is destroyed.
   void disposedBy(DisposeBag& bag) const;
 
  private:
@@ -38,12 +38,12 @@ class Disposable {
 
 struct Disposables {
   static Disposable create() { return {}; }
-  /// Runs `callback` once, at the first `dispose`, and lets it go.
+  /// Calls `callback` at the first `dispose` and then destroys it.
   static Disposable create(std::function<void()> callback);
 };
 
-/// Holds at most one upstream, which can come late or be replaced; what comes after `dispose` is disposed of
-/// at once.
+/// Holds one Disposable, which can be set later or replaced. One that is set after `dispose` is disposed at
+/// once.
 class SerialDisposable final : public Cancelable {
  public:
   void set(Disposable disposable);
@@ -56,14 +56,15 @@ class SerialDisposable final : public Cancelable {
   Disposable current_;
 };
 
-/// Holds several; disposes of them outside its lock, and of what comes after `dispose` at once. It forgets
-/// what has ended by itself: its size stays within twice that of what lives.
+/// Holds several Disposables and disposes them outside its lock. One that is inserted after `dispose` is
+/// disposed at once. Entries that have ended by themselves are removed from time to time, so that the size
+/// stays within twice the number of live entries.
 class CompositeDisposable final : public Cancelable {
  public:
   void insert(Disposable disposable);
   void dispose() override;
   bool isDisposed() const override;
-  /// How many it holds, ended ones that it has not swept out yet among them.
+  /// The number of entries, including ended ones that have not been removed yet.
   std::size_t size() const;
 
  private:
@@ -73,7 +74,7 @@ class CompositeDisposable final : public Cancelable {
   std::vector<Disposable> disposables_;
 };
 
-/// Handles that are cancelled when the bag goes.
+/// Disposes its handles when it is destroyed.
 class DisposeBag {
  public:
   DisposeBag() = default;

@@ -1,6 +1,7 @@
 #pragma once
 
-// The whole of streams but subjects and the operators that join several: include this one.
+// Includes all of the streams library except subjects (Subjects.h) and the operators that combine several
+// streams (Combining.h).
 #include "reactive/Creating.h"
 #include "reactive/ObservableType.h"
 #include "reactive/Traits.h"

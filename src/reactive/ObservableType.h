@@ -20,11 +20,11 @@ class Maybe;
 template <class T>
 class Infallible;
 
-/// Where the cold work of a subscription begins; null for the thread that subscribes. Hot sources attach at
-/// once all the same, so that nothing sent after `subscribe` returned is lost.
+/// The scheduler on which the cold work of a subscription starts; null for the subscribing thread. Hot
+/// sources ignore it and attach at once, so that no element sent after `subscribe` has returned is lost.
 using StartOn = SchedulerPtr;
 
-/// What stands behind an Observable.
+/// The implementation of an Observable.
 template <class T>
 class Source {
  public:
@@ -32,11 +32,12 @@ class Source {
   virtual void subscribe(ObserverPtr<T> observer, const StartOn& startOn) const = 0;
 };
 
-/// A stream of elements that ends in completion or in an error. Cold unless it comes from a subject: nothing
-/// runs before `subscribe`, and each subscription runs it anew. A value; copies share what stands behind it.
+/// A stream of elements that ends with a completion or an error. Unless it comes from a subject it is cold:
+/// each subscription starts its own run. A value type; copies share the source.
 ///
-/// Elements of one subscription come one at a time and in order, on whichever thread the source emits on,
-/// unless `observeOn` moves them. What a callback throws ends the stream as its error.
+/// Each subscription receives its elements one at a time and in order, on the thread on which the source
+/// emits them unless `observeOn` changes it. An exception thrown by a callback ends the stream with that
+/// error.
 template <class T>
 class Observable {
  public:
@@ -44,54 +45,56 @@ class Observable {
 
   explicit Observable(std::shared_ptr<const Source<T>> source) : source_(std::move(source)) {}
 
-  // Element by element.
+  // Operators on single elements.
   template <class F>
   auto map(F transform) const -> Observable<std::invoke_result_t<F&, const T&>>;
-  /// `transform` gives an optional; absent results are dropped.
+  /// `transform` returns an optional; absent results are dropped.
   template <class F>
   auto compactMap(F transform) const -> Observable<typename std::invoke_result_t<F&, const T&>::value_type>;
   template <class F>
   Observable<T> filter(F isWanted) const;
-  /// Drops an element equal to the one before.
+  /// Drops elements that are equal to their predecessor.
   Observable<T> distinctUntilChanged() const;
-  /// A side effect before each notification is passed on. Only `onNext`, `onError` and `onCompleted` count.
+  /// Runs a side effect before each notification is passed on; `onDisposed` is ignored.
   Observable<T> doOn(Handlers<T> effects) const;
   Observable<Event<T>> materialize() const;
-  /// For a stream of Event<Out>.
+  /// The inverse of `materialize`; this must be a stream of Event<Out>.
   template <class Out>
   Observable<Out> dematerialize() const;
   Observable<T> catchAndReturn(T fallback) const;
 
-  // Streams of streams: `transform` gives an Observable.
+  // Operators that map each element to an inner stream: `transform` returns an Observable.
   /// Merges the inner streams.
   template <class F>
   auto flatMap(F transform) const -> std::invoke_result_t<F&, const T&>;
-  /// Drops the inner stream when a new element comes.
+  /// Disposes the current inner stream when a new element arrives.
   template <class F>
   auto flatMapLatest(F transform) const -> std::invoke_result_t<F&, const T&>;
-  /// One inner stream at a time, in order; elements that come meanwhile wait.
+  /// Runs one inner stream at a time, in order; elements that arrive meanwhile are queued.
   template <class F>
   auto concatMap(F transform) const -> std::invoke_result_t<F&, const T&>;
 
-  // In time.
-  /// Emits what came when there are `count` of it or `timeSpan` has passed since the last emission, an empty
-  /// list too. `timeSpan` is counted anew at each emission.
+  // Operators based on time.
+  /// Emits the collected elements when there are `count` of them or when `timeSpan` has passed since the last
+  /// emission; the list may be empty then.
   Observable<std::vector<T>> buffer(std::chrono::microseconds timeSpan, std::size_t count,
                                     SchedulerPtr scheduler) const;
-  /// At most one element a period: the first at once, and with `latest` the last of a period at its end.
+  /// Emits at most one element per period: the first one immediately and, if `latest`, the last one of the
+  /// period at its end.
   Observable<T> throttle(std::chrono::microseconds period, bool latest, SchedulerPtr scheduler) const;
 
-  /// Subscribes again on an error, `count` subscriptions in all over the life of the chain.
+  /// Subscribes again after an error; `count` is the total number of subscriptions over the life of the
+  /// chain.
   Observable<T> retry(std::size_t count) const;
 
-  /// The source's cold work begins on `scheduler`.
+  /// Starts the source's cold work on `scheduler`.
   Observable<T> subscribeOn(SchedulerPtr scheduler) const;
-  /// What follows runs on `scheduler`.
+  /// Delivers the notifications on `scheduler`.
   Observable<T> observeOn(SchedulerPtr scheduler) const;
 
-  /// For a stream of at most one element; a second one is the error ReactiveError.moreThanOneElement.
+  /// Converts a stream of at most one element; a second element fails with ReactiveError.moreThanOneElement.
   Maybe<T> asMaybe() const;
-  /// An error becomes `fallback` and completion.
+  /// Replaces an error by `fallback` and completion.
   Infallible<T> asInfallible(T fallback) const;
 
   Disposable subscribe(Handlers<T> handlers) const {
@@ -103,7 +106,7 @@ class Observable {
     return subscribe(Handlers<T>{.onNext = std::move(onNext)});
   }
 
-  /// For operators.
+  /// Used by operators.
   void subscribe(ObserverPtr<T> observer, const StartOn& startOn) const {
     source_->subscribe(std::move(observer), startOn);
   }
@@ -112,7 +115,7 @@ class Observable {
   std::shared_ptr<const Source<T>> source_;
 };
 
-/// An operator: a source that subscribes `makeNode(downstream)` to the stream before it.
+/// An operator's source: subscribes `makeNode(downstream)` to the upstream.
 template <class In, class Out, class MakeNode>
 class OperatorSource final : public Source<Out> {
  public:

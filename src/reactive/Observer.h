@@ -10,7 +10,7 @@
 
 namespace orrelo::reactive {
 
-/// The element of a stream that only signals.
+/// The element of a stream that carries signals without a value.
 struct Unit {
   friend bool operator==(Unit, Unit) = default;
 };
@@ -23,7 +23,7 @@ class Event {
   static Event failure(Error error) { return Event(Body(std::in_place_index<1>, std::move(error))); }
   static Event completed() { return Event(Body(std::in_place_index<2>)); }
 
-  /// Null for a notification of another kind.
+  /// Null unless the notification is an element.
   const T* element() const { return std::get_if<0>(&body_); }
   const Error* error() const { return std::get_if<1>(&body_); }
   bool isCompleted() const { return body_.index() == 2; }
@@ -38,9 +38,10 @@ class Event {
   Body body_;
 };
 
-/// One end of a subscription. Its source calls `onSubscribe` once and before all else, with the handle that
-/// cancels the source, so that even a source that emits before `subscribe` returns can be stopped. Then come
-/// elements, one at a time, and at most one of the two ends, after which it lets its source go.
+/// The receiver of a subscription. The source first calls `onSubscribe` once, with the handle that cancels
+/// the source, so that even a source that emits before `subscribe` returns can be cancelled. It then calls
+/// `onNext` for the elements, one at a time, and at most once `onError` or `onCompleted`, after which the
+/// observer releases its source.
 template <class T>
 class Observer {
  public:
@@ -67,7 +68,7 @@ class Observer {
 template <class T>
 using ObserverPtr = std::shared_ptr<Observer<T>>;
 
-/// What a chain's last subscriber does. An error without a handler is dropped.
+/// The callbacks of a chain's final subscriber. An error without a handler is dropped.
 template <class T>
 struct Handlers {
   std::function<void(const T&)> onNext = nullptr;
@@ -76,8 +77,8 @@ struct Handlers {
   std::function<void()> onDisposed = nullptr;
 };
 
-/// The end of a chain. It lets its handlers go at the end or when it is disposed of; none is called after
-/// that. No exception leaves it for whoever emits.
+/// The final observer of a chain. It releases its handlers at the end or when it is disposed and calls none
+/// of them afterwards. It throws no exceptions to the emitting source.
 template <class T>
 class Subscriber final : public Observer<T>, public Cancelable {
  public:
@@ -147,7 +148,7 @@ class Subscriber final : public Observer<T>, public Cancelable {
     });
   }
 
-  // The stream has ended: what its last handlers throw has nowhere to go.
+  // The stream has ended, so an exception thrown by its last handlers can no longer be reported.
   template <class Step>
   static void guarded(Step step) {
     try {

@@ -10,15 +10,15 @@
 
 namespace orrelo::reactive {
 
-/// Where and when work runs. What is scheduled cannot be taken back: whoever schedules checks, when it runs,
-/// whether it is still wanted.
+/// Runs tasks on certain threads at certain times. Scheduled tasks cannot be cancelled: a task must check
+/// itself whether it is still needed.
 class Scheduler {
  public:
   using Task = std::function<void()>;
 
   virtual ~Scheduler() = default;
 
-  /// Time since some fixed moment; it never goes back.
+  /// Monotonic time since an arbitrary fixed moment.
   virtual std::chrono::microseconds now() const = 0;
   /// Runs `task` soon, never before returning.
   virtual void schedule(Task task) = 0;
@@ -27,10 +27,10 @@ class Scheduler {
 
 using SchedulerPtr = std::shared_ptr<Scheduler>;
 
-/// The main thread.
+/// Runs tasks on the main thread.
 class MainScheduler final : public Scheduler {
  public:
-  /// On the installed platform's main loop.
+  /// Uses the installed platform's main loop.
   static SchedulerPtr instance();
 
   explicit MainScheduler(std::shared_ptr<MainLoop> mainLoop) : mainLoop_(std::move(mainLoop)) {}
@@ -45,10 +45,10 @@ class MainScheduler final : public Scheduler {
   std::shared_ptr<MainLoop> mainLoop_;
 };
 
-/// The worker pool, at one class of urgency. Two tasks may run at once.
+/// Runs tasks on the worker pool with one priority. Tasks may run concurrently.
 class ConcurrentDispatchQueueScheduler final : public Scheduler {
  public:
-  /// On the installed platform's pool.
+  /// Uses the installed platform's pool.
   explicit ConcurrentDispatchQueueScheduler(QualityOfService qos);
   ConcurrentDispatchQueueScheduler(QualityOfService qos, std::shared_ptr<WorkerPool> workers)
       : qos_(qos), workers_(std::move(workers)) {}

@@ -11,7 +11,7 @@
 
 namespace orrelo::reactive {
 
-/// Notifications that wait, in order. What comes after an end that waits is dropped.
+/// A queue of notifications. Notifications pushed after a terminal one are dropped.
 template <class T>
 class NotificationQueue {
  public:
@@ -30,7 +30,7 @@ class NotificationQueue {
   std::deque<Event<T>> events_;
 };
 
-/// Signals that wait are a count: a burst of them costs no memory.
+/// Signals have no value, so that waiting ones are only counted: a burst of them needs no memory.
 template <>
 class NotificationQueue<Unit> {
  public:
@@ -60,8 +60,9 @@ class NotificationQueue<Unit> {
   std::optional<Event<Unit>> end_;
 };
 
-/// Hands notifications that come from several threads to one observer, one at a time and in the order in
-/// which they came, without holding a lock while it does. Nothing follows an end.
+/// Serialises notifications from several threads: delivers them to one observer, one at a time and in the
+/// order of their arrival, without holding a lock meanwhile. Nothing is delivered after a terminal
+/// notification.
 template <class T>
 class SerialGate {
  public:
@@ -80,7 +81,7 @@ class SerialGate {
   void onError(const Error& error) { deliver(Event<T>::failure(error)); }
   void onCompleted() { deliver(Event<T>::completed()); }
 
-  /// Takes a place in the order. When it says true, the caller must call `drain` once it holds no lock.
+  /// Queues a notification. If it returns true, the caller must call `drain` after releasing its locks.
   [[nodiscard]] bool enqueue(Event<T> event) {
     {
       const std::lock_guard lock(mutex_);
@@ -91,7 +92,7 @@ class SerialGate {
 
   bool isClosed() const { return closed_.load(std::memory_order_acquire); }
 
-  /// Nothing is delivered from now on, and the observer is let go, after the delivery that runs at most.
+  /// Stops the delivery and releases the observer; a delivery that is already running completes first.
   void close() {
     closed_.store(true, std::memory_order_release);
     if (waiting_.fetch_add(1, std::memory_order_acq_rel) == 0) drain();
@@ -125,8 +126,8 @@ class SerialGate {
     return queue_.empty() ? std::nullopt : std::optional(queue_.pop());
   }
 
-  // How many notifications are being delivered or wait. The thread that moved it away from 0 delivers, and
-  // has downstream_ to itself until it moves it back.
+  // The number of notifications that are queued or being delivered. The thread that increments it from 0
+  // delivers them and has exclusive access to downstream_ until it has decremented it to 0.
   std::atomic<std::size_t> waiting_ = 0;
   std::atomic<bool> closed_ = false;
   std::mutex mutex_;

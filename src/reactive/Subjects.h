@@ -10,8 +10,8 @@
 
 namespace orrelo::reactive {
 
-/// What the two subjects share: the list of those who listen. Emitting takes a snapshot of it and holds no
-/// lock.
+/// The shared implementation of both subjects: the list of observers. Emitting uses a snapshot of the list
+/// and holds no lock.
 template <class T>
 class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
  public:
@@ -86,7 +86,8 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
       if (const auto core = core_.lock()) core->detach(gate);
     }
 
-    // Without a lock() of the gate, which could make the caller the one that destroys it, and all below.
+    // Does not lock() the weak pointer: the caller might become the last owner of the gate and would then
+    // destroy it together with all its observers.
     bool isDisposed() const override { return disposed_ || gate_.expired(); }
 
    private:
@@ -95,11 +96,11 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
     std::weak_ptr<SerialGate<T>> gate_;
   };
 
-  // The new value and the places in the observers' orders are taken together, so that whoever subscribes
-  // meanwhile hears each value once and in order.
+  // Sets the value and queues it for all observers under one lock, so that an observer that subscribes
+  // concurrently receives each value once and in order.
   void onNextReplayed(const T& element) {
     std::vector<std::shared_ptr<SerialGate<T>>> mine;
-    std::optional<T> value(element);  // in the end the former value, let go outside the lock
+    std::optional<T> value(element);  // receives the previous value, destroyed outside the lock
     {
       const std::lock_guard lock(mutex_);
       if (end_) return;
@@ -112,7 +113,7 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
   }
 
   void detach(const std::shared_ptr<SerialGate<T>>& gate) {
-    std::shared_ptr<const Gates> former;  // let go outside the lock
+    std::shared_ptr<const Gates> former;  // destroyed outside the lock
     const std::lock_guard lock(mutex_);
     auto gates = std::make_shared<Gates>(*gates_);
     std::erase(*gates, gate);
@@ -126,8 +127,8 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
   std::optional<Event<T>> end_;
 };
 
-/// What the two subjects have in common: a handle of the core. Any thread; subscribers run on the thread that
-/// emits.
+/// The common base of the subjects, a handle to the core. Subscribers are called on the emitting thread. Any
+/// thread.
 template <class T>
 class Subject {
  public:
@@ -148,14 +149,15 @@ class Subject {
   std::shared_ptr<SubjectCore<T>> core_;
 };
 
-/// A hot stream: a subscriber hears only what comes after it subscribed, and after the end the end alone.
+/// A hot stream: a subscriber receives only the elements emitted after its subscription. After the end it
+/// receives only the terminal notification.
 template <class T>
 class PublishSubject : public Subject<T> {
  public:
   PublishSubject() : Subject<T>(std::nullopt) {}
 };
 
-/// A hot stream that holds the last element and gives it to each new subscriber first.
+/// A hot stream that stores the latest element and emits it first to each new subscriber.
 template <class T>
 class BehaviorSubject : public Subject<T> {
  public:
@@ -164,7 +166,7 @@ class BehaviorSubject : public Subject<T> {
   T value() const { return *this->core_->replayed(); }
 };
 
-// Signals are followed nearly everywhere: their classes are compiled once, in Subjects.cpp.
+// Streams of signals are used nearly everywhere, so their classes are compiled once, in Subjects.cpp.
 extern template class ORRELO_EXPORT SerialGate<Unit>;
 extern template class ORRELO_EXPORT SubjectCore<Unit>;
 extern template class ORRELO_EXPORT Subject<Unit>;

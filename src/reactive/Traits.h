@@ -23,7 +23,7 @@ class Maybe {
   auto map(F transform) const {
     return Maybe<std::invoke_result_t<F&, const T&>>(stream_.map(std::move(transform)));
   }
-  /// `transform` gives a Maybe.
+  /// `transform` returns a Maybe.
   template <class F>
   auto flatMap(F transform) const {
     using Out = typename std::invoke_result_t<F&, const T&>::Element;
@@ -52,7 +52,7 @@ class Maybe {
   Observable<T> stream_;
 };
 
-/// A stream without errors.
+/// A stream that never fails.
 template <class T>
 class Infallible {
  public:

@@ -12,9 +12,9 @@ class ORRELO_EXPORT Clock {
  public:
   virtual ~Clock() = default;
 
-  /// What the device's clock shows; the user may set it.
+  /// The device's wall-clock time; the user may change it.
   virtual Date now() const = 0;
-  /// Time since some fixed moment; it never goes back.
+  /// Monotonic time since an arbitrary fixed moment.
   virtual std::chrono::microseconds steady() const = 0;
 };
 

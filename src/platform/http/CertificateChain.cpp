@@ -47,7 +47,8 @@ bool verify(const CertificateChain& chain, const std::string& host, const std::s
     certificate.release();
   }
   return X509_STORE_load_file(store.get(), file.c_str()) == 1 &&
-         // As curl does: what the file holds is trusted, whoever has signed it.
+         // Every certificate in the file is a trust anchor, also when it is not self-signed; curl does the
+         // same.
          X509_STORE_set_flags(store.get(), X509_V_FLAG_PARTIAL_CHAIN) == 1 &&
          X509_STORE_CTX_init(verification.get(), store.get(), leaf.get(), others.get()) == 1 &&
          X509_STORE_CTX_set_default(verification.get(), "ssl_server") == 1 &&
@@ -59,7 +60,7 @@ bool verify(const CertificateChain& chain, const std::string& host, const std::s
 
 bool isTrusted(const CertificateChain& chain, const std::string& host, const std::string& file) {
   const bool trusted = verify(chain, host, file);
-  ERR_clear_error();  // others on this thread read it too
+  ERR_clear_error();  // all code on this thread shares the error queue
   return trusted;
 }
 

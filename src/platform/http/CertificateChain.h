@@ -5,11 +5,11 @@
 
 namespace orrelo {
 
-/// What a server has shown: its own certificate first, each in DER.
+/// The certificates that a server has presented, in DER; the server's own certificate comes first.
 using CertificateChain = std::vector<std::string>;
 
-/// Whether the certificates in `file` (PEM) vouch for the chain of a server of this host, as the URL session
-/// would see it: signatures, dates, purpose and the host's name.
+/// True if the certificates in `file` (PEM) verify the chain of a server of this host. Checks what the URL
+/// session checks: signatures, dates, purpose and the host's name.
 bool isTrusted(const CertificateChain& chain, const std::string& host, const std::string& file);
 
 }  // namespace orrelo

@@ -12,7 +12,7 @@ namespace {
 constexpr int maximumRedirects = 20;
 constexpr std::size_t maximumHeaderSize = std::size_t{256} * 1024;
 
-// One line, whatever the value holds: what comes from a host cannot add headers of its own.
+// The result is a single line whatever `value` contains, so that a value cannot inject further headers.
 std::string headerLine(const std::string& name, std::string value) {
   std::replace_if(
       value.begin(), value.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
@@ -103,14 +103,14 @@ CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {
   curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "");
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
   setTimeout();
-  // A name that takes long to resolve must not hold up the other requests when its own is given up.
+  // Cancelling a request whose host name is still being resolved must not block the other requests.
   curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
   if (trusted) {
     curl_easy_setopt(easy, CURLOPT_CAINFO, trusted->certificateFile.c_str());
-    curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);  // else the system's stay trusted beside it
+    curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);  // else the system's stay trusted too
   }
 
-  // The path is sent as it was given, without "." and ".." being resolved.
+  // Sends the path as it was given, without resolving "." and "..".
   curl_easy_setopt(easy, CURLOPT_PATH_AS_IS, 1L);
   if (request_.body) {
     curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.body->size()));
@@ -131,14 +131,14 @@ CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {
 }
 
 void CurlTransfer::setTimeout() {
-  if (request_.isTimeoutIdle) return startClock();  // what waited for its turn was not idle
+  if (request_.isTimeoutIdle) return startClock();  // waiting in the queue is not idling
   using std::chrono::milliseconds;
   const auto left = std::chrono::duration_cast<milliseconds>(deadline_ - std::chrono::steady_clock::now());
   curl_easy_setopt(easy_.get(), CURLOPT_TIMEOUT_MS, std::max(1L, static_cast<long>(left.count())));
 }
 
 void CurlTransfer::setHeaders() {
-  curl_slist* list = curl_slist_append(nullptr, "Expect:");  // bodies go at once, without asking
+  curl_slist* list = curl_slist_append(nullptr, "Expect:");  // sends bodies without waiting for status 100
   bool hasContentType = false;
   for (const auto& [name, value] : request_.headers) {
     hasContentType = hasContentType || ascii::lowercased(name) == "content-type";
@@ -174,13 +174,13 @@ std::size_t CurlTransfer::onHeader(char* bytes, std::size_t, std::size_t count, 
 }
 
 void CurlTransfer::takeHeader(std::string_view line) {
-  if (line.starts_with("HTTP/")) response_.headers.clear();  // an interim reply was before this one
+  if (line.starts_with("HTTP/")) response_.headers.clear();  // drops those of an interim reply
   const auto colon = line.find(':');
   if (colon == std::string_view::npos) return;
   response_.headers[ascii::lowercased(line.substr(0, colon))] = ascii::trimmed(line.substr(colon + 1));
 }
 
-bool CurlTransfer::finishHop(CURLcode code) {
+bool CurlTransfer::finishRequest(CURLcode code) {
   if (code != CURLE_OK) {
     complete(failureOf(code));
     return false;
@@ -198,7 +198,7 @@ int CurlTransfer::status() const {
 }
 
 void CurlTransfer::deliver() {
-  if (body_.empty() || isRedirect(status())) return;  // a redirect is a reply only when it is not followed
+  if (body_.empty() || isRedirect(status())) return;  // the body of a followed redirect is not delivered
   std::shared_ptr<URLSessionDataDelegate> delegate;
   {
     const std::lock_guard lock(mutex_);
@@ -209,9 +209,9 @@ void CurlTransfer::deliver() {
 
 URLSessionResult CurlTransfer::failureOf(CURLcode code) const {
   if (isTooLarge_) return {makeError(URLError::dataLengthExceedsMaximum), {}, {}};
-  const bool isNoHttp =
+  const bool isNotHttp =
       code == CURLE_WEIRD_SERVER_REPLY || (code == CURLE_UNSUPPORTED_PROTOCOL && status() == 0);
-  if (isNoHttp) return {{}, {}, {}};
+  if (isNotHttp) return {{}, {}, {}};
   return {makeError(errorOf(code), curl_easy_strerror(code)), {}, {}};
 }
 
@@ -219,20 +219,20 @@ bool CurlTransfer::follow() {
   char* location = nullptr;
   curl_easy_getinfo(easy_.get(), CURLINFO_REDIRECT_URL, &location);
   const auto target = location != nullptr ? Url::parse(location) : std::nullopt;
-  if (!target || !isHttp(*target)) return false;  // the redirect itself is the reply then
+  if (!target || !isHttp(*target)) return false;  // the redirect itself becomes the reply
   const bool becomesGet =
       response_.statusCode == 303 || (response_.statusCode < 303 && request_.method == "POST");
-  const bool losesSecrecy =
+  const bool isDowngrade =
       ascii::lowercased(target->scheme()) == "http" && ascii::lowercased(request_.url.scheme()) == "https";
-  const bool leavesHost = hostOf(*target) != hostOf(request_.url) || losesSecrecy;
-  // What a user did is for the host that was asked: the redirect itself is the reply here too.
+  const bool leavesHost = hostOf(*target) != hostOf(request_.url) || isDowngrade;
+  // A body is sent only to the original host, so the redirect itself becomes the reply here too.
   if (leavesHost && request_.body && !becomesGet) return false;
   if (++redirects_ > maximumRedirects) {
     complete({makeError(URLError::httpTooManyRedirects), {}, {}});
     return true;
   }
   if (leavesHost) {
-    // Who the user is and what the device is stays between the kit and the host that was asked.
+    // The headers identify the user and the device and are sent only to the original host.
     std::erase_if(request_.headers,
                   [](const auto& header) { return ascii::lowercased(header.first) != "content-type"; });
   }
@@ -259,7 +259,7 @@ void CurlTransfer::complete(URLSessionResult result) {
 }
 
 bool CurlTransfer::cancel() {
-  URLSession::Completion completion;  // let go outside the lock
+  URLSession::Completion completion;  // destroyed outside the lock
   std::shared_ptr<URLSessionDataDelegate> delegate;
   const std::lock_guard lock(mutex_);
   std::swap(completion, completion_);

@@ -12,40 +12,41 @@
 
 namespace orrelo {
 
-/// Which certificate file stands in for the system's, for one origin.
+/// The certificate file that replaces the system's certificates for one origin.
 struct TrustedOrigin {
   std::string origin;
   std::string certificateFile;
 };
 
-/// One request with the redirects that it meets. All but `cancel` and `isOver` belong to the session's
+/// One request and its redirects. All operations except `cancel` and `isOver` must be called on the session's
 /// thread.
 class CurlTransfer {
  public:
   CurlTransfer(URLRequest request, URLSession::Completion completion);
-  /// What `deliver` has not handed to `delegate` comes with the end.
+  /// Bytes that `deliver` has not passed to `delegate` are delivered at the end of the transfer.
   CurlTransfer(URLRequest request, std::shared_ptr<URLSessionDataDelegate> delegate);
   ~CurlTransfer();
 
-  /// Starts the request's timeout.
+  /// Starts or restarts the request's timeout.
   void startClock();
-  /// When the request has been idle for too long, if that is its timeout. curl minds a timeout for the whole.
+  /// The deadline of an idle timeout; nullopt if the timeout limits the whole transfer, which curl enforces.
   std::optional<std::chrono::steady_clock::time_point> idleDeadline() const;
-  /// When its time is up although it has not begun, if its timeout is one for the whole.
+  /// The deadline for a request that has not started yet; nullopt if it has an idle timeout.
   std::optional<std::chrono::steady_clock::time_point> waitingDeadline() const;
-  /// Hands over the bytes that came, if they are to go piece by piece. Outside curl.
+  /// Passes the bytes received so far to the delegate of a streaming task. Must not be called inside curl.
   void deliver();
-  /// Readies a handle for the current hop. Null where curl has no memory.
+  /// Sets up the handle for the current URL. Null if curl is out of memory.
   CURL* prepare(const std::optional<TrustedOrigin>& trusted);
   CURL* handle() const { return easy_.get(); }
   const Url& url() const { return request_.url; }
-  bool isIdleTimed() const { return request_.isTimeoutIdle; }
+  bool hasIdleTimeout() const { return request_.isTimeoutIdle; }
 
-  /// What the hop ended with. True when another hop must be prepared, else the completion has run.
-  bool finishHop(CURLcode code);
+  /// Handles the end of the current request. True if a redirect must be followed; otherwise the completion
+  /// has run.
+  bool finishRequest(CURLcode code);
   void fail(const Error& error);
 
-  /// After this the completion does not begin to run. Says whether it still could have. Any thread.
+  /// Prevents the completion from starting. True if it had not started yet. Any thread.
   bool cancel();
   bool isOver() const;
 

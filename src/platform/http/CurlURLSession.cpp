@@ -19,41 +19,44 @@
 namespace orrelo {
 namespace {
 
-// The others wait here and not in curl, whose own queue (CURLMOPT_MAX_HOST_CONNECTIONS, in 7.88) can forget
-// its last ones: one that finds no connection free is not always woken by the next that becomes free.
-// Those with an idle timeout may last for ever: they leave room for the others.
-struct Room {
-  int forAll;
-  int forIdleTimed;
+// The number of requests that may still start. Further requests wait in a queue here and not in curl's own
+// queue (CURLMOPT_MAX_HOST_CONNECTIONS, in 7.88), which can stall: a request that waits there for a
+// connection is not always woken when one becomes free. Requests with an idle timeout may run forever, so
+// they have a smaller quota of their own.
+struct Quota {
+  int requests;
+  int idleTimeoutRequests;
 
-  bool has(bool isIdleTimed) const { return forAll > 0 && (!isIdleTimed || forIdleTimed > 0); }
-  void take(bool isIdleTimed) {
-    --forAll;
-    if (isIdleTimed) --forIdleTimed;
+  bool allows(bool hasIdleTimeout) const {
+    return requests > 0 && (!hasIdleTimeout || idleTimeoutRequests > 0);
+  }
+  void use(bool hasIdleTimeout) {
+    --requests;
+    if (hasIdleTimeout) --idleTimeoutRequests;
   }
 };
-constexpr Room roomInAll{.forAll = 64, .forIdleTimed = 48};
-constexpr Room roomPerHost{.forAll = 6, .forIdleTimed = 4};
+constexpr Quota totalQuota{.requests = 64, .idleTimeoutRequests = 48};
+constexpr Quota hostQuota{.requests = 6, .idleTimeoutRequests = 4};
 
-// Held while the thread is inside curl. The end of the process takes it for good, so that no transfer runs
-// while other libraries' exit handlers tear down what it uses.
-std::mutex& curlTurn() {
-  static auto* const turn = new std::mutex;
-  return *turn;
+// Held while the session's thread is inside curl. An exit handler locks it forever, so that no transfer runs
+// while other libraries' exit handlers destroy what it uses.
+std::mutex& curlMutex() {
+  static auto* const mutex = new std::mutex;
+  return *mutex;
 }
 
 void initializeCurl() {
   static const bool initialized = [] {
     OPENSSL_init_crypto(OPENSSL_INIT_NO_ATEXIT, nullptr);
     curl_global_init(CURL_GLOBAL_DEFAULT);
-    isExiting();  // from here on it is known
-    std::atexit([] { curlTurn().lock(); });
+    isExiting();  // registers its exit handler before the one below
+    std::atexit([] { curlMutex().lock(); });
     return true;
   }();
   static_cast<void>(initialized);
 }
 
-// What the session and its thread share.
+// The state shared between the session and its thread.
 class Engine {
  public:
   Engine() {
@@ -75,7 +78,7 @@ class Engine {
     curl_multi_wakeup(multi_);
   }
 
-  /// The transfer's completion will not run any more; what it takes is given back.
+  /// Releases the resources of a cancelled transfer.
   void drop(std::shared_ptr<CurlTransfer> transfer) {
     {
       const std::lock_guard lock(mutex_);
@@ -86,7 +89,7 @@ class Engine {
   }
 
   void stop() {
-    const std::lock_guard lock(mutex_);  // the thread must not see it, and clean up, before it is woken
+    const std::lock_guard lock(mutex_);  // keeps the thread from destroying multi_ before the wakeup
     stopping_ = true;
     curl_multi_wakeup(multi_);
   }
@@ -100,7 +103,7 @@ class Engine {
   void run() {
     while (true) {
       {
-        const std::lock_guard turn(curlTurn());
+        const std::lock_guard curlLock(curlMutex());
         forgetDropped();
         startNew();
         int count = 0;
@@ -108,12 +111,12 @@ class Engine {
       }
       failUnstarted();
       deliverChunks();
-      const bool madeRoom = finishDone();
-      const auto wait = failLate();
+      const bool hasFinished = finishCompleted();
+      const auto wait = failTimedOut();
       {
         const std::lock_guard lock(mutex_);
         if (stopping_) break;
-        if (madeRoom || !dropped_.empty() || !starting_.empty()) continue;
+        if (hasFinished || !dropped_.empty() || !starting_.empty()) continue;
       }
       curl_multi_poll(multi_, nullptr, 0, wait, nullptr);
     }
@@ -121,75 +124,76 @@ class Engine {
   }
 
  private:
-  struct Hop {
+  /// A transfer and the host of its current URL, which redirects change.
+  struct HostTransfer {
     std::shared_ptr<CurlTransfer> transfer;
     std::string host;
   };
 
-  // On the network's thread: what is written to a connection that its server has left raises SIGPIPE, which
-  // this thread alone takes no notice of.
+  // Must run on the network's thread, which blocks SIGPIPE: writing to a connection that the server has
+  // closed raises it.
   void closeConnections() {
-    std::map<CURL*, Hop> left;  // their completions are let go outside the turn
-    const std::lock_guard turn(curlTurn());
+    std::map<CURL*, HostTransfer> left;  // destroyed after the mutex is released
+    const std::lock_guard curlLock(curlMutex());
     std::swap(left, running_);
     for (const auto& [easy, running] : left) curl_multi_remove_handle(multi_, easy);
     curl_multi_cleanup(std::exchange(multi_, nullptr));
   }
 
-  // The oldest first, but for those whose host has no room.
+  // Starts waiting requests, oldest first; requests that exceed a quota keep waiting.
   void startNew() {
     std::vector<std::shared_ptr<CurlTransfer>> starting;
     {
       const std::lock_guard lock(mutex_);
       std::swap(starting, starting_);
     }
-    for (auto& transfer : starting) waiting_.push_back(hopOf(std::move(transfer)));
+    for (auto& transfer : starting) waiting_.push_back(withHost(std::move(transfer)));
     if (waiting_.empty()) return;
-    Room inAll = roomInAll;
-    std::map<std::string, Room> atHosts;
-    const auto roomAt = [&](const Hop& hop) -> Room& {
-      return atHosts.try_emplace(hop.host, roomPerHost).first->second;
+    Quota total = totalQuota;
+    std::map<std::string, Quota> hosts;
+    const auto quotaOf = [&](const HostTransfer& entry) -> Quota& {
+      return hosts.try_emplace(entry.host, hostQuota).first->second;
     };
-    for (const auto& [easy, hop] : running_) {
-      inAll.take(hop.transfer->isIdleTimed());
-      roomAt(hop).take(hop.transfer->isIdleTimed());
+    for (const auto& [easy, entry] : running_) {
+      total.use(entry.transfer->hasIdleTimeout());
+      quotaOf(entry).use(entry.transfer->hasIdleTimeout());
     }
-    std::deque<Hop> left;
-    for (auto& hop : waiting_) {
-      const bool isIdleTimed = hop.transfer->isIdleTimed();
-      if (hop.transfer->isOver()) continue;
-      if (!inAll.has(isIdleTimed) || !roomAt(hop).has(isIdleTimed)) {
-        left.push_back(std::move(hop));
-      } else if (startHop(hop)) {
-        inAll.take(isIdleTimed);
-        roomAt(hop).take(isIdleTimed);
+    std::deque<HostTransfer> left;
+    for (auto& entry : waiting_) {
+      const bool hasIdleTimeout = entry.transfer->hasIdleTimeout();
+      if (entry.transfer->isOver()) continue;
+      if (!total.allows(hasIdleTimeout) || !quotaOf(entry).allows(hasIdleTimeout)) {
+        left.push_back(std::move(entry));
+      } else if (startTransfer(entry)) {
+        total.use(hasIdleTimeout);
+        quotaOf(entry).use(hasIdleTimeout);
       }
     }
     waiting_ = std::move(left);
   }
 
-  static Hop hopOf(std::shared_ptr<CurlTransfer> transfer) {
+  static HostTransfer withHost(std::shared_ptr<CurlTransfer> transfer) {
     auto host = hostOf(transfer->url());
     return {std::move(transfer), std::move(host)};
   }
 
-  bool startHop(const Hop& hop) {
-    const auto& url = hop.transfer->url();
-    if (!isHttp(url)) {  // curl would guess what is meant
-      unstarted_.emplace_back(hop.transfer, makeError(URLError::unsupportedURL));
+  bool startTransfer(const HostTransfer& entry) {
+    const auto& url = entry.transfer->url();
+    if (!isHttp(url)) {  // curl would guess the scheme
+      unstarted_.emplace_back(entry.transfer, makeError(URLError::unsupportedURL));
       return false;
     }
-    CURL* const easy = hop.transfer->prepare(trustedFor(originOf(url)));
+    CURL* const easy = entry.transfer->prepare(trustedFor(originOf(url)));
     if (easy == nullptr || curl_multi_add_handle(multi_, easy) != CURLM_OK) {
-      unstarted_.emplace_back(hop.transfer,
+      unstarted_.emplace_back(entry.transfer,
                               makeError(URLError::unknown, "There is no memory for the request"));
       return false;
     }
-    running_[easy] = hop;
+    running_[easy] = entry;
     return true;
   }
 
-  // Outside the turn, since completions run.
+  // Runs completions, so the curl mutex must not be held.
   void failUnstarted() {
     for (const auto& [transfer, error] : std::exchange(unstarted_, {})) {
       runTask([&failed = transfer, &why = error] { failed->fail(why); });
@@ -205,24 +209,24 @@ class Engine {
     for (const auto& transfer : dropped) forget(transfer);
   }
 
-  // Says whether others may start now.
-  bool finishDone() {
-    bool madeRoom = false;
-    while (const auto done = takeDone()) {
-      madeRoom = true;
-      bool goesOn = false;
-      runTask([&] { goesOn = done->first->finishHop(done->second); });
-      if (goesOn) waiting_.push_front(hopOf(done->first));
+  // True if requests have finished, so that others may start.
+  bool finishCompleted() {
+    bool hasFinished = false;
+    while (const auto done = takeCompleted()) {
+      hasFinished = true;
+      bool isRedirected = false;
+      runTask([&] { isRedirected = done->first->finishRequest(done->second); });
+      if (isRedirected) waiting_.push_front(withHost(done->first));
     }
-    return madeRoom;
+    return hasFinished;
   }
 
-  std::optional<std::pair<std::shared_ptr<CurlTransfer>, CURLcode>> takeDone() {
-    const std::lock_guard turn(curlTurn());
+  std::optional<std::pair<std::shared_ptr<CurlTransfer>, CURLcode>> takeCompleted() {
+    const std::lock_guard curlLock(curlMutex());
     int left = 0;
     while (const auto* const message = curl_multi_info_read(multi_, &left)) {
       if (message->msg != CURLMSG_DONE) continue;
-      const CURLcode code = message->data.result;  // the message goes with the handle
+      const CURLcode code = message->data.result;  // the message is freed with the handle
       auto transfer = running_.extract(message->easy_handle).mapped().transfer;
       curl_multi_remove_handle(multi_, transfer->handle());
       return std::pair(std::move(transfer), code);
@@ -231,27 +235,27 @@ class Engine {
   }
 
   void deliverChunks() {
-    for (const auto& [easy, hop] : running_) {
-      runTask([&transfer = hop.transfer] { transfer->deliver(); });
+    for (const auto& [easy, entry] : running_) {
+      runTask([&transfer = entry.transfer] { transfer->deliver(); });
     }
   }
 
-  // Says after how many milliseconds to look again.
-  int failLate() {
+  // Fails the requests whose deadline has passed. Returns the time until the next deadline, in milliseconds.
+  int failTimedOut() {
     using std::chrono::milliseconds;
     const auto now = std::chrono::steady_clock::now();
     milliseconds next{60'000};
-    std::vector<std::shared_ptr<CurlTransfer>> late;
-    const auto look = [&](const auto& transfer, const auto& deadline) {
+    std::vector<std::shared_ptr<CurlTransfer>> timedOut;
+    const auto check = [&](const auto& transfer, const auto& deadline) {
       if (!deadline) return;
-      if (*deadline <= now) late.push_back(transfer);
+      if (*deadline <= now) timedOut.push_back(transfer);
       next = std::min(next, std::max(milliseconds{0}, std::chrono::ceil<milliseconds>(*deadline - now)));
     };
-    for (const auto& [easy, hop] : running_) look(hop.transfer, hop.transfer->idleDeadline());
-    for (const auto& hop : waiting_) look(hop.transfer, hop.transfer->waitingDeadline());
-    for (const auto& transfer : late) {
+    for (const auto& [easy, entry] : running_) check(entry.transfer, entry.transfer->idleDeadline());
+    for (const auto& entry : waiting_) check(entry.transfer, entry.transfer->waitingDeadline());
+    for (const auto& transfer : timedOut) {
       {
-        const std::lock_guard turn(curlTurn());
+        const std::lock_guard curlLock(curlMutex());
         forget(transfer);
       }
       runTask([&] { transfer->fail(makeError(URLError::timedOut)); });
@@ -261,7 +265,7 @@ class Engine {
 
   void forget(const std::shared_ptr<CurlTransfer>& transfer) {
     if (running_.erase(transfer->handle()) > 0) curl_multi_remove_handle(multi_, transfer->handle());
-    std::erase_if(waiting_, [&](const Hop& hop) { return hop.transfer == transfer; });
+    std::erase_if(waiting_, [&](const HostTransfer& entry) { return entry.transfer == transfer; });
   }
 
   std::optional<TrustedOrigin> trustedFor(const std::string& origin) {
@@ -272,8 +276,8 @@ class Engine {
   }
 
   CURLM* multi_ = nullptr;
-  std::map<CURL*, Hop> running_;
-  std::deque<Hop> waiting_;
+  std::map<CURL*, HostTransfer> running_;
+  std::deque<HostTransfer> waiting_;
   std::vector<std::pair<std::shared_ptr<CurlTransfer>, Error>> unstarted_;
 
   std::mutex mutex_;
@@ -283,7 +287,7 @@ class Engine {
   std::vector<TrustedOrigin> trusted_;
 };
 
-// The engine and its thread, made by the first request.
+// Creates the engine and its thread on the first request.
 class LazyEngine {
  public:
   ~LazyEngine() {
@@ -298,7 +302,7 @@ class LazyEngine {
       const auto engine = std::make_shared<Engine>();
       for (const auto& trusted : trusted_) engine->trust(trusted);
       thread_ = startKitThread("orrelo-network", [engine] { engine->run(); });
-      engine_ = engine;  // once it has its thread; without one, the next request tries again
+      engine_ = engine;  // only with a thread; otherwise the next request tries again
     }
     return engine_;
   }

@@ -6,8 +6,8 @@
 
 namespace orrelo {
 
-/// Requests by libcurl: one multi handle on one thread, which starts with the first request. HTTP/2 where the
-/// server offers it, connections reused.
+/// Makes a session that uses one libcurl multi handle on one thread; the thread starts with the first
+/// request. Uses HTTP/2 if the server offers it, and reuses connections.
 std::shared_ptr<URLSession> makeCurlURLSession();
 
 }  // namespace orrelo

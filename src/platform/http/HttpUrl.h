@@ -7,11 +7,12 @@
 
 namespace orrelo {
 
-/// "https://host:port" in lower case, the port always told: what trust is given to.
+/// The origin "https://host:port" in lower case, always with the port. Trusted certificates are set per
+/// origin.
 std::string originOf(const Url& url);
-/// In lower case.
+/// The host in lower case.
 std::string hostOf(const Url& url);
-/// Whether the scheme is http or https, and there is a host.
+/// True if the scheme is http or https and there is a host.
 ORRELO_EXPORT bool isHttp(const Url& url);
 
 }  // namespace orrelo

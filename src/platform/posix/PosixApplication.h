@@ -11,11 +11,11 @@
 
 namespace orrelo {
 
-/// Knows nothing by itself: the front, or a host without one, tells it what happens.
+/// Detects nothing by itself: the front, or a host without one, reports signals and settings to it.
 class ORRELO_EXPORT PosixApplication final : public Application {
  public:
   Registration observe(Signal signal, std::function<void()> callback) override;
-  /// False until there is an opener.
+  /// False until an opener is set.
   bool canOpen(const Url& url) const override { return opener_.canOpen && opener_.canOpen(url); }
   void open(const Url& url) override {
     if (opener_.open) opener_.open(url);
@@ -23,14 +23,14 @@ class ORRELO_EXPORT PosixApplication final : public Application {
   double screenScale() const override { return screenScale_; }
   bool prefersReducedMotion() const override { return prefersReducedMotion_; }
 
-  /// How URLs are opened. Before the kit is used.
+  /// The functions that open URLs. Must be set before the kit is used.
   struct UrlOpener {
     std::function<bool(const Url&)> canOpen;
     std::function<void(const Url&)> open;
   };
   void setUrlOpener(UrlOpener opener) { opener_ = std::move(opener); }
 
-  /// Calls the observers in the order in which they came. On the main thread.
+  /// Calls the observers in the order of their registration. Main thread only.
   void send(Signal signal);
   void setScreenScale(double scale) { screenScale_ = scale; }
   void setPrefersReducedMotion(bool prefers) { prefersReducedMotion_ = prefers; }

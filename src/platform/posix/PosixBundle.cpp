@@ -28,7 +28,7 @@ std::string bundleIdentifier(const HostApplication& host) {
   if (!host.bundleIdentifier.empty()) return host.bundleIdentifier;
   std::error_code failure;
   auto name = std::filesystem::read_symlink("/proc/self/exe", failure).filename().string();
-  // An executable that was replaced while it runs.
+  // The kernel adds this suffix if the executable was replaced while running.
   constexpr std::string_view deleted = " (deleted)";
   if (name.ends_with(deleted)) name.resize(name.size() - deleted.size());
   return name.empty() ? "orrelo" : name;

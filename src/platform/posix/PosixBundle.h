@@ -15,9 +15,9 @@ class PosixBundle final : public Bundle {
 
   explicit PosixBundle(Entries entries) : entries_(std::move(entries)) {}
 
-  /// The application's. What it does not state is absent.
+  /// The application's dictionary; entries that the host leaves empty are absent.
   static std::shared_ptr<Bundle> main(const HostApplication& host);
-  /// The kit's own.
+  /// The kit's own dictionary.
   static std::shared_ptr<Bundle> kit();
 
   bool hasInfoDictionary() const override { return true; }
@@ -27,7 +27,7 @@ class PosixBundle final : public Bundle {
   Entries entries_;
 };
 
-/// What the application calls itself, else the name of the executable.
+/// The application's bundle identifier, or the executable's name if it is empty.
 std::string bundleIdentifier(const HostApplication& host);
 
 }  // namespace orrelo

@@ -6,12 +6,12 @@ namespace orrelo {
 
 class PosixDevice final : public Device {
  public:
-  /// `osRelease` is the file in which the system states its version.
+  /// `osRelease` is the system's os-release file.
   explicit PosixDevice(std::filesystem::path osRelease = "/etc/os-release");
 
-  /// The distribution's version, else the kernel's.
+  /// The distribution's version, or the kernel's if there is none.
   std::string systemVersion() const override;
-  /// From LC_ALL, LC_MESSAGES and LANG, in this order; "en_US" where they name no language.
+  /// Read from LC_ALL, LC_MESSAGES and LANG, in this order; "en_US" if they name no language.
   std::string localeIdentifier() const override;
   std::string timeZoneIdentifier() const override;
 

@@ -18,7 +18,7 @@ fs::path home() {
   return "/tmp";
 }
 
-/// A relative path in the variable counts for nothing.
+/// The variable is ignored unless it holds an absolute path.
 fs::path baseFolder(const char* variable, const char* belowHome) {
   if (const char* value = std::getenv(variable); value != nullptr && *value == '/') return value;
   return home() / belowHome;
@@ -31,8 +31,8 @@ fs::path choose(const fs::path& stated, const char* variable, const char* belowH
   return baseFolder(variable, belowHome) / encodedFileName(bundleIdentifier(host));
 }
 
-/// A folder that cannot be made shows itself when a file in it is opened.
-const fs::path& made(const fs::path& folder) {
+/// Creates the folder if missing. Ignores errors: they surface when a file in the folder is opened.
+const fs::path& created(const fs::path& folder) {
   std::error_code failure;
   if (fs::create_directories(folder, failure)) {
     fs::permissions(folder, fs::perms::owner_all, failure);
@@ -47,11 +47,11 @@ PosixDirectories::PosixDirectories(const HostApplication& host)
       cache_(choose(host.cacheDirectory, "XDG_CACHE_HOME", ".cache", host)) {}
 
 fs::path PosixDirectories::data() const {
-  return made(data_);
+  return created(data_);
 }
 
 fs::path PosixDirectories::cache() const {
-  return made(cache_);
+  return created(cache_);
 }
 
 }  // namespace orrelo

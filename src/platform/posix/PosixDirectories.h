@@ -4,7 +4,7 @@
 
 namespace orrelo {
 
-/// The folders that HostApplication describes. A folder that is made here is the user's alone to read.
+/// The folders that HostApplication describes. Folders created here are accessible only to the user.
 class PosixDirectories final : public Directories {
  public:
   explicit PosixDirectories(const HostApplication& host);

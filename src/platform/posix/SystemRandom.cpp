@@ -11,14 +11,14 @@
 namespace orrelo {
 namespace {
 
-/// Asking the system costs far more than the few bytes of an identifier, so each thread keeps some in store.
+/// A thread's buffer of random bytes: a system call for each identifier would be far too slow.
 struct Store {
   std::array<std::uint8_t, 4096> bytes;
   std::size_t used = sizeof(bytes);
   unsigned generation = 0;
 };
 
-/// Counts the forks that led to this process: what a store held before one is the parent's.
+/// Counts the forks that led to this process, so that a child discards the bytes buffered by its parent.
 std::atomic<unsigned> generation = 0;
 
 unsigned currentGeneration() {
@@ -33,7 +33,7 @@ void fillFromSystem(std::span<std::uint8_t> bytes) {
     if (count >= 0) {
       bytes = bytes.subspan(static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
-      // A sandbox may forbid the call.
+      // A sandbox may forbid getrandom.
       std::random_device device;
       std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<std::uint8_t>(device()); });
       return;
@@ -55,7 +55,7 @@ void SystemRandom::fill(std::span<std::uint8_t> bytes) {
   const auto from = store.bytes.begin() + static_cast<std::ptrdiff_t>(store.used);
   const auto end = from + static_cast<std::ptrdiff_t>(bytes.size());
   std::copy(from, end, bytes.begin());
-  std::fill(from, end, std::uint8_t{0});  // nobody finds them here later
+  std::fill(from, end, std::uint8_t{0});  // values in use must not stay in the buffer
   store.used += bytes.size();
 }
 

@@ -10,9 +10,9 @@
 namespace orrelo {
 namespace {
 
-constexpr std::chrono::milliseconds patience{100};
+constexpr std::chrono::milliseconds busyTimeout{100};
 
-/// Binds a value and its type's name.
+/// Binds the value at `index` and the name of its type at `typeIndex`.
 void bindValue(SQLite::Statement& statement, int typeIndex, int index, const DefaultsValue& value) {
   const auto type = [&](const char* name) { statement.bindNoCopy(typeIndex, name); };
   std::visit(
@@ -32,7 +32,7 @@ void bindValue(SQLite::Statement& statement, int typeIndex, int index, const Def
           statement.bindNoCopy(index, held);
         } else {
           type("bytes");
-          // Empty bytes may have no address, and would then be stored as null.
+          // An empty vector may have a null pointer, which SQLite would store as NULL.
           statement.bindNoCopy(index, held.empty() ? "" : static_cast<const void*>(held.data()),
                                static_cast<int>(held.size()));
         }
@@ -44,7 +44,7 @@ std::optional<DefaultsValue> readValue(std::string_view type, const SQLite::Colu
   if (type == "bool" && value.isInteger()) return value.getInt64() != 0;
   if (type == "integer" && value.isInteger()) return std::int64_t{value.getInt64()};
   if (type == "double" && value.isFloat()) return value.getDouble();
-  // What SQLite makes of a number that is none.
+  // SQLite stores NaN as NULL.
   if (type == "double" && value.isNull()) return std::numeric_limits<double>::quiet_NaN();
   if (type == "text" && value.isText()) return value.getString();
   if (type == "bytes" && value.isBlob()) {
@@ -58,7 +58,7 @@ std::optional<DefaultsValue> readValue(std::string_view type, const SQLite::Colu
 
 DefaultsFile::DefaultsFile(const std::filesystem::path& path, SqliteFile::Missing missing)
     : file_(path, missing) {
-  file_.setBusyTimeout(patience);
+  file_.setBusyTimeout(busyTimeout);
 }
 
 std::unique_ptr<DefaultsFile> DefaultsFile::openExisting(const std::filesystem::path& path) {
@@ -73,7 +73,7 @@ std::unique_ptr<DefaultsFile> DefaultsFile::openOrCreate(const std::filesystem::
 
 DefaultsValues DefaultsFile::read() {
   DefaultsValues values;
-  // A file that another process has just made may have no table yet.
+  // Another process may have created the file but not the table yet.
   if (!file_.hasTable("defaults")) return values;
   auto select = file_.prepare("SELECT key, type, value FROM defaults");
   while (file_.step(select)) {
@@ -122,7 +122,7 @@ void DefaultsFile::apply(const std::string& key, DefaultsChange& change) {
 
 void DefaultsFile::prepareForWriting() {
   if (isWritable_) return;
-  file_.prepareForWriting(patience);
+  file_.prepareForWriting(busyTimeout);
   file_.execute("CREATE TABLE IF NOT EXISTS defaults (key TEXT PRIMARY KEY, type TEXT, value) WITHOUT ROWID");
   isWritable_ = true;
 }

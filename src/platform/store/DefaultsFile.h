@@ -15,31 +15,31 @@ namespace orrelo {
 
 using DefaultsValues = std::map<std::string, DefaultsValue, std::less<>>;
 
-/// A write or removal of one key.
+/// A write or a removal of one key.
 struct DefaultsChange {
-  /// What becomes of a value that the file holds already.
+  /// How the change treats a value that is already in the file.
   enum class Stored { replaced, keptIfText, kept };
 
-  /// Absent to remove the key.
+  /// The new value; absent to remove the key.
   std::optional<DefaultsValue> value;
   Stored stored = Stored::replaced;
 };
 using DefaultsChanges = std::map<std::string, DefaultsChange, std::less<>>;
 
-/// The rows of one open suite, for one thread at a time. Whatever fails throws a SqliteFailure or the
-/// wrapper's own exception.
+/// The rows of one open suite. Not thread-safe. Failures throw a SqliteFailure or an exception of the SQLite
+/// wrapper.
 class DefaultsFile {
  public:
-  /// Opens without writing. Null where there is no file.
+  /// Opens without writing. Null if there is no file.
   static std::unique_ptr<DefaultsFile> openExisting(const std::filesystem::path& path);
   static std::unique_ptr<DefaultsFile> openOrCreate(const std::filesystem::path& path);
 
   bool hasMoved() const { return file_.hasMoved(); }
-  void leaveAsItIs() { file_.leaveAsItIs(); }
+  void skipCheckpointOnClose() { file_.skipCheckpointOnClose(); }
 
-  /// Rows that are not of their type's form are left out.
+  /// Reads all rows; skips rows whose value does not match their type.
   DefaultsValues read();
-  /// Makes all of the changes or none. A change that kept the stored value has it as its own afterwards.
+  /// Applies all changes or none. A change that keeps the stored value receives that value.
   void apply(DefaultsChanges& changes);
 
  private:

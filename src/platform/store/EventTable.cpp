@@ -54,8 +54,8 @@ EventTable::EventTable(const std::filesystem::path& path, EventTimeStorage timeS
                             "VALUES (?, ?, ?, ?, ?)")),
       fetch_(file_.prepare("SELECT eventId, userId, eventName, eventTime, eventValues FROM events "
                            "ORDER BY eventTime, rowid LIMIT ?")),
-      // There is no index on the id, which would cost each insert: what gets deleted is among the oldest
-      // rows, and the index on the time leads there.
+      // An index on the id would slow down each insert and is not needed: the rows to delete are among the
+      // oldest ones, which the index on the time finds.
       deleteRow_(file_.prepare("DELETE FROM events WHERE rowid = (SELECT rowid FROM events WHERE eventId = ? "
                                "ORDER BY eventTime, rowid LIMIT 1)")),
       deleteUpTo_(file_.prepare("DELETE FROM events WHERE eventTime <= ?")) {}

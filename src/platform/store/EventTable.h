@@ -11,8 +11,8 @@
 
 namespace orrelo {
 
-/// The rows of one open event store, for one thread. Whatever fails throws a SqliteFailure or the wrapper's
-/// own exception; the transaction is then the caller's to roll back.
+/// The rows of one open event store. Not thread-safe. Failures throw a SqliteFailure or an exception of the
+/// SQLite wrapper; the caller must then roll back the transaction.
 class EventTable {
  public:
   EventTable(const std::filesystem::path& path, EventTimeStorage timeStorage,
@@ -21,10 +21,10 @@ class EventTable {
   void setBusyTimeout(std::chrono::milliseconds timeout) { file_.setBusyTimeout(timeout); }
   void begin(bool writes);
   void commit() { file_.step(commit_); }
-  /// False where the connection can no longer be relied on.
+  /// False if the rollback failed and the connection must be closed.
   bool rollback();
   bool hasMoved() const { return file_.hasMoved(); }
-  void leaveAsItIs() { file_.leaveAsItIs(); }
+  void skipCheckpointOnClose() { file_.skipCheckpointOnClose(); }
 
   void insert(const EventRow& row);
   std::vector<EventRow> fetchOldest(std::size_t limit);

@@ -5,11 +5,11 @@
 
 namespace orrelo {
 
-/// The exclusive lock that a file stands for. It is held as long as this lives, at most until the process
-/// ends; meanwhile nobody else gets it, in this process or another.
+/// An exclusive lock on a file, against other owners in this process and in other processes. The destructor
+/// and the end of the process release it.
 class FileLock {
  public:
-  /// Null where somebody else holds the lock, or where the file cannot be made. Never waits. Any thread.
+  /// Acquires the lock without waiting. Null if it is taken or if the file cannot be created. Any thread.
   static std::unique_ptr<FileLock> acquire(const std::filesystem::path& file);
 
   ~FileLock();

@@ -8,9 +8,9 @@
 namespace orrelo {
 namespace {
 
-constexpr std::size_t longestName = 120;
+constexpr std::size_t maximumLength = 120;
 
-bool standsForItself(char c) {
+bool isUnescaped(char c) {
   return ascii::isAlphanumeric(c) || c == '-' || c == '_' || c == '.';
 }
 
@@ -27,13 +27,13 @@ std::string digest(std::string_view name) {
 std::string encodedFileName(std::string_view name) {
   std::string text;
   for (const char c : name) {
-    // A leading dot hides a file, or names a folder.
-    if (standsForItself(c) && !(c == '.' && text.empty())) {
+    // A leading dot would make a hidden file or the names "." and "..".
+    if (isUnescaped(c) && !(c == '.' && text.empty())) {
       text += c;
     } else {
       ascii::appendHex(text += '%', static_cast<unsigned char>(c));
     }
-    if (text.size() > longestName) return digest(name);
+    if (text.size() > maximumLength) return digest(name);
   }
   return text;
 }

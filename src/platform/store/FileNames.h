@@ -5,8 +5,7 @@
 
 namespace orrelo {
 
-/// A name that any file system takes as one file's name, different for different names: percent-encoded, or,
-/// where that would be too long, a digest.
+/// Maps `name` to a valid and unique file name: its percent-encoded form, or a digest if that is too long.
 std::string encodedFileName(std::string_view name);
 
 }  // namespace orrelo

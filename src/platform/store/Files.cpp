@@ -58,7 +58,7 @@ std::optional<Error> Files::makeFolder(const fs::path& folder) {
 }
 
 std::string Files::read(const fs::path& file, std::size_t maximumSize) {
-  const Descriptor descriptor(file, O_RDONLY | O_NONBLOCK);  // of a pipe it would wait for a writer
+  const Descriptor descriptor(file, O_RDONLY | O_NONBLOCK);  // opening a pipe would block
   if (descriptor.number() < 0) throw makeError(FileError::open, systemMessage());
   struct stat status {};
   if (::fstat(descriptor.number(), &status) != 0) throw makeError(FileError::open, systemMessage());

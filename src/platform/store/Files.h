@@ -11,22 +11,23 @@
 
 namespace orrelo {
 
-/// Errors of plain files, in the domain "FileError"; the message is the system's.
+/// Errors of file operations, in the domain "FileError"; the message is the system's.
 enum class FileError { directory, open, read, write, remove };
 Error makeError(FileError error, std::string message);
 
 /// Whole files, read and written at once. Any thread.
 struct Files {
-  /// Makes the folder and those above it, the user's alone to read; one that is there is as good.
+  /// Creates the folder, accessible only to the user, and its parents. Succeeds if it already exists.
   static std::optional<Error> makeFolder(const std::filesystem::path& folder);
-  /// Throws `FileError` `open`, for what is no plain file too, or `read`, for what is larger as well.
+  /// Throws FileError `open` if the file cannot be opened or is not a regular file, and `read` if it is
+  /// larger than `maximumSize` or cannot be read.
   static std::string read(const std::filesystem::path& file, std::size_t maximumSize);
-  /// Replaces what the file held; a crash in between leaves a part of it.
+  /// Replaces the file's content. Not atomic: a crash may leave a part of the new content.
   static std::optional<Error> write(const std::filesystem::path& file, std::string_view bytes);
-  /// Removes a folder with all that it holds. An error where there is none.
+  /// Removes a folder and its content. Fails if there is no folder.
   static std::optional<Error> removeFolder(const std::filesystem::path& folder);
   static bool exists(const std::string& file);
-  /// The names of the folder's entries, as far as the folder can be read.
+  /// The names of the folder's entries; those that can be read if listing the folder fails.
   static std::vector<std::string> namesIn(const std::filesystem::path& folder);
 };
 

@@ -15,28 +15,28 @@
 namespace orrelo {
 namespace {
 
-constexpr std::size_t largestBatch = 4096;
-constexpr std::chrono::milliseconds patience{250};
+constexpr std::size_t maximumBatchSize = 4096;
+constexpr std::chrono::milliseconds maximumBusyTimeout{250};
 
 template <class T>
-struct Waiting {
+struct Pending {
   EventDatabase::Completion<T> completion;
   T result{};
 };
 
-struct Insert : Waiting<std::monostate> {
+struct Insert : Pending<std::monostate> {
   EventRow row;
 
   void run(EventTable& table) { table.insert(row); }
 };
 
-struct Fetch : Waiting<std::vector<EventRow>> {
+struct Fetch : Pending<std::vector<EventRow>> {
   std::size_t limit;
 
   void run(EventTable& table) { result = table.fetchOldest(limit); }
 };
 
-struct DeleteRows : Waiting<std::size_t> {
+struct DeleteRows : Pending<std::size_t> {
   std::vector<std::string> eventIds;
 
   void run(EventTable& table) {
@@ -45,7 +45,7 @@ struct DeleteRows : Waiting<std::size_t> {
   }
 };
 
-struct DeleteUpTo : Waiting<std::size_t> {
+struct DeleteUpTo : Pending<std::size_t> {
   StoredTime time;
 
   void run(EventTable& table) { result = table.deleteRowsUpTo(time); }
@@ -56,7 +56,7 @@ struct Operation {
   std::unique_ptr<Error> failure;
 
   bool writes() const { return !std::holds_alternative<Fetch>(work); }
-  /// One statement, which is a transaction of its own.
+  /// True if the operation is a single statement, which needs no explicit transaction.
   bool isAtomic() const {
     const auto* deletion = std::get_if<DeleteRows>(&work);
     return deletion == nullptr || deletion->eventIds.size() <= 1;
@@ -114,9 +114,9 @@ class SqliteEventDatabase final : public EventDatabase,
   std::shared_ptr<const void> acquireSending() override { return FileLock::acquire(path() += ".lock"); }
 
  private:
-  /// Who was kept waiting once in this batch need not wait again.
+  /// Waits for a busy file only once per batch.
   std::chrono::milliseconds busyTimeout() const {
-    return foundBusy_ ? std::chrono::milliseconds(0) : patience;
+    return wasBusy_ ? std::chrono::milliseconds(0) : maximumBusyTimeout;
   }
 
   std::filesystem::path path() const { return directories_->data() / fileName_; }
@@ -126,7 +126,7 @@ class SqliteEventDatabase final : public EventDatabase,
     if (isExiting()) return;
     {
       const std::lock_guard lock(mutex_);
-      if (waiting_.empty() || waiting_.back().size() == largestBatch) waiting_.emplace_back();
+      if (waiting_.empty() || waiting_.back().size() == maximumBatchSize) waiting_.emplace_back();
       waiting_.back().push_back({std::move(work), nullptr});
       if (std::exchange(isDraining_, true)) return;
     }
@@ -137,15 +137,15 @@ class SqliteEventDatabase final : public EventDatabase,
     executor_->post([self = shared_from_this()] { self->drain(); });
   }
 
-  /// One batch, so that the stores take turns; the rest too when the process exits, which takes no more
-  /// posts.
+  /// Runs one batch and posts itself again, so that the stores take turns. When the process is exiting, the
+  /// executor accepts no more tasks, so all remaining batches run at once.
   void drain() {
     while (drainBatch()) {
       if (!isExiting()) return postDrain();
     }
   }
 
-  /// Says whether there is more.
+  /// True if more batches are waiting.
   bool drainBatch() {
     Batch batch;
     {
@@ -156,7 +156,7 @@ class SqliteEventDatabase final : public EventDatabase,
     try {
       run(batch);
     } catch (...) {
-      // None of the file's failures, which `run` has dealt with: without memory for a report, say.
+      // `run` has handled all failures of the file; this is another one, such as a lack of memory.
       table_.reset();
       for (auto& operation : batch) report(operation, SqliteFailure::fromCurrentException());
     }
@@ -169,14 +169,14 @@ class SqliteEventDatabase final : public EventDatabase,
   }
 
   void run(Batch& batch) {
-    foundBusy_ = false;
+    wasBusy_ = false;
     replaced_ = false;
     mustReopen_ = table_ && table_->hasMoved();
     if (mustReopen_) table_.reset();
 
     auto failure = attempt(batch);
     if (failure && batch.size() > 1) {
-      // Together they failed: each on its own, so that only those fail that have to.
+      // Retries the operations one by one, so that only those fail that cannot succeed.
       for (auto& operation : batch) report(operation, attempt({&operation, 1}));
     } else if (failure) {
       report(batch.front(), std::move(failure));
@@ -188,7 +188,7 @@ class SqliteEventDatabase final : public EventDatabase,
     if (failure) operation.failure = std::make_unique<Error>(failure->error());
   }
 
-  /// All of it, or nothing and the reason.
+  /// Commits all operations of the batch or none; returns the reason for a failure.
   std::optional<SqliteFailure> attempt(std::span<Operation> batch) {
     while (true) {
       try {
@@ -198,7 +198,7 @@ class SqliteEventDatabase final : public EventDatabase,
         auto failure = SqliteFailure::fromCurrentException();
         if (table_ && !table_->rollback()) table_.reset();
         if (failure.isBusy()) {
-          foundBusy_ = true;
+          wasBusy_ = true;
           return failure;
         }
         mustReopen_ = true;
@@ -218,14 +218,14 @@ class SqliteEventDatabase final : public EventDatabase,
     table_->commit();
   }
 
-  /// Puts a fresh file in the place of an unusable one; false where the folder does not let us.
+  /// Replaces an unusable file by an empty one. False if the file could not be renamed.
   bool replace(const SqliteFailure& reason) {
-    // Another process may have done it before us.
+    // Another process may already have replaced it.
     const bool moved = table_ && table_->hasMoved();
-    if (table_) table_->leaveAsItIs();
+    if (table_) table_->skipCheckpointOnClose();
     table_.reset();
     const auto file = path();
-    if (!moved && !setAside(file, clock_->now(), reason)) return false;
+    if (!moved && !quarantine(file, clock_->now(), reason)) return false;
     replaced_ = true;
     mustReopen_ = false;
     try {
@@ -247,9 +247,9 @@ class SqliteEventDatabase final : public EventDatabase,
   std::deque<Batch> waiting_;
   bool isDraining_ = false;
 
-  // Used by the executor's tasks alone.
+  // Accessed only in the executor's tasks.
   std::optional<EventTable> table_;
-  bool foundBusy_ = false;
+  bool wasBusy_ = false;
   bool replaced_ = false;
   bool mustReopen_ = false;
 };

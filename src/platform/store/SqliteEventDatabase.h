@@ -14,7 +14,7 @@
 
 namespace orrelo {
 
-/// Event stores as SQLite files. All of them share one executor; with none given, a thread of their own.
+/// Event stores in SQLite files. All stores share one executor, by default a thread of their own.
 class SqliteEventDatabaseFactory final : public EventDatabaseFactory {
  public:
   SqliteEventDatabaseFactory(std::shared_ptr<Directories> directories, std::shared_ptr<Clock> clock,

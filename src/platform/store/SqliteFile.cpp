@@ -36,7 +36,7 @@ const char* caseName(int code) {
   }
 }
 
-/// A file that could not be opened for one of these reasons may be sound.
+/// True if opening failed because of the system and the file itself may be intact.
 bool isEnvironment(int systemError) {
   switch (systemError) {
     case EACCES:
@@ -58,11 +58,11 @@ SqliteFailure failureOf(sqlite3* handle, int code) {
   return {code, sqlite3_system_errno(handle), sqlite3_errmsg(handle)};
 }
 
-/// Opening through the wrapper loses what the system said, so a failure is provoked once more without it.
+/// The SQLite wrapper discards the system's error number, so this opens the file again without the wrapper.
 SqliteFailure openingFailure(const std::filesystem::path& path, int flags, const SQLite::Exception& first) {
   sqlite3* handle = nullptr;
   const int code = sqlite3_open_v2(path.c_str(), &handle, flags, nullptr);
-  // Gone by now: no fault of the file's.
+  // The second attempt succeeded, so the file itself is intact.
   const int systemError = code == SQLITE_OK ? EACCES : sqlite3_system_errno(handle);
   sqlite3_close(handle);
   return {first.getErrorCode(), systemError, first.what()};
@@ -103,7 +103,7 @@ bool SqliteFailure::isUnusableFile() const {
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
       return true;
-    // Our statements are right and our tables have no constraints: these tables are not ours.
+    // The statements are valid and the tables have no constraints, so the file has a foreign schema.
     case SQLITE_ERROR:
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
@@ -157,8 +157,8 @@ void SqliteFile::setBusyTimeout(std::chrono::milliseconds timeout) {
 }
 
 void SqliteFile::prepareForWriting(std::chrono::milliseconds busyTimeout) {
-  // Two processes that make one file at the same time: SQLite tells one of them at once that the other is
-  // busy, whatever the timeout.
+  // If two processes create the file at the same time, SQLite reports "busy" to one of them immediately,
+  // regardless of the timeout.
   constexpr std::chrono::milliseconds pause{5};
   setBusyTimeout(pause);
   for (auto left = busyTimeout;; left -= pause) {
@@ -192,11 +192,11 @@ bool SqliteFile::hasMoved() const {
   return code == SQLITE_OK && moved != 0;
 }
 
-void SqliteFile::leaveAsItIs() {
+void SqliteFile::skipCheckpointOnClose() {
   sqlite3_db_config(database_.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
-bool setAside(const std::filesystem::path& path, Date now, const SqliteFailure& reason) {
+bool quarantine(const std::filesystem::path& path, Date now, const SqliteFailure& reason) {
   std::error_code failure;
   const auto stem = path.string() + ".corrupt-" + formatDate(now, "yyyyMMdd'-'HHmmss");
   auto target = stem;
@@ -204,7 +204,7 @@ bool setAside(const std::filesystem::path& path, Date now, const SqliteFailure& 
     target = stem + "-" + std::to_string(n);
   }
   std::filesystem::rename(path, target, failure);
-  // Companions without their file would be taken for the fresh file's.
+  // If the file was not renamed, its -wal and -shm files must stay with it.
   if (failure && failure != std::errc::no_such_file_or_directory) return false;
   for (const char* companion : {"-wal", "-shm"}) {
     std::filesystem::rename(path.string() + companion, target + companion, failure);

@@ -12,24 +12,25 @@
 
 namespace orrelo {
 
-/// What SQLite answered in place of a result.
+/// A failure reported by SQLite.
 class SqliteFailure : public std::runtime_error {
  public:
   SqliteFailure(int code, int systemError, const std::string& message)
       : std::runtime_error(message), code_(code & 0xFF), systemError_(systemError) {}
 
-  /// For the exception being handled; call it in a catch block only.
+  /// Converts the exception being handled; call it only in a catch block.
   static SqliteFailure fromCurrentException();
 
   /// The primary result code.
   int code() const { return code_; }
   bool isBusy() const;
-  /// The file itself is at fault: damaged, no database, none of our tables, or no file at all. A fresh one
-  /// helps.
+  /// True if the file must be replaced: it is damaged, is not a database, has a foreign schema, or is not a
+  /// regular file.
   bool isUnusableFile() const;
-  /// The machine refuses for now: busy, full, read-only, or without permission.
+  /// True if the system rejects the operation for now: busy, full, read-only, out of memory, or no
+  /// permission.
   bool isRefusal() const;
-  /// In the domain "SQLite".
+  /// The failure as an Error in the domain "SQLite".
   Error error() const;
 
  private:
@@ -37,7 +38,7 @@ class SqliteFailure : public std::runtime_error {
   int systemError_;
 };
 
-/// One connection to a database file, for one thread at a time. Whatever fails throws a SqliteFailure.
+/// One connection to a database file. Not thread-safe. Failures throw a SqliteFailure.
 class SqliteFile {
  public:
   enum class Missing { create, fail };
@@ -46,26 +47,26 @@ class SqliteFile {
 
   void execute(const char* sql);
   SQLite::Statement prepare(const char* sql);
-  /// Whether there is a row; the statement is reset when there is none.
+  /// Steps to the next row. False if there is none; the statement is then reset.
   bool step(SQLite::Statement& statement);
 
   void setBusyTimeout(std::chrono::milliseconds timeout);
-  /// Write-ahead log, synced at checkpoints. Sets the busy timeout too.
+  /// Enables the write-ahead log with synchronous = NORMAL, and sets the busy timeout.
   void prepareForWriting(std::chrono::milliseconds busyTimeout);
   std::size_t changes() const;
   bool isInTransaction() const;
   bool hasTable(const std::string& name);
-  /// Whether the file's name no longer leads to this file.
+  /// True if the file was renamed, deleted or replaced since it was opened.
   bool hasMoved() const;
-  /// Closing then writes nothing into the file.
-  void leaveAsItIs();
+  /// Disables the checkpoint at closing, so that closing writes nothing into the file.
+  void skipCheckpointOnClose();
 
  private:
   SQLite::Database database_;
 };
 
-/// Renames an unusable database and its companions to "<name>.corrupt-<date>", with one ERROR line. False
-/// where the folder does not let us.
-bool setAside(const std::filesystem::path& path, Date now, const SqliteFailure& reason);
+/// Renames an unusable database and its -wal and -shm files to "<name>.corrupt-<date>" and logs an error.
+/// False if the file could not be renamed.
+bool quarantine(const std::filesystem::path& path, Date now, const SqliteFailure& reason);
 
 }  // namespace orrelo

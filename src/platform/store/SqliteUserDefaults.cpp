@@ -9,8 +9,9 @@
 
 namespace orrelo {
 
-/// A read is answered from `pending_`, else from `values_`, else from the file. There are two locks, so that
-/// a read never waits for a write to the file; the one for the file is taken first.
+/// A read is answered from `pending_`, else from `values_`, else from the file. The file and the values in
+/// memory have separate mutexes, so that a read does not wait for a write to the file; `fileMutex_` is locked
+/// first.
 class SqliteUserDefaults final : public UserDefaults {
  public:
   SqliteUserDefaults(std::string fileName, std::shared_ptr<Directories> directories,
@@ -39,7 +40,8 @@ class SqliteUserDefaults final : public UserDefaults {
     return isText(known) ? std::get<std::string>(*known) : candidate;
   }
 
-  /// The values known so far stay for as long as the file cannot be read or is missing.
+  /// Makes the next read load the file again. The known values remain valid if the file is missing or
+  /// unreadable.
   void refresh() {
     const std::lock_guard file(fileMutex_);
     const std::lock_guard memory(memoryMutex_);
@@ -97,7 +99,7 @@ class SqliteUserDefaults final : public UserDefaults {
       if (file_) stored = file_->read();
     } catch (...) {
       const auto failure = SqliteFailure::fromCurrentException();
-      // A file that cannot be read for now is asked again by the next read.
+      // A file that is temporarily unreadable is loaded by the next read.
       if (!failure.isUnusableFile() || !replace(failure)) {
         file_.reset();
         return;
@@ -140,15 +142,15 @@ class SqliteUserDefaults final : public UserDefaults {
     }
   }
 
-  // The changes for a fresh file in place of one that is gone. Values that another process has put there
-  // stay.
+  // The changes that restore all values in a new file. Values that another process has already written there
+  // are kept.
   DefaultsChanges everything() const {
     auto changes = pending_;
     for (const auto& [key, value] : values_) changes.emplace(key, DefaultsChange{value, Stored::kept});
     return changes;
   }
 
-  // Takes over what the file holds now.
+  // Moves the applied changes from `pending_` to `values_`.
   void settle(DefaultsChanges changes) {
     const std::lock_guard memory(memoryMutex_);
     mustWriteAll_ = false;
@@ -162,12 +164,12 @@ class SqliteUserDefaults final : public UserDefaults {
     }
   }
 
-  /// Makes room for a fresh file; false where the folder does not let us.
+  /// Moves an unusable file out of the way. False if it could not be renamed.
   bool replace(const SqliteFailure& reason) const {
     const bool moved = file_ && file_->hasMoved();
-    if (file_) file_->leaveAsItIs();
+    if (file_) file_->skipCheckpointOnClose();
     file_.reset();
-    return moved || setAside(path(), clock_->now(), reason);
+    return moved || quarantine(path(), clock_->now(), reason);
   }
 
   const std::string fileName_;
@@ -177,11 +179,11 @@ class SqliteUserDefaults final : public UserDefaults {
   mutable std::mutex fileMutex_;
   mutable std::unique_ptr<DefaultsFile> file_;
 
-  // All written under both locks.
+  // Written only while both mutexes are locked.
   mutable std::mutex memoryMutex_;
   mutable DefaultsValues values_;
   mutable bool isLoaded_ = false;
-  // The file was missing or damaged when it was read.
+  // True if the file was missing or damaged when it was read.
   mutable bool mustWriteAll_ = false;
   mutable DefaultsChanges pending_;
 };

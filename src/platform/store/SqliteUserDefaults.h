@@ -14,8 +14,8 @@ namespace orrelo {
 
 class SqliteUserDefaults;
 
-/// Suites as SQLite files, one each. Opening a suite touches no file: the first read loads it, and the first
-/// write makes it where it is missing.
+/// Suites in SQLite files, one file per suite. Opening a suite does not access its file: the first read loads
+/// it, and the first write creates it if missing.
 class SqliteUserDefaultsFactory final : public UserDefaultsFactory {
  public:
   SqliteUserDefaultsFactory(std::shared_ptr<Directories> directories, std::shared_ptr<Clock> clock,

@@ -17,7 +17,7 @@
 namespace orrelo {
 namespace {
 
-constexpr std::chrono::microseconds lookout{30};
+constexpr std::chrono::microseconds spinTime{30};
 
 }  // namespace
 
@@ -26,7 +26,7 @@ struct WriterQueue::State {
   std::condition_variable arrived;
   std::deque<Task> tasks;
   std::thread thread;
-  std::optional<ExitWaits> waits;  // while there are tasks
+  std::optional<ExitBlocker> exitBlocker;  // set while there are tasks
   std::atomic<bool> hasArrived = false;
   bool sleeping = false;
   bool stopping = false;
@@ -43,7 +43,7 @@ struct WriterQueue::State {
     std::unique_lock lock(mutex);
     while (true) {
       if (tasks.empty()) {
-        waits.reset();
+        exitBlocker.reset();
         if (stopping) return;
         waitForTask(lock);
         continue;
@@ -51,17 +51,18 @@ struct WriterQueue::State {
       auto task = std::move(tasks.front());
       tasks.pop_front();
       lock.unlock();
-      runGuarded(task);  // not runTask: the exit waits until none is left
+      runGuarded(task);  // not runTask: the exit waits for all queued tasks
       task = nullptr;
       lock.lock();
     }
   }
 
-  /// Looks out for a moment first: the next task often follows at once, sooner than a sleeper would wake up.
+  /// Spins for a moment before it sleeps: the next task often follows sooner than a sleeping thread would
+  /// wake.
   void waitForTask(std::unique_lock<std::mutex>& lock) {
     hasArrived = false;
     lock.unlock();
-    const auto end = std::chrono::steady_clock::now() + lookout;
+    const auto end = std::chrono::steady_clock::now() + spinTime;
     while (!hasArrived && std::chrono::steady_clock::now() < end) continue;
     lock.lock();
     if (hasArrived) return;
@@ -84,13 +85,13 @@ WriterQueue::~WriterQueue() {
 }
 
 void WriterQueue::post(Task task) {
-  const ExitWaits waits;
+  const ExitBlocker blocker;
   if (isExiting()) return;
   bool wake = false;
   {
     const std::lock_guard lock(state_->mutex);
     state_->tasks.push_back(std::move(task));
-    if (!state_->waits) state_->waits.emplace();
+    if (!state_->exitBlocker) state_->exitBlocker.emplace();
     state_->hasArrived = true;
     if (!state_->thread.joinable()) state_->start(state_);
     wake = std::exchange(state_->sleeping, false);

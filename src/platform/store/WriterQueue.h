@@ -15,12 +15,12 @@ class SerialExecutor {
   virtual void post(Task task) = 0;
 };
 
-/// The stores' own thread, started by the first task. What is posted after the process began to exit is
-/// dropped; the exit waits for the rest.
+/// The stores' own thread, started by the first task. Tasks posted after the process has begun to exit are
+/// dropped; the exit waits for the others.
 class WriterQueue final : public SerialExecutor {
  public:
   WriterQueue();
-  /// Runs what was posted, then ends the thread.
+  /// Runs the remaining tasks, then ends the thread.
   ~WriterQueue() override;
 
   void post(Task task) override;

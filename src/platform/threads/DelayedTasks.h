@@ -8,30 +8,30 @@
 
 namespace orrelo {
 
-/// Tasks by the time at which they are due, and of one due time in the order in which they were added.
-/// Unlocked.
+/// Tasks ordered by their due time; tasks with the same due time keep the order in which they were added. Not
+/// thread-safe.
 template <class Task>
 class DelayedTasks {
  public:
   using Time = std::chrono::steady_clock::time_point;
 
-  /// The time after `delay`, however long that is.
+  /// The time after `delay`, limited so that it does not overflow.
   static Time after(std::chrono::microseconds delay) {
-    constexpr std::chrono::hours longest{24 * 365 * 100};
-    return std::chrono::steady_clock::now() + std::min<std::chrono::microseconds>(delay, longest);
+    constexpr std::chrono::hours maximumDelay{24 * 365 * 100};
+    return std::chrono::steady_clock::now() + std::min<std::chrono::microseconds>(delay, maximumDelay);
   }
 
   bool empty() const { return heap_.empty(); }
   Time firstDue() const { return heap_.front().due; }
 
-  /// Whether the task is now the first one due.
+  /// Adds a task. True if it is now the first one due.
   bool add(Time due, Task task) {
     heap_.push_back({due, added_++, std::move(task)});
     std::push_heap(heap_.begin(), heap_.end());
     return heap_.front().number == added_ - 1;
   }
 
-  /// Hands over what is due by now.
+  /// Removes the tasks that are due and passes each to `take`.
   template <class Take>
   void takeDue(const Take& take) {
     if (heap_.empty()) return;
@@ -49,7 +49,7 @@ class DelayedTasks {
     std::uint64_t number;
     Task task;
 
-    /// Puts the first due on top of the heap.
+    /// Reversed, so that the first task due is on top of the heap.
     friend bool operator<(const Entry& a, const Entry& b) {
       return a.due != b.due ? a.due > b.due : a.number > b.number;
     }

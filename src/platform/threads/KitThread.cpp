@@ -16,28 +16,28 @@ namespace orrelo {
 namespace {
 
 std::atomic<bool> exitBegan = false;
-std::atomic<int> held = 0;
-// A task may be what ends the process.
-thread_local int heldHere = 0;
+std::atomic<int> activeTasks = 0;
+// Excluded from the wait in `beginExit`, since a task itself may end the process.
+thread_local int activeTasksHere = 0;
 
 int registerExit() {
-  // Handlers run in the reverse order: what simdjson makes at its first use must be there before, for tasks
-  // need it.
+  // Exit handlers and destructors of static objects run in reverse order. Using simdjson here creates its
+  // static objects before `beginExit` is registered, so that they outlive the tasks that it waits for.
   static_cast<void>(utf8::isValid({}));
   return std::atexit(beginExit);
 }
 
-[[noreturn]] void stopForGood() {
+[[noreturn]] void suspendForever() {
   while (true) pause();
 }
 
 }  // namespace
 
 void beginExit() {
-  constexpr std::chrono::seconds patience{1};
+  constexpr std::chrono::seconds timeout{1};
   if (exitBegan.exchange(true)) return;
-  const auto end = std::chrono::steady_clock::now() + patience;
-  while (held > heldHere && std::chrono::steady_clock::now() < end) {
+  const auto end = std::chrono::steady_clock::now() + timeout;
+  while (activeTasks > activeTasksHere && std::chrono::steady_clock::now() < end) {
     std::this_thread::sleep_for(std::chrono::microseconds(100));
   }
 }
@@ -47,17 +47,17 @@ bool isExiting() {
   return exitBegan;
 }
 
-ExitWaits::ExitWaits() {
-  ++held;
+ExitBlocker::ExitBlocker() {
+  ++activeTasks;
 }
 
-ExitWaits::~ExitWaits() {
-  --held;
+ExitBlocker::~ExitBlocker() {
+  --activeTasks;
 }
 
 std::thread startKitThread(const char* name, std::function<void()> body) {
-  // The host's signals are for the host's threads, but for those that a thread raises by a fault of its own
-  // or that look at every thread: crash reporters and profilers live on them.
+  // The host's signals must not be handled on the kit's threads. Signals that a thread raises by its own
+  // fault and SIGPROF stay unblocked, since crash reporters and profilers depend on them.
   sigset_t blocked;
   sigset_t before;
   sigfillset(&blocked);
@@ -79,16 +79,16 @@ std::thread startKitThread(const char* name, std::function<void()> body) {
 
 void runTask(std::function<void()> task) {
   {
-    const ExitWaits waits;
+    const ExitBlocker blocker;
     if (!isExiting()) {
-      ++heldHere;
+      ++activeTasksHere;
       runGuarded(task);
       task = nullptr;
-      --heldHere;
+      --activeTasksHere;
       return;
     }
   }
-  stopForGood();
+  suspendForever();
 }
 
 void runGuarded(const std::function<void()>& task) {

@@ -7,36 +7,37 @@
 
 namespace orrelo {
 
-/// Whether the process has begun to exit. The kit's threads drop what they are asked for from then on: what a
-/// task would touch may be gone.
+/// True once the process has begun to exit. From then on the kit's threads drop new tasks, because objects
+/// that a task uses may already be destroyed.
 bool isExiting();
 
-/// The kit's threads stop: waits for what they run, for a second at most. Comes by itself with the process's
-/// exit handlers; whoever takes down earlier what tasks use calls it before. More calls do nothing.
+/// Stops the kit's threads: waits for their current tasks, at most one second. An exit handler calls it; code
+/// that destroys objects used by tasks earlier must call it before that. Further calls do nothing.
 ORRELO_EXPORT void beginExit();
 
-/// While one is held, the exit waits. To be taken before `isExiting` is asked, or the exit may begin in
-/// between.
-class ExitWaits {
+/// Delays the exit of the process while an instance exists. Create it before calling `isExiting`; otherwise
+/// the exit may begin in between.
+class ExitBlocker {
  public:
-  ExitWaits();
-  ~ExitWaits();
-  ExitWaits(const ExitWaits&) = delete;
-  ExitWaits& operator=(const ExitWaits&) = delete;
+  ExitBlocker();
+  ~ExitBlocker();
+  ExitBlocker(const ExitBlocker&) = delete;
+  ExitBlocker& operator=(const ExitBlocker&) = delete;
 };
 
-/// A thread that takes none of the host's signals. Its name has at most 15 characters. Throws
-/// std::system_error where the machine has no thread to give.
+/// Starts a thread that blocks the host's signals. Its name may have at most 15 characters. Throws
+/// std::system_error if no thread can be created.
 std::thread startKitThread(const char* name, std::function<void()> body);
 
-/// Runs `task` on a thread of the kit's, and the exit waits for it and for the end of what it holds. A thread
-/// that meets the exit here stops for good, with its task: whose captures may need what is gone.
+/// Runs `task` on the calling thread of the kit. The exit waits for the task and for the destruction of its
+/// captures. If the process is already exiting, the thread is suspended forever and keeps the task, because
+/// destroying its captures may access objects that no longer exist.
 void runTask(std::function<void()> task);
 
-/// Runs `task`; what it throws ends in an ERROR line.
+/// Runs `task`; an exception that it throws is logged as an error.
 void runGuarded(const std::function<void()>& task);
 
-/// Joins, or lets go of the thread when it is the caller's own or has stopped with the exit.
+/// Joins the thread; detaches it if it is the calling thread or if the process is exiting.
 void finish(std::thread& thread);
 
 }  // namespace orrelo

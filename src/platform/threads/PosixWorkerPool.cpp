@@ -21,19 +21,19 @@
 namespace orrelo {
 namespace {
 
-/// What waits for its time, and the queue that it goes to then.
+/// A delayed task and the index of the queue that it enters when it is due.
 struct Delayed {
   std::size_t queue;
   WorkerPool::Task task;
 };
 
-// Called by each worker. Its work must not delay the threads of the host: the main thread that builds a
-// screen while pictures are read, and the caller of `sendEvent`, whose processor a woken worker may take
-// before the call returns. The class SCHED_BATCH prevents the latter, a nice value the former.
-void giveWayToHost() {
-#ifdef __linux__  // elsewhere both concern the whole process
-  const sched_param noPriority{};
-  pthread_setschedparam(pthread_self(), SCHED_BATCH, &noPriority);
+// Called by each worker, whose work must not delay the host's threads. The nice value gives precedence to the
+// main thread, which may be building a screen while workers decode images. SCHED_BATCH keeps a worker that
+// `sendEvent` wakes from preempting the caller before the call returns.
+void lowerPriority() {
+#ifdef __linux__  // elsewhere both calls affect the whole process
+  const sched_param batchPriority{};
+  pthread_setschedparam(pthread_self(), SCHED_BATCH, &batchPriority);
   setpriority(PRIO_PROCESS, 0, 5);
 #endif
 }
@@ -53,7 +53,7 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
   std::array<Worker, 4> workers;
   std::size_t started = 0;
   std::vector<Worker*> sleeping;
-  /// The one sleeper that wakes by itself, when the first delayed task is due.
+  /// The sleeping worker that wakes up when the first delayed task is due.
   Worker* timekeeper = nullptr;
   bool stopping = false;
 
@@ -75,8 +75,8 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
     return nullptr;
   }
 
-  /// A worker that the caller must notify, or null when a new one was started or all are at work.
-  Worker* callWorker() {
+  /// Returns a sleeping worker, which the caller must notify; null if a new one was started or all are busy.
+  Worker* acquireWorker() {
     if (!sleeping.empty()) {
       auto* const worker = sleeping.back();
       sleeping.pop_back();
@@ -98,14 +98,15 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
   }
 
   void work(Worker& worker) {
-    giveWayToHost();
+    lowerPriority();
     std::unique_lock lock(mutex);
     bool hasYielded = false;
     while (!stopping) {
       promoteDue();
       auto task = takeFirst();
       if (!task && !std::exchange(hasYielded, true)) {
-        // Whoever feeds the pool often has more: one turn for them is cheaper than being woken by them.
+        // The posting thread often has more tasks; yielding to it once is cheaper than sleeping and being
+        // woken.
         lock.unlock();
         std::this_thread::yield();
         lock.lock();
@@ -116,9 +117,9 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
         continue;
       }
       hasYielded = false;
-      // While this worker is away another one has to see to the rest.
+      // Another worker must take the remaining and the delayed tasks while this one is busy.
       const bool isNeeded = hasReady() || (!delayed.empty() && timekeeper == nullptr);
-      auto* const other = isNeeded ? callWorker() : nullptr;
+      auto* const other = isNeeded ? acquireWorker() : nullptr;
       lock.unlock();
       if (other != nullptr) other->wake.notify_one();
       runTask(std::move(task));
@@ -163,7 +164,7 @@ void PosixWorkerPool::post(QualityOfService qos, Task task) {
   {
     const std::lock_guard lock(state_->mutex);
     state_->ready[static_cast<std::size_t>(qos)].push_back(std::move(task));
-    worker = state_->callWorker();
+    worker = state_->acquireWorker();
   }
   if (worker != nullptr) worker->wake.notify_one();
 }
@@ -176,13 +177,13 @@ void PosixWorkerPool::postAfter(QualityOfService qos, std::chrono::microseconds 
   {
     const std::lock_guard lock(state_->mutex);
     const bool isFirst = state_->delayed.add(due, {static_cast<std::size_t>(qos), std::move(task)});
-    // Whoever waits for a later task must wait anew.
+    // The timekeeper waits for a later task and must wake up to wait for this one.
     if (isFirst && state_->timekeeper != nullptr) {
       worker = state_->timekeeper;
       if (!worker->isAwake) std::erase(state_->sleeping, worker);
       worker->isAwake = true;
     } else if (isFirst) {
-      worker = state_->callWorker();
+      worker = state_->acquireWorker();
     }
   }
   if (worker != nullptr) worker->wake.notify_one();

@@ -6,12 +6,12 @@
 
 namespace orrelo {
 
-/// At most four threads, started as work comes in. What has not begun when the process begins to exit is not
-/// run.
+/// A pool of at most four threads, which are started on demand. Tasks that have not started when the process
+/// begins to exit are not run.
 class PosixWorkerPool final : public WorkerPool {
  public:
   PosixWorkerPool();
-  /// Waits for the tasks that run; those that wait are dropped.
+  /// Waits for the running tasks and drops the queued ones.
   ~PosixWorkerPool() override;
 
   void post(QualityOfService qos, Task task) override;

@@ -21,7 +21,7 @@ struct RunLoop::State {
   std::optional<std::thread::id> runner;
   bool isStopped = false;
 
-  /// Until something changes, a delayed task is due, or the time is up.
+  /// Waits until something changes, a delayed task is due, or `end` is reached.
   void wait(std::unique_lock<std::mutex>& lock, std::optional<DelayedTasks<Task>::Time> end) {
     auto until = end;
     if (!delayed.empty() && (!until || delayed.firstDue() < *until)) until = delayed.firstDue();

@@ -17,21 +17,21 @@ struct SerialQueue::State : std::enable_shared_from_this<SerialQueue::State> {
   std::mutex mutex;
   std::condition_variable stopped;
   std::deque<Task> tasks;
-  /// A worker was called and has not come yet.
-  bool isCalled = false;
+  /// True while a posted call of `work` has not started yet.
+  bool isScheduled = false;
   bool isRunning = false;
 
-  void callWorker() {
-    if (tasks.empty() || isRunning || std::exchange(isCalled, true)) return;
+  void schedule() {
+    if (tasks.empty() || isRunning || std::exchange(isScheduled, true)) return;
     workers->post(qos, [self = shared_from_this()] { self->work(); });
   }
 
-  // One task a turn, so that a long queue does not keep a worker from more urgent work.
+  // Runs one task per call, so that a long queue does not keep a worker from more urgent work.
   void work() {
     Lock lock(mutex);
-    isCalled = false;
+    isScheduled = false;
     if (!tasks.empty() && !isRunning) runFirst(lock);
-    callWorker();
+    schedule();
   }
 
   void runFirst(Lock& lock) {
@@ -52,7 +52,7 @@ struct SerialQueue::State : std::enable_shared_from_this<SerialQueue::State> {
       if (tasks.empty() || std::chrono::steady_clock::now() >= deadline) break;
       runFirst(lock);
     }
-    callWorker();
+    schedule();
   }
 };
 
@@ -65,7 +65,7 @@ SerialQueue::SerialQueue(std::shared_ptr<WorkerPool> workers, QualityOfService q
 void SerialQueue::post(Task task) {
   const std::lock_guard lock(state_->mutex);
   state_->tasks.push_back(std::move(task));
-  state_->callWorker();
+  state_->schedule();
 }
 
 void SerialQueue::finish(std::chrono::milliseconds timeout) {

@@ -8,15 +8,15 @@
 
 namespace orrelo {
 
-/// Tasks one at a time, in the order in which they were posted, on a pool of workers. The queue may go before
-/// its tasks have run.
+/// Runs tasks on a worker pool, one at a time, in the order in which they were posted. The queue may be
+/// destroyed before its tasks have run.
 class SerialQueue final : public SerialExecutor {
  public:
   SerialQueue(std::shared_ptr<WorkerPool> workers, QualityOfService qos);
 
   void post(Task task) override;
-  /// Runs what waits, on the caller's thread, for as long as there is time for another task. Waits no longer
-  /// than that for the one that a worker runs.
+  /// Runs the queued tasks on the calling thread until `timeout` has passed; a task that has started
+  /// completes. Waits at most as long for a task that a worker is running.
   void finish(std::chrono::milliseconds timeout);
 
  private:

@@ -10,15 +10,15 @@
 
 namespace orrelo {
 
-/// Runs `task` on the main thread: now where that is the caller's, else soon.
+/// Runs `task` immediately if called on the main thread; otherwise posts it there.
 template <class Task>
 void onMain(MainLoop& loop, Task task) {
   if (loop.isCurrent()) return task();
   loop.post(std::move(task));
 }
 
-/// A callback that is called once, on the main thread, and let go there with all that it holds. What it
-/// throws ends in a log line. Its copies stand for the same callback.
+/// A callback that is called at most once, on the main thread, and is destroyed there after the call. An
+/// exception that it throws is logged. Copies share the callback.
 template <class Value>
 class MainCompletion {
  public:

@@ -4,7 +4,8 @@
 
 namespace orrelo::reactive {
 
-/// An operator whose every notification passes straight through: it hands its source's handle on.
+/// The base of operators that handle each notification synchronously. It passes its source's handle
+/// downstream.
 template <class In, class Out>
 class ElementwiseNode : public Observer<In> {
  public:
@@ -24,7 +25,7 @@ class ElementwiseNode : public Observer<In> {
   }
 
  protected:
-  /// Null once the stream has ended; a source that emits on meanwhile finds nobody.
+  /// Null once the stream has ended; the source may still emit elements then.
   Observer<Out>* downstream() { return downstream_.get(); }
 
   ObserverPtr<Out> finish() {
@@ -32,14 +33,14 @@ class ElementwiseNode : public Observer<In> {
     return std::exchange(downstream_, nullptr);
   }
 
-  /// Ends the stream from within.
+  /// Ends the stream downstream and cancels the upstream.
   void end(const Event<Out>& event) {
     const auto upstream = upstream_;
     if (auto downstream = finish()) downstream->on(event);
     upstream.dispose();
   }
 
-  /// Runs `step`; what it throws ends the stream.
+  /// Runs `step`; an exception that it throws ends the stream.
   template <class Step>
   void guarded(Step step) {
     if (!downstream_) return;

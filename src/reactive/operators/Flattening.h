@@ -7,12 +7,12 @@
 
 namespace orrelo::reactive {
 
-/// How many inner streams run at once, and what happens to those that come meanwhile.
+/// How many inner streams run concurrently, and how new ones are handled meanwhile.
 enum class FlatteningRule { mergeAll, latestOnly, oneByOne };
 
-/// The outer end of flatMap, flatMapLatest and concatMap. The source owns it; each inner stream's end owns it
-/// too. The handle that goes downstream is `upstreams_`, which knows sources alone, so that nothing holds
-/// itself.
+/// The observer of the outer stream of flatMap, flatMapLatest and concatMap. It is owned by the source and by
+/// the observers of the inner streams. The handle given downstream is `upstreams_`, which only references the
+/// sources' subscriptions, so that there is no reference cycle.
 template <class In, class Out, class F>
 class FlatteningNode final : public Observer<In>,
                              public std::enable_shared_from_this<FlatteningNode<In, Out, F>> {
@@ -22,13 +22,13 @@ class FlatteningNode final : public Observer<In>,
 
   void onSubscribe(Disposable upstream) override {
     upstreams_->insert(std::move(upstream));
-    // The gate's own pointer serves from here on.
+    // Only the gate references the observer from here on.
     std::exchange(observer_, nullptr)->onSubscribe(Disposable(upstreams_));
   }
 
   void onNext(const In& element) override {
     if (upstreams_->isDisposed()) return;
-    if (rule_ == FlatteningRule::oneByOne && !takeTurn(element)) return;
+    if (rule_ == FlatteningRule::oneByOne && !tryStart(element)) return;
     if (rule_ == FlatteningRule::latestOnly) exchangeLatest({}).dispose();
     start(element);
     if (rule_ == FlatteningRule::oneByOne) startWaiting();
@@ -49,8 +49,8 @@ class FlatteningNode final : public Observer<In>,
  private:
   class InnerNode final : public Observer<Out> {
    public:
-    InnerNode(std::shared_ptr<FlatteningNode> outer, std::uint64_t turn)
-        : outer_(std::move(outer)), turn_(turn) {}
+    InnerNode(std::shared_ptr<FlatteningNode> outer, std::uint64_t generation)
+        : outer_(std::move(outer)), generation_(generation) {}
 
     void onSubscribe(Disposable upstream) override {
       if (!outer_) return upstream.dispose();
@@ -58,22 +58,22 @@ class FlatteningNode final : public Observer<In>,
       if (outer_->rule_ == FlatteningRule::latestOnly) outer_->exchangeLatest(std::move(upstream));
     }
     void onNext(const Out& element) override {
-      if (outer_) outer_->innerNext(turn_, element);
+      if (outer_) outer_->innerNext(generation_, element);
     }
     void onError(const Error& error) override {
-      if (const auto outer = std::exchange(outer_, nullptr)) outer->innerFailed(turn_, error);
+      if (const auto outer = std::exchange(outer_, nullptr)) outer->innerFailed(generation_, error);
     }
     void onCompleted() override {
-      if (const auto outer = std::exchange(outer_, nullptr)) outer->innerCompleted(turn_);
+      if (const auto outer = std::exchange(outer_, nullptr)) outer->innerCompleted(generation_);
     }
 
    private:
     std::shared_ptr<FlatteningNode> outer_;
-    std::uint64_t turn_;
+    std::uint64_t generation_;
   };
 
-  // oneByOne: false when another inner stream runs, and then the element waits.
-  bool takeTurn(const In& element) {
+  // oneByOne: returns false and queues the element if another inner stream is running.
+  bool tryStart(const In& element) {
     const std::lock_guard lock(mutex_);
     if (running_ == 0 && waiting_.empty() && !starting_) return starting_ = true;
     waiting_.push(Event<In>::next(element));
@@ -87,7 +87,7 @@ class FlatteningNode final : public Observer<In>,
 
   bool hasNothingLeft() const { return outerEnded_ && running_ == 0 && !starting_ && waiting_.empty(); }
 
-  // A loop and not a recursion: a thousand waiting elements whose inner streams end at once cost no stack.
+  // Loops instead of recursing, so that many queued elements whose inner streams end at once need no stack.
   void startWaiting() {
     while (true) {
       std::optional<Event<In>> next;
@@ -109,51 +109,53 @@ class FlatteningNode final : public Observer<In>,
   }
 
   void start(const In& element) {
-    std::uint64_t turn = 0;
+    std::uint64_t generation = 0;
     {
       const std::lock_guard lock(mutex_);
-      turn = ++turn_;
-      // Of latestOnly the former inner stream has been dropped.
+      generation = ++generation_;
+      // latestOnly: the previous inner stream has been disposed.
       running_ = rule_ == FlatteningRule::latestOnly ? 1 : running_ + 1;
     }
     try {
-      transform_(element).subscribe(std::make_shared<InnerNode>(this->shared_from_this(), turn), nullptr);
+      transform_(element).subscribe(std::make_shared<InnerNode>(this->shared_from_this(), generation),
+                                    nullptr);
     } catch (...) {
       fail(Error::fromCurrentException());
     }
   }
 
-  bool isCurrent(std::uint64_t turn) const { return rule_ != FlatteningRule::latestOnly || turn == turn_; }
-
-  void innerNext(std::uint64_t turn, const Out& element) {
-    if (rule_ != FlatteningRule::latestOnly) return gate_.onNext(element);
-    enqueueIfCurrent(turn, Event<Out>::next(element));
+  bool isCurrent(std::uint64_t generation) const {
+    return rule_ != FlatteningRule::latestOnly || generation == generation_;
   }
 
-  void innerFailed(std::uint64_t turn, const Error& error) {
-    if (!upstreams_->isDisposed() && enqueueIfCurrent(turn, Event<Out>::failure(error)))
+  void innerNext(std::uint64_t generation, const Out& element) {
+    if (rule_ != FlatteningRule::latestOnly) return gate_.onNext(element);
+    enqueueIfCurrent(generation, Event<Out>::next(element));
+  }
+
+  void innerFailed(std::uint64_t generation, const Error& error) {
+    if (!upstreams_->isDisposed() && enqueueIfCurrent(generation, Event<Out>::failure(error)))
       upstreams_->dispose();
   }
 
-  // The place is taken before the next turn can begin: nothing of a former inner stream comes after the new
-  // one's.
-  bool enqueueIfCurrent(std::uint64_t turn, Event<Out> event) {
+  // Queues under the lock, so that no element of a previous inner stream can follow one of the next stream.
+  bool enqueueIfCurrent(std::uint64_t generation, Event<Out> event) {
     bool mustDrain = false;
     {
       const std::lock_guard lock(mutex_);
-      if (!isCurrent(turn)) return false;
+      if (!isCurrent(generation)) return false;
       mustDrain = gate_.enqueue(std::move(event));
     }
     if (mustDrain) gate_.drain();
     return true;
   }
 
-  void innerCompleted(std::uint64_t turn) {
+  void innerCompleted(std::uint64_t generation) {
     bool isLast = false;
     bool mayStart = false;
     {
       const std::lock_guard lock(mutex_);
-      if (!isCurrent(turn)) return;
+      if (!isCurrent(generation)) return;
       --running_;
       isLast = hasNothingLeft();
       mayStart = running_ == 0 && !starting_ && !waiting_.empty();
@@ -180,8 +182,8 @@ class FlatteningNode final : public Observer<In>,
   F transform_;
   std::shared_ptr<CompositeDisposable> upstreams_ = std::make_shared<CompositeDisposable>();
   std::mutex mutex_;
-  Disposable latest_;  // latestOnly: the inner stream that runs
-  std::uint64_t turn_ = 0;
+  Disposable latest_;             // the current inner stream of latestOnly
+  std::uint64_t generation_ = 0;  // counts the inner streams
   std::size_t running_ = 0;
   bool outerEnded_ = false;
   bool starting_ = false;

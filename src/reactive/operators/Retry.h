@@ -4,8 +4,8 @@
 
 namespace orrelo::reactive {
 
-/// Stays for the life of the chain; each subscription to the source has an Attempt of its own. To subscribe
-/// again it must hold its source: a subject under it stays until the chain ends or is disposed of.
+/// Lives as long as the chain; each subscription to the source has its own Attempt. The node owns the source
+/// in order to subscribe again, so a subject upstream lives until the chain ends or is disposed.
 template <class T>
 class RetryNode final : public std::enable_shared_from_this<RetryNode<T>> {
  public:
@@ -55,7 +55,7 @@ class RetryNode final : public std::enable_shared_from_this<RetryNode<T>> {
   }
 
   Observable<T> source_;
-  std::size_t remaining_;  // subscriptions, the one that runs among them
+  std::size_t remaining_;  // subscriptions, including the current one
   ObserverPtr<T> downstream_;
   StartOn startOn_;
   std::shared_ptr<SerialDisposable> upstream_ = std::make_shared<SerialDisposable>();

@@ -15,7 +15,7 @@ Observable<T> Observable<T>::subscribeOn(SchedulerPtr scheduler) const {
       });
 }
 
-/// Queues what comes and hands it on from one scheduled task at a time.
+/// Queues the notifications and delivers them from one scheduled task at a time.
 template <class T>
 class ObserveOnNode final : public Observer<T>, public std::enable_shared_from_this<ObserveOnNode<T>> {
  public:
@@ -23,7 +23,7 @@ class ObserveOnNode final : public Observer<T>, public std::enable_shared_from_t
       : downstream_(std::move(downstream)), scheduler_(std::move(scheduler)) {}
 
   void onSubscribe(Disposable upstream) override {
-    const auto downstream = downstream_;  // which it may dispose of meanwhile
+    const auto downstream = downstream_;  // the callee may dispose of the subscription
     downstream->onSubscribe(
         Disposable(std::make_shared<Handle>(std::move(upstream), this->weak_from_this())));
   }
@@ -78,7 +78,7 @@ class ObserveOnNode final : public Observer<T>, public std::enable_shared_from_t
   }
 
   void close() {
-    ObserverPtr<T> downstream;  // let go outside the lock
+    ObserverPtr<T> downstream;  // destroyed outside the lock
     NotificationQueue<T> queue;
     const std::lock_guard lock(mutex_);
     downstream = std::exchange(downstream_, nullptr);

@@ -5,8 +5,8 @@
 
 namespace orrelo::reactive {
 
-/// The ground of operators that emit from a timer as well as from their source. The source owns the node,
-/// timers hold it weakly: when the source lets go, they find nobody.
+/// The base of operators that emit from a timer as well as from their source. The source owns the node;
+/// timers reference it weakly and do nothing once it is destroyed.
 template <class In, class Out>
 class TimedNode : public Observer<In>, public std::enable_shared_from_this<TimedNode<In, Out>> {
  public:
@@ -22,8 +22,8 @@ class TimedNode : public Observer<In>, public std::enable_shared_from_this<Timed
 
  protected:
   virtual void started() {}
-  /// With mutex_ held: what is due goes to the gate. Says whether the gate must be drained.
-  virtual bool timeCame() = 0;
+  /// Queues the elements that are due. Called with mutex_ locked; returns true if the gate must be drained.
+  virtual bool onTimer() = 0;
 
   void startTimer(std::chrono::microseconds delay) {
     scheduler_->scheduleAfter(delay, [weak = this->weak_from_this()] {
@@ -32,7 +32,7 @@ class TimedNode : public Observer<In>, public std::enable_shared_from_this<Timed
       bool mustDrain = false;
       {
         const std::lock_guard lock(self->mutex_);
-        mustDrain = self->timeCame();
+        mustDrain = self->onTimer();
       }
       if (mustDrain) self->gate_.drain();
     });
@@ -40,7 +40,7 @@ class TimedNode : public Observer<In>, public std::enable_shared_from_this<Timed
 
   std::mutex mutex_;
   SchedulerPtr scheduler_;
-  ObserverPtr<Out> observer_;  // until the subscription stands; the gate's from then on
+  ObserverPtr<Out> observer_;  // reset by onSubscribe; only the gate uses it from then on
   SerialGate<Out> gate_;
 };
 
@@ -79,8 +79,9 @@ class BufferNode final : public TimedNode<T, std::vector<T>> {
     this->startTimer(timeSpan_);
   }
 
-  // One timer at a time: an emission moves the deadline, and a timer that finds it moved waits for the rest.
-  bool timeCame() override {
+  // There is one timer at a time. An emission postpones the deadline; a timer that fires before the new
+  // deadline restarts for the remaining time.
+  bool onTimer() override {
     const auto now = this->scheduler_->now();
     const bool mustDrain = now >= deadline_ && emit();
     this->startTimer(deadline_ - now);
@@ -118,18 +119,18 @@ class ThrottleNode final : public TimedNode<T, T> {
     {
       const std::lock_guard lock(this->mutex_);
       const auto now = this->scheduler_->now();
-      if (!pending_ && (!openAt_ || now >= *openAt_)) {
-        openAt_ = now + period_;
+      if (!pending_ && (!nextPeriod_ || now >= *nextPeriod_)) {
+        nextPeriod_ = now + period_;
         mustDrain = this->gate_.enqueue(Event<T>::next(element));
       } else if (latest_) {
-        if (!pending_) this->startTimer(*openAt_ - now);
+        if (!pending_) this->startTimer(*nextPeriod_ - now);
         pending_ = element;
       }
     }
     if (mustDrain) this->gate_.drain();
   }
 
-  // What waits for the period's end goes out with the stream's end.
+  // An element that waits for the end of the period is emitted at the end of the stream.
   void onCompleted() override {
     std::optional<T> last;
     {
@@ -141,15 +142,15 @@ class ThrottleNode final : public TimedNode<T, T> {
   }
 
  private:
-  bool timeCame() override {
+  bool onTimer() override {
     if (!pending_) return false;
-    openAt_ = this->scheduler_->now() + period_;
+    nextPeriod_ = this->scheduler_->now() + period_;
     return this->gate_.enqueue(Event<T>::next(*std::exchange(pending_, std::nullopt)));
   }
 
   std::chrono::microseconds period_;
   bool latest_;
-  std::optional<std::chrono::microseconds> openAt_;
+  std::optional<std::chrono::microseconds> nextPeriod_;
   std::optional<T> pending_;
 };
 
