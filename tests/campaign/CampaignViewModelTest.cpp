@@ -1,7 +1,7 @@
 #include "CampaignFixture.h"
 #include "base/ErrorText.h"
-#include "model/Delegates.h"
 #include "reactive/Subjects.h"
+#include "support/Reports.h"
 #include "support/ServiceReplies.h"
 
 #include <gmock/gmock.h>
@@ -11,12 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class Visits final : public ORLUserEventDelegate {
- public:
-  void userEventDidOccur(const ORLUserEvent& event) override { events.push_back(event); }
-  std::vector<ORLUserEvent> events;
-};
 
 // Asked for each time, never from memory, so that every path is on the scripted network.
 class AskingConfig final : public FetchConfigUseCase {
@@ -79,7 +73,7 @@ class CampaignViewModelTest : public CampaignFixture {
     EXPECT_EQ(requests().size(), before);
   }
 
-  std::shared_ptr<Visits> visits_ = std::make_shared<Visits>();
+  std::shared_ptr<Reports> visits_ = std::make_shared<Reports>();
   std::shared_ptr<CampaignViewModelImpl> viewModel_ = CampaignViewModelImpl::create(
       {FetchCampaignsUseCase(repository_), FetchCampaignUseCase(repository_),
        std::make_shared<AskingConfig>(), participate_,

@@ -2,20 +2,14 @@
 #include "base/Logger.h"
 #include "events/KelsoInsight.h"
 #include "events/UserEventTracker.h"
-#include "model/Delegates.h"
 #include "model/UserManager.h"
+#include "support/Reports.h"
 #include "support/TestPlatform.h"
 
 #include <gmock/gmock.h>
 
 namespace orrelo::test {
 namespace {
-
-class Listener final : public ORLUserEventDelegate {
- public:
-  void userEventDidOccur(const ORLUserEvent& event) override { events.push_back(event); }
-  std::vector<ORLUserEvent> events;
-};
 
 class UserEventTrackerTest : public testing::Test {
  protected:
@@ -37,7 +31,7 @@ class UserEventTrackerTest : public testing::Test {
   }
 
   TestPlatform platform_;
-  std::shared_ptr<Listener> listener_ = std::make_shared<Listener>();
+  std::shared_ptr<Reports> listener_ = std::make_shared<Reports>();
 };
 
 TEST_F(UserEventTrackerTest, ReachesTheDelegateAndThePipelineOnceEach) {
