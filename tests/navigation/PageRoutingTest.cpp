@@ -1,7 +1,7 @@
 #include "base/Logger.h"
 #include "navigation/PageRouterImpl.h"
 #include "navigation/ShowPageUseCase.h"
-#include "reactive/Observable.h"
+#include "support/FixedConfig.h"
 #include "support/TestPlatform.h"
 #include "ui/KeyWindow.h"
 #include "ui/NavigationController.h"
@@ -15,18 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Lines = std::vector<std::string>;
 
-class OneConfig final : public FetchConfigUseCase {
- public:
-  reactive::Observable<Config> fetch() override {
-    if (error) return reactive::error<Config>(*error);
-    auto config = Config::defaults();
-    config.entries = entries;
-    return reactive::just(config);
-  }
-  std::vector<Entry> entries;
-  std::optional<Error> error;
-};
-
 class FeatureRouter final : public Router {
  public:
   void route(const std::shared_ptr<ViewController>&, std::function<void()> onSuccess,
@@ -39,7 +27,7 @@ class FeatureRouter final : public Router {
 class PageRoutingTest : public testing::Test {
  protected:
   PageRoutingTest() {
-    // "[OrreloSDK][ERROR] <date> <message>" without the kit's name and the date.
+    // Keeps the level and the message of a line "[OrreloSDK][ERROR] <date> <message>".
     setLogSink([this](std::string_view line) {
       const std::string level(line.substr(11, line.find(' ') - 10));
       log_.push_back(level + std::string(line.substr(line.find("+0000 ") + 6)));
@@ -65,7 +53,7 @@ class PageRoutingTest : public testing::Test {
   bool isInitialized_ = true;
   std::shared_ptr<FeatureRouter> feature_ = std::make_shared<FeatureRouter>();
   std::shared_ptr<HostViewController> host_ = std::make_shared<HostViewController>();
-  std::shared_ptr<OneConfig> config_ = std::make_shared<OneConfig>();
+  std::shared_ptr<FixedConfig> config_ = std::make_shared<FixedConfig>();
   std::shared_ptr<PageRouter> router_ = std::make_shared<PageRouterImpl>(
       Destinations{.showCampaign =
                        [this](const auto& id, const auto& with) {
@@ -107,7 +95,8 @@ TEST_F(PageRoutingTest, AFeatureSaysHowItWent) {
 }
 
 TEST_F(PageRoutingTest, AnIdLeadsToItsFirstPageOverTheUppermostScreen) {
-  config_->entries = {{"autumn", Page::Campaign{"c-1"}}, {"autumn", Page::Fixed::home}, {"odd", Page()}};
+  config_->config.entries = {
+      {"autumn", Page::Campaign{"c-1"}}, {"autumn", Page::Fixed::home}, {"odd", Page()}};
   const auto navigation = NavigationController::create(std::make_shared<HostViewController>());
   host_->present(navigation, false);
   showPage("autumn");
@@ -123,14 +112,6 @@ TEST_F(PageRoutingTest, AnIdLeadsToItsFirstPageOverTheUppermostScreen) {
   host_.reset();
   showPage("autumn");
   EXPECT_THAT(logged(), ElementsAre("[ERROR] Cannot find UIViewController in App while showing Page"));
-  EXPECT_THAT(taken(), IsEmpty());
-}
-
-TEST_F(PageRoutingTest, AUseCaseThatIsGoneOpensNothing) {
-  config_->entries = {{"autumn", Page::Campaign{"c-1"}}};
-  showPage_->execute("autumn");
-  showPage_.reset();
-  platform_.loop->run();
   EXPECT_THAT(taken(), IsEmpty());
 }
 
