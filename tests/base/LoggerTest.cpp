@@ -37,7 +37,7 @@ TEST(LoggerTest, WritesALevelADateAndTheMessage) {
                            LogLevel::WARNING, LogLevel::ERROR, LogLevel::CRITICAL}) {
     log(level, "the message");
   }
-  // In the zone of this machine.
+  // The date is written in this machine's time zone.
   const auto told = formatDate(date, "yyyy-MM-dd HH:mm:ss.SSSSSSZ", TimeZone::current().offset(date));
   std::string expected;
   for (const auto* const level : {"TRACE", "DEBUG", "INFO", "NOTICE", "WARNING", "ERROR", "CRITICAL"}) {

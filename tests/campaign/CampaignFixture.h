@@ -9,7 +9,7 @@
 
 namespace orrelo::test {
 
-/// What a stream has said, for as long as somebody wants to know.
+/// Records what a stream emits while this object lives.
 template <class T>
 struct Heard {
   Heard() = default;
@@ -17,12 +17,12 @@ struct Heard {
   ~Heard() { subscription.dispose(); }
 
   std::vector<T> elements;
-  /// "done", the error's description, or "" while it runs.
+  /// "done", the error's description, or "" while the stream runs.
   std::string end;
   reactive::Disposable subscription;
 };
 
-/// The data side of campaigns on a scripted network.
+/// The data layer of campaigns on a scripted network.
 class CampaignFixture : public testing::Test {
  protected:
   template <class T>
@@ -34,7 +34,7 @@ class CampaignFixture : public testing::Test {
          .onCompleted = [to = heard.get()] { to->end = "done"; }});
     return heard;
   }
-  /// With what that sets off.
+  /// Subscribes, then runs the loop.
   template <class T>
   std::shared_ptr<Heard<T>> listen(const reactive::Observable<T>& stream) {
     auto heard = listenLater(stream);

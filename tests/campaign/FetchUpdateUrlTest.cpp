@@ -1,4 +1,5 @@
 #include "CampaignFixture.h"
+#include "support/FixedConfig.h"
 
 #include <gmock/gmock.h>
 
@@ -9,21 +10,18 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-class FixedConfig final : public FetchConfigUseCase {
- public:
-  reactive::Observable<Config> fetch() override {
-    auto config = Config::defaults();
-    config.appStoreUrl = "https://store.example/app";
-    return reactive::just(config);
-  }
-};
+std::shared_ptr<FixedConfig> storeConfig() {
+  auto config = Config::defaults();
+  config.appStoreUrl = "https://store.example/app";
+  return std::make_shared<FixedConfig>(config);
+}
 
 class FetchUpdateUrlTest : public CampaignFixture {
  protected:
   std::shared_ptr<Heard<std::string>> fetch() { return listen(useCase_.fetch()); }
 
   FetchUpdateUrlUseCaseImpl useCase_{std::make_shared<ItunesAPIServiceImpl>(client_, scheduler()),
-                                     std::make_shared<FixedConfig>()};
+                                     storeConfig()};
 };
 
 TEST_F(FetchUpdateUrlTest, TheStoresPageOfThisApplicationAndOfNoOther) {
@@ -54,7 +52,7 @@ TEST_F(FetchUpdateUrlTest, ALookupThatFailsFailsTheStream) {
   lay("", 503);
   EXPECT_EQ(fetch()->end, "NetworkError.invalidHttpStatusCode");
   for (const auto* const body :
-       {R"({"results":[]})", R"({"resultCount":0})", R"({"resultCount":"0","results":[]})",
+       {R"({"results":[]})", R"({"resultCount":0})",
         R"({"resultCount":1,"results":[{"bundleId":"com.example.shop"}]})",
         R"({"resultCount":1,"results":[{"trackId":1}]})",
         R"({"resultCount":1,"results":[{"bundleId":"com.example.shop","trackId":1.5}]})"}) {
@@ -68,7 +66,7 @@ TEST_F(FetchUpdateUrlTest, ALookupThatFailsFailsTheStream) {
 TEST_F(FetchUpdateUrlTest, TheStoresHostsCanBeOthers) {
   FetchUpdateUrlUseCaseImpl useCase(
       std::make_shared<ItunesAPIServiceImpl>(client_, scheduler(), "https://localhost:9443/store"),
-      std::make_shared<FixedConfig>(), "https://shop.example");
+      storeConfig(), "https://shop.example");
   lay(R"({"resultCount":1,"results":[{"bundleId":"com.example.shop","trackId":7}]})");
   EXPECT_THAT(listen(useCase.fetch())->elements, ElementsAre("https://shop.example/app/id7"));
   EXPECT_EQ(requests()[0].url.text(), "https://localhost:9443/store/lookup?bundleId=com.example.shop");

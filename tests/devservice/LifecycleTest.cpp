@@ -96,11 +96,6 @@ TEST_F(LifecycleTest, MakesABrokenCertificateAnew) {
   EXPECT_TRUE(client->Get(onApp("/config")));
 }
 
-TEST_F(LifecycleTest, RefusesADataDirectoryThatIsAFile) {
-  data.write("file", "");
-  EXPECT_THROW(DevService({.dataDirectory = data.path() / "file"}), std::runtime_error);
-}
-
 }  // namespace
 
 }  // namespace orrelo::devservice

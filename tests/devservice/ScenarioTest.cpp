@@ -43,30 +43,6 @@ TEST_F(ScenarioTest, AnAppKeyDoesNotLeadOutOfTheFolder) {
   EXPECT_EQ(client->Get(onApp("/config", "..%2fsecret"))->status, 404);
 }
 
-class BundledScenarioTest : public ServiceFixture {};
-
-TEST_F(BundledScenarioTest, HasACompleteConfig) {
-  const auto config = getJson(onApp("/config"));
-  EXPECT_EQ(config.value("sdk_enable", false), true);
-  for (const auto* key : {"notification_polling_interval", "auto_swipe_interval"}) {
-    EXPECT_TRUE(config[key].is_number_integer()) << key;
-  }
-  EXPECT_TRUE(config["push_service_setting"].is_string());
-  for (const auto* key : {"main", "sub1", "sub2"}) EXPECT_TRUE(config["color"][key].is_string()) << key;
-  EXPECT_TRUE(config["plugins"]["pointsystem"].is_boolean());
-  EXPECT_TRUE(config["plugins"]["gifticon"].is_boolean());
-  const auto& exchange = config["plugins"]["naverpay"];
-  EXPECT_TRUE(exchange["is_enabled"].is_boolean());
-  for (const auto* key : {"entry_view_message", "exchange_text", "landing_url"}) {
-    EXPECT_TRUE(exchange[key].is_string()) << key;
-  }
-  EXPECT_FALSE(config["entries"].empty());
-  for (const auto& entry : config["entries"]) {
-    for (const auto* key : {"id", "destination_type", "destination"})
-      EXPECT_TRUE(entry[key].is_string()) << entry;
-  }
-}
-
 }  // namespace
 
 }  // namespace orrelo::devservice

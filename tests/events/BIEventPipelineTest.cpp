@@ -1,6 +1,6 @@
 #include "Insight.h"
 #include "base/Json.h"
-#include "base/Logger.h"
+#include "support/LogCapture.h"
 #include "support/TestPlatform.h"
 
 #include <gmock/gmock.h>
@@ -16,11 +16,7 @@ using testing::HasSubstr;
 
 class BIEventPipelineTest : public testing::Test {
  protected:
-  BIEventPipelineTest() {
-    setLogSink([this](std::string_view line) { log_.emplace_back(line); });
-    setUpInsight();
-  }
-  ~BIEventPipelineTest() override { setLogSink({}); }
+  BIEventPipelineTest() { setUpInsight(); }
 
   void track(int count) {
     for (int i = 0; i < count; ++i) KelsoInsight::track("ol_visit", {{"page_name", "home"}});
@@ -37,7 +33,7 @@ class BIEventPipelineTest : public testing::Test {
   }
 
   TestPlatform platform_;
-  std::vector<std::string> log_;
+  const LogCapture log_;
 };
 
 TEST_F(BIEventPipelineTest, TwentyNineWaitForTheTickOfThirtySeconds) {
@@ -47,7 +43,7 @@ TEST_F(BIEventPipelineTest, TwentyNineWaitForTheTickOfThirtySeconds) {
   EXPECT_THAT(batches(), testing::IsEmpty());
   platform_.loop->runFor(milliseconds(1));
   EXPECT_THAT(batches(), testing::ElementsAre(29u));
-  EXPECT_THAT(log_, Contains(EndsWith("BI Logging Succeed")));
+  EXPECT_THAT(log_.lines(), Contains(EndsWith("BI Logging Succeed")));
   platform_.loop->runFor(seconds(300));
   EXPECT_THAT(batches(), testing::ElementsAre(29u));
 }
@@ -73,9 +69,9 @@ TEST_F(BIEventPipelineTest, TheThirtiethSendsAllThirty) {
 TEST_F(BIEventPipelineTest, AThousandStoredRowsTakeTwoTicks) {
   platform_.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(500); };
   track(1000);
-  platform_.loop->runFor(seconds(30));  // by now two ticks have failed, and the pipeline has ended
-  EXPECT_THAT(log_, Contains(HasSubstr("[ERROR]")));
-  EXPECT_THAT(log_, Contains(EndsWith("BI Logging Failed NetworkError.invalidHttpStatusCode")));
+  platform_.loop->runFor(seconds(30));  // two ticks have failed and ended the pipeline
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("[ERROR]")));
+  EXPECT_THAT(log_.lines(), Contains(EndsWith("BI Logging Failed NetworkError.invalidHttpStatusCode")));
   platform_.session->requests.clear();
   platform_.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(200); };
   setUpInsight();

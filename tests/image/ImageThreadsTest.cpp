@@ -11,7 +11,8 @@
 namespace orrelo::test {
 namespace {
 
-// The real session, workers and run loop: four threads load and cancel while the application comes and goes.
+// Four threads load and cancel with the real session, workers and run loop while the application enters the
+// background.
 TEST(ImageThreadsTest, EveryLoadEndsOnceOnTheMainThread) {
   const TemporaryFolder folder;
   const auto application = std::make_shared<PosixApplication>();
@@ -25,22 +26,19 @@ TEST(ImageThreadsTest, EveryLoadEndsOnceOnTheMainThread) {
   RawServer server([](const std::string&) { return RawServer::reply(PlainImageCodec::file(8, 8)); });
   const auto pipeline = std::make_shared<ImagePipeline>("threads", platform);
 
-  constexpr int threadCount = 4;
-  constexpr int loadsEach = 250;
-  std::atomic<int> ended = 0;
-  std::atomic<int> elsewhere = 0;
-  std::atomic<int> unexpected = 0;
+  constexpr int threadCount = 4, loadsEach = 250;
+  std::atomic<int> ended = 0, elsewhere = 0, unexpected = 0;
   const auto onEnd = [&](const Result<ImagePtr>& result) {
     const auto* const error = std::get_if<Error>(&result);
     const bool isCancelled = error != nullptr && error->caseName() == "canceled";
-    // A file that a trip to the background took between the question for it and its reading.
+    // The background signal may delete a file between the lookup and the read.
     const bool isTaken = error != nullptr && error->caseName() == "uninitializedInputStream";
     if (error != nullptr && !isCancelled && !isTaken) ++unexpected;
     if (!RunLoop::main().isCurrent()) ++elsewhere;
     if (++ended == threadCount * loadsEach) RunLoop::main().stop();
   };
-  // What a caller's completion holds, its view as a rule, is let go on the main thread.
-  const auto held = [&] {
+  // A completion, and the view that it captures, must be destroyed on the main thread.
+  const auto checkedOwner = [&] {
     return std::shared_ptr<void>(nullptr, [&](void*) {
       if (!RunLoop::main().isCurrent()) ++elsewhere;
     });
@@ -51,8 +49,9 @@ TEST(ImageThreadsTest, EveryLoadEndsOnceOnTheMainThread) {
       for (int i = 0; i < loadsEach; ++i) {
         const auto url = Url::parse(server.url("/" + std::to_string(i % 20)));
         const auto size = std::make_shared<DownsamplingImageTransformer>(Size{4.0, 4.0});
-        const auto task = pipeline->image(*url, i % 3 == 0 ? size : nullptr,
-                                          [&onEnd, view = held()](const auto& result) { onEnd(result); });
+        const auto task =
+            pipeline->image(*url, i % 3 == 0 ? size : nullptr,
+                            [&onEnd, view = checkedOwner()](const auto& result) { onEnd(result); });
         if (task && i % 5 == 0) task->cancel();
         if (i % 50 == 7) pipeline->cache().memoryCache().removeAll();
         if (thread == 0 && i % 50 == 0) application->send(Application::Signal::didEnterBackground);

@@ -2,6 +2,7 @@
 
 #include "campaign/CampaignViewController.h"
 #include "campaign/attendance/AttendanceCampaignView.h"
+#include "support/Reports.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "viewkit/ErrorViewController.h"
@@ -17,18 +18,7 @@
 
 namespace orrelo::test {
 
-class Reports final : public ORLUserEventDelegate {
- public:
-  void userEventDidOccur(const ORLUserEvent& event) override {
-    names.push_back(event.name);
-    if (!event.values || !event.values->contains("page_name")) return;
-    pages.push_back(std::get<std::string>(event.values->at("page_name").variant()));
-  }
-  std::vector<std::string> pages;
-  std::vector<std::string> names;
-};
-
-// Notes where it was called, and what had been reported by then.
+/// Records the screens that it was called for and the events reported by then.
 class Consent final : public ORLOptInMarketingCampaignDelegate {
  public:
   explicit Consent(const Reports& reports) : reports_(reports) {}
@@ -43,7 +33,7 @@ class Consent final : public ORLOptInMarketingCampaignDelegate {
   const Reports& reports_;
 };
 
-// From the façade's call to what the screen shows, with the service's replies by path.
+/// Campaign screens opened through the façade; the service replies by path.
 class CampaignScreenTest : public testing::Test {
  protected:
   CampaignScreenTest() {

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A page with a button and a way to another page; `dialog` shows over it.
+/// A page with a button, an entry to another page and this dialog.
 std::string boxPage(const std::string& status, const std::string& dialog = "{}") {
   return R"({"page_type":"box","page_id":"p-3","page_details_v2":{
     "page_config":{"layout":{"toolbar":{"text":"선물 상자"},"component_order":["action","page_entry_view"],
@@ -34,7 +34,7 @@ class RecordingRouter final : public PageRouter {
   std::vector<std::pair<Page, std::shared_ptr<ViewController>>> routed;
 };
 
-// A modular page on the campaign screen, from the façade's call to its blocks' actions.
+/// A modular page on the campaign screen, opened through the façade.
 class ModularScreenTest : public testing::Test {
  protected:
   ModularScreenTest() {
@@ -116,7 +116,7 @@ TEST_F(ModularScreenTest, AnEntryLeadsElsewhereWhereARouterIsAtHand) {
   block<PageEntryView>(1)->didAction();
   EXPECT_THAT(router->routed,
               ElementsAre(std::pair<Page, std::shared_ptr<ViewController>>(Page::Campaign{"c-2"}, screen_)));
-  router->routed.clear();  // it would hold the screen that holds it
+  router->routed.clear();  // breaks the cycle of screen and router
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ using testing::IsEmpty;
 
 class ContentTest : public RenderedPage {
  protected:
-  // A page of these blanks around an image, and what its stack holds.
+  /// The views and spacings of a page with this order, two images and these blanks.
   Lines spaced(const Json& order, const Json& blanks) {
     auto page = pageOf(order, {{"image", wholePage()["image"]}});
     page["blank"] = blanks;
@@ -26,12 +26,12 @@ class ContentTest : public RenderedPage {
     const auto view = build(page);
     for (const auto& each : view->stackView->arrangedSubviews) {
       const auto* const spacer = dynamic_cast<const SpacerView*>(each.view.get());
-      lines.push_back((spacer != nullptr ? "room " + std::to_string(int(spacer->height)) : "image") +
+      lines.push_back((spacer != nullptr ? "spacer " + std::to_string(int(spacer->height)) : "image") +
                       " then " + std::to_string(int(each.spacingAfter)));
     }
     return lines;
   }
-  // The place that a web block with these texts takes: its inset or own width, and its height.
+  /// The inset or the width, and the height, of a web block with these texts.
   std::string place(const std::string& width, const std::string& height) {
     auto web = block("web");
     web["width"] = width;
@@ -56,12 +56,11 @@ class ContentTest : public RenderedPage {
 
 TEST_F(ContentTest, AButtonTakesPartAndSaysSo) {
   const auto arranged = arrange("action", block("action"));
-  EXPECT_EQ(arranged.inset, 0.0);
   const auto button = std::dynamic_pointer_cast<ActionButtonView>(arranged.view);
   EXPECT_EQ(button->content.text, "상자 열기");
   EXPECT_EQ(button->content.statusMessage, "오늘 1번 남았어요");
   EXPECT_EQ(button->content.color, Color::fromHex("#5B50E8"));
-  // What comes back may replace the page while the button is still at it.
+  // The reply may replace the page while the button is still in its handler.
   requests_->onRequest = [this] { page_.reset(); };
   button->onClick();
   EXPECT_THAT(requests_->lines, ElementsAre("participate /campaigns/c-modular-3/open"));
@@ -69,28 +68,21 @@ TEST_F(ContentTest, AButtonTakesPartAndSaysSo) {
   button->onClick();  // on a page that has gone
   EXPECT_EQ(requests_->lines.size(), 1U);
   EXPECT_EQ(reports_->names.size(), 2U);
-}
 
-TEST_F(ContentTest, ADisabledButtonDoesNothing) {
-  auto action = block("action");
-  action["button_enable"] = false;
-  const auto button = render<ActionButtonView>("action", action);
-  EXPECT_FALSE(button->content.isEnabled);
-  EXPECT_EQ(button->content.statusMessage, "오늘 1번 남았어요");
-  button->onClick();
-  EXPECT_THAT(requests_->lines, IsEmpty());
-  EXPECT_THAT(reports_->names, IsEmpty());
+  auto disabled = block("action");
+  disabled["button_enable"] = false;
+  render<ActionButtonView>("action", disabled)->onClick();
+  EXPECT_EQ(requests_->lines.size(), 1U);
+  EXPECT_EQ(reports_->names.size(), 2U);
 }
 
 TEST_F(ContentTest, APictureIsLoadedAcrossThePageInItsStyle) {
   platform_.session->lay(ScriptedURLSession::reply(200, PlainImageCodec::file(40, 20)));
   const auto arranged = arrange("image", block("image"));
   platform_.loop->run();
-  EXPECT_EQ(arranged.inset, 0.0);
   const auto& fitted = dynamic_cast<const AutoLayoutImageView&>(*arranged.view);
   EXPECT_EQ(fitted.contentMode, AutoLayoutImageView::ContentMode::scaleAspectFit);
-  ASSERT_TRUE(fitted.state.value().image);
-  EXPECT_EQ(fitted.state.value().image->width(), 40.0);
+  EXPECT_TRUE(fitted.state.value().image);
   platform_.session->lay(ScriptedURLSession::reply(404));
   const auto centered = render<AutoLayoutImageView>("image", block("image", 1));
   platform_.loop->run();
@@ -102,45 +94,34 @@ TEST_F(ContentTest, AWebPagesPlaceIsReadFromItsTexts) {
   const auto view = render<WebView>("web", block("web"));
   EXPECT_EQ(view->url.text(), "https://cdn.example/web/winners.html");
   EXPECT_EQ(place("100%", "240"), "inset 0 by 240");
-  EXPECT_EQ(place("100%", ""), "inset 0 by 0");
   EXPECT_EQ(place("320", "+240"), "320 by 240");
-  for (const auto* const text : {"abc", "", "12px", " 12", "1.5", "-5", "100 %", "99999999999999999999"}) {
+  for (const auto* const text : {"", "12px", " 12", "1.5", "-5", "99999999999999999999"}) {
     EXPECT_EQ(place(text, text), "0 by 0") << text;
   }
   EXPECT_EQ(place("100%", "1000000"), "inset 0 by 1000000");
-  for (const auto* const text : {"1000001", "10000000000", "9223372036854775807"}) {
-    EXPECT_EQ(place(text, text), "1000000 by 1000000") << text;
-  }
+  EXPECT_EQ(place("1000001", "9223372036854775807"), "1000000 by 1000000");
 }
 
 TEST_F(ContentTest, ABlankIsAViewAtTheTopAndSpacingBelow) {
-  EXPECT_THAT(spaced({"image"}, {10}), ElementsAre("room 10 then 0", "image then 0"));
   EXPECT_THAT(spaced({"image", "image"}, {10, 20, 30}),
-              ElementsAre("room 10 then 0", "image then 20", "image then 30"));
+              ElementsAre("spacer 10 then 0", "image then 20", "image then 30"));
   // The second of two replaces the first's spacing, also that of the view at the top.
-  EXPECT_THAT(spaced({"image", "hologram"}, {10, 20, 30}), ElementsAre("room 10 then 0", "image then 30"));
+  EXPECT_THAT(spaced({"image", "hologram"}, {10, 20, 30}), ElementsAre("spacer 10 then 0", "image then 30"));
   EXPECT_THAT(spaced({"hologram", "blank", "image"}, {10, 20, 30}),
-              ElementsAre("room 10 then 30", "image then 0"));
-  EXPECT_THAT(spaced({"image"}, {-10, -20}), ElementsAre("room 0 then 0", "image then 0"));
-  JsonParser parser;
-  EXPECT_EQ(BlankComponent(parser.parse(R"({"height":8})").objectValue()).height, 8);
+              ElementsAre("spacer 10 then 30", "image then 0"));
+  EXPECT_THAT(spaced({"image"}, {-10, -20}), ElementsAre("spacer 0 then 0", "image then 0"));
 }
 
-TEST_F(ContentTest, ANoticeIsALineForEachItem) {
-  const auto textOf = [this](const Json& items) {
-    return render<NoticeView>("notice", {{"items", items}})->text;
-  };
-  EXPECT_EQ(textOf({"하나", "둘", "셋"}), "• 하나\n• 둘\n• 셋");
-  EXPECT_EQ(textOf({"", "둘"}), "• \n• 둘");
-  EXPECT_EQ(textOf(Json::array()), "");
-  EXPECT_EQ(arrange("notice", block("notice")).inset, 0.0);
-}
-
-TEST_F(ContentTest, InformationIsThreeRows) {
+TEST_F(ContentTest, TextsStandAsTheyWereSent) {
   const auto view = render<InformationView>("information", block("information"));
   EXPECT_EQ(view->firstTitle, "하루에 한 번");
   EXPECT_EQ(view->secondTitle, "상자를 열어 보세요");
   EXPECT_EQ(view->guideMessage, "자정이 지나면 다시 열 수 있어요.\n지난 상자는 사라져요.");
+  EXPECT_EQ(render<NoticeView>("notice", {{"items", {"하나", "", "셋"}}})->text, "• 하나\n• \n• 셋");
+  const auto entry = render<PageEntryView>("page_entry_view", block("page_entry_view", 1));
+  EXPECT_EQ(entry->title, "내 포인트");
+  EXPECT_EQ(entry->label, "지금까지 모은 포인트");
+  EXPECT_THAT(platform_.session->requests, IsEmpty()) << "the entry has no icon";
 }
 
 TEST_F(ContentTest, ALineExplainsItselfWhenItIsTapped) {
@@ -180,15 +161,6 @@ TEST_F(ContentTest, ABoxsPictureIsAsWideAsItsProportionsAsk) {
   EXPECT_EQ(list->boxes[1]->imageWidth.value(), std::nullopt);
 }
 
-TEST_F(ContentTest, ABoxThatHasGoneTakesNoPicture) {
-  std::weak_ptr<View> gone;
-  gone = arrange("boxed_information_list", block("boxed_information_list")).view;
-  page_.reset();
-  EXPECT_TRUE(gone.expired());
-  platform_.session->answer(ScriptedURLSession::reply(200, PlainImageCodec::file(30, 20)));
-  platform_.loop->run();
-}
-
 TEST_F(ContentTest, AnEntryLeadsToTheFirstPageThatCanBeRead) {
   EXPECT_EQ(routeOf({{"deeplink", "shop://sale"}, {"campaign_id", "7"}}),
             R"(route {"deepLink":{"url":"shop://sale"}})");
@@ -199,15 +171,6 @@ TEST_F(ContentTest, AnEntryLeadsToTheFirstPageThatCanBeRead) {
   EXPECT_EQ(routeOf({{"destination", nullptr}}), R"(route {"unknown":{}})");
   EXPECT_EQ(routeOf(Json::object()), R"(route {"unknown":{}})");
   EXPECT_THAT(reports_->names, IsEmpty());
-}
-
-TEST_F(ContentTest, AnEntryWithoutAnIconLoadsNone) {
-  const auto view = render<PageEntryView>("page_entry_view", block("page_entry_view", 1));
-  EXPECT_EQ(view->title, "내 포인트");
-  EXPECT_EQ(view->label, "지금까지 모은 포인트");
-  EXPECT_THAT(platform_.session->requests, IsEmpty());
-  render<PageEntryView>("page_entry_view", block("page_entry_view", 0));
-  EXPECT_EQ(platform_.session->requests.size(), 1U);
 }
 
 }  // namespace

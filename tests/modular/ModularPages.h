@@ -16,7 +16,7 @@ namespace orrelo::test {
 using Json = nlohmann::ordered_json;
 using Lines = std::vector<std::string>;
 
-/// A page with every kind of block, dialogs and a name that no build knows.
+/// A page with every kind of block, dialogs and one unknown block name.
 inline Json wholePage() {
   std::ifstream file(std::string(ORRELO_TEST_DATA) + "/modular.json");
   EXPECT_TRUE(file);
@@ -54,7 +54,7 @@ inline Lines namesOf(const std::vector<std::shared_ptr<UIComponent>>& components
   return names;
 }
 
-/// What a page becomes: its blocks, or the one word that says why there are none.
+/// The names of the page's blocks, or the domain of the decoding error.
 inline Lines outcomeOf(const std::string& json) {
   try {
     return namesOf(decodePage(json).components);
@@ -63,7 +63,7 @@ inline Lines outcomeOf(const std::string& json) {
   }
 }
 
-/// In its life a stop of the process is an exception instead.
+/// Turns a failed precondition into a thrown `Stop` while this object lives.
 class StopsThrow {
  public:
   struct Stop {

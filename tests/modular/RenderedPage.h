@@ -3,21 +3,14 @@
 #include "ModularPages.h"
 #include "model/Delegates.h"
 #include "modular/ModularCampaignView.h"
+#include "support/Reports.h"
 #include "support/TestPlatform.h"
 
 #include <orrelo/Orrelo.h>
 
 namespace orrelo::test {
 
-class Reports final : public ORLUserEventDelegate {
- public:
-  void userEventDidOccur(const ORLUserEvent& event) override {
-    names.push_back(event.name + (event.values ? " with values" : ""));
-  }
-  Lines names;
-};
-
-/// What a page asked of its screen.
+/// Records what a page asks of its screen.
 class Requests final : public ModularCampaignViewDelegate {
  public:
   void participate(const std::string& url) override { note("participate " + url); }

@@ -1,7 +1,7 @@
 #include "base/Logger.h"
 #include "navigation/PageRouterImpl.h"
 #include "navigation/ShowPageUseCase.h"
-#include "reactive/Observable.h"
+#include "support/FixedConfig.h"
 #include "support/TestPlatform.h"
 #include "ui/KeyWindow.h"
 #include "ui/NavigationController.h"
@@ -15,18 +15,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Lines = std::vector<std::string>;
-
-class OneConfig final : public FetchConfigUseCase {
- public:
-  reactive::Observable<Config> fetch() override {
-    if (error) return reactive::error<Config>(*error);
-    auto config = Config::defaults();
-    config.entries = entries;
-    return reactive::just(config);
-  }
-  std::vector<Entry> entries;
-  std::optional<Error> error;
-};
 
 class FeatureRouter final : public Router {
  public:
@@ -56,7 +44,7 @@ class Campaigns final : public CampaignNavigator,
 class PageRoutingTest : public testing::Test {
  protected:
   PageRoutingTest() {
-    // "[OrreloSDK][ERROR] <date> <message>" without the kit's name and the date.
+    // Keeps the level and the message of a line "[OrreloSDK][ERROR] <date> <message>".
     setLogSink([this](std::string_view line) {
       const std::string level(line.substr(11, line.find(' ') - 10));
       log_.push_back(level + std::string(line.substr(line.find("+0000 ") + 6)));
@@ -89,7 +77,7 @@ class PageRoutingTest : public testing::Test {
   Lines log_;
   std::shared_ptr<FeatureRouter> feature_ = std::make_shared<FeatureRouter>();
   std::shared_ptr<HostViewController> host_ = std::make_shared<HostViewController>();
-  std::shared_ptr<OneConfig> config_ = std::make_shared<OneConfig>();
+  std::shared_ptr<FixedConfig> config_ = std::make_shared<FixedConfig>();
   std::shared_ptr<PageRouter> router_ = std::make_shared<PageRouterImpl>();
   std::shared_ptr<ShowPageUseCase> showPage_ = ShowPageUseCaseImpl::create(config_, router_);
 };
@@ -129,7 +117,8 @@ TEST_F(PageRoutingTest, AFeatureSaysHowItWent) {
 }
 
 TEST_F(PageRoutingTest, AnIdLeadsToItsFirstPageOverTheUppermostScreen) {
-  config_->entries = {{"autumn", Page::Campaign{"c-1"}}, {"autumn", Page::Fixed::home}, {"odd", Page()}};
+  config_->config.entries = {
+      {"autumn", Page::Campaign{"c-1"}}, {"autumn", Page::Fixed::home}, {"odd", Page()}};
   const auto navigation = NavigationController::create(std::make_shared<HostViewController>());
   host_->present(navigation, false);
   showPage("autumn");
@@ -145,14 +134,6 @@ TEST_F(PageRoutingTest, AnIdLeadsToItsFirstPageOverTheUppermostScreen) {
   host_.reset();
   showPage("autumn");
   EXPECT_THAT(logged(), ElementsAre("[ERROR] Cannot find UIViewController in App while showing Page"));
-}
-
-TEST_F(PageRoutingTest, AUseCaseThatIsGoneOpensNothing) {
-  config_->entries = {{"autumn", Page::Campaign{"c-1"}}};
-  showPage_->execute("autumn");
-  showPage_.reset();
-  platform_.loop->run();
-  EXPECT_FALSE(host_->presentedViewController());
 }
 
 }  // namespace

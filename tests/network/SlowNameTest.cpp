@@ -7,7 +7,7 @@
 
 namespace {
 
-// Names below ".slow" resolve to nothing, and not before the test says so.
+// Names that end in ".slow" do not resolve, and their resolution blocks until the test sets `told`.
 struct Names {
   std::promise<void> asked;
   std::promise<void> told;
@@ -18,7 +18,7 @@ Names& names() {
   return *names;
 }
 
-// Gone with its thread.
+/// Tells when the resolving thread ends.
 struct Leaving {
   ~Leaving() { names().left.set_value(); }
 };
@@ -26,7 +26,7 @@ thread_local const Leaving leaving;
 
 }  // namespace
 
-// In place of the C library's, for libcurl too.
+// Replaces the C library's function, for libcurl too.
 extern "C" [[gnu::visibility("default")]] int getaddrinfo(const char* node, const char* service,
                                                           const addrinfo* hints, addrinfo** result) {
   if (node != nullptr && std::string_view(node).ends_with(".slow")) {

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// What came, and how it ended: "ok" or the error's name.
+/// Records what came and how it ended: "ok" or the error's name.
 class Receiver final : public URLSessionDataDelegate {
  public:
   void onData(std::string_view bytes) override {
@@ -24,7 +24,7 @@ class Receiver final : public URLSessionDataDelegate {
     changed_.notify_all();
   }
 
-  /// What has come once there is so much of it.
+  /// What has come; waits for `size` bytes.
   std::string received(std::size_t size) {
     return waitFor(received_, [&] { return received_.size() >= size; });
   }
@@ -104,9 +104,9 @@ TEST_F(StreamingTest, AfterACancelNothingComes) {
 TEST_F(StreamingTest, AnIdleTimeoutBeginsAnewWithWhatComes) {
   RawServer server([](const std::string&) { return RawServer::reply("a"); });
   for (const bool isIdle : {true, false}) {
-    auto patient = request(server.url());
-    patient.isTimeoutIdle = isIdle;
-    CurlTransfer transfer(patient, receiver_);
+    auto timed = request(server.url());
+    timed.isTimeoutIdle = isIdle;
+    CurlTransfer transfer(timed, receiver_);
     transfer.startClock();
     ASSERT_NE(transfer.prepare(std::nullopt), nullptr);
     const auto atFirst = isIdle ? transfer.idleDeadline() : transfer.waitingDeadline();
@@ -122,10 +122,10 @@ TEST_F(StreamingTest, AnIdleTimeoutBeginsAnewWithWhatComes) {
 TEST_F(StreamingTest, ASilentServerTimesOutAndTheOthersGoOn) {
   RawServer silent([](const std::string&) { return std::string(); });
   RawServer server([](const std::string&) { return RawServer::reply("ok"); });
-  auto impatient = request(silent.url());
-  impatient.timeout = 200ms;
-  impatient.isTimeoutIdle = true;
-  EXPECT_EQ(outcome(impatient), "timedOut");
+  auto timed = request(silent.url());
+  timed.timeout = 200ms;
+  timed.isTimeoutIdle = true;
+  EXPECT_EQ(outcome(timed), "timedOut");
   EXPECT_EQ(outcome(request(server.url())), "200 ok");
 }
 

@@ -18,7 +18,7 @@ using ::testing::IsSupersetOf;
 using Call = FaultVfs::Call;
 using Rows = std::map<std::string, std::int64_t>;
 
-/// One operation of a store's life, and what it does to the rows when it succeeds.
+/// One operation on the store, and its effect on the rows when it succeeds.
 struct Step {
   std::function<void(EventDatabase&, const std::function<void(bool)>&)> call;
   std::function<void(Rows&)> effect;
@@ -75,10 +75,10 @@ std::set<std::string> idsOf(const Rows& rows) {
   return ids;
 }
 
-/// A store in a folder of its own, for one life.
+/// A store in its own folder, and the rows that it should hold.
 class Life {
  public:
-  /// Runs the steps, those of one group together, and gives those that failed.
+  /// Runs each group of steps in one turn of the executor; returns the steps that failed.
   std::vector<Step> run(const std::vector<std::vector<Step>>& groups) {
     std::vector<Step> failed;
     for (const auto& group : groups) {
@@ -101,7 +101,7 @@ class Life {
 
   void reopen() { factory = std::make_unique<SqliteEventDatabaseFactory>(directories, clock, executor); }
 
-  /// All rows that the current file and those set aside hold.
+  /// The ids in the current file and in the files set aside.
   std::set<std::string> idsAnywhere() {
     std::set<std::string> all;
     for (const auto& name : fileNames(folder.path())) {
@@ -157,7 +157,7 @@ class SqliteFaultTest : public ::testing::Test {
             {inserting("e", 5)}};
   }
 
-  /// False when the life is over before the fault's turn comes.
+  /// Returns whether the fault occurred before the steps were done.
   static bool liveThrough(const FaultVfs::Order& order, bool startsFull, std::size_t largest) {
     SCOPED_TRACE("at call " + std::to_string(order.nth) + (order.lasts ? " and later" : ""));
     Life life;
@@ -208,7 +208,7 @@ TEST_P(EachFaultTest, losesNothingWhicheverCallFails) {
         continue;
     }
   }
-  // Large enough for a checkpoint on the way; only some of its many calls.
+  // A value large enough to cause a checkpoint; only some of its many calls fail.
   for (int nth = 1; liveThrough({call, code, nth, mayLast, "store", systemError}, true, 4'300'000);
        nth += 1 + nth / 2) {
     continue;

@@ -19,18 +19,7 @@
 
 namespace orrelo::test {
 
-class FolderDirectories final : public Directories {
- public:
-  explicit FolderDirectories(std::filesystem::path folder) : folder_(std::move(folder)) {}
-
-  std::filesystem::path data() const override { return folder_; }
-  std::filesystem::path cache() const override { return folder_; }
-
- private:
-  std::filesystem::path folder_;
-};
-
-/// Runs what was posted when the test says so, on its thread.
+/// Runs posted tasks when the test calls it, on the calling thread.
 class StepExecutor final : public SerialExecutor {
  public:
   void post(Task task) override { tasks_.push_back(std::move(task)); }

@@ -18,13 +18,12 @@ class Consent final : public ORLOptInMarketingCampaignDelegate {
   std::vector<std::shared_ptr<ViewController>> screens;
 };
 
-// A board of seven missions, of which the first and the fourth are done.
-std::string stampPage(int columns = 3) {
+/// A page with a board of seven missions; the first and the fourth are done.
+std::string stampPage() {
   return R"({"page_type":"stamp","page_id":"p","page_detail":{"toolbar_text":"가을 스탬프",
     "first_title":"미션을 마치고","second_title":"스탬프를 모으세요!","guide_message":"여섯 개를 모으면 선물을 드려요.",
     "main_image_url":"https://cdn.example/result.png",
-    "stamp":{"column_count":)" +
-         std::to_string(columns) + R"(,"missions":[
+    "stamp":{"column_count":3,"missions":[
       {"name":"첫 구매","icon_url":"https://cdn.example/done.png"},
       {"name":"리뷰 쓰기","icon_url":"https://cdn.example/open.png"},
       {"name":"가까운 친구 세 명 초대하기","icon_url":"https://cdn.example/open.png"},
@@ -52,12 +51,12 @@ class CampaignKindsTest : public QuickTest {
     ASSERT_TRUE(waitForNamed(sign));
     settle();
   }
-  // The place of the mission with this name, which is its label's too.
+  /// The scene rectangle of the mission with this name.
   QRectF cell(const char* name) const {
     const auto* const label = named(QString::fromUtf8(name));
     return label != nullptr ? sceneRect(label->parentItem()) : QRectF();
   }
-  // The same on a small phone, and there with large text.
+  /// Calls `look` with the text scales 1 and 2 and checks the layout of what it opens.
   void onSmallScreens(const QString& name, const std::function<void(double)>& look) {
     for (const double scale : {1.0, 2.0}) {
       SCOPED_TRACE(scale);
@@ -73,7 +72,7 @@ class CampaignKindsTest : public QuickTest {
   std::shared_ptr<Consent> consent_ = std::make_shared<Consent>();
 };
 
-TEST_F(CampaignKindsTest, AnOptInStaysOfUseWithoutItsPicture) {
+TEST_F(CampaignKindsTest, AnOptInWorksWithoutItsPicture) {
   onSmallScreens("opt-in-picture-missing", [&](double scale) {
     openCampaign(optInMarketingPage(), askHost, {320, 568}, scale);
     EXPECT_TRUE(waitForNamed(pictureMissing));
@@ -136,25 +135,11 @@ TEST_F(CampaignKindsTest, AStampBoardShowsWholeRowsWithEachMissionsIcon) {
   EXPECT_EQ(pixels("첫 구매", waiting) + pixels("리뷰 쓰기", stamped) + pixels("사진 없는 미션", waiting), 0);
 }
 
-TEST_F(CampaignKindsTest, ABoardOfOddShapeFitsTheScreen) {
-  for (const int columns : {1, 7, 8}) {
-    SCOPED_TRACE(columns);
-    openCampaign(stampPage(columns), QStringLiteral("미션을 마치고"), {320, 568}, 2.0);
-    EXPECT_EQ(named(QStringLiteral("첫 구매")) == nullptr, columns == 8) << "no row is whole";
-    expectNothingCut();
-    grab(QStringLiteral("stamp-320-columns-%1").arg(columns));
-  }
-}
-
 TEST_F(CampaignKindsTest, AKindOfTomorrowAsksForAnUpdate) {
   service_->answers["/lookup"] = {
       200, R"({"resultCount":1,"results":[{"bundleId":"com.example.shop","trackId":42}]})"};
   onSmallScreens("update", [&](double scale) {
     openCampaign(R"({"page_type":"hologram","page_id":"p"})", update, {320, 568}, scale);
-    const auto button = sceneRect(named(update)->parentItem());  // of the label
-    EXPECT_GE(button.width(), 124.0);
-    EXPECT_GE(button.height(), 36.0);
-    EXPECT_NEAR(button.center().x(), 160.0, 1.0);
   });
   openCampaign(R"({"page_type":"hologram","page_id":"p"})", update, {568, 320}, 2.0);
   expectNothingCut();
@@ -164,10 +149,9 @@ TEST_F(CampaignKindsTest, AKindOfTomorrowAsksForAnUpdate) {
   EXPECT_EQ(focusName(), update);
   settle();
   EXPECT_LE(sceneRect(named(update)->parentItem()).bottom(), 320.0) << "the focus brings it into view";
-  EXPECT_GE(named(update)->x(), 12.0) << "the label keeps off the border";
   const auto failed = QStringLiteral("업데이트 페이지 이동에 실패했습니다.");
   click(update);
-  ASSERT_TRUE(waitForNamed(failed)) << "no machine of Qt takes the store's link";
+  ASSERT_TRUE(waitForNamed(failed)) << "Qt cannot open the store's link";
   expectNothingCut();
   grab("update-failed");
 }

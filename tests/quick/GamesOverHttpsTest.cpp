@@ -8,7 +8,7 @@ using devservice::DevService;
 
 const QString confirm = QStringLiteral("확인");
 
-// The whole way: the service's own scenario over HTTPS, the kit, the screen, and a user.
+/// The local service's bundled scenario over HTTPS, up to the screen.
 class GamesOverHttpsTest : public WindowTest {
  protected:
   GamesOverHttpsTest() {
@@ -25,8 +25,8 @@ class GamesOverHttpsTest : public WindowTest {
     open({390, 844});
   }
 
-  // In one go along the middle of the item, from its left end.
-  void rub(const QString& name, double share) {
+  /// Strokes along the middle of the item, from its left end over this share of its width.
+  void scratch(const QString& name, double share) {
     const auto* const item = named(name);
     ASSERT_NE(item, nullptr) << name.toStdString();
     const auto start = item->mapToScene({10, item->height() / 2}).toPoint();
@@ -51,7 +51,7 @@ TEST_F(GamesOverHttpsTest, AWheelSpinsRewardsAndIsDoneForTheDay) {
   EXPECT_EQ(service_.requestCount("/roulette/stop"), 0);
   ASSERT_TRUE(QTest::qWaitFor([&] { return named(reward) != nullptr; }, 10'000));
   EXPECT_EQ(service_.requestCount("/roulette/stop"), 1);
-  EXPECT_NE(named(spun), nullptr) << "beneath the reward";
+  EXPECT_NE(named(spun), nullptr) << "the page is beneath the reward";
   click(confirm);
   ASSERT_TRUE(waitFor([&] { return service_.requestCount("/campaigns/roulette") == 2; }));
   EXPECT_TRUE(waitFor([&] { return named(reward) == nullptr && named(spun) != nullptr; }));
@@ -72,10 +72,10 @@ TEST_F(GamesOverHttpsTest, ACardRewardsOnceAndStaysOpen) {
   showCampaign("scratch");
   ASSERT_TRUE(waitForNamed(card));
   settle();
-  rub(card, 0.2);
+  scratch(card, 0.2);
   settle();
-  EXPECT_EQ(service_.requestCount("/scratch/scratched"), 0) << "not enough has gone";
-  rub(card, 0.9);
+  EXPECT_EQ(service_.requestCount("/scratch/scratched"), 0) << "too little is cleared";
+  scratch(card, 0.9);
   ASSERT_TRUE(waitForNamed(QStringLiteral("당첨!")));
   EXPECT_EQ(service_.requestCount("/scratch/scratched"), 1);
   press(Qt::Key_Return);
@@ -88,7 +88,7 @@ TEST_F(GamesOverHttpsTest, ALockedCardSaysWhyAndOpensOnceUnlocked) {
   showCampaign("scratch-locked");
   ASSERT_TRUE(waitForNamed(locked));
   settle();
-  rub(locked, 0.1);
+  scratch(locked, 0.1);
   EXPECT_TRUE(waitForNamed(QStringLiteral("알림을 켜면 긁을 수 있어요")));
   EXPECT_GE(service_.requestCount("/scratch-locked/blocked"), 1);
   EXPECT_EQ(service_.requestCount("/scratch-locked/scratched"), 0);

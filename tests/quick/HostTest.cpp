@@ -15,7 +15,7 @@ using std::chrono::milliseconds;
 
 const QString back = QStringLiteral("뒤로");
 
-// The front has no look for it.
+/// A screen that the front has no view for.
 class CountingScreen final : public ViewController {
  public:
   std::string_view kind() const override { return "CountingScreen"; }
@@ -57,14 +57,13 @@ TEST_F(HostTest, AScreenComesFromBelowAndGoesAgain) {
   host()->present(screen("문제가 생겼어요"), true);
   ASSERT_TRUE(waitForNamed(back));
   EXPECT_GT(named(back)->mapToScene({0, 0}).y(), 400.0) << "on its way";
-  EXPECT_NE(named("host"), nullptr);
   grab("error-390");
   EXPECT_LT(named(back)->mapToScene({0, 0}).y(), 1.0);
   EXPECT_FALSE(named("host")->isEnabled());
   click(back);
   EXPECT_EQ(host()->presentedViewController(), nullptr);
-  EXPECT_NE(named(back), nullptr) << "it is still to be seen going";
-  EXPECT_EQ(focusName(), "host") << "and takes no input any more";
+  EXPECT_NE(named(back), nullptr) << "it is still visible on its way out";
+  EXPECT_EQ(focusName(), "host") << "it has no input any more";
   EXPECT_TRUE(waitFor([&] { return named(back) == nullptr; }));
   host()->present(screen("다시"), false);
   ASSERT_NE(named(back), nullptr);
@@ -131,7 +130,7 @@ TEST_F(HostTest, AWindowMayHaveAStackOfItsOwn) {
   EXPECT_NE(named(QStringLiteral("내 이벤트")), nullptr);
   const auto above = std::make_shared<CountingScreen>();
   EXPECT_TRUE(quick::present(window_, above));
-  EXPECT_FALSE(quick::present(window_, navigation)) << "it is what lies beneath";
+  EXPECT_FALSE(quick::present(window_, navigation)) << "it is already shown";
   EXPECT_EQ(above->appeared, 1);
   EXPECT_FALSE(navigation->isVisible());
   above->dismiss(false);
@@ -153,13 +152,14 @@ TEST_F(HostTest, ScreensAppearAndDisappearWithTheWindow) {
   EXPECT_FALSE(host()->isVisible());
   window_->hide();
   window_->show();
-  EXPECT_EQ(above->appeared, 1) << "that was the background and back";
+  EXPECT_EQ(above->appeared, 1) << "hiding the window is no disappearance";
   EXPECT_EQ(above->disappeared, 0);
   EXPECT_FALSE(host()->isVisible()) << "it is covered";
   window_->hide();
   above->dismiss(false);
   EXPECT_TRUE(host()->isVisible());
   QQuickWindow unseen;
+  EXPECT_NE(quick::hostViewController(&unseen), host()) << "every window has its own";
   EXPECT_FALSE(quick::hostViewController(&unseen)->isVisible());
   unseen.show();
   EXPECT_TRUE(quick::hostViewController(&unseen)->isVisible());
@@ -168,7 +168,7 @@ TEST_F(HostTest, ScreensAppearAndDisappearWithTheWindow) {
 }
 
 TEST_F(HostTest, WithoutAWindowAScreenIsShownNowhereAndTheLogSaysWhy) {
-  ORLLogger::enable();  // for good
+  ORLLogger::enable();  // cannot be undone
   testing::internal::CaptureStdout();
   const auto nowhere = quick::hostViewController(nullptr);
   EXPECT_THAT(testing::internal::GetCapturedStdout(),
@@ -195,10 +195,10 @@ TEST_F(HostTest, TheApplicationIsInTheBackgroundWhileNoWindowCanBeSeen) {
           application.observe(signal, [&heard, line = name + what] { heard.push_back(line); }));
     }
   };
-  QTest::qWait(50);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
   observe("early", *Platform::current().application);
   const auto late = quick::platform({.dataDirectory = folder_.path(), .cacheDirectory = folder_.path()});
-  observe("late", *late.application);  // installed after the window has come up
+  observe("late", *late.application);  // created after the window was shown
   window_->showMinimized();
   EXPECT_TRUE(waitFor([&] { return heard.size() == 2; }));
   window_->showNormal();
@@ -207,16 +207,6 @@ TEST_F(HostTest, TheApplicationIsInTheBackgroundWhileNoWindowCanBeSeen) {
   EXPECT_TRUE(waitFor([&] { return heard.size() == 6; }));
   EXPECT_THAT(heard, testing::UnorderedElementsAre("early leaves", "late leaves", "early comes", "late comes",
                                                    "early leaves", "late leaves"));
-}
-
-TEST_F(HostTest, EachWindowHasOneHostOfItsOwn) {
-  const auto mine = host();
-  EXPECT_EQ(mine, host());
-  QQuickWindow other;
-  const std::weak_ptr<ViewController> another = quick::hostViewController(&other);
-  EXPECT_NE(another.lock(), mine);
-  engine_.reset();
-  EXPECT_FALSE(mine->isVisible());
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace {
 using devservice::DevService;
 using Kind = devservice::Fault::Kind;
 
-// The whole way: the service's file over HTTPS, through the codec, into a view.
+/// A file of the service over HTTPS, through the codec, in a view.
 class ImageOverHttpsTest : public testing::Test {
  protected:
   ImageOverHttpsTest() {
@@ -68,7 +68,7 @@ TEST_F(ImageOverHttpsTest, WhatIsBrokenLeavesTheViewEmptyAndTheNextLoadFillsIt) 
   EXPECT_EQ(load(), "ok");
   EXPECT_EQ(service_.requestCount("/gift.png"), 4) << "from the cache";
 
-  // Half of a file that came whole.
+  // A complete reply with half a file.
   order(Kind::body, image->encoded->substr(0, image->encoded->size() / 2));
   ImagePipeline::shared()->cache().memoryCache().removeAll();
   ImagePipeline::shared()->cache().diskCache().clear();

@@ -17,7 +17,7 @@ const QString settings = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString desktop = QStringLiteral("org.gnome.desktop.interface");
 
-// The desktop portal on a bus of the test's own, with one setting of a user.
+/// The desktop portal on a private bus, with one setting.
 class Portal final : public QObject {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
@@ -68,7 +68,7 @@ class MotionSettingTest : public testing::Test {
     setting_ = std::make_unique<quick::MotionSetting>(QDBusConnection::connectToBus(address_, "kit"),
                                                       [this](bool prefers) { said_.push_back(prefers); });
   }
-  // What has been said by the time that it is so much.
+  /// The values reported so far; waits for `count` of them.
   std::vector<bool> said(std::size_t count) {
     static_cast<void>(QTest::qWaitFor([&] { return said_.size() >= count; }));
     return said_;

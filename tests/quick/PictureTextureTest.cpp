@@ -33,7 +33,7 @@ TEST_F(PictureTextureTest, IsNoLargerThanTheRendererTakes) {
   const QSize tall(1000, 16'384);
   EXPECT_EQ(PictureTexture::sizeOf(tall, {780, 12'780}, 16'384), tall);
   EXPECT_EQ(PictureTexture::sizeOf(tall, {780, 12'780}, 8192), QSize(500, 8192));
-  EXPECT_EQ(PictureTexture::sizeOf(tall, {390, 6390}, 8192), QSize(500, 8192)) << "by its place";
+  EXPECT_EQ(PictureTexture::sizeOf(tall, {390, 6390}, 8192), QSize(500, 8192)) << "by the size of its item";
   EXPECT_EQ(PictureTexture::sizeOf({16'384, 1}, {390, 1}, 4096), QSize(4096, 1));
   EXPECT_EQ(of(image(16'384, 4), {16'384, 4})->texture()->textureSize(), QSize(16'384, 4));
 }

@@ -17,7 +17,7 @@
 namespace orrelo::test {
 namespace {
 
-// A day of the calendar that stands still, so that pictures are comparable.
+/// A fixed date, so that pictures are comparable.
 class StillCalendar final : public Clock {
  public:
   Date now() const override { return Date::fromSeconds(1794970800); }
@@ -27,7 +27,7 @@ class StillCalendar final : public Clock {
   }
 };
 
-// Everything on the one thread: the tests see the same order in each run.
+/// Runs all work on the main thread, in the same order in every run.
 class LoopWorkers final : public WorkerPool {
  public:
   explicit LoopWorkers(std::shared_ptr<MainLoop> loop) : loop_(std::move(loop)) {}
@@ -55,20 +55,29 @@ bool isDrawnBy(const QQuickItem* item, const char* file) {
   return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String(file) + "_QML");
 }
 
+/// Whether a screen is on its way in or out.
+bool isMoving(const QQuickItem* item) {
+  if (isDrawnBy(item, "ScreenLayer")) {
+    if (item->property("isLeaving").toBool() || item->property("presence").toDouble() < 1.0) return true;
+  }
+  const auto children = item->childItems();
+  return std::any_of(children.begin(), children.end(), isMoving);
+}
+
 bool isText(const QQuickItem* item) {
   return item->inherits("QQuickText");
 }
 
-// What the text needs, against the room that its item has.
+/// The text needs no more space than its item has.
 void expectWholeText(const QQuickItem* text) {
   const auto number = [text](const char* property) { return text->property(property).toDouble(); };
-  // A bar of fixed height cuts its title short.
+  // A bar of fixed height may elide its title.
   EXPECT_TRUE(!text->property("truncated").toBool() || isDrawnBy(text->parentItem(), "ModalTopBar"));
   EXPECT_LE(number("contentWidth") + number("leftPadding") + number("rightPadding"), text->width() + 1.0);
   EXPECT_LE(number("contentHeight") + number("topPadding") + number("bottomPadding"), text->height() + 1.0);
 }
 
-// Toasts and tooltips lie over what is there.
+/// Toasts and tooltips may overlap other items.
 bool liesOverOthers(const QQuickItem* item) {
   for (; item != nullptr; item = item->parentItem()) {
     if (isDrawnBy(item, "ToastLayer") || isDrawnBy(item, "TooltipView")) return true;
@@ -83,7 +92,7 @@ void expectWithinAllAround(const QQuickItem* item) {
     rect = item->mapRectToItem(around, rect);
     item = around;
     const bool isWindow = around->parentItem() == nullptr;
-    if (around->size().isEmpty() || (isOver && !isWindow)) continue;  // it only holds its place
+    if (around->size().isEmpty() || (isOver && !isWindow)) continue;  // it only positions its children
     constexpr double tolerance = 0.6;
     const QRectF place =
         QRectF({0, 0}, around->size()).adjusted(-tolerance, -tolerance, tolerance, tolerance);
@@ -97,7 +106,7 @@ void expectWithinAllAround(const QQuickItem* item) {
   }
 }
 
-// As much of the item as its page shows.
+/// The part of the item that its clipping parents leave visible.
 QRectF shownRect(const QQuickItem* item) {
   auto rect = WindowTest::sceneRect(item);
   for (const auto* around = item->parentItem(); around != nullptr; around = around->parentItem()) {
@@ -171,7 +180,17 @@ bool WindowTest::waitFor(const std::function<bool()>& holds) {
 }
 
 void WindowTest::settle() {
-  QTest::qWait(450);
+  std::vector<QRectF> places;
+  QElapsedTimer still;
+  still.start();
+  static_cast<void>(waitFor([&] {
+    std::vector<QRectF> now;
+    visit(window_->contentItem(),
+          [&](QQuickItem* item) { now.emplace_back(item->position(), item->size()); });
+    if (now != places || isMoving(window_->contentItem())) still.restart();
+    places = std::move(now);
+    return still.elapsed() >= 100;
+  }));
 }
 
 QImage WindowTest::grab(const QString& name) {
@@ -256,7 +275,8 @@ void WindowTest::expectNothingCut() const {
   std::vector<const QQuickItem*> texts;
   visit(window_->contentItem(), [&](QQuickItem* item) {
     const auto name = nameOf(item);
-    if ((!isText(item) && name.isEmpty()) || name == QLatin1String("host")) return;  // the host lies beneath
+    if ((!isText(item) && name.isEmpty()) || name == QLatin1String("host"))
+      return;  // beneath the kit's screens
     const testing::ScopedTrace trace(
         __FILE__, __LINE__, name.toStdString() + ", " + item->property("text").toString().toStdString());
     expectWithinAllAround(item);

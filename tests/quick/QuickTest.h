@@ -21,7 +21,7 @@
 
 namespace orrelo::test {
 
-/// A host's window, drawn off the screen. What the kit talks to is the heirs' matter.
+/// A host's window, rendered offscreen. Derived fixtures provide the service.
 class WindowTest : public testing::Test {
  public:
   static QRectF sceneRect(const QQuickItem* item) { return {item->mapToScene({0, 0}), item->size()}; }
@@ -30,37 +30,38 @@ class WindowTest : public testing::Test {
   WindowTest();
   ~WindowTest() override;
 
-  /// Opens the host's window anew.
+  /// Opens a new host window.
   void open(QSize size, double textScale = 1.0);
   std::shared_ptr<ViewController> host() const { return quick::hostViewController(window_); }
   void showCampaign(const std::string& id) { Orrelo::showCampaign(id, host()); }
 
-  /// Runs the event loop until `holds`; false after some seconds.
+  /// Runs the event loop until `holds` returns true; returns false after five seconds.
   static bool waitFor(const std::function<bool()>& holds);
-  /// Until nothing moves.
+  /// Runs the event loop until no screen moves and no visible item has changed its place for a tenth of a
+  /// second.
   void settle();
-  /// What the window shows, kept as a picture for people to look at.
+  /// Settles, then returns the window's picture and saves it for people to look at.
   QImage grab(const QString& name);
 
-  /// The item that assistive technology knows by this name, where it can be seen; null where there is none.
+  /// The visible item with this accessible name; null where there is none.
   QQuickItem* named(const QString& name) const;
   bool waitForNamed(const QString& name) {
     return waitFor([&] { return named(name) != nullptr; });
   }
-  /// A parcel on a coloured ground, as a PNG file.
+  /// A PNG file of a parcel on a coloured ground.
   static std::string picture(QSize size, const QColor& ground);
-  /// How many pixels of `picture` have this colour, or nearly.
+  /// The number of pixels of about this colour.
   static int count(const QImage& picture, const QColor& color);
   void click(const QString& name);
   void press(Qt::Key key) { QTest::keyClick(window_, key); }
-  /// The name of what has the keyboard.
+  /// The accessible name of the item with the focus.
   QString focusName() const;
-  /// Every name in reading order.
+  /// All accessible names in reading order.
   QStringList names() const;
   /// The visible items that the QML file of this name draws, from top to bottom.
   std::vector<QQuickItem*> drawnBy(const char* file) const;
-  /// No text is elided, sticks out of what holds it or lies over another, and nothing that has a name sticks
-  /// out of the window but for what can be scrolled to.
+  /// Checks that no text is elided, exceeds its parents or overlaps another text, and that no named item
+  /// exceeds the window unless it can be scrolled to.
   void expectNothingCut() const;
 
   TemporaryFolder folder_;
@@ -68,10 +69,10 @@ class WindowTest : public testing::Test {
   QQuickWindow* window_ = nullptr;
 };
 
-/// Over a real kit with a scripted service, and a clock that stands still.
+/// A host window over a real kit with a scripted service and a fixed clock.
 class QuickTest : public WindowTest {
  protected:
-  /// `change` is made to the machine before it is installed.
+  /// Calls `change` with the platform before it is installed.
   explicit QuickTest(const std::function<void(Platform&)>& change = {});
 
   void showCampaign() { WindowTest::showCampaign("c-1"); }

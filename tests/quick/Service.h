@@ -16,8 +16,8 @@
 
 namespace orrelo::test {
 
-/// A service in the process: it answers from the main loop, by the end of the path. What it has no answer for
-/// waits for ever.
+/// A service in the process. It answers from the main loop, by the end of the request's path; a request
+/// without an answer waits for ever.
 class Service final : public URLSession {
  public:
   explicit Service(std::shared_ptr<MainLoop> loop) : loop_(std::move(loop)) {
@@ -29,11 +29,11 @@ class Service final : public URLSession {
     int status = 200;
     std::string body;
   };
-  /// The main thread's.
+  /// Used on the main thread only.
   std::map<std::string, Answer> answers;
   std::vector<std::string> asked;
 
-  /// The answer for those who wait for one.
+  /// Sets an answer and gives it to the requests that wait.
   void answerWaiting(const std::string& path, const Answer& reply) {
     answers[path] = reply;
     for (const auto& [waitingPath, completion] : std::exchange(waiting_, {})) answer(waitingPath, completion);
@@ -82,7 +82,7 @@ class Service final : public URLSession {
   std::vector<std::pair<std::string, Completion>> waiting_;
 };
 
-/// What the service sends: pages, with `more` members, and campaigns around them.
+/// Pages as the service sends them; `more` are members of the detail, each after a comma.
 inline std::string richAttendancePage(const std::string& more = "", bool isEnabled = true) {
   return R"({"page_type":"attendance","page_id":"p-1","page_detail":{"toolbar_text":"매일 출석체크",
     "first_title":"매일매일 출석하고","second_title":"포인트 받아가세요!","status_message":"오늘 출석하면 100P를 드려요",

@@ -18,7 +18,7 @@ class ToastTest : public QuickTest {
     host()->present(screen, false);
     return screen;
   }
-  // The one with this message, which is its label's name too.
+  /// The toast with this message.
   QQuickItem* toast(const QString& message) const {
     auto* const label = named(message);
     return label != nullptr ? label->parentItem() : nullptr;
@@ -38,12 +38,12 @@ TEST_F(ToastTest, AToastOfAPageIsAnAlertInTheMiddleOfTheScreen) {
     ASSERT_TRUE(waitForNamed(arrived));
     EXPECT_EQ(toast(arrived)->objectName(), QStringLiteral("OrreloToast"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(toast(arrived))->role(), QAccessible::AlertMessage);
-    QTest::qWait(350);  // until the screen stands
+    const auto isAtRest = [&] { return std::abs(sceneRect(toast(arrived)).center().y() - 284.0) < 1.0; };
+    EXPECT_TRUE(waitFor(isAtRest)) << "in the middle once the screen has come up";
     expectNothingCut();
     const auto place = sceneRect(toast(arrived));
     EXPECT_LE(place.width(), 320 * 0.8 + 0.5);
     EXPECT_NEAR(place.center().x(), 160.0, 1.0);
-    EXPECT_NEAR(place.center().y(), 284.0, 1.0);
     grab(scale == 1.0 ? "toast-320" : "toast-320-large-text");
   }
 }
@@ -54,22 +54,17 @@ TEST_F(ToastTest, AToastGoesWhenItsFadeHasBeenPlayed) {
   screen->toastLayer->showToast("둘", Color());
   ASSERT_TRUE(waitForNamed(second));
   QObject* fade = nullptr;
-  std::vector<int> durations;
   for (auto* const part : toast(first)->findChildren<QObject*>()) {
     if (part->inherits("QQuickSequentialAnimation")) fade = part;
-    if (part->inherits("QQuickPauseAnimation") || part->inherits("QQuickNumberAnimation")) {
-      durations.push_back(part->property("duration").toInt());
-    }
   }
   ASSERT_NE(fade, nullptr);
-  EXPECT_THAT(durations, testing::ElementsAre(1000, 2000));
   EXPECT_TRUE(fade->property("running").toBool());
   QMetaObject::invokeMethod(fade, "complete");
   EXPECT_EQ(named(first), nullptr);
   EXPECT_EQ(screen->toastLayer->toasts.value().size(), 1U);
-  EXPECT_NE(named(second), nullptr) << "it fades by itself";
+  EXPECT_NE(named(second), nullptr) << "every toast fades on its own";
   screen->toastLayer->showToast("하나", Color());
-  EXPECT_TRUE(waitForNamed(first)) << "it may be said again";
+  EXPECT_TRUE(waitForNamed(first)) << "it may be shown again";
 }
 
 TEST_F(ToastTest, AToastTakesNoTapsAndEndsWithItsScreen) {

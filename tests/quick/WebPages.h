@@ -6,7 +6,7 @@
 
 namespace orrelo::test {
 
-/// A composed page of a web page's place, as wide as the screen, over a button "참여하기".
+/// A modular page with a web block as wide as the screen, above a button "참여하기".
 inline std::string pageWithWebBlock(const std::string& url, int height = 240) {
   return R"({"page_type":"box","page_id":"p","page_details_v2":{"page_config":{"layout":{
       "toolbar":{"text":"이벤트 안내"},"component_order":["web","action"]}},"blank":[24,24],
@@ -16,7 +16,7 @@ inline std::string pageWithWebBlock(const std::string& url, int height = 240) {
       "button_url":"/join","button_color":"#5B50E8"}]}})";
 }
 
-/// Where that button begins in the picture of a screen; -1 without one.
+/// The y coordinate of the top of that button in a picture of the screen; -1 without a button.
 inline int topOfButton(const QImage& picture) {
   for (int y = 0; y < picture.height(); ++y) {
     if (picture.pixelColor(picture.width() / 4, y) == QColor("#5B50E8")) return y;

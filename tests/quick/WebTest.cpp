@@ -15,7 +15,7 @@ TEST_F(WebTest, APageIsPaintedInItsPlaceAlthoughAPictureOfItNeverComes) {
       "<img src=/images/slow.png hidden><script>"
       "say({language: navigator.language, focus: document.hasFocus()})</script>");
   EXPECT_EQ(said("language"), QStringLiteral("ko-KR"));
-  EXPECT_EQ(said("focus"), QStringLiteral("false")) << "a page does not take the keyboard when it comes";
+  EXPECT_EQ(said("focus"), QStringLiteral("false")) << "a page does not take the focus when it loads";
   ASSERT_TRUE(waitForRequest("/images/slow.png"));
   ASSERT_TRUE(waitForGreen());
   EXPECT_TRUE(isLoading());
@@ -34,7 +34,7 @@ TEST_F(WebTest, APageIsPaintedInItsPlaceAlthoughAPictureOfItNeverComes) {
   EXPECT_EQ(pages_.requestCount("/pages/page.html"), 1) << "a window that is shown again goes on";
 }
 
-TEST_F(WebTest, AllOfAProcessShareOneStoreInTheKitsFolders) {
+TEST_F(WebTest, AllPagesShareOneProfileInTheKitsFolders) {
   show("<script>document.cookie = 'a=b'; say({first: document.cookie})</script>");
   EXPECT_EQ(said("first"), QStringLiteral("a=b"));
   open({390, 844});
@@ -63,14 +63,14 @@ TEST_F(WebTest, APageThatLoopsForEverHoldsUpNothing) {
   QTest::mouseClick(window_, Qt::LeftButton, {}, inPage_);
   EXPECT_TRUE(engineView()->hasActiveFocus());
   press(Qt::Key_Tab);
-  EXPECT_TRUE(engineView()->hasActiveFocus()) << "the page may want it";
+  EXPECT_TRUE(engineView()->hasActiveFocus()) << "the page may handle the key";
   press(Qt::Key_Tab);
   EXPECT_FALSE(engineView()->hasActiveFocus()) << "the page has not answered since";
   press(Qt::Key_Escape);
   EXPECT_TRUE(waitFor([&] { return named(button) == nullptr; })) << "leaves the screen";
 }
 
-TEST_F(WebTest, APageGetsNothingButItsPlace) {
+TEST_F(WebTest, APageGetsNoPermissions) {
   static std::atomic<int> lines;
   lines = 0;
   const auto former =
@@ -106,12 +106,12 @@ TEST_F(WebTest, APageGetsNothingButItsPlace) {
   EXPECT_EQ(said("position"), QStringLiteral("1")) << "denied";
   EXPECT_EQ(said("notify"), QStringLiteral("denied"));
   EXPECT_EQ(said("camera"), QStringLiteral("refused"));
-  EXPECT_EQ(said("sound"), QStringLiteral("NotAllowedError")) << "nobody has pressed anything";
+  EXPECT_EQ(said("sound"), QStringLiteral("NotAllowedError")) << "without a user gesture";
   EXPECT_EQ(said("full"), QStringLiteral("refused"));
   EXPECT_EQ(said("post"), QStringLiteral("refused"));
   EXPECT_EQ(said("at"), QStringLiteral("/pages/page.html"));
   EXPECT_TRUE(waitForGreen());
-  EXPECT_EQ(desktop_.opened, QStringList("/first")) << "one that nobody asked for";
+  EXPECT_EQ(desktop_.opened, QStringList("/first")) << "one window without a user gesture";
   QTest::mouseClick(window_, Qt::LeftButton, {}, inPage_);
   EXPECT_TRUE(waitFor([&] { return desktop_.opened == QStringList({"/first", "/sale"}); }));
   EXPECT_EQ(QGuiApplication::topLevelWindows().size(), 1) << "no dialog, no window";
@@ -128,13 +128,7 @@ TEST_F(WebTest, APageThatNeverComesIsGivenUp) {
   expectEmptyButUsable();
 }
 
-TEST_F(WebTest, APageThatFailsLeavesThePlaceEmpty) {
-  pages_.orderFault({.kind = Kind::drop, .pathSuffix = "/pages/page.html"});
-  show("");
-  expectEmptyButUsable();
-}
-
-TEST_F(WebTest, APageThatIsOnlyAWayToOneThatFailsLeavesThePlaceEmpty) {
+TEST_F(WebTest, ARedirectingPageWhoseTargetFailsLeavesThePlaceEmpty) {
   pages_.orderFault({.kind = Kind::drop, .pathSuffix = "/pages/next.html"});
   show("<script>stop(); setTimeout(() => location.replace('/pages/next.html'), 100)</script>");
   expectEmptyButUsable();
@@ -150,7 +144,7 @@ TEST_F(WebTest, APageThatCrashesLeavesThePlaceEmpty) {
   EXPECT_EQ(pages_.requestCount("/pages/page.html"), 1);
 }
 
-TEST_F(WebTest, AServerOfNobodysTrustIsNotAsked) {
+TEST_F(WebTest, AnUntrustedServerIsNotAsked) {
   Platform::current().userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane")->remove("ORRELO_SERVICE_URL");
   show("");
   expectEmptyButUsable();

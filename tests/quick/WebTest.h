@@ -17,10 +17,10 @@ namespace orrelo::test {
 inline const QString button = QStringLiteral("참여하기");
 inline const QColor green(0x10, 0xA0, 0x50);
 
-// The event loop, but what is to wait long waits until the test says so.
-class PatientLoop final : public MainLoop {
+/// The event loop, except that delays of half a minute and more end when the test calls `letTimePass`.
+class LongDelayLoop final : public MainLoop {
  public:
-  explicit PatientLoop(std::shared_ptr<MainLoop> loop) : loop_(std::move(loop)) {}
+  explicit LongDelayLoop(std::shared_ptr<MainLoop> loop) : loop_(std::move(loop)) {}
 
   void post(Task task) override { loop_->post(std::move(task)); }
   void postAfter(std::chrono::microseconds delay, Task task) override {
@@ -44,7 +44,7 @@ class PatientLoop final : public MainLoop {
   std::vector<Task> waiting_;
 };
 
-// Takes the place of the machine's browser.
+/// Replaces the machine's browser.
 class Desktop final : public QObject {
   Q_OBJECT
 
@@ -60,7 +60,7 @@ class Desktop final : public QObject {
   QStringList opened;
 };
 
-/// The folders of the engine's profile, of which a process has one.
+/// The folders of the engine's profile; a process has only one profile.
 class StoreFolders final : public Directories {
  public:
   std::filesystem::path data() const override { return folder() / "data"; }
@@ -73,13 +73,13 @@ class StoreFolders final : public Directories {
   }
 };
 
-/// Web pages in a real engine, from a real server. A page tells what it has come to by asking for
-/// "/pages/said" with a query.
+/// Web pages in a real engine, from a real server. A page reports results by requests for "/pages/said" with
+/// a query.
 class WebTest : public QuickTest {
  protected:
   WebTest()
       : QuickTest([](Platform& platform) {
-          platform.mainLoop = std::make_shared<PatientLoop>(platform.mainLoop);
+          platform.mainLoop = std::make_shared<LongDelayLoop>(platform.mainLoop);
           platform.device = std::make_shared<FixedDevice>();
           platform.directories = std::make_shared<StoreFolders>();
         }) {
@@ -90,7 +90,7 @@ class WebTest : public QuickTest {
     suite->set("ORRELO_DEVELOPMENT_CA", pages_.certificatePath().string());
   }
 
-  /// Shows a page of this body, in green, in a place of this height.
+  /// Shows a green page with this body in a web block of this height.
   void show(const std::string& body, int height = 240) {
     const auto folder = folder_.path() / "scenario/pages";
     std::filesystem::create_directories(folder);
@@ -109,7 +109,7 @@ class WebTest : public QuickTest {
   bool waitForRequest(const std::string& path) {
     return waitFor([&] { return pages_.requestCount(path) > 0; });
   }
-  /// What the page first said under this name; waits for it to do so.
+  /// The first value that the page reported under this name; waits for it.
   QString said(const QString& name) {
     auto found = QStringLiteral("nothing");
     waitFor([&] {
@@ -125,10 +125,10 @@ class WebTest : public QuickTest {
     return found;
   }
   bool isLoading() const { return engineView()->property("loading").toBool(); }
-  /// As the base's, for an engine of several processes on a busy machine.
+  /// Waits longer than the base class, since the engine runs several processes.
   static bool waitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 15'000); }
   QQuickItem* engineView() const { return find(window_->contentItem()); }
-  /// The place holds no page any more, and the block's neighbour answers.
+  /// The block shows no page any more, and the button below it works.
   void expectEmptyButUsable() {
     EXPECT_TRUE(waitFor([&] { return engineView() == nullptr; }));
     const auto picture = grab("web-empty");
@@ -143,8 +143,8 @@ class WebTest : public QuickTest {
 
   const QPoint inPage_{195, 180};
 
-  const std::shared_ptr<PatientLoop> loop_ =
-      std::static_pointer_cast<PatientLoop>(Platform::current().mainLoop);
+  const std::shared_ptr<LongDelayLoop> loop_ =
+      std::static_pointer_cast<LongDelayLoop>(Platform::current().mainLoop);
   Desktop desktop_;
   devservice::DevService pages_{
       {.dataDirectory = folder_.path() / "service", .scenarioDirectory = folder_.path() / "scenario"}};

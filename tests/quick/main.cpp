@@ -3,9 +3,8 @@
 #include <QGuiApplication>
 #include <gmock/gmock.h>
 
-// Asked by the address sanitizer. Qt Quick's cache of pictures and the renderer's textures for them hold on
-// to each other in a ring when an engine goes. Stacks are walked in full, for Qt is built without frame
-// pointers.
+// Called by the address sanitizer. Qt Quick's picture cache and the renderer's textures leak as a cycle when
+// an engine is destroyed. Stacks are unwound in full since Qt is built without frame pointers.
 extern "C" {
 ORRELO_EXPORT const char* __lsan_default_suppressions();
 ORRELO_EXPORT const char* __asan_default_options();

@@ -6,8 +6,8 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-// Asked by the address sanitizer. What the engine deletes by another size, and what it and the fonts that it
-// shares with Qt never free, is their own affair; the rest is as in the other tests.
+// Called by the address sanitizer. The engine deletes objects by another size, and the engine and its font
+// library leak; the rest is as in main.cpp.
 extern "C" {
 ORRELO_EXPORT const char* __lsan_default_suppressions();
 ORRELO_EXPORT const char* __asan_default_options();
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QUICK_BACKEND", "software");
   // The engine's sandbox refuses to run as root, as in a container.
   if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-  const QTemporaryDir home;  // for what the engine keeps where nobody tells it otherwise
+  const QTemporaryDir home;  // for files that the engine keeps in its default folder
   qputenv("XDG_DATA_HOME", home.path().toUtf8());
   orrelo::quick::initializeWeb();
   QGuiApplication application(argc, argv);

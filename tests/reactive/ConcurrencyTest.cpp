@@ -1,4 +1,4 @@
-// Several threads at once. Run it under the thread sanitizer too.
+// Several threads at once; the thread sanitizer runs these tests too.
 
 #include "reactive/Combining.h"
 #include "reactive/Subjects.h"
@@ -70,8 +70,8 @@ TEST(Concurrency, ObserveOnDeliversOneAtATimeInOrderAndLosesNothing) {
   EXPECT_EQ(last, std::vector<int>(emitters, each - 1));
 }
 
-// The pipelines' shape: signals are gathered on one thread, handled one after another on others, while the
-// owner goes.
+// The event pipelines' chain: signals are buffered and then handled one batch at a time on other threads,
+// while the owner is destroyed.
 TEST(Concurrency, APipelineIsDisposedOfWhileEightThreadsEmit) {
   for (int round = 0; round < 20; ++round) {
     const auto pool = std::make_shared<PoolScheduler>();
@@ -122,7 +122,7 @@ TEST(Concurrency, AnEndlessEmitterStopsWhenTheOtherSideOfObserveOnDisposes) {
   pool->stop();  // returns only because the emitter does
 }
 
-TEST(Concurrency, WhoeverSubscribesToABehaviorSubjectMissesNoLaterValue) {
+TEST(Concurrency, ASubscriberOfABehaviorSubjectMissesNoLaterValue) {
   constexpr int lastValue = 20'000;
   const BehaviorSubject<int> subject(0);
   std::atomic<bool> over = false;
@@ -144,7 +144,7 @@ TEST(Concurrency, WhoeverSubscribesToABehaviorSubjectMissesNoLaterValue) {
   EXPECT_EQ(subject.value(), lastValue);
 }
 
-TEST(Concurrency, BehaviorSubjectGivesEverybodyTheSameOrder) {
+TEST(Concurrency, BehaviorSubjectGivesAllSubscribersTheSameOrder) {
   const BehaviorSubject<int> subject(-1);
   std::vector<std::vector<int>> heard(3);
   for (auto& mine : heard) subject.asObservable().subscribe([&](int value) { mine.push_back(value); });

@@ -79,27 +79,6 @@ TEST(Subscriber, CallsItsHandlersOnceCancelsAndThenSaysThatItIsDisposed) {
   }
 }
 
-TEST(Subscriber, DisposalInOnNextStopsAnEndlessSourceAndLetsTheHandlersGo) {
-  const auto sentinel = std::make_shared<int>();
-  const PublishSubject<int> trigger;
-  int sent = 0;
-  Disposable handle;
-  bool disposed = false;
-  handle = trigger.asObservable()
-               .flatMap([&](int) {
-                 return create<int>([&](AnyObserver<int> observer) {
-                   while (!observer.isDisposed() && sent < 1000) observer.onNext(++sent);
-                   return Disposables::create();
-                 });
-               })
-               .subscribe({.onNext = [&, sentinel](int i) { return i == 3 ? handle.dispose() : void(); },
-                           .onDisposed = [&] { disposed = true; }});
-  trigger.onNext(0);
-  EXPECT_EQ(sent, 3);
-  EXPECT_TRUE(disposed);
-  EXPECT_EQ(sentinel.use_count(), 1);
-}
-
 TEST(Subscriber, WhatItsHandlersThrowStaysInTheChain) {
   const PublishSubject<int> subject;
   Lines lines;

@@ -1,4 +1,4 @@
-// What every operator promises, whatever it does to the elements.
+// The guarantees that hold for every operator.
 
 #include "EveryOperator.h"
 #include "reactive/Subjects.h"
@@ -16,7 +16,7 @@ bool isEnd(const std::string& line) {
   return line == "completed" || line.starts_with("error");
 }
 
-/// A source that goes on after its end, holds on to its observers, and is hot.
+/// A hot source that sends after its end and keeps its observers.
 class RudeSource final : public Source<int> {
  public:
   void subscribe(ObserverPtr<int> observer, const StartOn&) const override {
@@ -34,7 +34,7 @@ class StreamLaws : public testing::TestWithParam<OperatorCase> {
   ~StreamLaws() override { setting.scheduler->dropPending(); }
 
   void start(const Observable<int>& source) { GetParam().chain(source, setting)(notes); }
-  /// The operator's callback and the end of the chain hold what is returned.
+  /// Returns a pointer to an object that the operator's callback and the end of the chain own.
   std::weak_ptr<int> startWithSentinel(const Observable<int>& source) {
     notes = std::make_shared<Notes>();
     notes->disposesAtOnce = disposesAtOnce;
@@ -73,7 +73,7 @@ TEST_P(StreamLaws, ElementsAndEndsPassAsTheOperatorSays) {
   EXPECT_TRUE(notes->handle.isDisposed());
 }
 
-// A cold source begins on the scheduler, a hot one must not wait for it.
+// A cold source starts on the scheduler; a hot one is subscribed to at once.
 TEST_P(StreamLaws, NothingSentAfterSubscribeReturnedIsLost) {
   const BehaviorSubject<int> subject(1);
   start(subject.asObservable().subscribeOn(setting.scheduler));
@@ -96,7 +96,7 @@ TEST_P(StreamLaws, EachSubscriptionRunsAnew) {
 }
 
 TEST_P(StreamLaws, NothingFollowsTheEnd) {
-  if (GetParam().name == "subscribeOn") GTEST_SKIP() << "it stands in no notification's way";
+  if (GetParam().name == "subscribeOn") GTEST_SKIP() << "subscribeOn passes notifications on unchecked";
   const auto completed = Event<int>::completed();
   const auto failure = Event<int>::failure(broken());
   for (const auto& end : {completed, failure}) {
@@ -129,7 +129,7 @@ TEST_P(StreamLaws, ACancelledSourceEmitsNoMore) {
   EXPECT_EQ(cancelled, 1);
 }
 
-TEST_P(StreamLaws, WhoeverCancelsBeforeTheStartHearsNothing) {
+TEST_P(StreamLaws, ACancellationBeforeTheStartIsFollowedByNothing) {
   bool ran = false;
   const PublishSubject<int> subject;
   const auto cold = create<int>([&](AnyObserver<int>) {
@@ -160,7 +160,8 @@ TEST_P(StreamLaws, NothingIsHeldAfterTheEndAndAfterDisposal) {
     source.onNext(2);
     EXPECT_FALSE(held.expired() && notes->lines.empty());
     go(source);
-    if (!notes->handle.isDisposed()) letTimePass();  // an end may be on its way; a disposal waits for nothing
+    if (!notes->handle.isDisposed())
+      letTimePass();  // an end may be delivered later, a disposal takes effect at once
     EXPECT_TRUE(held.expired());
   }
 }
@@ -193,7 +194,7 @@ TEST_P(CallbackLaws, WhatACallbackThrowsEndsTheStreamAndCancelsTheSource) {
   letTimePass();
   EXPECT_EQ(notes->lines.back(), "error broken");
   EXPECT_EQ(notes->lines.size(), 1u);
-  // The pipeline's retry listens a second time, and fails a second time.
+  // The pipeline's retry subscribes a second time and fails a second time.
   subject.onNext(3);
   subject.onNext(4);
   letTimePass();

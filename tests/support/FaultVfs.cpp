@@ -52,7 +52,7 @@ struct FaultFile {
   static FaultFile& of(sqlite3_file* file) { return *reinterpret_cast<FaultFile*>(file); }
 };
 
-/// Passes a call on, unless a failure is ordered for it.
+/// Forwards a call to the real file.
 template <auto Method, class... Arguments>
 int pass(sqlite3_file* file, Arguments... arguments) {
   auto& self = FaultFile::of(file);
@@ -65,7 +65,7 @@ int passOrFail(sqlite3_file* file, Arguments... arguments) {
   return pass<Method>(file, arguments...);
 }
 
-/// Nobody cuts the power: nothing need reach the disk.
+/// Does not sync: no test loses power.
 int sync(sqlite3_file* file, int) {
   return fault(Call::sync, FaultFile::of(file).name);
 }
@@ -112,7 +112,7 @@ int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* fla
   return code;
 }
 
-/// A connection that is kept waiting waits as often as it would, but not as long.
+/// Returns at once, so that a busy connection retries as often as usual without the delay.
 int sleepNot(sqlite3_vfs*, int microseconds) {
   return microseconds;
 }

@@ -4,29 +4,29 @@
 
 namespace orrelo::test {
 
-/// Makes SQLite's calls to the file system fail on order. Connections opened after the first `instance` go
-/// through it. Any thread.
+/// Makes SQLite's file system calls fail as ordered. Used by connections opened after the first call of
+/// `instance`. Any thread.
 class FaultVfs {
  public:
   enum class Call { open, read, write, sync, truncate, lock };
 
   struct Order {
     Call call;
-    /// The SQLite result.
+    /// The SQLite result code.
     int code;
-    /// Which call, from 1 on.
+    /// The call that fails, counted from 1.
     int nth = 1;
-    /// All later ones fail too.
+    /// All later calls fail too.
     bool lasts = false;
-    /// A part of the file's name; empty for every file.
+    /// A part of the file's name; empty matches every file.
     std::string file = {};
-    /// What errno says for it.
+    /// The value of errno.
     int systemError = 0;
   };
 
   static FaultVfs& instance();
 
-  /// In place of what was ordered before.
+  /// Replaces the former order.
   void order(Order order);
   /// Whether the order was carried out at least once.
   bool hasFailed() const;

@@ -8,7 +8,7 @@
 
 namespace orrelo::test {
 
-/// The log's lines while it lives.
+/// Captures the lines of the log while it lives.
 class LogCapture {
  public:
   LogCapture() {

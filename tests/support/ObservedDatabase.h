@@ -10,8 +10,7 @@
 
 namespace orrelo::test {
 
-/// A real store whose commits can be watched: the callbacks run on the stores' thread, just before the
-/// completion.
+/// A store that reports its commits: the callbacks run on the store's thread, right before the completion.
 class ObservedDatabase final : public EventDatabase {
  public:
   explicit ObservedDatabase(std::shared_ptr<EventDatabase> database) : database_(std::move(database)) {}

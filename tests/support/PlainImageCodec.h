@@ -9,8 +9,8 @@
 
 namespace orrelo::test {
 
-/// A codec of a format of its own, small enough to write by hand: "IMG", the width, the height, and one byte
-/// which every byte of every pixel has.
+/// A codec of a format that tests can write by hand: "IMG", the width, the height, and one value for every
+/// byte of every pixel; a byte each.
 class PlainImageCodec final : public ImageCodec {
  public:
   static std::string file(std::uint8_t width, std::uint8_t height, std::uint8_t value = 0x7F) {

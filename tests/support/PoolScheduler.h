@@ -10,7 +10,7 @@
 
 namespace orrelo::test {
 
-/// Three threads that run whatever is due. Its tasks may own it: a test that shares it calls `stop`.
+/// Runs due tasks on three threads. Tasks may own it, so a test that shares it must call `stop`.
 class PoolScheduler final : public reactive::Scheduler {
   using Clock = std::chrono::steady_clock;
 
@@ -33,7 +33,7 @@ class PoolScheduler final : public reactive::Scheduler {
     changed_.notify_one();
   }
 
-  /// Finishes the tasks that run, and drops those that wait.
+  /// Waits for the running tasks and drops the others.
   void stop() {
     std::multimap<Clock::time_point, Task> dropped;
     {

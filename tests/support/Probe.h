@@ -40,14 +40,14 @@ std::string text(const reactive::Event<T>& event) {
 
 using Lines = std::vector<std::string>;
 
-/// What a Probe has heard. With a clock, each line begins with the time in milliseconds.
+/// What a Probe has received. With a clock, each line begins with the time in milliseconds.
 struct Notes {
   Lines lines = {};
   reactive::Disposable handle = {};
   std::function<void()> onElement = nullptr;
   bool disposesAtOnce = false;
   std::shared_ptr<const reactive::Scheduler> clock = nullptr;
-  /// Goes to the next Probe, and with it.
+  /// The next Probe takes it and owns it until it is destroyed.
   std::shared_ptr<int> sentinel = nullptr;
 
   void write(const std::string& line) {
@@ -57,8 +57,8 @@ struct Notes {
 };
 using NotesPtr = std::shared_ptr<Notes>;
 
-/// The end of a chain which, unlike a Subscriber, forgives nothing: whatever comes is written down, after an
-/// end too, and nothing is cancelled but by the test.
+/// The end of a chain which, unlike a Subscriber, records everything, also after an end, and cancels only
+/// when the test says so.
 template <class T>
 class Probe final : public reactive::Observer<T> {
  public:

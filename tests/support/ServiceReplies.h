@@ -16,8 +16,7 @@ inline std::string configReply(bool sdkEnable = true) {
                         {"id":"event","destination_type":"campaign","destination":"c-1"}]})";
 }
 
-/// A page of an attendance campaign on 2023-11-14; `more` are fields of its detail, each with a comma at its
-/// end.
+/// A page of an attendance campaign on 2023-11-14; `more` are fields of its detail, each followed by a comma.
 inline std::string attendancePage(const std::string& attended = "", const std::string& more = "") {
   return R"({"page_type":"attendance","page_id":"p-1","page_detail":{)" + more +
          R"("first_title":"매일 출석하고","second_title":"포인트 받기","status_message":"오늘도 들러 주셨네요",
@@ -30,7 +29,7 @@ inline std::string attendancePage(const std::string& attended = "", const std::s
             "toolbar_text":"출석체크"}})";
 }
 
-/// A page that shows what came of a campaign; `more` as above.
+/// A page with the result of a campaign; `more` as above.
 inline std::string resultPage(const std::string& more = "") {
   return R"({"page_type":"result","page_id":"p-2","page_detail":{)" + more +
          R"("image_url":"https://img.example/result.png","body":"참여해 주셔서 감사합니다.","notice":["끝"],

@@ -8,7 +8,7 @@
 
 namespace orrelo::test {
 
-/// A new empty folder, removed with all that it holds at the end.
+/// A new empty folder, removed with its contents by the destructor.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -24,7 +24,7 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   const std::filesystem::path& path() const { return path_; }
-  /// Writes a file, and makes the folders on the way to it.
+  /// Writes a file and creates its folders.
   void write(const std::filesystem::path& name, const std::string& bytes) const {
     std::filesystem::create_directories((path_ / name).parent_path());
     std::ofstream(path_ / name, std::ios::binary) << bytes;

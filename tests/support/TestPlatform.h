@@ -13,8 +13,8 @@
 
 namespace orrelo::test {
 
-/// A machine of twins with real SQLite stores: nothing happens but when `loop` runs. Installed for the life
-/// of the object.
+/// A platform of test doubles with real SQLite stores, installed by the constructor. Work runs only while the
+/// test runs `loop`.
 class TestPlatform {
  public:
   TestPlatform() {
@@ -25,7 +25,7 @@ class TestPlatform {
     platform.random = std::make_shared<CountingRandom>();
     platform.urlSession = session;
     platform.userDefaults = defaults;
-    platform.directories = std::make_shared<Folders>(folder.path());
+    platform.directories = std::make_shared<FolderDirectories>(folder.path());
     platform.eventDatabases = std::make_shared<SqliteEventDatabaseFactory>(platform.directories, clock, loop);
     platform.device = device;
     platform.mainBundle = std::make_shared<FixedBundle>(
@@ -47,17 +47,6 @@ class TestPlatform {
   std::shared_ptr<FixedDevice> device = std::make_shared<FixedDevice>();
   std::shared_ptr<PosixApplication> application = std::make_shared<PosixApplication>();
   std::shared_ptr<PlainImageCodec> codec = std::make_shared<PlainImageCodec>();
-
- private:
-  class Folders final : public Directories {
-   public:
-    explicit Folders(std::filesystem::path path) : path_(std::move(path)) {}
-    std::filesystem::path data() const override { return path_; }
-    std::filesystem::path cache() const override { return path_; }
-
-   private:
-    std::filesystem::path path_;
-  };
 };
 
 }  // namespace orrelo::test

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <filesystem>
 #include <map>
 #include <mutex>
 #include <utility>
@@ -53,7 +54,7 @@ class ManualClock final : public Clock {
   std::chrono::microseconds steady_{0};
 };
 
-/// 0, 1, 2 …: identifiers that a test can foresee.
+/// Counts 1, 2, …, so that identifiers are predictable.
 class CountingRandom final : public Random {
  public:
   void fill(std::span<std::uint8_t> bytes) override {
@@ -70,8 +71,8 @@ class CountingRandom final : public Random {
   std::uint64_t count_ = 1;
 };
 
-/// Tasks that run when the test says so, in due order, on the thread of the test. It is the main loop, the
-/// pool of workers and the stores' thread at once; `clock` moves to each due time.
+/// Main loop, worker pool and store thread in one: tasks run in due order on the thread that calls `run`, and
+/// `clock` advances to each due time.
 class ManualLoop final : public MainLoop, public WorkerPool, public SerialExecutor {
  public:
   using Task = std::function<void()>;
@@ -90,9 +91,9 @@ class ManualLoop final : public MainLoop, public WorkerPool, public SerialExecut
   }
 
   std::chrono::microseconds now() const { return clock_->steady(); }
-  /// What is due now, and what that posts for now.
+  /// Runs the tasks that are due now, and those that they post for now.
   void run() { runFor({}); }
-  /// What becomes due within `span`.
+  /// Advances the clock by `span` and runs the tasks that become due.
   void runFor(std::chrono::microseconds span) {
     const auto until = clock_->steady() + span;
     while (auto next = takeDue(until)) {
@@ -119,8 +120,8 @@ class ManualLoop final : public MainLoop, public WorkerPool, public SerialExecut
   std::multimap<std::chrono::microseconds, Task> tasks_;
 };
 
-/// A network that answers what the test has laid ready, in order; a request that finds nothing waits for
-/// `answer`.
+/// A network that answers requests with the results given to `lay`, in order. A request without a result
+/// waits for `answer`.
 class ScriptedURLSession final : public URLSession {
  public:
   std::shared_ptr<URLSessionTask> dataTask(URLRequest request, Completion completion) override {
@@ -144,13 +145,13 @@ class ScriptedURLSession final : public URLSession {
   static URLSessionResult failure(URLError error) { return {makeError(error), {}, {}}; }
 
   void lay(URLSessionResult result) { laid.push_back(std::move(result)); }
-  /// Answers the oldest request that waits.
+  /// Answers the oldest waiting request.
   void answer(URLSessionResult result) {
     auto completion = std::move(waiting.front());
     waiting.pop_front();
     completion(std::move(result));
   }
-  /// Requests to a path that ends so.
+  /// The requests whose path ends with `pathSuffix`.
   std::vector<URLRequest> requestsTo(std::string_view pathSuffix) const {
     std::vector<URLRequest> found;
     std::copy_if(requests.begin(), requests.end(), std::back_inserter(found),
@@ -160,13 +161,13 @@ class ScriptedURLSession final : public URLSession {
 
   std::vector<URLRequest> requests;
   std::deque<URLSessionResult> laid;
-  /// For requests for which nothing is laid; without it they wait.
+  /// Answers requests first; one that it returns nothing for takes a laid result or waits.
   std::function<std::optional<URLSessionResult>(const URLRequest&)> responder;
   std::deque<Completion> waiting;
-  /// Requests that were cancelled while they waited.
+  /// The number of requests cancelled while they waited.
   int cancelled = 0;
   std::map<std::string, std::string> trusted;
-  /// A streamed reply comes in pieces of so many bytes.
+  /// The size of the pieces of a streamed reply, in bytes.
   static constexpr std::size_t chunkSize = 1000;
 
  private:
@@ -257,6 +258,18 @@ class FixedBundle final : public Bundle {
 
  private:
   std::optional<std::map<std::string, std::string>> entries_;
+};
+
+/// One folder for data and caches.
+class FolderDirectories final : public Directories {
+ public:
+  explicit FolderDirectories(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+  std::filesystem::path data() const override { return folder_; }
+  std::filesystem::path cache() const override { return folder_; }
+
+ private:
+  std::filesystem::path folder_;
 };
 
 class FixedDevice final : public Device {

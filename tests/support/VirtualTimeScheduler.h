@@ -7,8 +7,8 @@
 
 namespace orrelo::test {
 
-/// Time that passes only when a test says so. Tasks run in the order of their due times, those due at one
-/// time in the order in which they were scheduled, with the clock at the due time. One thread.
+/// A scheduler whose time only a test advances. Tasks run by due time, those with the same due time in the
+/// order of scheduling, with the clock at their due time. One thread.
 class VirtualTimeScheduler final : public reactive::Scheduler {
  public:
   std::chrono::microseconds now() const override { return now_; }
@@ -26,10 +26,10 @@ class VirtualTimeScheduler final : public reactive::Scheduler {
     }
     now_ = std::max(now_, time);
   }
-  /// What is due now, and what is scheduled for now meanwhile.
+  /// Runs the tasks that are due now, and those that they schedule for now.
   void runDue() { advanceTo(now_); }
 
-  /// For the end of a test that leaves tasks: what waits in them may own the scheduler.
+  /// Drops the waiting tasks, which may own the scheduler; called at the end of a test that leaves some.
   void dropPending() { std::exchange(tasks_, {}).clear(); }
   std::size_t pendingCount() const { return tasks_.size(); }
 

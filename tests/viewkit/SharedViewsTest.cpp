@@ -5,7 +5,6 @@
 #include "viewkit/IconRectangleButton.h"
 #include "viewkit/RxButton.h"
 #include "viewkit/ToastLayer.h"
-#include "viewkit/TooltipView.h"
 
 #include <gmock/gmock.h>
 
@@ -15,7 +14,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(StackViewTest, SpacingBelongsToTheLastViewAndTheLatterHolds) {
+TEST(StackViewTest, TheLastSpacingGivenAfterAViewHolds) {
   const auto first = std::make_shared<StackView>();
   const auto second = std::make_shared<StackView>();
   StackView stack;
@@ -29,62 +28,36 @@ TEST(StackViewTest, SpacingBelongsToTheLastViewAndTheLatterHolds) {
             (std::vector<StackView::Arranged>{{first, 0.0, 12.0}, {second, 20.0, 0.0}}));
 }
 
-class ToastLayerTest : public testing::Test {
- protected:
-  std::vector<std::string> standing() const {
+TEST(ToastLayerTest, EqualToastsAreShownOnceAtATime) {
+  ToastLayer layer;
+  const auto shown = [&] {
     std::vector<std::string> messages;
-    for (const auto& toast : layer_.toasts.value()) messages.push_back(toast->message);
+    for (const auto& toast : layer.toasts.value()) messages.push_back(toast->message);
     return messages;
-  }
-
-  ToastLayer layer_;
-};
-
-TEST_F(ToastLayerTest, EqualToastsNeverStandAtOnceAndDifferentOnesMay) {
-  layer_.showToast("하나", Color());
-  const auto first = layer_.toasts.value().at(0);
-  layer_.showToast("하나", Color{1.0, 0.0, 0.0, 1.0});
-  EXPECT_THAT(layer_.toasts.value(), ElementsAre(first));
-  layer_.showToast("둘", Color());
-  layer_.showToast("", Color());
-  EXPECT_THAT(standing(), ElementsAre("하나", "둘", ""));
-  layer_.fadeDidFinish(*first);
-  EXPECT_THAT(standing(), ElementsAre("둘", ""));
-  layer_.fadeDidFinish(*first);
-  layer_.showToast("하나", Color());
-  EXPECT_THAT(standing(), ElementsAre("둘", "", "하나"));
+  };
+  layer.showToast("하나", Color());
+  const auto first = layer.toasts.value().at(0);
+  layer.showToast("하나", Color{1.0, 0.0, 0.0, 1.0});
+  EXPECT_THAT(layer.toasts.value(), ElementsAre(first));
+  layer.showToast("둘", Color());
+  layer.showToast("", Color());
+  EXPECT_THAT(shown(), ElementsAre("하나", "둘", ""));
+  layer.fadeDidFinish(*first);
+  EXPECT_THAT(shown(), ElementsAre("둘", ""));
+  layer.fadeDidFinish(*first);
+  layer.showToast("하나", Color());
+  EXPECT_THAT(shown(), ElementsAre("둘", "", "하나"));
 }
 
-TEST_F(ToastLayerTest, ToastsGoWithTheirScreen) {
+TEST(ToastLayerTest, ToastsGoWithTheirScreen) {
   const auto screen = std::make_shared<ErrorViewController>("");
   screen->appear(false);
-  screen->toastLayer->showToast("하나", Color{1.0, 0.5, 0.0, 1.0});
-  EXPECT_EQ(screen->toastLayer->toasts.value().at(0)->backgroundColor, (Color{1.0, 0.5, 0.0, 0.87}));
+  screen->toastLayer->showToast("하나", Color());
   screen->disappear(false);
   EXPECT_THAT(screen->toastLayer->toasts.value(), IsEmpty());
 }
 
-TEST_F(ToastLayerTest, AToastIsSeenForThreeSecondsOnALittleOfItsColour) {
-  layer_.showToast("하나", Color{1.0, 0.5, 0.0, 1.0});
-  const auto toast = layer_.toasts.value().at(0);
-  EXPECT_EQ(toast->backgroundColor, (Color{1.0, 0.5, 0.0, 0.87}));
-  EXPECT_EQ(toast->accessibilityIdentifier, "OrreloToast");
-  EXPECT_EQ(ToastView::fade.delay + ToastView::fade.duration, std::chrono::seconds(3));
-  EXPECT_EQ(ToastView::fade.delay, std::chrono::seconds(1));
-}
-
-TEST(TooltipViewTest, TheTailStandsWhereItsBiasSays) {
-  const TooltipView above({.tailPosition = TooltipView::TailPosition::top, .horizontalBias = 0.5});
-  const auto shape = above.shape({200.0, 60.0});
-  EXPECT_EQ(shape.top, 10.0);
-  EXPECT_EQ(shape.size, (Size{200.0, 50.0}));
-  EXPECT_EQ(shape.tail[1], (Point{107.0, 0.0}));
-  const TooltipView below({.tailPosition = TooltipView::TailPosition::bottom, .horizontalBias = 0.0});
-  EXPECT_EQ(below.shape({200.0, 60.0}).tail[0], (Point{0.0, 50.0}));
-  EXPECT_EQ(below.shape({200.0, 60.0}).tail[1], (Point{7.0, 60.0}));
-}
-
-TEST(RxButtonTest, OfThePressesInAnIntervalTheFirstAndTheLastPass) {
+TEST(RxButtonTest, TheFirstAndTheLastPressOfAnIntervalPass) {
   const TestPlatform platform;
   RxButton button("인증");
   int taps = 0;
@@ -104,17 +77,15 @@ TEST(RxButtonTest, OfThePressesInAnIntervalTheFirstAndTheLastPass) {
 }
 
 TEST(IconRectangleButtonTest, CountsToNine) {
-  const Color red{1.0, 0.0, 0.0, 1.0};
   IconRectangleButton button("orl_ic_gifticon", "기프티콘");
   const auto badge = [&](std::optional<std::int64_t> count) {
-    button.setBadge(count, red);
+    button.setBadge(count, Color());
     return button.state.value().badgeText;
   };
   EXPECT_EQ(badge(std::nullopt), "");
   EXPECT_EQ(badge(0), "0");
   EXPECT_EQ(badge(9), "9");
   EXPECT_EQ(badge(10), "9+");
-  EXPECT_EQ(button.state.value().badgeColor, red);
 }
 
 }  // namespace

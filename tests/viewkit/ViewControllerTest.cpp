@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Log = std::vector<std::string>;
 
-// Writes down what happens to it.
+/// Logs its lifecycle callbacks.
 class Screen final : public ViewController {
  public:
   Screen(std::string name, Log& log) : name_(std::move(name)), log_(log) {}
@@ -39,7 +39,7 @@ class Screen final : public ViewController {
   Log& log_;
 };
 
-// Has another screen shown while it is being loaded, as a host may on an event of this one.
+/// Presents another screen while it loads, as a host may when this screen reports an event.
 class Yielding final : public ViewController {
  public:
   std::string_view kind() const override { return "Yielding"; }
@@ -57,7 +57,7 @@ class ViewControllerTest : public testing::Test {
   Log log_;
 };
 
-TEST_F(ViewControllerTest, AScreenThatCoversTakesTheOtherOneAwayAndGivesItBack) {
+TEST_F(ViewControllerTest, ACoveringScreenHidesTheOneBeneathUntilItIsDismissed) {
   const auto host = screen("host");
   const auto top = screen("top");
   host->appear(false);
@@ -75,7 +75,7 @@ TEST_F(ViewControllerTest, AScreenThatCoversTakesTheOtherOneAwayAndGivesItBack) 
   EXPECT_THAT(taken(), IsEmpty());
 }
 
-TEST_F(ViewControllerTest, ADialogLeavesWhatLiesBeneathAlone) {
+TEST_F(ViewControllerTest, ADialogLeavesTheScreenBeneathVisible) {
   const auto host = screen("host");
   const auto dialog = screen("dialog");
   dialog->modalPresentationStyle = ModalPresentationStyle::overFullScreen;
@@ -87,7 +87,7 @@ TEST_F(ViewControllerTest, ADialogLeavesWhatLiesBeneathAlone) {
   EXPECT_THAT(taken(), ElementsAre("dialog willDisappear", "dialog didDisappear"));
 }
 
-TEST_F(ViewControllerTest, OneAtATimeIsPresentedByAScreenAndItsContainers) {
+TEST_F(ViewControllerTest, AScreenAndItsContainersPresentOneScreenAtATime) {
   const auto inner = screen("inner");
   const auto navigation = NavigationController::create(inner);
   navigation->appear(false);
@@ -100,10 +100,9 @@ TEST_F(ViewControllerTest, OneAtATimeIsPresentedByAScreenAndItsContainers) {
   EXPECT_FALSE(second->isViewLoaded());
   EXPECT_TRUE(first->present(second, false));
   taken();
-  inner->dismiss(false);  // all that lies above
-  EXPECT_THAT(taken(), ElementsAre("second willDisappear", "second didDisappear",
-
-                                   "inner willAppear", "inner didAppear"));
+  inner->dismiss(false);  // dismisses both
+  EXPECT_THAT(taken(), ElementsAre("second willDisappear", "second didDisappear", "inner willAppear",
+                                   "inner didAppear"));
   EXPECT_EQ(navigation->topmost(), inner);
 }
 
@@ -138,7 +137,7 @@ TEST_F(ViewControllerTest, AStackShowsItsLastScreen) {
   EXPECT_EQ(navigation->topViewController(), root);
 }
 
-TEST_F(ViewControllerTest, OfTabsTheSelectedOneIsOnTheScreenAndLeadsToTheTop) {
+TEST_F(ViewControllerTest, TheSelectedTabIsVisibleAndLeadsToTheTopmostScreen) {
   const auto first = screen("first");
   const auto inner = screen("inner");
   const auto tabs = TabBarController::create({first, nullptr, NavigationController::create(inner), first});
@@ -213,19 +212,6 @@ TEST_F(ViewControllerTest, WhatIsShownAlreadyIsNotShownAgain) {
   above->dismiss(false);
   navigation->pushViewController(above, false);
   EXPECT_EQ(navigation->topViewController(), above);
-}
-
-TEST_F(ViewControllerTest, NothingIsHeldByWhatItOnceShowed) {
-  std::weak_ptr<ViewController> gone;
-  const auto host = screen("host");
-  host->appear(false);
-  {
-    const auto top = NavigationController::create(screen("top"));
-    gone = top;
-    host->present(top, false);
-    top->dismiss(false);
-  }
-  EXPECT_TRUE(gone.expired());
 }
 
 }  // namespace

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "config/ConfigRepository.h"
+#include "reactive/Observable.h"
+
+#include <optional>
+
+namespace orrelo::test {
+
+/// Answers every fetch at once with `config`, or fails with `error`.
+class FixedConfig final : public FetchConfigUseCase {
+ public:
+  explicit FixedConfig(Config config = Config::defaults()) : config(std::move(config)) {}
+
+  reactive::Observable<Config> fetch() override {
+    return error ? reactive::error<Config>(*error) : reactive::just(config);
+  }
+
+  Config config;
+  std::optional<Error> error;
+};
+
+}  // namespace orrelo::test
