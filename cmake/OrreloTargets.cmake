@@ -42,7 +42,7 @@ function(orrelo_subsystem name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LINKS")
   add_library(orrelo_${name} OBJECT ${arg_SOURCES})
   target_include_directories(orrelo_${name} PUBLIC
-    ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated)
+    ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
   list(TRANSFORM arg_USES PREPEND orrelo_)
   target_link_libraries(orrelo_${name} PUBLIC ${arg_USES} ${arg_LINKS} PRIVATE orrelo_options)
   target_precompile_headers(orrelo_${name} REUSE_FROM orrelo_precompiled)

@@ -41,7 +41,7 @@ struct EventOther {
 };
 
 template <class T>
-inline constexpr bool IsCharacter =
+inline constexpr bool isCharacter =
     std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
     std::same_as<T, char16_t> || std::same_as<T, char32_t>;
 
@@ -59,7 +59,7 @@ class ORRELO_EXPORT EventValue {
   EventValue(std::same_as<bool> auto value) : value_(value) {}
   /// A number outside the range of std::int64_t is stored as its decimal text.
   template <std::integral Integer>
-  requires(!std::same_as<Integer, bool> && !IsCharacter<Integer>) EventValue(Integer value)
+  requires(!std::same_as<Integer, bool> && !isCharacter<Integer>) EventValue(Integer value)
       : value_(std::in_range<std::int64_t>(value) ? Variant(static_cast<std::int64_t>(value))
                                                   : Variant(std::to_string(value))) {}
   /// A float is converted through its shortest decimal form: 39.9f is stored as 39.9.
