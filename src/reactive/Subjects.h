@@ -127,7 +127,7 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
   std::optional<Event<T>> end_;
 };
 
-/// The common base of the subjects, a handle to the core. Subscribers are called on the emitting thread. Any
+/// The common base of the subjects: a handle to the core. Calls subscribers on the emitting thread. Any
 /// thread.
 template <class T>
 class Subject {

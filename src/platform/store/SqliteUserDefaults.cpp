@@ -10,8 +10,7 @@
 namespace orrelo {
 
 /// A read is answered from `pending_`, else from `values_`, else from the file. The file and the values in
-/// memory have separate mutexes, so that a read does not wait for a write to the file; `fileMutex_` is locked
-/// first.
+/// memory have separate mutexes, so that a read does not wait for a write; `fileMutex_` is locked first.
 class SqliteUserDefaults final : public UserDefaults {
  public:
   SqliteUserDefaults(std::string fileName, std::shared_ptr<Directories> directories,
@@ -40,8 +39,7 @@ class SqliteUserDefaults final : public UserDefaults {
     return isText(known) ? std::get<std::string>(*known) : candidate;
   }
 
-  /// Makes the next read load the file again. The known values remain valid if the file is missing or
-  /// unreadable.
+  /// Makes the next read load the file again. Known values stay valid if it is missing or unreadable.
   void refresh() {
     const std::lock_guard file(fileMutex_);
     const std::lock_guard memory(memoryMutex_);
