@@ -17,8 +17,8 @@ BIEvent toBIEvent(const ORLUserEvent& event);
 /// disabled the kit. There is one instance per process, which is absent until `setUp`. Any thread.
 class KelsoInsight {
  public:
-  /// Builds the pipeline of the application and replaces the current instance. `baseUrl` must end with
-  /// "/orreloservice/".
+  /// Builds the pipeline of the application and replaces the current instance, which then stops sending.
+  /// `baseUrl` must end with "/orreloservice/".
   static void setUp(const std::string& appKey, const std::string& baseUrl);
   /// Null until `setUp`.
   static std::shared_ptr<KelsoInsight> instance();
