@@ -16,8 +16,7 @@ class ORRELO_EXPORT MainLoop {
 
   virtual ~MainLoop() = default;
 
-  /// Queues `task` for the main thread, in the order of the calls. Never runs it before returning. Any
-  /// thread.
+  /// Queues `task` for the main thread, in call order. Never runs it before returning. Any thread.
   virtual void post(Task task) = 0;
   /// Like `post`, after a delay. Tasks with the same due time run in the order in which they were posted.
   virtual void postAfter(std::chrono::microseconds delay, Task task) = 0;

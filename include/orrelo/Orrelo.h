@@ -80,9 +80,8 @@ class ORRELO_EXPORT Orrelo final {
   static void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with);
   /// Opens the first campaign of this type that the service lists for the current user.
   static void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with);
-  /// The campaign's screen, for the host to show through its front: with Qt Quick, `orrelo::quick::present`
-  /// or `push`. Never null: before `initialize` it is a screen that asks the user to try again. Main thread
-  /// only.
+  /// The campaign's screen, for the host to show through its front (`orrelo::quick::present` or `push` with
+  /// Qt Quick). Never null: before `initialize` it is a screen that asks to try again. Main thread only.
   static std::shared_ptr<ViewController> getCampaignViewController(std::string_view id);
   static std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type);
   static void showNaverPayExchange(const std::shared_ptr<ViewController>& with);

@@ -21,8 +21,7 @@ struct JsonHandle {
 
 /// A value inside a parsed document; valid until its parser parses again or is destroyed.
 ///
-/// The `as…` accessors return nullopt for a value of another type; the `…Value` accessors throw a
-/// DecodingError.
+/// The `as…` accessors return nullopt for a value of another type; the `…Value` ones throw a DecodingError.
 class JsonValue {
  public:
   explicit JsonValue(JsonHandle handle) : handle_(handle) {}

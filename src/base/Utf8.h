@@ -8,8 +8,7 @@ namespace orrelo::utf8 {
 
 bool isValid(std::string_view text);
 
-/// The text with each malformed sequence replaced by U+FFFD, so that any text of a host can be stored and
-/// sent.
+/// The text with each malformed sequence replaced by U+FFFD, so that any host text can be stored and sent.
 std::string repaired(std::string_view text);
 
 /// The number of code points of a valid text.

@@ -71,8 +71,7 @@ struct Config {
   /// The configuration until the service's first reply: all features disabled, and a blue theme.
   static const Config& defaults();
 
-  /// Reads and writes the stored form, whose keys are the names of the fields. `decode` throws a
-  /// DecodingError.
+  /// Reads and writes the stored form, keyed by the names of the fields. `decode` throws a DecodingError.
   static Config decode(std::string_view json);
   std::string encode() const;
 

@@ -24,7 +24,7 @@ namespace orrelo {
 class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
  public:
   struct Options {
-    /// A tick is triggered by `count` signals, or when `timeSpan` has passed since the last tick (an idle
+    /// A tick is triggered by `count` signals, or when `timeSpan` has passed since the last one (an idle
     /// tick).
     std::chrono::milliseconds timeSpan;
     std::size_t count;

@@ -29,8 +29,7 @@ class ImagePipeline : public std::enable_shared_from_this<ImagePipeline> {
 
   ImagePipeline(const std::string& cacheName, const Platform& platform);
 
-  /// Returns a task only if the image is downloaded. Cancelling it does not stop a transformation that has
-  /// started.
+  /// Returns a task only if the image is downloaded. Cancelling it does not stop a running transformation.
   std::optional<DownloadTask<ImagePtr>> image(const Url& url, const ImageTransformer& imageTransformer,
                                               Completion completion);
 

@@ -17,7 +17,7 @@ const EVP_MD* algorithm() {
 }
 
 std::string md5(std::string_view text) {
-  // Creating a context costs as much as a digest.
+  // Reused, since creating a context costs as much as computing a digest.
   thread_local const std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(),
                                                                                      &EVP_MD_CTX_free);
   std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};

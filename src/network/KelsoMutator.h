@@ -12,8 +12,7 @@
 
 namespace orrelo {
 
-/// Selects the service's environment by a suite of user defaults that a developer of the host or a tool has
-/// written.
+/// Selects the service's environment by a suite of user defaults, which a host's developer or a tool writes.
 class ORRELO_EXPORT KelsoMutator {
  public:
   /// The name of that suite.
@@ -28,8 +27,7 @@ class ORRELO_EXPORT KelsoMutator {
   /// https URL, otherwise a URL on this machine.
   std::string serviceUrl() const;
 
-  /// The file of certificates that development trusts, from the text "ORRELO_DEVELOPMENT_CA"; nullopt in
-  /// other environments.
+  /// The certificate file for development, from the text "ORRELO_DEVELOPMENT_CA"; nullopt otherwise.
   std::optional<std::string> certificateFile() const;
 
   /// True if `url` is on the development service and the certificates of `certificateFile` verify this chain.

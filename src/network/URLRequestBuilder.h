@@ -28,8 +28,7 @@ class URLRequestBuilder {
   Method method;
   std::string baseUrl;
   std::optional<HTTPHeaders> headers;
-  /// Appended to the base URL as text. A query in it is always dropped; the query consists of `queryItems`
-  /// only.
+  /// Appended to the base URL as text. A query in it is always dropped; only `queryItems` form the query.
   std::string path;
   std::optional<std::vector<URLQueryItem>> queryItems;
   std::optional<std::string> body;

@@ -11,7 +11,7 @@ namespace orrelo {
 class Application {
  public:
   enum class Signal { didEnterBackground, willEnterForeground, willTerminate };
-  /// Keeps an observation alive. Releasing the last copy ends it; a callback that is already running
+  /// Keeps an observation alive until its last copy is released. A callback that is running by then
   /// completes.
   using Registration = std::shared_ptr<const void>;
 

@@ -61,8 +61,7 @@ class EventDatabase {
   virtual std::string location() const = 0;
 
   /// Acquires the exclusive right to send the stored events, which the returned object holds until it is
-  /// destroyed. Null while another owner holds it, in this process or in another process that shares the
-  /// file.
+  /// destroyed. Null while another owner holds it, in this process or in another one that shares the file.
   virtual std::shared_ptr<const void> acquireSending() = 0;
 };
 

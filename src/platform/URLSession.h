@@ -39,8 +39,7 @@ struct HTTPURLResponse {
   HTTPHeaders headers;
 };
 
-/// The result of a task: an error, or the reply's bytes and its response. A reply that is not HTTP has
-/// neither.
+/// The result of a task: an error, or the reply's bytes and response. A reply that is not HTTP has neither.
 struct URLSessionResult {
   std::optional<Error> error;
   std::optional<std::string> data;
@@ -69,8 +68,7 @@ class URLSessionTask {
 
   /// Starts the task. Call it once.
   virtual void resume() = 0;
-  /// Ends the task without calling its completion; does nothing if the completion has already started. Any
-  /// thread.
+  /// Ends the task without its completion; does nothing once the completion has started. Any thread.
   virtual void cancel() = 0;
 };
 

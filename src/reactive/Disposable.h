@@ -42,8 +42,7 @@ struct Disposables {
   static Disposable create(std::function<void()> callback);
 };
 
-/// Holds one Disposable, which can be set later or replaced. One that is set after `dispose` is disposed at
-/// once.
+/// Holds one Disposable, which can be set late or replaced. If set after `dispose`, it is disposed at once.
 class SerialDisposable final : public Cancelable {
  public:
   void set(Disposable disposable);

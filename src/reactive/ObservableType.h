@@ -83,8 +83,7 @@ class Observable {
   /// period at its end.
   Observable<T> throttle(std::chrono::microseconds period, bool latest, SchedulerPtr scheduler) const;
 
-  /// Subscribes again after an error; `count` is the total number of subscriptions over the life of the
-  /// chain.
+  /// Subscribes again after an error; `count` limits the total number of subscriptions of a chain.
   Observable<T> retry(std::size_t count) const;
 
   /// Starts the source's cold work on `scheduler`.

@@ -20,7 +20,7 @@ class Scheduler {
 
   /// Monotonic time since an arbitrary fixed moment.
   virtual std::chrono::microseconds now() const = 0;
-  /// Runs `task` soon, never before returning.
+  /// Queues `task`. Never runs it before returning.
   virtual void schedule(Task task) = 0;
   virtual void scheduleAfter(std::chrono::microseconds delay, Task task) = 0;
 };

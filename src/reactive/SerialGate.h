@@ -61,8 +61,7 @@ class NotificationQueue<Unit> {
 };
 
 /// Serialises notifications from several threads: delivers them to one observer, one at a time and in the
-/// order of their arrival, without holding a lock meanwhile. Nothing is delivered after a terminal
-/// notification.
+/// order of their arrival, without holding a lock meanwhile. Nothing is delivered after the end.
 template <class T>
 class SerialGate {
  public:

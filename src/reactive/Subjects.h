@@ -99,17 +99,17 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
   // Sets the value and queues it for all observers under one lock, so that an observer that subscribes
   // concurrently receives each value once and in order.
   void onNextReplayed(const T& element) {
-    std::vector<std::shared_ptr<SerialGate<T>>> mine;
+    std::vector<std::shared_ptr<SerialGate<T>>> toDrain;
     std::optional<T> value(element);  // receives the previous value, destroyed outside the lock
     {
       const std::lock_guard lock(mutex_);
       if (end_) return;
       std::swap(replayed_, value);
       for (const auto& gate : *gates_) {
-        if (gate->enqueue(Event<T>::next(element))) mine.push_back(gate);
+        if (gate->enqueue(Event<T>::next(element))) toDrain.push_back(gate);
       }
     }
-    for (const auto& gate : mine) gate->drain();
+    for (const auto& gate : toDrain) gate->drain();
   }
 
   void detach(const std::shared_ptr<SerialGate<T>>& gate) {
@@ -127,7 +127,7 @@ class SubjectCore : public std::enable_shared_from_this<SubjectCore<T>> {
   std::optional<Event<T>> end_;
 };
 
-/// The common base of the subjects, a handle to the core. Subscribers are called on the emitting thread. Any
+/// The common base of the subjects: a handle to the core. Calls subscribers on the emitting thread. Any
 /// thread.
 template <class T>
 class Subject {

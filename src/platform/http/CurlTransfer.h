@@ -18,8 +18,8 @@ struct TrustedOrigin {
   std::string certificateFile;
 };
 
-/// One request and its redirects. All operations except `cancel` and `isOver` must be called on the session's
-/// thread.
+/// One request and its redirects. Once it is queued, only `cancel` and `isOver` may be called outside the
+/// session's thread.
 class CurlTransfer {
  public:
   CurlTransfer(URLRequest request, URLSession::Completion completion);

@@ -79,11 +79,11 @@ class Engine {
   }
 
   /// Releases the resources of a cancelled transfer.
-  void drop(std::shared_ptr<CurlTransfer> transfer) {
+  void cancel(std::shared_ptr<CurlTransfer> transfer) {
     {
       const std::lock_guard lock(mutex_);
       if (stopping_) return;
-      dropped_.push_back(std::move(transfer));
+      cancelled_.push_back(std::move(transfer));
     }
     curl_multi_wakeup(multi_);
   }
@@ -104,7 +104,7 @@ class Engine {
     while (true) {
       {
         const std::lock_guard curlLock(curlMutex());
-        forgetDropped();
+        removeCancelled();
         startNew();
         int count = 0;
         curl_multi_perform(multi_, &count);
@@ -116,7 +116,7 @@ class Engine {
       {
         const std::lock_guard lock(mutex_);
         if (stopping_) break;
-        if (hasFinished || !dropped_.empty() || !starting_.empty()) continue;
+        if (hasFinished || !cancelled_.empty() || !starting_.empty()) continue;
       }
       curl_multi_poll(multi_, nullptr, 0, wait, nullptr);
     }
@@ -200,13 +200,13 @@ class Engine {
     }
   }
 
-  void forgetDropped() {
-    std::vector<std::shared_ptr<CurlTransfer>> dropped;
+  void removeCancelled() {
+    std::vector<std::shared_ptr<CurlTransfer>> cancelled;
     {
       const std::lock_guard lock(mutex_);
-      std::swap(dropped, dropped_);
+      std::swap(cancelled, cancelled_);
     }
-    for (const auto& transfer : dropped) forget(transfer);
+    for (const auto& transfer : cancelled) remove(transfer);
   }
 
   // True if requests have finished, so that others may start.
@@ -256,14 +256,14 @@ class Engine {
     for (const auto& transfer : timedOut) {
       {
         const std::lock_guard curlLock(curlMutex());
-        forget(transfer);
+        remove(transfer);
       }
       runTask([&] { transfer->fail(makeError(URLError::timedOut)); });
     }
     return static_cast<int>(next.count());
   }
 
-  void forget(const std::shared_ptr<CurlTransfer>& transfer) {
+  void remove(const std::shared_ptr<CurlTransfer>& transfer) {
     if (running_.erase(transfer->handle()) > 0) curl_multi_remove_handle(multi_, transfer->handle());
     std::erase_if(waiting_, [&](const HostTransfer& entry) { return entry.transfer == transfer; });
   }
@@ -283,7 +283,7 @@ class Engine {
   std::mutex mutex_;
   bool stopping_ = false;
   std::vector<std::shared_ptr<CurlTransfer>> starting_;
-  std::vector<std::shared_ptr<CurlTransfer>> dropped_;
+  std::vector<std::shared_ptr<CurlTransfer>> cancelled_;
   std::vector<TrustedOrigin> trusted_;
 };
 
@@ -307,9 +307,9 @@ class LazyEngine {
     return engine_;
   }
 
-  void drop(std::shared_ptr<CurlTransfer> transfer) {
+  void cancel(std::shared_ptr<CurlTransfer> transfer) {
     const std::lock_guard lock(mutex_);
-    if (engine_) engine_->drop(std::move(transfer));
+    if (engine_) engine_->cancel(std::move(transfer));
   }
 
   void trust(TrustedOrigin trusted) {
@@ -336,7 +336,7 @@ class CurlURLSessionTask final : public URLSessionTask {
   void resume() override { engine_->get()->start(transfer_); }
 
   void cancel() override {
-    if (transfer_->cancel()) engine_->drop(transfer_);
+    if (transfer_->cancel()) engine_->cancel(transfer_);
   }
 
  private:

@@ -7,8 +7,7 @@
 
 namespace orrelo {
 
-/// The origin "https://host:port" in lower case, always with the port. Trusted certificates are set per
-/// origin.
+/// The origin "https://host:port" in lower case, always with the port. Certificates are trusted per origin.
 std::string originOf(const Url& url);
 /// The host in lower case.
 std::string hostOf(const Url& url);

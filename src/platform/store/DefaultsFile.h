@@ -26,8 +26,7 @@ struct DefaultsChange {
 };
 using DefaultsChanges = std::map<std::string, DefaultsChange, std::less<>>;
 
-/// The rows of one open suite. Not thread-safe. Failures throw a SqliteFailure or an exception of the SQLite
-/// wrapper.
+/// The rows of one open suite. Not thread-safe. Failures throw a SqliteFailure or a SQLite::Exception.
 class DefaultsFile {
  public:
   /// Opens without writing. Null if there is no file.

@@ -11,8 +11,8 @@
 
 namespace orrelo {
 
-/// The rows of one open event store. Not thread-safe. Failures throw a SqliteFailure or an exception of the
-/// SQLite wrapper; the caller must then roll back the transaction.
+/// The rows of one open event store. Not thread-safe. Failures throw a SqliteFailure or a SQLite::Exception;
+/// the caller must then roll back the transaction.
 class EventTable {
  public:
   EventTable(const std::filesystem::path& path, EventTimeStorage timeStorage,

@@ -15,7 +15,7 @@ namespace orrelo {
 enum class FileError { directory, open, read, write, remove };
 Error makeError(FileError error, std::string message);
 
-/// Whole files, read and written at once. Any thread.
+/// Reads and writes whole files. Any thread.
 struct Files {
   /// Creates the folder, accessible only to the user, and its parents. Succeeds if it already exists.
   static std::optional<Error> makeFolder(const std::filesystem::path& folder);

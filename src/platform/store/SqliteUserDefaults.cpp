@@ -10,8 +10,7 @@
 namespace orrelo {
 
 /// A read is answered from `pending_`, else from `values_`, else from the file. The file and the values in
-/// memory have separate mutexes, so that a read does not wait for a write to the file; `fileMutex_` is locked
-/// first.
+/// memory have separate mutexes, so that a read does not wait for a write; `fileMutex_` is locked first.
 class SqliteUserDefaults final : public UserDefaults {
  public:
   SqliteUserDefaults(std::string fileName, std::shared_ptr<Directories> directories,
@@ -21,7 +20,7 @@ class SqliteUserDefaults final : public UserDefaults {
   std::optional<DefaultsValue> value(std::string_view key) const override {
     {
       const std::lock_guard memory(memoryMutex_);
-      if (isLoaded_ || isCertain(key)) return inMemory(key);
+      if (isLoaded_ || isOverwritten(key)) return inMemory(key);
     }
     const std::lock_guard file(fileMutex_);
     load();
@@ -40,8 +39,7 @@ class SqliteUserDefaults final : public UserDefaults {
     return isText(known) ? std::get<std::string>(*known) : candidate;
   }
 
-  /// Makes the next read load the file again. The known values remain valid if the file is missing or
-  /// unreadable.
+  /// Makes the next read load the file again. Known values stay valid if it is missing or unreadable.
   void refresh() {
     const std::lock_guard file(fileMutex_);
     const std::lock_guard memory(memoryMutex_);
@@ -53,13 +51,13 @@ class SqliteUserDefaults final : public UserDefaults {
 
   std::filesystem::path path() const { return directories_->data() / fileName_; }
 
-  // The caller holds the memory's lock.
-  bool isCertain(std::string_view key) const {
+  // memoryMutex_ must be locked.
+  bool isOverwritten(std::string_view key) const {
     const auto change = pending_.find(key);
     return change != pending_.end() && change->second.stored == Stored::replaced;
   }
 
-  // The caller holds the memory's lock.
+  // memoryMutex_ must be locked.
   std::optional<DefaultsValue> inMemory(std::string_view key) const {
     if (const auto change = pending_.find(key); change != pending_.end()) return change->second.value;
     const auto known = values_.find(key);
@@ -124,9 +122,9 @@ class SqliteUserDefaults final : public UserDefaults {
         const bool moved = file_ && file_->hasMoved();
         if (moved) file_.reset();
         if (!file_) file_ = DefaultsFile::openOrCreate(path());
-        auto changes = moved || replaced || mustWriteAll_ ? everything() : pending_;
+        auto changes = moved || replaced || mustWriteAll_ ? allChanges() : pending_;
         file_->apply(changes);
-        settle(std::move(changes));
+        moveToValues(std::move(changes));
         return;
       } catch (...) {
         const auto failure = SqliteFailure::fromCurrentException();
@@ -144,14 +142,14 @@ class SqliteUserDefaults final : public UserDefaults {
 
   // The changes that restore all values in a new file. Values that another process has already written there
   // are kept.
-  DefaultsChanges everything() const {
+  DefaultsChanges allChanges() const {
     auto changes = pending_;
     for (const auto& [key, value] : values_) changes.emplace(key, DefaultsChange{value, Stored::kept});
     return changes;
   }
 
   // Moves the applied changes from `pending_` to `values_`.
-  void settle(DefaultsChanges changes) {
+  void moveToValues(DefaultsChanges changes) {
     const std::lock_guard memory(memoryMutex_);
     mustWriteAll_ = false;
     for (auto& [key, change] : changes) {

@@ -57,8 +57,7 @@ struct WriterQueue::State {
     }
   }
 
-  /// Spins for a moment before it sleeps: the next task often follows sooner than a sleeping thread would
-  /// wake.
+  /// Spins briefly before sleeping: the next task often arrives sooner than a sleeping thread would wake.
   void waitForTask(std::unique_lock<std::mutex>& lock) {
     hasArrived = false;
     lock.unlock();

@@ -8,8 +8,7 @@
 
 namespace orrelo {
 
-/// Tasks ordered by their due time; tasks with the same due time keep the order in which they were added. Not
-/// thread-safe.
+/// Tasks ordered by due time; tasks with the same due time keep their order of insertion. Not thread-safe.
 template <class Task>
 class DelayedTasks {
  public:

@@ -18,7 +18,7 @@ struct RunLoop::State {
   std::condition_variable changed;
   std::deque<Task> ready;
   DelayedTasks<Task> delayed;
-  std::optional<std::thread::id> runner;
+  std::optional<std::thread::id> runningThread;
   bool isStopped = false;
 
   /// Waits until something changes, a delayed task is due, or `end` is reached.
@@ -34,7 +34,7 @@ struct RunLoop::State {
 
   void run(std::optional<DelayedTasks<Task>::Time> end) {
     std::unique_lock lock(mutex);
-    const auto outer = std::exchange(runner, std::this_thread::get_id());
+    const auto outer = std::exchange(runningThread, std::this_thread::get_id());
     while (!isStopped && !(end && std::chrono::steady_clock::now() >= *end)) {
       delayed.takeDue([this](Task task) { ready.push_back(std::move(task)); });
       if (ready.empty()) {
@@ -49,7 +49,7 @@ struct RunLoop::State {
       lock.lock();
     }
     isStopped = false;
-    runner = outer;
+    runningThread = outer;
   }
 };
 
@@ -93,7 +93,7 @@ void RunLoop::postAfter(std::chrono::microseconds delay, Task task) {
 
 bool RunLoop::isCurrent() const {
   const std::lock_guard lock(state_->mutex);
-  return state_->runner ? *state_->runner == std::this_thread::get_id() : getpid() == gettid();
+  return state_->runningThread ? *state_->runningThread == std::this_thread::get_id() : getpid() == gettid();
 }
 
 }  // namespace orrelo

@@ -4,8 +4,7 @@
 
 namespace orrelo::reactive {
 
-/// The base of operators that handle each notification synchronously. It passes its source's handle
-/// downstream.
+/// The base of operators that handle notifications synchronously. Passes its source's handle downstream.
 template <class In, class Out>
 class ElementwiseNode : public Observer<In> {
  public:
