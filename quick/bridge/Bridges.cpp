@@ -1,16 +1,16 @@
 #include "quick/bridge/Bridges.h"
 
-#include "quick/bridge/AttendanceCampaignBridge.h"
-#include "quick/bridge/CampaignKindBridges.h"
-#include "quick/bridge/CampaignResultBridge.h"
-#include "quick/bridge/CampaignScreenBridge.h"
-#include "quick/bridge/ContentBridges.h"
-#include "quick/bridge/ErrorScreenBridge.h"
-#include "quick/bridge/NavigationBridge.h"
-#include "quick/bridge/PopUpDialogScreenBridge.h"
-#include "quick/bridge/RewardScreenBridge.h"
-#include "quick/bridge/RouletteBridge.h"
-#include "quick/bridge/ScratchLotteryBridge.h"
+#include "quick/campaign/CampaignKindBridges.h"
+#include "quick/campaign/CampaignScreenBridge.h"
+#include "quick/campaign/attendance/AttendanceCampaignBridge.h"
+#include "quick/campaign/result/CampaignResultBridge.h"
+#include "quick/host/NavigationBridge.h"
+#include "quick/modular/content/ContentBridges.h"
+#include "quick/modular/roulette/RouletteBridge.h"
+#include "quick/modular/scratch/ScratchLotteryBridge.h"
+#include "quick/viewkit/ErrorScreenBridge.h"
+#include "quick/viewkit/PopUpDialogScreenBridge.h"
+#include "quick/viewkit/RewardScreenBridge.h"
 
 #include <QLoggingCategory>
 #include <algorithm>
@@ -54,7 +54,7 @@ constexpr std::array views{
     viewKind<StampCampaignView, StampCampaignBridge>("StampCampaignView", "campaign/stamp"),
     viewKind<StampBoardView, StampBoardBridge>("StampBoardView", "campaign/stamp"),
     viewKind<CampaignNoticeView, CampaignNoticeBridge>("CampaignNoticeView", "viewkit"),
-    viewKind<AutoLayoutImageView, ImageBridge>("AutoLayoutImageView", "viewkit"),
+    viewKind<AutoLayoutImageView, ImageBridge>("AutoLayoutImageView", "image"),
     viewKind<ModularCampaignView, ModularCampaignBridge>("ModularCampaignView", "modular"),
     viewKind<ActionButtonView, ActionButtonBridge>("ActionButtonView", "modular/content"),
     viewKind<BoxedInformationListView, BoxedInformationListBridge>("BoxedInformationListView",

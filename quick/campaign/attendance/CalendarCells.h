@@ -1,7 +1,7 @@
 #pragma once
 
 #include "campaign/attendance/CampaignCalendarView.h"
-#include "quick/bridge/ImageBridge.h"
+#include "quick/image/ImageBridge.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>

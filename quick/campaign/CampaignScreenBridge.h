@@ -1,9 +1,9 @@
 #pragma once
 
 #include "campaign/CampaignViewController.h"
-#include "quick/bridge/ErrorBridge.h"
-#include "quick/bridge/PageBridge.h"
 #include "quick/bridge/ViewBridge.h"
+#include "quick/viewkit/ErrorBridge.h"
+#include "quick/viewkit/PageBridge.h"
 
 namespace orrelo::quick {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "quick/bridge/ImageBridge.h"
 #include "quick/bridge/ScreenBridge.h"
+#include "quick/image/ImageBridge.h"
 #include "viewkit/PopUpDialogViewController.h"
 
 namespace orrelo::quick {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "campaign/attendance/AttendanceCampaignView.h"
-#include "quick/bridge/CampaignActionBridge.h"
-#include "quick/bridge/CampaignCalendarBridge.h"
-#include "quick/bridge/CampaignInfoBridge.h"
-#include "quick/bridge/CampaignNoticeBridge.h"
+#include "quick/campaign/CampaignActionBridge.h"
+#include "quick/campaign/attendance/CampaignCalendarBridge.h"
+#include "quick/viewkit/CampaignInfoBridge.h"
+#include "quick/viewkit/CampaignNoticeBridge.h"
 
 namespace orrelo::quick {
 

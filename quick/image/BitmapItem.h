@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quick/bridge/ImageBridge.h"
+#include "quick/image/ImageBridge.h"
 
 #include <QPointer>
 #include <QQuickItem>

@@ -1,6 +1,6 @@
-#include "quick/bridge/BitmapItem.h"
+#include "quick/image/BitmapItem.h"
 
-#include "quick/bridge/PictureTexture.h"
+#include "quick/image/PictureTexture.h"
 
 #include <QQuickWindow>
 #include <QSGImageNode>

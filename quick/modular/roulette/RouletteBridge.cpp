@@ -1,4 +1,4 @@
-#include "quick/bridge/RouletteBridge.h"
+#include "quick/modular/roulette/RouletteBridge.h"
 
 #include <QFont>
 #include <QPainter>

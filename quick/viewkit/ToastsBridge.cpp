@@ -1,4 +1,4 @@
-#include "quick/bridge/ToastsBridge.h"
+#include "quick/viewkit/ToastsBridge.h"
 
 #include <QAccessible>
 #include <algorithm>

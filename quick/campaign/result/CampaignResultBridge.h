@@ -1,8 +1,8 @@
 #pragma once
 
 #include "campaign/result/CampaignResultView.h"
-#include "quick/bridge/CampaignNoticeBridge.h"
-#include "quick/bridge/ImageBridge.h"
+#include "quick/image/ImageBridge.h"
+#include "quick/viewkit/CampaignNoticeBridge.h"
 
 namespace orrelo::quick {
 

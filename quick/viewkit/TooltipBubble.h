@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quick/bridge/TooltipBridge.h"
+#include "quick/viewkit/TooltipBridge.h"
 
 #include <QPointer>
 #include <QQuickPaintedItem>

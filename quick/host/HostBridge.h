@@ -1,7 +1,7 @@
 #pragma once
 
-#include "quick/bridge/NavigationBridge.h"
 #include "quick/bridge/Subscriptions.h"
+#include "quick/host/NavigationBridge.h"
 
 #include <QPointer>
 #include <QQuickWindow>

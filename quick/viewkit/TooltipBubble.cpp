@@ -1,4 +1,4 @@
-#include "quick/bridge/TooltipBubble.h"
+#include "quick/viewkit/TooltipBubble.h"
 
 #include <QPainter>
 #include <QPainterPath>

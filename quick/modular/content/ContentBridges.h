@@ -8,10 +8,10 @@
 #include "modular/content/SpacerView.h"
 #include "modular/content/TooltipInformationView.h"
 #include "modular/content/WebView.h"
-#include "quick/bridge/ImageBridge.h"
 #include "quick/bridge/StackBridge.h"
-#include "quick/bridge/TooltipBridge.h"
-#include "quick/bridge/WebPageDelegate.h"
+#include "quick/image/ImageBridge.h"
+#include "quick/modular/content/WebPageDelegate.h"
+#include "quick/viewkit/TooltipBridge.h"
 
 #include <QColor>
 

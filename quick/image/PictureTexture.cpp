@@ -1,4 +1,4 @@
-#include "quick/bridge/PictureTexture.h"
+#include "quick/image/PictureTexture.h"
 
 #include <QImage>
 #include <QOpenGLContext>

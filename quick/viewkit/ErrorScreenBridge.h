@@ -1,7 +1,7 @@
 #pragma once
 
-#include "quick/bridge/ErrorBridge.h"
-#include "quick/bridge/PageBridge.h"
+#include "quick/viewkit/ErrorBridge.h"
+#include "quick/viewkit/PageBridge.h"
 #include "viewkit/ErrorViewController.h"
 
 namespace orrelo::quick {

@@ -1,4 +1,4 @@
-#include "quick/bridge/NavigationBridge.h"
+#include "quick/host/NavigationBridge.h"
 
 namespace orrelo::quick {
 

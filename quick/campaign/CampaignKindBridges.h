@@ -3,10 +3,10 @@
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/stamp/StampCampaignView.h"
 #include "campaign/update/InduceUpdateView.h"
-#include "quick/bridge/CampaignNoticeBridge.h"
-#include "quick/bridge/ErrorBridge.h"
-#include "quick/bridge/ImageBridge.h"
 #include "quick/bridge/StackBridge.h"
+#include "quick/image/ImageBridge.h"
+#include "quick/viewkit/CampaignNoticeBridge.h"
+#include "quick/viewkit/ErrorBridge.h"
 
 #include <QColor>
 

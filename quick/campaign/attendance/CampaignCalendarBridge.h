@@ -1,8 +1,8 @@
 #pragma once
 
 #include "campaign/attendance/CampaignCalendarView.h"
-#include "quick/bridge/CalendarCells.h"
 #include "quick/bridge/ViewBridge.h"
+#include "quick/campaign/attendance/CalendarCells.h"
 
 #include <QColor>
 

@@ -1,4 +1,4 @@
-#include "quick/bridge/HostWindow.h"
+#include "quick/host/HostWindow.h"
 
 #include "base/Logger.h"
 #include "ui/KeyWindow.h"

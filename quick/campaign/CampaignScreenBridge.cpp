@@ -1,4 +1,4 @@
-#include "quick/bridge/CampaignScreenBridge.h"
+#include "quick/campaign/CampaignScreenBridge.h"
 
 #include "quick/bridge/Bridges.h"
 

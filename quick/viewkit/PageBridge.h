@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quick/bridge/ScreenBridge.h"
-#include "quick/bridge/ToastsBridge.h"
+#include "quick/viewkit/ToastsBridge.h"
 #include "viewkit/ORLUIViewController.h"
 
 namespace orrelo::quick {

@@ -1,4 +1,4 @@
-#include "quick/bridge/CalendarCells.h"
+#include "quick/campaign/attendance/CalendarCells.h"
 
 #include "quick/bridge/Conversions.h"
 

@@ -1,4 +1,4 @@
-#include "quick/bridge/WebPageDelegate.h"
+#include "quick/modular/content/WebPageDelegate.h"
 
 namespace orrelo::quick {
 namespace {

@@ -1,6 +1,6 @@
-#include "quick/bridge/HostBridge.h"
+#include "quick/host/HostBridge.h"
 
-#include "quick/bridge/HostWindow.h"
+#include "quick/host/HostWindow.h"
 
 #include <QEvent>
 #include <utility>

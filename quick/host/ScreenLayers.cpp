@@ -1,4 +1,4 @@
-#include "quick/bridge/ScreenLayers.h"
+#include "quick/host/ScreenLayers.h"
 
 #include "platform/Application.h"
 #include "quick/bridge/Bridges.h"

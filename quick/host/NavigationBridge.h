@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quick/bridge/ScreenBridge.h"
-#include "quick/bridge/ScreenLayers.h"
+#include "quick/host/ScreenLayers.h"
 #include "ui/NavigationController.h"
 
 #include <QColor>

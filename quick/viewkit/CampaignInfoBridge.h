@@ -1,8 +1,8 @@
 #pragma once
 
-#include "quick/bridge/ImageBridge.h"
-#include "quick/bridge/TooltipBridge.h"
 #include "quick/bridge/ViewBridge.h"
+#include "quick/image/ImageBridge.h"
+#include "quick/viewkit/TooltipBridge.h"
 #include "viewkit/CampaignInfoView.h"
 
 #include <QUrl>

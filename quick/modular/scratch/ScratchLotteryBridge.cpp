@@ -1,4 +1,4 @@
-#include "quick/bridge/ScratchLotteryBridge.h"
+#include "quick/modular/scratch/ScratchLotteryBridge.h"
 
 #include <QImageReader>
 #include <QPainter>
