@@ -1,6 +1,6 @@
 #include "quick/campaign/CampaignScreenBridge.h"
 
-#include "quick/bridge/Bridges.h"
+#include "quick/bridge/Kinds.h"
 
 namespace orrelo::quick {
 
@@ -21,3 +21,5 @@ void CampaignScreenBridge::updateContent() {
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_CampaignScreenBridge.cpp"

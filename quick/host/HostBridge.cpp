@@ -66,3 +66,5 @@ void HostBridge::update(bool animated) {
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_HostBridge.cpp"

@@ -24,3 +24,5 @@ void NavigationBridge::close() {
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_NavigationBridge.cpp"

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A picture as wide as its place, and as high as that makes it.
 KitImage {

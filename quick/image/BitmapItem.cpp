@@ -53,3 +53,5 @@ QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_BitmapItem.cpp"

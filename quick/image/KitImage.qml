@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A picture of the kit's or of the service's, whole and in its own proportions in the middle of its place.
 /// Not there until it can be seen.

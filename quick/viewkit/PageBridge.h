@@ -1,7 +1,7 @@
 #pragma once
 
 #include "quick/bridge/ScreenBridge.h"
-#include "quick/viewkit/ToastsBridge.h"
+#include "quick/viewkit/ToastLayerBridge.h"
 #include "viewkit/ORLUIViewController.h"
 
 namespace orrelo::quick {
@@ -13,21 +13,23 @@ class PageBridge : public ScreenBridge {
   QML_UNCREATABLE("")
   Q_PROPERTY(QString barTitle READ barTitle NOTIFY stateChanged)
   Q_PROPERTY(double barHeight READ barHeight NOTIFY stateChanged)
-  Q_PROPERTY(orrelo::quick::ToastsBridge* toasts READ toasts CONSTANT)
+  Q_PROPERTY(orrelo::quick::ToastLayerBridge* toasts READ toasts CONSTANT)
 
  public:
   PageBridge(const std::shared_ptr<ORLUIViewController>& screen, QObject* parent)
-      : ScreenBridge(screen, parent), page_(*screen), toasts_(new ToastsBridge(screen->toastLayer, this)) {
+      : ScreenBridge(screen, parent),
+        page_(*screen),
+        toasts_(new ToastLayerBridge(screen->toastLayer, this)) {
     follow(page_.modalTopBars());
   }
 
   QString barTitle() const { return toQt(page_.modalTopBar().title.value_or("")); }
   double barHeight() const { return page_.modalTopBar().height; }
-  ToastsBridge* toasts() const { return toasts_; }
+  ToastLayerBridge* toasts() const { return toasts_; }
 
  private:
   ORLUIViewController& page_;
-  ToastsBridge* const toasts_;
+  ToastLayerBridge* const toasts_;
 };
 
 }  // namespace orrelo::quick

@@ -45,3 +45,5 @@ void TooltipBubble::paint(QPainter* painter) {
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_TooltipBubble.cpp"

@@ -38,7 +38,8 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController,
   static std::shared_ptr<CampaignViewController> create(std::shared_ptr<CampaignViewModel> viewModel,
                                                         ORLCampaignType type);
 
-  std::string_view kind() const override { return "CampaignViewController"; }
+  static constexpr std::string_view kindName = "CampaignViewController";
+  std::string_view kind() const override { return kindName; }
 
   State state() const { return state_.value(); }
   reactive::Observable<State> states() const { return state_.stream(); }

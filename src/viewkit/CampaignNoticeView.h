@@ -14,7 +14,8 @@ class ORRELO_EXPORT CampaignNoticeView final : public View {
  public:
   static constexpr auto heading = "[유의사항]";
 
-  std::string_view kind() const override { return "CampaignNoticeView"; }
+  static constexpr std::string_view kindName = "CampaignNoticeView";
+  std::string_view kind() const override { return kindName; }
 
   void setMessages(const std::vector<std::string>& messages);
 

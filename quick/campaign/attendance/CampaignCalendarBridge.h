@@ -1,10 +1,12 @@
 #pragma once
 
 #include "campaign/attendance/CampaignCalendarView.h"
-#include "quick/bridge/ViewBridge.h"
-#include "quick/campaign/attendance/CalendarCells.h"
+#include "quick/bridge/ListBridge.h"
+#include "quick/image/ImageBridge.h"
 
 #include <QColor>
+#include <map>
+#include <string>
 
 namespace orrelo::quick {
 
@@ -17,7 +19,7 @@ class CampaignCalendarBridge final : public ViewBridge {
   Q_PROPERTY(QString secondDescription READ secondDescription NOTIFY stateChanged)
   Q_PROPERTY(QColor secondDescriptionColor READ secondDescriptionColor NOTIFY stateChanged)
   Q_PROPERTY(QColor primaryColor READ primaryColor NOTIFY stateChanged)
-  Q_PROPERTY(orrelo::quick::CalendarCells* cells READ cells CONSTANT)
+  Q_PROPERTY(orrelo::quick::ListBridge* cells READ cells CONSTANT)
   Q_PROPERTY(int columnCount READ columnCount CONSTANT)
   Q_PROPERTY(QString todayLegend READ todayLegend CONSTANT)
   Q_PROPERTY(QString attendanceLegend READ attendanceLegend CONSTANT)
@@ -27,18 +29,14 @@ class CampaignCalendarBridge final : public ViewBridge {
   Q_PROPERTY(double iconShare READ iconShare CONSTANT)
 
  public:
-  CampaignCalendarBridge(const std::shared_ptr<CampaignCalendarView>& view, QObject* parent)
-      : ViewBridge(view, parent), calendar_(*view), cells_(new CalendarCells(this)) {
-    connect(this, &ViewBridge::stateChanged, this, [this] { cells_->set(calendar_.state.value().cells); });
-    follow(calendar_.state);
-  }
+  CampaignCalendarBridge(const std::shared_ptr<CampaignCalendarView>& view, QObject* parent);
 
   QString monthText() const { return toQt(calendar_.state.value().monthText); }
   QString firstDescription() const { return toQt(calendar_.state.value().firstDescription); }
   QString secondDescription() const { return toQt(calendar_.state.value().secondDescription); }
   QColor primaryColor() const { return toQt(calendar_.state.value().primaryColor); }
   QColor secondDescriptionColor() const { return legibleOnWhite(primaryColor()); }
-  CalendarCells* cells() const { return cells_; }
+  ListBridge* cells() const { return cells_; }
   int columnCount() const { return static_cast<int>(CampaignCalendarView::columnCount); }
   QString todayLegend() const { return toQt(CampaignCalendarView::todayLegend); }
   QString attendanceLegend() const { return toQt(CampaignCalendarView::attendanceLegend); }
@@ -48,8 +46,14 @@ class CampaignCalendarBridge final : public ViewBridge {
   double iconShare() const { return CampaignCalendarView::iconShare; }
 
  private:
+  void updateCells();
+  /// Null for an empty address.
+  ImageBridge* iconOf(const std::string& url);
+
   const CampaignCalendarView& calendar_;
-  CalendarCells* const cells_;
+  ListBridge* const cells_;
+  /// The key is the address; mostly all cells have one.
+  std::map<std::string, ImageBridge*> icons_;
 };
 
 }  // namespace orrelo::quick

@@ -20,7 +20,8 @@ class ORRELO_EXPORT CampaignResultView final : public View {
     noticeView->setMessages(result.notice.messages);
   }
 
-  std::string_view kind() const override { return "CampaignResultView"; }
+  static constexpr std::string_view kindName = "CampaignResultView";
+  std::string_view kind() const override { return kindName; }
 
   const std::string body;
   const std::string name;

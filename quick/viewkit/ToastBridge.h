@@ -2,12 +2,9 @@
 
 #include "quick/bridge/AnimationValue.h"
 #include "quick/bridge/ViewBridge.h"
-#include "viewkit/ToastLayer.h"
+#include "viewkit/ToastView.h"
 
-#include <QAbstractListModel>
 #include <QColor>
-#include <memory>
-#include <vector>
 
 namespace orrelo::quick {
 
@@ -36,32 +33,6 @@ class ToastBridge final : public ViewBridge {
 
  private:
   const ToastView& toast_;
-};
-
-/// The toasts of a screen, by their identity: one that stays keeps its row, and so its fading.
-class ToastsBridge final : public QAbstractListModel {
-  Q_OBJECT
-  QML_ELEMENT
-  QML_UNCREATABLE("")
-
- public:
-  ToastsBridge(std::shared_ptr<ToastLayer> layer, QObject* parent);
-
-  /// Has assistive technology say what the toast says.
-  Q_INVOKABLE void announce(QObject* item) const;
-  /// The fade has been played.
-  Q_INVOKABLE void fadeDidFinish(orrelo::quick::ToastBridge* toast);
-
-  int rowCount(const QModelIndex& parent = {}) const override;
-  QVariant data(const QModelIndex& index, int role) const override;
-  QHash<int, QByteArray> roleNames() const override;
-
- private:
-  void update(const std::vector<std::shared_ptr<ToastView>>& toasts);
-
-  const std::shared_ptr<ToastLayer> layer_;
-  std::vector<ToastBridge*> rows_;
-  Subscriptions subscriptions_;
 };
 
 }  // namespace orrelo::quick

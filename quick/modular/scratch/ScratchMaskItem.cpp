@@ -1,4 +1,4 @@
-#include "quick/modular/scratch/ScratchLotteryBridge.h"
+#include "quick/modular/scratch/ScratchMaskItem.h"
 
 #include <QImageReader>
 #include <QPainter>
@@ -70,3 +70,5 @@ void ScratchMaskItem::paint(QPainter* painter) {
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_ScratchMaskItem.cpp"
