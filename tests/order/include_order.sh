@@ -35,12 +35,12 @@ for i in "${!layers[@]}"; do
   for folder in ${layers[i]}; do rank[$folder]=$i; done
 done
 
-# The innermost folder of the order that holds a path, e.g. "platform" for platform/http/HttpUrl.h.
-folder_of() {
-  local path=$1
-  while [[ $path == */* ]]; do
-    path=${path%/*}
-    [ -n "${rank[$path]:-}" ] && { echo "$path"; return; }
+# Sets `folder` to the innermost of the order that holds a path, e.g. "platform" for platform/http/HttpUrl.h.
+find_folder() {
+  folder=$1
+  while [[ $folder == */* ]]; do
+    folder=${folder%/*}
+    [ -n "${rank[$folder]:-}" ] && return
   done
   return 1
 }
@@ -57,14 +57,16 @@ while IFS=: read -r file line text; do
     [ -n "$from" ] || { complain "$file: not in the list of public headers"; continue; }
     [[ $text =~ \<orrelo/|\<[a-z_]+\>$ ]] || complain "$file:$line: a public header includes $text"
   else
-    from=$(folder_of "${file#src/}") || { complain "$file: in no folder of the order"; continue; }
+    find_folder "${file#src/}" || { complain "$file: in no folder of the order"; continue; }
+    from=$folder
   fi
   if [[ $text =~ \<orrelo/([A-Za-z/]+)\.h\> ]]; then
     to=${owner[${BASH_REMATCH[1]}]:-}
     [ -n "$to" ] || { complain "$file:$line: unknown public header $text"; continue; }
   elif [[ $text =~ \"([^\"]+)\" ]]; then
     [[ $text == '"moc_'* && $file == quick/* ]] && continue
-    to=$(folder_of "${BASH_REMATCH[1]}") || { complain "$file:$line: names no folder: $text"; continue; }
+    find_folder "${BASH_REMATCH[1]}" || { complain "$file:$line: names no folder: $text"; continue; }
+    to=$folder
     if [[ $from == quick* && $to != quick* && " $drawn ${ground[$from]:-} " != *" $to "* ]]; then
       complain "$file:$line: $from may not reach $to"
       continue
