@@ -12,7 +12,7 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/OrreloSDK)
 install(EXPORT OrreloSDKTargets NAMESPACE orrelo:: DESTINATION ${package_dir})
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/cmake/OrreloSDKConfig.cmake.in ${PROJECT_BINARY_DIR}/OrreloSDKConfig.cmake
-  INSTALL_DESTINATION ${package_dir})
+  INSTALL_DESTINATION ${package_dir} PATH_VARS ORRELO_QML_DIR)
 # Each minor version before 1.0 may change the public structs.
 write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/OrreloSDKConfigVersion.cmake COMPATIBILITY SameMinorVersion)

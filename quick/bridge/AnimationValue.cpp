@@ -20,3 +20,5 @@ AnimationValue::AnimationValue(const Animation& animation, double unit)
       curve(bezier(animation.curve)) {}
 
 }  // namespace orrelo::quick
+
+#include "moc_AnimationValue.cpp"

@@ -59,7 +59,7 @@ QColor buttonTextColor(const Color& color, bool isEnabled) {
 }
 
 QUrl moduleFile(const QString& path) {
-  return QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/") + path);
+  return QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/Kit/") + path);
 }
 
 QUrl assetFile(std::string_view name) {

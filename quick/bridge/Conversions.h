@@ -25,7 +25,7 @@ QColor textColorOn(const QColor& background);
 /// A brand colour as designed, or darkened as far as it takes to be read on white.
 QColor legibleOnWhite(QColor color);
 
-/// A file of the kit's QML module: "campaign/CampaignViewController.qml".
+/// A file of the module Orrelo.Kit: "StackView.qml".
 QUrl moduleFile(const QString& path);
 /// One of the kit's own pictures, by its name; empty for an empty name.
 QUrl assetFile(std::string_view name);

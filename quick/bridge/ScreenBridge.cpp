@@ -1,6 +1,6 @@
 #include "quick/bridge/ScreenBridge.h"
 
-#include "quick/bridge/Bridges.h"
+#include "quick/bridge/Kinds.h"
 
 namespace orrelo::quick {
 
@@ -21,3 +21,5 @@ void ScreenBridge::close() {
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_ScreenBridge.cpp"

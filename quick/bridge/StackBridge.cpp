@@ -1,6 +1,6 @@
 #include "quick/bridge/StackBridge.h"
 
-#include "quick/bridge/Bridges.h"
+#include "quick/bridge/Kinds.h"
 
 namespace orrelo::quick {
 
@@ -15,3 +15,5 @@ StackBridge::StackBridge(const std::shared_ptr<StackView>& view, QObject* parent
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_StackBridge.cpp"

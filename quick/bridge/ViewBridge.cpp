@@ -1,6 +1,6 @@
 #include "quick/bridge/ViewBridge.h"
 
-#include "quick/bridge/Bridges.h"
+#include "quick/bridge/Kinds.h"
 
 namespace orrelo::quick {
 
@@ -9,3 +9,5 @@ QUrl ViewBridge::delegate() const {
 }
 
 }  // namespace orrelo::quick
+
+#include "moc_ViewBridge.cpp"

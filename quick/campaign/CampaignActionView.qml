@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// The page's one button, and a line on how things stand.
 Column {

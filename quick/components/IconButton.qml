@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A picture of 24 points in a place that a finger can hit.
 PressArea {

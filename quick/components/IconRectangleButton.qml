@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A picture over a title, with a count at its corner where there is one.
 PressArea {

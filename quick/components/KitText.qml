@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// Text in the kit's font. `size` is that of the design, before the user's text scale.
 Text {

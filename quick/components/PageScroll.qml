@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A page of blocks, one under the other in a column of readable width, that scrolls when it does not fit. It
 /// follows the focus that keys move; a press shows where it is itself.

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// What can be pressed: by touch, mouse, Enter, Space or assistive technology. It shows the keyboard's focus.
 FocusScope {

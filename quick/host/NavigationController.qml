@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A stack of screens, each under a bar with its title and the way back.
 FocusScope {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// Wraps what a host shows itself in a window, and draws the kit's screens over it. One for each window.
 FocusScope {
@@ -8,11 +8,10 @@ FocusScope {
     default property alias content: hostContent.data
     /// How much larger than designed the user wants text to be, from 1 to 2.
     property real textScale: 1
-    /// Screens are pushed onto a stack over the host's content instead of being presented. Once true it stays so.
-    property alias pushesScreens: bridge.pushesScreens
+    /// Screens are pushed onto a stack over the host's content instead of being presented, from when this is first true.
+    property bool pushesScreens: false
     /// A screen of the kit lies over the host's content, which takes no input meanwhile.
-    readonly property bool isCovered: topScreen !== null
-    readonly property ScreenBridge topScreen: bridge.layers.top ?? bridge.navigation?.layers.top ?? null
+    readonly property bool isCovered: bridge.top !== null
 
     focus: true
     Binding {
@@ -30,12 +29,16 @@ FocusScope {
 
     function closeTop(event) {
         event.accepted = isCovered
-        if (isCovered && !event.isAutoRepeat) topScreen.close()
+        if (isCovered && !event.isAutoRepeat) bridge.top.close()
     }
 
     HostBridge {
         id: bridge
+
+        readonly property ScreenBridge top: layers.top ?? navigation?.layers.top ?? null
+
         window: host.Window.window
+        pushesScreens: host.pushesScreens
     }
     FocusScope {
         id: hostContent

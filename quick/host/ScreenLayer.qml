@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A screen in its place among others: it comes, stays until it is taken away, and goes.
 FocusScope {
@@ -11,20 +11,19 @@ FocusScope {
     required property int entry
     /// The stack that it is a part of, which gives it a bar.
     property NavigationBridge navigation: null
-    required property ScreenBridge screen
-    required property bool isAnimated
-    required property bool isLeaving
-    required property bool isTop
-    required property bool isCovered
+    required property ScreenLayerBridge modelData
+    readonly property ScreenBridge screen: modelData.screen
+    readonly property bool isLeaving: modelData.isLeaving
+    readonly property bool isTop: modelData.isTop
 
     /// 0 out of sight, 1 in its place.
-    property real presence: isAnimated && !isLeaving ? 0 : 1
+    property real presence: 1
 
     function takeFocus() {
         if (isTop && !isLeaving) forceActiveFocus()
     }
 
-    visible: !isCovered
+    visible: !modelData.isCovered
     enabled: isTop && !isLeaving
     opacity: screen.isOver ? presence : 1
     transform: Translate {
@@ -32,9 +31,9 @@ FocusScope {
         y: layer.entry === ScreenLayer.FromBelow && !layer.screen.isOver ? (1 - layer.presence) * layer.height : 0
     }
     Component.onCompleted: {
+        if (modelData.isAnimated) coming.start()
         loader.setSource(screen.delegate, { screen: layer.screen })
         takeFocus()
-        if (isAnimated) coming.start()
     }
     onIsTopChanged: takeFocus()
     onIsLeavingChanged: {
@@ -51,7 +50,7 @@ FocusScope {
         to: 1
         duration: layer.screen.isOver ? Theme.fadeDuration : Theme.slideDuration
         easing.type: Easing.OutCubic
-        onFinished: layer.layers.arrived(layer.screen)
+        onFinished: layer.layers.arrived(layer.modelData)
     }
     NumberAnimation {
         id: going
@@ -60,7 +59,7 @@ FocusScope {
         to: 0
         duration: layer.screen.isOver ? Theme.fadeDuration : Theme.slideDuration
         easing.type: Easing.InCubic
-        onFinished: layer.layers.gone(layer.screen)
+        onFinished: layer.layers.gone(layer.modelData)
     }
     // Nothing passes to what lies beneath.
     MouseArea {

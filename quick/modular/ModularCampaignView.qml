@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A page that the service has put together, on its own ground.
 PageScroll {

@@ -1,4 +1,4 @@
-#include "MotionSetting.h"
+#include "quick/platform/MotionSetting.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>

@@ -1,4 +1,4 @@
-#include "PictureFile.h"
+#include "quick/platform/PictureFile.h"
 
 #include "platform/Bitmap.h"
 

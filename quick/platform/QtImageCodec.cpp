@@ -1,6 +1,6 @@
-#include "QtImageCodec.h"
+#include "quick/platform/QtImageCodec.h"
 
-#include "PictureFile.h"
+#include "quick/platform/PictureFile.h"
 
 #include <QtCore/QBuffer>
 #include <QtGui/QImage>

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// The head of a page. Its tooltip lies over the blocks below.
 Item {

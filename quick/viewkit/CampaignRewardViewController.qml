@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A card in the middle of the dimmed screen.
 FocusScope {

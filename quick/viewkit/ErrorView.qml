@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// What is wrong, in the middle of its place, opaque over what lies beneath.
 Item {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A line with the picture that says that it explains itself when it is tapped.
 PressArea {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A title in the middle, and the way back at the left.
 Rectangle {
@@ -19,7 +19,7 @@ Rectangle {
         id: backButton
         anchors { left: parent.left; verticalCenter: parent.verticalCenter }
         visible: bar.hasBack
-        source: Qt.resolvedUrl("../assets/orl_ic_arrow_back.svg")
+        source: Qt.resolvedUrl("assets/orl_ic_arrow_back.svg")
         name: "뒤로"
         focusRadius: -6
         onPressed: bar.back()

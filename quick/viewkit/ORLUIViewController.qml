@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A full page: a background, the kit's own bar where there is one, and the content below it.
 FocusScope {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// Two lines over a picture, on the dimmed screen; a tap beside them closes it as well.
 FocusScope {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// Blocks one under the other, with the spacing that each asks for. What has nothing to show takes no room.
 Column {

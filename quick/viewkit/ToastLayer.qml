@@ -1,46 +1,46 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// The toasts over a screen, all in its middle. They take no taps.
 Item {
     id: toasts
 
-    required property ToastsBridge model
+    required property ToastLayerBridge model
 
     Repeater {
-        model: toasts.model
+        model: toasts.model.toasts
 
         Rectangle {
             id: view
 
-            required property ToastBridge toast
+            required property ToastBridge modelData
 
-            objectName: toast.accessibilityIdentifier
+            objectName: modelData.accessibilityIdentifier
             anchors.centerIn: parent
-            width: label.width + 2 * toast.inset
-            height: label.height + 2 * toast.inset
-            radius: toast.cornerRadius
-            color: toast.color
+            width: label.width + 2 * modelData.inset
+            height: label.height + 2 * modelData.inset
+            radius: modelData.cornerRadius
+            color: modelData.color
             Accessible.role: Accessible.AlertMessage
-            Accessible.name: toast.message
+            Accessible.name: modelData.message
             Component.onCompleted: toasts.model.announce(view)
 
             KitText {
                 id: label
                 anchors.centerIn: parent
-                width: Math.min(implicitWidth, toasts.width * view.toast.maximumWidthShare - 2 * view.toast.inset)
+                width: Math.min(implicitWidth, toasts.width * view.modelData.maximumWidthShare - 2 * view.modelData.inset)
                 horizontalAlignment: Text.AlignHCenter
                 size: 12
                 color: "white"
-                text: view.toast.message
+                text: view.modelData.message
                 Accessible.ignored: true
             }
             KitAnimation {
-                motion: view.toast.fade
+                motion: view.modelData.fade
                 target: view
                 property: "opacity"
                 running: true
-                onFinished: toasts.model.fadeDidFinish(view.toast)
+                onFinished: toasts.model.fadeDidFinish(view.modelData)
             }
         }
     }

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A bubble of text whose tail points at what it explains. As wide as its text, up to `maximumWidth`.
 Item {

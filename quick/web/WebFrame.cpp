@@ -1,4 +1,4 @@
-#include "WebFrame.h"
+#include "quick/web/WebFrame.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

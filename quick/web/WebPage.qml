@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Window
 import QtWebEngine
-import Orrelo
+import Orrelo.Kit
 import Orrelo.Web
 
 /// A web page in a browser engine. It may run scripts and open windows, and get nothing else of the machine: whatever

@@ -1,4 +1,4 @@
-#include "WebProfile.h"
+#include "quick/web/WebProfile.h"
 
 #include "network/KelsoMutator.h"
 

@@ -1,4 +1,4 @@
-#include "quick/bridge/WebPageDelegate.h"
+#include "quick/modular/content/WebPageDelegate.h"
 
 #include <orrelo/quick/OrreloWeb.h>
 

@@ -33,7 +33,8 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, p
   static std::shared_ptr<CampaignViewController> create(std::shared_ptr<CampaignViewModel> viewModel,
                                                         ORLCampaignType type);
 
-  std::string_view kind() const override { return "CampaignViewController"; }
+  static constexpr std::string_view kindName = "CampaignViewController";
+  std::string_view kind() const override { return kindName; }
 
   const State& state() const { return state_.value(); }
   reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }

@@ -51,7 +51,8 @@ class ORRELO_EXPORT AutoLayoutImageView final : public ImageView {
   /// How the image is placed in the view: scaled to fit, or centred in its own size.
   enum class ContentMode { scaleAspectFit, center };
 
-  std::string_view kind() const override { return "AutoLayoutImageView"; }
+  static constexpr std::string_view kindName = "AutoLayoutImageView";
+  std::string_view kind() const override { return kindName; }
 
   ContentMode contentMode = ContentMode::scaleAspectFit;
 

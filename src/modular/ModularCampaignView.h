@@ -33,7 +33,8 @@ class ORRELO_EXPORT ModularCampaignView final : public View,
   /// With the views of all blocks in place.
   static std::shared_ptr<ModularCampaignView> create(ModularCampaign campaign);
 
-  std::string_view kind() const override { return "ModularCampaignView"; }
+  static constexpr std::string_view kindName = "ModularCampaignView";
+  std::string_view kind() const override { return kindName; }
 
   /// The dialogs of the page, in their order. Once for each build of the page.
   void showDialogs(ORLUIViewController& viewController);

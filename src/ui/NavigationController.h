@@ -35,7 +35,8 @@ class ORRELO_EXPORT NavigationController final : public ViewController {
   static std::shared_ptr<NavigationController> create(const std::shared_ptr<ViewController>& root);
   ~NavigationController() override;
 
-  std::string_view kind() const override { return "NavigationController"; }
+  static constexpr std::string_view kindName = "NavigationController";
+  std::string_view kind() const override { return kindName; }
   const State& state() const { return state_.value(); }
   reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
   std::shared_ptr<ViewController> topViewController() const { return visibleChild(); }

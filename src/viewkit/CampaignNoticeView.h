@@ -13,7 +13,8 @@ class ORRELO_EXPORT CampaignNoticeView final : public NoticeView {
 
   using NoticeView::NoticeView;
 
-  std::string_view kind() const override { return "CampaignNoticeView"; }
+  static constexpr std::string_view kindName = "CampaignNoticeView";
+  std::string_view kind() const override { return kindName; }
 };
 
 }  // namespace orrelo

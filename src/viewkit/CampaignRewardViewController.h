@@ -34,7 +34,8 @@ class ORRELO_EXPORT CampaignRewardViewController final : public ViewController {
     modalPresentationStyle = ModalPresentationStyle::overFullScreen;
   }
 
-  std::string_view kind() const override { return "CampaignRewardViewController"; }
+  static constexpr std::string_view kindName = "CampaignRewardViewController";
+  std::string_view kind() const override { return kindName; }
 
   /// The icon and the button.
   void close() override;

@@ -17,7 +17,8 @@ class ORRELO_EXPORT ErrorViewController final : public ORLUIViewController {
   explicit ErrorViewController(std::string text)
       : message(std::move(text)), errorView(std::make_shared<ErrorView>(message)) {}
 
-  std::string_view kind() const override { return "ErrorViewController"; }
+  static constexpr std::string_view kindName = "ErrorViewController";
+  std::string_view kind() const override { return kindName; }
 
   const std::string message;
   static constexpr auto backgroundAsset = "orl_bg_gray_gradient";

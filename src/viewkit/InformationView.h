@@ -18,7 +18,8 @@ class ORRELO_EXPORT InformationView final : public View {
   InformationView(std::string first, std::string second, std::string guide)
       : firstTitle(std::move(first)), secondTitle(std::move(second)), guideMessage(std::move(guide)) {}
 
-  std::string_view kind() const override { return "InformationView"; }
+  static constexpr std::string_view kindName = "InformationView";
+  std::string_view kind() const override { return kindName; }
 
   const std::string firstTitle;
   const std::string secondTitle;

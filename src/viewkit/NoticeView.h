@@ -15,7 +15,8 @@ class ORRELO_EXPORT NoticeView : public View {
  public:
   explicit NoticeView(const std::vector<std::string>& items) : text(bulletLines(items)) {}
 
-  std::string_view kind() const override { return "NoticeView"; }
+  static constexpr std::string_view kindName = "NoticeView";
+  std::string_view kind() const override { return kindName; }
 
   /// A bullet line for each item.
   const std::string text;

@@ -30,7 +30,8 @@ class ORRELO_EXPORT PopUpDialogViewController final : public ViewController {
     modalPresentationStyle = ModalPresentationStyle::overFullScreen;
   }
 
-  std::string_view kind() const override { return "PopUpDialogViewController"; }
+  static constexpr std::string_view kindName = "PopUpDialogViewController";
+  std::string_view kind() const override { return kindName; }
 
   /// A tap on the close label or beside what the dialog shows.
   void close() override { dismiss(false); }

@@ -32,7 +32,8 @@ class ORRELO_EXPORT WebView final : public View {
 
   WebView(Url page, std::optional<double> points, double pointsHigh);
 
-  std::string_view kind() const override { return "WebView"; }
+  static constexpr std::string_view kindName = "WebView";
+  std::string_view kind() const override { return kindName; }
 
   /// Starts the time-out of a browser's one load. What it says of later pages in the same place changes
   /// nothing.

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Installs the kit into an empty folder, and builds and runs a host against it, by CMake and by pkg-config.
-# Usage: run.sh <build folder of the kit> <build type> <1 with web pages, else 0> [<compiler flags>]
+# Usage: run.sh <build folder of the kit> <build type> <1 with web pages, else 0> <qmllint; empty without screens>
+#   [<compiler flags>]
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
-build=$1 type=$2 web=$3 flags=${4:-}
+build=$1 type=$2 web=$3 qmllint=$4 flags=${5:-}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export TMPDIR=$work HOME=$work
@@ -18,7 +19,11 @@ echo "by CMake:"
 # A host that ends right after it has reported an event meets the kit's threads at work: it must end well each time.
 for _ in {1..20}; do "$work/cmake/packaged-host"; done | sort -u
 if [ "$web" = 1 ]; then
-  QT_QPA_PLATFORM=offscreen "$work/cmake/packaged-web-host"
+  QT_QPA_PLATFORM=offscreen "$work/cmake/packaged-web-host" "$here/Host.qml"
+fi
+if [ -n "$qmllint" ]; then
+  "$qmllint" -I "$(cat "$work/cmake/qml-import-path")" "$here/Host.qml"
+  echo "qmllint knows Orrelo"
 fi
 
 PKG_CONFIG_PATH=$(dirname "$(find "$work/kit" -name orrelosdk.pc)")

@@ -1,5 +1,5 @@
 #include "QuickTest.h"
-#include "quick/bridge/PictureTexture.h"
+#include "quick/image/PictureTexture.h"
 
 namespace orrelo::test {
 namespace {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// What a mark in the calendar means.
 Row {

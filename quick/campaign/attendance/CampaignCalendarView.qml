@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A card with the month.
 Rectangle {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A picture, or what is wrong with it, a button that hands over to the host, and the small print.
 PageScroll {

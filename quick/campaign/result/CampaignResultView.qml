@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A page for the time after a campaign: its picture, what came of it, and the small print.
 PageScroll {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// Missions in rows: an icon over a name.
 Rectangle {

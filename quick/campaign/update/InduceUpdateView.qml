@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// What asks for a newer version, over the button that leads to it: in the middle, where it fits.
 PageScroll {

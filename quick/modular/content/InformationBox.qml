@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A text with a picture, and another text at the other side, or below where both do not fit in a row.
 Rectangle {

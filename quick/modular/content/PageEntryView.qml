@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// The way to another page: an icon, two lines, and an arrow, on a rounded ground.
 PressArea {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// Two rows of title, and a line that explains itself in a tooltip over the blocks below.
 Item {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// The place of a web page; empty where the page has failed, and without a browser engine.
 Item {

@@ -1,5 +1,5 @@
 import QtQuick
-import Orrelo
+import Orrelo.Kit
 
 /// A wheel of fortune: painted once, and turned as the core says.
 Item {

@@ -20,7 +20,8 @@ class ORRELO_EXPORT AttendanceCampaignView final : public View {
 
   explicit AttendanceCampaignView(const AttendanceCampaign& campaign);
 
-  std::string_view kind() const override { return "AttendanceCampaignView"; }
+  static constexpr std::string_view kindName = "AttendanceCampaignView";
+  std::string_view kind() const override { return kindName; }
 
   const std::shared_ptr<CampaignInfoView> infoView = std::make_shared<CampaignInfoView>();
   const std::shared_ptr<CampaignActionView> actionView = std::make_shared<CampaignActionView>();

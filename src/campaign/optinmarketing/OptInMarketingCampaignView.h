@@ -27,7 +27,8 @@ class ORRELO_EXPORT OptInMarketingCampaignView final : public View {
 
   static std::shared_ptr<OptInMarketingCampaignView> create(const OptInMarketingCampaign& campaign);
 
-  std::string_view kind() const override { return "OptInMarketingCampaignView"; }
+  static constexpr std::string_view kindName = "OptInMarketingCampaignView";
+  std::string_view kind() const override { return kindName; }
 
   /// The button was pressed.
   void onTapMoveButton();

@@ -22,7 +22,8 @@ class ORRELO_EXPORT CampaignResultView final : public View {
     imageView->load(result.imageUrl);
   }
 
-  std::string_view kind() const override { return "CampaignResultView"; }
+  static constexpr std::string_view kindName = "CampaignResultView";
+  std::string_view kind() const override { return kindName; }
 
   const std::string body;
   const std::string name;

@@ -32,7 +32,8 @@ class ORRELO_EXPORT StampBoardView final : public View {
   /// Stops the process where there are no columns.
   StampBoardView(const std::vector<Mission>& missions, std::int64_t columns);
 
-  std::string_view kind() const override { return "StampBoardView"; }
+  static constexpr std::string_view kindName = "StampBoardView";
+  std::string_view kind() const override { return kindName; }
 
   const std::size_t columnCount;
   const std::vector<std::shared_ptr<StampViewCell>> cells;
@@ -49,7 +50,8 @@ class ORRELO_EXPORT StampCampaignView final : public View {
   /// Stops the process where the layout names the board and that has no columns.
   explicit StampCampaignView(const StampCampaign& campaign);
 
-  std::string_view kind() const override { return "StampCampaignView"; }
+  static constexpr std::string_view kindName = "StampCampaignView";
+  std::string_view kind() const override { return kindName; }
 
   const std::shared_ptr<StackView> stackView = std::make_shared<StackView>();
 

@@ -25,7 +25,8 @@ class ORRELO_EXPORT InduceUpdateView final : public View {
   /// What cannot be opened is said in a toast on `toasts`.
   InduceUpdateView(std::string updateUrl, const Color& brandColor, std::weak_ptr<ToastLayer> toastLayer);
 
-  std::string_view kind() const override { return "InduceUpdateView"; }
+  static constexpr std::string_view kindName = "InduceUpdateView";
+  std::string_view kind() const override { return kindName; }
 
   /// The button was pressed.
   void routeToUpdateLink();

@@ -32,7 +32,8 @@ class ORRELO_EXPORT ActionButtonView final : public View {
 
   explicit ActionButtonView(Content button) : content(std::move(button)) {}
 
-  std::string_view kind() const override { return "ActionButtonView"; }
+  static constexpr std::string_view kindName = "ActionButtonView";
+  std::string_view kind() const override { return kindName; }
 
   /// The button was pressed. It is reported even where the action reaches nobody.
   void onClick() const;

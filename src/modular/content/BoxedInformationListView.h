@@ -19,7 +19,8 @@ class ORRELO_EXPORT BoxedInformationListView final : public View {
 
   BoxedInformationListView(std::string heading, const std::vector<BoxedInformation>& items);
 
-  std::string_view kind() const override { return "BoxedInformationListView"; }
+  static constexpr std::string_view kindName = "BoxedInformationListView";
+  std::string_view kind() const override { return kindName; }
 
   const std::string title;
   const std::vector<std::shared_ptr<InformationBox>> boxes;

@@ -30,7 +30,8 @@ class ORRELO_EXPORT PageEntryView final : public View {
   PageEntryView(std::string titleLine, std::string labelLine, Page destination)
       : title(std::move(titleLine)), label(std::move(labelLine)), page(std::move(destination)) {}
 
-  std::string_view kind() const override { return "PageEntryView"; }
+  static constexpr std::string_view kindName = "PageEntryView";
+  std::string_view kind() const override { return kindName; }
 
   /// A tap anywhere on the view.
   void didAction() const {

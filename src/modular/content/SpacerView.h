@@ -11,7 +11,8 @@ class ORRELO_EXPORT SpacerView final : public View {
  public:
   explicit SpacerView(double points) : height(points) {}
 
-  std::string_view kind() const override { return "SpacerView"; }
+  static constexpr std::string_view kindName = "SpacerView";
+  std::string_view kind() const override { return kindName; }
 
   const double height;
 };

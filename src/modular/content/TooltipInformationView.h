@@ -21,7 +21,8 @@ class ORRELO_EXPORT TooltipInformationView final : public View {
 
   TooltipInformationView(std::string first, std::string second, std::string line, std::string message);
 
-  std::string_view kind() const override { return "TooltipInformationView"; }
+  static constexpr std::string_view kindName = "TooltipInformationView";
+  std::string_view kind() const override { return kindName; }
 
   void tooltipTitleTapped();
 

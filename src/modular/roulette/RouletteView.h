@@ -49,7 +49,8 @@ class ORRELO_EXPORT RouletteView final : public View {
   RouletteView(const Color& primary, const Color& secondary)
       : primaryColor(primary), secondaryColor(secondary) {}
 
-  std::string_view kind() const override { return "RouletteView"; }
+  static constexpr std::string_view kindName = "RouletteView";
+  std::string_view kind() const override { return kindName; }
 
   /// How far, in degrees, to turn a wheel of so many sectors clockwise so that the middle of one comes under
   /// the pin. Any index serves; there must be a sector.

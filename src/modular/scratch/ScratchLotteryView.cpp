@@ -5,7 +5,7 @@
 namespace orrelo {
 
 ScratchLotteryView::ScratchLotteryView(const Content& card) : content(card) {
-  accessibilityIdentifier = identifier;
+  accessibilityIdentifier = kindName;
   const bool isHidden = content.isDone;
   scratchMaskView->state.set({isHidden, content.isScratchable && !isHidden});
 }

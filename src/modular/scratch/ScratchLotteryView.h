@@ -32,7 +32,7 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
     bool isDone = false;
     bool isScratchable = false;
   };
-  static constexpr auto identifier = "ScratchLotteryView";
+  static constexpr std::string_view kindName = "ScratchLotteryView";
   /// From either edge of the stack.
   static constexpr double inset = 20.0;
   static constexpr double height = 80.0;
@@ -48,7 +48,7 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
 
   static std::shared_ptr<ScratchLotteryView> create(const Content& content);
 
-  std::string_view kind() const override { return identifier; }
+  std::string_view kind() const override { return kindName; }
 
   TextStyle resultStyle() const { return {16.0, TextStyle::Weight::heavy, content.primaryColor}; }
   /// What assistive technology says of the card: the result only once it can be seen.

@@ -1,0 +1,53 @@
+#include "quick/bridge/Kinds.h"
+
+#include <QLoggingCategory>
+#include <algorithm>
+
+namespace orrelo::quick {
+namespace {
+
+Q_LOGGING_CATEGORY(front, "orrelo.quick")
+
+template <class Row>
+const Row* find(std::span<const Row> Kinds::*rows, std::string_view name) {
+  for (const auto& folder : allKinds()) {
+    const auto found = std::find_if((folder.*rows).begin(), (folder.*rows).end(),
+                                    [name](const Row& row) { return row.name == name; });
+    if (found != (folder.*rows).end()) return &*found;
+  }
+  return nullptr;
+}
+
+QUrl fileOf(std::string_view kind) {
+  return moduleFile(toQt(kind) + QStringLiteral(".qml"));
+}
+
+}  // namespace
+
+ViewBridge* makeBridge(const std::shared_ptr<View>& view, QObject* parent) {
+  if (const auto* row = find(&Kinds::views, view->kind())) return row->make(view, parent);
+  qCWarning(front) << "no look for the view" << toQt(view->kind());
+  return new ViewBridge(view, parent);
+}
+
+ScreenBridge* makeBridge(const std::shared_ptr<ViewController>& screen, QObject* parent) {
+  if (const auto* row = find(&Kinds::screens, screen->kind())) return row->make(screen, parent);
+  qCWarning(front) << "no look for the screen" << toQt(screen->kind());
+  return new ScreenBridge(screen, parent);
+}
+
+QUrl delegateOf(std::string_view kind) {
+  const bool isThere = find(&Kinds::views, kind) != nullptr || find(&Kinds::screens, kind) != nullptr;
+  return isThere ? fileOf(kind) : QUrl();
+}
+
+std::vector<QUrl> allDelegates() {
+  std::vector<QUrl> files;
+  for (const auto& folder : allKinds()) {
+    for (const auto& row : folder.views) files.push_back(fileOf(row.name));
+    for (const auto& row : folder.screens) files.push_back(fileOf(row.name));
+  }
+  return files;
+}
+
+}  // namespace orrelo::quick

@@ -1,0 +1,36 @@
+#include "quick/bridge/ListBridge.h"
+
+namespace orrelo::quick {
+
+void ListBridge::insert(std::size_t at, QObject* row) {
+  row->setParent(this);
+  beginInsertRows({}, static_cast<int>(at), static_cast<int>(at));
+  rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(at), row);
+  endInsertRows();
+}
+
+void ListBridge::remove(std::size_t at) {
+  auto* const gone = rows_[at];
+  beginRemoveRows({}, static_cast<int>(at), static_cast<int>(at));
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(at));
+  endRemoveRows();
+  gone->deleteLater();  // the delegate, which reads it, goes in the same way and was asked to before
+}
+
+int ListBridge::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant ListBridge::data(const QModelIndex& index, int) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  return QVariant::fromValue(rows_[static_cast<std::size_t>(index.row())]);
+}
+
+// QML offers a model's only role as `modelData` too.
+QHash<int, QByteArray> ListBridge::roleNames() const {
+  return {{Qt::UserRole, "row"}};
+}
+
+}  // namespace orrelo::quick
+
+#include "moc_ListBridge.cpp"

@@ -1,0 +1,25 @@
+#include "quick/campaign/CampaignScreenBridge.h"
+
+#include "quick/bridge/Kinds.h"
+
+namespace orrelo::quick {
+
+CampaignScreenBridge::CampaignScreenBridge(const std::shared_ptr<CampaignViewController>& screen,
+                                           QObject* parent)
+    : PageBridge(screen, parent), campaign_(*screen), error_(new ErrorBridge(screen->errorView, this)) {
+  connect(this, &ScreenBridge::stateChanged, this, &CampaignScreenBridge::updateContent);
+  follow(campaign_.stateChanges());
+}
+
+void CampaignScreenBridge::updateContent() {
+  const auto view = campaign_.state().content;
+  if ((content_ ? content_->view() : nullptr) == view) return;
+  const auto former = std::exchange(content_, view ? makeBridge(view, this) : nullptr);
+  Q_EMIT contentChanged();
+  // After whoever draws it, which goes in the same way.
+  if (former) former->deleteLater();
+}
+
+}  // namespace orrelo::quick
+
+#include "moc_CampaignScreenBridge.cpp"

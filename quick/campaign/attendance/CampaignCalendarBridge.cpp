@@ -1,0 +1,39 @@
+#include "quick/campaign/attendance/CampaignCalendarBridge.h"
+
+#include "quick/campaign/attendance/CalendarCellBridge.h"
+
+namespace orrelo::quick {
+
+CampaignCalendarBridge::CampaignCalendarBridge(const std::shared_ptr<CampaignCalendarView>& view,
+                                               QObject* parent)
+    : ViewBridge(view, parent), calendar_(*view), cells_(new ListBridge(this)) {
+  connect(this, &ViewBridge::stateChanged, this, &CampaignCalendarBridge::updateCells);
+  follow(calendar_.state);
+}
+
+void CampaignCalendarBridge::updateCells() {
+  const auto state = calendar_.state.value();
+  while (cells_->rows().size() > state.cells.size()) cells_->remove(cells_->rows().size() - 1);
+  for (std::size_t at = 0; at < state.cells.size(); ++at) {
+    const bool isThere = at < cells_->rows().size();
+    auto* const cell =
+        isThere ? static_cast<CalendarCellBridge*>(cells_->rows()[at]) : new CalendarCellBridge(cells_);
+    cell->set(state.cells[at], iconOf(state.cells[at].iconUrl));
+    if (!isThere) cells_->append(cell);
+  }
+}
+
+ImageBridge* CampaignCalendarBridge::iconOf(const std::string& url) {
+  if (url.empty()) return nullptr;
+  auto& icon = icons_[url];
+  if (icon == nullptr) {
+    const auto image = std::make_shared<ImageView>();
+    icon = new ImageBridge(image, this);
+    image->load(url);
+  }
+  return icon;
+}
+
+}  // namespace orrelo::quick
+
+#include "moc_CampaignCalendarBridge.cpp"

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "campaign/stamp/StampCampaignView.h"
+#include "quick/bridge/StackBridge.h"
+
+namespace orrelo::quick {
+
+class StampCampaignBridge final : public ViewBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(orrelo::quick::StackBridge* stack READ stack CONSTANT)
+
+ public:
+  StampCampaignBridge(const std::shared_ptr<StampCampaignView>& view, QObject* parent)
+      : ViewBridge(view, parent), stack_(new StackBridge(view->stackView, this)) {}
+
+  StackBridge* stack() const { return stack_; }
+
+ private:
+  StackBridge* const stack_;
+};
+
+}  // namespace orrelo::quick

@@ -1,0 +1,99 @@
+#include "quick/host/HostWindow.h"
+
+#include "base/Logger.h"
+#include "ui/KeyWindow.h"
+
+#include <orrelo/quick/OrreloQuick.h>
+
+#include <QQuickWindow>
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orrelo::quick {
+namespace {
+
+// From the host's own upwards, each presented by the one before.
+std::vector<std::shared_ptr<ViewController>> chain(const std::shared_ptr<ViewController>& lowest) {
+  std::vector<std::shared_ptr<ViewController>> screens;
+  for (auto screen = lowest; screen; screen = screen->presentedViewController()) screens.push_back(screen);
+  return screens;
+}
+
+// Logs what the host must do when it passes no window.
+bool isThere(const QQuickWindow* window, std::string_view call) {
+  if (window != nullptr) return true;
+  log(LogLevel::ERROR, [call] {
+    return std::string(call) +
+           " was given no window, and nothing will be seen: call it after the QML file has loaded, with its "
+           "QQuickWindow.";
+  });
+  return false;
+}
+
+}  // namespace
+
+HostWindow& HostWindow::of(QQuickWindow& window) {
+  for (auto* child : window.children()) {
+    if (auto* const found = dynamic_cast<HostWindow*>(child)) return *found;
+  }
+  return *new HostWindow(window);
+}
+
+HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {
+  // Hiding a window is a trip to the background and no disappearance: its screens stay until it goes.
+  connect(&window, &QWindow::visibleChanged, this, [this](bool isVisible) {
+    if (isVisible) appear();
+  });
+  connect(&window, &QWindow::activeChanged, this, [this, &window] {
+    if (window.isActive()) setKeyWindowRootViewController(root());
+  });
+  if (window.isActive() || !keyWindowRootViewController()) setKeyWindowRootViewController(root());
+  if (window.isVisible()) appear();
+}
+
+HostWindow::~HostWindow() {
+  disappear();
+}
+
+void HostWindow::makeNavigation() {
+  if (navigation_) return;
+  if (screen_->presentedViewController()) screen_->dismiss(false);  // what it shows now is not the stack's
+  const bool isKey = keyWindowRootViewController() == screen_;
+  navigation_ = NavigationController::create(screen_);
+  if (isKey) setKeyWindowRootViewController(navigation_);
+  if (screen_->isVisible()) navigation_->appear(false);
+}
+
+void HostWindow::appear() {
+  const auto screens = chain(root());
+  const auto covering = std::find_if(screens.rbegin(), screens.rend() - 1, [](const auto& screen) {
+    return screen->modalPresentationStyle == ModalPresentationStyle::fullScreen;
+  });
+  for (auto screen = covering.base() - 1; screen != screens.end(); ++screen) (*screen)->appear(false);
+}
+
+void HostWindow::disappear() {
+  const auto screens = chain(root());
+  for (auto screen = screens.rbegin(); screen != screens.rend(); ++screen) (*screen)->disappear(false);
+}
+
+std::shared_ptr<ViewController> hostViewController(QQuickWindow* window) {
+  if (!isThere(window, "hostViewController")) return std::make_shared<HostViewController>();
+  return HostWindow::of(*window).screen();
+}
+
+bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
+  if (!isThere(window, "present")) return false;
+  return HostWindow::of(*window).root()->topmost()->present(screen, animated);
+}
+
+bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
+  if (!isThere(window, "push") || !screen) return false;
+  const auto& navigation = HostWindow::of(*window).navigation();
+  if (navigation) navigation->pushViewController(screen, animated);
+  return navigation != nullptr;
+}
+
+}  // namespace orrelo::quick

@@ -1,0 +1,79 @@
+#include "quick/host/ScreenLayers.h"
+
+#include "platform/Application.h"
+#include "quick/bridge/Kinds.h"
+
+#include <orrelo/Platform.h>
+
+#include <algorithm>
+
+namespace orrelo::quick {
+
+void ScreenLayers::set(const std::vector<std::shared_ptr<ViewController>>& screens, bool wantsAnimation) {
+  const bool animated = wantsAnimation && !Platform::current().application->prefersReducedMotion();
+  const auto* const formerTop = top();
+  for (std::size_t row = rows().size(); row-- > 0;) {
+    auto& state = layer(row).state;
+    const auto& screen = layer(row).screen()->screen();
+    if (state.isLeaving || std::find(screens.begin(), screens.end(), screen) != screens.end()) continue;
+    if (animated) {
+      state.isLeaving = true;
+      state.isAnimated = true;
+    } else {
+      drop(row);
+    }
+  }
+  for (const auto& wanted : screens) {
+    const bool isThere = std::any_of(rows().begin(), rows().end(), [&wanted](const QObject* row) {
+      const auto& layer = static_cast<const ScreenLayerBridge&>(*row);
+      return !layer.isLeaving() && layer.screen()->screen() == wanted;
+    });
+    if (!isThere) take(wanted, animated);
+  }
+  refresh();
+  if (top() != formerTop) Q_EMIT topChanged();
+}
+
+ScreenBridge* ScreenLayers::top() const {
+  for (std::size_t row = rows().size(); row-- > 0;) {
+    if (!layer(row).isLeaving()) return layer(row).screen();
+  }
+  return nullptr;
+}
+
+void ScreenLayers::take(const std::shared_ptr<ViewController>& wanted, bool animated) {
+  auto* const screen = makeBridge(wanted, nullptr);
+  connect(screen, &ScreenBridge::presentationChanged, this, &ScreenLayers::presentationChanged);
+  append(new ScreenLayerBridge(screen, animated));
+}
+
+void ScreenLayers::drop(std::size_t row) {
+  disconnect(layer(row).screen(), nullptr, this, nullptr);
+  remove(row);
+}
+
+void ScreenLayers::arrived(ScreenLayerBridge* layer) {
+  layer->state.hasArrived = true;
+  refresh();
+}
+
+void ScreenLayers::gone(ScreenLayerBridge* layer) {
+  const auto found = std::find(rows().begin(), rows().end(), layer);
+  if (found != rows().end() && layer->isLeaving()) drop(static_cast<std::size_t>(found - rows().begin()));
+}
+
+void ScreenLayers::refresh() {
+  const auto* const uppermost = top();
+  bool isCovered = false;
+  for (std::size_t row = rows().size(); row-- > 0;) {
+    auto& state = layer(row).state;
+    state.isTop = layer(row).screen() == uppermost;
+    state.isCovered = isCovered;
+    isCovered |= state.hasArrived && !state.isLeaving && !layer(row).screen()->isOver();
+  }
+  for (auto* const row : rows()) Q_EMIT static_cast<ScreenLayerBridge*>(row)->stateChanged();
+}
+
+}  // namespace orrelo::quick
+
+#include "moc_ScreenLayers.cpp"

@@ -1,0 +1,57 @@
+#include "quick/image/BitmapItem.h"
+
+#include "quick/image/PictureTexture.h"
+
+#include <QQuickWindow>
+#include <QSGImageNode>
+#include <memory>
+#include <utility>
+
+namespace orrelo::quick {
+namespace {
+
+class PictureNode final : public QSGNode {
+ public:
+  explicit PictureNode(QSGImageNode* picture) : picture_(picture) {
+    picture_->setFiltering(QSGTexture::Linear);
+    appendChildNode(picture_);
+  }
+
+  void show(std::shared_ptr<const PictureTexture> texture, const QRectF& rect) {
+    if (texture != texture_) picture_->setTexture(texture->texture());
+    texture_ = std::move(texture);  // the former is not used any more
+    picture_->setRect(rect);
+  }
+
+ private:
+  QSGImageNode* picture_;
+  std::shared_ptr<const PictureTexture> texture_;
+};
+
+}  // namespace
+
+void BitmapItem::setSource(ImageBridge* source) {
+  if (source == source_) return;
+  if (source_) source_->disconnect(this);
+  source_ = source;
+  if (source_) connect(source_, &ViewBridge::stateChanged, this, &QQuickItem::update);
+  update();
+  Q_EMIT sourceChanged();
+}
+
+QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
+  auto* node = static_cast<PictureNode*>(former);
+  const auto image = source_ ? source_->image() : nullptr;
+  if (!image || !image->bitmap.pixels || width() <= 0 || height() <= 0) {
+    delete node;
+    return nullptr;
+  }
+  if (node == nullptr) node = new PictureNode(window()->createImageNode());
+  const auto pixels = (size() * window()->effectiveDevicePixelRatio()).toSize();
+  node->show(PictureTexture::of(*window(), image, pixels), boundingRect());
+  return node;
+}
+
+}  // namespace orrelo::quick
+
+#include "moc_BitmapItem.cpp"

@@ -1,0 +1,81 @@
+#include "quick/image/PictureTexture.h"
+
+#include <QImage>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
+#include <QSGRendererInterface>
+#include <map>
+#include <mutex>
+#include <tuple>
+#include <utility>
+
+namespace orrelo::quick {
+namespace {
+
+// Shares the pixels, which live as long as the image.
+QImage toQt(const ImagePtr& image) {
+  const auto& bitmap = image->bitmap;
+  return {bitmap.pixels.get(),
+          bitmap.width,
+          bitmap.height,
+          qsizetype{bitmap.width} * Bitmap::bytesPerPixel,
+          QImage::Format_RGBA8888_Premultiplied,
+          [](void* kept) { delete static_cast<ImagePtr*>(kept); },
+          new ImagePtr(image)};
+}
+
+// The longest side of a texture in the window's renderer. OpenGL is asked. Direct3D 11, Metal and the
+// software renderer, which has no textures, take the longest side of a bitmap; Vulkan guarantees 4096 on
+// every device.
+int maximumTextureSide(const QQuickWindow& window) {
+  const auto api = window.rendererInterface()->graphicsApi();
+#if QT_CONFIG(opengl)
+  auto* const context = QOpenGLContext::currentContext();
+  if (api == QSGRendererInterface::OpenGL && context != nullptr) {
+    GLint side = 0;
+    context->functions()->glGetIntegerv(GL_MAX_TEXTURE_SIZE, &side);
+    if (side > 0) return side;
+  }
+#endif
+  constexpr int least = 4096;
+  return api == QSGRendererInterface::Vulkan ? least : Bitmap::maximumSide;
+}
+
+}  // namespace
+
+// Sizes go down by halves, so that a picture whose item changes its size is not rescaled with every frame.
+QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
+  auto size = picture;
+  while (size.width() / 2 >= pixels.width() && size.height() / 2 >= pixels.height()) size /= 2;
+  const QSize largest(maximumSide, maximumSide);
+  if (size.boundedTo(largest) != size) size.scale(largest, Qt::KeepAspectRatio);
+  return size.expandedTo({1, 1});
+}
+
+PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size) : image_(std::move(image)) {
+  auto picture = toQt(image_);
+  if (picture.size() != size) {
+    picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  }
+  texture_.reset(window.createTextureFromImage(picture));
+}
+
+std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
+                                                         QSize pixels) {
+  using Key = std::tuple<const QQuickWindow*, const Image*, int, int>;
+  static auto* const mutex = new std::mutex;  // each window may have a thread of its own
+  static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
+  const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
+                           maximumTextureSide(window));
+  const std::lock_guard lock(*mutex);
+  const Key key{&window, image.get(), size.width(), size.height()};
+  if (const auto found = known->find(key); found != known->end()) {
+    if (auto texture = found->second.lock()) return texture;
+  }
+  std::erase_if(*known, [](const auto& entry) { return entry.second.expired(); });
+  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, size));
+  (*known)[key] = texture;
+  return texture;
+}
+
+}  // namespace orrelo::quick

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "modular/content/SpacerView.h"
+#include "quick/bridge/ViewBridge.h"
+
+namespace orrelo::quick {
+
+class SpacerBridge final : public ViewBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(double height READ height CONSTANT)
+
+ public:
+  SpacerBridge(const std::shared_ptr<SpacerView>& view, QObject* parent)
+      : ViewBridge(view, parent), spacer_(*view) {}
+
+  double height() const { return spacer_.height; }
+
+ private:
+  const SpacerView& spacer_;
+};
+
+}  // namespace orrelo::quick

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "modular/content/WebView.h"
+#include "quick/bridge/ViewBridge.h"
+#include "quick/modular/content/WebPageDelegate.h"
+
+#include <QUrl>
+
+namespace orrelo::quick {
+
+class WebBridge final : public ViewBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(QUrl url READ url CONSTANT)
+  /// 0 where the stack gives it.
+  Q_PROPERTY(double ownWidth READ ownWidth CONSTANT)
+  Q_PROPERTY(double height READ height CONSTANT)
+  /// The file that draws a page, to be filled with this as `model`; empty without a browser engine.
+  Q_PROPERTY(QUrl browser READ browser CONSTANT)
+  Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
+  Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY stateChanged)
+
+ public:
+  WebBridge(const std::shared_ptr<WebView>& view, QObject* parent) : ViewBridge(view, parent), web_(*view) {
+    follow(web_.state);
+  }
+
+  QUrl url() const { return QUrl(toQt(web_.url.text())); }
+  double ownWidth() const { return web_.width.value_or(0.0); }
+  double height() const { return web_.height; }
+  QUrl browser() const { return webPageDelegate(); }
+  bool isLoading() const { return web_.state.value() == WebView::State::loading; }
+  bool isEmpty() const { return web_.state.value() == WebView::State::empty; }
+
+  Q_INVOKABLE void didStart() { web_.didStart(); }
+  Q_INVOKABLE void didReceive() { web_.didReceive(); }
+  Q_INVOKABLE void didFinish(bool succeeded) { web_.didFinish(succeeded); }
+  Q_INVOKABLE void processDidEnd() { web_.processDidEnd(); }
+  Q_INVOKABLE bool mayGoTo(const QUrl& url, bool isFrame) const {
+    return WebView::mayGoTo(url.scheme().toStdString(), isFrame);
+  }
+  Q_INVOKABLE void openWindow(const QUrl& url, bool isAskedFor) {
+    web_.openWindow(url.toEncoded().toStdString(), isAskedFor);
+  }
+
+ private:
+  WebView& web_;
+};
+
+}  // namespace orrelo::quick

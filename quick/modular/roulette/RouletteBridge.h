@@ -1,0 +1,53 @@
+#pragma once
+
+#include "modular/roulette/RouletteView.h"
+#include "quick/bridge/AnimationValue.h"
+#include "quick/bridge/ViewBridge.h"
+
+#include <QRectF>
+
+namespace orrelo::quick {
+
+/// The square that a circle touches.
+inline QRectF squareAround(const Point& center, double radius) {
+  return {center.x - radius, center.y - radius, 2 * radius, 2 * radius};
+}
+
+class RouletteBridge final : public ViewBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(double side READ side CONSTANT)
+  /// Where something stands still above the wheel.
+  Q_PROPERTY(QRectF cover READ cover CONSTANT)
+  /// In degrees, as all angles here: of the wheel at rest.
+  Q_PROPERTY(double rotation READ rotation NOTIFY stateChanged)
+  Q_PROPERTY(bool isSpinning READ isSpinning NOTIFY stateChanged)
+  Q_PROPERTY(orrelo::quick::AnimationValue spin READ spin NOTIFY stateChanged)
+  Q_PROPERTY(bool isPaused READ isPaused NOTIFY stateChanged)
+  /// The prize that was won; empty before.
+  Q_PROPERTY(QString outcome READ outcome NOTIFY stateChanged)
+  Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY stateChanged)
+
+ public:
+  RouletteBridge(const std::shared_ptr<RouletteView>& view, QObject* parent);
+
+  const RouletteDrawing& drawing() const { return drawing_; }
+  double side() const { return RouletteView::side; }
+  QRectF cover() const;
+  double rotation() const;
+  bool isSpinning() const { return roulette_.state.value().spin.has_value(); }
+  AnimationValue spin() const;
+  bool isPaused() const { return roulette_.state.value().isPaused; }
+  QString outcome() const { return toQt(roulette_.state.value().outcome); }
+  QString accessibilityLabel() const { return toQt(roulette_.accessibilityLabel()); }
+
+  Q_INVOKABLE void wheelDidAppear() { roulette_.wheelDidAppear(); }
+  Q_INVOKABLE void animationDidStop() { roulette_.animationDidStop(true); }
+
+ private:
+  RouletteView& roulette_;
+  const RouletteDrawing drawing_;
+};
+
+}  // namespace orrelo::quick

@@ -1,7 +1,0 @@
-import QtQuick
-import Orrelo
-
-/// A picture as wide as its place, and as high as that makes it.
-KitImage {
-    height: heightForWidth
-}

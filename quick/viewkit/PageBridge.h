@@ -1,0 +1,35 @@
+#pragma once
+
+#include "quick/bridge/ScreenBridge.h"
+#include "quick/viewkit/ToastLayerBridge.h"
+#include "viewkit/ORLUIViewController.h"
+
+namespace orrelo::quick {
+
+/// A full-page screen, with the kit's own bar where it has one.
+class PageBridge : public ScreenBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(QString barTitle READ barTitle NOTIFY stateChanged)
+  Q_PROPERTY(double barHeight READ barHeight NOTIFY stateChanged)
+  Q_PROPERTY(orrelo::quick::ToastLayerBridge* toasts READ toasts CONSTANT)
+
+ public:
+  PageBridge(const std::shared_ptr<ORLUIViewController>& screen, QObject* parent)
+      : ScreenBridge(screen, parent),
+        page_(*screen),
+        toasts_(new ToastLayerBridge(screen->toastLayer, this)) {
+    follow(page_.modalTopBarChanges());
+  }
+
+  QString barTitle() const { return toQt(page_.modalTopBar().title.value_or("")); }
+  double barHeight() const { return page_.modalTopBar().height; }
+  ToastLayerBridge* toasts() const { return toasts_; }
+
+ private:
+  ORLUIViewController& page_;
+  ToastLayerBridge* const toasts_;
+};
+
+}  // namespace orrelo::quick

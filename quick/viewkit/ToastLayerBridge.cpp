@@ -1,0 +1,24 @@
+#include "quick/viewkit/ToastLayerBridge.h"
+
+#include <QAccessible>
+
+namespace orrelo::quick {
+
+ToastLayerBridge::ToastLayerBridge(const std::shared_ptr<ToastLayer>& view, QObject* parent)
+    : ViewBridge(view, parent), layer_(*view), toasts_(new ListBridge(this)) {
+  connect(this, &ViewBridge::stateChanged, this, [this] {
+    toasts_->become<ToastBridge>(
+        layer_.toasts.value(), [](const ToastBridge& row, const auto& toast) { return row.view() == toast; },
+        [this](const auto& toast) { return new ToastBridge(toast, toasts_); });
+  });
+  follow(layer_.toasts);
+}
+
+void ToastLayerBridge::announce(QObject* item) const {
+  QAccessibleEvent event(item, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace orrelo::quick
+
+#include "moc_ToastLayerBridge.cpp"

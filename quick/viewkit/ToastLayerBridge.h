@@ -1,0 +1,31 @@
+#pragma once
+
+#include "quick/bridge/ListBridge.h"
+#include "quick/viewkit/ToastBridge.h"
+#include "viewkit/ToastLayer.h"
+
+namespace orrelo::quick {
+
+/// The toasts of a screen: one that stays keeps its row, and so its fading.
+class ToastLayerBridge final : public ViewBridge {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  Q_PROPERTY(orrelo::quick::ListBridge* toasts READ toasts CONSTANT)
+
+ public:
+  ToastLayerBridge(const std::shared_ptr<ToastLayer>& view, QObject* parent);
+
+  ListBridge* toasts() const { return toasts_; }
+
+  /// Has assistive technology say what the toast says.
+  Q_INVOKABLE void announce(QObject* item) const;
+  /// The fade has been played.
+  Q_INVOKABLE void fadeDidFinish(orrelo::quick::ToastBridge* toast) { layer_.fadeDidFinish(toast->toast()); }
+
+ private:
+  ToastLayer& layer_;
+  ListBridge* const toasts_;
+};
+
+}  // namespace orrelo::quick

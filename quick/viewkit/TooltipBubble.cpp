@@ -1,0 +1,49 @@
+#include "quick/viewkit/TooltipBubble.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+namespace orrelo::quick {
+namespace {
+
+// Soft towards its edge, as far as the radius: a stack of outlines whose opacities add up.
+void paintShadow(QPainter& painter, const QPainterPath& outline) {
+  constexpr int steps = 6;
+  painter.setBrush(Qt::NoBrush);
+  const auto shadow = outline.translated(TooltipView::shadowOffset.x, TooltipView::shadowOffset.y);
+  for (int step = 0; step < steps; ++step) {
+    const double width = 2 * TooltipView::shadowRadius * (steps - step) / steps;
+    QPainterPathStroker stroker;
+    stroker.setWidth(2 * width);
+    stroker.setJoinStyle(Qt::RoundJoin);
+    painter.fillPath(shadow.united(stroker.createStroke(shadow)),
+                     QColor::fromRgbF(0.0F, 0.0F, 0.0F, float(TooltipView::shadowOpacity / steps)));
+  }
+}
+
+}  // namespace
+
+void TooltipBubble::paint(QPainter* painter) {
+  if (!tooltip_) return;
+  const auto& tooltip = tooltip_->tooltip();
+  const QRectF area(0.0, 0.0, width() - 2 * margin(), height() - 2 * margin());
+  const auto shape = tooltip.shape({area.width(), area.height()});
+  QPainterPath bubble;
+  bubble.addRoundedRect(QRectF(0.0, shape.top, shape.size.width, shape.size.height),
+                        TooltipView::cornerRadius, TooltipView::cornerRadius);
+  QPainterPath tail;
+  tail.moveTo(shape.tail[0].x, shape.tail[0].y);
+  tail.lineTo(shape.tail[1].x, shape.tail[1].y);
+  tail.lineTo(shape.tail[2].x, shape.tail[2].y);
+  tail.closeSubpath();
+  const auto outline = bubble.united(tail);
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->translate(margin(), margin());
+  painter->fillRect(area, toQt(TooltipView::backing));
+  paintShadow(*painter, outline);
+  painter->fillPath(outline, toQt(tooltip.look.tooltipBackgroundColor));
+}
+
+}  // namespace orrelo::quick
+
+#include "moc_TooltipBubble.cpp"

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "quick/viewkit/TooltipBridge.h"
+
+#include <QPointer>
+#include <QQuickPaintedItem>
+
+namespace orrelo::quick {
+
+/// Paints a tooltip's bubble and tail where the core says that they are, and their shadow. It is larger than
+/// the tooltip by `margin` at each side, for the shadow.
+class TooltipBubble : public QQuickPaintedItem {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(double margin READ margin CONSTANT)
+  Q_PROPERTY(orrelo::quick::TooltipBridge* tooltip MEMBER tooltip_ NOTIFY tooltipChanged REQUIRED)
+
+ public:
+  explicit TooltipBubble(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) { setAntialiasing(true); }
+
+  static double margin() { return TooltipView::shadowOffset.y + 2 * TooltipView::shadowRadius; }
+  void paint(QPainter* painter) override;
+
+ Q_SIGNALS:
+  void tooltipChanged();
+
+ private:
+  QPointer<TooltipBridge> tooltip_;
+};
+
+}  // namespace orrelo::quick

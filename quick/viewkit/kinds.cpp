@@ -1,0 +1,29 @@
+#include "quick/bridge/Kinds.h"
+
+#include "quick/viewkit/CampaignNoticeBridge.h"
+#include "quick/viewkit/ErrorScreenBridge.h"
+#include "quick/viewkit/PopUpDialogScreenBridge.h"
+#include "quick/viewkit/RewardScreenBridge.h"
+
+#include <array>
+
+namespace orrelo::quick {
+namespace {
+
+constexpr std::array views{
+    viewKind<CampaignNoticeView, CampaignNoticeBridge>(),
+};
+
+constexpr std::array screens{
+    screenKind<CampaignRewardViewController, RewardScreenBridge>(),
+    screenKind<ErrorViewController, ErrorScreenBridge>(),
+    screenKind<PopUpDialogViewController, PopUpDialogScreenBridge>(),
+};
+
+}  // namespace
+
+Kinds viewkitKinds() {
+  return {.views = views, .screens = screens};
+}
+
+}  // namespace orrelo::quick

@@ -1,0 +1,10 @@
+// What moc writes for the classes of this folder that are headers alone.
+#include "moc_CampaignInfoBridge.cpp"
+#include "moc_CampaignNoticeBridge.cpp"
+#include "moc_ErrorBridge.cpp"
+#include "moc_ErrorScreenBridge.cpp"
+#include "moc_PageBridge.cpp"
+#include "moc_PopUpDialogScreenBridge.cpp"
+#include "moc_RewardScreenBridge.cpp"
+#include "moc_ToastBridge.cpp"
+#include "moc_TooltipBridge.cpp"
