@@ -2,8 +2,11 @@
 
 #include "quick/viewkit/CampaignNoticeBridge.h"
 #include "quick/viewkit/ErrorScreenBridge.h"
+#include "quick/viewkit/InformationBridge.h"
+#include "quick/viewkit/NoticeBridge.h"
 #include "quick/viewkit/PopUpDialogScreenBridge.h"
 #include "quick/viewkit/RewardScreenBridge.h"
+#include "quick/viewkit/WebBridge.h"
 
 #include <array>
 
@@ -12,6 +15,9 @@ namespace {
 
 constexpr std::array views{
     viewKind<CampaignNoticeView, CampaignNoticeBridge>(),
+    viewKind<InformationView, InformationBridge>(),
+    viewKind<NoticeView, NoticeBridge>(),
+    viewKind<WebView, WebBridge>(),
 };
 
 constexpr std::array screens{

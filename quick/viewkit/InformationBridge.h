@@ -1,6 +1,6 @@
 #pragma once
 
-#include "modular/content/InformationView.h"
+#include "viewkit/InformationView.h"
 #include "quick/bridge/ViewBridge.h"
 
 namespace orrelo::quick {

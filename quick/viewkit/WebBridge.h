@@ -1,8 +1,8 @@
 #pragma once
 
-#include "modular/content/WebView.h"
+#include "viewkit/WebView.h"
 #include "quick/bridge/ViewBridge.h"
-#include "quick/modular/content/WebPageDelegate.h"
+#include "quick/viewkit/WebPageDelegate.h"
 
 #include <QUrl>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "modular/content/NoticeView.h"
+#include "viewkit/NoticeView.h"
 #include "quick/bridge/ViewBridge.h"
 
 namespace orrelo::quick {

@@ -1,4 +1,4 @@
-#include "quick/modular/content/WebPageDelegate.h"
+#include "quick/viewkit/WebPageDelegate.h"
 
 namespace orrelo::quick {
 namespace {
