@@ -2,6 +2,7 @@
 
 #include "campaign/CampaignActionView.h"
 #include "quick/bridge/ViewBridge.h"
+#include "viewkit/legibility.h"
 
 #include <QColor>
 
@@ -28,8 +29,8 @@ class CampaignActionBridge final : public ViewBridge {
   QString title() const { return toQt(action_.state.value().title); }
   QString statusMessage() const { return toQt(action_.state.value().statusMessage); }
   bool isEnabled() const { return action_.state.value().isEnabled; }
-  QColor fill() const { return buttonFill(action_.state.value().color, isEnabled()); }
-  QColor textColor() const { return buttonTextColor(action_.state.value().color, isEnabled()); }
+  QColor fill() const { return toQt(buttonFill(action_.state.value().color, isEnabled())); }
+  QColor textColor() const { return toQt(buttonTextColor(action_.state.value().color, isEnabled())); }
   double buttonHeight() const { return CampaignActionView::buttonHeight; }
 
   Q_INVOKABLE void onClick() { action_.onClick(); }

@@ -2,6 +2,7 @@
 
 #include "quick/bridge/ScreenBridge.h"
 #include "viewkit/CampaignRewardViewController.h"
+#include "viewkit/legibility.h"
 
 #include <QColor>
 
@@ -26,9 +27,9 @@ class RewardScreenBridge final : public ScreenBridge {
   QString heading() const { return toQt(reward_.content.title); }
   QString message() const { return toQt(reward_.content.message); }
   QString buttonText() const { return toQt(reward_.content.buttonText); }
-  QColor headingColor() const { return legibleOnWhite(buttonColor()); }
+  QColor headingColor() const { return toQt(legibleOnWhite(reward_.content.color)); }
   QColor buttonColor() const { return toQt(reward_.content.color); }
-  QColor buttonTextColor() const { return textColorOn(buttonColor()); }
+  QColor buttonTextColor() const { return toQt(textColorOn(reward_.content.color)); }
   QUrl closeAsset() const { return assetFile(CampaignRewardViewController::closeAsset); }
 
  private:

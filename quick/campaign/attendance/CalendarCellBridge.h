@@ -2,6 +2,7 @@
 
 #include "campaign/attendance/CampaignCalendarView.h"
 #include "quick/image/ImageBridge.h"
+#include "viewkit/legibility.h"
 
 #include <QColor>
 #include <utility>
@@ -29,9 +30,9 @@ class CalendarCellBridge final : public QObject {
   explicit CalendarCellBridge(QObject* parent) : QObject(parent) {}
 
   QString day() const { return toQt(cell_.day); }
-  QColor dayColor() const { return onFill(toQt(cell_.dayColor)); }
+  QColor dayColor() const { return toQt(onFill(cell_.dayColor)); }
   QString bottomText() const { return toQt(cell_.bottomText); }
-  QColor bottomColor() const { return onFill(plainTextColor()); }
+  QColor bottomColor() const { return toQt(onFill(plainTextColor)); }
   QColor backgroundColor() const { return toQt(cell_.backgroundColor); }
   double borderWidth() const { return cell_.borderWidth; }
   QColor borderColor() const { return toQt(cell_.borderColor); }
@@ -51,9 +52,9 @@ class CalendarCellBridge final : public QObject {
 
  private:
   /// The day and what stands under it are white on a fill, unless that could not be read.
-  QColor onFill(const QColor& otherwise) const {
-    const auto fill = backgroundColor();
-    return fill.alpha() == 0 ? otherwise : textColorOn(fill);
+  Color onFill(const Color& otherwise) const {
+    const auto& fill = cell_.backgroundColor;
+    return fill.alpha == 0.0 ? otherwise : textColorOn(fill);
   }
 
   CampaignCalendarViewCell cell_;

@@ -3,6 +3,7 @@
 #include "campaign/attendance/CampaignCalendarView.h"
 #include "quick/bridge/ListBridge.h"
 #include "quick/image/ImageBridge.h"
+#include "viewkit/legibility.h"
 
 #include <QColor>
 #include <map>
@@ -35,7 +36,7 @@ class CampaignCalendarBridge final : public ViewBridge {
   QString firstDescription() const { return toQt(calendar_.state.value().firstDescription); }
   QString secondDescription() const { return toQt(calendar_.state.value().secondDescription); }
   QColor primaryColor() const { return toQt(calendar_.state.value().primaryColor); }
-  QColor secondDescriptionColor() const { return legibleOnWhite(primaryColor()); }
+  QColor secondDescriptionColor() const { return toQt(legibleOnWhite(calendar_.state.value().primaryColor)); }
   ListBridge* cells() const { return cells_; }
   int columnCount() const { return static_cast<int>(CampaignCalendarView::columnCount); }
   QString todayLegend() const { return toQt(CampaignCalendarView::todayLegend); }

@@ -4,6 +4,7 @@
 #include "quick/image/ImageBridge.h"
 #include "quick/viewkit/CampaignNoticeBridge.h"
 #include "quick/viewkit/ErrorBridge.h"
+#include "viewkit/legibility.h"
 
 #include <QColor>
 
@@ -33,8 +34,8 @@ class OptInMarketingCampaignBridge final : public ViewBridge {
   QString buttonTitle() const { return toQt(optIn_.moveButton.title); }
   bool isButtonEnabled() const { return optIn_.moveButton.isEnabled; }
   bool isButtonHidden() const { return optIn_.moveButton.isHidden; }
-  QColor fill() const { return buttonFill(optIn_.moveButton.color, isButtonEnabled()); }
-  QColor textColor() const { return buttonTextColor(optIn_.moveButton.color, isButtonEnabled()); }
+  QColor fill() const { return toQt(buttonFill(optIn_.moveButton.color, isButtonEnabled())); }
+  QColor textColor() const { return toQt(buttonTextColor(optIn_.moveButton.color, isButtonEnabled())); }
   ImageBridge* image() const { return image_; }
   CampaignNoticeBridge* notice() const { return notice_; }
   ErrorBridge* error() const { return error_; }

@@ -2,6 +2,7 @@
 
 #include "campaign/update/InduceUpdateView.h"
 #include "quick/viewkit/ErrorBridge.h"
+#include "viewkit/legibility.h"
 
 #include <QColor>
 
@@ -26,7 +27,7 @@ class InduceUpdateBridge final : public ViewBridge {
 
   ErrorBridge* error() const { return error_; }
   QString buttonTitle() const { return toQt(InduceUpdateView::buttonTitle); }
-  QColor color() const { return legibleOnWhite(toQt(update_.color)); }
+  QColor color() const { return toQt(legibleOnWhite(update_.color)); }
   double spacing() const { return InduceUpdateView::spacing; }
   double buttonWidth() const { return InduceUpdateView::buttonWidth; }
   double buttonHeight() const { return InduceUpdateView::buttonHeight; }

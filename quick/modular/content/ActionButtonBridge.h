@@ -2,6 +2,7 @@
 
 #include "modular/content/ActionButtonView.h"
 #include "quick/bridge/ViewBridge.h"
+#include "viewkit/legibility.h"
 
 #include <QColor>
 
@@ -31,7 +32,7 @@ class ActionButtonBridge final : public ViewBridge {
   bool isEnabled() const { return action_.content.isEnabled; }
   QColor fill() const { return toQt(isEnabled() ? action_.content.color : ActionButtonView::disabledColor); }
   QColor titleColor() const {
-    return isEnabled() ? textColorOn(fill()) : toQt(ActionButtonView::disabledTitleColor);
+    return toQt(isEnabled() ? textColorOn(action_.content.color) : ActionButtonView::disabledTitleColor);
   }
   QColor statusColor() const { return toQt(ActionButtonView::statusColor); }
   double margin() const { return ActionButtonView::margins.left; }
