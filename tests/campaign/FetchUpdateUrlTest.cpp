@@ -63,14 +63,5 @@ TEST_F(FetchUpdateUrlTest, ALookupThatFailsFailsTheStream) {
   }
 }
 
-TEST_F(FetchUpdateUrlTest, TheStoresHostsCanBeOthers) {
-  FetchUpdateUrlUseCaseImpl useCase(
-      std::make_shared<ItunesAPIServiceImpl>(client_, scheduler(), "https://localhost:9443/store"),
-      storeConfig(), "https://shop.example");
-  lay(R"({"resultCount":1,"results":[{"bundleId":"com.example.shop","trackId":7}]})");
-  EXPECT_THAT(listen(useCase.fetch())->elements, ElementsAre("https://shop.example/app/id7"));
-  EXPECT_EQ(requests()[0].url.text(), "https://localhost:9443/store/lookup?bundleId=com.example.shop");
-}
-
 }  // namespace
 }  // namespace orrelo::test

@@ -34,21 +34,6 @@ TEST_F(AdminTest, StateTellsWhatChanged) {
   EXPECT_EQ(client->Get("/admin/state?after=x")->status, 400);
 }
 
-TEST_F(AdminTest, StateComesInPages) {
-  auto many = json::array();
-  for (int i = 0; i < 700; ++i) many.push_back(event("E-" + std::to_string(i)));
-  post(onApp("/events"), many);
-
-  const auto latest = state();
-  EXPECT_EQ(latest["events"].size(), 500U);
-  EXPECT_EQ(latest["events"].back()["eventId"], "E-699");
-  EXPECT_EQ(latest["more"], false);
-  const auto first = state("?after=0");
-  EXPECT_EQ(first["events"].front()["eventId"], "E-0");
-  EXPECT_EQ(first["more"], true);
-  EXPECT_EQ(state("?after=" + first["next"].dump())["events"].size(), 200U);
-}
-
 TEST_F(AdminTest, OrdersListsAndClearsFaults) {
   const auto ordered = order({{"kind", "status"}, {"path", "/config"}, {"status", 418}, {"count", 3}});
   EXPECT_EQ(ordered->status, 201);
@@ -68,15 +53,6 @@ TEST_F(AdminTest, OrdersListsAndClearsFaults) {
       << "a fault for every path leaves the admin paths alone";
   EXPECT_EQ(client->Delete("/admin/faults")->status, 200);
   EXPECT_TRUE(service->faults().empty());
-}
-
-TEST_F(AdminTest, BodiesMayBeRepeatedOrBytes) {
-  order({{"kind", "body"}, {"count", 1}, {"body", "[{"}, {"repeat", 1000}});
-  EXPECT_EQ(client->Get(onApp("/config"))->body.size(), 2000U);
-  order({{"kind", "body"}, {"count", 1}, {"bodyBase64", "//4A"}, {"contentType", "image/gif"}});
-  const auto result = client->Get(onApp("/config"));
-  EXPECT_EQ(result->body, std::string("\xff\xfe\0", 3));
-  EXPECT_EQ(result->get_header_value("Content-Type"), "image/gif");
 }
 
 TEST_F(AdminTest, RefusesFaultsThatCannotBe) {

@@ -1,6 +1,5 @@
 #include "ServiceFixture.h"
 
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
 
 namespace orrelo::devservice {
@@ -92,27 +91,19 @@ class ParticipationTest : public OwnCampaignsTest {
     write();
     OwnCampaignsTest::SetUp();
   }
-  void write(const std::string& more = "") {
+  void write() {
     folder.write("campaigns/box.json",
                  R"({"campaign":{"id":"any","page":{"lid":"closed","days":["{{days of open}}"],
           "items":[{"left":1}]}},
         "states":{"closed":{},"open":{"/lid":"open"},"empty":{"/lid":"open","/items/0/left":0}},
         "first_state":"closed",
         "actions":{"open":{"from":"closed","to":"open"},
-          "take":{"from":"open","to":"empty","reply":{"/reward":"a prize"}}})" +
-                     more + "}");
+          "take":{"from":"open","to":"empty","reply":{"/reward":"a prize"}}}})");
   }
   int status(const std::string& path) {
     return client->Get(onApp(path), httplib::Headers{{"buid", "u"}})->status;
   }
   json page(const std::string& user) { return as(user, "/campaigns/box")["page"]; }
-  /// Moves every stored participation to a day in 2020.
-  void age() {
-    service.reset();
-    SQLite::Database(data.path() / "participations.sqlite3", SQLite::OPEN_READWRITE)
-        .exec("UPDATE participations SET day = '2020-02-29'");
-    startService();
-  }
 };
 
 TEST_F(ParticipationTest, LeadsEachUserFromStateToStateAndOutlivesTheService) {
@@ -143,18 +134,6 @@ TEST_F(ParticipationTest, WhatDoesNotApplyChangesNothingAndWinsNothing) {
   EXPECT_EQ(client->Get(onApp("/campaigns/box/open"))->status, 400) << "without a user";
 }
 
-TEST_F(ParticipationTest, BeginsAnewEachDayWhereTheFileSaysSo) {
-  as("u", "/campaigns/box/open");
-  age();
-  EXPECT_EQ(page("u")["lid"], "open");
-  write(R"(,"daily":true)");
-  EXPECT_EQ(page("u")["lid"], "closed");
-  EXPECT_EQ(page("u")["days"], json::array({"2020-02-29"}));
-  as("u", "/campaigns/box/open");
-  EXPECT_EQ(page("u")["lid"], "open");
-  EXPECT_EQ(page("u")["days"].size(), 2u);
-}
-
 TEST_F(ParticipationTest, MistakesOfTheFileAreToldBeforeAnyoneMeetsThem) {
   const std::string campaign = R"({"campaign":{"page":{"a":[]}},"states":{"x":{)";
   const auto reasonFor = [&](const std::string& text) {
@@ -170,10 +149,6 @@ TEST_F(ParticipationTest, MistakesOfTheFileAreToldBeforeAnyoneMeetsThem) {
     EXPECT_EQ(reasonFor(campaign + "\"" + place + R"(":1}},"first_state":"x"})"),
               name + "\"" + place + "\" is no place in the page");
   }
-  EXPECT_EQ(reasonFor(campaign + R"("/a":["{{days of go}}"]}},"first_state":"x"})"),
-            name + "there is no action \"go\" to have days");
-  EXPECT_EQ(reasonFor(R"({"campaign":{},"states":{"x":{}},"first_state":"x"})"),
-            name + "there are states, but no page");
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "ServiceFixture.h"
 
-#include <future>
 #include <thread>
 
 namespace orrelo::devservice {
@@ -107,29 +106,6 @@ TEST_F(EventIntakeTest, KnowsUsersAndTheirTokens) {
   ASSERT_EQ(tokens.size(), 2U);
   EXPECT_EQ(tokens[1].token, "T");
   EXPECT_EQ(tokens[1].saves, 2);
-}
-
-TEST_F(EventIntakeTest, TellsWrongPathsFromWrongMethods) {
-  EXPECT_EQ(client->Get(onApp("/nothing"))->status, 404);
-  EXPECT_EQ(client->Get(onApp("/config", ""))->status, 404);
-  const auto wrong = client->Get(onApp("/event"));
-  EXPECT_EQ(wrong->status, 405);
-  EXPECT_EQ(wrong->get_header_value("Allow"), "POST");
-  EXPECT_EQ(client->Post(onApp("/config"), "{}", "application/json")->status, 405);
-}
-
-TEST_F(EventIntakeTest, WakesThoseWhoWait) {
-  auto two = std::async(std::launch::async, [&] { return service->waitForEvents(2, 10s); });
-  auto repeated = std::async(std::launch::async, [&] {
-    return service->waitForEvents(
-        [](const auto& events) { return !events.empty() && events.front().deliveries == 2; }, 10s);
-  });
-  post(onApp("/event"), event("E-1"));
-  post(onApp("/event"), event("E-1"));
-  EXPECT_TRUE(repeated.get());
-  post(onApp("/event"), event("E-2"));
-  EXPECT_TRUE(two.get());
-  EXPECT_FALSE(service->waitForEvents(3, 1ms));
 }
 
 TEST_F(EventIntakeTest, TakesManyClientsAtOnce) {

@@ -1,9 +1,5 @@
 #include "ServiceFixture.h"
 
-#include <atomic>
-#include <sys/stat.h>
-#include <thread>
-
 namespace orrelo::devservice {
 
 namespace {
@@ -47,25 +43,6 @@ TEST_F(LifecycleTest, StopsAndStartsOnTheSamePort) {
   EXPECT_EQ(client->Get(onApp("/config"))->status, 200);
 }
 
-TEST_F(LifecycleTest, StopsWhileRequestsKeepComing) {
-  std::atomic<bool> finished = false;
-  std::vector<std::jthread> threads;
-  threads.reserve(4);
-  for (int i = 0; i < 4; ++i) {
-    threads.emplace_back([&, own = makeClient()]() mutable {
-      while (!finished) own->Get(onApp("/config"));
-    });
-  }
-  for (int round = 1; round <= 3; ++round) {
-    EXPECT_TRUE(service->waitForRequests("/config", std::int64_t{20} * round, 10s));
-    const auto begin = Clock::now();
-    service->stop();
-    EXPECT_LT(Clock::now() - begin, 1s);
-    service->start();
-  }
-  finished = true;
-}
-
 TEST_F(LifecycleTest, RefusesAPortInUse) {
   TemporaryFolder other;
   DevService second({.dataDirectory = other.path(), .port = port});
@@ -84,16 +61,6 @@ TEST_F(LifecycleTest, TheCertificateHoldsForBothNamesAndNoOtherIsTrusted) {
   const auto mistrusting = makeClient();
   mistrusting->set_ca_cert_path(stranger.certificatePath().c_str());
   EXPECT_EQ(mistrusting->Get(onApp("/config")).error(), httplib::Error::SSLServerVerification);
-}
-
-TEST_F(LifecycleTest, MakesABrokenCertificateAnew) {
-  service.reset();
-  struct stat status {};
-  ASSERT_EQ(::stat((data.path() / "key.pem").c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777U, 0600U);
-  std::filesystem::resize_file(data.path() / "key.pem", 40);
-  startService();
-  EXPECT_TRUE(client->Get(onApp("/config")));
 }
 
 }  // namespace

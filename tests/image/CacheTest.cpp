@@ -99,12 +99,6 @@ TEST_F(CacheTest, ReadersOfOneKeyShareOneFileRead) {
   EXPECT_EQ(read(*cache_, "k"), "memory newer") << "what was stored meanwhile stays";
 }
 
-TEST_F(CacheTest, StoringNothingLeavesTheFile) {
-  cache_->store(makeData("v"), "k");
-  cache_->store(nullptr, "k");
-  EXPECT_EQ(read(*cache_, "k"), "disk v");
-}
-
 TEST_F(CacheTest, BothSignalsClearTheDiskAndLeaveMemory) {
   for (const auto signal : {Signal::didEnterBackground, Signal::willTerminate}) {
     cache_->store(makeData("v"), "k");

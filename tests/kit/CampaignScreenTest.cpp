@@ -88,36 +88,6 @@ TEST_F(CampaignScreenTest, WhatWentWrongIsSaidAndStays) {
   EXPECT_EQ(errorOf(*screen), "잠시 후 다시 시도해 주세요.");
 }
 
-TEST_F(CampaignScreenTest, TheIndicatorTurnsWhileTheServiceThinks) {
-  replies_["/campaigns/c-1"] = std::nullopt;
-  const auto screen = open();
-  EXPECT_TRUE(screen->state().isLoading);
-  EXPECT_EQ(screen->state().content, nullptr);
-  platform_.session->answer(ScriptedURLSession::reply(200, campaignReply(attendancePage())));
-  platform_.loop->run();
-  EXPECT_FALSE(screen->state().isLoading);
-  EXPECT_TRUE(screen->state().content);
-}
-
-TEST_F(CampaignScreenTest, AKindThatItCannotShowGivesWayToTheNextCampaign) {
-  replies_["/lookup"] = ScriptedURLSession::reply(200, R"({"resultCount":0,"results":[]})");
-  replies_["/campaigns/c-1"] =
-      ScriptedURLSession::reply(200, campaignReply(R"({"page_type":"hologram","page_id":"p"})"));
-  const auto screen = open();
-  EXPECT_TRUE(content<InduceUpdateView>(*screen));
-  EXPECT_EQ(screen->title(), "이벤트");
-  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(attendancePage()));
-  const auto appearAgain = [&] {
-    host_->presentedViewController()->disappear(false);
-    host_->presentedViewController()->appear(false);
-    platform_.loop->run();
-  };
-  appearAgain();
-  EXPECT_EQ(errorOf(*screen), "");
-  EXPECT_TRUE(content<AttendanceCampaignView>(*screen));
-  EXPECT_EQ(screen->title(), "출석체크");
-}
-
 TEST_F(CampaignScreenTest, AKindOfTomorrowAsksTheStoreAndTheUserToUpdate) {
   replies_["/campaigns/c-1"] =
       ScriptedURLSession::reply(200, campaignReply(R"({"page_type":"hologram","page_id":"p"})"));

@@ -13,7 +13,6 @@ namespace orrelo::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A page with a button, an entry to another page and this dialog.
 std::string boxPage(const std::string& status, const std::string& dialog = "{}") {
@@ -98,14 +97,6 @@ TEST_F(ModularScreenTest, ARewardThatIsClosedLoadsTheCampaignAnew) {
   EXPECT_EQ(loads(), 2U);
   EXPECT_EQ(status(), "내일 또");
   EXPECT_FALSE(screen_->presentedViewController());
-}
-
-TEST_F(ModularScreenTest, NoDialogComesOverAScreenThatWasTakenAway) {
-  replies_["/campaigns/c-1/open"] = boxPage("", R"({"toast":[{"text":"도착","color":"#000000"}]})");
-  block<ActionButtonView>(0)->onClick();
-  host_->dismiss(false);
-  platform_.loop->run();
-  EXPECT_THAT(screen_->toastLayer->toasts.value(), IsEmpty());
 }
 
 TEST_F(ModularScreenTest, AnEntryLeadsElsewhereWhereARouterIsAtHand) {

@@ -195,7 +195,7 @@ TEST_F(HostTest, TheApplicationIsInTheBackgroundWhileNoWindowCanBeSeen) {
           application.observe(signal, [&heard, line = name + what] { heard.push_back(line); }));
     }
   };
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+  settle();
   observe("early", *Platform::current().application);
   const auto late = quick::platform({.dataDirectory = folder_.path(), .cacheDirectory = folder_.path()});
   observe("late", *late.application);  // created after the window was shown

@@ -79,16 +79,6 @@ TEST_F(WebInputTest, APageThatSwallowsKeysIsLeftByF6) {
   EXPECT_NE(focusName(), button);
 }
 
-TEST_F(WebInputTest, APressInAPageMovesNothing) {
-  open({390, 300});
-  show("<script>onclick = (event) => say({click: event.clientY})</script>", 600);
-  ASSERT_TRUE(waitForGreen());
-  const double before = top();
-  QTest::mouseClick(window_, Qt::LeftButton, {}, inPage_);
-  EXPECT_EQ(said("click").toDouble(), inPage_.y() - 44 - 24);
-  EXPECT_EQ(top(), before);
-}
-
 TEST_F(WebInputTest, AMouseThatIsDraggedBelongsToThePage) {
   showHigh("onmouseup = (event) => say({up: event.clientY})");
   const double before = top();

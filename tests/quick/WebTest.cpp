@@ -119,15 +119,6 @@ TEST_F(WebTest, APageGetsNoPermissions) {
   EXPECT_EQ(lines, 0);
 }
 
-TEST_F(WebTest, APageThatNeverComesIsGivenUp) {
-  pages_.orderFault({.kind = Kind::hang, .pathSuffix = "/pages/page.html"});
-  show("");
-  ASSERT_TRUE(waitForRequest("/pages/page.html"));
-  ASSERT_NE(engineView(), nullptr);
-  loop_->letTimePass();
-  expectEmptyButUsable();
-}
-
 TEST_F(WebTest, ARedirectingPageWhoseTargetFailsLeavesThePlaceEmpty) {
   pages_.orderFault({.kind = Kind::drop, .pathSuffix = "/pages/next.html"});
   show("<script>stop(); setTimeout(() => location.replace('/pages/next.html'), 100)</script>");

@@ -175,21 +175,6 @@ TEST(Retry, CountsSubscriptionsOverTheLifeOfTheChain) {
   EXPECT_EQ(notes->lines, (Lines{"1", "2", "error broken"}));
 }
 
-TEST(Retry, DisposalCancelsTheAttemptThatRuns) {
-  std::vector<AnyObserver<int>> attempts;
-  const auto source = create<int>([&](AnyObserver<int> observer) {
-    attempts.push_back(observer);
-    return Disposables::create();
-  });
-  const auto notes = watch(source.retry(2));
-  attempts.at(0).onError(broken());
-  notes->handle.dispose();
-  EXPECT_TRUE(attempts.at(1).isDisposed());
-  attempts.at(1).onError(broken());
-  EXPECT_EQ(attempts.size(), 2u);
-  EXPECT_THAT(notes->lines, IsEmpty());
-}
-
 /// Three inner streams that the test sends to.
 class Flattening : public testing::Test {
  protected:

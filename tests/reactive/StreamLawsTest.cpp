@@ -166,20 +166,6 @@ TEST_P(StreamLaws, NothingIsHeldAfterTheEndAndAfterDisposal) {
   }
 }
 
-TEST_P(StreamLaws, NothingIsHeldWhenTheSourceGoesWithoutAnEnd) {
-  std::optional<AnyObserver<int>> source;
-  const auto held = startWithSentinel(create<int>([&](AnyObserver<int> observer) {
-    source = observer;
-    return Disposables::create();
-  }));
-  letTimePass();
-  source->onNext(1);
-  source->onNext(2);
-  source.reset();
-  letTimePass();
-  EXPECT_TRUE(held.expired());
-}
-
 INSTANTIATE_TEST_SUITE_P(Every, StreamLaws, testing::ValuesIn(everyOperator()),
                          [](const auto& tested) { return tested.param.name; });
 
