@@ -106,7 +106,7 @@ TEST(JsonTest, RefusesWhatIsNoDocument) {
   }
   const auto whole = configReply();
   for (std::size_t length = 0; length < whole.size(); ++length) {
-    // A copy of its own, so that a read past the end is one past a block of memory.
+    // A separate copy, so that the address sanitizer finds a read past the end.
     const std::vector<char> cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
     EXPECT_EQ(parseCase({cut.data(), cut.size()}), "dataCorrupted") << length;
   }

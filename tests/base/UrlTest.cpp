@@ -7,7 +7,7 @@
 namespace orrelo::test {
 namespace {
 
-// Everything a URL tells of itself, in one line; "-" for an absent query or fragment.
+/// All parts of the URL in one line; "-" for an absent query or fragment.
 std::string parts(const Url& url) {
   const auto text = [](auto part) { return part ? std::string(*part) : std::string("-"); };
   std::string line;

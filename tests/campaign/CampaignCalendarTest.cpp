@@ -38,7 +38,8 @@ class CampaignCalendarTest : public testing::Test {
   }
   /// The accessibility label of each cell, and its icon in brackets.
   static std::vector<std::string> cells(const CampaignCalendar& calendar) {
-    CampaignCalendarView view(calendar);
+    CampaignCalendarView view;
+    view.configure(calendar);
     std::vector<std::string> labels;
     for (const auto& cell : view.state.value().cells) {
       EXPECT_EQ(cell.bottomText, cell.accessibilityLabel.ends_with("오늘") ? "오늘" : "");

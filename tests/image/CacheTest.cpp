@@ -177,7 +177,7 @@ TEST_F(CacheTest, MemoryHoldsWhatWasUsedLastWithinItsBudget) {
   MemoryCache memory(3 * (size + MemoryCache::entryCost));
   for (const auto* const key : {"a", "b", "c"}) memory.insert(key, makeData(std::string(size, *key)));
   EXPECT_TRUE(memory.value("a"));
-  memory.insert("b", makeData(std::string(size, 'B')));  // in place of the former
+  memory.insert("b", makeData(std::string(size, 'B')));  // replaces the former value
   memory.insert("d", makeData(std::string(size, 'd')));
   EXPECT_FALSE(memory.value("c"));
   EXPECT_EQ(memory.value("b")->front(), 'B');

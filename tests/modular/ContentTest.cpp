@@ -56,7 +56,7 @@ TEST_F(ContentTest, AButtonTakesPartAndSaysSo) {
   button->onClick();
   EXPECT_THAT(requests_->lines, ElementsAre("participate /campaigns/c-modular-3/open"));
   EXPECT_THAT(reports_->names, ElementsAre("ol_campaign_participate_button_click"));
-  button->onClick();  // on a page that has gone
+  button->onClick();  // the page is gone
   EXPECT_EQ(requests_->lines.size(), 1U);
   EXPECT_EQ(reports_->names.size(), 2U);
 
@@ -96,7 +96,7 @@ TEST_F(ContentTest, AWebPagesPlaceIsReadFromItsTexts) {
 TEST_F(ContentTest, ABlankIsAViewAtTheTopAndSpacingBelow) {
   EXPECT_THAT(spaced({"image", "image"}, {10, 20, 30}),
               ElementsAre("spacer 10 then 0", "image then 20", "image then 30"));
-  // The second of two replaces the first's spacing, also that of the view at the top.
+  // The second of two blanks replaces the spacing of the first, also of the spacer at the top.
   EXPECT_THAT(spaced({"image", "hologram"}, {10, 20, 30}), ElementsAre("spacer 10 then 0", "image then 30"));
   EXPECT_THAT(spaced({"hologram", "blank", "image"}, {10, 20, 30}),
               ElementsAre("spacer 10 then 30", "image then 0"));

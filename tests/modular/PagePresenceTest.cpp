@@ -1,4 +1,4 @@
-// What becomes of a page when a value of it is missing or does not fit.
+// The effect of values that are missing or of another type on a page.
 #include "ModularPages.h"
 
 #include <algorithm>

@@ -112,7 +112,7 @@ TEST_F(CurlURLSessionTest, AReplyMayBeAsLargeAsTheRequestAllows) {
 TEST_F(CurlURLSessionTest, FollowsTwentyRedirects) {
   redirect(url("/config"), 302, 20);
   EXPECT_EQ(run(request(url("/config"))).response->statusCode, 200);
-  redirect("config", 302, {});  // relative to where it was
+  redirect("config", 302, {});  // relative to the redirected URL
   EXPECT_EQ(outcome(request(url("/config"))), "httpTooManyRedirects");
   EXPECT_EQ(service_.requestCount("/config"), 21 + 21);
 }

@@ -24,7 +24,7 @@ class Receiver final : public URLSessionDataDelegate {
     changed_.notify_all();
   }
 
-  /// What has come; waits for `size` bytes.
+  /// The bytes so far; waits for `size` of them.
   std::string received(std::size_t size) {
     return waitFor(received_, [&] { return received_.size() >= size; });
   }

@@ -295,7 +295,7 @@ TEST_F(QtImageCodecTest, AJpegHasAHundredScansAtMost) {
 TEST_F(QtImageCodecTest, AnAnimatedWebpIsNoPicture) {
   EXPECT_TRUE(codec_.decode(webp(losslessWebp(16))));
   EXPECT_FALSE(codec_.decode(movingWebp(16)));
-  // A small canvas around a large picture.
+  // The canvas is small, the picture in it large.
   EXPECT_FALSE(codec_.decode(webp(webpCanvas(0x10, 10) + losslessWebp(4096))));
 }
 

@@ -55,7 +55,7 @@ bool isDrawnBy(const QQuickItem* item, const char* file) {
   return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String(file) + "_QML");
 }
 
-/// Whether a screen is on its way in or out.
+/// Returns whether a screen is on its way in or out.
 bool isMoving(const QQuickItem* item) {
   if (isDrawnBy(item, "ScreenLayer")) {
     if (item->property("isLeaving").toBool() || item->property("presence").toDouble() < 1.0) return true;
