@@ -45,7 +45,7 @@ TEST_F(FetchUpdateUrlTest, AnApplicationThatTheStoreDoesNotKnowHasTheConfiguredL
   nameless.mainBundle = std::make_shared<FixedBundle>(std::map<std::string, std::string>{});
   Platform::install(std::move(nameless));
   EXPECT_THAT(fetch()->elements, ElementsAre("https://store.example/app"));
-  EXPECT_EQ(requests().size(), 2U) << "there is nothing to look up";
+  EXPECT_EQ(requests().size(), 2U) << "no lookup without an identifier";
 }
 
 TEST_F(FetchUpdateUrlTest, ALookupThatFailsFailsTheStream) {

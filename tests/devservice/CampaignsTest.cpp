@@ -134,23 +134,6 @@ TEST_F(ParticipationTest, WhatDoesNotApplyChangesNothingAndWinsNothing) {
   EXPECT_EQ(client_->Get(onApp("/campaigns/box/open"))->status, 400) << "without a user";
 }
 
-TEST_F(ParticipationTest, MistakesOfTheFileAreToldBeforeAnyoneMeetsThem) {
-  const std::string campaign = R"({"campaign":{"page":{"a":[]}},"states":{"x":{)";
-  const auto reasonFor = [&](const std::string& text) {
-    folder_.write("campaigns/box.json", text);
-    const auto result = client_->Get(onApp("/campaigns"));
-    return result->status == 500 ? json::parse(result->body)["error"].get<std::string>() : "none";
-  };
-  const std::string name = "campaigns/box.json: ";
-  EXPECT_EQ(reasonFor(campaign + "}}}"), name + "\"first_state\" of the file names no state");
-  EXPECT_EQ(reasonFor(campaign + R"(}},"first_state":"x","actions":{"go":{"from":"x","to":"y"}}})"),
-            name + "\"to\" of the action \"go\" names no state");
-  for (const std::string place : {"a", "/b/c", "/a/0"}) {
-    EXPECT_EQ(reasonFor(campaign + "\"" + place + R"(":1}},"first_state":"x"})"),
-              name + "\"" + place + "\" is no place in the page");
-  }
-}
-
 }  // namespace
 
 }  // namespace orrelo::devservice

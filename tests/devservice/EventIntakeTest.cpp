@@ -38,7 +38,7 @@ TEST_F(EventIntakeTest, CountsDeliveriesOfTheSameEvent) {
   const auto events = service_->events();
   ASSERT_EQ(events.size(), 2U);
   EXPECT_EQ(events[0].deliveries, 2);
-  EXPECT_EQ(events[0].eventName, "opened") << "what came first stands";
+  EXPECT_EQ(events[0].eventName, "opened") << "the first delivery is kept";
   EXPECT_EQ(events[0].path, "/event");
   EXPECT_GE(events[0].lastArrival, events[0].firstArrival);
   EXPECT_EQ(events[1].deliveries, 2);

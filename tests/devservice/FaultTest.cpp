@@ -59,8 +59,7 @@ TEST_F(FaultTest, ClearingLetsHeldRequestsBeAnswered) {
 
   EXPECT_TRUE(service_->clearFault(late));
   EXPECT_EQ(delayed.get(), 200);
-  EXPECT_EQ(hung.wait_for(0s), std::future_status::timeout)
-      << "only its own fault holds it, and that still stands";
+  EXPECT_EQ(hung.wait_for(0s), std::future_status::timeout) << "the other fault still holds it";
   ASSERT_EQ(service_->faults().size(), 1U);
   EXPECT_EQ(service_->faults().front().waiting, 1);
   service_->clearFaults();

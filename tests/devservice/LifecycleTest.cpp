@@ -33,7 +33,7 @@ TEST_F(LifecycleTest, StopsAndStartsOnTheSamePort) {
     EXPECT_EQ(client_->Get(onApp("/config"))->status, 200);
     const auto begin = Clock::now();
     service_->stop();
-    EXPECT_LT(Clock::now() - begin, 1s) << "though the client keeps its connection open";
+    EXPECT_LT(Clock::now() - begin, 1s) << "although the client keeps its connection open";
     EXPECT_FALSE(service_->isRunning());
     EXPECT_FALSE(client_->Get(onApp("/config")));
     service_->start();

@@ -96,7 +96,7 @@ TEST_F(CacheTest, ReadersOfOneKeyShareOneFileRead) {
   cache_->value("k", note);
   cache_->store(makeData("newer"), "k");
   platform_.loop->run();
-  EXPECT_EQ(read(*cache_, "k"), "memory newer") << "what was stored meanwhile stays";
+  EXPECT_EQ(read(*cache_, "k"), "memory newer") << "a value stored during the read is kept";
 }
 
 TEST_F(CacheTest, BothSignalsClearTheDiskAndLeaveMemory) {
@@ -143,7 +143,7 @@ TEST_F(CacheTest, WhatCannotBeReadIsAnError) {
   EXPECT_EQ(read(*cache_, "large"), missing);
   cache_->store(makeData(std::string(maximumFileSize + 1, 'x')), "new");
   platform_.loop->run();
-  EXPECT_FALSE(fs::exists(fileOf("new"))) << "what could not be read is not written";
+  EXPECT_FALSE(fs::exists(fileOf("new"))) << "too large to be read, so it is not written";
 }
 
 TEST_F(CacheTest, AFolderThatCannotBeMadeIsAnErrorForWhoeverAsks) {
@@ -169,7 +169,7 @@ TEST_F(CacheTest, ACacheThatIsGoneCompletesNothingAndHearsNothing) {
   platform_.application->send(Signal::didEnterBackground);
   platform_.loop->run();
   EXPECT_FALSE(isCompleted);
-  EXPECT_TRUE(fs::exists(fileOf("k"))) << "its writes were still done";
+  EXPECT_TRUE(fs::exists(fileOf("k"))) << "its writes are completed";
 }
 
 TEST_F(CacheTest, MemoryHoldsWhatWasUsedLastWithinItsBudget) {

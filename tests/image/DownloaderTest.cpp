@@ -178,7 +178,7 @@ TEST_F(DownloaderTest, WhatCannotBeStartedFailsAndLeavesNothing) {
   session->makesTasks = true;
   for (const auto* const name : {"a", "again"}) {
     const auto task = fetch(name);
-    EXPECT_EQ(task.cancelToken, 0) << "joins none of the former";
+    EXPECT_EQ(task.cancelToken, 0) << "a new download";
     platform_.loop->run();
     EXPECT_THAT(heard_.back(), testing::StartsWith(std::string(name) + ": "));
     task.cancel();

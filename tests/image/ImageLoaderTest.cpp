@@ -85,7 +85,7 @@ TEST_F(ImageLoaderTest, FetchesOnceThenServesFromMemoryThenFromDisk) {
   load("https://a/x.png", view_, "net");
   EXPECT_EQ(view_->shown, nullptr);
   platform_.session->answer(ScriptedURLSession::reply(200, PlainImageCodec::file(8, 6)));
-  EXPECT_TRUE(heard_.empty()) << "decoded elsewhere";
+  EXPECT_TRUE(heard_.empty()) << "decoded on a worker";
   platform_.loop->run();
   ASSERT_TRUE(view_->shown);
   EXPECT_EQ(view_->shown->width(), 4.0) << "at the screen's scale";

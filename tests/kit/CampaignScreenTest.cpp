@@ -129,7 +129,7 @@ TEST_F(CampaignScreenTest, AnOptInHandsItsScreenToTheHostAndSaysSo) {
   const LogCapture log;
   page->onTapMoveButton();
   EXPECT_THAT(consent->screens, ElementsAre(screen));
-  EXPECT_THAT(consent->reported, IsEmpty()) << "the host first";
+  EXPECT_THAT(consent->reported, IsEmpty()) << "the host is called before the report";
   EXPECT_THAT(reports_->names, ElementsAre("ol_opt_in_marketing_move_button_click"));
   const auto line =
       AllOf(HasSubstr("[DEBUG]"), EndsWith(" (ORLOptInMarketingCampaignDelegate) onMoveButtonTapped:in"));
@@ -139,7 +139,7 @@ TEST_F(CampaignScreenTest, AnOptInHandsItsScreenToTheHostAndSaysSo) {
   consent.reset();
   page->onTapMoveButton();
   EXPECT_THAT(log.lines(), Contains(line).Times(2));
-  EXPECT_EQ(reports_->names.size(), 2u) << "said also where no host listens";
+  EXPECT_EQ(reports_->names.size(), 2u) << "reported without a host delegate too";
 }
 
 TEST(CampaignScreenBeforeInitialize, IsAScreenThatAsksToTryAgain) {

@@ -38,7 +38,7 @@ TEST_F(WebViewTest, ALoadHasAMinute) {
   EXPECT_EQ(silent->state.value(), State::empty);
   EXPECT_EQ(slow->state.value(), State::shown) << "a resource that hangs leaves the page shown";
   silent->didFinish(true);
-  EXPECT_EQ(silent->state.value(), State::empty) << "for good";
+  EXPECT_EQ(silent->state.value(), State::empty) << "it stays empty";
   // The first load succeeded, so a later navigation that fails is the page's own matter.
   quick->didFinish(false);
   EXPECT_EQ(quick->state.value(), State::shown);

@@ -73,7 +73,7 @@ TEST_F(PageRoutingTest, EachCaseHasItsWay) {
   route(Page::DeepLink{*Url::parse("shop://cart")});
   route(Page::DeepLink{*Url::parse("unheard-of://cart")});
   EXPECT_THAT(taken(), ElementsAre("campaign c-1 over HostViewController", "home", "open shop://cart"));
-  EXPECT_THAT(logged(), IsEmpty()) << "what the machine cannot open is passed over in silence";
+  EXPECT_THAT(logged(), IsEmpty()) << "a link that cannot be opened is ignored without a log line";
   route(Page::Fixed::unknown);
   EXPECT_THAT(logged(), ElementsAre("[ERROR] Route to Unknown Page. Check Orrelo SDK version"));
 }

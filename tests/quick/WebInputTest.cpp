@@ -20,8 +20,8 @@ class WebInputTest : public WebTest {
     ASSERT_TRUE(waitForGreen());
     ASSERT_TRUE(waitForRoomBelow(60));
   }
-  bool waitForRoomBelow(double room) {
-    return waitFor([&] { return engineView()->parentItem()->property("roomBelow").toDouble() == room; });
+  bool waitForRoomBelow(double points) {
+    return waitFor([&] { return engineView()->parentItem()->property("roomBelow").toDouble() == points; });
   }
   void turnWheel(int turn, quint64 time = 0) {
     QWheelEvent event(inPage_, window_->mapToGlobal(inPage_), {}, {0, turn}, Qt::NoButton, Qt::NoModifier,
