@@ -50,7 +50,7 @@ TEST(CampaignMapperTest, AResultBearsTheCampaignsNameAndLabel) {
   EXPECT_EQ(std::get<CampaignResult>(mapped(json).type).popUpDialog, std::nullopt);
 }
 
-TEST(CampaignMapperTest, WhatHasNoPlaceIsUnknownAndADeprecatedPageToo) {
+TEST(CampaignMapperTest, UnreadableAndDeprecatedPagesAreUnknownCampaigns) {
   auto json = attendanceJson();
   json["page"]["page_detail"].erase("highlighted_date");
   auto deprecated = attendanceJson();

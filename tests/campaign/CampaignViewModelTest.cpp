@@ -96,7 +96,7 @@ TEST_F(CampaignViewModelTest, TheFirstTriggerIsNotLostThoughTheSubscriptionBegin
   EXPECT_THAT(loading_->elements, ElementsAre(false, true, false));
 }
 
-TEST_F(CampaignViewModelTest, ByTypeTheFirstInTheServicesOrderIsFetchedAgainById) {
+TEST_F(CampaignViewModelTest, TheFirstCampaignOfATypeIsFetchedAgainById) {
   auto second = attendanceJson();
   second["id"] = "c-second";
   appear();

@@ -72,7 +72,7 @@ TEST_F(StampCampaignTest, TheLayoutDecidesWhatIsMappedAndShown) {
   EXPECT_TRUE(kinds(StampCampaignView(bare)).empty());
 }
 
-TEST_F(StampCampaignTest, WhatIsNamedTwiceStandsTwiceOrLast) {
+TEST_F(StampCampaignTest, AComponentNamedTwiceIsShownTwiceOrAtItsLastPlace) {
   const StampCampaignView view(
       stampOf(stampPage(R"("stamp","information","stamp","information")", R"("notice":5,)")));
   EXPECT_THAT(kinds(view), ElementsAre("InformationView", "StampBoardView", "InformationView"));

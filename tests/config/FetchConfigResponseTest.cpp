@@ -34,7 +34,7 @@ TEST(FetchConfigResponseTest, AReplyBecomesAConfiguration) {
   EXPECT_EQ(config, expected);
 }
 
-TEST(FetchConfigResponseTest, WhatMayVaryVaries) {
+TEST(FetchConfigResponseTest, OptionalAndTolerantFieldsAreRead) {
   EXPECT_EQ(
       fetched(replaced(configReply(), R"("app_install_link":"https://store.example/app",)", "")).appStoreUrl,
       "");

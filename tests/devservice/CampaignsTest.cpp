@@ -121,7 +121,7 @@ TEST_F(ParticipationTest, LeadsEachUserFromStateToStateAndOutlivesTheService) {
   EXPECT_EQ(json::parse(other->body)["page"]["lid"], "closed");
 }
 
-TEST_F(ParticipationTest, WhatDoesNotApplyChangesNothingAndWinsNothing) {
+TEST_F(ParticipationTest, AnActionThatDoesNotApplyChangesNothing) {
   EXPECT_EQ(as("u", "/campaigns/box/take")["lid"], "closed") << "it is not open yet";
   as("u", "/campaigns/box/open");
   as("u", "/campaigns/box/take");

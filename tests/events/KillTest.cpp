@@ -44,7 +44,7 @@ std::vector<EventRow> storedRows(const std::filesystem::path& data) {
   return rows.get_future().get();
 }
 
-TEST(Kill, WhatWasSavedIsStoredOrDeliveredUnderItsOwnId) {
+TEST(Kill, EverySavedEventIsStoredOrDeliveredUnderItsId) {
   const char* const wanted = std::getenv("ORRELO_KILLS");
   const int kills = wanted != nullptr ? std::atoi(wanted) : 5;
   const TemporaryFolder folder;

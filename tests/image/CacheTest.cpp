@@ -118,7 +118,7 @@ TEST_F(CacheTest, BothSignalsClearTheDiskAndLeaveMemory) {
   EXPECT_EQ(read(*cache_, "k"), "disk after");
 }
 
-TEST_F(CacheTest, AtTheEndOfTheApplicationTheFilesAreGoneAtOnce) {
+TEST_F(CacheTest, TerminationDeletesTheFilesAtOnce) {
   cache_->store(makeData("v"), "k");
   platform_.loop->run();
   cache_->store(makeData("not written yet"), "other");

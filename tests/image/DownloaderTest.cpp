@@ -139,7 +139,7 @@ TEST_F(DownloaderTest, AFailureIsForAllAndTheNextFetchStartsAfresh) {
   EXPECT_EQ(heard_.back(), "again: dataConversion");
 }
 
-TEST_F(DownloaderTest, WhoComesOrGoesDuringTheConversionIsServedSo) {
+TEST_F(DownloaderTest, CallersMayJoinOrCancelDuringTheConversion) {
   bytes_->holds = true;
   const auto a = fetch("a");
   fetch("b");
@@ -169,7 +169,7 @@ TEST_F(DownloaderTest, ACompletionThatThrowsLeavesTheOthersTheirs) {
   EXPECT_THAT(heard_, ElementsAre("a: p", "b: p", "c: canceled"));
 }
 
-TEST_F(DownloaderTest, WhatCannotBeStartedFailsAndLeavesNothing) {
+TEST_F(DownloaderTest, ATransferThatCannotBeStartedFailsAndIsForgotten) {
   const auto session = std::make_shared<RefusingSession>();
   auto platform = Platform::current();
   platform.urlSession = session;

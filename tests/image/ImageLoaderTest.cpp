@@ -164,7 +164,7 @@ TEST_F(ImageLoaderTest, ALoadThatIsBegunAtEachFailureHoldsUpNoOther) {
   EXPECT_EQ(view_->shown->bitmap.width, 2);
 }
 
-TEST_F(ImageLoaderTest, WhatComesForAUrlThatTheViewHasLeftIsDropped) {
+TEST_F(ImageLoaderTest, AnImageOfAFormerUrlIsDropped) {
   load("https://a/1.png", view_);
   reply(PlainImageCodec::file(1, 1));
   memory().removeAll();
@@ -236,7 +236,7 @@ TEST_F(ImageLoaderTest, ATransformationThatGivesNothingOrThrowsIsAnError) {
   EXPECT_EQ(heard_.size(), 2u);
 }
 
-TEST_F(ImageLoaderTest, WhoeverWaitsForATransformationSharesIt) {
+TEST_F(ImageLoaderTest, ViewsShareATransformation) {
   const auto flat = std::make_shared<Flattening>();
   std::vector<std::shared_ptr<TestView>> views;
   const auto loadAll = [&] {

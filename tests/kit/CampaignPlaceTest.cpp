@@ -101,7 +101,7 @@ TEST_F(CampaignPlaceTest, AVisitLeavesAHostsBarAsItWas) {
   }
 }
 
-TEST_F(CampaignPlaceTest, WithoutATitleTheBarCollapsesForGood) {
+TEST_F(CampaignPlaceTest, AMissingTitleCollapsesTheBarForGood) {
   const auto titleless = attendancePage();
   auto page = titleless;
   page.replace(page.find("\"toolbar_text\""), 14, "\"no_text\"");

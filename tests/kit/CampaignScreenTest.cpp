@@ -75,7 +75,7 @@ TEST_F(CampaignScreenTest, ItLoadsAtEachAppearanceAndIsVisitedOnce) {
   EXPECT_THAT(reports_->names, ElementsAre("ol_visit"));
 }
 
-TEST_F(CampaignScreenTest, WhatWentWrongIsSaidAndStays) {
+TEST_F(CampaignScreenTest, AnErrorIsShownAndStays) {
   const auto screen = open();
   const auto page = content<AttendanceCampaignView>(*screen);
   replies_["/attendance/c-1/check-in"] = ScriptedURLSession::reply(500);

@@ -51,7 +51,7 @@ class OrreloTest : public testing::Test {
   std::optional<URLSessionResult> configReply_ = ScriptedURLSession::reply(200, configReply());
 };
 
-TEST_F(OrreloTest, BeforeInitializeEveryGuardedOperationSaysSoAndEnds) {
+TEST_F(OrreloTest, EveryGuardedOperationIsRefusedBeforeInitialize) {
   const LogCapture log;
   bool completed = false;
   Orrelo::sendEvent("e");
@@ -192,7 +192,7 @@ TEST_F(OrreloTest, AFormerInstanceThatSomebodyHoldsSendsNoMore) {
   }
 }
 
-TEST_F(OrreloTest, WhatAnotherProcessWroteCountsFromTheNextInitialize) {
+TEST_F(OrreloTest, InitializeReadsSettingsThatAnotherProcessWrote) {
   const auto process = [platform = Platform::current()] {
     return std::make_shared<SqliteUserDefaultsFactory>(platform.directories, platform.clock,
                                                        "com.example.shop");

@@ -99,7 +99,7 @@ TEST(PagePresenceTest, ALayoutThatIsNotWholeCostsThePageAndItsDialogsOnlyThemsel
   }
 }
 
-TEST(PagePresenceTest, OfDoubledKeysTheFirstCounts) {
+TEST(PagePresenceTest, TheFirstOfDoubledKeysCounts) {
   const auto doubled = [](const std::string& first, const std::string& second) {
     return outcomeOf(R"({"page_config":{"layout":{"component_order":["notice"]}},"notice":)" + first +
                      R"(,"notice":)" + second + "}");

@@ -189,7 +189,7 @@ TEST_F(RouletteTest, ASpinStandsStillInTheBackgroundAndGoesOn) {
   EXPECT_TRUE(isPausedAfter(Signal::willEnterForeground)) << "it was paused before";
 }
 
-TEST_F(RouletteTest, WithLessMovementTheWheelRestsAtOnceAndTheServiceIsTold) {
+TEST_F(RouletteTest, ReducedMotionEndsTheSpinAtOnceAndReportsIt) {
   platform_.application->setPrefersReducedMotion(true);
   const auto view = wheelOf(running);
   EXPECT_THAT(requests_->lines, IsEmpty());

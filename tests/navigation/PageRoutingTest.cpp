@@ -67,7 +67,7 @@ class PageRoutingTest : public testing::Test {
   std::shared_ptr<ShowPageUseCase> showPage_ = ShowPageUseCaseImpl::create(config_, router_);
 };
 
-TEST_F(PageRoutingTest, EachCaseHasItsWay) {
+TEST_F(PageRoutingTest, EachPageHasItsRoute) {
   route(Page::Campaign{"c-1"});
   route(Page::Fixed::home);
   route(Page::DeepLink{*Url::parse("shop://cart")});
@@ -78,7 +78,7 @@ TEST_F(PageRoutingTest, EachCaseHasItsWay) {
   EXPECT_THAT(logged(), ElementsAre("[ERROR] Route to Unknown Page. Check Orrelo SDK version"));
 }
 
-TEST_F(PageRoutingTest, AFeatureSaysHowItWent) {
+TEST_F(PageRoutingTest, AFeaturesRouteIsLogged) {
   route(Page::Fixed::gifticon);
   feature_->error = Error("Test", "closed", "문을 닫았어요");
   route(Page::Fixed::gifticon);

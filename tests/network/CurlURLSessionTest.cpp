@@ -78,7 +78,7 @@ TEST_F(CurlURLSessionTest, EveryStatusIsAReply) {
   EXPECT_EQ(outcome(request(url("/config"))), "200 " + bytes);
 }
 
-TEST_F(CurlURLSessionTest, WhatGoesWrongIsAnErrorAndTheNextRequestIsNot) {
+TEST_F(CurlURLSessionTest, AFailedTransferIsAnErrorAndTheNextRequestWorks) {
   auto timed = request(url("/config"));
   timed.timeout = 300ms;
   for (const auto kind : {Kind::delay, Kind::hang}) {

@@ -91,7 +91,7 @@ TEST_F(HttpHeaderGeneratorTest, TellsNineThings) {
   EXPECT_EQ(withJsonContentType(made), withType);
 }
 
-TEST_F(HttpHeaderGeneratorTest, WhatIsNotKnownIsLeftOutOrEmpty) {
+TEST_F(HttpHeaderGeneratorTest, UnknownValuesAreLeftOutOrEmpty) {
   const auto unknown = std::make_shared<FixedBundle>(std::nullopt);
   const auto empty = std::make_shared<FixedBundle>(std::map<std::string, std::string>{});
   install(unknown, unknown);

@@ -82,7 +82,7 @@ TEST_F(StreamingTest, TheWholeReplyCountsForItsSize) {
   EXPECT_EQ(receiver_->ending(), "dataLengthExceedsMaximum");
 }
 
-TEST_F(StreamingTest, AfterACancelNothingComes) {
+TEST_F(StreamingTest, NothingComesAfterACancel) {
   RawServer server([](const std::string&) { return head(6) + "abc"; });
   const auto task = stream(request(server.url()));
   EXPECT_EQ(receiver_->received(3), "abc");

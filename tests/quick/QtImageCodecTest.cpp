@@ -189,7 +189,7 @@ TEST_F(QtImageCodecTest, ReadsEachFormatByItsBytes) {
   }
 }
 
-TEST_F(QtImageCodecTest, WhatItWritesItReadsBack) {
+TEST_F(QtImageCodecTest, AnEncodedPictureReadsBack) {
   const auto bitmap = codec_.decode(file(picture(7, 5), "webp"));
   ASSERT_TRUE(bitmap);
   const auto png = codec_.encode(*bitmap);

@@ -79,7 +79,7 @@ TEST(Subscriber, CallsItsHandlersOnceCancelsAndThenSaysThatItIsDisposed) {
   }
 }
 
-TEST(Subscriber, WhatItsHandlersThrowStaysInTheChain) {
+TEST(Subscriber, ExceptionsOfHandlersStayInTheChain) {
   const PublishSubject<int> subject;
   Lines lines;
   bool cancelled = false;

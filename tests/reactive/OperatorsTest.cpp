@@ -121,7 +121,7 @@ TEST(Create, DropsWhatIsSentAfterTheEndEvenWhenItWaits) {
   }
 }
 
-TEST(Create, WhatItThrowsIsTheStreamsErrorAndNothingRunsForACancelledSubscription) {
+TEST(Create, AnExceptionIsTheStreamsErrorAndACancelledSubscriptionRunsNothing) {
   const auto throwing = create<int>([](AnyObserver<int> observer) -> Disposable {
     observer.onNext(1);
     throw broken();

@@ -171,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(Every, StreamLaws, testing::ValuesIn(everyOperator()),
 
 class CallbackLaws : public StreamLaws {};
 
-TEST_P(CallbackLaws, WhatACallbackThrowsEndsTheStreamAndCancelsTheSource) {
+TEST_P(CallbackLaws, AnExceptionOfACallbackEndsTheStreamAndCancelsTheSource) {
   const PublishSubject<int> subject;
   setting_.callback = [] { throw broken(); };
   start(subject.asObservable());

@@ -153,7 +153,7 @@ TEST_F(ViewControllerTest, TheSelectedTabIsVisibleAndLeadsToTheTopmostScreen) {
   EXPECT_EQ(TabBarController::create({})->selectedViewController(), nullptr);
 }
 
-TEST_F(ViewControllerTest, WhatIsShownAlreadyIsNotShownAgain) {
+TEST_F(ViewControllerTest, AScreenThatIsShownIsNotShownAgain) {
   const auto inner = screen("inner");
   const auto navigation = NavigationController::create(inner);
   const auto above = screen("above");
