@@ -4,9 +4,7 @@
 
 #include <orrelo/ORLLogger.h>
 
-#include <algorithm>
 #include <gmock/gmock.h>
-#include <iostream>
 #include <sstream>
 #include <string>
 #include <thread>

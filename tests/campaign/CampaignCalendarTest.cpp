@@ -3,7 +3,6 @@
 #include "network/RFC3339DateParser.h"
 #include "support/TestPlatform.h"
 
-#include <algorithm>
 #include <date/date.h>
 #include <gmock/gmock.h>
 #include <stdlib.h>

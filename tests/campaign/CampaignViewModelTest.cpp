@@ -1,9 +1,7 @@
 #include "CampaignFixture.h"
-#include "base/ErrorText.h"
 #include "reactive/Subjects.h"
 #include "support/FixedConfig.h"
 #include "support/Reports.h"
-#include "support/ServiceReplies.h"
 
 #include <gmock/gmock.h>
 

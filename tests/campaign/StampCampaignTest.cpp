@@ -1,4 +1,3 @@
-#include "base/preconditionFailure.h"
 #include "campaign/CampaignMapper.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/stamp/StampCampaignView.h"

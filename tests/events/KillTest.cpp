@@ -1,5 +1,4 @@
 #include "DevService.h"
-#include "base/Json.h"
 #include "platform/EventDatabase.h"
 #include "support/Program.h"
 #include "support/TemporaryFolder.h"

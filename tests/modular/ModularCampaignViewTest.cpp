@@ -7,7 +7,6 @@ namespace orrelo::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ModularCampaignViewTest : public RenderedPage {
  protected:

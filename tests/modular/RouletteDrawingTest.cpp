@@ -1,8 +1,6 @@
 #include "modular/roulette/RouletteDrawing.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
-#include <numbers>
 
 namespace orrelo::test {
 namespace {

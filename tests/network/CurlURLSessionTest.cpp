@@ -2,7 +2,6 @@
 #include "SessionFixture.h"
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
 #include <gmock/gmock.h>
 
 namespace orrelo::test {

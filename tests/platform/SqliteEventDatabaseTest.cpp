@@ -1,4 +1,3 @@
-#include "base/preconditionFailure.h"
 #include "platform/StoreSupport.h"
 
 #include <fstream>

@@ -1,5 +1,4 @@
 #include "QuickTest.h"
-#include "viewkit/TooltipView.h"
 
 namespace orrelo::test {
 namespace {

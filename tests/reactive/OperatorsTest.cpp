@@ -13,7 +13,6 @@ namespace {
 
 using namespace reactive;
 using std::chrono::milliseconds;
-using testing::IsEmpty;
 
 class TimedOperators : public testing::Test {
  protected:

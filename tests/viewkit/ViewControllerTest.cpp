@@ -1,4 +1,3 @@
-#include "base/Logger.h"
 #include "ui/NavigationController.h"
 #include "ui/TabBarController.h"
 #include "ui/ViewController.h"
