@@ -112,6 +112,17 @@ TEST(JsonTest, RefusesWhatIsNoDocument) {
   }
 }
 
+TEST(JsonTest, AParserServesManyDocuments) {
+  JsonParser parser;
+  const auto big = R"({"k":")" + std::string(100'000, 'y') + R"("})";
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_EQ(parser.parse(R"({"k":"small"})").objectValue().text("k"), "small");
+    EXPECT_EQ(caseOf([&] { parser.parse(R"({"k":)"); }), "dataCorrupted");
+    EXPECT_EQ(parser.parse(big).objectValue().text("k").size(), 100'000U);
+    EXPECT_EQ(caseOf([&] { parser.parse(nested(600)); }), "dataCorrupted");
+  }
+}
+
 TEST(JsonWriterTest, EscapesNoMoreThanItMust) {
   JsonWriter json;
   json.text(std::string("\"\\/\b\f\n\r\t\x01\x1F\0\x7F포😀", 19));

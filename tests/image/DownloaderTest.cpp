@@ -159,6 +159,14 @@ TEST_F(DownloaderTest, CallersMayJoinOrCancelDuringTheConversion) {
   EXPECT_EQ(requests(), 3u);
 }
 
+TEST_F(DownloaderTest, ACompletionMayCancelAnother) {
+  fetch("a");
+  const auto b = fetch("b");
+  then_["a"] = [b] { b.cancel(); };
+  reply("p");
+  EXPECT_THAT(heard_, ElementsAre("a: p", "b: canceled"));
+}
+
 TEST_F(DownloaderTest, ACompletionThatThrowsLeavesTheOthersTheirs) {
   then_["a"] = then_["c"] = [] { throw std::runtime_error("a caller's own trouble"); };
   fetch("a");

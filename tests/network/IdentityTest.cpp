@@ -176,5 +176,15 @@ TEST_F(DeviceIdTest, AnIdThatCannotBeReadForNowIsNotReplaced) {
   }
 }
 
+TEST_F(DeviceIdTest, AnIdThatCouldNotBeStoredIsWrittenByTheNextWrite) {
+  auto lock = locked();
+  auto first = process();
+  const auto drawn = id(first);
+  lock.reset();
+  first.suite("key")->set("ols_config", std::string("{}"));
+  auto later = process();
+  EXPECT_EQ(id(later), drawn);
+}
+
 }  // namespace
 }  // namespace orrelo::test

@@ -199,6 +199,16 @@ TEST_F(Flattening, FlatMapMergesAndEndsWithTheLastInnerStream) {
   EXPECT_EQ(notes->lines, (Lines{"10", "1", "11", "completed"}));
 }
 
+TEST_F(Flattening, AnInnerErrorEndsAllAndCancelsTheRest) {
+  const auto notes = watch(outer_.asObservable().flatMap(inner()));
+  outer_.onNext(0);
+  outer_.onNext(1);
+  inners_[0].onError(broken());
+  EXPECT_EQ(notes->lines, (Lines{"error broken"}));
+  EXPECT_FALSE(outer_.hasObservers());
+  EXPECT_FALSE(inners_[1].hasObservers());
+}
+
 TEST_F(Flattening, FlatMapLatestDropsTheFormerInnerStream) {
   const auto notes = watch(outer_.asObservable().flatMapLatest(inner()));
   outer_.onNext(0);
