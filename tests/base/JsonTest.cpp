@@ -106,9 +106,20 @@ TEST(JsonTest, RefusesWhatIsNoDocument) {
   }
   const auto whole = configReply();
   for (std::size_t length = 0; length < whole.size(); ++length) {
-    // A copy of its own, so that a read past the end is one past a block of memory.
+    // A separate copy, so that the address sanitizer finds a read past the end.
     const std::vector<char> cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
     EXPECT_EQ(parseCase({cut.data(), cut.size()}), "dataCorrupted") << length;
+  }
+}
+
+TEST(JsonTest, AParserServesManyDocuments) {
+  JsonParser parser;
+  const auto big = R"({"k":")" + std::string(100'000, 'y') + R"("})";
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_EQ(parser.parse(R"({"k":"small"})").objectValue().text("k"), "small");
+    EXPECT_EQ(caseOf([&] { parser.parse(R"({"k":)"); }), "dataCorrupted");
+    EXPECT_EQ(parser.parse(big).objectValue().text("k").size(), 100'000U);
+    EXPECT_EQ(caseOf([&] { parser.parse(nested(600)); }), "dataCorrupted");
   }
 }
 

@@ -4,9 +4,7 @@
 
 #include <orrelo/ORLLogger.h>
 
-#include <algorithm>
 #include <gmock/gmock.h>
-#include <iostream>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -15,7 +13,7 @@
 namespace orrelo::test {
 namespace {
 
-// Each test runs in a process of its own under CTest; run by hand, the first one must come first.
+// CTest runs each test in its own process. When run in one process, this test must come first.
 TEST(LoggerTest, IsSilentUntilItIsEnabledAndBuildsNoText) {
   bool built = false;
   testing::internal::CaptureStdout();

@@ -59,17 +59,17 @@ TEST(Utf8Test, CountsWhatAReaderSeesAsOneCharacter) {
   const std::vector<std::pair<std::string, std::size_t>> cases{
       {"", 0},
       {"a포😀", 3},
-      {"\r\n\r\n\u0300", 3},  // nothing goes on with the end of a line
+      {"\r\n\r\n\u0300", 3},  // the end of a line takes no mark
       {"e\u0301\u0323o", 2},
       {"\u1100\u1161\u11A8\u1100\u1161", 2},  // syllables in parts
-      {"각\u11A8가\u11A8\u1161", 3},          // a part too much is one by itself
+      {"각\u11A8가\u11A8\u1161", 3},          // a surplus part counts as a character
       {"👨‍👩‍👧‍👦👩🏽‍🚀❤️‍🔥", 3},
-      {"👍🏽a\u200D👍", 3},  // a joiner joins pictures alone
-      {"👍\u200D\u200D👍", 2},       // and one of them
+      {"👍🏽a\u200D👍", 3},  // a joiner joins only pictures
+      {"👍\u200D\u200D👍", 2},       // and only one joiner
       {"🇰🇷🇺🇸🇯", 3},
       {"1️⃣🏴\U000E0067\U000E0062\U000E007F", 2},
       {"நி", 1},                             // a mark that has a width of its own
-      {"\u0600\u0661\u0600\U0001F1F0🇷", 2},  // signs before a number, before a flag
+      {"\u0600\u0661\u0600\U0001F1F0🇷", 2},  // prepended signs
   };
   for (const auto& [text, expected] : cases) EXPECT_EQ(utf8::graphemeCount(text), expected) << text;
 }

@@ -1,10 +1,8 @@
 #include "CampaignReplies.h"
-#include "campaign/attendance/CalendarCellViewState.h"
 #include "campaign/attendance/CampaignCalendarView.h"
 #include "network/RFC3339DateParser.h"
 #include "support/TestPlatform.h"
 
-#include <algorithm>
 #include <date/date.h>
 #include <gmock/gmock.h>
 #include <stdlib.h>
@@ -14,34 +12,6 @@ namespace orrelo::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-
-// One line a cell: "(일)", "~30" for a neighbouring month's day, "3", and marks for what else it is.
-struct CellText {
-  static std::string icon(const std::optional<std::string>& url) { return url.value_or("none"); }
-  static std::string number(const CalendarDate& date) { return std::to_string(date.day); }
-
-  std::string operator()(const CalendarCell::Header& cell) const { return "(" + cell.text + ")"; }
-  std::string operator()(const CalendarCell::Deemed& cell) const { return "~" + number(cell.date); }
-  std::string operator()(const CalendarCell::Normal& cell) const { return number(cell.date); }
-  std::string operator()(const CalendarCell::Today& cell) const { return number(cell.date) + " today"; }
-  std::string operator()(const CalendarCell::TodayHighlight& cell) const {
-    return number(cell.date) + " today filled";
-  }
-  std::string operator()(const CalendarCell::TodayHighlightWithIcon& cell) const {
-    return "today filled " + icon(cell.iconUrl);
-  }
-  std::string operator()(const CalendarCell::TodayStrokeHighlightWithIcon& cell) const {
-    return "today stroke " + icon(cell.iconUrl);
-  }
-  std::string operator()(const CalendarCell::Highlight& cell) const { return number(cell.date) + " filled"; }
-  std::string operator()(const CalendarCell::HighlightWithIcon& cell) const {
-    return "filled " + icon(cell.iconUrl);
-  }
-  std::string operator()(const CalendarCell::StrokeHighlightWithIcon& cell) const {
-    return "stroke " + icon(cell.iconUrl);
-  }
-};
 
 CampaignCalendar calendarOf(const CalendarDate& today, std::vector<CalendarDate> primary = {},
                             std::vector<CalendarDate> secondary = {}) {
@@ -65,10 +35,16 @@ class CampaignCalendarTest : public testing::Test {
     tzset();
     platform_.clock->setNow(*RFC3339DateParser::parse(time));
   }
+  /// The accessibility label of each cell, and its icon in brackets.
   static std::vector<std::string> cells(const CampaignCalendar& calendar) {
-    std::vector<std::string> texts;
-    for (const auto& cell : cellViewState(calendar)) texts.push_back(std::visit(CellText(), cell));
-    return texts;
+    CampaignCalendarView view;
+    view.configure(calendar);
+    std::vector<std::string> labels;
+    for (const auto& cell : view.state.value().cells) {
+      EXPECT_EQ(cell.bottomText, cell.accessibilityLabel.ends_with("오늘") ? "오늘" : "");
+      labels.push_back(cell.accessibilityLabel + (cell.hasIcon ? " [" + cell.iconUrl + "]" : ""));
+    }
+    return labels;
   }
   static int year() { return CampaignCalendar().monthDays(6).front().year; }
 
@@ -124,20 +100,20 @@ TEST_F(CampaignCalendarTest, ADayIsOneOfEightByWhatHolds) {
       calendarOf({2026, 2, 3}, {day(2026, 2, 1), day(2026, 2, 5)}, {day(2026, 2, 5), day(2026, 2, 6)});
   calendar.highlightIconUrl = "icon";
   const auto dayCell = [&](int number) { return cells(calendar)[static_cast<std::size_t>(6 + number)]; };
-  EXPECT_EQ(dayCell(2), "2");
-  EXPECT_EQ(dayCell(1), "1 filled");
-  EXPECT_EQ(dayCell(3), "3 today");
-  EXPECT_EQ(dayCell(5), "filled icon");
-  EXPECT_EQ(dayCell(6), "stroke icon");
+  EXPECT_EQ(dayCell(2), "2일");
+  EXPECT_EQ(dayCell(1), "1일, 출석");
+  EXPECT_EQ(dayCell(3), "3일, 오늘");
+  EXPECT_EQ(dayCell(5), "5일, 보너스, 출석 [icon]");
+  EXPECT_EQ(dayCell(6), "6일, 보너스 [icon]");
   calendar.today.day = 1;
-  EXPECT_EQ(dayCell(1), "1 today filled");
+  EXPECT_EQ(dayCell(1), "1일, 출석, 오늘");
   calendar.today.day = 5;
-  EXPECT_EQ(dayCell(5), "today filled icon");
+  EXPECT_EQ(dayCell(5), "5일, 보너스, 출석, 오늘 [icon]");
   calendar.today.day = 6;
-  EXPECT_EQ(dayCell(6), "today stroke icon");
+  EXPECT_EQ(dayCell(6), "6일, 보너스, 오늘 [icon]");
   calendar.highlightIconUrl.reset();
-  EXPECT_EQ(dayCell(6), "today stroke none");
-  EXPECT_EQ(dayCell(5), "filled none");
+  EXPECT_EQ(dayCell(6), "6일, 보너스, 오늘 []");
+  EXPECT_EQ(dayCell(5), "5일, 보너스, 출석 []");
 }
 
 TEST_F(CampaignCalendarTest, TheYearIsTheDevicesInItsZoneUpToMidnight) {
@@ -149,10 +125,10 @@ TEST_F(CampaignCalendarTest, TheYearIsTheDevicesInItsZoneUpToMidnight) {
   EXPECT_EQ(year(), 2025);
   deviceAt("2026-01-01T05:00:00Z", "America/New_York");
   EXPECT_EQ(year(), 2026);
-  // Summer time over the turn of the year: +13 in place of +12.
+  // Daylight saving time at the turn of the year: +13 instead of +12.
   deviceAt("2025-12-31T11:00:00Z", "Pacific/Auckland");
   EXPECT_EQ(year(), 2026);
-  // A day that begins at one o'clock, as midnight is skipped.
+  // Daylight saving time skips midnight: the day begins at one o'clock.
   deviceAt("2018-11-04T03:00:00Z", "America/Sao_Paulo");
   EXPECT_EQ(CampaignCalendar().monthDays(11).size(), 30U);
 }
@@ -161,35 +137,12 @@ TEST_F(CampaignCalendarTest, AnotherYearMeetsNoCell) {
   const auto calendar = calendarOf({2025, 2, 3}, {day(2025, 2, 1)}, {day(2025, 2, 2)});
   const auto grid = cells(calendar);
   EXPECT_EQ(grid.size(), 35U);
-  EXPECT_THAT(std::vector(grid.begin() + 7, grid.begin() + 10), ElementsAre("1", "2", "3"));
+  EXPECT_THAT(std::vector(grid.begin() + 7, grid.begin() + 10), ElementsAre("1일", "2일", "3일"));
 }
 
 TEST_F(CampaignCalendarTest, ADayThatIsNoneDrawsTheHeadersAlone) {
   for (const int month : {0, -1, 13, 1'000'000}) {
     EXPECT_EQ(cells(calendarOf({2026, month, 1}, {CalendarDate()})).size(), 7U) << month;
-  }
-}
-
-TEST(CalendarCellTest, AssistiveTechnologyHearsTheDayAndEverythingThatHolds) {
-  const Color primary{0.2, 0.4, 1.0};
-  const Color secondary{1.0, 0.9, 0.5};
-  const CalendarDate third{2026, 2, 3};
-  const std::vector<std::pair<CalendarCellViewState, std::string>> all{
-      {CalendarCell::Header{"일"}, "일"},
-      {CalendarCell::Deemed{{2026, 1, 31}}, ""},
-      {CalendarCell::Normal{third}, "3일"},
-      {CalendarCell::Today{third}, "3일, 오늘"},
-      {CalendarCell::Highlight{third}, "3일, 출석"},
-      {CalendarCell::TodayHighlight{third}, "3일, 출석, 오늘"},
-      {CalendarCell::HighlightWithIcon{"u"}, "3일, 보너스, 출석"},
-      {CalendarCell::TodayHighlightWithIcon{"u"}, "3일, 보너스, 출석, 오늘"},
-      {CalendarCell::StrokeHighlightWithIcon{"u"}, "3일, 보너스"},
-      {CalendarCell::TodayStrokeHighlightWithIcon{{}}, "3일, 보너스, 오늘"}};
-  for (const auto& [state, spoken] : all) {
-    const auto cell = renderCell(state, primary, secondary, 3);
-    EXPECT_EQ(cell.accessibilityLabel, spoken);
-    EXPECT_EQ(cell.bottomText, spoken.ends_with("오늘") ? "오늘" : "") << spoken;
-    EXPECT_EQ(cell.hasIcon, spoken.find("보너스") != std::string::npos) << spoken;
   }
 }
 

@@ -50,7 +50,7 @@ TEST(CampaignMapperTest, AResultBearsTheCampaignsNameAndLabel) {
   EXPECT_EQ(std::get<CampaignResult>(mapped(json).type).popUpDialog, std::nullopt);
 }
 
-TEST(CampaignMapperTest, WhatHasNoPlaceIsUnknownAndADeprecatedPageToo) {
+TEST(CampaignMapperTest, UnreadableAndDeprecatedPagesAreUnknownCampaigns) {
   auto json = attendanceJson();
   json["page"]["page_detail"].erase("highlighted_date");
   auto deprecated = attendanceJson();
@@ -64,19 +64,11 @@ TEST(CampaignMapperTest, WhatHasNoPlaceIsUnknownAndADeprecatedPageToo) {
 }
 
 TEST(CampaignMapperTest, EachKindHasItsPageNameAndSomeAPublicType) {
-  const auto describe = [](Campaign::CampaignType type) {
-    const Campaign campaign{"id", "label", "name", "icon", std::nullopt, std::move(type)};
-    try {
-      return pageName(campaign) + " " + std::to_string(static_cast<int>(publicType(campaign)));
-    } catch (const Error& error) {
-      return pageName(campaign) + " " + error.description();
-    }
-  };
   const std::string none = " CampaignTypeError.mappingError";
-  EXPECT_THAT((std::vector{describe(AttendanceCampaign{}), describe(ReferralCampaign{}),
-                           describe(OptInMarketingCampaign{}), describe(StampCampaign{}),
-                           describe(CampaignResult{}), describe(InduceUpdateCampaign{}),
-                           describe(DeprecatedCampaign{"custom_a_01"}), describe(UnknownCampaign{})}),
+  EXPECT_THAT((std::vector{described(AttendanceCampaign{}), described(ReferralCampaign{}),
+                           described(OptInMarketingCampaign{}), described(StampCampaign{}),
+                           described(CampaignResult{}), described(InduceUpdateCampaign{}),
+                           described(DeprecatedCampaign{"custom_a_01"}), described(UnknownCampaign{})}),
               ElementsAre("attendance 0", "referral 1", "opt_in_marketing 2", "stamp" + none, "result" + none,
                           "unknown" + none, "deprecated(custom_a_01)" + none, "unknown" + none));
 }

@@ -1,4 +1,4 @@
-// What becomes of a reply when a value of it is missing or does not fit.
+// The effect of values that are missing or of another type on a reply.
 #include "CampaignReplies.h"
 #include "base/Error.h"
 
@@ -16,7 +16,7 @@ struct Kind {
   Json campaign;
   /// Fields of the page's detail without which the page is unknown.
   std::vector<std::string> required;
-  /// Fields whose loss costs only themselves, or the record that holds them.
+  /// Fields without which only the field, or the record that holds it, is missing.
   std::vector<std::string> optional;
 };
 
@@ -53,7 +53,7 @@ std::vector<Json> broken(const Json& campaign, const Pointer& path) {
   return campaigns;
 }
 
-/// Nothing where decoding fails.
+/// The decoded campaign; nothing when decoding fails.
 std::optional<CampaignDTO> decoded(const std::string& json) {
   try {
     return CampaignDTO::decode(json);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Error.h"
 #include "campaign/CampaignMapper.h"
 
 #include <fstream>
@@ -35,6 +36,15 @@ inline Json unknownJson(const std::string& id = "c-new") {
 
 inline Campaign mapped(const Json& json) {
   return CampaignMapper().map(CampaignDTO::decode(json.dump()));
+}
+/// The page name and the public type, or the error in its place.
+inline std::string described(Campaign::CampaignType type) {
+  const Campaign campaign{"id", "label", "name", "icon", std::nullopt, std::move(type)};
+  try {
+    return pageName(campaign) + " " + std::to_string(static_cast<int>(publicType(campaign)));
+  } catch (const Error& error) {
+    return pageName(campaign) + " " + error.description();
+  }
 }
 inline std::vector<CampaignDTO> decodedList(const std::string& json) {
   std::vector<CampaignDTO> list;

@@ -98,7 +98,7 @@ TEST_F(CampaignRepositoryTest, SavingLeavesOneStateACampaignAtTheEnd) {
   EXPECT_EQ(stored(), before);
 }
 
-TEST_F(CampaignRepositoryTest, WhatCannotBeReadCountsAsNoneAndIsOverwritten) {
+TEST_F(CampaignRepositoryTest, UnreadableStatesCountAsNoneAndAreOverwritten) {
   for (const auto* const blob :
        {"", "{}", "[null]", R"([{"campaignId":"a"}])", R"([{"campaignId":5,"popUpDialogIsShown":true}])",
         "[{\"campaignId\":\"\xFF\",\"popUpDialogIsShown\":true}]"}) {

@@ -1,9 +1,7 @@
 #include "CampaignFixture.h"
-#include "base/ErrorText.h"
 #include "reactive/Subjects.h"
 #include "support/FixedConfig.h"
 #include "support/Reports.h"
-#include "support/ServiceReplies.h"
 
 #include <gmock/gmock.h>
 
@@ -96,18 +94,7 @@ TEST_F(CampaignViewModelTest, TheFirstTriggerIsNotLostThoughTheSubscriptionBegin
   EXPECT_THAT(loading_->elements, ElementsAre(false, true, false));
 }
 
-TEST_F(CampaignViewModelTest, EveryLoadAsksAgainAndLoadingTurnsWithIt) {
-  appear();
-  load("c-1");
-  answer(attendanceJson());
-  load("c-1");
-  EXPECT_TRUE(loading_->elements.back());
-  answer(resultJson());
-  EXPECT_EQ(campaigns_->elements.back(), branded(mapped(resultJson())));
-  EXPECT_THAT(loading_->elements, ElementsAre(false, true, false, true, false));
-}
-
-TEST_F(CampaignViewModelTest, ByTypeTheFirstInTheServicesOrderIsFetchedAgainById) {
+TEST_F(CampaignViewModelTest, TheFirstCampaignOfATypeIsFetchedAgainById) {
   auto second = attendanceJson();
   second["id"] = "c-second";
   appear();
@@ -208,19 +195,6 @@ TEST_F(CampaignViewModelTest, LettingGoOfTheScreenCancelsAndOfTheViewModelEnds) 
   viewModel_.reset();
   load("c-1");
   EXPECT_EQ(campaigns_->end, "OrreloError.referenceDeallocation");
-}
-
-TEST_F(CampaignViewModelTest, TheDialogsFlagOutlivesTheScreenWhileItsCampaignIsListed) {
-  viewModel_->saveCampaignStateUseCase().save("c-result-7", true);
-  appear();
-  load(ORLCampaignType::attendance);
-  answer(Json::parse(storedReply("list.json")));
-  EXPECT_THAT(viewModel_->fetchCampaignStateUseCase().fetch(),
-              ElementsAre(CampaignState{"c-result-7", true}));
-  load(ORLCampaignType::attendance);
-  platform_.session->answer(ScriptedURLSession::reply(200, attendanceJson().dump()));
-  answer(Json::array({attendanceJson()}));
-  EXPECT_THAT(viewModel_->fetchCampaignStateUseCase().fetch(), IsEmpty());
 }
 
 }  // namespace

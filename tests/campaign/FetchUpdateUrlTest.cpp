@@ -45,7 +45,7 @@ TEST_F(FetchUpdateUrlTest, AnApplicationThatTheStoreDoesNotKnowHasTheConfiguredL
   nameless.mainBundle = std::make_shared<FixedBundle>(std::map<std::string, std::string>{});
   Platform::install(std::move(nameless));
   EXPECT_THAT(fetch()->elements, ElementsAre("https://store.example/app"));
-  EXPECT_EQ(requests().size(), 2U) << "there is nothing to look up";
+  EXPECT_EQ(requests().size(), 2U) << "no lookup without an identifier";
 }
 
 TEST_F(FetchUpdateUrlTest, ALookupThatFailsFailsTheStream) {
@@ -61,15 +61,6 @@ TEST_F(FetchUpdateUrlTest, ALookupThatFailsFailsTheStream) {
     EXPECT_THAT(heard->end, StartsWith("DecodingError")) << body;
     EXPECT_THAT(heard->elements, IsEmpty());
   }
-}
-
-TEST_F(FetchUpdateUrlTest, TheStoresHostsCanBeOthers) {
-  FetchUpdateUrlUseCaseImpl useCase(
-      std::make_shared<ItunesAPIServiceImpl>(client_, scheduler(), "https://localhost:9443/store"),
-      storeConfig(), "https://shop.example");
-  lay(R"({"resultCount":1,"results":[{"bundleId":"com.example.shop","trackId":7}]})");
-  EXPECT_THAT(listen(useCase.fetch())->elements, ElementsAre("https://shop.example/app/id7"));
-  EXPECT_EQ(requests()[0].url.text(), "https://localhost:9443/store/lookup?bundleId=com.example.shop");
 }
 
 }  // namespace

@@ -26,15 +26,6 @@ class Game final : public UIComponent {
   std::string_view key_;
 };
 
-TEST(ModularCampaignTest, APageOfBlocksIsAModularCampaign) {
-  const auto campaign = mapped(modularJson());
-  const auto* const modular = std::get_if<ModularCampaign>(&campaign.type);
-  ASSERT_TRUE(modular);
-  EXPECT_EQ(modular->components.size(), 26U);
-  EXPECT_EQ(modular->config.layout.dialogComponents.size(), 4U);
-  EXPECT_EQ(campaign.name, "매일 열리는 선물 상자");
-}
-
 TEST(ModularCampaignTest, TheTitleIsTheLayoutsAlone) {
   auto json = modularJson();
   EXPECT_EQ(mapped(json).title, "선물 상자");
@@ -79,12 +70,7 @@ TEST(ModularCampaignTest, TheGamesOfAPageGiveItItsKindTheWheelBeforeTheCard) {
   const auto describe = [](const std::vector<std::string_view>& keys) {
     ModularCampaign modular;
     for (const auto key : keys) modular.components.push_back(std::make_shared<Game>(key));
-    const Campaign campaign{"id", "label", "name", "icon", std::nullopt, std::move(modular)};
-    try {
-      return pageName(campaign) + " " + std::to_string(static_cast<int>(publicType(campaign)));
-    } catch (const Error& error) {
-      return pageName(campaign) + " " + error.description();
-    }
+    return described(std::move(modular));
   };
   EXPECT_THAT(
       (std::vector{describe({"image", "roulette"}), describe({"scratch_lottery", "roulette"}),

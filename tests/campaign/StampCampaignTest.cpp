@@ -1,4 +1,3 @@
-#include "base/preconditionFailure.h"
 #include "campaign/CampaignMapper.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/stamp/StampCampaignView.h"
@@ -72,7 +71,7 @@ TEST_F(StampCampaignTest, TheLayoutDecidesWhatIsMappedAndShown) {
   EXPECT_TRUE(kinds(StampCampaignView(bare)).empty());
 }
 
-TEST_F(StampCampaignTest, WhatIsNamedTwiceStandsTwiceOrLast) {
+TEST_F(StampCampaignTest, AComponentNamedTwiceIsShownTwiceOrAtItsLastPlace) {
   const StampCampaignView view(
       stampOf(stampPage(R"("stamp","information","stamp","information")", R"("notice":5,)")));
   EXPECT_THAT(kinds(view), ElementsAre("InformationView", "StampBoardView", "InformationView"));

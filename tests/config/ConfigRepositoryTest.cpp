@@ -31,7 +31,7 @@ class ConfigRepositoryTest : public testing::Test {
     start();
   }
 
-  /// What one fetch emits; `end` is "done" or the error.
+  /// The output of one fetch; `end` is "done" or the error.
   struct Answer {
     std::vector<Config> configs;
     std::string end;

@@ -1,6 +1,6 @@
 #include "base/Error.h"
-#include "base/Logger.h"
 #include "page/Page.h"
+#include "support/LogCapture.h"
 
 #include <gmock/gmock.h>
 #include <string>
@@ -91,16 +91,14 @@ TEST(PageTest, ADestinationAloneIsOneOfTheFixedPages) {
 }
 
 TEST(PageTest, ARowWithABadLinkIsLoggedAndStays) {
-  std::vector<std::string> lines;
-  setLogSink([&](std::string_view line) { lines.emplace_back(line); });
+  const LogCapture log;
   EXPECT_EQ((EntryResponse{"1", "deeplink", "shop://x"}.toEntry()), (Entry{"1", link("shop://x")}));
   EXPECT_EQ((EntryResponse{"2", "campaign", ""}.toEntry()), (Entry{"2", campaign("")}));
-  EXPECT_THAT(lines, testing::IsEmpty());
+  EXPECT_THAT(log.lines(), testing::IsEmpty());
   EXPECT_EQ((EntryResponse{"3", "deeplink", "a b"}.toEntry()), (Entry{"3", Fixed::unknown}));
-  setLogSink({});
-  EXPECT_THAT(lines, testing::ElementsAre(
-                         testing::AllOf(testing::HasSubstr("[ERROR]"),
-                                        testing::EndsWith(" a b is an invalid paramter for the URL"))));
+  EXPECT_THAT(log.lines(), testing::ElementsAre(
+                               testing::AllOf(testing::HasSubstr("[ERROR]"),
+                                              testing::EndsWith(" a b is an invalid paramter for the URL"))));
 }
 
 TEST(PageTest, ANotificationTakesTheFirstThatCanBeRead) {

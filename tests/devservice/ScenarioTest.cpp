@@ -7,40 +7,40 @@ namespace {
 class ScenarioTest : public ServiceFixture {
  protected:
   void SetUp() override {
-    scenario = folder.path();
+    scenario_ = folder_.path();
     ServiceFixture::SetUp();
   }
 
-  std::string config(const std::string& appKey) { return client->Get(onApp("/config", appKey))->body; }
+  std::string config(const std::string& appKey) { return client_->Get(onApp("/config", appKey))->body; }
 
-  TemporaryFolder folder;
+  TemporaryFolder folder_;
 };
 
 TEST_F(ScenarioTest, EditsActAtOnce) {
-  EXPECT_EQ(client->Get(onApp("/config"))->status, 404);
-  folder.write("config.json", "{ \"first\" : 1 }\n");
+  EXPECT_EQ(client_->Get(onApp("/config"))->status, 404);
+  folder_.write("config.json", "{ \"first\" : 1 }\n");
   EXPECT_EQ(config("app"), "{ \"first\" : 1 }\n");
-  folder.write("config.json", std::string("\xffnot JSON\0", 10));
+  folder_.write("config.json", std::string("\xffnot JSON\0", 10));
   EXPECT_EQ(config("app"), std::string("\xffnot JSON\0", 10));
-  EXPECT_EQ(client->Get(onApp("/config"))->get_header_value("Content-Type"), "application/json");
+  EXPECT_EQ(client_->Get(onApp("/config"))->get_header_value("Content-Type"), "application/json");
 }
 
 TEST_F(ScenarioTest, AnAppMayHaveItsOwnFile) {
-  folder.write("config.json", "common");
-  folder.write("apps/my key/config.json", "own");
+  folder_.write("config.json", "common");
+  folder_.write("apps/my key/config.json", "own");
   EXPECT_EQ(config("app"), "common");
   EXPECT_EQ(config("my%20key"), "own");
-  std::filesystem::remove_all(folder.path() / "apps");
+  std::filesystem::remove_all(folder_.path() / "apps");
   EXPECT_EQ(config("my%20key"), "common");
 }
 
 TEST_F(ScenarioTest, AnAppKeyDoesNotLeadOutOfTheFolder) {
-  folder.write("config.json", "common");
-  folder.write("secret/config.json", "secret");
-  std::filesystem::create_directories(folder.path() / "apps/app");
+  folder_.write("config.json", "common");
+  folder_.write("secret/config.json", "secret");
+  std::filesystem::create_directories(folder_.path() / "apps/app");
   for (const auto* appKey : {"..", "..%5c", ".", "%2e%2e", "x%00"})
     EXPECT_EQ(config(appKey), "common") << appKey;
-  EXPECT_EQ(client->Get(onApp("/config", "..%2fsecret"))->status, 404);
+  EXPECT_EQ(client_->Get(onApp("/config", "..%2fsecret"))->status, 404);
 }
 
 }  // namespace

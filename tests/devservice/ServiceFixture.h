@@ -29,22 +29,22 @@ inline json event(const std::string& id, const std::string& name = "opened",
   return result;
 }
 
-/// A running service with the scenario that comes with it, and a client that trusts its certificate alone.
+/// A running service with the bundled scenario, and a client that trusts only its certificate.
 class ServiceFixture : public testing::Test {
  protected:
   void SetUp() override { startService(); }
 
   void startService() {
-    service = std::make_unique<DevService>(
-        Options{.dataDirectory = data.path(), .scenarioDirectory = scenario, .port = port, .now = now});
-    service->start();
-    port = service->port();
-    client = makeClient();
+    service_ = std::make_unique<DevService>(
+        Options{.dataDirectory = data_.path(), .scenarioDirectory = scenario_, .port = port_, .now = now_});
+    service_->start();
+    port_ = service_->port();
+    client_ = makeClient();
   }
 
   std::unique_ptr<httplib::SSLClient> makeClient(const std::string& host = "localhost") const {
-    auto made = std::make_unique<httplib::SSLClient>(host, service->port());
-    made->set_ca_cert_path(service->certificatePath().c_str());
+    auto made = std::make_unique<httplib::SSLClient>(host, service_->port());
+    made->set_ca_cert_path(service_->certificatePath().c_str());
     made->enable_server_certificate_verification(true);
     made->set_keep_alive(true);
     made->set_tcp_nodelay(true);
@@ -53,20 +53,20 @@ class ServiceFixture : public testing::Test {
   }
 
   httplib::Result post(const std::string& path, const json& body, const httplib::Headers& headers = {}) {
-    return client->Post(path, headers, body.dump(), "application/json");
+    return client_->Post(path, headers, body.dump(), "application/json");
   }
 
   json getJson(const std::string& path) {
-    const auto result = client->Get(path);
+    const auto result = client_->Get(path);
     return result ? json::parse(result->body, nullptr, false) : json();
   }
 
-  TemporaryFolder data;
-  std::filesystem::path scenario;
-  std::optional<std::chrono::system_clock::time_point> now;
-  int port = 0;
-  std::unique_ptr<DevService> service;
-  std::unique_ptr<httplib::SSLClient> client;
+  TemporaryFolder data_;
+  std::filesystem::path scenario_;
+  std::optional<std::chrono::system_clock::time_point> now_;
+  int port_ = 0;
+  std::unique_ptr<DevService> service_;
+  std::unique_ptr<httplib::SSLClient> client_;
 };
 
 }  // namespace orrelo::devservice

@@ -106,15 +106,6 @@ TEST_P(EventDaoTest, RemovesByIdInListsAndByAge) {
   EXPECT_THAT(stored(10), testing::IsEmpty());
 }
 
-TEST_P(EventDaoTest, NothingRunsBeforeTheSubscription) {
-  insert(event("e", {}));
-  const auto removal = dao_.removeUpTo(platform_.clock->now());
-  platform_.loop->run();
-  EXPECT_EQ(stored(10).size(), 1u);
-  result(removal);
-  EXPECT_THAT(stored(10), testing::IsEmpty());
-}
-
 TEST_P(EventDaoTest, ARowThatIsNoEventStopsTheProcess) {
   const bool asText = GetParam() == EventTimeStorage::text;
   const StoredTime time = asText ? StoredTime("2024-01-02T03:04:05") : StoredTime(Date::fromSeconds(1));

@@ -182,15 +182,6 @@ TEST_F(EventPipelineTest, DropsWhatIsADayOldUnsent) {
   EXPECT_THAT(sentNames(), ElementsAre("still young"));
 }
 
-TEST_F(EventPipelineTest, ABurstCostsNoMemoryAndLosesNoTick) {
-  platform_.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(200); };
-  for (int i = 0; i < 500; ++i) {
-    component_->saveEventUseCase.save({nextId(), "u", "e" + std::to_string(i), {}, platform_.clock->now()});
-  }
-  platform_.loop->run();
-  EXPECT_EQ(platform_.session->requests.size(), 500u);
-}
-
 TEST_F(EventPipelineTest, LettingItGoCancelsTheRequestAndKeepsTheEvent) {
   save("opened");
   component_.reset();

@@ -1,5 +1,4 @@
 #include "DevService.h"
-#include "base/Json.h"
 #include "platform/EventDatabase.h"
 #include "support/Program.h"
 #include "support/TemporaryFolder.h"
@@ -44,7 +43,7 @@ std::vector<EventRow> storedRows(const std::filesystem::path& data) {
   return rows.get_future().get();
 }
 
-TEST(Kill, WhatWasSavedIsStoredOrDeliveredUnderItsOwnId) {
+TEST(Kill, EverySavedEventIsStoredOrDeliveredUnderItsId) {
   const char* const wanted = std::getenv("ORRELO_KILLS");
   const int kills = wanted != nullptr ? std::atoi(wanted) : 5;
   const TemporaryFolder folder;

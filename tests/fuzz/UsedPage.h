@@ -23,24 +23,18 @@
 
 namespace orrelo::test {
 
-/// Ends the process where it does not hold.
+/// Ends the process unless `holds`.
 inline void require(bool holds, const char* what) {
   if (holds) return;
-  std::fprintf(stderr, "broken promise: %s\n", what);
+  std::fprintf(stderr, "broken invariant: %s\n", what);
   std::abort();
 }
 
-/// What a page asks of its screen.
+/// Counts what a page asks of its screen.
 class Requests final : public ModularCampaignViewDelegate {
  public:
   void participate(const std::string&) override { ++participations; }
-  void route(const Page& page) override {
-    JsonWriter json;
-    page.encode(json);
-    JsonParser parser;
-    require(Page::decode(parser.parse(json.result())) == page, "a place is stored as it was");
-    ++routes;
-  }
+  void route(const Page&) override { ++routes; }
   void reload() override { ++reloads; }
 
   int participations = 0;
@@ -53,7 +47,7 @@ class Screen final : public ORLUIViewController {
   std::string_view kind() const override { return "Screen"; }
 };
 
-/// Does to the views of a modular page what a front and a user's fingers do.
+/// Drives the views of a modular page as a front and a user do.
 class UsedPage {
  public:
   UsedPage(const ModularCampaign& modular, ManualLoop& loop)
@@ -65,7 +59,6 @@ class UsedPage {
       arranged.view->setSize({320.0, 80.0});
       useIf<ActionButtonView>(arranged.view);
       useIf<PageEntryView>(arranged.view);
-      useIf<TooltipInformationView>(arranged.view);
       useIf<WebView>(arranged.view);
       useIf<RouletteView>(arranged.view);
       useIf<ScratchLotteryView>(arranged.view);
@@ -90,11 +83,6 @@ class UsedPage {
     entry.didAction();
     require(requests_->routes == before + 1, "an entry leads somewhere");
   }
-  void use(TooltipInformationView& information) {
-    information.tooltipTitleTapped();
-    require(information.tooltipView->state.value().isHidden == information.guideMessage.empty(),
-            "a tooltip shows what there is to say");
-  }
   void use(WebView& web) {
     require(web.height >= 0.0 && web.width.value_or(0.0) >= 0.0, "a web page's place has a size");
     web.didStart();
@@ -114,7 +102,6 @@ class UsedPage {
     wheel.animationDidStop(true);
     require(requests_->participations == before + (isSpinning ? 1 : 0), "the end of a spin is told once");
     require(std::isfinite(wheel.state.value().rotation), "a wheel comes to rest");
-    require(wheel.accessibilityLabel().find("룰렛") != std::string::npos, "a wheel says what it is");
   }
   void use(ScratchLotteryView& card) {
     const int before = requests_->participations;
@@ -183,7 +170,7 @@ inline void use(const OptInMarketingCampaign& optIn, ManualLoop& loop) {
 inline void use(const CampaignResult& result, ManualLoop&) {
   std::make_shared<CampaignResultView>(result);
 }
-/// The others have no view made of what was sent.
+/// Other kinds have no view of their own.
 template <class Kind>
 void use(const Kind&, ManualLoop&) {}
 

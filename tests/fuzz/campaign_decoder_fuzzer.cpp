@@ -1,6 +1,6 @@
-// Whatever the service may answer: lists, one campaign, the page of a participation. Only a DecodingError may
-// come of it, or a stop that a page may ask for. What decodes must map, and stand on its screen and be used
-// there.
+// Decodes any bytes as a list, as a campaign and as the page of a participation. A failure must be a
+// DecodingError or one of the stops that a page may cause; a campaign that decodes must map and be usable on
+// its screen.
 #include "UsedPage.h"
 #include "base/Error.h"
 #include "base/preconditionFailure.h"
@@ -24,7 +24,7 @@ void expectStop(std::string_view message) {
   throw Stop();
 }
 
-// Nothing is to be had from its network.
+// Its network answers every request with 404.
 TestPlatform& machine() {
   static TestPlatform platform;
   [[maybe_unused]] static const bool isReady = [] {
@@ -44,7 +44,7 @@ void show(CampaignDTO&& dto) {
   require(isRead != std::holds_alternative<UnknownCampaign>(campaign.type), "what was read is known");
   auto& loop = *machine().loop;
   std::visit([&loop](const auto& kind) { use(kind, loop); }, campaign.type);
-  loop.runFor(std::chrono::minutes(2));  // longer than any page waits for anything
+  loop.runFor(std::chrono::minutes(2));  // longer than any timeout of a page
   require(loop.pending() == 0, "a page leaves nothing behind");
   machine().session->requests.clear();
 }

@@ -1,4 +1,4 @@
-// Stands in for the fuzzing engine: gives a fuzzer each file of the folders named as arguments.
+// Replaces the fuzzing engine: passes each file of the folders named as arguments to a fuzzer.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>

@@ -96,13 +96,7 @@ TEST_F(CacheTest, ReadersOfOneKeyShareOneFileRead) {
   cache_->value("k", note);
   cache_->store(makeData("newer"), "k");
   platform_.loop->run();
-  EXPECT_EQ(read(*cache_, "k"), "memory newer") << "what was stored meanwhile stays";
-}
-
-TEST_F(CacheTest, StoringNothingLeavesTheFile) {
-  cache_->store(makeData("v"), "k");
-  cache_->store(nullptr, "k");
-  EXPECT_EQ(read(*cache_, "k"), "disk v");
+  EXPECT_EQ(read(*cache_, "k"), "memory newer") << "a value stored during the read is kept";
 }
 
 TEST_F(CacheTest, BothSignalsClearTheDiskAndLeaveMemory) {
@@ -124,7 +118,7 @@ TEST_F(CacheTest, BothSignalsClearTheDiskAndLeaveMemory) {
   EXPECT_EQ(read(*cache_, "k"), "disk after");
 }
 
-TEST_F(CacheTest, AtTheEndOfTheApplicationTheFilesAreGoneAtOnce) {
+TEST_F(CacheTest, TerminationDeletesTheFilesAtOnce) {
   cache_->store(makeData("v"), "k");
   platform_.loop->run();
   cache_->store(makeData("not written yet"), "other");
@@ -149,7 +143,7 @@ TEST_F(CacheTest, WhatCannotBeReadIsAnError) {
   EXPECT_EQ(read(*cache_, "large"), missing);
   cache_->store(makeData(std::string(maximumFileSize + 1, 'x')), "new");
   platform_.loop->run();
-  EXPECT_FALSE(fs::exists(fileOf("new"))) << "what could not be read is not written";
+  EXPECT_FALSE(fs::exists(fileOf("new"))) << "too large to be read, so it is not written";
 }
 
 TEST_F(CacheTest, AFolderThatCannotBeMadeIsAnErrorForWhoeverAsks) {
@@ -175,7 +169,7 @@ TEST_F(CacheTest, ACacheThatIsGoneCompletesNothingAndHearsNothing) {
   platform_.application->send(Signal::didEnterBackground);
   platform_.loop->run();
   EXPECT_FALSE(isCompleted);
-  EXPECT_TRUE(fs::exists(fileOf("k"))) << "its writes were still done";
+  EXPECT_TRUE(fs::exists(fileOf("k"))) << "its writes are completed";
 }
 
 TEST_F(CacheTest, MemoryHoldsWhatWasUsedLastWithinItsBudget) {
@@ -183,7 +177,7 @@ TEST_F(CacheTest, MemoryHoldsWhatWasUsedLastWithinItsBudget) {
   MemoryCache memory(3 * (size + MemoryCache::entryCost));
   for (const auto* const key : {"a", "b", "c"}) memory.insert(key, makeData(std::string(size, *key)));
   EXPECT_TRUE(memory.value("a"));
-  memory.insert("b", makeData(std::string(size, 'B')));  // in place of the former
+  memory.insert("b", makeData(std::string(size, 'B')));  // replaces the former value
   memory.insert("d", makeData(std::string(size, 'd')));
   EXPECT_FALSE(memory.value("c"));
   EXPECT_EQ(memory.value("b")->front(), 'B');

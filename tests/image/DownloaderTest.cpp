@@ -139,7 +139,7 @@ TEST_F(DownloaderTest, AFailureIsForAllAndTheNextFetchStartsAfresh) {
   EXPECT_EQ(heard_.back(), "again: dataConversion");
 }
 
-TEST_F(DownloaderTest, WhoComesOrGoesDuringTheConversionIsServedSo) {
+TEST_F(DownloaderTest, CallersMayJoinOrCancelDuringTheConversion) {
   bytes_->holds = true;
   const auto a = fetch("a");
   fetch("b");
@@ -159,6 +159,14 @@ TEST_F(DownloaderTest, WhoComesOrGoesDuringTheConversionIsServedSo) {
   EXPECT_EQ(requests(), 3u);
 }
 
+TEST_F(DownloaderTest, ACompletionMayCancelAnother) {
+  fetch("a");
+  const auto b = fetch("b");
+  then_["a"] = [b] { b.cancel(); };
+  reply("p");
+  EXPECT_THAT(heard_, ElementsAre("a: p", "b: canceled"));
+}
+
 TEST_F(DownloaderTest, ACompletionThatThrowsLeavesTheOthersTheirs) {
   then_["a"] = then_["c"] = [] { throw std::runtime_error("a caller's own trouble"); };
   fetch("a");
@@ -169,7 +177,7 @@ TEST_F(DownloaderTest, ACompletionThatThrowsLeavesTheOthersTheirs) {
   EXPECT_THAT(heard_, ElementsAre("a: p", "b: p", "c: canceled"));
 }
 
-TEST_F(DownloaderTest, WhatCannotBeStartedFailsAndLeavesNothing) {
+TEST_F(DownloaderTest, ATransferThatCannotBeStartedFailsAndIsForgotten) {
   const auto session = std::make_shared<RefusingSession>();
   auto platform = Platform::current();
   platform.urlSession = session;
@@ -178,7 +186,7 @@ TEST_F(DownloaderTest, WhatCannotBeStartedFailsAndLeavesNothing) {
   session->makesTasks = true;
   for (const auto* const name : {"a", "again"}) {
     const auto task = fetch(name);
-    EXPECT_EQ(task.cancelToken, 0) << "joins none of the former";
+    EXPECT_EQ(task.cancelToken, 0) << "a new download";
     platform_.loop->run();
     EXPECT_THAT(heard_.back(), testing::StartsWith(std::string(name) + ": "));
     task.cancel();

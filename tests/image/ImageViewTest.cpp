@@ -43,7 +43,7 @@ TEST_F(ImageViewTest, TakesTheHeightThatItsImageHasAtItsWidth) {
   using Size = std::pair<double, double>;
   EXPECT_THAT(listener->told, ElementsAre(Size(200, 150), Size(200, 150), Size(100, 75)));
   view->load("https://a/2.png");
-  EXPECT_EQ(view->height.value(), 75.0) << "no image, no step";
+  EXPECT_EQ(view->height.value(), 75.0) << "no change without an image";
   reply("none");
   EXPECT_EQ(listener->told.size(), 3u);
 }

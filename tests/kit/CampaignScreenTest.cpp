@@ -75,7 +75,7 @@ TEST_F(CampaignScreenTest, ItLoadsAtEachAppearanceAndIsVisitedOnce) {
   EXPECT_THAT(reports_->names, ElementsAre("ol_visit"));
 }
 
-TEST_F(CampaignScreenTest, WhatWentWrongIsSaidAndStays) {
+TEST_F(CampaignScreenTest, AnErrorIsShownAndStays) {
   const auto screen = open();
   const auto page = content<AttendanceCampaignView>(*screen);
   replies_["/attendance/c-1/check-in"] = ScriptedURLSession::reply(500);
@@ -86,36 +86,6 @@ TEST_F(CampaignScreenTest, WhatWentWrongIsSaidAndStays) {
   replies_["/attendance/c-1/check-in"] = ScriptedURLSession::reply(200, attendancePage());
   press(*page);
   EXPECT_EQ(errorOf(*screen), "잠시 후 다시 시도해 주세요.");
-}
-
-TEST_F(CampaignScreenTest, TheIndicatorTurnsWhileTheServiceThinks) {
-  replies_["/campaigns/c-1"] = std::nullopt;
-  const auto screen = open();
-  EXPECT_TRUE(screen->state().isLoading);
-  EXPECT_EQ(screen->state().content, nullptr);
-  platform_.session->answer(ScriptedURLSession::reply(200, campaignReply(attendancePage())));
-  platform_.loop->run();
-  EXPECT_FALSE(screen->state().isLoading);
-  EXPECT_TRUE(screen->state().content);
-}
-
-TEST_F(CampaignScreenTest, AKindThatItCannotShowGivesWayToTheNextCampaign) {
-  replies_["/lookup"] = ScriptedURLSession::reply(200, R"({"resultCount":0,"results":[]})");
-  replies_["/campaigns/c-1"] =
-      ScriptedURLSession::reply(200, campaignReply(R"({"page_type":"hologram","page_id":"p"})"));
-  const auto screen = open();
-  EXPECT_TRUE(content<InduceUpdateView>(*screen));
-  EXPECT_EQ(screen->title(), "이벤트");
-  replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(attendancePage()));
-  const auto appearAgain = [&] {
-    host_->presentedViewController()->disappear(false);
-    host_->presentedViewController()->appear(false);
-    platform_.loop->run();
-  };
-  appearAgain();
-  EXPECT_EQ(errorOf(*screen), "");
-  EXPECT_TRUE(content<AttendanceCampaignView>(*screen));
-  EXPECT_EQ(screen->title(), "출석체크");
 }
 
 TEST_F(CampaignScreenTest, AKindOfTomorrowAsksTheStoreAndTheUserToUpdate) {
@@ -159,7 +129,7 @@ TEST_F(CampaignScreenTest, AnOptInHandsItsScreenToTheHostAndSaysSo) {
   const LogCapture log;
   page->onTapMoveButton();
   EXPECT_THAT(consent->screens, ElementsAre(screen));
-  EXPECT_THAT(consent->reported, IsEmpty()) << "the host first";
+  EXPECT_THAT(consent->reported, IsEmpty()) << "the host is called before the report";
   EXPECT_THAT(reports_->names, ElementsAre("ol_opt_in_marketing_move_button_click"));
   const auto line =
       AllOf(HasSubstr("[DEBUG]"), EndsWith(" (ORLOptInMarketingCampaignDelegate) onMoveButtonTapped:in"));
@@ -169,7 +139,7 @@ TEST_F(CampaignScreenTest, AnOptInHandsItsScreenToTheHostAndSaysSo) {
   consent.reset();
   page->onTapMoveButton();
   EXPECT_THAT(log.lines(), Contains(line).Times(2));
-  EXPECT_EQ(reports_->names.size(), 2u) << "said also where no host listens";
+  EXPECT_EQ(reports_->names.size(), 2u) << "reported without a host delegate too";
 }
 
 TEST(CampaignScreenBeforeInitialize, IsAScreenThatAsksToTryAgain) {

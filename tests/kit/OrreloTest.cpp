@@ -1,9 +1,9 @@
 #include "base/Json.h"
-#include "base/Logger.h"
 #include "events/KelsoInsight.h"
 #include "events/UserEventTracker.h"
 #include "kit/InitializedOrrelo.h"
 #include "platform/store/SqliteUserDefaults.h"
+#include "support/LogCapture.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "ui/ViewController.h"
@@ -11,7 +11,6 @@
 #include <orrelo/Orrelo.h>
 
 #include <gmock/gmock.h>
-#include <mutex>
 #include <thread>
 
 namespace orrelo::test {
@@ -24,16 +23,11 @@ using testing::EndsWith;
 class OrreloTest : public testing::Test {
  protected:
   OrreloTest() {
-    setLogSink([this](std::string_view line) {
-      const std::lock_guard lock(logMutex_);
-      log_.emplace_back(line);
-    });
     platform_.session->responder = [this](const URLRequest& request) {
       if (request.url.path().ends_with("/config")) return configReply_;
       return std::optional(ScriptedURLSession::reply(200));
     };
   }
-  ~OrreloTest() override { setLogSink({}); }
 
   void initialize(const std::string& appKey = "shop") {
     Orrelo::initialize(ORLConfig(appKey));
@@ -55,11 +49,10 @@ class OrreloTest : public testing::Test {
 
   TestPlatform platform_;
   std::optional<URLSessionResult> configReply_ = ScriptedURLSession::reply(200, configReply());
-  std::mutex logMutex_;
-  std::vector<std::string> log_;
 };
 
-TEST_F(OrreloTest, BeforeInitializeEveryGuardedOperationSaysSoAndEnds) {
+TEST_F(OrreloTest, EveryGuardedOperationIsRefusedBeforeInitialize) {
+  const LogCapture log;
   bool completed = false;
   Orrelo::sendEvent("e");
   Orrelo::sendEvent("e", {{"k", nullptr}});  // the guard comes before the check of the values
@@ -76,7 +69,7 @@ TEST_F(OrreloTest, BeforeInitializeEveryGuardedOperationSaysSoAndEnds) {
   Orrelo::userNotificationCenter({}, [&] { completed = true; });
   Orrelo::application({}, [&](BackgroundFetchResult) { completed = true; });
   std::vector<std::string> complaints;
-  for (const auto& line : log_) {
+  for (const auto& line : log.lines()) {
     if (const auto at = line.find("Orrelo SDK"); at != std::string::npos) {
       EXPECT_THAT(line, testing::StartsWith("[OrreloSDK][ERROR] "));
       complaints.push_back(line.substr(at));
@@ -96,8 +89,9 @@ TEST_F(OrreloTest, BeforeInitializeEveryGuardedOperationSaysSoAndEnds) {
 }
 
 TEST_F(OrreloTest, AUserBeforeInitializeIsRememberedAndTheirProfileDropped) {
+  const LogCapture log;
   Orrelo::setUser(ORLUser("early", ORLMarketingStatus::unknown, {}));
-  EXPECT_THAT(log_, testing::Contains(EndsWith("before sendEvent(_:values:)")).Times(1));
+  EXPECT_THAT(log.lines(), testing::Contains(EndsWith("before sendEvent(_:values:)")).Times(1));
   EXPECT_EQ(platform_.defaults->standard()->text("orrelo_user_id"), "early");
   initialize();
   Orrelo::sendEvent("opened");
@@ -198,7 +192,7 @@ TEST_F(OrreloTest, AFormerInstanceThatSomebodyHoldsSendsNoMore) {
   }
 }
 
-TEST_F(OrreloTest, WhatAnotherProcessWroteCountsFromTheNextInitialize) {
+TEST_F(OrreloTest, InitializeReadsSettingsThatAnotherProcessWrote) {
   const auto process = [platform = Platform::current()] {
     return std::make_shared<SqliteUserDefaultsFactory>(platform.directories, platform.clock,
                                                        "com.example.shop");

@@ -43,15 +43,6 @@ class ContentTest : public RenderedPage {
                            : std::to_string(static_cast<long long>(*view.width))) +
            " by " + std::to_string(static_cast<long long>(view.height));
   }
-  std::string routeOf(const Json& change) {
-    auto entry = block("page_entry_view");
-    for (const auto* const key : {"deeplink", "campaign_id", "destination"}) entry.erase(key);
-    entry.update(change);
-    const auto view = render<PageEntryView>("page_entry_view", entry);
-    requests_->lines.clear();
-    view->didAction();
-    return requests_->lines.size() == 1 ? requests_->lines[0] : "";
-  }
 };
 
 TEST_F(ContentTest, AButtonTakesPartAndSaysSo) {
@@ -65,7 +56,7 @@ TEST_F(ContentTest, AButtonTakesPartAndSaysSo) {
   button->onClick();
   EXPECT_THAT(requests_->lines, ElementsAre("participate /campaigns/c-modular-3/open"));
   EXPECT_THAT(reports_->names, ElementsAre("ol_campaign_participate_button_click"));
-  button->onClick();  // on a page that has gone
+  button->onClick();  // the page is gone
   EXPECT_EQ(requests_->lines.size(), 1U);
   EXPECT_EQ(reports_->names.size(), 2U);
 
@@ -105,7 +96,7 @@ TEST_F(ContentTest, AWebPagesPlaceIsReadFromItsTexts) {
 TEST_F(ContentTest, ABlankIsAViewAtTheTopAndSpacingBelow) {
   EXPECT_THAT(spaced({"image", "image"}, {10, 20, 30}),
               ElementsAre("spacer 10 then 0", "image then 20", "image then 30"));
-  // The second of two replaces the first's spacing, also that of the view at the top.
+  // The second of two blanks replaces the spacing of the first, also of the spacer at the top.
   EXPECT_THAT(spaced({"image", "hologram"}, {10, 20, 30}), ElementsAre("spacer 10 then 0", "image then 30"));
   EXPECT_THAT(spaced({"hologram", "blank", "image"}, {10, 20, 30}),
               ElementsAre("spacer 10 then 30", "image then 0"));
@@ -159,18 +150,6 @@ TEST_F(ContentTest, ABoxsPictureIsAsWideAsItsProportionsAsk) {
   platform_.loop->run();
   EXPECT_EQ(coffee.imageWidth.value(), 36.0);
   EXPECT_EQ(list->boxes[1]->imageWidth.value(), std::nullopt);
-}
-
-TEST_F(ContentTest, AnEntryLeadsToTheFirstPageThatCanBeRead) {
-  EXPECT_EQ(routeOf({{"deeplink", "shop://sale"}, {"campaign_id", "7"}}),
-            R"(route {"deepLink":{"url":"shop://sale"}})");
-  EXPECT_EQ(routeOf({{"deeplink", ""}, {"campaign_id", "7"}}), R"(route {"campaign":{"id":"7"}})");
-  EXPECT_EQ(routeOf({{"deeplink", "a b"}, {"destination", "gifticon"}}), R"(route {"gifticon":{}})");
-  EXPECT_EQ(routeOf({{"deeplink", 5}, {"campaign_id", Json::array()}, {"destination", "home"}}),
-            R"(route {"home":{}})");
-  EXPECT_EQ(routeOf({{"destination", nullptr}}), R"(route {"unknown":{}})");
-  EXPECT_EQ(routeOf(Json::object()), R"(route {"unknown":{}})");
-  EXPECT_THAT(reports_->names, IsEmpty());
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
 #include "RenderedPage.h"
-#include "modular/content/ActionButtonView.h"
-#include "modular/content/PageEntryView.h"
 #include "viewkit/CampaignRewardViewController.h"
 
 #include <gmock/gmock.h>
@@ -9,7 +7,6 @@ namespace orrelo::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ModularCampaignViewTest : public RenderedPage {
  protected:
@@ -44,17 +41,6 @@ TEST_F(ModularCampaignViewTest, DialogsAreShownAtEachBuildAndAskForTheCampaignWh
   build(wholePage())->showDialogs(*screen_);
   EXPECT_TRUE(reward());
   EXPECT_EQ(toasts().size(), 2U) << "equal toasts are shown once";
-}
-
-TEST_F(ModularCampaignViewTest, ActionsEndWhereNobodyListens) {
-  const auto page = build(wholePage());
-  page->showDialogs(*screen_);
-  const auto stack = page->stackView->arrangedSubviews;
-  requests_.reset();
-  std::dynamic_pointer_cast<ActionButtonView>(stack[3].view)->onClick();
-  std::dynamic_pointer_cast<PageEntryView>(stack[8].view)->didAction();
-  reward()->close();
-  EXPECT_THAT(reports_->names, ElementsAre("ol_reward_pop_up_show", "ol_campaign_participate_button_click"));
 }
 
 TEST_F(ModularCampaignViewTest, APageLeavesNothingBehind) {

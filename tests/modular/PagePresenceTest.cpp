@@ -1,4 +1,4 @@
-// What becomes of a page when a value of it is missing or does not fit.
+// The effect of values that are missing or of another type on a page.
 #include "ModularPages.h"
 
 #include <algorithm>
@@ -99,7 +99,7 @@ TEST(PagePresenceTest, ALayoutThatIsNotWholeCostsThePageAndItsDialogsOnlyThemsel
   }
 }
 
-TEST(PagePresenceTest, OfDoubledKeysTheFirstCounts) {
+TEST(PagePresenceTest, TheFirstOfDoubledKeysCounts) {
   const auto doubled = [](const std::string& first, const std::string& second) {
     return outcomeOf(R"({"page_config":{"layout":{"component_order":["notice"]}},"notice":)" + first +
                      R"(,"notice":)" + second + "}");

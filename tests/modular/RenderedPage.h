@@ -36,7 +36,7 @@ class Screen final : public ORLUIViewController {
   std::string_view kind() const override { return "Screen"; }
 };
 
-/// Pages, built into views on a machine of twins.
+/// Pages built into views on the test platform.
 class RenderedPage : public testing::Test {
  protected:
   RenderedPage() { Orrelo::setUserEventDelegate(reports_); }

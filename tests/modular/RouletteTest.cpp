@@ -93,7 +93,7 @@ TEST_F(RouletteTest, TheMiddleOfASectorComesUnderThePin) {
   EXPECT_EQ(RouletteView::finalAngle(0, 8), 247.5);
   EXPECT_EQ(RouletteView::finalAngle(7, 8), 292.5);
   EXPECT_EQ(RouletteView::finalAngle(1, 2), 0.0);
-  EXPECT_EQ(RouletteView::finalAngle(9, 8), 202.5);  // one turn on from the second
+  EXPECT_EQ(RouletteView::finalAngle(9, 8), 202.5);  // the angle of index 1 plus a full turn
 }
 
 TEST_F(RouletteTest, ASpinIsPlayedOnceTheWheelIsThereAndItsEndIsReportedOnce) {
@@ -189,7 +189,7 @@ TEST_F(RouletteTest, ASpinStandsStillInTheBackgroundAndGoesOn) {
   EXPECT_TRUE(isPausedAfter(Signal::willEnterForeground)) << "it was paused before";
 }
 
-TEST_F(RouletteTest, WithLessMovementTheWheelRestsAtOnceAndTheServiceIsTold) {
+TEST_F(RouletteTest, ReducedMotionEndsTheSpinAtOnceAndReportsIt) {
   platform_.application->setPrefersReducedMotion(true);
   const auto view = wheelOf(running);
   EXPECT_THAT(requests_->lines, IsEmpty());

@@ -35,6 +35,25 @@ TEST(AlphaMaskTest, ALineIsErasedWithSmoothRoundEndsAndNothingElseChanges) {
   EXPECT_EQ(mask.pixels(), before);
 }
 
+TEST(AlphaMaskTest, ASlantedLineErasesByEachPixelsDistance) {
+  AlphaMask mask(80, 60);
+  const Point from{-7.3, 12.8};
+  const Point to{61.9, 48.2};
+  mask.eraseLine(from, to, 17.0);
+  const double length = std::hypot(to.x - from.x, to.y - from.y);
+  for (int y = 0; y < 60; ++y) {
+    for (int x = 0; x < 80; ++x) {
+      const double dx = x + 0.5 - from.x;
+      const double dy = y + 0.5 - from.y;
+      const double along = (dx * (to.x - from.x) + dy * (to.y - from.y)) / (length * length);
+      const double nearest = std::clamp(along, 0.0, 1.0);
+      const double distance = std::hypot(dx - nearest * (to.x - from.x), dy - nearest * (to.y - from.y));
+      const double left = std::clamp(distance - 8.0, 0.0, 1.0);
+      EXPECT_NEAR(mask.pixels()[std::size_t(y * 80 + x)], 255.0 * left, 0.51) << x << "," << y;
+    }
+  }
+}
+
 TEST(AlphaMaskTest, EachRowIsCountedOnePixelTooFar) {
   AlphaMask left(10, 10);
   left.eraseLine({0.0, -5.0}, {0.0, 15.0}, 2.0);  // the first column alone

@@ -82,7 +82,7 @@ class PageRoutingTest : public testing::Test {
   std::shared_ptr<ShowPageUseCase> showPage_ = ShowPageUseCaseImpl::create(config_, router_);
 };
 
-TEST_F(PageRoutingTest, EachCaseHasItsWay) {
+TEST_F(PageRoutingTest, EachPageHasItsRoute) {
   route(Page::Campaign{"c-1"});
   ASSERT_TRUE(host_->presentedViewController());
   EXPECT_EQ(host_->presentedViewController()->title(), "c-1");
@@ -90,12 +90,12 @@ TEST_F(PageRoutingTest, EachCaseHasItsWay) {
   route(Page::DeepLink{*Url::parse("shop://cart")});
   route(Page::DeepLink{*Url::parse("unheard-of://cart")});
   EXPECT_THAT(taken(), ElementsAre("open shop://cart"));
-  EXPECT_THAT(logged(), IsEmpty()) << "what the machine cannot open is passed over in silence";
+  EXPECT_THAT(logged(), IsEmpty()) << "a link that cannot be opened is ignored without a log line";
   route(Page::Fixed::unknown);
   EXPECT_THAT(logged(), ElementsAre("[ERROR] Route to Unknown Page. Check Orrelo SDK version"));
 }
 
-TEST_F(PageRoutingTest, WithoutARunningKitEachWaySaysSo) {
+TEST_F(PageRoutingTest, WithoutARunningKitEachRouteIsLogged) {
   RunningKit::makeCurrent(nullptr);
   route(Page::Campaign{"c-1"});
   route(Page::Fixed::home);
@@ -106,7 +106,7 @@ TEST_F(PageRoutingTest, WithoutARunningKitEachWaySaysSo) {
   EXPECT_FALSE(host_->presentedViewController());
 }
 
-TEST_F(PageRoutingTest, AFeatureSaysHowItWent) {
+TEST_F(PageRoutingTest, AFeaturesRouteIsLogged) {
   route(Page::Fixed::gifticon);
   feature_->error = Error("Test", "closed", "문을 닫았어요");
   route(Page::Fixed::gifticon);

@@ -31,7 +31,7 @@ TEST_F(CurlConnectionsTest, AHeaderValueIsOneLine) {
   EXPECT_THAT(head, testing::Not(testing::HasSubstr("\nEvil")));
 }
 
-TEST_F(CurlConnectionsTest, WhatIsNoHttpHasNoResponse) {
+TEST_F(CurlConnectionsTest, AReplyThatIsNoHttpHasNoResponse) {
   for (const std::string bytes : {"SSH-2.0-server\r\n\r\n", "{\"json\":1}"}) {
     std::string answer = bytes;
     RawServer server([&](const std::string&) { return answer; });
@@ -77,7 +77,7 @@ TEST_F(CurlConnectionsTest, ManyRequestsShareSixConnections) {
   }
 }
 
-TEST_F(CurlConnectionsTest, WhatWaitsForAConnectionRunsOutOfTimeOrIsCancelled) {
+TEST_F(CurlConnectionsTest, ARequestThatWaitsForAConnectionCanTimeOutOrBeCancelled) {
   RawServer server([](const std::string&) { return std::string(); });
   std::vector<Reply> hanging;
   for (int i = 0; i < 6; ++i) hanging.push_back(start(request(server.url())));
@@ -97,7 +97,7 @@ TEST_F(CurlConnectionsTest, WhatWaitsForAConnectionRunsOutOfTimeOrIsCancelled) {
   EXPECT_EQ(server.connectionCount(), 6U);
 }
 
-TEST_F(CurlConnectionsTest, WhatWaitsStartsWhenARunningOneIsCancelledOrRunsOutOfTime) {
+TEST_F(CurlConnectionsTest, AWaitingRequestStartsWhenARunningOneIsCancelledOrTimesOut) {
   RawServer server(hangsBut("/ok"));
   RawServer away([&](const std::string&) {
     return RawServer::reply("", "HTTP/1.1 302 Found\r\nLocation: " + server.url("/ok"));

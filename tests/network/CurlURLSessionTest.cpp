@@ -2,7 +2,6 @@
 #include "SessionFixture.h"
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
 #include <gmock/gmock.h>
 
 namespace orrelo::test {
@@ -78,7 +77,7 @@ TEST_F(CurlURLSessionTest, EveryStatusIsAReply) {
   EXPECT_EQ(outcome(request(url("/config"))), "200 " + bytes);
 }
 
-TEST_F(CurlURLSessionTest, WhatGoesWrongIsAnErrorAndTheNextRequestIsNot) {
+TEST_F(CurlURLSessionTest, AFailedTransferIsAnErrorAndTheNextRequestWorks) {
   auto timed = request(url("/config"));
   timed.timeout = 300ms;
   for (const auto kind : {Kind::delay, Kind::hang}) {
@@ -112,7 +111,7 @@ TEST_F(CurlURLSessionTest, AReplyMayBeAsLargeAsTheRequestAllows) {
 TEST_F(CurlURLSessionTest, FollowsTwentyRedirects) {
   redirect(url("/config"), 302, 20);
   EXPECT_EQ(run(request(url("/config"))).response->statusCode, 200);
-  redirect("config", 302, {});  // relative to where it was
+  redirect("config", 302, {});  // relative to the redirected URL
   EXPECT_EQ(outcome(request(url("/config"))), "httpTooManyRedirects");
   EXPECT_EQ(service_.requestCount("/config"), 21 + 21);
 }

@@ -91,7 +91,7 @@ TEST_F(HttpHeaderGeneratorTest, TellsNineThings) {
   EXPECT_EQ(withJsonContentType(made), withType);
 }
 
-TEST_F(HttpHeaderGeneratorTest, WhatIsNotKnownIsLeftOutOrEmpty) {
+TEST_F(HttpHeaderGeneratorTest, UnknownValuesAreLeftOutOrEmpty) {
   const auto unknown = std::make_shared<FixedBundle>(std::nullopt);
   const auto empty = std::make_shared<FixedBundle>(std::map<std::string, std::string>{});
   install(unknown, unknown);
@@ -174,6 +174,16 @@ TEST_F(DeviceIdTest, AnIdThatCannotBeReadForNowIsNotReplaced) {
     }
     EXPECT_EQ(id(second), stored) << isWritten;
   }
+}
+
+TEST_F(DeviceIdTest, AnIdThatCouldNotBeStoredIsWrittenByTheNextWrite) {
+  auto lock = locked();
+  auto first = process();
+  const auto drawn = id(first);
+  lock.reset();
+  first.suite("key")->set("ols_config", std::string("{}"));
+  auto later = process();
+  EXPECT_EQ(id(later), drawn);
 }
 
 }  // namespace

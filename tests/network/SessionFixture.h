@@ -11,7 +11,7 @@
 
 namespace orrelo::test {
 
-/// The real session.
+/// Requests through the real session.
 class SessionFixture : public testing::Test {
  protected:
   using Reply = std::future<URLSessionResult>;

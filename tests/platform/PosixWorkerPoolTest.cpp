@@ -26,42 +26,42 @@ class PosixWorkerPoolTest : public ::testing::Test {
   /// Keeps all threads busy: three until `released`, one until `oneReleased`.
   void occupy() {
     for (int thread = 0; thread < 4; ++thread) {
-      pool->post(QualityOfService::userInteractive, [this, thread] {
-        occupied.count_down();
-        (thread == 0 ? oneReleased : released).wait();
+      pool_->post(QualityOfService::userInteractive, [this, thread] {
+        occupied_.count_down();
+        (thread == 0 ? oneReleased_ : released_).wait();
       });
     }
-    occupied.wait();
+    occupied_.wait();
   }
 
   void note(const std::string& text) {
-    const std::lock_guard lock(mutex);
-    notes.push_back(text);
+    const std::lock_guard lock(mutex_);
+    notes_.push_back(text);
   }
 
-  std::latch occupied{4};
-  std::latch released{1};
-  std::latch oneReleased{1};
-  std::mutex mutex;
-  std::vector<std::string> notes;
-  std::unique_ptr<WorkerPool> pool = std::make_unique<PosixWorkerPool>();
+  std::latch occupied_{4};
+  std::latch released_{1};
+  std::latch oneReleased_{1};
+  std::mutex mutex_;
+  std::vector<std::string> notes_;
+  std::unique_ptr<WorkerPool> pool_ = std::make_unique<PosixWorkerPool>();
 };
 
 TEST_F(PosixWorkerPoolTest, startsUrgentTasksFirstAndOldOnesFirstWithinAClass) {
   occupy();
   std::promise<void> done;
-  pool->post(QualityOfService::background, [&] {
+  pool_->post(QualityOfService::background, [&] {
     note("background");
     done.set_value();
   });
-  pool->post(QualityOfService::utility, [&] { note("utility"); });
-  pool->post(QualityOfService::standard, [&] { note("standard 1"); });
-  pool->post(QualityOfService::standard, [&] { note("standard 2"); });
-  pool->post(QualityOfService::userInteractive, [&] { note("interactive"); });
-  oneReleased.count_down();
+  pool_->post(QualityOfService::utility, [&] { note("utility"); });
+  pool_->post(QualityOfService::standard, [&] { note("standard 1"); });
+  pool_->post(QualityOfService::standard, [&] { note("standard 2"); });
+  pool_->post(QualityOfService::userInteractive, [&] { note("interactive"); });
+  oneReleased_.count_down();
   done.get_future().wait();
-  released.count_down();
-  EXPECT_THAT(notes, ElementsAre("interactive", "standard 1", "standard 2", "utility", "background"));
+  released_.count_down();
+  EXPECT_THAT(notes_, ElementsAre("interactive", "standard 1", "standard 2", "utility", "background"));
 }
 
 TEST_F(PosixWorkerPoolTest, runsDelayedTasksWhenTheyAreDueAndInThatOrder) {
@@ -69,14 +69,14 @@ TEST_F(PosixWorkerPoolTest, runsDelayedTasksWhenTheyAreDueAndInThatOrder) {
   const auto start = std::chrono::steady_clock::now();
   std::chrono::steady_clock::duration waited{};
   std::promise<void> early;
-  pool->postAfter(QualityOfService::standard, 20ms, [&] {
+  pool_->postAfter(QualityOfService::standard, 20ms, [&] {
     waited = std::chrono::steady_clock::now() - start;
     done.set_value();
   });
-  pool->postAfter(QualityOfService::standard, 24h, [] {});
-  pool->postAfter(QualityOfService::standard, std::chrono::microseconds::max(), [] {});
-  pool->postAfter(QualityOfService::standard, 1ms, [&] { early.set_value(); });
-  pool->postAfter(QualityOfService::standard, -1ms, [] {});
+  pool_->postAfter(QualityOfService::standard, 24h, [] {});
+  pool_->postAfter(QualityOfService::standard, std::chrono::microseconds::max(), [] {});
+  pool_->postAfter(QualityOfService::standard, 1ms, [&] { early.set_value(); });
+  pool_->postAfter(QualityOfService::standard, -1ms, [] {});
   early.get_future().wait();
   done.get_future().wait();
   EXPECT_GE(waited, 20ms);
@@ -85,23 +85,23 @@ TEST_F(PosixWorkerPoolTest, runsDelayedTasksWhenTheyAreDueAndInThatOrder) {
 TEST_F(PosixWorkerPoolTest, runsADelayedTaskWhileOtherThreadsAreAtWork) {
   std::promise<void> done;
   std::promise<void> started;
-  pool->postAfter(QualityOfService::standard, 2ms, [&] { done.set_value(); });
-  // The thread that waits for the time to come is the one that this task takes away.
-  pool->post(QualityOfService::standard, [&] {
+  pool_->postAfter(QualityOfService::standard, 2ms, [&] { done.set_value(); });
+  // This task occupies the thread that would wait for the delayed task.
+  pool_->post(QualityOfService::standard, [&] {
     started.set_value();
-    released.wait();
+    released_.wait();
   });
   started.get_future().wait();
   done.get_future().wait();
-  released.count_down();
+  released_.count_down();
 }
 
 TEST_F(PosixWorkerPoolTest, usesFourThreadsAndSurvivesWhatATaskThrows) {
   for (int n = 0; n < 8; ++n)
-    pool->post(QualityOfService::standard, [] { throw std::runtime_error("harmless"); });
+    pool_->post(QualityOfService::standard, [] { throw std::runtime_error("harmless"); });
   occupy();  // ends only if four tasks run at once
-  oneReleased.count_down();
-  released.count_down();
+  oneReleased_.count_down();
+  released_.count_down();
 }
 
 TEST_F(PosixWorkerPoolTest, takesTasksFromManyThreadsAndFromTasks) {
@@ -116,9 +116,9 @@ TEST_F(PosixWorkerPoolTest, takesTasksFromManyThreadsAndFromTasks) {
   for (int n = 0; n < posters; ++n) {
     threads.emplace_back([&] {
       for (int task = 0; task < each; ++task) {
-        pool->post(static_cast<QualityOfService>(task % 5), [&] {
+        pool_->post(static_cast<QualityOfService>(task % 5), [&] {
           count();
-          pool->postAfter(QualityOfService::standard, 1us, count);
+          pool_->postAfter(QualityOfService::standard, 1us, count);
         });
       }
     });
@@ -141,7 +141,7 @@ TEST_F(PosixWorkerPoolTest, canEndInsideATask) {
   ended.get_future().wait();
 }
 
-// Ends while a task runs.
+// Exits the process while a task runs.
 [[noreturn]] void exitWhileATaskRuns() {
   static auto* const pool = new PosixWorkerPool;
   std::promise<void> began;

@@ -15,78 +15,78 @@ using ::testing::ElementsAre;
 
 class RunLoopTest : public ::testing::Test {
  protected:
-  RunLoop& loop = RunLoop::main();
-  std::vector<int> order;
+  RunLoop& loop_ = RunLoop::main();
+  std::vector<int> order_;
 
   MainLoop::Task note(int number) {
-    return [this, number] { order.push_back(number); };
+    return [this, number] { order_.push_back(number); };
   }
 };
 
 TEST_F(RunLoopTest, runsTasksInTheOrderOfPostingAlsoThosePostedMeanwhile) {
-  loop.post([this] {
-    order.push_back(1);
-    loop.post(note(4));
-    loop.postAfter(0us, [this] { loop.stop(); });
+  loop_.post([this] {
+    order_.push_back(1);
+    loop_.post(note(4));
+    loop_.postAfter(0us, [this] { loop_.stop(); });
   });
-  loop.post([] { throw std::runtime_error("harmless"); });
-  loop.post(note(2));
-  loop.post(note(3));
-  EXPECT_TRUE(order.empty());
-  loop.run();
-  EXPECT_THAT(order, ElementsAre(1, 2, 3, 4));
+  loop_.post([] { throw std::runtime_error("harmless"); });
+  loop_.post(note(2));
+  loop_.post(note(3));
+  EXPECT_TRUE(order_.empty());
+  loop_.run();
+  EXPECT_THAT(order_, ElementsAre(1, 2, 3, 4));
 }
 
 TEST_F(RunLoopTest, runsDelayedTasksByDueTime) {
   const auto start = std::chrono::steady_clock::now();
-  loop.postAfter(6ms, [this] { loop.stop(); });
-  loop.postAfter(3ms, note(2));
-  loop.postAfter(std::chrono::microseconds::max(), note(9));
-  loop.postAfter(1ms, note(1));
-  loop.run();
-  EXPECT_THAT(order, ElementsAre(1, 2));
+  loop_.postAfter(6ms, [this] { loop_.stop(); });
+  loop_.postAfter(3ms, note(2));
+  loop_.postAfter(std::chrono::microseconds::max(), note(9));
+  loop_.postAfter(1ms, note(1));
+  loop_.run();
+  EXPECT_THAT(order_, ElementsAre(1, 2));
   EXPECT_GE(std::chrono::steady_clock::now() - start, 6ms);
 }
 
 TEST_F(RunLoopTest, leavesWhatIsNotYetRunForTheNextRun) {
-  loop.post([this] { loop.stop(); });
-  loop.post(note(1));
-  loop.run();
-  EXPECT_TRUE(order.empty());
-  loop.runFor(1ms);
-  EXPECT_THAT(order, ElementsAre(1));
+  loop_.post([this] { loop_.stop(); });
+  loop_.post(note(1));
+  loop_.run();
+  EXPECT_TRUE(order_.empty());
+  loop_.runFor(1ms);
+  EXPECT_THAT(order_, ElementsAre(1));
 }
 
 TEST_F(RunLoopTest, isCurrentOnTheThreadThatRunsIt) {
-  EXPECT_TRUE(loop.isCurrent());
+  EXPECT_TRUE(loop_.isCurrent());
   std::promise<void> isRunning;
   bool isCurrentInside = false;
   std::thread runner([&] {
-    EXPECT_FALSE(loop.isCurrent());
-    loop.post([&] {
-      isCurrentInside = loop.isCurrent();
+    EXPECT_FALSE(loop_.isCurrent());
+    loop_.post([&] {
+      isCurrentInside = loop_.isCurrent();
       isRunning.set_value();
     });
-    loop.run();
+    loop_.run();
   });
   isRunning.get_future().wait();
-  EXPECT_FALSE(loop.isCurrent());
-  loop.stop();
+  EXPECT_FALSE(loop_.isCurrent());
+  loop_.stop();
   runner.join();
   EXPECT_TRUE(isCurrentInside);
-  EXPECT_TRUE(loop.isCurrent());
+  EXPECT_TRUE(loop_.isCurrent());
 }
 
 TEST_F(RunLoopTest, canRunInsideATask) {
-  loop.post([this] {
-    loop.post(note(1));
-    loop.post([this] { loop.stop(); });
-    loop.run();
-    order.push_back(2);
-    loop.post([this] { loop.stop(); });
+  loop_.post([this] {
+    loop_.post(note(1));
+    loop_.post([this] { loop_.stop(); });
+    loop_.run();
+    order_.push_back(2);
+    loop_.post([this] { loop_.stop(); });
   });
-  loop.run();
-  EXPECT_THAT(order, ElementsAre(1, 2));
+  loop_.run();
+  EXPECT_THAT(order_, ElementsAre(1, 2));
 }
 
 }  // namespace

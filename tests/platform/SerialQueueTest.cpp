@@ -42,7 +42,7 @@ TEST_F(SerialQueueTest, FinishingRunsWhatWaitsInItsPlace) {
   });
   begun.wait();
   queue_.finish(0ms);
-  EXPECT_THAT(notes_, ElementsAre()) << "one at a time, even so";
+  EXPECT_THAT(notes_, ElementsAre()) << "still one at a time";
   released.count_down();
   queue_.finish(30s);
   EXPECT_THAT(notes_, ElementsAre("first", "second", "third"));

@@ -1,4 +1,3 @@
-#include "base/preconditionFailure.h"
 #include "platform/StoreSupport.h"
 
 #include <fstream>
@@ -20,10 +19,10 @@ using ::testing::StartsWith;
 class SqliteEventDatabaseTest : public ::testing::Test {
  protected:
   std::shared_ptr<EventDatabase> open(EventTimeStorage storage = EventTimeStorage::date) {
-    return factory->open("store", storage);
+    return factory_->open("store", storage);
   }
   /// Closes the connection, as the end of the process would.
-  void reopen() { factory = std::make_unique<SqliteEventDatabaseFactory>(directories, clock, executor); }
+  void reopen() { factory_ = std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_); }
 
   /// Runs an operation; returns what it completed with.
   template <class T, class... Given, class... Arguments>
@@ -31,7 +30,7 @@ class SqliteEventDatabaseTest : public ::testing::Test {
     std::optional<std::variant<T, Error>> result;
     (open().get()->*operation)(std::move(arguments)...,
                                [&](std::variant<T, Error> given) { result = std::move(given); });
-    executor->runAll();
+    executor_->runAll();
     return std::move(result).value();
   }
 
@@ -48,13 +47,13 @@ class SqliteEventDatabaseTest : public ::testing::Test {
     return std::get<0>(run<std::size_t>(&EventDatabase::deleteRowsUpTo, std::move(time)));
   }
 
-  TemporaryFolder folder;
-  std::filesystem::path file = folder / "store.sqlite";
-  std::shared_ptr<Directories> directories = std::make_shared<FolderDirectories>(folder.path());
-  std::shared_ptr<Clock> clock = std::make_shared<ManualClock>();
-  std::shared_ptr<StepExecutor> executor = std::make_shared<StepExecutor>();
-  std::unique_ptr<SqliteEventDatabaseFactory> factory =
-      std::make_unique<SqliteEventDatabaseFactory>(directories, clock, executor);
+  TemporaryFolder folder_;
+  std::filesystem::path file_ = folder_ / "store.sqlite";
+  std::shared_ptr<Directories> directories_ = std::make_shared<FolderDirectories>(folder_.path());
+  std::shared_ptr<Clock> clock_ = std::make_shared<ManualClock>();
+  std::shared_ptr<StepExecutor> executor_ = std::make_shared<StepExecutor>();
+  std::unique_ptr<SqliteEventDatabaseFactory> factory_ =
+      std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_);
 };
 
 TEST_F(SqliteEventDatabaseTest, keepsRowsAsGivenAcrossReopening) {
@@ -91,8 +90,8 @@ TEST_F(SqliteEventDatabaseTest, deletesUpToATimeInBothStorages) {
   EXPECT_EQ(deleteUpTo(Date::fromSeconds(2)), 2U);
   EXPECT_THAT(ids(fetch()), ElementsAre("3"));
 
-  file = folder / "text.sqlite";
-  const auto text = factory->open("text", EventTimeStorage::text);
+  file_ = folder_ / "text.sqlite";
+  const auto text = factory_->open("text", EventTimeStorage::text);
   for (const char* time : {"2024-01-02T00:00:00", "2024-01-01T23:59:59", "2023-12-31T00:00:00"}) {
     auto row = eventRow(time);
     row.eventTime = time;
@@ -102,14 +101,14 @@ TEST_F(SqliteEventDatabaseTest, deletesUpToATimeInBothStorages) {
   std::vector<EventRow> left;
   text->deleteRowsUpTo("2024-01-01T23:59:59", [&](auto result) { deleted = std::get<0>(result); });
   text->fetchOldest(9, [&](auto result) { left = std::get<0>(result); });
-  executor->runAll();
+  executor_->runAll();
   EXPECT_EQ(deleted, 2U);
   EXPECT_THAT(ids(left), ElementsAre("2024-01-02T00:00:00"));
 }
 
 TEST_F(SqliteEventDatabaseTest, readsColumnsOfAForeignTypeAsAbsent) {
   insert(eventRow("1", 1));
-  SQLite::Database(file.string(), SQLite::OPEN_READWRITE)
+  SQLite::Database(file_.string(), SQLite::OPEN_READWRITE)
       .exec("UPDATE events SET eventId = x'00', userId = x'', eventName = NULL, eventTime = 'noon'");
   EventRow left;
   left.eventValues = "{}";
@@ -118,7 +117,7 @@ TEST_F(SqliteEventDatabaseTest, readsColumnsOfAForeignTypeAsAbsent) {
 
 TEST_F(SqliteEventDatabaseTest, commitsWhatWaitsTogetherThenCompletesInOrder) {
   insert(eventRow("0"));
-  SQLite::Database other(file.string());
+  SQLite::Database other(file_.string());
   SQLite::Statement count(other, "SELECT count(*) FROM events");
   const auto visibleRows = [&] {
     count.reset();
@@ -137,9 +136,9 @@ TEST_F(SqliteEventDatabaseTest, commitsWhatWaitsTogetherThenCompletesInOrder) {
   store->deleteRows({"0"}, [&](auto) { order.push_back("deleted"); });
   store->insert(eventRow("3", 3), [&](auto) { throw std::runtime_error("must do no harm"); });
   EXPECT_EQ(visibleRows(), 1);
-  executor->runOne();
+  executor_->runOne();
   EXPECT_THAT(order, ElementsAre("1 sees 2", "fetched 2", "deleted"));
-  executor->runAll();
+  executor_->runAll();
   EXPECT_EQ(order.back(), "4 sees 3");
 }
 
@@ -150,12 +149,12 @@ TEST_F(SqliteEventDatabaseTest, failsWhileAnotherConnectionWritesAndWorksAfterwa
     results.push_back(result.index() == 0 ? "ok" : std::get<Error>(result).caseName());
   };
   {
-    SQLite::Database other(file.string(), SQLite::OPEN_READWRITE);
+    SQLite::Database other(file_.string(), SQLite::OPEN_READWRITE);
     SQLite::Transaction writing(other, SQLite::TransactionBehavior::IMMEDIATE);
     open()->insert(eventRow("2"), note);
     open()->fetchOldest(1, note);
     open()->insert(eventRow("3"), note);
-    executor->runAll();
+    executor_->runAll();
   }
   EXPECT_THAT(results, ElementsAre("busy", "ok", "busy"));
   EXPECT_TRUE(insert(eventRow("4", 4)));
@@ -165,8 +164,8 @@ TEST_F(SqliteEventDatabaseTest, failsWhileAnotherConnectionWritesAndWorksAfterwa
 TEST_F(SqliteEventDatabaseTest, takesInsertsFromManyThreads) {
   constexpr int threads = 8;
   constexpr int each = 2000;
-  executor.reset();
-  factory = std::make_unique<SqliteEventDatabaseFactory>(directories, clock);
+  executor_.reset();
+  factory_ = std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_);
   const auto store = open();
   std::atomic<int> failures = 0;
   std::vector<std::thread> writers;
@@ -187,7 +186,7 @@ TEST_F(SqliteEventDatabaseTest, takesInsertsFromManyThreads) {
 
 TEST_F(SqliteEventDatabaseTest, startsAnewWhenTheFileIsRemovedWhileOpen) {
   insert(eventRow("1"));
-  std::filesystem::remove(file);
+  std::filesystem::remove(file_);
   ASSERT_TRUE(insert(eventRow("2")));
   reopen();
   EXPECT_THAT(ids(fetch()), Contains("2"));
@@ -207,10 +206,10 @@ class DamagedStoreTest : public SqliteEventDatabaseTest, public ::testing::WithP
 
 TEST_P(DamagedStoreTest, isSetAsideOnceAndReplaced) {
   for (int n = 0; n < 500; ++n) open()->insert(eventRow(std::to_string(n), n), nullptr);
-  executor->runAll();
+  executor_->runAll();
   reopen();
-  std::filesystem::remove(folder / "store.sqlite-wal");
-  GetParam()(file);
+  std::filesystem::remove(folder_ / "store.sqlite-wal");
+  GetParam()(file_);
   const LogCapture log;
   for (int n = 0; n < 3; ++n) {
     EXPECT_TRUE(insert(eventRow("new" + std::to_string(n), 600 + n)));
@@ -220,7 +219,7 @@ TEST_P(DamagedStoreTest, isSetAsideOnceAndReplaced) {
   EXPECT_THAT(ids(fetch()), Contains("new2"));
   EXPECT_THAT(log.lines(),
               ElementsAre(AllOf(StartsWith("[OrreloSDK][ERROR]"), HasSubstr("20231114-221320"))));
-  EXPECT_THAT(fileNames(folder.path()), Contains("store.sqlite.corrupt-20231114-221320"));
+  EXPECT_THAT(fileNames(folder_.path()), Contains("store.sqlite.corrupt-20231114-221320"));
 }
 
 void execute(const std::filesystem::path& path, const char* sql) {
@@ -245,7 +244,7 @@ const std::vector<Damage> damages{
 INSTANTIATE_TEST_SUITE_P(, DamagedStoreTest, ::testing::ValuesIn(damages));
 
 TEST_F(SqliteEventDatabaseTest, takesAnEmptyFileForAFreshOne) {
-  std::ofstream(file).flush();
+  std::ofstream(file_).flush();
   const LogCapture log;
   EXPECT_TRUE(insert(eventRow("1")));
   EXPECT_THAT(log.lines(), IsEmpty());
@@ -254,20 +253,20 @@ TEST_F(SqliteEventDatabaseTest, takesAnEmptyFileForAFreshOne) {
 TEST_F(SqliteEventDatabaseTest, numbersFilesSetAsideInOneSecond) {
   for (int n = 0; n < 3; ++n) {
     reopen();
-    std::filesystem::remove(folder / "store.sqlite-wal");
-    std::ofstream(file) << std::string(5000, 'x');
+    std::filesystem::remove(folder_ / "store.sqlite-wal");
+    std::ofstream(file_) << std::string(5000, 'x');
     EXPECT_TRUE(insert(eventRow("1")));
   }
-  EXPECT_THAT(fileNames(folder.path()), AllOf(Contains("store.sqlite.corrupt-20231114-221320"),
-                                              Contains("store.sqlite.corrupt-20231114-221320-1"),
-                                              Contains("store.sqlite.corrupt-20231114-221320-2")));
+  EXPECT_THAT(fileNames(folder_.path()), AllOf(Contains("store.sqlite.corrupt-20231114-221320"),
+                                               Contains("store.sqlite.corrupt-20231114-221320-1"),
+                                               Contains("store.sqlite.corrupt-20231114-221320-2")));
 }
 
 TEST_F(SqliteEventDatabaseTest, failsWhileItsFolderIsMissing) {
-  directories = std::make_shared<FolderDirectories>(folder / "later");
+  directories_ = std::make_shared<FolderDirectories>(folder_ / "later");
   reopen();
   EXPECT_FALSE(insert(eventRow("1")));
-  std::filesystem::create_directory(folder / "later");
+  std::filesystem::create_directory(folder_ / "later");
   EXPECT_TRUE(insert(eventRow("1")));
 }
 
@@ -286,7 +285,7 @@ bool succeeded(pid_t child) {
 }
 
 TEST_F(SqliteEventDatabaseTest, letsOneSendUntilItLetsGoOrEnds) {
-  const auto other = factory->open("other", EventTimeStorage::date);
+  const auto other = factory_->open("other", EventTimeStorage::date);
   auto right = open()->acquireSending();
   ASSERT_TRUE(right);
   EXPECT_FALSE(open()->acquireSending());

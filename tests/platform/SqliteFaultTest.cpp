@@ -93,13 +93,13 @@ class Life {
           }
         });
       }
-      executor->runAll();
+      executor_->runAll();
       EXPECT_EQ(completed, group.size());
     }
     return failed;
   }
 
-  void reopen() { factory = std::make_unique<SqliteEventDatabaseFactory>(directories, clock, executor); }
+  void reopen() { factory_ = std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_); }
 
   /// The ids in the current file and in the files set aside.
   std::set<std::string> idsAnywhere() {
@@ -116,13 +116,13 @@ class Life {
   Rows expected;
 
  private:
-  std::shared_ptr<EventDatabase> store() { return factory->open("store", EventTimeStorage::date); }
+  std::shared_ptr<EventDatabase> store() { return factory_->open("store", EventTimeStorage::date); }
 
-  std::shared_ptr<Directories> directories = std::make_shared<FolderDirectories>(folder.path());
-  std::shared_ptr<Clock> clock = std::make_shared<ManualClock>();
-  std::shared_ptr<StepExecutor> executor = std::make_shared<StepExecutor>();
-  std::unique_ptr<SqliteEventDatabaseFactory> factory =
-      std::make_unique<SqliteEventDatabaseFactory>(directories, clock, executor);
+  std::shared_ptr<Directories> directories_ = std::make_shared<FolderDirectories>(folder.path());
+  std::shared_ptr<Clock> clock_ = std::make_shared<ManualClock>();
+  std::shared_ptr<StepExecutor> executor_ = std::make_shared<StepExecutor>();
+  std::unique_ptr<SqliteEventDatabaseFactory> factory_ =
+      std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_);
 };
 
 struct Fault {

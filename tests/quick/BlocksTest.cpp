@@ -86,29 +86,6 @@ TEST_F(BlocksTest, BlocksStandInOrderWithTheSpacingThatWasSent) {
   EXPECT_EQ(all[6].second.size(), QSizeF(390, 40)) << "a web block reserves its area";
 }
 
-TEST_F(BlocksTest, AShortPageIsWhiteToTheEndAndItsPicturesAndEmptyLinesKeepTheirPlace) {
-  service_->answers["/wide.png"] = {200, picture({300, 30}, QColor("#ffe08a"))};
-  service_->answers["/banner.png"] = {200, picture({5000, 100}, QColor("#ffe08a"))};
-  service_->answers["/campaigns/c-1"] = {200,
-                                         campaignReply(R"({"page_type":"box","page_id":"p","page_details_v2":{
-    "page_config":{"layout":{"component_order":["action","boxed_information_list"]}},"blank":[24,20],
-    "action":[{"button_text":"상자 열기","status_message":"","button_enable":true,"button_url":"/open",
-      "button_color":"#5B50E8"}],
-    "boxed_information_list":[{"title":"이번 주의 선물","items":[
-      {"left_text":"쿠폰","image_url":"https://cdn.example/wide.png","right_text":"1,000명","color":"#E8505B"},
-      {"left_text":"오래 기다려 주신 분께","image_url":"https://cdn.example/wide.png","right_text":"모두에게","color":"#5B50E8"},
-      {"left_text":"포인트","image_url":"https://cdn.example/banner.png","right_text":"모두에게","color":"#5B50E8"}]}]}})")};
-  openPage();
-  std::vector<QSizeF> sizes;
-  for (const auto* const shown : drawnBy("KitImage")) sizes.push_back(shown->size());
-  const double available = 390 - 2 * 25 - 2 * 24;
-  EXPECT_THAT(sizes, testing::ElementsAre(QSizeF(240, 24), QSizeF(240, 24), QSizeF(available, 24)));
-  expectNothingCut();
-  const auto shown = grab("blocks-short");
-  const auto below = shown.copy(0, 600, 390, 244);
-  EXPECT_EQ(count(below, Qt::white), 390 * 244);
-}
-
 TEST_F(BlocksTest, FitSmallScreensAndLargeText) {
   struct Place {
     double textScale;

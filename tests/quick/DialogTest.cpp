@@ -57,42 +57,6 @@ TEST_F(DialogTest, ARewardClosesByItsIconItsButtonAndEscapeButNotOutsideTheCard)
       << "dark on a light brand colour";
 }
 
-TEST_F(DialogTest, DialogsStackAndCloseFromTheTop) {
-  const auto first = reward();
-  host()->present(first, false);
-  const auto second = std::make_shared<PopUpDialogViewController>(
-      "page", PopUpDialogViewController::Content{"당첨을 축하합니다", "경품은 다음 주에 보내드려요", "", ""});
-  EXPECT_FALSE(host()->present(second, false));
-  ASSERT_TRUE(first->present(second, false));
-  ASSERT_TRUE(waitForNamed(QStringLiteral("당첨을 축하합니다")));
-  grab("dialogs-stacked");
-  press(Qt::Key_Escape);
-  EXPECT_EQ(named(QStringLiteral("당첨을 축하합니다")), nullptr);
-  EXPECT_NE(named(QStringLiteral("축하합니다!")), nullptr);
-  press(Qt::Key_Escape);
-  EXPECT_EQ(named(QStringLiteral("축하합니다!")), nullptr);
-}
-
-TEST_F(DialogTest, AResultShowsItsPopUpOnce) {
-  service_->answers["/campaigns/c-1"] = {
-      200,
-      campaignReply(richResultPage(
-          R"(,"pop_up":{"title":"당첨!","label":"축하드려요","image_url":"https://cdn.example/pop-up.png","button_text":"확인"})"))};
-  showCampaign();
-  ASSERT_TRUE(waitForNamed(QStringLiteral("당첨!")));
-  grab("result-pop-up");
-  click(QStringLiteral("축하드려요"));
-  EXPECT_NE(named(QStringLiteral("당첨!")), nullptr) << "a click on the text does not close it";
-  QTest::mouseClick(window_, Qt::LeftButton, {}, {20, 400});  // outside the text
-  EXPECT_EQ(named(QStringLiteral("당첨!")), nullptr);
-  EXPECT_GE(count(grab("result-390"), QColor("#fff1d6")), 350 * 200 * 7 / 10);
-  open({320, 568}, 2.0);
-  showCampaign();
-  ASSERT_TRUE(waitForNamed(QStringLiteral("11월 출석")));
-  grab("result-320-large-text");
-  EXPECT_EQ(named(QStringLiteral("당첨!")), nullptr);
-}
-
 TEST_F(DialogTest, APopUpKeepsItsCloseLabelInReach) {
   open({320, 568}, 2.0);
   std::string label;

@@ -72,7 +72,7 @@ TEST_F(HostTest, AScreenComesFromBelowAndGoesAgain) {
   EXPECT_EQ(host()->presentedViewController(), nullptr);
 }
 
-TEST_F(HostTest, WithLessMovementAScreenIsThereAtOnce) {
+TEST_F(HostTest, ReducedMotionShowsAScreenAtOnce) {
   const auto application = std::dynamic_pointer_cast<PosixApplication>(Platform::current().application);
   application->setPrefersReducedMotion(true);
   host()->present(screen("문제가 생겼어요"), true);
@@ -167,7 +167,7 @@ TEST_F(HostTest, ScreensAppearAndDisappearWithTheWindow) {
   EXPECT_EQ(above->disappeared, 1);
 }
 
-TEST_F(HostTest, WithoutAWindowAScreenIsShownNowhereAndTheLogSaysWhy) {
+TEST_F(HostTest, AScreenWithoutAWindowIsNotShownAndTheLogSaysWhy) {
   ORLLogger::enable();  // cannot be undone
   testing::internal::CaptureStdout();
   const auto nowhere = quick::hostViewController(nullptr);
@@ -195,7 +195,7 @@ TEST_F(HostTest, TheApplicationIsInTheBackgroundWhileNoWindowCanBeSeen) {
           application.observe(signal, [&heard, line = name + what] { heard.push_back(line); }));
     }
   };
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+  settle();
   observe("early", *Platform::current().application);
   const auto late = quick::platform({.dataDirectory = folder_.path(), .cacheDirectory = folder_.path()});
   observe("late", *late.application);  // created after the window was shown

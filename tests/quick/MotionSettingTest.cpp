@@ -87,7 +87,7 @@ class MotionSettingTest : public testing::Test {
   std::vector<bool> said_;
 };
 
-TEST_F(MotionSettingTest, WhatTheDesktopSaysIsKnownFromTheStartAndFollowed) {
+TEST_F(MotionSettingTest, TheDesktopsSettingIsReadAtTheStartAndFollowed) {
   portal_.setting = {appearance, "reduced-motion", 1U};
   openDesktop();
   follow();

@@ -55,7 +55,7 @@ bool isDrawnBy(const QQuickItem* item, const char* file) {
   return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String(file) + "_QML");
 }
 
-/// Whether a screen is on its way in or out.
+/// Returns whether a screen is on its way in or out.
 bool isMoving(const QQuickItem* item) {
   if (isDrawnBy(item, "ScreenLayer")) {
     if (item->property("isLeaving").toBool() || item->property("presence").toDouble() < 1.0) return true;
@@ -131,7 +131,6 @@ QuickTest::QuickTest(const std::function<void(Platform&)>& change) {
   service_ = std::make_shared<Service>(platform.mainLoop);
   service_->answers["/gift.png"] = {200, picture({60, 60}, Qt::transparent)};
   service_->answers["/result.png"] = {200, picture({700, 400}, QColor("#fff1d6"))};
-  service_->answers["/pop-up.png"] = {200, picture({500, 500}, QColor("#ffffff"))};
   platform.urlSession = service_;
   platform.clock = std::make_shared<StillCalendar>();
   platform.workers = std::make_shared<LoopWorkers>(platform.mainLoop);

@@ -82,7 +82,7 @@ class Service final : public URLSession {
   std::vector<std::pair<std::string, Completion>> waiting_;
 };
 
-/// Pages as the service sends them; `more` are members of the detail, each after a comma.
+/// A page of an attendance campaign; `more` are members of its detail, each after a comma.
 inline std::string richAttendancePage(const std::string& more = "", bool isEnabled = true) {
   return R"({"page_type":"attendance","page_id":"p-1","page_detail":{"toolbar_text":"매일 출석체크",
     "first_title":"매일매일 출석하고","second_title":"포인트 받아가세요!","status_message":"오늘 출석하면 100P를 드려요",
@@ -95,13 +95,6 @@ inline std::string richAttendancePage(const std::string& more = "", bool isEnabl
     "guide_message":"하루에 한 번, 자정이 지나면 다시 출석할 수 있어요.",
     "notice":["출석은 하루에 한 번만 인정됩니다.","포인트는 출석 직후 지급되며 30일 안에 사용하지 않으면 사라집니다.",
       "이벤트는 사정에 따라 예고 없이 변경될 수 있습니다."])" +
-         more + "}}";
-}
-
-inline std::string richResultPage(const std::string& more = "") {
-  return R"({"page_type":"campaign_result","page_id":"p-2","page_detail":{"toolbar_text":"이벤트 결과",
-    "image_url":"https://cdn.example/result.png","body":"축하합니다! 11월 출석 이벤트에 당첨되셨어요.\n경품은 다음 주에 보내드립니다.",
-    "notice":["당첨은 취소될 수 있습니다.","제세공과금은 당첨자 부담입니다."])" +
          more + "}}";
 }
 

@@ -6,7 +6,7 @@ namespace {
 
 using WebPlaceTest = QuickTest;
 
-TEST_F(WebPlaceTest, WithoutABrowserEngineAWebPagesPlaceIsPlain) {
+TEST_F(WebPlaceTest, AWebBlockIsPlainWithoutABrowserEngine) {
   service_->answers["/campaigns/c-1"] = {
       200, campaignReply(pageWithWebBlock("https://shop.example/page.html", 240))};
   showCampaign();

@@ -25,7 +25,7 @@ TEST_F(WebTest, APageIsPaintedInItsPlaceAlthoughAPictureOfItNeverComes) {
   EXPECT_EQ(count(picture, green), 390 * 240);
   EXPECT_EQ(count(picture.copy(0, 44 + 24, 390, 240), green), 390 * 240);
   const auto* const named = this->named(QStringLiteral("안내"));
-  ASSERT_NE(named, nullptr) << "by its title";
+  ASSERT_NE(named, nullptr) << "named by its title";
   EXPECT_EQ(sceneRect(named), QRectF(0, 44 + 24, 390, 240));
   window_->hide();
   settle();
@@ -67,7 +67,7 @@ TEST_F(WebTest, APageThatLoopsForEverHoldsUpNothing) {
   press(Qt::Key_Tab);
   EXPECT_FALSE(engineView()->hasActiveFocus()) << "the page has not answered since";
   press(Qt::Key_Escape);
-  EXPECT_TRUE(waitFor([&] { return named(button) == nullptr; })) << "leaves the screen";
+  EXPECT_TRUE(waitFor([&] { return named(button) == nullptr; })) << "Escape leaves the screen";
 }
 
 TEST_F(WebTest, APageGetsNoPermissions) {
@@ -117,15 +117,6 @@ TEST_F(WebTest, APageGetsNoPermissions) {
   EXPECT_EQ(QGuiApplication::topLevelWindows().size(), 1) << "no dialog, no window";
   qInstallMessageHandler(former);
   EXPECT_EQ(lines, 0);
-}
-
-TEST_F(WebTest, APageThatNeverComesIsGivenUp) {
-  pages_.orderFault({.kind = Kind::hang, .pathSuffix = "/pages/page.html"});
-  show("");
-  ASSERT_TRUE(waitForRequest("/pages/page.html"));
-  ASSERT_NE(engineView(), nullptr);
-  loop_->letTimePass();
-  expectEmptyButUsable();
 }
 
 TEST_F(WebTest, ARedirectingPageWhoseTargetFailsLeavesThePlaceEmpty) {

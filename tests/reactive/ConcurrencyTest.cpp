@@ -119,7 +119,7 @@ TEST(Concurrency, AnEndlessEmitterStopsWhenTheOtherSideOfObserveOnDisposes) {
       .subscribe({.onNext = [](int) { throw Error("Test", "enough"); },
                   .onDisposed = [&] { disposed.set_value(); }});
   disposed.get_future().wait();
-  pool->stop();  // returns only because the emitter does
+  pool->stop();  // returns only when the emitter has stopped
 }
 
 TEST(Concurrency, ASubscriberOfABehaviorSubjectMissesNoLaterValue) {

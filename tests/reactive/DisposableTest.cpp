@@ -1,4 +1,4 @@
-// Handles, bags, the last subscriber of a chain, and subjects.
+// Disposables, dispose bags, subscribers and subjects.
 
 #include "reactive/Subjects.h"
 #include "support/Probe.h"
@@ -79,7 +79,7 @@ TEST(Subscriber, CallsItsHandlersOnceCancelsAndThenSaysThatItIsDisposed) {
   }
 }
 
-TEST(Subscriber, WhatItsHandlersThrowStaysInTheChain) {
+TEST(Subscriber, ExceptionsOfHandlersStayInTheChain) {
   const PublishSubject<int> subject;
   Lines lines;
   bool cancelled = false;

@@ -31,26 +31,26 @@ class RudeSource final : public Source<int> {
 
 class StreamLaws : public testing::TestWithParam<OperatorCase> {
  protected:
-  ~StreamLaws() override { setting.scheduler->dropPending(); }
+  ~StreamLaws() override { setting_.scheduler->dropPending(); }
 
-  void start(const Observable<int>& source) { GetParam().chain(source, setting)(notes); }
+  void start(const Observable<int>& source) { GetParam().chain(source, setting_)(notes_); }
   /// Returns a pointer to an object that the operator's callback and the end of the chain own.
   std::weak_ptr<int> startWithSentinel(const Observable<int>& source) {
-    notes = std::make_shared<Notes>();
-    notes->disposesAtOnce = disposesAtOnce;
-    notes->sentinel = std::make_shared<int>();
-    const std::weak_ptr<int> held = notes->sentinel;
-    setting.callback = [sentinel = notes->sentinel] {};
+    notes_ = std::make_shared<Notes>();
+    notes_->disposesAtOnce = disposesAtOnce_;
+    notes_->sentinel = std::make_shared<int>();
+    const std::weak_ptr<int> held = notes_->sentinel;
+    setting_.callback = [sentinel = notes_->sentinel] {};
     start(source);
-    setting.callback = [] {};
+    setting_.callback = [] {};
     return held;
   }
-  void letTimePass() { setting.scheduler->advanceBy(seconds(10)); }
+  void letTimePass() { setting_.scheduler->advanceBy(seconds(10)); }
   bool deliversLater() const { return GetParam().name == "observeOn" || GetParam().name == "eventPipeline"; }
 
-  Setting setting;
-  bool disposesAtOnce = false;
-  NotesPtr notes = std::make_shared<Notes>();
+  Setting setting_;
+  bool disposesAtOnce_ = false;
+  NotesPtr notes_ = std::make_shared<Notes>();
 };
 
 TEST_P(StreamLaws, ElementsAndEndsPassAsTheOperatorSays) {
@@ -59,39 +59,39 @@ TEST_P(StreamLaws, ElementsAndEndsPassAsTheOperatorSays) {
   for (int i = 1; i <= 3; ++i) completing.onNext(i);
   completing.onCompleted();
   letTimePass();
-  EXPECT_EQ(notes->lines, GetParam().afterCompletion);
-  EXPECT_TRUE(notes->handle.isDisposed());
+  EXPECT_EQ(notes_->lines, GetParam().afterCompletion);
+  EXPECT_TRUE(notes_->handle.isDisposed());
 
   const PublishSubject<int> failing;
-  notes = std::make_shared<Notes>();
+  notes_ = std::make_shared<Notes>();
   start(failing.asObservable());
   failing.onNext(1);
-  setting.scheduler->runDue();
+  setting_.scheduler->runDue();
   failing.onError(broken());
   letTimePass();
-  EXPECT_EQ(notes->lines, GetParam().afterError);
-  EXPECT_TRUE(notes->handle.isDisposed());
+  EXPECT_EQ(notes_->lines, GetParam().afterError);
+  EXPECT_TRUE(notes_->handle.isDisposed());
 }
 
 // A cold source starts on the scheduler; a hot one is subscribed to at once.
 TEST_P(StreamLaws, NothingSentAfterSubscribeReturnedIsLost) {
   const BehaviorSubject<int> subject(1);
-  start(subject.asObservable().subscribeOn(setting.scheduler));
+  start(subject.asObservable().subscribeOn(setting_.scheduler));
   subject.onNext(2);
   subject.onNext(3);
   subject.onCompleted();
   letTimePass();
-  EXPECT_EQ(notes->lines, GetParam().afterCompletion);
+  EXPECT_EQ(notes_->lines, GetParam().afterCompletion);
 }
 
 TEST_P(StreamLaws, EachSubscriptionRunsAnew) {
-  const auto startAgain = GetParam().chain(upTo(3).subscribeOn(setting.scheduler), setting);
+  const auto startAgain = GetParam().chain(upTo(3).subscribeOn(setting_.scheduler), setting_);
   for (int round = 0; round < 2; ++round) {
-    notes = std::make_shared<Notes>();
-    startAgain(notes);
-    EXPECT_THAT(notes->lines, testing::IsEmpty()) << "the cold source did not wait for its scheduler";
+    notes_ = std::make_shared<Notes>();
+    startAgain(notes_);
+    EXPECT_THAT(notes_->lines, testing::IsEmpty()) << "the cold source did not wait for its scheduler";
     letTimePass();
-    EXPECT_EQ(notes->lines, GetParam().afterCompletion);
+    EXPECT_EQ(notes_->lines, GetParam().afterCompletion);
   }
 }
 
@@ -101,30 +101,30 @@ TEST_P(StreamLaws, NothingFollowsTheEnd) {
   const auto failure = Event<int>::failure(broken());
   for (const auto& end : {completed, failure}) {
     const auto source = std::make_shared<RudeSource>();
-    notes = std::make_shared<Notes>();
+    notes_ = std::make_shared<Notes>();
     start(Observable<int>(source));
     const auto next = [](int i) { return Event<int>::next(i); };
     for (const auto& event : {next(1), end, next(2), failure, completed, next(3)}) {
       source->send(event);
-      setting.scheduler->runDue();
+      setting_.scheduler->runDue();
     }
     letTimePass();
-    EXPECT_EQ(std::ranges::find_if(notes->lines, isEnd), notes->lines.end() - 1)
-        << testing::PrintToString(notes->lines);
+    EXPECT_EQ(std::ranges::find_if(notes_->lines, isEnd), notes_->lines.end() - 1)
+        << testing::PrintToString(notes_->lines);
   }
 }
 
 TEST_P(StreamLaws, ACancelledSourceEmitsNoMore) {
   int sent = 0;
   int cancelled = 0;
-  notes->onElement = [this] { notes->handle.dispose(); };
+  notes_->onElement = [this] { notes_->handle.dispose(); };
   start(create<int>([&](AnyObserver<int> observer) {
     while (!observer.isDisposed() && sent < 1000) observer.onNext(++sent);
     return Disposables::create([&cancelled] { ++cancelled; });
   }));
   letTimePass();
-  notes->onElement = nullptr;
-  EXPECT_EQ(notes->lines.size(), 1u);
+  notes_->onElement = nullptr;
+  EXPECT_EQ(notes_->lines.size(), 1u);
   EXPECT_LE(sent, deliversLater() ? 1000 : 2);
   EXPECT_EQ(cancelled, 1);
 }
@@ -136,13 +136,13 @@ TEST_P(StreamLaws, ACancellationBeforeTheStartIsFollowedByNothing) {
     ran = true;
     return Disposables::create();
   });
-  disposesAtOnce = true;
+  disposesAtOnce_ = true;
   for (const auto& source : {cold, subject.asObservable()}) {
     const auto held = startWithSentinel(source);
     subject.onNext(1);
     EXPECT_TRUE(held.expired());
     letTimePass();
-    EXPECT_TRUE(notes->lines.empty());
+    EXPECT_TRUE(notes_->lines.empty());
   }
   EXPECT_FALSE(ran);
 }
@@ -151,33 +151,19 @@ TEST_P(StreamLaws, NothingIsHeldAfterTheEndAndAfterDisposal) {
   const std::vector<std::function<void(const PublishSubject<int>&)>> goings = {
       [](const PublishSubject<int>& source) { source.onCompleted(); },
       [](const PublishSubject<int>& source) { source.onError(broken()); },
-      [this](const PublishSubject<int>&) { notes->handle.dispose(); }};
+      [this](const PublishSubject<int>&) { notes_->handle.dispose(); }};
   for (const auto& go : goings) {
     const PublishSubject<int> source;
     const auto held = startWithSentinel(source.asObservable());
     source.onNext(1);
     letTimePass();
     source.onNext(2);
-    EXPECT_FALSE(held.expired() && notes->lines.empty());
+    EXPECT_FALSE(held.expired() && notes_->lines.empty());
     go(source);
-    if (!notes->handle.isDisposed())
+    if (!notes_->handle.isDisposed())
       letTimePass();  // an end may be delivered later, a disposal takes effect at once
     EXPECT_TRUE(held.expired());
   }
-}
-
-TEST_P(StreamLaws, NothingIsHeldWhenTheSourceGoesWithoutAnEnd) {
-  std::optional<AnyObserver<int>> source;
-  const auto held = startWithSentinel(create<int>([&](AnyObserver<int> observer) {
-    source = observer;
-    return Disposables::create();
-  }));
-  letTimePass();
-  source->onNext(1);
-  source->onNext(2);
-  source.reset();
-  letTimePass();
-  EXPECT_TRUE(held.expired());
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, StreamLaws, testing::ValuesIn(everyOperator()),
@@ -185,28 +171,28 @@ INSTANTIATE_TEST_SUITE_P(Every, StreamLaws, testing::ValuesIn(everyOperator()),
 
 class CallbackLaws : public StreamLaws {};
 
-TEST_P(CallbackLaws, WhatACallbackThrowsEndsTheStreamAndCancelsTheSource) {
+TEST_P(CallbackLaws, AnExceptionOfACallbackEndsTheStreamAndCancelsTheSource) {
   const PublishSubject<int> subject;
-  setting.callback = [] { throw broken(); };
+  setting_.callback = [] { throw broken(); };
   start(subject.asObservable());
   subject.onNext(1);
   subject.onNext(2);
   letTimePass();
-  EXPECT_EQ(notes->lines.back(), "error broken");
-  EXPECT_EQ(notes->lines.size(), 1u);
+  EXPECT_EQ(notes_->lines.back(), "error broken");
+  EXPECT_EQ(notes_->lines.size(), 1u);
   // The pipeline's retry subscribes a second time and fails a second time.
   subject.onNext(3);
   subject.onNext(4);
   letTimePass();
   EXPECT_FALSE(subject.hasObservers());
-  EXPECT_EQ(notes->lines.size(), 1u);
+  EXPECT_EQ(notes_->lines.size(), 1u);
 }
 
 TEST_P(CallbackLaws, ACallbackMayDisposeOfItsOwnStream) {
   const PublishSubject<int> subject;
-  setting.callback = [this] { notes->handle.dispose(); };
+  setting_.callback = [this] { notes_->handle.dispose(); };
   const auto sentinel = std::make_shared<int>();
-  notes->sentinel = sentinel;
+  notes_->sentinel = sentinel;
   start(subject.asObservable());
   subject.onNext(1);
   subject.onNext(2);

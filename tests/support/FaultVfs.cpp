@@ -26,7 +26,7 @@ State& state() {
 
 sqlite3_vfs* real = nullptr;
 
-/// The result that is ordered for this call, or SQLITE_OK.
+/// The result ordered for this call, or SQLITE_OK.
 int fault(Call call, const char* file) {
   auto& shared = state();
   const std::lock_guard lock(shared.mutex);
@@ -71,7 +71,7 @@ int sync(sqlite3_file* file, int) {
 }
 
 int lockShared(sqlite3_file* file, int offset, int count, int flags) {
-  // Letting go of a lock never fails.
+  // Unlocking never fails.
   if ((flags & SQLITE_SHM_UNLOCK) != 0)
     return pass<&sqlite3_io_methods::xShmLock>(file, offset, count, flags);
   return passOrFail<&sqlite3_io_methods::xShmLock, Call::lock>(file, offset, count, flags);

@@ -28,7 +28,7 @@ class FaultVfs {
 
   /// Replaces the former order.
   void order(Order order);
-  /// Whether the order was carried out at least once.
+  /// Returns whether a call has failed as ordered.
   bool hasFailed() const;
   void clear();
 

@@ -40,7 +40,7 @@ std::string text(const reactive::Event<T>& event) {
 
 using Lines = std::vector<std::string>;
 
-/// What a Probe has received. With a clock, each line begins with the time in milliseconds.
+/// The output that a Probe has received. When `clock` is set, each line begins with the time in milliseconds.
 struct Notes {
   Lines lines = {};
   reactive::Disposable handle = {};
@@ -95,7 +95,7 @@ inline Error broken() {
   return Error("Test", "broken");
 }
 
-/// 1, 2, … `last`, then completion.
+/// Emits 1, 2, … `last`, then completes.
 inline reactive::Observable<int> upTo(int last) {
   return reactive::create<int>([last](reactive::AnyObserver<int> observer) {
     for (int i = 1; i <= last; ++i) observer.onNext(i);

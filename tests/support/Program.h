@@ -19,7 +19,7 @@ extern char** environ;
 
 namespace orrelo::test {
 
-/// Runs a program and reads its output; kills it at the latest when destroyed.
+/// Runs a program and reads its output; the destructor kills it.
 class Program {
  public:
   explicit Program(std::vector<std::string> command) {
@@ -45,7 +45,7 @@ class Program {
     close(output_);
   }
 
-  /// Waits for its end; the status of `waitpid`.
+  /// Waits for its end; returns the status of `waitpid`.
   int wait() {
     int status = 0;
     waitpid(std::exchange(pid_, -1), &status, 0);

@@ -20,7 +20,7 @@
 
 namespace orrelo::test {
 
-/// Time that stands still until the test moves it.
+/// A clock that only the test advances.
 class ManualClock final : public Clock {
  public:
   explicit ManualClock(Date now = Date::fromSeconds(1'700'000'000)) : now_(now) {}
@@ -260,7 +260,7 @@ class FixedBundle final : public Bundle {
   std::optional<std::map<std::string, std::string>> entries_;
 };
 
-/// One folder for data and caches.
+/// Uses one folder for data and caches.
 class FolderDirectories final : public Directories {
  public:
   explicit FolderDirectories(std::filesystem::path folder) : folder_(std::move(folder)) {}

@@ -1,6 +1,5 @@
 #include "reactive/Observable.h"
 #include "support/TestPlatform.h"
-#include "ui/StackView.h"
 #include "viewkit/ErrorViewController.h"
 #include "viewkit/IconRectangleButton.h"
 #include "viewkit/RxButton.h"
@@ -13,20 +12,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-TEST(StackViewTest, TheLastSpacingGivenAfterAViewHolds) {
-  const auto first = std::make_shared<StackView>();
-  const auto second = std::make_shared<StackView>();
-  StackView stack;
-  stack.setCustomSpacingAfterLast(5.0);
-  EXPECT_THAT(stack.arrangedSubviews, IsEmpty());
-  stack.addArrangedSubview(first);
-  stack.setCustomSpacingAfterLast(8.0);
-  stack.setCustomSpacingAfterLast(12.0);
-  stack.addArrangedSubview(second, 20.0);
-  EXPECT_EQ(stack.arrangedSubviews,
-            (std::vector<StackView::Arranged>{{first, 0.0, 12.0}, {second, 20.0, 0.0}}));
-}
 
 TEST(ToastLayerTest, EqualToastsAreShownOnceAtATime) {
   ToastLayer layer;

@@ -1,4 +1,3 @@
-#include "base/Logger.h"
 #include "ui/NavigationController.h"
 #include "ui/TabBarController.h"
 #include "ui/ViewController.h"
@@ -194,7 +193,7 @@ TEST_F(ViewControllerTest, ChildrenBesideEachOtherComeAndGoWithTheirScreen) {
                                    "list willDisappear", "list didDisappear", "home didDisappear"));
 }
 
-TEST_F(ViewControllerTest, WhatIsShownAlreadyIsNotShownAgain) {
+TEST_F(ViewControllerTest, AScreenThatIsShownIsNotShownAgain) {
   const auto inner = screen("inner");
   const auto navigation = NavigationController::create(inner);
   const auto above = screen("above");

@@ -24,7 +24,7 @@ class WebViewTest : public testing::Test {
   std::vector<std::string> opened_;
 };
 
-TEST_F(WebViewTest, ALoadHasAMinute) {
+TEST_F(WebViewTest, ALoadTimesOutAfterAMinute) {
   const auto silent = view();
   const auto slow = view();
   const auto quick = view();
@@ -38,7 +38,7 @@ TEST_F(WebViewTest, ALoadHasAMinute) {
   EXPECT_EQ(silent->state.value(), State::empty);
   EXPECT_EQ(slow->state.value(), State::shown) << "a resource that hangs leaves the page shown";
   silent->didFinish(true);
-  EXPECT_EQ(silent->state.value(), State::empty) << "for good";
+  EXPECT_EQ(silent->state.value(), State::empty) << "it stays empty";
   // The first load succeeded, so a later navigation that fails is the page's own matter.
   quick->didFinish(false);
   EXPECT_EQ(quick->state.value(), State::shown);
@@ -60,7 +60,7 @@ TEST_F(WebViewTest, AFailureLeavesThePlaceEmpty) {
   EXPECT_EQ(view("HTTP://shop.example")->state.value(), State::loading);
 }
 
-TEST_F(WebViewTest, APageStaysInTheWeb) {
+TEST_F(WebViewTest, APageMayOnlyGoToWebSchemes) {
   const auto expect = [](bool mainFrame, bool subframe, const std::vector<std::string>& schemes) {
     for (const auto& scheme : schemes) {
       EXPECT_EQ(WebView::mayGoTo(scheme, false), mainFrame) << scheme;
@@ -72,7 +72,7 @@ TEST_F(WebViewTest, APageStaysInTheWeb) {
   expect(false, false, {"file", "qrc", "chrome", "javascript", "shop", ""});
 }
 
-TEST_F(WebViewTest, AWindowOpensOnTheMachine) {
+TEST_F(WebViewTest, AWindowOpensInTheBrowser) {
   const auto page = view();
   for (const auto* const address : {"file:///etc/passwd", "shop://sale", "about:blank", "", "https://a b"}) {
     page->openWindow(address, true);
