@@ -11,7 +11,7 @@ struct Animation {
   double from = 0.0;
   double to = 0.0;
   std::chrono::milliseconds duration{0};
-  /// `from` holds meanwhile.
+  /// The property keeps the value `from` during the delay.
   std::chrono::milliseconds delay{0};
   Curve curve = Curve::easeInOut;
 
