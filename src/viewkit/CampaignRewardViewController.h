@@ -18,14 +18,14 @@ class ORRELO_EXPORT CampaignRewardViewControllerDelegate {
   virtual void didClose() = 0;
 };
 
-/// Announces a reward on a card over the whole screen.
+/// A full-screen overlay with a card that announces a reward.
 class ORRELO_EXPORT CampaignRewardViewController final : public ViewController {
  public:
   struct Content {
     std::string title;
     std::string message;
     std::string buttonText;
-    /// Of the heading and of the button.
+    /// The colour of the heading and of the button.
     Color color;
   };
   static constexpr auto closeAsset = "orl_ic_close";
@@ -36,7 +36,7 @@ class ORRELO_EXPORT CampaignRewardViewController final : public ViewController {
 
   std::string_view kind() const override { return "CampaignRewardViewController"; }
 
-  /// The icon and the button.
+  /// Called for the close icon and for the button.
   void close() override;
 
   const Content content;

@@ -9,7 +9,7 @@
 
 namespace orrelo {
 
-/// A picture of something gone wrong over a text.
+/// An error illustration above a text.
 class ORRELO_EXPORT ErrorView final : public View {
  public:
   struct State {

@@ -10,14 +10,14 @@
 
 namespace orrelo {
 
-/// What the user has to know.
+/// A list of notes for the user.
 class ORRELO_EXPORT NoticeView : public View {
  public:
   explicit NoticeView(const std::vector<std::string>& items) : text(bulletLines(items)) {}
 
   std::string_view kind() const override { return "NoticeView"; }
 
-  /// A bullet line for each item.
+  /// One bulleted line per item.
   const std::string text;
 };
 
