@@ -15,7 +15,7 @@ namespace orrelo {
 /// The kit's own bar at the top of a presented screen: a title between two places for buttons.
 struct ModalTopBar {
   std::optional<std::string> title;
-  /// In points; 0 where the bar takes no room.
+  /// In points; 0 if the bar is hidden.
   double height = 44.0;
 
   friend bool operator==(const ModalTopBar&, const ModalTopBar&) = default;
