@@ -4,7 +4,7 @@
 
 namespace orrelo {
 
-/// A change of one property over time, for a front to play.
+/// An animation of one property, played by a front.
 struct Animation {
   enum class Curve { easeOut, easeInOut };
 
