@@ -18,7 +18,7 @@ class ORRELO_EXPORT ErrorView final : public View {
 
     friend bool operator==(const State&, const State&) = default;
   };
-  /// The kit's picture.
+  /// The illustration, one of the kit's assets.
   static constexpr auto asset = "orl_ic_error";
 
   explicit ErrorView(std::string text) : state({std::move(text), false}) {}

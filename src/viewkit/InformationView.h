@@ -22,7 +22,7 @@ class ORRELO_EXPORT InformationView final : public View {
 
   const std::string firstTitle;
   const std::string secondTitle;
-  /// Any number of lines.
+  /// May have any number of lines.
   const std::string guideMessage;
 };
 
