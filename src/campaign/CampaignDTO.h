@@ -12,7 +12,7 @@ namespace orrelo {
 /// A campaign as the service sends it. Every field is required, and an error in one of them fails the reply.
 /// An error in the detail of a page only makes that page unknown.
 struct CampaignDTO {
-  /// Also the whole reply to a participation.
+  /// The page of a campaign. It is also the complete reply to a participation.
   struct PageResponse {
     std::string pageType;
     std::string pageId;

@@ -14,7 +14,7 @@ struct OptInMarketingCampaignPageDetailDTO {
   bool buttonEnable = false;
   std::string buttonText;
   bool buttonVisibility = false;
-  /// Hexadecimal.
+  /// A hexadecimal colour.
   std::string color;
   std::vector<std::string> notice;
 
