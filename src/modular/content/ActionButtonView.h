@@ -25,8 +25,8 @@ class ORRELO_EXPORT ActionButtonView final : public View {
   /// The spacing between the button and the status line.
   static constexpr double spacing = 10.0;
   static constexpr double buttonHeight = 56.0;
-  /// On modular pages a disabled button has this fixed colour; on other screens it is a paler shade of its
-  /// own.
+  /// The fixed colour of a disabled button on modular pages. Other screens use a paler shade of the button's
+  /// colour.
   static constexpr Color disabledColor{0.945, 0.949, 0.953, 1.0};
   static constexpr Color disabledTitleColor{0.582, 0.588, 0.592, 1.0};
   static constexpr Color statusColor{0.363, 0.369, 0.375, 1.0};
