@@ -59,7 +59,8 @@ class FetchCampaignUseCase {
   std::shared_ptr<CampaignRepository> repository_;
 };
 
-/// Fetches all campaigns and removes the stored states of campaigns that are no longer listed.
+/// Fetches all campaigns and removes the stored states of campaigns that are no longer listed, including
+/// which dialogs were shown.
 class FetchCampaignsUseCase {
  public:
   explicit FetchCampaignsUseCase(std::shared_ptr<CampaignRepository> repository)

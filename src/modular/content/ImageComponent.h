@@ -10,7 +10,7 @@
 
 namespace orrelo {
 
-/// An image with the width of the page and the height of its proportions.
+/// An image with the width of the page; its height follows from the image.
 class ORRELO_EXPORT ImageComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "image";
