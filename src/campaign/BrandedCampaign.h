@@ -5,7 +5,7 @@
 
 namespace orrelo {
 
-/// A campaign and the host's colours.
+/// A campaign with the brand colours of the host.
 struct BrandedCampaign {
   Campaign campaign;
   Color primary;

@@ -28,7 +28,7 @@ struct Campaign {
   std::string label;
   std::string name;
   std::string iconUrl;
-  /// Of the screen.
+  /// The title of the screen.
   std::optional<std::string> title;
   CampaignType type = UnknownCampaign{};
 
@@ -38,11 +38,10 @@ struct Campaign {
 enum class CampaignTypeError { mappingError };
 Error makeError(CampaignTypeError error);
 
-/// The kind by which a host can ask for the campaign. Throws CampaignTypeError mappingError where it has
-/// none.
+/// The type by which a host can request the campaign. Throws CampaignTypeError mappingError if there is none.
 ORLCampaignType publicType(const Campaign& campaign);
 
-/// The kind's name in the event "ol_visit".
+/// The page name in the event "ol_visit".
 std::string pageName(const Campaign& campaign);
 
 }  // namespace orrelo

@@ -14,7 +14,7 @@ void CampaignActionView::configure(const CampaignAction& action, const Color& co
 void CampaignActionView::onClick() {
   const auto screen = delegate.lock();
   if (!actionUrl_ || !screen || !state.value().isEnabled) return;
-  const auto tapped = onTap_;  // the answer may replace this view
+  const auto tapped = onTap_;  // the reply may destroy this view
   screen->participate(*actionUrl_);
   if (tapped) tapped();
 }

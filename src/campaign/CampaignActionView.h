@@ -13,23 +13,23 @@
 
 namespace orrelo {
 
-/// What an action view asks its screen for.
+/// Implemented by the screen that contains the action view.
 class ORRELO_EXPORT CampaignActionViewDelegate {
  public:
   virtual ~CampaignActionViewDelegate() = default;
 
-  /// Follows the action behind the URL as the current user.
+  /// Participates through the action's URL as the current user.
   virtual void participate(const std::string& actionUrl) = 0;
 };
 
-/// The one button of a campaign's page, and a line on how things stand.
+/// The participation button of a campaign's page with a status line.
 class ORRELO_EXPORT CampaignActionView final : public View {
  public:
   struct State {
     std::string title;
     std::string statusMessage;
     bool isEnabled = false;
-    /// Of the button's background; a disabled button dims it.
+    /// The button's background; a disabled button shows it paler.
     Color color;
 
     friend bool operator==(const State&, const State&) = default;
@@ -40,7 +40,8 @@ class ORRELO_EXPORT CampaignActionView final : public View {
   std::string_view kind() const override { return "CampaignActionView"; }
 
   void configure(const CampaignAction& action, const Color& color, std::function<void()> onTap = nullptr);
-  /// The button was pressed: the action first, then `onTap`. Nothing where there is nobody to ask.
+  /// Called when the button is pressed. Participates and then calls `onTap`. Does nothing without a delegate,
+  /// a URL or if the button is disabled.
   void onClick();
 
   Followed<State> state;

@@ -3,8 +3,8 @@
 namespace orrelo {
 namespace {
 
-// A new parser's memory costs more than the reading of a usual reply: each thread keeps one for those.
-// `read` must not read another one meanwhile.
+// Allocating a parser costs more than parsing a usual reply, so each thread keeps one for those. `read` must
+// not parse another document meanwhile.
 template <class Read>
 auto readDocument(std::string_view json, Read read) {
   constexpr std::size_t usualSize = std::size_t{256} * 1024;

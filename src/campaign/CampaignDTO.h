@@ -9,10 +9,10 @@
 
 namespace orrelo {
 
-/// A campaign as the service sends it. Every field is required, and only these fail a reply; what is wrong
-/// within a page's detail makes that page unknown.
+/// A campaign as the service sends it. Every field is required, and an error in one of them fails the reply.
+/// An error in the detail of a page only makes that page unknown.
 struct CampaignDTO {
-  /// Also the whole reply to a participation.
+  /// The page of a campaign. It is also the complete reply to a participation.
   struct PageResponse {
     std::string pageType;
     std::string pageId;
@@ -34,7 +34,8 @@ struct CampaignDTO {
   /// Throw a DecodingError.
   static CampaignDTO decode(std::string_view json);
   static CampaignDTO decode(const JsonObject& json);
-  /// Visits each campaign of a list, in its order. It throws where it comes to one that cannot be read.
+  /// Calls `visit` for each campaign of a list, in order. Throws at the first campaign that cannot be
+  /// decoded.
   static void decodeList(std::string_view json, const std::function<void(CampaignDTO&&)>& visit);
 
   friend bool operator==(const CampaignDTO&, const CampaignDTO&) = default;

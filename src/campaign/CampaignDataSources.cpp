@@ -54,7 +54,7 @@ void CampaignLocalDataSource::prune(const std::vector<Campaign>& listed) const {
 }
 
 void CampaignLocalDataSource::store(std::vector<CampaignState> states) const {
-  // The first state of a campaign is the one that counts.
+  // Only the first state of each campaign is kept.
   std::set<std::string> known;
   std::erase_if(states, [&](const auto& state) { return !known.insert(state.campaignId).second; });
   JsonWriter json;

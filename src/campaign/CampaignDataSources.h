@@ -14,27 +14,27 @@
 
 namespace orrelo {
 
-/// What the device remembers of a campaign.
+/// The state of a campaign that is stored on the device.
 struct CampaignState {
   std::string campaignId;
-  /// The dialog of its result has been presented once.
+  /// The dialog of the campaign's result has been presented.
   bool popUpDialogIsShown = false;
 
   friend bool operator==(const CampaignState&, const CampaignState&) = default;
 };
 
-/// The states on the device, in the suite that it is given. Any thread; a save and a prune at once may lose
-/// one of the two, which only shows a dialog once more.
+/// Stores the campaign states in a suite of user defaults. Any thread. If a save and a prune run at the same
+/// time, one of them may be lost; the only effect is that a dialog is shown again.
 class CampaignLocalDataSource {
  public:
   explicit CampaignLocalDataSource(std::shared_ptr<UserDefaults> userDefaults)
       : userDefaults_(std::move(userDefaults)) {}
 
-  /// Empty where nothing is stored or where that cannot be read.
+  /// Returns an empty list if nothing is stored or the stored data cannot be decoded.
   std::vector<CampaignState> load() const;
-  /// In place of what was stored for the campaign, at the end.
+  /// Replaces the stored state of the campaign and moves it to the end.
   void save(const CampaignState& state) const;
-  /// Forgets every campaign but these. It writes in any case.
+  /// Removes the states of all campaigns that are not listed. Always writes.
   void prune(const std::vector<Campaign>& listed) const;
 
  private:
@@ -43,11 +43,11 @@ class CampaignLocalDataSource {
   std::shared_ptr<UserDefaults> userDefaults_;
 };
 
-/// The headers of a request on behalf of a user: "buid" is the user who asks, whatever it was before.
+/// Adds the header "buid" with the user's id and replaces an existing one.
 HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId);
 
-/// GET "/campaigns" and GET "/campaigns/<id>". Cold streams of one element, or of the error of the network,
-/// the service or the reply. Replies are read on `scheduler` and not on the network's thread.
+/// GET "/campaigns" and GET "/campaigns/<id>". The streams are cold and emit one element or the error of the
+/// network, the service or the decoding. Replies are decoded on `scheduler`, not on the network's thread.
 class CampaignRemoteDataSource {
  public:
   CampaignRemoteDataSource(NetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient,
@@ -57,7 +57,7 @@ class CampaignRemoteDataSource {
         scheduler_(std::move(scheduler)) {}
 
   reactive::Observable<Campaign> fetch(const std::string& campaignId, const std::string& userId) const;
-  /// In the order of the service.
+  /// The campaigns in the order of the service.
   reactive::Observable<std::vector<Campaign>> fetchAll(const std::string& userId) const;
 
  private:

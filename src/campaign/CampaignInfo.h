@@ -6,7 +6,7 @@
 
 namespace orrelo {
 
-// What the campaigns of several kinds are made of.
+// Records shared by several kinds of campaigns.
 
 struct CampaignInfo {
   std::string firstTitle;
@@ -17,7 +17,7 @@ struct CampaignInfo {
   friend bool operator==(const CampaignInfo&, const CampaignInfo&) = default;
 };
 
-/// The button that takes part. `actionUrl` is a path that the service has made; the kit only calls it.
+/// The participation button. `actionUrl` is a path provided by the service, which the kit calls unchanged.
 struct CampaignAction {
   std::string title;
   std::string statusMessage;

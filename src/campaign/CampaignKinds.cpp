@@ -19,7 +19,7 @@ namespace orrelo {
 namespace {
 
 template <class T, class... Alternatives>
-constexpr std::size_t placeIn(std::type_identity<std::variant<Alternatives...>>) {
+constexpr std::size_t alternativeIndex(std::type_identity<std::variant<Alternatives...>>) {
   constexpr std::array isIt{std::is_same_v<T, Alternatives>...};
   return static_cast<std::size_t>(std::find(isIt.begin(), isIt.end(), true) - isIt.begin());
 }
@@ -28,7 +28,7 @@ template <class Kind>
 constexpr CampaignKind kind() {
   using Record = typename Kind::Record;
   CampaignKind row{
-      .record = placeIn<Record>(std::type_identity<Campaign::CampaignType>()),
+      .record = alternativeIndex<Record>(std::type_identity<Campaign::CampaignType>()),
       .matches = [](std::string_view) { return false; },
       .pageName =
           [](const Campaign& campaign) {
@@ -44,7 +44,7 @@ constexpr CampaignKind kind() {
   };
   if constexpr (requires { typename Kind::Detail; }) {
     using Detail = typename Kind::Detail;
-    row.detail = placeIn<Detail>(std::type_identity<PageDetailDTO::Kind>());
+    row.detail = alternativeIndex<Detail>(std::type_identity<PageDetailDTO::Kind>());
     row.matches = &Kind::matches;
     row.decode = &Kind::decode;
     row.map = [](PageDetailDTO::Kind&& detail, Campaign& campaign) -> Campaign::CampaignType {
@@ -54,26 +54,26 @@ constexpr CampaignKind kind() {
   return row;
 }
 
-// In the order in which a page's type is tested: an "attendance_result" is an attendance page. A modular page
-// has any type. A new kind is one line more.
+// Page types are matched in this order: an "attendance_result" is an attendance page, and the modular kind
+// matches any type. A new kind needs one more line here.
 constexpr std::array kinds{
     kind<AttendanceCampaignKind>(),     kind<ReferralCampaignKind>(),   kind<StampCampaignKind>(),
     kind<OptInMarketingCampaignKind>(), kind<DeprecatedCampaignKind>(), kind<CampaignResultKind>(),
     kind<ModularCampaignKind>(),        kind<UnknownCampaignKind>(),    kind<InduceUpdateCampaignKind>(),
 };
 
-constexpr bool hasEach(std::size_t CampaignKind::*place, std::size_t count) {
+constexpr bool coversAll(std::size_t CampaignKind::*index, std::size_t count) {
   for (std::size_t each = 0; each < count; ++each) {
     if (std::count_if(kinds.begin(), kinds.end(),
-                      [&](const CampaignKind& row) { return row.*place == each; }) != 1)
+                      [&](const CampaignKind& row) { return row.*index == each; }) != 1)
       return false;
   }
   return true;
 }
 
-static_assert(hasEach(&CampaignKind::detail, std::variant_size_v<PageDetailDTO::Kind>),
+static_assert(coversAll(&CampaignKind::detail, std::variant_size_v<PageDetailDTO::Kind>),
               "every detail has one kind");
-static_assert(hasEach(&CampaignKind::record, std::variant_size_v<Campaign::CampaignType>),
+static_assert(coversAll(&CampaignKind::record, std::variant_size_v<Campaign::CampaignType>),
               "every record has one kind");
 
 template <class IsIt>
@@ -88,11 +88,11 @@ const CampaignKind& kindOfPage(std::string_view pageType) {
 }
 
 const CampaignKind& kindOf(const PageDetailDTO::Kind& detail) {
-  return first([place = detail.index()](const CampaignKind& row) { return row.detail == place; });
+  return first([index = detail.index()](const CampaignKind& row) { return row.detail == index; });
 }
 
 const CampaignKind& kindOf(const Campaign::CampaignType& record) {
-  return first([place = record.index()](const CampaignKind& row) { return row.record == place; });
+  return first([index = record.index()](const CampaignKind& row) { return row.record == index; });
 }
 
 }  // namespace orrelo

@@ -5,7 +5,7 @@
 
 namespace orrelo {
 
-/// From what the service sends to what the screens show. Never fails: a page that has no place here is an
+/// Maps the service's records to the ones that the screens show. Never fails: an unsupported page becomes an
 /// unknown campaign.
 class CampaignMapper {
  public:

@@ -8,20 +8,20 @@
 
 namespace orrelo {
 
-/// Campaigns are never kept: each question goes to the service. Streams are cold, give one element or an
-/// error, and their elements come on the scheduler of the data source. Any thread.
+/// Campaigns are not cached: each request goes to the service. The streams are cold and emit one element or
+/// an error on the data source's scheduler. Any thread.
 class CampaignRepository {
  public:
   virtual ~CampaignRepository() = default;
 
   virtual reactive::Observable<Campaign> fetchCampaign(const std::string& campaignId,
                                                        const std::string& userId) = 0;
-  /// In the order of the service.
+  /// The campaigns in the order of the service.
   virtual reactive::Observable<std::vector<Campaign>> fetchCampaigns(const std::string& userId) = 0;
 
   virtual std::vector<CampaignState> fetchStates() = 0;
   virtual void saveState(const CampaignState& state) = 0;
-  /// Forgets the states of all campaigns but these.
+  /// Removes the states of all campaigns that are not listed.
   virtual void pruneStates(const std::vector<Campaign>& listed) = 0;
 };
 
@@ -59,7 +59,7 @@ class FetchCampaignUseCase {
   std::shared_ptr<CampaignRepository> repository_;
 };
 
-/// A list that arrives also tells which states are still of use: the device forgets the others, and with them
+/// Fetches all campaigns and removes the stored states of campaigns that are no longer listed, including
 /// which dialogs were shown.
 class FetchCampaignsUseCase {
  public:

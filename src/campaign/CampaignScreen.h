@@ -11,16 +11,15 @@
 
 namespace orrelo {
 
-/// What a kind of campaign asks of the screen that shows it. Main thread.
+/// The operations of the screen that a kind of campaign uses to show itself. Main thread.
 class ORRELO_EXPORT CampaignScreen : public CampaignActionViewDelegate, public ModularCampaignViewDelegate {
  public:
-  /// Replaces the page on the screen.
+  /// Replaces the displayed page.
   virtual void show(const std::shared_ptr<View>& content) = 0;
-  /// Takes the page away and says why: for a campaign that this build cannot show.
-  virtual void showNothing(OrreloError reason) = 0;
-  /// False for a screen that was taken away while its reply was on its way: nobody would see a dialog over
-  /// it.
-  virtual bool hasPlace() const = 0;
+  /// Removes the page and shows an error, for a campaign that this build cannot show.
+  virtual void showError(OrreloError reason) = 0;
+  /// False if the screen was removed before its reply arrived. A dialog must not be presented then.
+  virtual bool isAttached() const = 0;
   virtual std::shared_ptr<ORLUIViewController> viewController() = 0;
   virtual const CampaignViewModel& model() const = 0;
 };

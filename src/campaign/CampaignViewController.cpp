@@ -11,7 +11,7 @@ namespace orrelo {
 CampaignViewController::CampaignViewController(std::shared_ptr<CampaignViewModel> viewModel,
                                                std::optional<std::string> campaignId,
                                                std::optional<ORLCampaignType> campaignType)
-    // Deliberately not spelled as the text that an error gives it.
+    // This text deliberately differs from the text that `setText` shows for an error.
     : errorView(std::make_shared<ErrorView>("잠시 후 다시 시도해주세요")),
       viewModel_(std::move(viewModel)),
       campaignId_(std::move(campaignId)),
@@ -81,7 +81,7 @@ void CampaignViewController::setLoading(bool isLoading) {
   state_.change([isLoading](State& state) { state.isLoading = isLoading; });
 }
 
-void CampaignViewController::showNothing(OrreloError reason) {
+void CampaignViewController::showError(OrreloError reason) {
   show(nullptr);
   fail(makeError(reason));
 }
@@ -90,8 +90,8 @@ void CampaignViewController::show(const std::shared_ptr<View>& content) {
   state_.change([&](State& state) { state.content = content; });
 }
 
-bool CampaignViewController::hasPlace() const {
-  // A window's root screen keeps its place while another screen covers it.
+bool CampaignViewController::isAttached() const {
+  // The root screen of a window has no parent and is not visible while another screen covers it.
   return isVisible() || parent() || presentingViewController() || presentedViewController();
 }
 

@@ -12,20 +12,20 @@
 
 namespace orrelo {
 
-/// The one screen for every kind of campaign. It loads each time it appears, and whatever comes, from a load
-/// or from taking part, replaces what it shows. After an error of its streams it stays as it is; a kind that
-/// it cannot show gives way to the next campaign.
+/// The screen for all kinds of campaigns. It loads whenever it appears, and each result of a load or a
+/// participation replaces its content. An error of the streams is final. A campaign that cannot be shown is
+/// replaced by the next result.
 class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, public CampaignScreen {
  public:
   struct State {
-    /// The page of the campaign's kind; null until there is one. It stays while another loads.
+    /// The page of the campaign; null until the first result. It stays while the screen reloads.
     std::shared_ptr<View> content;
     bool isLoading = false;
 
     friend bool operator==(const State&, const State&) = default;
   };
   static constexpr auto backgroundAsset = "orl_bg_gray_gradient";
-  /// Of the activity indicator, in points.
+  /// The size of the activity indicator, in points.
   static constexpr Size indicatorSize{50.0, 50.0};
 
   static std::shared_ptr<CampaignViewController> create(std::shared_ptr<CampaignViewModel> viewModel,
@@ -38,7 +38,7 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, p
 
   const State& state() const { return state_.value(); }
   reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
-  /// Over the content while it is not hidden.
+  /// The error view, above the content.
   const std::shared_ptr<ErrorView> errorView;
 
   void participate(const std::string& actionUrl) override;
@@ -46,12 +46,12 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, p
   void reload() override;
 
   void show(const std::shared_ptr<View>& content) override;
-  void showNothing(OrreloError reason) override;
-  bool hasPlace() const override;
+  void showError(OrreloError reason) override;
+  bool isAttached() const override;
   std::shared_ptr<ORLUIViewController> viewController() override;
   const CampaignViewModel& model() const override { return *viewModel_; }
 
-  /// Where it is null, a page that leads elsewhere leads nowhere.
+  /// Opens the pages that a campaign links to. If null, such links do nothing.
   std::shared_ptr<PageRouter> pageRouter;
 
  protected:

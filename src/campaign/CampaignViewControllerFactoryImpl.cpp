@@ -4,7 +4,7 @@
 
 namespace orrelo {
 
-// Full screen is what a screen is presented as where nobody says otherwise.
+// The screen keeps the default presentation style, which is full screen.
 template <class Target>
 std::shared_ptr<ViewController> CampaignViewControllerFactoryImpl::makeFor(const Target& target) const {
   const auto screen = CampaignViewController::create(CampaignViewModelImpl::create(useCases_), target);

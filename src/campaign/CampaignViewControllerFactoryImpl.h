@@ -7,7 +7,7 @@
 
 namespace orrelo {
 
-/// Each screen gets a view model of its own.
+/// Creates each screen with its own view model.
 class CampaignViewControllerFactoryImpl final : public CampaignViewControllerFactory {
  public:
   CampaignViewControllerFactoryImpl(CampaignUseCases useCases, std::shared_ptr<PageRouter> pageRouter)

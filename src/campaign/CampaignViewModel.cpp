@@ -21,20 +21,20 @@ bool hasType(const Campaign& campaign, ORLCampaignType type) {
   }
 }
 
-// Whether the pipeline is at work. Once it has ended, no trigger that comes at the same moment says
-// otherwise; those who listen are told within the lock, and do so on a scheduler of their own.
-class Loading {
+// The loading state of the pipeline. After `finish`, concurrent triggers cannot set it to loading again.
+// Observers are called while the lock is held; they observe on their own scheduler.
+class LoadingState {
  public:
-  void begin() { tell(true, false); }
-  void end() { tell(false, false); }
-  void finish() { tell(false, true); }
+  void begin() { set(true, false); }
+  void end() { set(false, false); }
+  void finish() { set(false, true); }
   reactive::Observable<bool> stream() const { return isLoading_.asObservable().distinctUntilChanged(); }
 
  private:
-  void tell(bool isLoading, bool isLast) {
+  void set(bool isLoading, bool isFinal) {
     const std::lock_guard lock(mutex_);
     if (hasFinished_) return;
-    hasFinished_ = isLast;
+    hasFinished_ = isFinal;
     isLoading_.onNext(isLoading);
   }
 
@@ -54,7 +54,7 @@ std::shared_ptr<CampaignViewModelImpl> CampaignViewModelImpl::create(CampaignUse
   return std::shared_ptr<CampaignViewModelImpl>(new CampaignViewModelImpl(std::move(useCases)));
 }
 
-/// `method` as a step of a stream that holds the view model weakly.
+/// Returns a stream operator that calls `method` and holds the view model weakly.
 template <class In, class Out>
 auto CampaignViewModelImpl::step(Stream<Out> (CampaignViewModelImpl::*method)(const In&)) {
   return [weak = weak_from_this(), method](const In& element) {
@@ -68,7 +68,7 @@ CampaignViewModel::Output CampaignViewModelImpl::transform(
     const Triggers<ORLCampaignType>& loadTriggerByCampaignType,
     const Triggers<std::string>& participateTrigger) {
   using Trigger = CampaignTrigger<std::string>;
-  const auto loading = std::make_shared<Loading>();
+  const auto loading = std::make_shared<LoadingState>();
   const auto begins = [loading](const auto&) { loading->begin(); };
 
   const auto byType =
@@ -99,7 +99,7 @@ CampaignViewModelImpl::Stream<CampaignTrigger<std::string>> CampaignViewModelImp
         const auto found = std::find_if(campaigns.begin(), campaigns.end(),
                                         [&](const auto& each) { return hasType(each, trigger.target); });
         if (found == campaigns.end()) throw makeError(OrreloError::campaignNotExists);
-        return Found{found->id, trigger.userId};  // to be asked for by itself: a list may hold less of it
+        return Found{found->id, trigger.userId};  // fetched by id, since a list may contain fewer details
       });
 }
 

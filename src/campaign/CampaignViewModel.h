@@ -16,14 +16,14 @@
 
 namespace orrelo {
 
-/// What the screen is asked to do, and for whom: the current user at that moment.
+/// A request of the screen, with the user who was current at that moment.
 template <class Target>
 struct CampaignTrigger {
   Target target;
   std::optional<std::string> userId;
 };
 
-/// What a campaign screen is made from.
+/// The dependencies of a campaign screen.
 struct CampaignUseCases {
   FetchCampaignsUseCase fetchCampaignsUseCase;
   FetchCampaignUseCase fetchCampaignUseCase;
@@ -42,29 +42,32 @@ class CampaignViewModel {
 
   struct Output {
     /// One element for each load and each participation. It ends at the first error: `notLoggedIn`,
-    /// `campaignNotExists` or what the network, the service or the store's lookup raised. Nothing that comes
-    /// after that has an effect, so that the user leaves the screen to try again.
+    /// `campaignNotExists` or an error of the network, the service or the store's lookup. Later triggers are
+    /// ignored, so the user has to leave the screen to retry.
     reactive::Observable<BrandedCampaign> campaign;
-    /// Without repeats; true from each trigger on until the next element or the end.
+    /// True from each trigger until the next element or the end. Emits only changes.
     reactive::Observable<bool> isLoading;
   };
 
   virtual ~CampaignViewModel() = default;
 
-  /// By campaign id, by kind, and by the path of an action. Subscribe to `campaign` once. A trigger that
-  /// fires after `subscribe` returned is not lost, whichever scheduler the subscription begins on.
+  /// The triggers load by campaign id, load by type, and participate by the path of an action. Subscribe to
+  /// `campaign` only once. Triggers that fire after `subscribe` has returned are not lost, whichever
+  /// scheduler the subscription runs on.
   virtual Output transform(const Triggers<std::string>& loadTriggerByCampaignId,
                            const Triggers<ORLCampaignType>& loadTriggerByCampaignType,
                            const Triggers<std::string>& participateTrigger) = 0;
 
-  /// Each time the campaign is rendered; reports "ol_visit" unless it was the last one that was visited.
+  /// Must be called each time a campaign is rendered. Reports "ol_visit" unless the same campaign was the
+  /// last one visited.
   virtual void visit(const Campaign& campaign) = 0;
 
   virtual const FetchCampaignStateUseCase& fetchCampaignStateUseCase() const = 0;
   virtual const SaveCampaignStateUseCase& saveCampaignStateUseCase() const = 0;
 };
 
-/// Any thread. The streams do not keep it alive; without it they end with OrreloError referenceDeallocation.
+/// Any thread. The streams hold the view model weakly; after its destruction they end with OrreloError
+/// referenceDeallocation.
 class CampaignViewModelImpl final : public CampaignViewModel,
                                     public std::enable_shared_from_this<CampaignViewModelImpl> {
  public:
@@ -100,7 +103,7 @@ class CampaignViewModelImpl final : public CampaignViewModel,
 
   const CampaignUseCases useCases_;
   std::mutex mutex_;
-  /// What is on the screen; to take part in it.
+  /// The displayed campaign, for participations.
   std::optional<Campaign> campaign_;
   std::optional<Campaign> lastVisitCampaign_;
 };

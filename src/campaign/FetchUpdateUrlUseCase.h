@@ -8,20 +8,20 @@
 
 namespace orrelo {
 
-/// Where the user gets a newer version of the host application.
+/// Provides the URL at which the user can update the host application.
 class FetchUpdateUrlUseCase {
  public:
   virtual ~FetchUpdateUrlUseCase() = default;
 
-  /// A cold stream of one URL, or of the error of a lookup that failed. Any thread.
+  /// A cold stream of one URL or of the error of a failed lookup. Any thread.
   virtual reactive::Observable<std::string> fetch() = 0;
 };
 
-/// The application's page in the store; the configuration's link, which may be empty, where the application
-/// has no bundle identifier or the store does not know it.
+/// Returns the URL of the application's page in the store, or the link of the configuration, which may be
+/// empty, if the application has no bundle identifier or the store does not know it.
 class FetchUpdateUrlUseCaseImpl final : public FetchUpdateUrlUseCase {
  public:
-  /// The application's path follows.
+  /// The base of the URL; the application's path is appended.
   static constexpr const char* storeLink = "itms-apps://itunes.apple.com";
 
   FetchUpdateUrlUseCaseImpl(std::shared_ptr<ItunesAPIService> itunesServiceApi,

@@ -19,7 +19,7 @@ struct ITunesAppData {
   friend bool operator==(const ITunesAppData&, const ITunesAppData&) = default;
 };
 
-/// What the store knows of an application.
+/// The reply of the store's lookup.
 struct ITunesResponse {
   std::int64_t resultCount = 0;
   std::vector<ITunesAppData> results;
@@ -30,7 +30,7 @@ struct ITunesResponse {
   friend bool operator==(const ITunesResponse&, const ITunesResponse&) = default;
 };
 
-/// The store's public lookup.
+/// The store's public lookup service.
 class ItunesAPIService {
  public:
   virtual ~ItunesAPIService() = default;
@@ -39,10 +39,10 @@ class ItunesAPIService {
   virtual reactive::Observable<ITunesResponse> lookup(const std::string& bundleId) = 0;
 };
 
-/// Replies are read on `scheduler` and not on the network's thread.
+/// Replies are decoded on `scheduler`, not on the network's thread.
 class ItunesAPIServiceImpl final : public ItunesAPIService {
  public:
-  /// Over plain HTTP, as the store offers it: nothing of the user or of the kit goes with the question.
+  /// Plain HTTP, as the store offers it. The request contains no data of the user or the kit.
   static constexpr const char* storeUrl = "http://itunes.apple.com";
 
   ItunesAPIServiceImpl(std::shared_ptr<HTTPClient> httpClient, reactive::SchedulerPtr scheduler,

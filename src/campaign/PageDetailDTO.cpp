@@ -9,7 +9,7 @@ PageDetailDTO PageDetailDTO::decode(std::string_view pageType, const JsonObject&
   try {
     return kindOfPage(pageType).decode(page);
   } catch (const Error&) {
-    // A page that this build cannot read must not cost the user the rest of the list.
+    // A single page that cannot be decoded must not fail the whole list.
     return unknown();
   }
 }

@@ -17,22 +17,22 @@
 
 namespace orrelo {
 
-/// What a page shows. Its kind follows from the page's type.
+/// The content of a page. Its kind is determined by the page's type.
 struct PageDetailDTO {
   using Kind = std::variant<AttendanceCampaignPageDetailDTO, ReferralCampaignPageDTO, StampCampaignPageDTO,
                             OptInMarketingCampaignPageDetailDTO, DeprecatedPageDTO, CampaignResultPageDTO,
                             ModularCampaignPageDTO, UnknownCampaignDetailDTO>;
-  /// The title where none is read.
+  /// The title of pages whose title is not decoded.
   static constexpr auto fixedTitle = "이벤트";
 
   Kind kind = UnknownCampaignDetailDTO{};
-  /// The title of the screen. Optional: a value that is no text makes the page unknown.
+  /// The title of the screen. Optional; a value of another type makes the page unknown.
   std::optional<std::string> toolbarText;
 
-  /// Reads the detail out of the page's object. Never fails: what cannot be read is unknown. Only the order
-  /// of a modular page's blocks may stop the process, see ModularCampaignPageDTO.
+  /// Decodes the detail from the page's object. Never throws: a page that cannot be decoded is unknown. Only
+  /// an invalid block order of a modular page may stop the process, see ModularCampaignPageDTO.
   static PageDetailDTO decode(std::string_view pageType, const JsonObject& page);
-  /// For the kinds: reads one of the alternatives from the object at `key`. Throws a DecodingError.
+  /// A helper for the kinds: decodes a detail of this type from the object at `key`. Throws a DecodingError.
   template <class Detail>
   static PageDetailDTO decodeAs(const JsonObject& page, std::string_view key = "page_detail") {
     const auto json = page.object(key);

@@ -12,12 +12,12 @@ reactive::Observable<Campaign> ParticipateCampaignUseCaseImpl::participate(const
   builder.baseUrl = networkConfig_.baseUrl;
   builder.path = url;
   builder.headers = withUser(networkConfig_.headers, userId);
-  // The reply is the page alone; whose page it is, the screen knows.
-  CampaignDTO whose{campaign.id, campaign.label, campaign.name, campaign.iconUrl, {}};
+  // The reply contains only the page; the other fields are those of the displayed campaign.
+  CampaignDTO displayed{campaign.id, campaign.label, campaign.name, campaign.iconUrl, {}};
   return send(builder, *httpClient_)
       .observeOn(scheduler_)
-      .map([mapper = mapper_, whose = std::move(whose)](const HTTPReply& reply) {
-        auto dto = whose;
+      .map([mapper = mapper_, displayed = std::move(displayed)](const HTTPReply& reply) {
+        auto dto = displayed;
         dto.page = CampaignDTO::PageResponse::decode(reply.data);
         return mapper.map(std::move(dto));
       });

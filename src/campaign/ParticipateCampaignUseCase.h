@@ -11,19 +11,19 @@
 
 namespace orrelo {
 
-/// Misspelled from the start, and kept so.
+/// The misspelled name is deliberately kept.
 class ParticipageCampaignUseCase {
  public:
   virtual ~ParticipageCampaignUseCase() = default;
 
-  /// Calls the path that the campaign's page carries, and gives the campaign with the page that now applies.
-  /// A query in that path is deliberately dropped: a request's own query items, of which this one has none,
-  /// take its place. A cold stream of one element or an error. Any thread.
+  /// Requests the path from the campaign's page and emits the campaign with its new page. A query in the path
+  /// is deliberately dropped, since the request's own query items, which are empty, replace it. A cold stream
+  /// of one element or an error. Any thread.
   virtual reactive::Observable<Campaign> participate(const Campaign& campaign, const std::string& url,
                                                      const std::string& userId) = 0;
 };
 
-/// Replies are read on `scheduler` and not on the network's thread.
+/// Replies are decoded on `scheduler`, not on the network's thread.
 class ParticipateCampaignUseCaseImpl final : public ParticipageCampaignUseCase {
  public:
   ParticipateCampaignUseCaseImpl(NetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient,

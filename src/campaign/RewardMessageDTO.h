@@ -6,7 +6,7 @@
 
 namespace orrelo {
 
-/// A reward to announce; every field is required.
+/// The announcement of a reward; every field is required.
 struct RewardMessageDTO {
   std::string title;
   std::string body;

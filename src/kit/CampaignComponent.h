@@ -9,10 +9,10 @@
 
 namespace orrelo {
 
-/// Wires the campaigns and their screens.
+/// Builds the campaign feature and its screens.
 class CampaignComponent {
  public:
-  /// `storeUrl` is where the store's lookup is asked.
+  /// `storeUrl` is the base URL of the store's lookup service.
   CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
                     const NetworkConfig& networkConfig, const std::string& storeUrl,
                     const std::shared_ptr<PageRouter>& pageRouter);

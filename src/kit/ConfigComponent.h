@@ -10,7 +10,7 @@
 
 namespace orrelo {
 
-/// Wires the configuration, and starts its first fetch.
+/// Builds the configuration feature and starts its first fetch.
 class ConfigComponent {
  public:
   ConfigComponent(std::shared_ptr<UserDefaults> userDefaults, const ConfigNetworkConfig& networkConfig);

@@ -5,7 +5,7 @@
 
 namespace orrelo {
 
-/// Wires the pipeline of the host's events, and starts its timer.
+/// Builds the pipeline of the host's events and starts its timer.
 class EventComponent {
  public:
   explicit EventComponent(const NetworkConfig& networkConfig);

@@ -17,11 +17,12 @@
 namespace orrelo {
 namespace {
 
-constexpr std::size_t keptCapacity = 1024;
+constexpr std::size_t maximumKeptCapacity = 1024;
 
-/// An event as the call hands it over: the values are still the host's.
-struct Accepted {
-  Accepted(const std::optional<std::string>& user, std::string eventName, EventValues&& eventValues, Date now)
+/// An event of the host before its values are mapped.
+struct QueuedEvent {
+  QueuedEvent(const std::optional<std::string>& user, std::string eventName, EventValues&& eventValues,
+              Date now)
       : userId(user), name(std::move(eventName)), values(std::move(eventValues)), time(now) {}
 
   std::optional<std::string> userId;
@@ -31,11 +32,11 @@ struct Accepted {
 };
 
 struct Slot {
-  /// One for all: a call of `sendEvent` takes it and no other.
+  /// Guards all fields. It is the only lock that a call of `sendEvent` takes.
   std::mutex mutex;
   std::shared_ptr<InitializedOrrelo> instance;
-  std::vector<Accepted> accepted;
-  /// Whether a task is posted, or at work, that will take what was accepted.
+  std::vector<QueuedEvent> events;
+  /// True while a task is posted or running that will store the queued events.
   bool isScheduled = false;
 };
 
@@ -44,15 +45,15 @@ Slot& slot() {
   return *slot;
 }
 
-/// False when there were none: then nothing is scheduled any more.
-bool takeAccepted(std::vector<Accepted>& accepted) {
-  // Its memory serves the next calls, but for what only a burst needed.
-  accepted.clear();
-  if (accepted.capacity() > keptCapacity) accepted = {};
+/// Moves the queued events to `events`. Returns false if there were none; then no task is scheduled any more.
+bool takeQueued(std::vector<QueuedEvent>& events) {
+  // Swapping reuses the vector's memory for the next calls, unless a burst has made it too large.
+  events.clear();
+  if (events.capacity() > maximumKeptCapacity) events = {};
   auto& slot = orrelo::slot();
   const std::lock_guard lock(slot.mutex);
-  std::swap(accepted, slot.accepted);
-  slot.isScheduled = !accepted.empty();
+  std::swap(events, slot.events);
+  slot.isScheduled = !events.empty();
   return slot.isScheduled;
 }
 
@@ -68,32 +69,32 @@ void InitializedOrrelo::makeCurrent(std::shared_ptr<InitializedOrrelo> instance)
     const std::lock_guard lock(slot().mutex);
     std::swap(slot().instance, instance);
   }
-  // A worker may still hold it, for the events that it accepted.
+  // A worker may still hold the former instance for its queued events.
   if (instance) instance->component->eventComponent().saveEventUseCase.stopSending();
 }
 
-void InitializedOrrelo::accept(std::string_view name, EventValues&& values) {
+void InitializedOrrelo::enqueue(std::string_view name, EventValues&& values) {
   const auto& platform = Platform::current();
   const auto& userId = currentUserId();
   const auto now = platform.clock->now();
   {
     auto& slot = orrelo::slot();
     const std::lock_guard lock(slot.mutex);
-    // Made in its place: to make it before the lock and move it in takes a tenth of the call.
-    slot.accepted.emplace_back(userId, std::string(name), std::move(values), now);
+    // Constructed in place: constructing it before the lock and moving it takes a tenth of the call's time.
+    slot.events.emplace_back(userId, std::string(name), std::move(values), now);
     if (std::exchange(slot.isScheduled, true)) return;
   }
-  platform.workers->post(QualityOfService::utility, &storeAccepted);
+  platform.workers->post(QualityOfService::utility, &storeQueued);
 }
 
-void InitializedOrrelo::storeAccepted() {
-  std::vector<Accepted> accepted;
-  while (takeAccepted(accepted)) {
+void InitializedOrrelo::storeQueued() {
+  std::vector<QueuedEvent> events;
+  while (takeQueued(events)) {
     const auto instance = current();
-    for (auto& each : accepted) {
-      runGuarded([&] {  // one event that fails must not stop those behind it
-        instance->store({Platform::current().random->uuid(), std::move(each.userId),
-                         utf8::repaired(each.name), instance->eventMapper.map(each.values), each.time});
+    for (auto& event : events) {
+      runGuarded([&] {  // an event that fails must not block the following ones
+        instance->store({Platform::current().random->uuid(), std::move(event.userId),
+                         utf8::repaired(event.name), instance->eventMapper.map(event.values), event.time});
       });
     }
   }

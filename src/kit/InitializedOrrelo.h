@@ -13,30 +13,31 @@
 
 namespace orrelo {
 
-/// What `Orrelo::initialize` makes: the tree, and the road of the host's events from the call to their store.
+/// The result of `Orrelo::initialize`: the component tree and the queue of the host's events before their
+/// store.
 class InitializedOrrelo {
  public:
   explicit InitializedOrrelo(std::unique_ptr<OrreloComponent> orreloComponent)
       : component(std::move(orreloComponent)) {}
 
-  /// The one in use; null until `makeCurrent`. Any thread, as are all of these.
+  /// The current instance; null until `makeCurrent`. All static functions may be called on any thread.
   static std::shared_ptr<InitializedOrrelo> current();
-  /// Puts it into use. The former one stops sending and is let go; events that it had accepted and not yet
-  /// begun to store go on to this one.
+  /// Sets the current instance. The former one stops sending and is released; its queued events that are not
+  /// yet stored go to the new one.
   static void makeCurrent(std::shared_ptr<InitializedOrrelo> instance);
 
-  /// For the one in use, which there must be: an event of now and of the current user; stored if the
-  /// service's configuration lets it through. Returns at once: the values are flattened on a worker, and
-  /// calls that follow one another closely share one task.
-  static void accept(std::string_view name, EventValues&& values);
+  /// Queues an event of the current time and user for the current instance, which must exist. The event is
+  /// stored if the service's configuration enables the SDK. Returns at once: the values are mapped on a
+  /// worker, and calls in quick succession share one task.
+  static void enqueue(std::string_view name, EventValues&& values);
 
   const std::unique_ptr<OrreloComponent> component;
   const OLSEventMapper eventMapper{};
 
  private:
-  /// Stores what was accepted and not yet stored, by the instance in use. It has no captures, so that posting
-  /// it allocates nothing on the caller's thread.
-  static void storeAccepted();
+  /// Stores the queued events with the current instance. It has no captures, so that posting it allocates
+  /// nothing on the caller's thread.
+  static void storeQueued();
   void store(Event event);
 
   reactive::DisposeBag disposeBag_;

@@ -26,7 +26,7 @@ std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() {
 }
 
 std::shared_ptr<ViewController> makeErrorScreen() {
-  // Deliberately not spelled as the text of an error.
+  // This text deliberately differs from the text of an error.
   return std::make_shared<ErrorViewController>("잠시 후 다시 시도해주세요.");
 }
 
@@ -40,7 +40,7 @@ void Orrelo::initialize(const ORLConfig& config) {
   if (const auto file = mutator.certificateFile()) platform.urlSession->trust(serviceUrl, *file);
   const auto baseUrl = serviceUrl + "/orreloservice/";
 
-  // The development service stands in for the store too.
+  // The development service also replaces the store's lookup.
   const auto storeUrl = mutator.isDevelopment() ? serviceUrl : ItunesAPIServiceImpl::storeUrl;
   auto component = std::make_unique<OrreloComponent>(config, baseUrl, storeUrl);
   const auto runningKit = std::make_shared<const RunningKit>(component->runningKit());
@@ -57,7 +57,7 @@ void Orrelo::setUser(const std::optional<ORLUser>& user) {
       values["opt_in_marketing"] = user->marketingStatus() == ORLMarketingStatus::optIn ? "true" : "false";
     }
     values["user_id"] = user->userId();
-    // Deliberately before the current user changes: the event goes out under the id of the user before.
+    // Deliberately sent before the current user changes: the event carries the id of the previous user.
     sendEvent("ol_set_user_profile", std::move(values));
   }
   const auto userId = user ? std::optional(utf8::repaired(user->userId())) : std::nullopt;
@@ -76,7 +76,7 @@ void Orrelo::sendEvent(std::string_view name, EventValues values) {
   });
   if (!RunningKit::isInitialized("sendEvent(_:values:)")) return;
   OLSEventMapper::requireSupported(values);
-  InitializedOrrelo::accept(name, std::move(values));
+  InitializedOrrelo::enqueue(name, std::move(values));
 }
 
 void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {

@@ -13,12 +13,12 @@
 
 namespace orrelo {
 
-/// The tree: every feature's component, built once and in order, on the caller's thread. Some start
-/// background work as they are built; that work touches only what stands by then.
+/// The component tree: each feature's component, built once and in order on the caller's thread. Some
+/// components start background work in their constructors; it only uses components that already exist.
 class OrreloComponent {
  public:
-  /// `baseUrl` ends in "/orreloservice/"; `storeUrl` is where the store's lookup is asked. Stops the process
-  /// where the app key can name no suite.
+  /// `baseUrl` ends in "/orreloservice/"; `storeUrl` is the base URL of the store's lookup service. Stops the
+  /// process if the app key is not a valid suite name.
   OrreloComponent(const ORLConfig& config, const std::string& baseUrl, const std::string& storeUrl);
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
@@ -26,7 +26,7 @@ class OrreloComponent {
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
 
-  /// What features ask of it while it is the one in use.
+  /// The services of this tree for the features.
   RunningKit runningKit() const;
 
  private:

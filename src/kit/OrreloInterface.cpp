@@ -5,7 +5,7 @@
 namespace orrelo {
 namespace {
 
-// Hands every operation on to the class.
+// Forwards each operation to the static functions of Orrelo.
 class OrreloInterface final : public IOrrelo {
  public:
   void initialize(const ORLConfig& config) override { Orrelo::initialize(config); }

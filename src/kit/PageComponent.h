@@ -8,7 +8,7 @@
 
 namespace orrelo {
 
-/// Wires the ways to pages.
+/// Builds the navigation to pages.
 class PageComponent {
  public:
   explicit PageComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase);

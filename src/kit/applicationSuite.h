@@ -7,7 +7,7 @@
 
 namespace orrelo {
 
-/// The user defaults of the application. Stops the process where the key can name no suite.
+/// The user defaults of the application. Stops the process if the key is not a valid suite name.
 std::shared_ptr<UserDefaults> applicationSuite(const std::string& appKey);
 
 }  // namespace orrelo

@@ -7,9 +7,9 @@
 
 namespace orrelo {
 
-/// The one message that a block or a dialog of a page sends upward.
+/// The message that a block or a dialog of a page sends to the screen.
 struct Action {
-  /// Take part by the path that the service has given.
+  /// Participate by requesting this path of the service.
   struct WithUrl {
     std::string url;
     friend bool operator==(const WithUrl&, const WithUrl&) = default;
@@ -18,7 +18,7 @@ struct Action {
     Page page;
     friend bool operator==(const Routing&, const Routing&) = default;
   };
-  /// Load the campaign anew.
+  /// Reload the campaign.
   struct UpdateNeeded {
     friend bool operator==(const UpdateNeeded&, const UpdateNeeded&) = default;
   };

@@ -9,14 +9,14 @@
 
 namespace orrelo {
 
-/// A kind of block that a page may carry.
+/// A kind of block that a page may contain.
 struct ComponentKind {
   std::string_view arrayKey;
-  /// From an element of the array; throws a DecodingError.
+  /// Decodes an element of the array; throws a DecodingError.
   std::shared_ptr<UIComponent> (*decode)(const JsonObject& json);
 };
 
-/// All that this build knows, but for the blank ones, which are plain numbers. A new kind is one line more.
+/// All supported kinds except the blanks, which are plain numbers. A new kind needs one more line.
 std::span<const ComponentKind> componentKinds();
 
 }  // namespace orrelo

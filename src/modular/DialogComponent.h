@@ -16,7 +16,7 @@ class DialogComponentDelegate {
   virtual void didReceive(const Action& action) = 0;
 };
 
-/// What a page shows over itself each time it is built. As blocks, it never changes.
+/// A dialog that a page shows each time it is built. Like a block, it is immutable.
 class ORRELO_EXPORT DialogComponent : public std::enable_shared_from_this<DialogComponent> {
  public:
   DialogComponent() = default;

@@ -10,19 +10,19 @@
 
 namespace orrelo {
 
-/// A page put together by the service.
+/// A campaign whose page the service composes of blocks.
 struct ModularCampaign {
-  /// From top to bottom.
+  /// The blocks from top to bottom.
   std::vector<std::shared_ptr<UIComponent>> components;
   ModularCampaignConfig config;
 
-  /// Whether one of the blocks is of the kind that pages carry under this key.
+  /// True if the page has a block of the kind with this array key.
   bool holds(std::string_view arrayKey) const {
     return std::any_of(components.begin(), components.end(),
                        [arrayKey](const auto& component) { return component->arrayKey() == arrayKey; });
   }
 
-  /// Blocks are compared by identity.
+  /// Compares blocks by identity.
   friend bool operator==(const ModularCampaign&, const ModularCampaign&) = default;
 };
 

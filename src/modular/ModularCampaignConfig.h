@@ -18,17 +18,17 @@ struct Toolbar {
 };
 
 struct PageLayout {
-  /// Optional: a value that is no toolbar makes the page unknown.
+  /// Optional; a value that is not a toolbar makes the page unknown.
   std::optional<Toolbar> toolbar;
-  /// The array keys of the blocks from top to bottom; a repeated one stands for the next block of its array.
+  /// The array keys of the blocks from top to bottom. A repeated key stands for the next block of its array.
   std::vector<std::string> componentOrder;
-  /// Tolerant: none where "dialog" cannot be read. The reward messages first, then the toasts.
+  /// Tolerant: empty if "dialog" cannot be decoded. The reward messages come first, then the toasts.
   std::vector<std::shared_ptr<DialogComponent>> dialogComponents;
 
   /// Throws a DecodingError.
   static PageLayout decode(const JsonObject& json);
 
-  /// Dialogs are compared by identity.
+  /// Compares dialogs by identity.
   friend bool operator==(const PageLayout&, const PageLayout&) = default;
 };
 

@@ -16,11 +16,11 @@ namespace {
 
 using Component = std::shared_ptr<UIComponent>;
 
-// Elements, taken from the front.
+// A queue of elements.
 template <class T>
-class Supply {
+class Queue {
  public:
-  explicit Supply(std::vector<T> elements) : elements_(std::move(elements)) {}
+  explicit Queue(std::vector<T> elements) : elements_(std::move(elements)) {}
 
   bool isEmpty() const { return taken_ == elements_.size(); }
   T take() { return std::move(elements_[taken_++]); }
@@ -30,20 +30,21 @@ class Supply {
   std::size_t taken_ = 0;
 };
 
-std::map<std::string_view, Supply<Component>> decodeArrays(const JsonObject& json) {
-  std::map<std::string_view, Supply<Component>> arrays;
+std::map<std::string_view, Queue<Component>> decodeArrays(const JsonObject& json) {
+  std::map<std::string_view, Queue<Component>> arrays;
   for (const auto& kind : componentKinds()) {
     try {
       auto components = optionalRecords(json, kind.arrayKey, kind.decode);
       if (components) arrays.emplace(kind.arrayKey, *std::move(components));
     } catch (const Error&) {
-      // The good elements beside the bad one go with it: which of them was meant where cannot be told.
+      // The valid elements of the array are dropped too, since their positions in the order are ambiguous
+      // now.
     }
   }
   return arrays;
 }
 
-Supply<std::int64_t> decodeBlanks(const JsonObject& json) {
+Queue<std::int64_t> decodeBlanks(const JsonObject& json) {
   std::vector<std::int64_t> heights;
   const auto value = json.find("blank");
   if (value && !value->isNull()) {
@@ -53,17 +54,18 @@ Supply<std::int64_t> decodeBlanks(const JsonObject& json) {
       heights.push_back(*height);
     });
   }
-  return Supply(std::move(heights));
+  return Queue(std::move(heights));
 }
 
 std::vector<Component> ordered(const JsonObject& json, const std::vector<std::string>& order) {
-  auto blanks = decodeBlanks(json);  // first: it may refuse the page, and a wheel may stop the process
+  auto blanks =
+      decodeBlanks(json);  // first, since this may reject the page, while a wheel may stop the process
   auto arrays = decodeArrays(json);
   std::vector<Component> components;
   const auto appendBlank = [&] {
     if (!blanks.isEmpty()) components.push_back(std::make_shared<BlankComponent>(blanks.take()));
   };
-  // A page begins with a blank, and one follows each name, known or not, as long as they last.
+  // The page starts with a blank, and another one follows each name, known or not, while blanks are left.
   appendBlank();
   for (const auto& name : order) {
     if (const auto array = arrays.find(name); array != arrays.end()) {

@@ -9,19 +9,18 @@
 
 namespace orrelo {
 
-/// A page put together by the service, as the service sends it: an array for each kind of block, and the
-/// order in which to take from them.
+/// A modular page as the service sends it: an array for each kind of block, and the order in which blocks are
+/// taken from the arrays.
 ///
-/// Only "page_config" and "blank" fail it, and a "toolbar_text" of another type than text. An array that is
-/// wrong anywhere counts as absent, and a block that this build does not know leaves nothing but the space
-/// after it.
+/// The page is only invalid if "page_config" or "blank" is, or if "toolbar_text" is not a string. An array
+/// with an invalid element counts as absent, and of an unsupported block only the blank after it remains.
 struct ModularCampaignPageDTO {
-  /// From top to bottom.
+  /// The blocks from top to bottom.
   std::vector<std::shared_ptr<UIComponent>> components;
   ModularCampaignConfig config;
 
-  /// Throws a DecodingError. Stops the process where the order takes more blocks from an array than it has:
-  /// the service has broken its word.
+  /// Throws a DecodingError. Stops the process if the order takes more blocks from an array than it has,
+  /// which violates the service's contract.
   static ModularCampaignPageDTO decode(const JsonObject& json);
 
   friend bool operator==(const ModularCampaignPageDTO&, const ModularCampaignPageDTO&) = default;

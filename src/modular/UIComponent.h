@@ -17,8 +17,8 @@ class UIComponentDelegate {
   virtual void didReceive(const Action& action) = 0;
 };
 
-/// A block of a page that the service has put together. What came from the service never changes, whatever it
-/// shows and does: a change is a new page with new blocks. Made on any thread, then the main thread's.
+/// A block of a modular page. The data from the service is immutable; a changed page is built of new blocks.
+/// Created on any thread, and then used on the main thread only.
 class ORRELO_EXPORT UIComponent : public std::enable_shared_from_this<UIComponent> {
  public:
   UIComponent() = default;
@@ -26,15 +26,15 @@ class ORRELO_EXPORT UIComponent : public std::enable_shared_from_this<UIComponen
   UIComponent& operator=(const UIComponent&) = delete;
   virtual ~UIComponent() = default;
 
-  /// Under which a page carries the blocks of this kind.
+  /// The key of the array that contains the blocks of this kind.
   virtual std::string_view arrayKey() const = 0;
 
   std::weak_ptr<UIComponentDelegate> delegate;
 
-  /// Adds the block's view to the stack. Once for each build of a page.
+  /// Adds the block's view to the stack. Called once per build of a page.
   virtual void render(StackView& stackView) = 0;
 
-  /// Upward; dropped where nobody is there.
+  /// Sends an action to the page. It is dropped if the page was destroyed.
   void send(const Action& action) const {
     if (const auto listener = delegate.lock()) listener->didReceive(action);
   }

@@ -4,14 +4,14 @@
 
 namespace orrelo {
 
-/// A change of one property over time, for a front to play.
+/// An animation of one property, played by a front.
 struct Animation {
   enum class Curve { easeOut, easeInOut };
 
   double from = 0.0;
   double to = 0.0;
   std::chrono::milliseconds duration{0};
-  /// `from` holds meanwhile.
+  /// The property keeps the value `from` during the delay.
   std::chrono::milliseconds delay{0};
   Curve curve = Curve::easeInOut;
 

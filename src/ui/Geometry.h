@@ -4,7 +4,8 @@
 
 namespace orrelo {
 
-/// In points: pixels at a scale of 1.
+/// A size in points, where a point is one pixel at a screen scale of 1. The other types use points too,
+/// unless their user says otherwise.
 struct Size {
   double width = 0.0;
   double height = 0.0;

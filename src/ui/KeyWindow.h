@@ -8,11 +8,11 @@
 
 namespace orrelo {
 
-/// The outermost screen of the window that the user has before them; null where there is none. It is known
-/// weakly. Main thread.
+/// The root screen of the window that has the user's focus; null if there is none. The screen is held weakly.
+/// Main thread.
 ORRELO_EXPORT std::shared_ptr<ViewController> keyWindowRootViewController();
 
-/// For the front, and for a host that draws for itself: the user has turned to this window.
+/// Called when the user activates a window: by the front, or by a host that draws its screens itself.
 ORRELO_EXPORT void setKeyWindowRootViewController(const std::shared_ptr<ViewController>& root);
 
 }  // namespace orrelo

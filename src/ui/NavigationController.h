@@ -11,10 +11,10 @@
 
 namespace orrelo {
 
-/// A stack of screens, the last of which is on the screen, under a bar with its title and the way back.
+/// A stack of screens under a navigation bar with a title and a back button. The last screen is visible.
 class ORRELO_EXPORT NavigationController final : public ViewController {
  public:
-  /// How the bar writes the title; absent for the front's own way.
+  /// The style of the bar's title; absent for the front's default style.
   struct TitleTextAttributes {
     Color foregroundColor;
 
@@ -26,7 +26,7 @@ class ORRELO_EXPORT NavigationController final : public ViewController {
     std::vector<std::shared_ptr<ViewController>> viewControllers;
     bool isNavigationBarHidden = false;
     std::optional<TitleTextAttributes> titleTextAttributes;
-    /// Whether the last change of the stack is to be seen happening.
+    /// True if the front should animate the last change of the stack.
     bool animated = false;
 
     friend bool operator==(const State&, const State&) = default;
@@ -41,9 +41,9 @@ class ORRELO_EXPORT NavigationController final : public ViewController {
   reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
   std::shared_ptr<ViewController> topViewController() const { return visibleChild(); }
 
-  /// Refused, with a log line, where `screen` is null or shown already.
+  /// Does nothing and logs a warning if `screen` is null or already shown.
   void pushViewController(const std::shared_ptr<ViewController>& screen, bool animated);
-  /// The screen that went; null where only the root is left, which stays.
+  /// Removes and returns the top screen. Returns null if only the root is left, which stays.
   std::shared_ptr<ViewController> popViewController(bool animated);
   void setNavigationBarHidden(bool isHidden);
   void setTitleTextAttributes(const std::optional<TitleTextAttributes>& attributes);
@@ -53,7 +53,7 @@ class ORRELO_EXPORT NavigationController final : public ViewController {
 
  private:
   NavigationController() = default;
-  /// Puts the last of these onto the screen in place of the one that was.
+  /// Replaces the stack; its last screen replaces the visible one.
   void replaceTop(std::vector<std::shared_ptr<ViewController>> viewControllers, bool animated);
 
   Followed<State> state_;

@@ -19,7 +19,7 @@ class ORRELO_EXPORT Router {
  public:
   virtual ~Router() = default;
 
-  /// Calls exactly one of the two, on the main thread.
+  /// Calls exactly one of the two callbacks, on the main thread.
   virtual void route(const std::shared_ptr<ViewController>& from, std::function<void()> onSuccess,
                      std::function<void(const Error&)> onFailure) = 0;
 };
@@ -29,16 +29,16 @@ class ORRELO_EXPORT PageRouter {
  public:
   virtual ~PageRouter() = default;
 
-  /// What cannot be opened says so in the log alone.
+  /// A page that cannot be opened is only logged.
   virtual void route(const std::shared_ptr<ViewController>& from, const Page& page) = 0;
 };
 
-/// Shows `screen` from `with`, animated: on the stack that `with` lies on, else presented by it. Nothing
-/// without `with`. Main thread.
+/// Shows `screen` with an animation: pushes it onto the navigation stack that contains `with`, or else
+/// presents it from `with`. Does nothing if `with` is null. Main thread.
 ORRELO_EXPORT void showScreen(const std::shared_ptr<ViewController>& screen,
                               const std::shared_ptr<ViewController>& with);
 
-/// Makes the screens of campaigns.
+/// Creates the screens of campaigns.
 class ORRELO_EXPORT CampaignViewControllerFactory {
  public:
   virtual ~CampaignViewControllerFactory() = default;
@@ -47,7 +47,7 @@ class ORRELO_EXPORT CampaignViewControllerFactory {
   virtual std::shared_ptr<ViewController> make(ORLCampaignType type) const = 0;
 };
 
-/// Leads to the screens of campaigns.
+/// Gives other features access to the campaign screens.
 class ORRELO_EXPORT CampaignNavigator {
  public:
   virtual ~CampaignNavigator() = default;

@@ -15,8 +15,8 @@ namespace {
 struct Slot {
   std::mutex mutex;
   std::shared_ptr<const RunningKit> kit;
-  /// Asked at each event of the host, and therefore without the lock.
-  std::atomic<bool> isFilled = false;
+  /// Read for each event of the host, and therefore without the lock.
+  std::atomic<bool> isSet = false;
 };
 
 Slot& slot() {
@@ -24,8 +24,8 @@ Slot& slot() {
   return *slot;
 }
 
-bool isFilled() {
-  return slot().isFilled.load(std::memory_order_acquire);
+bool isSet() {
+  return slot().isSet.load(std::memory_order_acquire);
 }
 
 }  // namespace
@@ -37,16 +37,16 @@ std::shared_ptr<const RunningKit> RunningKit::current() {
 
 void RunningKit::makeCurrent(std::shared_ptr<const RunningKit> kit) {
   const std::lock_guard lock(slot().mutex);
-  std::swap(slot().kit, kit);  // the former one is let go outside the lock
-  slot().isFilled.store(slot().kit != nullptr, std::memory_order_release);
+  std::swap(slot().kit, kit);  // the former one is released outside the lock
+  slot().isSet.store(slot().kit != nullptr, std::memory_order_release);
 }
 
 bool RunningKit::isInitialized(std::string_view operation) {
-  if (isFilled()) return true;
+  if (isSet()) return true;
   log(LogLevel::ERROR, [operation] {
     return "Orrelo SDK is not initialized. Call Orrelo.initialize() before " + std::string(operation);
   });
-  return isFilled();  // another thread may have initialized meanwhile
+  return isSet();  // another thread may have initialized meanwhile
 }
 
 void RunningKit::showCampaign(const std::string& id, const std::shared_ptr<ViewController>& with) {

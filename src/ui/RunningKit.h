@@ -9,23 +9,26 @@
 
 namespace orrelo {
 
-/// What features ask of the kit that runs, without knowing who builds it. `initialize` fills it.
+/// The services of the initialized kit that features use without knowing who builds it. `initialize` sets the
+/// current one.
 struct RunningKit {
   std::shared_ptr<CampaignNavigator> campaignNavigator;
-  /// The feature's router for a page; null where this kit has none.
+  /// Returns the feature's router for a page, or null if this kit has none.
   std::function<std::shared_ptr<Router>(Page::Fixed page)> router;
 
-  /// Null until `makeCurrent`. Any thread, as are all of these.
+  /// The current kit; null until `makeCurrent`. All functions may be called on any thread.
   static std::shared_ptr<const RunningKit> current();
-  /// Null leaves nothing running.
+  /// Sets the current kit; null removes it.
   static void makeCurrent(std::shared_ptr<const RunningKit> kit);
 
-  /// The guard of every operation that needs the running kit: false, with a log line, where there is none.
+  /// The check of every operation that needs the running kit. Returns false and logs an error if there is
+  /// none.
   static bool isInitialized(std::string_view operation);
 
-  /// Guarded. Shows the campaign's screen from `with`, on the main thread; nothing without `with`.
+  /// Checks `isInitialized` and shows the campaign's screen from `with`, on the main thread. Does nothing if
+  /// `with` is null.
   static void showCampaign(const std::string& id, const std::shared_ptr<ViewController>& with);
-  /// Guarded. There is no home screen yet.
+  /// Checks `isInitialized`. There is no home screen yet.
   static void showHome(const std::shared_ptr<ViewController>& with);
 };
 

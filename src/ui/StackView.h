@@ -10,14 +10,14 @@
 
 namespace orrelo {
 
-/// Views one below the other.
+/// Arranges views vertically.
 class ORRELO_EXPORT StackView final : public View {
  public:
   struct Arranged {
     std::shared_ptr<View> view;
-    /// From either edge of the stack. Absent where the view has its own width, and stands in the middle.
+    /// The distance to both edges of the stack. If absent, the view has its own width and is centered.
     std::optional<double> inset;
-    /// Between the view and the next one.
+    /// The spacing below the view.
     double spacingAfter = 0.0;
 
     friend bool operator==(const Arranged&, const Arranged&) = default;
@@ -26,10 +26,11 @@ class ORRELO_EXPORT StackView final : public View {
   std::string_view kind() const override { return "StackView"; }
 
   void addArrangedSubview(std::shared_ptr<View> view, std::optional<double> inset = 0.0);
-  /// After the last view, in place of what was set there before. Nothing where there is no view yet.
+  /// Sets the spacing below the last view and replaces an earlier value. Does nothing if there is no view
+  /// yet.
   void setCustomSpacingAfterLast(double spacing);
 
-  /// From top to bottom. They stand before a front draws the stack, and stay.
+  /// The views from top to bottom. They are added before a front draws the stack and are not changed later.
   std::vector<Arranged> arrangedSubviews;
 };
 

@@ -10,7 +10,7 @@
 
 namespace orrelo {
 
-/// Screens side by side, one of which is on the screen.
+/// A set of screens of which the selected one is visible.
 class ORRELO_EXPORT TabBarController final : public ViewController {
  public:
   struct State {
@@ -20,7 +20,7 @@ class ORRELO_EXPORT TabBarController final : public ViewController {
     friend bool operator==(const State&, const State&) = default;
   };
 
-  /// The first is selected. A screen that is null, or shown already, is left out with a log line.
+  /// Selects the first screen. Screens that are null or already shown are skipped with a warning in the log.
   static std::shared_ptr<TabBarController> create(
       const std::vector<std::shared_ptr<ViewController>>& viewControllers);
   ~TabBarController() override;
@@ -29,9 +29,9 @@ class ORRELO_EXPORT TabBarController final : public ViewController {
   const State& state() const { return state_.value(); }
   reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
 
-  /// Null without screens.
+  /// Null if there are no screens.
   std::shared_ptr<ViewController> selectedViewController() const { return visibleChild(); }
-  /// Refused, with a log line, where there is no such place.
+  /// Does nothing and logs a warning if the index is out of range.
   void select(std::size_t index);
 
  protected:

@@ -13,8 +13,8 @@
 
 namespace orrelo {
 
-/// A part of a screen: what it shows and does. A front draws it, by the look that `kind` names, for as long
-/// as it is part of a screen. Main thread.
+/// A part of a screen: its content and its behaviour. A front draws it with the look for its `kind` while it
+/// belongs to a screen. Main thread.
 class ORRELO_EXPORT View : public std::enable_shared_from_this<View> {
  public:
   View() = default;
@@ -22,10 +22,10 @@ class ORRELO_EXPORT View : public std::enable_shared_from_this<View> {
   View& operator=(const View&) = delete;
   virtual ~View() = default;
 
-  /// "CampaignCalendarView": the name of the class.
+  /// The name of the class, such as "CampaignCalendarView".
   virtual std::string_view kind() const = 0;
 
-  /// What the front reports: the size that the view has got.
+  /// The size that the front has laid out.
   Size size() const { return size_; }
   void setSize(Size size) {
     if (size == size_) return;
@@ -36,14 +36,14 @@ class ORRELO_EXPORT View : public std::enable_shared_from_this<View> {
   std::string accessibilityIdentifier;
 
  protected:
-  /// Lays out by the new size.
+  /// Called after the size has changed.
   virtual void layoutSubviews() {}
 
  private:
   Size size_;
 };
 
-/// A state that its owner changes and others follow; setting an equal one changes nothing. Main thread.
+/// An observable state. Setting an equal state does nothing. Main thread.
 template <class State>
 class Followed {
  public:
@@ -51,22 +51,22 @@ class Followed {
   Followed(const Followed&) = delete;
   Followed& operator=(const Followed&) = delete;
 
-  /// The reference is to the state of the moment of reading, or to a later one.
+  /// The reference stays valid and follows later changes.
   const State& value() const { return state_; }
   void set(State state) {
     if (state == state_) return;
-    std::swap(state_, state);  // the former state goes last: what it held may ask for the new one
+    std::swap(state_, state);  // destroyed last, since a destructor may read the new state
     changes_.onNext({});
   }
-  /// Changes a copy in place, and sets that.
+  /// Applies `change` to a copy of the state and sets the result.
   template <class Change>
   void change(Change change) {
     auto state = state_;
     change(state);
     set(std::move(state));
   }
-  /// Signals at once, then after each change. Whoever follows reads the state: a change from within a signal
-  /// gives another signal, and both see the later state.
+  /// Signals on subscription and after each change. Observers read the state themselves: if an observer
+  /// changes it during a signal, another signal follows, and both see the later state.
   reactive::Observable<reactive::Unit> changes() const { return changes_.asObservable(); }
 
  private:

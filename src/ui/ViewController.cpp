@@ -33,10 +33,10 @@ std::shared_ptr<ViewController> ViewController::topmost() {
 }
 
 bool ViewController::present(const std::shared_ptr<ViewController>& screen, bool animated) {
-  // Containers present for their children.
+  // The outermost container presents for its children.
   if (const auto outermost = root(); outermost.get() != this) return outermost->present(screen, animated);
   if (!canPresent(screen)) return false;
-  screen->loadViewIfNeeded();  // the host may hear of it, and present another
+  screen->loadViewIfNeeded();  // the host may be notified and present another screen
   if (!canPresent(screen)) return false;
   screen->presenting_ = weak_from_this();
   const bool covers = screen->modalPresentationStyle == ModalPresentationStyle::fullScreen;
@@ -80,7 +80,7 @@ bool ViewController::canClose() const {
 void ViewController::dismissPresented(bool animated) {
   const bool wasOnScreen = isOnScreen();
   dropPresented(animated);
-  if (wasOnScreen) appear(animated);  // unless it shone through all the time
+  if (wasOnScreen) appear(animated);  // does nothing if this screen stayed visible
 }
 
 void ViewController::dropPresented(bool animated) {
@@ -108,7 +108,7 @@ void ViewController::appear(bool animated) {
   if (std::exchange(isVisible_, true)) return;
   viewWillAppear(animated);
   for (const auto& child : shownChildren()) {
-    // One child may have taken another away, or the whole screen.
+    // A child's callback may have removed another child or hidden the whole screen.
     if (isVisible_ && child->parent().get() == this) child->appear(animated);
   }
   viewDidAppear(animated);

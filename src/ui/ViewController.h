@@ -14,17 +14,17 @@ namespace orrelo {
 
 class NavigationController;
 
-/// How a presented screen lies over the one that presents it. The numbers are the platform's.
+/// How a presented screen covers the presenting one. The values are those of the platform.
 enum class ModalPresentationStyle {
-  /// It covers everything; what lies beneath disappears.
+  /// Covers everything; the screens beneath disappear.
   fullScreen = 0,
-  /// What lies beneath shows through and takes no notice.
+  /// The screens beneath stay visible and are not notified.
   overFullScreen = 5
 };
 
-/// A screen. It belongs to the screen that contains or presents it, or to a window. Main thread.
+/// A screen. It is owned by the screen that contains or presents it, or by a window. Main thread.
 ///
-/// A screen loads once, before it first appears. It appears and disappears together with what contains it.
+/// A screen loads once, before it first appears. It appears and disappears together with its container.
 class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewController> {
  public:
   ViewController() = default;
@@ -32,7 +32,7 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   ViewController& operator=(const ViewController&) = delete;
   virtual ~ViewController() = default;
 
-  /// The name of the class; a front draws the screen by it.
+  /// The name of the class, by which a front selects the screen's look.
   virtual std::string_view kind() const = 0;
 
   const std::optional<std::string>& title() const { return title_.value(); }
@@ -41,16 +41,16 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
 
   ModalPresentationStyle modalPresentationStyle = ModalPresentationStyle::fullScreen;
 
-  /// What contains this one; null for a presented screen and for a window's first.
+  /// The container of this screen; null for a presented screen and for the root of a window.
   std::shared_ptr<ViewController> parent() const { return parent_.lock(); }
-  /// The nearest navigation controller that contains it.
+  /// The nearest navigation controller among the containers; null if there is none.
   std::shared_ptr<NavigationController> navigationController() const;
-  /// The outermost that contains it; itself where nothing does.
+  /// The outermost container, or this screen if it has none.
   std::shared_ptr<ViewController> root();
-  /// Who presents it or what contains it.
+  /// The screen that presents this screen or one of its containers.
   std::shared_ptr<ViewController> presentingViewController() const;
   const std::shared_ptr<ViewController>& presentedViewController() const { return presented_.value().screen; }
-  /// The screen that the user has before them, starting from this one.
+  /// The screen in front of the user, searched from this one through presented screens and visible children.
   std::shared_ptr<ViewController> topmost();
 
   struct Presented {
@@ -59,26 +59,26 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
 
     friend bool operator==(const Presented&, const Presented&) = default;
   };
-  /// What it presents now.
+  /// The screen that this one presents, and whether the last change should be animated.
   const Presented& presented() const { return presented_.value(); }
   reactive::Observable<reactive::Unit> presentedChanges() const { return presented_.changes(); }
 
-  /// Shows `screen` over this one. Refused, with a log line, while it presents another: one at a time; or
-  /// where `screen` cannot be added.
+  /// Shows `screen` over this one. Returns false and logs a warning if this screen already presents another
+  /// one or if `screen` cannot be added.
   bool present(const std::shared_ptr<ViewController>& screen, bool animated);
-  /// Takes away what this one presents, or else itself from who presents it, and all that lies above.
+  /// Dismisses the screen that this one presents, or else this screen itself, with all screens above it.
   void dismiss(bool animated);
-  /// Leaves the screen: back on its stack, or else away with what was presented. For the back arrow, Escape
-  /// and Back.
+  /// Leaves the screen: pops the navigation stack, or else dismisses what was presented. Called for the back
+  /// arrow, Escape and Back.
   virtual void close();
-  /// There is a screen that `close` leads back to.
+  /// True if `close` leads back to another screen.
   bool canClose() const;
 
   bool isViewLoaded() const { return isLoaded_; }
   void loadViewIfNeeded();
   bool isVisible() const { return isVisible_; }
 
-  /// For containers and for the front of a window.
+  /// Called by containers and by the front of a window.
   void appear(bool animated);
   void disappear(bool animated);
 
@@ -88,29 +88,30 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   virtual void viewDidAppear(bool) {}
   virtual void viewWillDisappear(bool) {}
   virtual void viewDidDisappear(bool) {}
-  /// The one of its children that stands before the user in its place; null where it shows itself, and its
-  /// children as parts of it.
+  /// The child that fills this screen, such as the top of a stack; null if the screen shows itself, with its
+  /// children as parts.
   virtual std::shared_ptr<ViewController> visibleChild() const { return nullptr; }
 
-  /// Contains `child` beside those it contains already, and loads it. Children appear and disappear with this
-  /// screen, in the order of adding. Refused, with a log line, where `child` cannot be added.
+  /// Adds `child` after the existing children and loads it. Children appear and disappear with this screen,
+  /// in the order of adding. Returns false and logs a warning if `child` cannot be added.
   bool addChild(const std::shared_ptr<ViewController>& child);
-  /// Nothing where `child` was not added.
+  /// Does nothing if `child` was not added.
   void removeChild(const std::shared_ptr<ViewController>& child);
 
-  /// It has a place nowhere yet, and is not among those that this one lies in or over. False with a log line.
+  /// True if `screen` is not contained or presented anywhere and is neither this screen nor one of those that
+  /// contain or present it. Otherwise logs a warning.
   bool canAdd(const std::shared_ptr<ViewController>& screen) const;
   bool canPresent(const std::shared_ptr<ViewController>& screen);
   void adopt(const std::shared_ptr<ViewController>& child);
   static void release(const std::shared_ptr<ViewController>& child);
 
  private:
-  /// Those of its children that are on the screen while this one is.
+  /// The children that are visible while this screen is.
   std::vector<std::shared_ptr<ViewController>> shownChildren() const;
   void dismissPresented(bool animated);
-  /// What is presented and all above it goes, from the uppermost down.
+  /// Removes the presented screen and all screens above it, from the top down.
   void dropPresented(bool animated);
-  /// It or what lies above it.
+  /// True if this screen or one presented above it is visible.
   bool isOnScreen() const;
 
   Followed<std::optional<std::string>> title_;
@@ -122,7 +123,7 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   bool isVisible_ = false;
 };
 
-/// A screen of the host's own, as the kit knows it: something to present from. A front makes one for each
+/// Represents a screen of the host, from which the kit's screens are presented. A front creates one for each
 /// window of the host.
 class ORRELO_EXPORT HostViewController final : public ViewController {
  public:

@@ -9,16 +9,17 @@
 
 namespace orrelo {
 
-/// Where a screen's stream does its work, and where the screen hears of it.
+/// The scheduler on which a screen's stream works, and the one on which the screen receives its elements.
 struct FollowSchedulers {
   reactive::SchedulerPtr background =
       std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive);
   reactive::SchedulerPtr main = reactive::MainScheduler::instance();
 };
 
-/// Begins the stream's work on a worker and hands what comes of it to `owner` on the main thread, for as long
-/// as the owner is there: it is held weakly. `onNext` is called with the owner and an element, `onError` with
-/// the owner and an error; each may be a member function. The subscription ends with `bag`.
+/// Subscribes to the stream on a worker and delivers its elements to `owner` on the main thread. The owner is
+/// held weakly; elements that arrive after its destruction are dropped. `onNext` is called with the owner and
+/// an element, `onError` with the owner and an error; each may be a member function. The subscription ends
+/// with `bag`.
 template <class T, class Owner, class OnNext, class OnError>
 void followOnMain(const reactive::Observable<T>& stream, const std::shared_ptr<Owner>& owner,
                   reactive::DisposeBag& bag, OnNext onNext, OnError onError,

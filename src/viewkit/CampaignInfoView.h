@@ -11,20 +11,20 @@
 
 namespace orrelo {
 
-/// The head of a campaign's page: two title rows, a line that explains itself when it is tapped, a picture.
+/// The header of a campaign's page: two title rows, a guide line that opens a tooltip, and an image.
 class ORRELO_EXPORT CampaignInfoView final : public View {
  public:
   struct State {
-    /// A row without text is not there.
+    /// A row without text is not shown.
     std::string firstTitle;
     std::string secondTitle;
     std::string guideTitle;
-    /// What the tooltip says; empty where the line is plain and a tap does nothing.
+    /// The text of the tooltip. If empty, the guide line has no icon and ignores taps.
     std::string guideMessage;
 
     friend bool operator==(const State&, const State&) = default;
   };
-  /// Stands behind the guide's title where there is a message.
+  /// The icon after the guide's title if there is a message.
   static constexpr auto guideAsset = "orl_ic_information";
 
   CampaignInfoView();
@@ -32,7 +32,7 @@ class ORRELO_EXPORT CampaignInfoView final : public View {
   std::string_view kind() const override { return "CampaignInfoView"; }
 
   void configure(State content);
-  /// A tap on the guide's line.
+  /// Called when the user taps the guide line.
   void guideLabelTapped();
 
   Followed<State> state;

@@ -6,7 +6,7 @@
 
 namespace orrelo {
 
-/// A notice under a heading, on a card.
+/// A notice below a heading, on a card.
 class ORRELO_EXPORT CampaignNoticeView final : public NoticeView {
  public:
   static constexpr auto heading = "[유의사항]";

@@ -18,14 +18,14 @@ class ORRELO_EXPORT CampaignRewardViewControllerDelegate {
   virtual void didClose() = 0;
 };
 
-/// Announces a reward on a card over the whole screen.
+/// A full-screen overlay with a card that announces a reward.
 class ORRELO_EXPORT CampaignRewardViewController final : public ViewController {
  public:
   struct Content {
     std::string title;
     std::string message;
     std::string buttonText;
-    /// Of the heading and of the button.
+    /// The colour of the heading and of the button.
     Color color;
   };
   static constexpr auto closeAsset = "orl_ic_close";
@@ -37,7 +37,7 @@ class ORRELO_EXPORT CampaignRewardViewController final : public ViewController {
   static constexpr std::string_view kindName = "CampaignRewardViewController";
   std::string_view kind() const override { return kindName; }
 
-  /// The icon and the button.
+  /// Called for the close icon and for the button.
   void close() override;
 
   const Content content;

@@ -9,7 +9,7 @@
 
 namespace orrelo {
 
-/// A picture of something gone wrong over a text.
+/// An error illustration above a text.
 class ORRELO_EXPORT ErrorView final : public View {
  public:
   struct State {
@@ -18,7 +18,7 @@ class ORRELO_EXPORT ErrorView final : public View {
 
     friend bool operator==(const State&, const State&) = default;
   };
-  /// The kit's picture.
+  /// The illustration, one of the kit's assets.
   static constexpr auto asset = "orl_ic_error";
 
   explicit ErrorView(std::string text) : state({std::move(text), false}) {}

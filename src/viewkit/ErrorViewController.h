@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// A screen that says what is wrong, and no more.
+/// A screen that only shows an error message.
 class ORRELO_EXPORT ErrorViewController final : public ORLUIViewController {
  public:
   explicit ErrorViewController(std::string text)

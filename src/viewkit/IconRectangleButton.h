@@ -12,12 +12,12 @@
 
 namespace orrelo {
 
-/// One of the kit's pictures over a title, with a count at its corner.
+/// A button with one of the kit's icons above a title and a count badge at its corner.
 class ORRELO_EXPORT IconRectangleButton final : public View {
  public:
   struct State {
     bool isHidden = false;
-    /// Empty where there is nothing to show.
+    /// Empty if there is no badge.
     std::string badgeText;
     Color badgeColor;
 
@@ -29,7 +29,7 @@ class ORRELO_EXPORT IconRectangleButton final : public View {
 
   std::string_view kind() const override { return "IconRectangleButton"; }
 
-  /// Ten and more are shown as "9+".
+  /// Counts of ten and more are shown as "9+".
   void setBadge(std::optional<std::int64_t> count, const Color& color);
 
   const std::string asset;

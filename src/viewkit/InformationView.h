@@ -9,7 +9,7 @@
 
 namespace orrelo {
 
-/// Three rows from the leading edge.
+/// Two titles and a text, aligned to the leading edge.
 class ORRELO_EXPORT InformationView final : public View {
  public:
   static constexpr EdgeInsets margins{0.0, 25.0, 0.0, 25.0};
@@ -23,7 +23,7 @@ class ORRELO_EXPORT InformationView final : public View {
 
   const std::string firstTitle;
   const std::string secondTitle;
-  /// Any number of lines.
+  /// May have any number of lines.
   const std::string guideMessage;
 };
 

@@ -10,7 +10,7 @@
 
 namespace orrelo {
 
-/// What the user has to know.
+/// A list of notes for the user.
 class ORRELO_EXPORT NoticeView : public View {
  public:
   explicit NoticeView(const std::vector<std::string>& items) : text(bulletLines(items)) {}
@@ -18,7 +18,7 @@ class ORRELO_EXPORT NoticeView : public View {
   static constexpr std::string_view kindName = "NoticeView";
   std::string_view kind() const override { return kindName; }
 
-  /// A bullet line for each item.
+  /// One bulleted line per item.
   const std::string text;
 };
 

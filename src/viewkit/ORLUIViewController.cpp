@@ -26,7 +26,7 @@ void ORLUIViewController::viewWillDisappear(bool animated) {
 
 void ORLUIViewController::viewDidDisappear(bool animated) {
   ViewController::viewDidDisappear(animated);
-  toastLayer->toasts.set({});  // their fades end with the screen
+  toastLayer->toasts.set({});  // running fades end when the screen disappears
 }
 
 void ORLUIViewController::collapseTopBar() {

@@ -11,14 +11,14 @@
 
 namespace orrelo {
 
-/// A picture with two lines over it, until it is tapped away.
+/// A dialog with an image below two lines of text. A tap closes it.
 class ORRELO_EXPORT PopUpDialogViewController final : public ViewController {
  public:
   struct Content {
     std::string title;
     std::string label;
     std::string imageUrl;
-    /// What the service calls the button; the dialog says `closeText`.
+    /// The service's text for the button. The dialog shows `closeText` instead.
     std::string buttonText;
   };
   static constexpr auto closeText = "닫기";
@@ -33,7 +33,7 @@ class ORRELO_EXPORT PopUpDialogViewController final : public ViewController {
   static constexpr std::string_view kindName = "PopUpDialogViewController";
   std::string_view kind() const override { return kindName; }
 
-  /// A tap on the close label or beside what the dialog shows.
+  /// Called for a tap on the close label or outside the dialog's content.
   void close() override { dismiss(false); }
 
   const std::string pageName;

@@ -9,8 +9,8 @@
 
 namespace orrelo {
 
-/// A button for what must not be asked for twice in a row. Of the presses within an interval the first passes
-/// at once and the last when the interval ends.
+/// A button whose taps are throttled: the first tap in an interval passes at once, and the last one when the
+/// interval ends.
 class ORRELO_EXPORT RxButton final : public View {
  public:
   struct State {
@@ -25,9 +25,9 @@ class ORRELO_EXPORT RxButton final : public View {
 
   std::string_view kind() const override { return "RxButton"; }
 
-  /// Nothing while the button is disabled.
+  /// Does nothing while the button is disabled.
   void onTouchUpInside() const;
-  /// The presses that pass, on the main thread. Each subscription counts its own intervals.
+  /// The throttled taps, on the main thread. Each subscription has its own intervals.
   reactive::Observable<reactive::Unit> tap() const;
 
   const std::chrono::microseconds throttleInterval;

@@ -4,7 +4,7 @@
 
 namespace orrelo {
 
-/// How a line of text is written, in the system's font.
+/// The style of a line of text in the system font.
 struct TextStyle {
   enum class Weight { regular, semibold, bold, heavy };
 

@@ -5,17 +5,16 @@
 namespace orrelo {
 
 void ToastLayer::showToast(const std::string& message, const Color& color) {
-  toasts.change([&](auto& standing) {
-    const bool stands = std::any_of(standing.begin(), standing.end(),
-                                    [&](const auto& toast) { return toast->message == message; });
-    if (!stands) standing.push_back(std::make_shared<ToastView>(message, color));
+  toasts.change([&](auto& shown) {
+    const bool isShown =
+        std::any_of(shown.begin(), shown.end(), [&](const auto& toast) { return toast->message == message; });
+    if (!isShown) shown.push_back(std::make_shared<ToastView>(message, color));
   });
 }
 
 void ToastLayer::fadeDidFinish(const ToastView& toast) {
-  toasts.change([&](auto& standing) {
-    std::erase_if(standing, [&](const auto& each) { return each.get() == &toast; });
-  });
+  toasts.change(
+      [&](auto& shown) { std::erase_if(shown, [&](const auto& each) { return each.get() == &toast; }); });
 }
 
 }  // namespace orrelo

@@ -11,17 +11,17 @@
 
 namespace orrelo {
 
-/// The toasts over a screen, all in the same place. It takes no taps.
+/// The toasts over a screen, all at the same position. The layer ignores taps.
 class ORRELO_EXPORT ToastLayer final : public View {
  public:
   std::string_view kind() const override { return "ToastLayer"; }
 
-  /// Nothing while a toast with this very message stands.
+  /// Does nothing while a toast with the same message is shown.
   void showToast(const std::string& message, const Color& color);
-  /// The toast's fade has been played.
+  /// Called by the front when the toast has faded out.
   void fadeDidFinish(const ToastView& toast);
 
-  /// The later ones above.
+  /// Later toasts are drawn above earlier ones.
   Followed<std::vector<std::shared_ptr<ToastView>>> toasts;
 };
 

@@ -11,16 +11,16 @@
 
 namespace orrelo {
 
-/// A short message in the middle of a screen, which goes by itself.
+/// A short message in the middle of a screen that fades out by itself.
 class ORRELO_EXPORT ToastView final : public View {
  public:
   static constexpr auto identifier = "OrreloToast";
   static constexpr double cornerRadius = 5.0;
-  /// Around the text, on all four sides.
+  /// The padding around the text on all four sides, in points.
   static constexpr double inset = 8.0;
-  /// Of the width of the screen.
+  /// The maximum width as a share of the screen's width.
   static constexpr double maximumWidthShare = 0.8;
-  /// Of the opacity.
+  /// The animation of the opacity.
   static constexpr Animation fade{.from = 1.0,
                                   .to = 0.0,
                                   .duration = std::chrono::seconds(2),

@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// A bubble of text with a tail, above what it explains.
+/// A bubble of text with a tail that points to the explained element.
 class ORRELO_EXPORT TooltipView final : public View {
  public:
   enum class TailPosition { top = 0, bottom = 1 };
@@ -20,26 +20,26 @@ class ORRELO_EXPORT TooltipView final : public View {
     TailPosition tailPosition = TailPosition::top;
     Color tooltipBackgroundColor = {};
     Color textColor{1.0, 1.0, 1.0, 1.0};
-    /// Fades by itself once it was shown, as `fade` says.
+    /// The tooltip fades out by itself after it was shown, see `fade`.
     bool autoDismiss = false;
-    /// A tap anywhere on the screen hides it.
+    /// A tap anywhere on the screen hides the tooltip.
     bool dismissOnTouchOutside = false;
-    /// Where the tail's left foot stands, as a share of the width.
+    /// The left end of the tail's base, as a share of the width.
     double horizontalBias = 0.5;
   };
 
   struct State {
     std::string text;
     bool isHidden = true;
-    /// Counts the times that it was shown, so that each starts the fading anew.
+    /// The number of times that the tooltip was shown. Each change restarts the fade.
     int shownCount = 0;
 
     friend bool operator==(const State&, const State&) = default;
   };
 
-  /// What is to be painted, in points.
+  /// The geometry to paint, in points.
   struct Shape {
-    /// The bubble: its top, and its size.
+    /// The top and the size of the bubble.
     double top = 0.0;
     Size size;
     std::array<Point, 3> tail;
@@ -47,13 +47,14 @@ class ORRELO_EXPORT TooltipView final : public View {
 
   static constexpr double cornerRadius = 5.0;
   static constexpr double tailHeight = 10.0;
-  /// Of the whole view, which the bubble and its tail lie on.
+  /// The background of the whole view, beneath the bubble and its tail.
   static constexpr Color backing{0.0, 0.0, 0.0, 0.02};
-  /// Black, beneath the bubble and its tail; the radius is the platform's own.
+  /// The shadow of the bubble and its tail, in black. The radius is the platform's default.
   static constexpr double shadowOpacity = 0.4;
   static constexpr Point shadowOffset{0.0, 4.0};
   static constexpr double shadowRadius = 3.0;
-  /// Of the opacity. It stays shown in the end, unseen, and takes no taps.
+  /// The animation of the opacity. After it the view is transparent and ignores taps but is not marked as
+  /// hidden.
   static constexpr Animation fade{
       .from = 1.0, .to = 0.0, .duration = std::chrono::seconds(1), .delay = std::chrono::seconds(3)};
 
@@ -61,14 +62,14 @@ class ORRELO_EXPORT TooltipView final : public View {
 
   std::string_view kind() const override { return "TooltipView"; }
 
-  /// Where bubble and tail lie in a view of this size.
+  /// The geometry for a view of this size.
   Shape shape(Size size) const;
 
   void show(const std::string& text);
-  /// As `show`, for whoever asks for an explanation, which is reported; nothing where there is none.
+  /// Shows the text and reports the event `tooltipShow`. Does nothing if the text is empty.
   void explain(const std::string& text);
   void hide();
-  /// A tap on the tooltip itself.
+  /// Called for a tap on the tooltip itself.
   void handleTapAction();
 
   const Look look;

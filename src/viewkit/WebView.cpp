@@ -16,7 +16,7 @@ WebView::WebView(Url page, std::optional<double> points, double pointsHigh)
     : url(std::move(page)),
       width(points),
       height(pointsHigh),
-      // Files and whatever else a machine opens by a URL are no business of a service.
+      // The service may only open web pages, not local files or other URL schemes.
       state(isHttp(url) ? State::loading : State::empty) {}
 
 void WebView::didStart() {
@@ -45,15 +45,15 @@ bool WebView::mayGoTo(std::string_view scheme, bool isFrame) {
          (isFrame && (name == "about" || name == "data" || name == "blob"));
 }
 
-void WebView::openWindow(std::string_view address, bool isAskedFor) {
+void WebView::openWindow(std::string_view address, bool hasUserGesture) {
   const auto window = Url::parse(address);
   if (!window || !isHttp(*window)) return;
   const auto now = Platform::current().clock->steady();
-  const bool isAgain = address == lastWindow_ && now - lastWindowAt_ < doubleClick;
+  const bool isRepeated = address == lastWindow_ && now - lastWindowAt_ < doubleClickInterval;
   lastWindow_ = address;
   lastWindowAt_ = now;
-  if (isAgain) return;
-  if (!isAskedFor && unaskedWindows_++ >= maximumUnaskedWindows) return;
+  if (isRepeated) return;
+  if (!hasUserGesture && popupCount_++ >= maximumPopups) return;
   const auto& application = Platform::current().application;
   if (application->canOpen(*window)) application->open(*window);
 }

@@ -12,21 +12,21 @@
 
 namespace orrelo {
 
-/// A web page in a place of fixed size, which stays empty where the page fails or no browser is at hand. The
-/// page may run scripts and open windows by them. A browser says how its load goes and asks what it may do.
+/// A web page in an area of fixed size, which stays empty if the page fails or no browser is available. The
+/// page may run scripts and open windows. The front's browser reports its progress and asks for permissions.
 class ORRELO_EXPORT WebView final : public View {
  public:
   static constexpr std::chrono::seconds timeout{60};
-  /// Of a page's windows, those that nobody has pressed anything for.
-  static constexpr int maximumUnaskedWindows = 1;
-  /// Within this the same window again is a second press of the one wish.
-  static constexpr std::chrono::milliseconds doubleClick{500};
+  /// The maximum number of windows that a page may open without a user gesture.
+  static constexpr int maximumPopups = 1;
+  /// Repeated requests for the same window within this time count as one double click.
+  static constexpr std::chrono::milliseconds doubleClickInterval{500};
 
   enum class State {
     loading,
-    /// What has come is shown; a load that goes on is to be stopped.
+    /// The received part of the page is shown; the front stops a load that is still running.
     shown,
-    /// For good.
+    /// The page has failed or may not be loaded. This state is final.
     empty,
   };
 
@@ -35,22 +35,22 @@ class ORRELO_EXPORT WebView final : public View {
   static constexpr std::string_view kindName = "WebView";
   std::string_view kind() const override { return kindName; }
 
-  /// Starts the time-out of a browser's one load. What it says of later pages in the same place changes
-  /// nothing.
+  /// Starts the timeout of the first load. Reports about later navigations in the same view have no effect.
   void didStart();
-  /// The first of the document has come. It is shown if the rest does not come in time.
+  /// The first data has arrived. It is shown even if the load does not finish before the timeout.
   void didReceive();
   void didFinish(bool succeeded);
-  /// What ran the page has ended, at any time.
+  /// The browser process has ended. May be called at any time.
   void processDidEnd();
 
-  /// Whether the page, or a frame in it, may be replaced by what has a URL of this scheme.
+  /// True if the page, or a frame in it, may navigate to a URL with this scheme.
   static bool mayGoTo(std::string_view scheme, bool isFrame);
-  /// Hands a window that the page opens to the machine.
-  void openWindow(std::string_view address, bool isAskedFor);
+  /// Opens a window requested by the page with the platform's default handler. `hasUserGesture` is true if
+  /// the user has caused the request.
+  void openWindow(std::string_view address, bool hasUserGesture);
 
   const Url url;
-  /// In points; absent where the stack gives it.
+  /// In points; absent for the full width of the stack.
   const std::optional<double> width;
   const double height;
 
@@ -60,7 +60,7 @@ class ORRELO_EXPORT WebView final : public View {
   bool isLoading() const { return state.value() == State::loading; }
 
   bool hasReceived_ = false;
-  int unaskedWindows_ = 0;
+  int popupCount_ = 0;
   std::string lastWindow_;
   std::chrono::microseconds lastWindowAt_{0};
 };

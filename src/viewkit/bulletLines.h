@@ -5,7 +5,7 @@
 
 namespace orrelo {
 
-/// A line for each text, with a bullet before it; empty where there are none.
+/// Joins the texts with line breaks and puts a bullet before each; empty if there are no texts.
 std::string bulletLines(const std::vector<std::string>& texts);
 
 }  // namespace orrelo

@@ -6,18 +6,18 @@
 namespace orrelo {
 namespace {
 
-// WCAG 2.1 asks for this ratio of large or bold text, which is what the service's colours meet.
+// The minimum that WCAG 2.1 requires for large or bold text. The service's colours are designed for it.
 constexpr double sufficientContrast = 3.0;
 
-double bounded(double component) {
+double clamped(double component) {
   return std::isfinite(component) ? std::clamp(component, 0.0, 1.0) : 0.0;
 }
 
-Color bounded(const Color& color) {
-  return {bounded(color.red), bounded(color.green), bounded(color.blue), bounded(color.alpha)};
+Color clamped(const Color& color) {
+  return {clamped(color.red), clamped(color.green), clamped(color.blue), clamped(color.alpha)};
 }
 
-// Relative luminance, WCAG 2.1.
+// The relative luminance of WCAG 2.1.
 double luminance(const Color& color) {
   const auto linear = [](double value) {
     return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
@@ -33,7 +33,7 @@ Color paled(const Color& color) {
 }  // namespace
 
 double contrastToWhite(const Color& color) {
-  return 1.05 / (luminance(bounded(color)) + 0.05);
+  return 1.05 / (luminance(clamped(color)) + 0.05);
 }
 
 Color textColorOn(const Color& background) {
@@ -41,7 +41,7 @@ Color textColorOn(const Color& background) {
 }
 
 Color legibleOnWhite(const Color& color) {
-  auto legible = bounded(color);
+  auto legible = clamped(color);
   while (contrastToWhite(legible) < sufficientContrast) {
     for (auto* const component : {&legible.red, &legible.green, &legible.blue}) *component /= 1.05;
   }
@@ -49,7 +49,7 @@ Color legibleOnWhite(const Color& color) {
 }
 
 Color buttonFill(const Color& color, bool isEnabled) {
-  return isEnabled ? bounded(color) : paled(bounded(color));
+  return isEnabled ? clamped(color) : paled(clamped(color));
 }
 
 Color buttonTextColor(const Color& color, bool isEnabled) {

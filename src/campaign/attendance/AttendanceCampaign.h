@@ -7,13 +7,13 @@
 
 namespace orrelo {
 
-/// A daily check-in.
+/// A campaign with daily check-ins.
 struct AttendanceCampaign {
   CampaignInfo campaignInfo;
   CampaignAction action;
   CampaignCalendar calendar;
   CampaignNotice notice;
-  /// Sent with the check-in that has just earned it.
+  /// Only present in the reply to a check-in that has earned the reward.
   std::optional<CampaignRewardMessage> rewardMessage;
 
   friend bool operator==(const AttendanceCampaign&, const AttendanceCampaign&) = default;

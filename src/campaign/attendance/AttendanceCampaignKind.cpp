@@ -49,7 +49,7 @@ void AttendanceCampaignKind::show(const AttendanceCampaign& attendance, const Br
   const auto page = std::make_shared<AttendanceCampaignView>(attendance);
   page->actionView->delegate = screen;
   screen->show(page);
-  if (const auto& reward = attendance.rewardMessage; reward && screen->hasPlace()) {
+  if (const auto& reward = attendance.rewardMessage; reward && screen->isAttached()) {
     const CampaignRewardViewController::Content content{reward->title, reward->message, reward->buttonText,
                                                         attendance.calendar.primaryColor};
     const auto topmost = screen->viewController()->root()->topmost();

@@ -9,7 +9,8 @@
 
 namespace orrelo {
 
-/// A month of daily check-ins. Dates are "yyyy-MM-dd" and colours hexadecimal texts; they stay texts here.
+/// A month of daily check-ins. Dates are "yyyy-MM-dd" and colours are hexadecimal; both are kept as strings
+/// here.
 struct AttendanceCampaignPageDetailDTO {
   std::string firstTitle;
   std::string secondTitle;
@@ -17,9 +18,9 @@ struct AttendanceCampaignPageDetailDTO {
   std::string today;
   std::vector<std::string> attendedDate;
   std::vector<std::string> highlightDate;
-  /// Tolerant, as `imageUrl` and `rewardMessage`: absent where it cannot be read.
+  /// Tolerant, like `imageUrl` and `rewardMessage`: absent if it cannot be decoded.
   std::optional<std::string> highlightIcon;
-  /// Flexible: a boolean or a text.
+  /// Flexible: accepts a boolean or a string.
   bool buttonEnable = false;
   std::string buttonText;
   std::string buttonUrl;

@@ -12,10 +12,10 @@
 
 namespace orrelo {
 
-/// The page of an attendance campaign, from top to bottom.
+/// The page of an attendance campaign. The views are members in their order from top to bottom.
 class ORRELO_EXPORT AttendanceCampaignView final : public View {
  public:
-  /// The kit's picture, where the campaign has none.
+  /// The kit's default image for campaigns without one.
   static constexpr auto asset = "orl_ic_attendance";
 
   explicit AttendanceCampaignView(const AttendanceCampaign& campaign);

@@ -9,7 +9,7 @@ bool holds(const std::vector<CalendarDate>& dates, const CalendarDate& date) {
   return std::find(dates.begin(), dates.end(), date) != dates.end();
 }
 
-// Attended days are filled, bonus days have the icon: within an outline until they are attended.
+// Attended days are filled. Bonus days show the icon, with an outline until they are attended.
 CalendarCellViewState stateOf(const CalendarDate& day, const CampaignCalendar& calendar) {
   const bool isToday = day == calendar.today;
   const bool isAttended = holds(calendar.primaryHighlightDates, day);
@@ -30,7 +30,7 @@ CalendarCellViewState stateOf(const CalendarDate& day, const CampaignCalendar& c
 
 std::vector<CalendarCellViewState> cellViewState(const CampaignCalendar& calendar) {
   const int month = calendar.today.month;
-  const int year = CampaignCalendar::deviceYear();  // the same for all, also at the turn of the year
+  const int year = CampaignCalendar::deviceYear();  // read once, so that all cells use the same year
   std::vector<CalendarCellViewState> cells;
   for (const auto& text : calendar.headers) cells.emplace_back(CalendarCell::Header{text});
   for (const auto& day : calendar.previousMonthTail(month, year))

@@ -9,13 +9,13 @@
 
 namespace orrelo {
 
-/// What a cell of the month's grid can be.
+/// The states of a cell in the calendar's grid.
 struct CalendarCell {
   struct Header {
     std::string text;
     friend bool operator==(const Header&, const Header&) = default;
   };
-  /// A day of the month before or after.
+  /// A day of the previous or the next month.
   struct Deemed {
     CalendarDate date;
     friend bool operator==(const Deemed&, const Deemed&) = default;
@@ -61,7 +61,7 @@ using CalendarCellViewState =
                  CalendarCell::TodayStrokeHighlightWithIcon, CalendarCell::Highlight,
                  CalendarCell::HighlightWithIcon, CalendarCell::StrokeHighlightWithIcon>;
 
-/// The grid of the calendar's month, seven cells a row: the headers, then whole weeks.
+/// The grid of the calendar's month with seven cells per row: the headers, then whole weeks.
 std::vector<CalendarCellViewState> cellViewState(const CampaignCalendar& calendar);
 
 }  // namespace orrelo

@@ -14,7 +14,7 @@ int numberOf(std::string_view digits) {
 
 }  // namespace
 
-// By hand, as a list of campaigns holds some hundred of them.
+// Parsed by hand for speed: a list of campaigns contains several hundred dates.
 CalendarDate CalendarDate::parse(std::string_view text) {
   if (text.size() != 10 || text[4] != '-' || text[7] != '-') return {};
   const auto year = text.substr(0, 4);

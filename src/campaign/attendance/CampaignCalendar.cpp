@@ -20,7 +20,7 @@ int dayCount(date::year_month month) {
   return static_cast<int>(static_cast<unsigned>((month / date::last).day()));
 }
 
-// How many cells stand before the first of the month in a week that begins on Sunday.
+// The number of cells before the first of the month in a week that begins on Sunday.
 int leadingCells(date::year_month month) {
   return static_cast<int>(date::weekday(date::sys_days(month / 1)).c_encoding());
 }

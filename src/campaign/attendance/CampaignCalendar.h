@@ -9,11 +9,11 @@
 
 namespace orrelo {
 
-/// A month of check-ins. The service says which days count; the grid around them is the device's.
+/// A month of check-ins. The service provides the highlighted days; the grid is computed on the device.
 ///
-/// The three operations below are meant for the year of the device's clock, in its time zone, and not for
-/// that of `today`. That is deliberate: where the two differ, the month is drawn, but neither `today` nor a
-/// highlight is in it. A month that no calendar has gives no dates.
+/// The three operations below deliberately use the year of the device's clock, in its time zone, and not the
+/// year of `today`. If the years differ, the month is drawn without `today` and highlights. An invalid month
+/// has no days.
 struct CampaignCalendar {
   CalendarDate today;
   std::vector<CalendarDate> primaryHighlightDates;
@@ -24,10 +24,10 @@ struct CampaignCalendar {
   Color primaryColor;
   Color secondaryColor;
 
-  /// The days of the month before that fill up the first week.
+  /// The days of the previous month that complete the first week.
   std::vector<CalendarDate> previousMonthTail(int month, int year = deviceYear()) const;
   std::vector<CalendarDate> monthDays(int month, int year = deviceYear()) const;
-  /// The days of the month after that fill up the last week.
+  /// The days of the next month that complete the last week.
   std::vector<CalendarDate> nextMonthHead(int month, int year = deviceYear()) const;
   static int deviceYear();
 

@@ -11,8 +11,7 @@ constexpr Color dayColor{0.239, 0.243, 0.247, 1.0};
 constexpr Color white{1.0, 1.0, 1.0, 1.0};
 constexpr double strokeWidth = 2.0;
 
-// Puts together a cell's look, property by property. An icon hides the day, but not from those who cannot
-// see.
+// Builds the look of a cell. An icon replaces the day's number, which stays in the accessibility label.
 class CellPainter {
  public:
   CellPainter(const Color& primary, const Color& secondary, int day)
@@ -23,23 +22,23 @@ class CellPainter {
   }
   CampaignCalendarViewCell operator()(const CalendarCell::Deemed& cell) const {
     auto neighbour = dayCell(cell.date, deemedColor);
-    neighbour.accessibilityLabel.clear();  // it would be heard as a day of this month
+    neighbour.accessibilityLabel.clear();  // it would be announced as a day of this month
     return neighbour;
   }
   CampaignCalendarViewCell operator()(const CalendarCell::Normal& cell) const {
     return dayCell(cell.date, dayColor);
   }
   CampaignCalendarViewCell operator()(const CalendarCell::Today& cell) const {
-    return ofToday(stroked(dayCell(cell.date, dayColor)));
+    return markedToday(stroked(dayCell(cell.date, dayColor)));
   }
   CampaignCalendarViewCell operator()(const CalendarCell::TodayHighlight& cell) const {
-    return ofToday(attended(filled(dayCell(cell.date, white), primary_)));
+    return markedToday(attended(filled(dayCell(cell.date, white), primary_)));
   }
   CampaignCalendarViewCell operator()(const CalendarCell::TodayHighlightWithIcon& cell) const {
-    return ofToday(attended(filled(iconCell(cell.iconUrl), secondary_)));
+    return markedToday(attended(filled(iconCell(cell.iconUrl), secondary_)));
   }
   CampaignCalendarViewCell operator()(const CalendarCell::TodayStrokeHighlightWithIcon& cell) const {
-    return ofToday(stroked(iconCell(cell.iconUrl)));
+    return markedToday(stroked(iconCell(cell.iconUrl)));
   }
   CampaignCalendarViewCell operator()(const CalendarCell::Highlight& cell) const {
     return attended(filled(dayCell(cell.date, white), primary_));
@@ -76,7 +75,7 @@ class CellPainter {
     cell.accessibilityLabel += ", 출석";
     return cell;
   }
-  static Cell ofToday(Cell cell) {
+  static Cell markedToday(Cell cell) {
     cell.bottomText = CampaignCalendarView::todayLegend;
     cell.accessibilityLabel += ", 오늘";
     return cell;

@@ -12,38 +12,38 @@
 
 namespace orrelo {
 
-/// How a cell of the calendar looks.
+/// The look of a cell of the calendar.
 struct CampaignCalendarViewCell {
-  /// Empty where the icon stands in its place.
+  /// The number of the day; empty if the icon is shown instead.
   std::string day = {};
-  /// Under the day; empty mostly.
+  /// The text below the day; usually empty.
   std::string bottomText = {};
   Color dayColor = {};
-  /// Transparent mostly.
+  /// Usually transparent.
   Color backgroundColor{0.0, 0.0, 0.0, 0.0};
-  /// In points; 0 where there is no border.
+  /// In points; 0 if there is no border.
   double borderWidth = 0.0;
   Color borderColor = {};
-  /// Whether the icon's place is there, be there an icon or not.
+  /// True if space for the icon is reserved, even if there is no icon.
   bool hasIcon = false;
   std::string iconUrl = {};
-  /// What assistive technology says of the cell; empty where it passes it over.
+  /// The label for assistive technology; empty for cells that it should skip.
   std::string accessibilityLabel = {};
 
   friend bool operator==(const CampaignCalendarViewCell&, const CampaignCalendarViewCell&) = default;
 };
 
-/// The month, seven columns wide, with the days that count.
+/// The calendar of the month with seven columns.
 class ORRELO_EXPORT CampaignCalendarView final : public View {
  public:
   struct State {
     std::string monthText;
     std::string firstDescription;
-    /// In the primary colour.
+    /// Shown in the primary colour.
     std::string secondDescription;
     Color primaryColor;
     Color secondaryColor;
-    /// Row by row, the weekdays' names first.
+    /// The cells row by row; the first row contains the names of the weekdays.
     std::vector<CampaignCalendarViewCell> cells;
 
     friend bool operator==(const State&, const State&) = default;
@@ -53,7 +53,7 @@ class ORRELO_EXPORT CampaignCalendarView final : public View {
   static constexpr auto attendanceLegend = "출석";
   static constexpr Color legendTextColor{0.239, 0.243, 0.247, 1.0};
   static constexpr std::size_t columnCount = 7;
-  // Shares of a cell's height.
+  // The sizes below are shares of a cell's height.
   static constexpr double dayFontShare = 1.0 / 2.5;
   static constexpr double bottomFontShare = 1.0 / 3.5;
   static constexpr double iconShare = 1.0 / 1.5;
@@ -66,7 +66,7 @@ class ORRELO_EXPORT CampaignCalendarView final : public View {
   Followed<State> state;
 };
 
-/// The look of a cell in a state; `day` is the day of the month that it stands for.
+/// The look of a cell in a state; `day` is the cell's day of the month.
 CampaignCalendarViewCell renderCell(const CalendarCellViewState& state, const Color& primary,
                                     const Color& secondary, int day);
 

@@ -6,7 +6,7 @@ namespace orrelo {
 
 void DeprecatedCampaignKind::show(const DeprecatedCampaign&, const BrandedCampaign&,
                                   const std::shared_ptr<CampaignScreen>& screen) {
-  screen->showNothing(OrreloError::deprecatedCampaign);
+  screen->showError(OrreloError::deprecatedCampaign);
 }
 
 }  // namespace orrelo

@@ -12,7 +12,8 @@ struct DeprecatedCampaignKind {
     return pageType == "custom_a_01" || pageType == "custom_a_02";
   }
   static PageDetailDTO decode(const JsonObject&) { return {Detail{}, PageDetailDTO::fixedTitle}; }
-  /// Deliberately unknown: its user is led to an update, and this kind's record is never made of a page.
+  /// Deliberately mapped to an unknown campaign, so that the user is asked to update the application. The
+  /// record of this kind is never created from a page.
   static UnknownCampaign map(Detail&&, Campaign&) { return {}; }
   static std::string pageName(const Record& deprecated) { return "deprecated(" + deprecated.type + ")"; }
   static std::optional<ORLCampaignType> publicType(const Record&) { return std::nullopt; }

@@ -10,7 +10,7 @@
 namespace orrelo {
 namespace {
 
-// The kinds of blocks by which a modular page is known.
+// The blocks that determine the type of a modular page.
 constexpr auto roulette = RouletteComponent::key;
 constexpr auto scratchLottery = ScratchLotteryComponent::key;
 
@@ -18,7 +18,7 @@ constexpr auto scratchLottery = ScratchLotteryComponent::key;
 
 PageDetailDTO ModularCampaignKind::decode(const JsonObject& page) {
   constexpr std::string_view key = "page_details_v2";
-  // Without an exception: a list has many pages that are no modular ones.
+  // Checked without an exception, since a list contains many pages that are not modular.
   if (!page.find(key)) return PageDetailDTO::unknown();
   auto detail = PageDetailDTO::decodeAs<Detail>(page, key);
   return std::get<Detail>(detail.kind).components.empty() ? PageDetailDTO::unknown() : detail;
@@ -46,7 +46,7 @@ void ModularCampaignKind::show(const ModularCampaign& modular, const BrandedCamp
   const auto page = ModularCampaignView::create(modular);
   page->delegate = screen;
   screen->show(page);
-  if (screen->hasPlace()) page->showDialogs(*screen->viewController());
+  if (screen->isAttached()) page->showDialogs(*screen->viewController());
 }
 
 }  // namespace orrelo

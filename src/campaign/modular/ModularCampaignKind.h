@@ -8,15 +8,15 @@ struct ModularCampaignKind {
   using Detail = ModularCampaignPageDTO;
   using Record = ModularCampaign;
 
-  /// A page of any type may be one.
+  /// Pages of any type may be modular.
   static bool matches(std::string_view) { return true; }
-  /// A page of which this build can show nothing is unknown.
+  /// A page without blocks that this build supports is unknown.
   static PageDetailDTO decode(const JsonObject& page);
-  /// A modular page has its title in its layout, and there alone.
+  /// The title of a modular page is only taken from its layout.
   static Record map(Detail&& dto, Campaign& campaign);
   static std::string_view pageName(const Record& modular);
   static std::optional<ORLCampaignType> publicType(const Record& modular);
-  /// With the dialogs of the page over it.
+  /// Shows the page and then its dialogs.
   static void show(const Record& modular, const BrandedCampaign& element,
                    const std::shared_ptr<CampaignScreen>& screen);
 };

@@ -7,7 +7,7 @@
 
 namespace orrelo {
 
-/// An invitation to allow marketing messages, which the host itself asks for.
+/// Asks the user to allow marketing messages. The consent itself is handled by the host.
 struct OptInMarketingCampaign {
   std::string imageUrl;
   std::string buttonText;

@@ -13,7 +13,7 @@ struct OptInMarketingCampaignKind {
   static Record map(Detail&& dto, Campaign& campaign);
   static std::string_view pageName(const Record&) { return "opt_in_marketing"; }
   static std::optional<ORLCampaignType> publicType(const Record&) { return ORLCampaignType::optInMarketing; }
-  /// With a button that hands over to the host's delegate.
+  /// Shows the page with a button that calls the host's delegate.
   static void show(const Record& optIn, const BrandedCampaign& element,
                    const std::shared_ptr<CampaignScreen>& screen);
 };

@@ -7,14 +7,14 @@
 
 namespace orrelo {
 
-/// An invitation to allow marketing messages.
+/// The page that asks the user to allow marketing messages.
 struct OptInMarketingCampaignPageDetailDTO {
   std::string imageUrl;
-  /// Flexible, as `buttonVisibility`: a boolean or a text.
+  /// Flexible, like `buttonVisibility`: accepts a boolean or a string.
   bool buttonEnable = false;
   std::string buttonText;
   bool buttonVisibility = false;
-  /// Hexadecimal.
+  /// A hexadecimal colour.
   std::string color;
   std::vector<std::string> notice;
 

@@ -13,7 +13,7 @@
 
 namespace orrelo {
 
-/// A picture, a button that hands over to the host, and the small print.
+/// An image, a button that calls the host, and a notice.
 class ORRELO_EXPORT OptInMarketingCampaignView final : public View {
  public:
   struct Button {
@@ -30,13 +30,13 @@ class ORRELO_EXPORT OptInMarketingCampaignView final : public View {
   static constexpr std::string_view kindName = "OptInMarketingCampaignView";
   std::string_view kind() const override { return kindName; }
 
-  /// The button was pressed.
+  /// Called when the button is pressed.
   void onTapMoveButton();
 
   const Button moveButton;
   const std::shared_ptr<AutoLayoutImageView> imageView = std::make_shared<AutoLayoutImageView>();
   const std::shared_ptr<CampaignNoticeView> noticeView;
-  /// Hidden unless the picture cannot be had.
+  /// Shown if the image cannot be loaded.
   const std::shared_ptr<ErrorView> errorView;
   std::function<void()> onMoveButtonTapped;
 

@@ -4,7 +4,7 @@
 
 namespace orrelo {
 
-/// Referral pages have no look yet.
+/// Referral pages cannot be shown yet.
 struct ReferralCampaignKind {
   using Detail = ReferralCampaignPageDTO;
   using Record = ReferralCampaign;

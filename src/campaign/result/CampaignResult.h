@@ -7,7 +7,7 @@
 
 namespace orrelo {
 
-/// What is shown after a campaign has ended for this user.
+/// The result shown to this user after a campaign has ended.
 struct CampaignResult {
   std::string name;
   std::string label;

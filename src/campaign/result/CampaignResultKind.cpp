@@ -27,7 +27,7 @@ void showOnce(const CampaignPopUpDialog& dialog, const std::string& id, Campaign
                                                    dialog.buttonText};
   const auto dialogScreen =
       std::make_shared<PopUpDialogViewController>("campaign_result_pop_up_dialog", content);
-  // At once, and not when it is closed: whatever ends the dialog, the user has seen it.
+  // Saved when the dialog is presented, not when it is closed, since it may be closed in any way.
   if (screen.viewController()->present(dialogScreen, false)) {
     screen.model().saveCampaignStateUseCase().save(id, true);
   }
@@ -35,7 +35,7 @@ void showOnce(const CampaignPopUpDialog& dialog, const std::string& id, Campaign
 
 }  // namespace
 
-// The name and the label are the campaign's, not the page's.
+// The name and the label are taken from the campaign, not from the page.
 CampaignResult CampaignResultKind::map(Detail&& dto, Campaign& campaign) {
   CampaignResult result{campaign.name,       campaign.label,          std::move(dto.imageUrl),
                         std::move(dto.body), {std::move(dto.notice)}, std::nullopt};
@@ -46,7 +46,7 @@ CampaignResult CampaignResultKind::map(Detail&& dto, Campaign& campaign) {
 void CampaignResultKind::show(const CampaignResult& result, const BrandedCampaign& element,
                               const std::shared_ptr<CampaignScreen>& screen) {
   screen->show(std::make_shared<CampaignResultView>(result));
-  if (result.popUpDialog && screen->hasPlace()) showOnce(*result.popUpDialog, element.campaign.id, *screen);
+  if (result.popUpDialog && screen->isAttached()) showOnce(*result.popUpDialog, element.campaign.id, *screen);
 }
 
 }  // namespace orrelo

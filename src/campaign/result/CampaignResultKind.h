@@ -13,7 +13,7 @@ struct CampaignResultKind {
   static Record map(Detail&& dto, Campaign& campaign);
   static std::string_view pageName(const Record&) { return "result"; }
   static std::optional<ORLCampaignType> publicType(const Record&) { return std::nullopt; }
-  /// With its dialog, unless the user has seen that.
+  /// Shows the page and, only once, its dialog.
   static void show(const Record& result, const BrandedCampaign& element,
                    const std::shared_ptr<CampaignScreen>& screen);
 };

@@ -20,12 +20,12 @@ struct PopUpDialogDTO {
   friend bool operator==(const PopUpDialogDTO&, const PopUpDialogDTO&) = default;
 };
 
-/// The page after a campaign has ended for this user.
+/// The page shown to this user after a campaign has ended.
 struct CampaignResultPageDTO {
   std::string imageUrl;
   std::string body;
   std::vector<std::string> notice;
-  /// Tolerant: absent where it cannot be read.
+  /// Tolerant: absent if it cannot be decoded.
   std::optional<PopUpDialogDTO> popUpDialog;
 
   static CampaignResultPageDTO decode(const JsonObject& json);

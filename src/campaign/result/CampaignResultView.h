@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// What a campaign shows once it has ended for this user.
+/// The page shown to this user after a campaign has ended.
 class ORRELO_EXPORT CampaignResultView final : public View {
  public:
   explicit CampaignResultView(const CampaignResult& result)

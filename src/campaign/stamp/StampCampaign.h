@@ -17,26 +17,26 @@ struct Mission {
   friend bool operator==(const Mission&, const Mission&) = default;
 };
 
-/// What can stand on a stamp campaign's page.
+/// The blocks of a stamp campaign's page.
 enum class StampCampaignComponent { information, mainImage, subImage, notice, stamp, unknown };
 
-/// By the service's word for it; `unknown` for any other word.
+/// Converts the service's name of a block; any other name is `unknown`.
 StampCampaignComponent stampCampaignComponent(std::string_view word);
 
-/// From top to bottom.
+/// The blocks of the page from top to bottom.
 struct StampCampaignLayout {
   std::vector<StampCampaignComponent> componentOrder;
 
   friend bool operator==(const StampCampaignLayout&, const StampCampaignLayout&) = default;
 };
 
-/// A board of missions.
+/// A campaign with a board of missions.
 struct StampCampaign {
   std::int64_t columnCount = 0;
   std::vector<Mission> missions;
   std::optional<std::string> mainImageUrl;
   std::optional<std::string> subImageUrl;
-  /// Only where the layout asks for it, as the notice.
+  /// Only present if the layout contains the block, like the notice.
   std::optional<CampaignInfo> info;
   std::optional<CampaignNotice> notice;
   StampCampaignLayout layout;

@@ -9,7 +9,7 @@
 
 namespace orrelo {
 
-/// A board of missions, and what stands around it in the service's order.
+/// The page of a stamp campaign: a board of missions and the blocks around it.
 struct StampCampaignPageDTO {
   /// Both fields are required.
   struct MissionDTO {
@@ -37,7 +37,7 @@ struct StampCampaignPageDTO {
 
   StampDTO stampDTO;
   LayoutDTO layoutDTO;
-  /// Tolerant, as all that follows: absent where it cannot be read.
+  /// Tolerant, like all following fields: absent if it cannot be decoded.
   std::optional<std::string> mainImageUrl;
   std::optional<std::string> subImageUrl;
   std::optional<std::string> firstTitle;

@@ -34,8 +34,8 @@ std::shared_ptr<View> noticeOf(const std::optional<CampaignNotice>& notice) {
   return notice ? std::make_shared<CampaignNoticeView>(notice->messages) : nullptr;
 }
 
-// Where it is named more than once, it stands where it is named last.
-bool isOneOfAKind(StampCampaignComponent component) {
+// Blocks of these types are shown only once, at their last position in the order.
+bool isUnique(StampCampaignComponent component) {
   return component == StampCampaignComponent::mainImage || component == StampCampaignComponent::subImage ||
          component == StampCampaignComponent::stamp;
 }
@@ -49,8 +49,7 @@ StampBoardView::StampBoardView(const std::vector<Mission>& missions, std::int64_
 StampCampaignView::StampCampaignView(const StampCampaign& campaign) {
   const auto& order = campaign.layout.componentOrder;
   for (auto component = order.begin(); component != order.end(); ++component) {
-    if (isOneOfAKind(*component) && std::find(component + 1, order.end(), *component) != order.end())
-      continue;
+    if (isUnique(*component) && std::find(component + 1, order.end(), *component) != order.end()) continue;
     const auto block = blockOf(*component, campaign);
     if (!block) continue;
     const bool hasMargins = *component == StampCampaignComponent::information;

@@ -14,7 +14,7 @@
 
 namespace orrelo {
 
-/// A mission: its icon over its name.
+/// A mission: its icon above its name.
 class ORRELO_EXPORT StampViewCell final : public View {
  public:
   explicit StampViewCell(const Mission& mission) : name(mission.name) { imageView->load(mission.iconUrl); }
@@ -28,8 +28,8 @@ class ORRELO_EXPORT StampViewCell final : public View {
 /// The missions, row by row.
 class ORRELO_EXPORT StampBoardView final : public View {
  public:
-  /// Only whole rows are shown: the service always sends whole rows, and what is beyond them is left out.
-  /// Stops the process where there are no columns.
+  /// Only whole rows are shown: the service always sends whole rows, and the missions of an incomplete row
+  /// are left out. Stops the process if `columns` is 0.
   StampBoardView(const std::vector<Mission>& missions, std::int64_t columns);
 
   static constexpr std::string_view kindName = "StampBoardView";
@@ -39,15 +39,15 @@ class ORRELO_EXPORT StampBoardView final : public View {
   const std::vector<std::shared_ptr<StampViewCell>> cells;
 };
 
-/// The page of a stamp campaign: what its layout names, from top to bottom. It never changes.
+/// The page of a stamp campaign: the blocks of its layout from top to bottom. It never changes.
 class ORRELO_EXPORT StampCampaignView final : public View {
  public:
-  /// Between two blocks.
+  /// The spacing between two blocks.
   static constexpr double spacing = 16.0;
-  /// From either edge, but for the information, which has margins of its own.
+  /// The distance to both edges. The information block has its own margins instead.
   static constexpr double inset = 20.0;
 
-  /// Stops the process where the layout names the board and that has no columns.
+  /// Stops the process if the layout contains the board and the number of columns is 0.
   explicit StampCampaignView(const StampCampaign& campaign);
 
   static constexpr std::string_view kindName = "StampCampaignView";
@@ -56,7 +56,7 @@ class ORRELO_EXPORT StampCampaignView final : public View {
   const std::shared_ptr<StackView> stackView = std::make_shared<StackView>();
 
  private:
-  /// Null where there is nothing to show.
+  /// Returns null if there is nothing to show.
   static std::shared_ptr<View> blockOf(StampCampaignComponent component, const StampCampaign& campaign);
 };
 

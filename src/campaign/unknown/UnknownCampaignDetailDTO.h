@@ -2,7 +2,7 @@
 
 namespace orrelo {
 
-/// A page that this build cannot read.
+/// A page that this build cannot decode.
 struct UnknownCampaignDetailDTO {
   friend bool operator==(const UnknownCampaignDetailDTO&, const UnknownCampaignDetailDTO&) = default;
 };

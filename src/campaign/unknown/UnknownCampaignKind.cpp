@@ -6,7 +6,7 @@ namespace orrelo {
 
 void UnknownCampaignKind::show(const UnknownCampaign&, const BrandedCampaign&,
                                const std::shared_ptr<CampaignScreen>& screen) {
-  screen->showNothing(OrreloError::unknownCampaign);
+  screen->showError(OrreloError::unknownCampaign);
 }
 
 }  // namespace orrelo

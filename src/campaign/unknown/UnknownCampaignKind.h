@@ -8,7 +8,7 @@ struct UnknownCampaignKind {
   using Detail = UnknownCampaignDetailDTO;
   using Record = UnknownCampaign;
 
-  /// A page becomes unknown where its own kind cannot read it, and not by its type.
+  /// A page becomes unknown if its kind cannot decode it, never by its type.
   static bool matches(std::string_view) { return false; }
   static PageDetailDTO decode(const JsonObject&) { return PageDetailDTO::unknown(); }
   static Record map(Detail&&, Campaign&) { return {}; }

@@ -4,7 +4,7 @@
 
 namespace orrelo {
 
-/// Stands in for a campaign that this build cannot show; never sent by the service.
+/// Replaces a campaign that this build cannot show. Never sent by the service.
 struct InduceUpdateCampaign {
   std::string appStoreUrl;
 

@@ -4,7 +4,7 @@
 
 namespace orrelo {
 
-/// Made by the kit alone: it has no page.
+/// Only created by the kit, so it has no page to decode.
 struct InduceUpdateCampaignKind {
   using Record = InduceUpdateCampaign;
 

@@ -12,7 +12,7 @@ namespace orrelo {
 InduceUpdateView::InduceUpdateView(std::string updateUrl, const Color& brandColor,
                                    std::weak_ptr<ToastLayer> toastLayer)
     : color(brandColor),
-      // The blank that begins the last line belongs to the text.
+      // The space at the start of the last line is part of the designed text.
       errorView(std::make_shared<ErrorView>("버전 업데이트 후 참여할 수 있는 이벤트입니다.\n지금 바로 앱을 "
                                             "업데이트하고\n 새 캠페인에 참여해 보세요!")),
       updateUrl_(std::move(updateUrl)),

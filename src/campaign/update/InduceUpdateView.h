@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// Asks for a newer version of the host's application, and leads to it.
+/// Asks the user to update the host's application, with a button that opens the update page.
 class ORRELO_EXPORT InduceUpdateView final : public View {
  public:
   /// In points.
@@ -22,16 +22,16 @@ class ORRELO_EXPORT InduceUpdateView final : public View {
   static constexpr double buttonCornerRadius = 8.0;
   static constexpr auto buttonTitle = "업데이트하러 가기";
 
-  /// What cannot be opened is said in a toast on `toasts`.
+  /// Shows a toast on `toastLayer` if the URL cannot be opened.
   InduceUpdateView(std::string updateUrl, const Color& brandColor, std::weak_ptr<ToastLayer> toastLayer);
 
   static constexpr std::string_view kindName = "InduceUpdateView";
   std::string_view kind() const override { return kindName; }
 
-  /// The button was pressed.
+  /// Called when the button is pressed.
   void routeToUpdateLink();
 
-  /// Of the button's title and border.
+  /// The colour of the button's title and border.
   const Color color;
   const std::shared_ptr<ErrorView> errorView;
 

@@ -9,7 +9,7 @@
 
 namespace orrelo {
 
-/// A button that takes part, over a line on how things stand.
+/// The participation button above a status line.
 class ORRELO_EXPORT ActionButtonComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "action";

@@ -18,14 +18,15 @@ class ORRELO_EXPORT ActionButtonView final : public View {
     std::string statusMessage;
     bool isEnabled = false;
     std::string actionUrl;
-    /// Of the button while it is enabled.
+    /// The colour of the enabled button.
     Color color;
   };
   static constexpr EdgeInsets margins{0.0, 16.0, 0.0, 16.0};
-  /// Between the button and the status.
+  /// The spacing between the button and the status line.
   static constexpr double spacing = 10.0;
   static constexpr double buttonHeight = 56.0;
-  /// Plain on composed pages, whatever the colour; other screens dim it.
+  /// The fixed colour of a disabled button on modular pages. Other screens use a paler shade of the button's
+  /// colour.
   static constexpr Color disabledColor{0.945, 0.949, 0.953, 1.0};
   static constexpr Color disabledTitleColor{0.582, 0.588, 0.592, 1.0};
   static constexpr Color statusColor{0.363, 0.369, 0.375, 1.0};
@@ -35,7 +36,7 @@ class ORRELO_EXPORT ActionButtonView final : public View {
   static constexpr std::string_view kindName = "ActionButtonView";
   std::string_view kind() const override { return kindName; }
 
-  /// The button was pressed. It is reported even where the action reaches nobody.
+  /// Called when the button is pressed. The press is reported even if the action is dropped.
   void onClick() const;
 
   const Content content;

@@ -7,11 +7,11 @@
 namespace orrelo {
 
 void BlankComponent::render(StackView& stackView) {
-  const auto room = static_cast<double>(std::max(height, std::int64_t{0}));
+  const auto spacing = static_cast<double>(std::max(height, std::int64_t{0}));
   if (stackView.arrangedSubviews.empty()) {
-    stackView.addArrangedSubview(std::make_shared<SpacerView>(room));
+    stackView.addArrangedSubview(std::make_shared<SpacerView>(spacing));
   } else {
-    stackView.setCustomSpacingAfterLast(room);
+    stackView.setCustomSpacingAfterLast(spacing);
   }
 }
 

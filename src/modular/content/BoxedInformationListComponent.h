@@ -11,12 +11,12 @@
 
 namespace orrelo {
 
-/// What one box says.
+/// The content of one box.
 struct BoxedInformation {
   std::string leftText;
   std::string imageUrl;
   std::string rightText;
-  /// Of the right text.
+  /// The colour of the right text.
   Color color;
 
   /// Throws a DecodingError: every field is required.
@@ -25,7 +25,7 @@ struct BoxedInformation {
   friend bool operator==(const BoxedInformation&, const BoxedInformation&) = default;
 };
 
-/// Boxes under a title.
+/// A list of boxes below a title.
 class ORRELO_EXPORT BoxedInformationListComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "boxed_information_list";

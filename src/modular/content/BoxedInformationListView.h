@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// A title over a box for each item, all across the view.
+/// A title above one full-width box per item.
 class ORRELO_EXPORT BoxedInformationListView final : public View {
  public:
   static constexpr EdgeInsets margins{0.0, 25.0, 0.0, 25.0};

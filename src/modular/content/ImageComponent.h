@@ -10,13 +10,13 @@
 
 namespace orrelo {
 
-/// A picture across the page, as high as it has to be.
+/// An image with the width of the page; its height follows from the image.
 class ORRELO_EXPORT ImageComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "image";
   enum class Style { fit, none };
 
-  /// Throws a DecodingError: both fields are required, and a style is one of the two.
+  /// Throws a DecodingError: both fields are required, and the style must be "fit" or "none".
   explicit ImageComponent(const JsonObject& json);
 
   std::string_view arrayKey() const override { return key; }

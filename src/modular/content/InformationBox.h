@@ -12,14 +12,14 @@
 
 namespace orrelo {
 
-/// A text with a small picture at the leading side, another text at the trailing one.
+/// A box with a text and a small image at the leading edge and another text at the trailing edge.
 class ORRELO_EXPORT InformationBox final : public View {
  public:
   static constexpr double height = 84.0;
   static constexpr EdgeInsets margins{0.0, 24.0, 0.0, 24.0};
   static constexpr Color backgroundColor{0.98, 0.98, 0.98, 1.0};
   static constexpr double cornerRadius = 8.0;
-  /// Between the left text and the picture.
+  /// The spacing between the left text and the image.
   static constexpr double leftSpacing = 10.0;
   static constexpr double imageHeight = 24.0;
 
@@ -31,7 +31,7 @@ class ORRELO_EXPORT InformationBox final : public View {
   const std::string rightText;
   const Color rightTextColor;
   const std::shared_ptr<ImageView> leftImageView = std::make_shared<ImageView>();
-  /// By the image's proportions; absent until it is there.
+  /// The width that keeps the image's proportions; absent until the image is loaded.
   Followed<std::optional<double>> imageWidth;
 
  private:

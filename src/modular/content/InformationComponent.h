@@ -10,7 +10,7 @@
 
 namespace orrelo {
 
-/// Two rows of title and a text.
+/// Two title rows and a text.
 class ORRELO_EXPORT InformationComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "information";

@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// A list of what the user has to know.
+/// A list of notes for the user.
 class ORRELO_EXPORT NoticeComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "notice";

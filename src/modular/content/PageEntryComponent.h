@@ -9,13 +9,13 @@
 
 namespace orrelo {
 
-/// The way to another page.
+/// A link to another page.
 class ORRELO_EXPORT PageEntryComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "page_entry_view";
 
-  /// Throws a DecodingError: every field is required but for those that name the page, which is `unknown`
-  /// where they say nothing.
+  /// Throws a DecodingError: every field is required except those that identify the page, which is `unknown`
+  /// if they cannot be decoded.
   explicit PageEntryComponent(const JsonObject& json);
 
   std::string_view arrayKey() const override { return key; }

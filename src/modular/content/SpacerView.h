@@ -6,7 +6,7 @@
 
 namespace orrelo {
 
-/// Nothing but room.
+/// An empty view of a fixed height.
 class ORRELO_EXPORT SpacerView final : public View {
  public:
   explicit SpacerView(double points) : height(points) {}

@@ -10,7 +10,7 @@
 
 namespace orrelo {
 
-/// Two rows of title and a line that explains itself when it is tapped.
+/// Two title rows and a line that opens a tooltip.
 class ORRELO_EXPORT TooltipInformationComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "information_tooltip";

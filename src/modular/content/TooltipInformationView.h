@@ -10,11 +10,11 @@
 
 namespace orrelo {
 
-/// As InformationView, with a line to tap in place of the guide. It lies above the blocks around it, so that
-/// none of them covers its tooltip.
+/// Like InformationView, with a line that opens a tooltip instead of the guide. Drawn above the adjacent
+/// blocks, so that they do not cover the tooltip.
 class ORRELO_EXPORT TooltipInformationView final : public View {
  public:
-  /// Stands before the line; without the picture the line is plain.
+  /// The icon before the line; it is omitted if the image is missing.
   static constexpr auto tooltipAsset = "orl_ic_information";
   static constexpr double tooltipMaximumWidth = 200.0;
   static constexpr double zPosition = 1.0;
@@ -29,7 +29,7 @@ class ORRELO_EXPORT TooltipInformationView final : public View {
   const std::string firstTitle;
   const std::string secondTitle;
   const std::string tooltipTitle;
-  /// What the tooltip says; empty where a tap does nothing.
+  /// The text of the tooltip; if empty, a tap does nothing.
   const std::string guideMessage;
   const std::shared_ptr<TooltipView> tooltipView;
 };

@@ -14,7 +14,8 @@ Url urlOf(const std::string& text) {
   throw makeError(DecodingError::dataCorrupted, "Invalid URL");
 }
 
-// A text that is no integer, and a negative one, take no room. What no screen can lay out is cut short.
+// Converts a text to a length in points. Negative values and texts that are not integers count as 0; large
+// values are limited to what a screen can lay out.
 double pointsOf(std::string_view text) {
   constexpr std::int64_t maximum = 1'000'000;
   if (text.starts_with('+')) text.remove_prefix(1);

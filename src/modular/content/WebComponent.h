@@ -10,7 +10,7 @@
 
 namespace orrelo {
 
-/// A web page within the page.
+/// A web page embedded in the page.
 class ORRELO_EXPORT WebComponent final : public UIComponent {
  public:
   static constexpr std::string_view key = "web";
@@ -22,7 +22,7 @@ class ORRELO_EXPORT WebComponent final : public UIComponent {
   void render(StackView& stackView) override;
 
   const Url url;
-  /// "100%" of the stack's, or points.
+  /// "100%" for the width of the stack, or a number of points.
   const std::string width;
   /// In points.
   const std::string height;

@@ -10,14 +10,14 @@
 
 namespace orrelo {
 
-/// A reward, announced on a card over the whole screen. Closing it loads the campaign anew.
+/// Announces a reward on a card above the whole screen. Closing it reloads the campaign.
 class ORRELO_EXPORT RewardMessageDialogComponent final : public DialogComponent,
                                                          public CampaignRewardViewControllerDelegate {
  public:
   /// Throws a DecodingError: every field is required.
   explicit RewardMessageDialogComponent(const JsonObject& json);
 
-  /// Refused where the screen presents something already: of two rewards the first alone is seen.
+  /// Does nothing if the screen already presents another one, so that only the first of two rewards is shown.
   void show(ORLUIViewController& viewController) override;
   void didClose() override;
 

@@ -10,7 +10,7 @@
 
 namespace orrelo {
 
-/// A short message that goes by itself.
+/// A short message that fades out by itself.
 class ORRELO_EXPORT ToastDialogComponent final : public DialogComponent {
  public:
   /// Throws a DecodingError: both fields are required.

@@ -8,15 +8,15 @@ namespace orrelo {
 
 class RouletteView;
 
-/// Keeps a wheel's spin across the application's time in the background: it stands still meanwhile, and goes
-/// on from there. One that stood still before keeps standing.
+/// Pauses the spin of a wheel while the application is in the background and resumes it in the foreground. A
+/// wheel that was paused before stays paused.
 class LayerPersistentHelper {
  public:
   LayerPersistentHelper(const std::weak_ptr<RouletteView>& layer, Application& application);
 
  private:
-  /// Before the background came; true until then, so that a foreground alone starts nothing. Shared: a
-  /// callback that is running may outlive the view.
+  /// True if the wheel was paused before the application went to the background. Initially true, so that a
+  /// foreground signal alone does not resume it. Shared, since a running callback may outlive the view.
   std::shared_ptr<bool> wasPaused_ = std::make_shared<bool>(true);
   Application::Registration willResignActive_;
   Application::Registration didBecomeActive_;

@@ -32,7 +32,7 @@ State stateOf(const JsonObject& progress) {
   throw makeError(RouletteStateDecodeError::invalidState);
 }
 
-// The older list serves where there is no newer one; an empty newer one is one.
+// Falls back to the older list if the newer one is absent, but not if it is empty.
 std::vector<RouletteItem> itemsOf(const JsonObject& json) {
   auto items = optionalRecords(json, "items_v2", [](const JsonObject& item) {
     return RouletteItem{item.text("reward_type"), item.text("reward_text")};
@@ -53,7 +53,7 @@ struct Progress {
   void operator()(const RouletteComponent::End& end) const {
     view.showResult(end.index);
     view.setEnabled(false);
-    // Deliberate: the end is reported when the page that shows it is built, not when the wheel comes to rest.
+    // Deliberate: the end is reported when the page with the result is built, not when the spin ends.
     UserEventTracker::track(UserEventName::rouletteSpinWheelEnd);
   }
   void operator()(const RouletteComponent::Idle&) const { view.setEnabled(true); }

@@ -24,8 +24,7 @@ struct RouletteItem {
   friend bool operator==(const RouletteItem&, const RouletteItem&) = default;
 };
 
-/// A wheel of fortune. Nothing about it is left to chance here: the service names the sector, and is told
-/// when the wheel has come to rest.
+/// A wheel of fortune. The service chooses the winning sector and is notified when the spin has ended.
 class ORRELO_EXPORT RouletteComponent final : public UIComponent, public RouletteViewDelegate {
  public:
   static constexpr std::string_view key = "roulette";
@@ -44,8 +43,8 @@ class ORRELO_EXPORT RouletteComponent final : public UIComponent, public Roulett
   };
   using State = std::variant<Running, End, Idle>;
 
-  /// Throws a DecodingError or a RouletteStateDecodeError. Stops the process where the wheel is done but no
-  /// sector is named: the service has broken its word.
+  /// Throws a DecodingError or a RouletteStateDecodeError. Stops the process if the state is "done" without a
+  /// result index, which violates the service's contract.
   explicit RouletteComponent(const JsonObject& json);
 
   std::string_view arrayKey() const override { return key; }

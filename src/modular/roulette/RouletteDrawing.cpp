@@ -16,7 +16,7 @@ double degreesOf(Point direction) {
   return std::atan2(direction.y, direction.x) * 180.0 / std::numbers::pi;
 }
 
-// The arc of a corner that is rounded where its two sides touch it.
+// The arc of a rounded corner between the sides to `before` and to `after`.
 RouletteDrawing::Arc rounded(Point before, Point corner, Point after, double radius) {
   const auto towards = [corner](Point end) {
     const double length = std::hypot(end.x - corner.x, end.y - corner.y);
@@ -46,7 +46,7 @@ RouletteDrawing::Pin pinOf(double width, const Color& color) {
           color};
 }
 
-// A wheel with room for the texts of each sector.
+// Paints the sectors of the wheel and their texts.
 class WheelPainter {
  public:
   WheelPainter(Point center, double radius, double itemTextLayerRadius, std::size_t count)
@@ -75,7 +75,8 @@ class WheelPainter {
   }
 
  private:
-  // Half way to a point on the sector's middle line; upright when the sector stands under the pin.
+  // Places a text on the sector's centre line at half of `share` of the radius. The text is upright when the
+  // sector is under the pin.
   RouletteDrawing::Text text(const std::string& text, double middle, double share,
                              const TextStyle& style) const {
     const double distance = textLayerRadius_ * share / 2;

@@ -13,7 +13,7 @@
 
 namespace orrelo {
 
-/// What stands on a sector of the wheel, and the sector's colour.
+/// The texts and the colour of a sector of the wheel.
 struct RouletteItemModel {
   std::string title;
   std::string body;
@@ -22,8 +22,8 @@ struct RouletteItemModel {
   friend bool operator==(const RouletteItemModel&, const RouletteItemModel&) = default;
 };
 
-/// A wheel of fortune as a painter paints it, in points from the top left. Angles are in degrees, 0 at three
-/// o'clock, and grow clockwise.
+/// The shapes of a wheel of fortune, in points from the top left. Angles are in degrees, 0 at three o'clock,
+/// and increase clockwise.
 struct ORRELO_EXPORT RouletteDrawing {
   struct Disc {
     Point center;
@@ -41,18 +41,18 @@ struct ORRELO_EXPORT RouletteDrawing {
 
     friend bool operator==(const Sector&, const Sector&) = default;
   };
-  /// In the middle of its frame's width, from the frame's top, never wrapped: what is longer than the frame
-  /// is cut at its edges.
+  /// A text that is centered horizontally at the top of its frame. It is not wrapped and is clipped to the
+  /// frame.
   struct Text {
     std::string text;
-    /// Before it is turned about its middle.
+    /// The frame before the rotation about its centre.
     Rect frame;
     double rotation = 0.0;
     TextStyle style;
 
     friend bool operator==(const Text&, const Text&) = default;
   };
-  /// Anticlockwise where the sweep is negative.
+  /// A circular arc; a negative sweep is anticlockwise.
   struct Arc {
     Point center;
     double radius = 0.0;
@@ -61,7 +61,7 @@ struct ORRELO_EXPORT RouletteDrawing {
 
     friend bool operator==(const Arc&, const Arc&) = default;
   };
-  /// What turns, about the middle of the drawing. It is as large as the drawing.
+  /// The rotating part. It has the size of the drawing and rotates about its centre.
   struct Wheel {
     std::vector<Sector> sectors;
     /// The title and the body of each sector.
@@ -69,7 +69,7 @@ struct ORRELO_EXPORT RouletteDrawing {
 
     friend bool operator==(const Wheel&, const Wheel&) = default;
   };
-  /// The rounded corners, one after the other, with straight lines between them.
+  /// A triangle given by its rounded corners in drawing order, connected by straight lines.
   struct Pin {
     std::array<Arc, 3> corners;
     Color color;
@@ -92,11 +92,11 @@ struct ORRELO_EXPORT RouletteDrawing {
 
   static RouletteDrawing of(const std::vector<RouletteItemModel>& items, const Look& look, Size size);
 
-  // From the lowest to the uppermost. Everything is cut at the edges of the drawing.
+  // The layers from bottom to top. All of them are clipped to the drawing.
   std::array<Disc, 3> rim;
   Wheel wheel;
   Disc centerDot;
-  /// Over a wheel that is not enabled.
+  /// Covers the wheel if it is disabled.
   std::optional<Veil> veil;
   Pin pin;
 

@@ -33,16 +33,16 @@ void RouletteView::spin(std::int64_t endIndex, const std::string& spinDidEndActi
   if (items_.empty()) return;
   willEndIndex = endIndex;
   spinWheelDidEndActionUrl = spinDidEndActionUrl;
-  whenWheelIsThere(
+  whenWheelIsPainted(
       [](RouletteView& self) { self.startSpin(finalAngle(*self.willEndIndex, self.items_.size())); });
 }
 
 void RouletteView::showResult(std::int64_t index) {
   if (items_.empty()) return;
-  // Before the wheel is painted, lest it be seen for a moment where it has never been.
+  // Set before the wheel is painted, so that it never appears at the initial rotation.
   state.change([&](State& changed) { changed.rotation = radians(finalAngle(index, items_.size())); });
-  // Afterwards, so that assistive technology hears of it as of a change.
-  whenWheelIsThere([outcome = outcomeOf(index)](RouletteView& self) {
+  // Set after the wheel is painted, so that assistive technology announces it as a change.
+  whenWheelIsPainted([outcome = outcomeOf(index)](RouletteView& self) {
     self.state.change([&](State& changed) { changed.outcome = outcome; });
   });
 }
@@ -68,7 +68,7 @@ std::string RouletteView::accessibilityLabel() const {
 }
 
 void RouletteView::wheelDidAppear() {
-  if (std::exchange(isWheelThere_, true)) return;
+  if (std::exchange(isWheelPainted_, true)) return;
   const auto self = std::static_pointer_cast<RouletteView>(shared_from_this());
   persistentHelper_.emplace(self, *Platform::current().application);
   isAppendedWheelLayer_.onNext({});
@@ -84,8 +84,9 @@ void RouletteView::animationDidStop(bool finished) {
   if (finished && spin) finishSpin(spin->to);
 }
 
-void RouletteView::whenWheelIsThere(std::function<void(RouletteView&)> task) {
-  const auto signal = isWheelThere_ ? reactive::just(reactive::Unit()) : isAppendedWheelLayer_.asObservable();
+void RouletteView::whenWheelIsPainted(std::function<void(RouletteView&)> task) {
+  const auto signal =
+      isWheelPainted_ ? reactive::just(reactive::Unit()) : isAppendedWheelLayer_.asObservable();
   followOnMain(
       signal, std::static_pointer_cast<RouletteView>(shared_from_this()), disposeBag_,
       [task = std::move(task)](RouletteView& self, reactive::Unit) { task(self); },
@@ -114,7 +115,7 @@ void RouletteView::finishSpin(double rotation) {
   if (listener && actionUrl) listener->spinDidEnd(*actionUrl);
 }
 
-// An index beyond the sectors lands by its angle, whole turns further.
+// An index outside the sectors wraps around, like its angle.
 std::string RouletteView::outcomeOf(std::int64_t index) const {
   const auto count = static_cast<std::int64_t>(items_.size());
   const auto prize = spoken(items_[static_cast<std::size_t>((index % count + count) % count)]);

@@ -24,25 +24,25 @@ class RouletteViewDelegate {
   virtual void spinDidEnd(const std::string& actionUrl) = 0;
 };
 
-/// A wheel of fortune that lands where it was told to. A front paints `drawing` once, says when the wheel is
-/// there, and turns it as the state says.
+/// A wheel of fortune that stops at a given sector. A front paints `drawing` once, calls `wheelDidAppear` and
+/// then rotates the wheel as the state says.
 class ORRELO_EXPORT RouletteView final : public View {
  public:
   struct State {
-    /// A wheel that is not enabled lies under its veil.
+    /// A disabled wheel is covered by the veil.
     bool isEnabled = true;
-    /// Of the wheel while it is at rest: clockwise, in radians.
+    /// The rotation of the wheel at rest, clockwise in radians.
     double rotation = 0.0;
-    /// Of the rotation, to be played while it is here. The front reports its end.
+    /// The running animation of the rotation. The front reports its end.
     std::optional<Animation> spin = {};
-    /// The spin stands still where it is.
+    /// The spin is paused at its current rotation.
     bool isPaused = false;
-    /// What assistive technology says of the sector that has come under the pin; empty until one has.
+    /// The outcome for assistive technology; empty until a sector has stopped under the pin.
     std::string outcome = {};
 
     friend bool operator==(const State&, const State&) = default;
   };
-  /// Both its width and its height.
+  /// The width and the height, in points.
   static constexpr double side = 280.0;
   static constexpr std::chrono::seconds spinDuration{4};
 
@@ -52,28 +52,28 @@ class ORRELO_EXPORT RouletteView final : public View {
   static constexpr std::string_view kindName = "RouletteView";
   std::string_view kind() const override { return kindName; }
 
-  /// How far, in degrees, to turn a wheel of so many sectors clockwise so that the middle of one comes under
-  /// the pin. Any index serves; there must be a sector.
+  /// The clockwise rotation in degrees that moves the centre of a sector under the pin, for a wheel with
+  /// `count` sectors. Any index is allowed; `count` must be positive.
   static double finalAngle(std::int64_t index, std::size_t count);
 
   void configure(std::vector<RouletteItemModel> items);
-  /// Once the wheel is there, it spins to the sector, and the delegate is told. A wheel without sectors does
-  /// nothing at all.
+  /// Spins the wheel to the sector as soon as it is painted, and then notifies the delegate. Does nothing if
+  /// there are no sectors.
   void spin(std::int64_t endIndex, const std::string& spinDidEndActionUrl);
-  /// The wheel rests where a spin to the sector would have left it.
+  /// Shows the wheel as it would be after a spin to the sector, without an animation.
   void showResult(std::int64_t index);
   void setEnabled(bool isEnabled);
 
   RouletteDrawing drawing() const;
-  /// What assistive technology says of the wheel: the outcome, once there is one, and its prizes.
+  /// The label for assistive technology: the outcome, if there is one, and the prizes.
   std::string accessibilityLabel() const;
 
-  // What the front reports.
-  /// The wheel was painted for the first time; later reports change nothing.
+  // Called by the front.
+  /// The wheel was painted for the first time. Later calls have no effect.
   void wheelDidAppear();
-  /// The wheel cannot be painted: it will not turn. Qt's painter has no such case.
+  /// The wheel cannot be painted, so it will not spin. Qt's painter never reports this.
   void wheelDidFail(const Error& error);
-  /// The spin was played to its end, or was cut short, which leaves everything as it is.
+  /// The spin has ended. If it was interrupted (`finished` is false), the state stays as it is.
   void animationDidStop(bool finished);
 
   const Color primaryColor;
@@ -84,14 +84,14 @@ class ORRELO_EXPORT RouletteView final : public View {
   Followed<State> state;
 
  private:
-  /// On the main thread, as soon as the wheel is there: it may be already.
-  void whenWheelIsThere(std::function<void(RouletteView&)> task);
+  /// Calls `task` on the main thread as soon as the wheel is painted, which may be immediately.
+  void whenWheelIsPainted(std::function<void(RouletteView&)> task);
   void startSpin(double angle);
   void finishSpin(double rotation);
   std::string outcomeOf(std::int64_t index) const;
 
   std::vector<RouletteItemModel> items_;
-  bool isWheelThere_ = false;
+  bool isWheelPainted_ = false;
   reactive::PublishSubject<reactive::Unit> isAppendedWheelLayer_;
   std::optional<LayerPersistentHelper> persistentHelper_;
   reactive::DisposeBag disposeBag_;

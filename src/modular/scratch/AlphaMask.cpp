@@ -15,24 +15,24 @@ struct Span {
 
   bool isEmpty() const { return from > to; }
   Span united(Span other) const { return {std::min(from, other.from), std::max(to, other.to)}; }
-  Span common(Span other) const { return {std::max(from, other.from), std::min(to, other.to)}; }
+  Span intersected(Span other) const { return {std::max(from, other.from), std::min(to, other.to)}; }
 };
 
-// All that lies near a segment.
+// A line segment, for queries by distance.
 class Line {
  public:
   Line(Point from, Point to) : from_(from), to_(to), length_(std::hypot(to.x - from.x, to.y - from.y)) {
     if (length_ > 0.0) direction_ = {(to.x - from.x) / length_, (to.y - from.y) / length_};
   }
 
-  // What of the row lies within the distance: one span, for the shape is convex.
-  Span across(double y, double distance) const {
+  // The part of the row at `y` within the distance of the segment. It is one span, since the shape is convex.
+  Span spanInRow(double y, double distance) const {
     auto span = aroundEnd(from_, y, distance).united(aroundEnd(to_, y, distance));
     if (length_ <= 0.0) return span;
     const double dy = y - from_.y;
     const auto along = between(direction_.x, direction_.y * dy, 0.0, length_);
     const auto beside = between(-direction_.y, direction_.x * dy, -distance, distance);
-    const auto body = along.common(beside);
+    const auto body = along.intersected(beside);
     return body.isEmpty() ? span : span.united({body.from + from_.x, body.to + from_.x});
   }
 
@@ -48,7 +48,7 @@ class Line {
     if (square < 0.0) return {};
     return {end.x - std::sqrt(square), end.x + std::sqrt(square)};
   }
-  // Where slope * x + offset lies between the two.
+  // The interval of x in which slope * x + offset is between `low` and `high`.
   static Span between(double slope, double offset, double low, double high) {
     if (slope == 0.0) return low <= offset && offset <= high ? Span{-infinity, infinity} : Span();
     const double first = (low - offset) / slope;
@@ -62,17 +62,18 @@ class Line {
   Point direction_;
 };
 
-bool isTouchable(Point point) {
-  constexpr double farthest = 1e6;
-  return std::abs(point.x) <= farthest && std::abs(point.y) <= farthest;
+bool isPlausible(Point point) {
+  constexpr double maximumCoordinate = 1e6;
+  return std::abs(point.x) <= maximumCoordinate && std::abs(point.y) <= maximumCoordinate;
 }
 
-// The first pixel whose middle is not before the place, and the end behind the last that is not beyond it.
-int firstPixel(double place, int count) {
-  return static_cast<int>(std::clamp(std::ceil(place - 0.5), 0.0, static_cast<double>(count)));
+// `firstPixel` is the first pixel whose centre is at or after the coordinate; `endPixel` is one past the last
+// pixel whose centre is at or before it.
+int firstPixel(double coordinate, int count) {
+  return static_cast<int>(std::clamp(std::ceil(coordinate - 0.5), 0.0, static_cast<double>(count)));
 }
-int endPixel(double place, int count) {
-  return static_cast<int>(std::clamp(std::floor(place - 0.5) + 1.0, 0.0, static_cast<double>(count)));
+int endPixel(double coordinate, int count) {
+  return static_cast<int>(std::clamp(std::floor(coordinate - 0.5) + 1.0, 0.0, static_cast<double>(count)));
 }
 
 }  // namespace
@@ -92,10 +93,10 @@ AlphaMask::AlphaMask(int width, int height)
       pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 255) {}
 
 PixelRect AlphaMask::eraseLine(Point from, Point to, double lineWidth) {
-  if (!isTouchable(from) || !isTouchable(to)) return {};
+  if (!isPlausible(from) || !isPlausible(to)) return {};
   const Line line(from, to);
-  const double outer = lineWidth / 2 + 0.5;  // beyond it nothing of a pixel is covered,
-  const double inner = lineWidth / 2 - 0.5;  // and within this all of it
+  const double outer = lineWidth / 2 + 0.5;  // pixels beyond are not covered
+  const double inner = lineWidth / 2 - 0.5;  // pixels within are fully covered
   const int left = firstPixel(std::min(from.x, to.x) - outer, width_);
   const int right = endPixel(std::max(from.x, to.x) + outer, width_);
   const int top = firstPixel(std::min(from.y, to.y) - outer, height_);
@@ -103,22 +104,22 @@ PixelRect AlphaMask::eraseLine(Point from, Point to, double lineWidth) {
   for (int y = top; y < bottom; ++y) {
     auto* const pixels = row(y);
     const double middle = y + 0.5;
-    const auto soften = [&](int first, int end) {
+    const auto erasePartly = [&](int first, int end) {
       for (int x = first; x < end; ++x) {
         const double share = std::clamp(line.distanceTo({x + 0.5, middle}) - inner, 0.0, 1.0);
         pixels[x] = static_cast<std::uint8_t>(std::lround(pixels[x] * share));
       }
     };
-    const auto touched = line.across(middle, outer);
+    const auto touched = line.spanInRow(middle, outer);
     const int first = firstPixel(touched.from, width_);
     const int end = endPixel(touched.to, width_);
-    const auto covered = line.across(middle, inner);
+    const auto covered = line.spanInRow(middle, inner);
     const int firstCovered = std::clamp(firstPixel(covered.from, width_), first, std::max(first, end));
     const int endCovered =
         std::clamp(endPixel(covered.to, width_), firstCovered, std::max(firstCovered, end));
-    soften(first, firstCovered);
+    erasePartly(first, firstCovered);
     std::fill(pixels + firstCovered, pixels + endCovered, std::uint8_t{0});
-    soften(endCovered, end);
+    erasePartly(endCovered, end);
   }
   const PixelRect touched{left, top, right - left, bottom - top};
   return touched.isEmpty() ? PixelRect() : touched;
@@ -127,7 +128,7 @@ PixelRect AlphaMask::eraseLine(Point from, Point to, double lineWidth) {
 double AlphaMask::clearedRatio() const {
   if (pixels_.empty()) return 0.0;
   auto count = std::count(pixels_.begin(), pixels_.end(), std::uint8_t{0});
-  // Deliberate: each row is counted one pixel too far, which is the first of the next.
+  // Deliberate: each row is counted one pixel too far, so the first pixel of the next row is counted twice.
   for (int y = 1; y < height_; ++y) count += *row(y) == 0 ? 1 : 0;
   return std::min(static_cast<double>(count) / static_cast<double>(pixels_.size()), 1.0);
 }

@@ -17,30 +17,30 @@ struct PixelRect {
   int height = 0;
 
   bool isEmpty() const { return width <= 0 || height <= 0; }
-  /// The smallest that holds both.
+  /// The smallest rectangle that contains both.
   PixelRect united(const PixelRect& other) const;
 
   friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
-/// How much of a cover is left at each of its pixels: 255 where it is whole, 0 where it is gone. A value; no
-/// two threads may touch the same one.
+/// The opacity of a cover at each of its pixels: 255 where it is intact, 0 where it was erased. A value type;
+/// not thread-safe.
 class ORRELO_EXPORT AlphaMask {
  public:
   AlphaMask() = default;
-  /// A whole one; both sides are positive.
+  /// Creates an intact mask; both sides must be positive.
   AlphaMask(int width, int height);
 
   int width() const { return width_; }
   int height() const { return height_; }
-  /// Row by row from the top, without gaps.
+  /// The pixels row by row from the top, without padding.
   const std::vector<std::uint8_t>& pixels() const { return pixels_; }
   PixelRect bounds() const { return {0, 0, width_, height_}; }
 
-  /// Rubs out a smooth line with round ends, and gives the pixels that it may have changed. Points and width
-  /// are in pixels; a point that no finger can have touched rubs out nothing.
+  /// Erases an antialiased line with round ends and returns the pixels that may have changed. Points and
+  /// width are in pixels. Does nothing if a coordinate is implausibly large.
   PixelRect eraseLine(Point from, Point to, double lineWidth);
-  /// From 0 to 1.
+  /// The erased share of the pixels, from 0 to 1.
   double clearedRatio() const;
   AlphaMask stretched(int width, int height) const;
 

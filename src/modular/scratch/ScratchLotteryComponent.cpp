@@ -18,7 +18,7 @@ ScratchLotteryComponent::ScratchLotteryComponent(const JsonObject& json)
     : state(stateOf(json.text("state"))),
       scratchable(json.boolean("scratchable")),
       result(json.text("result")),
-      unscratchableUrl(json.text("mot_url")),  // deliberate: the service spells it so
+      unscratchableUrl(json.text("mot_url")),  // deliberate: the service's spelling
       doneUrl(json.text("done_url")),
       primaryColor(Color::fromHex(json.text("primary_color"))),
       secondaryColor(Color::fromHex(json.text("secondary_color"))) {}
@@ -40,7 +40,7 @@ void ScratchLotteryComponent::didScratch(double ratio) {
 }
 
 void ScratchLotteryComponent::handleUnscratchable() {
-  // Deliberate: each report asks anew, as often as the finger moves.
+  // Deliberate: every report sends another request, however often the finger moves.
   send({Action::WithUrl{unscratchableUrl}});
   UserEventTracker::track(UserEventName::scratchLotteryScratchBlock);
 }

@@ -11,15 +11,16 @@
 
 namespace orrelo {
 
-/// A card to scratch. The result is in it from the start; the service is told once that it was laid open.
+/// A scratch card. The result is part of the card from the start; the service is notified once that it was
+/// revealed.
 class ORRELO_EXPORT ScratchLotteryComponent final : public UIComponent, public ScratchLotteryViewDelegate {
  public:
   static constexpr std::string_view key = "scratch_lottery";
   enum class State { idle, done };
-  /// Of the mask: with so much gone the rest goes too.
+  /// The erased share of the mask at which the whole mask is removed.
   static constexpr double doneRatio = 0.2;
 
-  /// Throws a DecodingError: every field is required, and a state is one of the two.
+  /// Throws a DecodingError: every field is required, and the state must be "idle" or "done".
   explicit ScratchLotteryComponent(const JsonObject& json);
 
   std::string_view arrayKey() const override { return key; }
@@ -31,7 +32,7 @@ class ORRELO_EXPORT ScratchLotteryComponent final : public UIComponent, public S
   const State state;
   const bool scratchable;
   const std::string result;
-  /// For who may not scratch.
+  /// The action for users who may not scratch.
   const std::string unscratchableUrl;
   const std::string doneUrl;
   const Color primaryColor;

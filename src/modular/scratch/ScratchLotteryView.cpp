@@ -33,7 +33,7 @@ void ScratchLotteryView::touchesMoved(Point point) {
   if (isBlocked()) return pan(point);
   if (!isPressable()) return;
   ++movedCount_;
-  // What this move rubs off counts at the next measurement.
+  // The line erased by this move is included in the next measurement only.
   if (movedCount_ % movesPerMeasurement == 0) scratchMaskView->measure();
   scratchMaskView->erase(point);
 }

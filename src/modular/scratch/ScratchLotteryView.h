@@ -15,35 +15,35 @@ class ScratchLotteryViewDelegate {
  public:
   virtual ~ScratchLotteryViewDelegate() = default;
 
-  /// How much of the mask is gone, from 0 to 1.
+  /// Reports the erased share of the mask, from 0 to 1.
   virtual void didScratch(double ratio) = 0;
-  /// A card that may not be scratched is being rubbed: once for each report of the movement.
+  /// Called when the user scratches a blocked card, once per reported movement.
   virtual void handleUnscratchable() = 0;
 };
 
-/// A card with a result under a mask.
+/// A card whose result is covered by a mask.
 class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskViewDelegate {
  public:
   struct Content {
     std::string result;
     Color primaryColor;
     Color secondaryColor;
-    /// Whether the result is there to be seen from the start.
+    /// True if the result is revealed from the start.
     bool isDone = false;
     bool isScratchable = false;
   };
   static constexpr std::string_view kindName = "ScratchLotteryView";
-  /// From either edge of the stack.
+  /// The distance to both edges of the stack, in points.
   static constexpr double inset = 20.0;
   static constexpr double height = 80.0;
   static constexpr double cornerRadius = 4.0;
   static constexpr double borderWidth = 2.0;
   static constexpr Color borderColor{1.0, 1.0, 1.0, 1.0};
-  /// Before the result, as large as it fits; the two stand in the middle, one beside the other.
+  /// The icon before the result, at the largest size that fits. Icon and result are centered together.
   static constexpr auto resultAsset = "orl_ic_sports";
-  /// How far a finger moves, in points, before it is no tap.
+  /// The distance in points after which a movement is a pan rather than a tap.
   static constexpr double panThreshold = 10.0;
-  /// Every so many moves the mask is measured.
+  /// The mask is measured once per this number of moves.
   static constexpr int movesPerMeasurement = 10;
 
   static std::shared_ptr<ScratchLotteryView> create(const Content& content);
@@ -51,23 +51,23 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
   std::string_view kind() const override { return kindName; }
 
   TextStyle resultStyle() const { return {16.0, TextStyle::Weight::heavy, content.primaryColor}; }
-  /// What assistive technology says of the card: the result only once it can be seen.
+  /// The label for assistive technology. It contains the result only when that is visible.
   std::string accessibilityLabel() const;
-  /// Whether pressing it does something.
+  /// True if a press has an effect.
   bool isPressable() const { return isBlocked() || scratchMaskView->state.value().isUserInteractionEnabled; }
 
-  /// Whether the page must not take over a touch that began on the card, to scroll. True for a card that can
-  /// be scratched, since a stroke drifts; from a blocked or an open card the page scrolls.
+  /// True if the page must not scroll with a touch that began on the card. This is the case for a card that
+  /// can be scratched, since strokes drift; touches on a blocked or a revealed card scroll the page.
   bool keepsTouches() const {
     return (content.isScratchable && !content.isDone) || scratchMaskView->isInterceptTouchesInScrollView;
   }
 
-  // What the front reports, in points from the view's top left.
+  // Called by the front; points are relative to the view's top left.
   void touchesBegan(Point point);
   void touchesMoved(Point point);
-  /// Also when the touch was taken away.
+  /// Also called when the touch is cancelled.
   void touchesEnded();
-  /// A press by key or by assistive technology stands for the whole of a rub.
+  /// A press by keyboard or assistive technology acts like scratching the whole card.
   void press();
 
   void hideMask();

@@ -12,8 +12,9 @@
 namespace orrelo {
 
 double ScratchMaskView::scale() const {
-  const double sharpest = maximumSide / std::max(size().width, size().height);
-  return std::min(std::clamp(Platform::current().application->screenScale(), 1.0, maximumScale), sharpest);
+  const double maximumForSize = maximumSide / std::max(size().width, size().height);
+  return std::min(std::clamp(Platform::current().application->screenScale(), 1.0, maximumScale),
+                  maximumForSize);
 }
 
 const AlphaMask* ScratchMaskView::mask() {
@@ -25,14 +26,14 @@ const AlphaMask* ScratchMaskView::mask() {
   const int height = pixels(size().height);
   if (width != mask_.width() || height != mask_.height()) {
     mask_ = mask_.pixels().empty() ? AlphaMask(width, height) : mask_.stretched(width, height);
-    touched_ = mask_.bounds();
+    changedRegion_ = mask_.bounds();
   }
   return &mask_;
 }
 
 PixelRect ScratchMaskView::takeTouched() {
   mask();
-  return std::exchange(touched_, {});
+  return std::exchange(changedRegion_, {});
 }
 
 void ScratchMaskView::erase(Point point) {
@@ -42,7 +43,7 @@ void ScratchMaskView::erase(Point point) {
   const double factor = scale();
   const auto touched = mask_.eraseLine({from->x * factor, from->y * factor},
                                        {point.x * factor, point.y * factor}, lineWidth * factor);
-  touched_ = touched_.united(touched);
+  changedRegion_ = changedRegion_.united(touched);
 }
 
 void ScratchMaskView::measure() {

@@ -14,12 +14,12 @@ class ScratchMaskViewDelegate {
  public:
   virtual ~ScratchMaskViewDelegate() = default;
 
-  /// How much of the mask is gone, from 0 to 1. On the main thread.
+  /// Reports the erased share of the mask, from 0 to 1. Called on the main thread.
   virtual void didScratch(double ratio) = 0;
 };
 
-/// A picture that is rubbed off. A front shows the picture through `mask`, and puts together
-/// anew what `takeTouched` names.
+/// An image that the user erases by scratching. A front draws the image through `mask` and updates the region
+/// of `takeTouched`.
 class ORRELO_EXPORT ScratchMaskView final : public View {
  public:
   struct State {
@@ -29,32 +29,32 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
     friend bool operator==(const State&, const State&) = default;
   };
   static constexpr auto asset = "orl_ic_scratch_mask";
-  /// In points, with round ends.
+  /// The width of the erased line, in points. Its ends are round.
   static constexpr double lineWidth = 35.0;
-  /// Pixels to a point; a sharper screen shows no more of it.
+  /// The maximum number of mask pixels per point, also on screens with a higher scale.
   static constexpr double maximumScale = 3.0;
-  /// In pixels; a larger view has a coarser mask.
+  /// The maximum side of the mask in pixels; larger views have a coarser mask.
   static constexpr double maximumSide = 4096.0;
 
   std::string_view kind() const override { return "ScratchMaskView"; }
 
-  /// As large as the view, at the scale of the screen: what is rubbed off stays so when the view gets another
-  /// size. Null while the view has none.
+  /// The mask in the size of the view, at the scale of the screen. It keeps its erased parts when the view is
+  /// resized. Null while the view has no size.
   const AlphaMask* mask();
-  /// What has changed since it was last taken.
+  /// Returns the region that has changed since the last call.
   PixelRect takeTouched();
 
-  /// Where the next line begins.
+  /// Sets the start of the next line.
   void begin(Point point) { lastPoint_ = point; }
-  /// Rubs off a line from the last point to this one, in points.
+  /// Erases a line from the last point to this one, in points.
   void erase(Point point);
-  /// Counts, on a worker, how much is gone by now, and tells the delegate.
+  /// Counts the erased pixels on a worker and then notifies the delegate.
   void measure();
 
-  /// Keeps the page from scrolling under any touch on the card. Deliberately false: nothing in the kit sets
-  /// it.
+  /// Keeps the page from scrolling for any touch on the card. The kit deliberately leaves it false.
   bool isInterceptTouchesInScrollView = false;
-  /// The area of all lines so far, in square points, overlaps counted again. It decides nothing.
+  /// The total area of all erased lines in square points, with overlaps counted repeatedly. Informational
+  /// only.
   double scratched = 0.0;
   std::weak_ptr<ScratchMaskViewDelegate> delegate;
   Followed<State> state;
@@ -64,7 +64,7 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
 
   std::optional<Point> lastPoint_;
   AlphaMask mask_;
-  PixelRect touched_;
+  PixelRect changedRegion_;
 };
 
 }  // namespace orrelo
