@@ -1,8 +1,8 @@
 #pragma once
 
-#include "viewkit/WebView.h"
 #include "quick/bridge/ViewBridge.h"
 #include "quick/viewkit/WebPageDelegate.h"
+#include "viewkit/WebView.h"
 
 #include <QUrl>
 
