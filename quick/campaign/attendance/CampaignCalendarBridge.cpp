@@ -12,7 +12,7 @@ CampaignCalendarBridge::CampaignCalendarBridge(const std::shared_ptr<CampaignCal
 }
 
 void CampaignCalendarBridge::updateCells() {
-  const auto state = calendar_.state.value();
+  const auto& state = calendar_.state.value();
   while (cells_->rows().size() > state.cells.size()) cells_->remove(cells_->rows().size() - 1);
   for (std::size_t at = 0; at < state.cells.size(); ++at) {
     const bool isThere = at < cells_->rows().size();
@@ -24,13 +24,10 @@ void CampaignCalendarBridge::updateCells() {
 }
 
 ImageBridge* CampaignCalendarBridge::iconOf(const std::string& url) {
-  if (url.empty()) return nullptr;
-  auto& icon = icons_[url];
-  if (icon == nullptr) {
-    const auto image = std::make_shared<ImageView>();
-    icon = new ImageBridge(image, this);
-    image->load(url);
-  }
+  const auto view = calendar_.iconView(url);
+  if (!view) return nullptr;
+  auto& icon = icons_[view];
+  if (icon == nullptr) icon = new ImageBridge(view, this);
   return icon;
 }
 

@@ -51,10 +51,9 @@ class CampaignCalendarBridge final : public ViewBridge {
   /// Null for an empty address.
   ImageBridge* iconOf(const std::string& url);
 
-  const CampaignCalendarView& calendar_;
+  CampaignCalendarView& calendar_;
   ListBridge* const cells_;
-  /// The key is the address; mostly all cells have one.
-  std::map<std::string, ImageBridge*> icons_;
+  std::map<std::shared_ptr<ImageView>, ImageBridge*> icons_;
 };
 
 }  // namespace orrelo::quick

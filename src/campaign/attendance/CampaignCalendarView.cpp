@@ -113,4 +113,14 @@ void CampaignCalendarView::configure(const CampaignCalendar& calendar) {
   state.set(std::move(content));
 }
 
+std::shared_ptr<ImageView> CampaignCalendarView::iconView(const std::string& url) {
+  if (url.empty()) return nullptr;
+  auto& view = iconViews_[url];
+  if (!view) {
+    view = std::make_shared<ImageView>();
+    view->load(url);
+  }
+  return view;
+}
+
 }  // namespace orrelo

@@ -3,10 +3,12 @@
 #include "base/Color.h"
 #include "campaign/attendance/CalendarCellViewState.h"
 #include "campaign/attendance/CampaignCalendar.h"
-#include "ui/View.h"
+#include "image/ImageView.h"
 
 #include <orrelo/Export.h>
 
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -61,9 +63,15 @@ class ORRELO_EXPORT CampaignCalendarView final : public View {
   std::string_view kind() const override { return "CampaignCalendarView"; }
 
   void configure(const CampaignCalendar& calendar);
+  /// The image of the cells with this icon, which starts to load when it is first asked for; null for an
+  /// empty URL.
+  std::shared_ptr<ImageView> iconView(const std::string& url);
 
   std::vector<CalendarCellViewState> cellViewState;
   Followed<State> state;
+
+ private:
+  std::map<std::string, std::shared_ptr<ImageView>> iconViews_;
 };
 
 /// The look of a cell in a state; `day` is the cell's day of the month.
