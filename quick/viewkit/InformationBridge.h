@@ -1,7 +1,7 @@
 #pragma once
 
-#include "viewkit/InformationView.h"
 #include "quick/bridge/ViewBridge.h"
+#include "viewkit/InformationView.h"
 
 namespace orrelo::quick {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "viewkit/NoticeView.h"
 #include "quick/bridge/ViewBridge.h"
+#include "viewkit/NoticeView.h"
 
 namespace orrelo::quick {
 
