@@ -48,12 +48,12 @@ class CampaignCalendarBridge final : public ViewBridge {
 
  private:
   void updateCells();
-  /// Null for an empty address.
+  /// Returns the image at this URL; null for an empty URL.
   ImageBridge* iconOf(const std::string& url);
 
   const CampaignCalendarView& calendar_;
   ListBridge* const cells_;
-  /// The key is the address; mostly all cells have one.
+  /// The images by URL; usually all cells share one.
   std::map<std::string, ImageBridge*> icons_;
 };
 
