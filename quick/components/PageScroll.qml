@@ -1,8 +1,8 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A column of blocks of readable width that scrolls if it does not fit. It scrolls to an item that is focused
-/// by a key; an item that is focused by a press is visible anyway.
+/// A column of blocks of readable width that scrolls if it does not fit. It scrolls to an item that is
+/// focused by a key; an item that is focused by a press is visible anyway.
 Flickable {
     id: scroll
 

@@ -60,7 +60,8 @@ HostWindow::~HostWindow() {
 
 void HostWindow::makeNavigation() {
   if (navigation_) return;
-  if (screen_->presentedViewController()) screen_->dismiss(false);  // its presenter would no longer be the root
+  // A screen that is presented now would have a presenter that is no longer the root.
+  if (screen_->presentedViewController()) screen_->dismiss(false);
   const bool isKey = keyWindowRootViewController() == screen_;
   navigation_ = NavigationController::create(screen_);
   if (isKey) setKeyWindowRootViewController(navigation_);

@@ -8,7 +8,8 @@ FocusScope {
     default property alias content: hostContent.data
     /// The user's text scale; values are limited to the range from 1 to 2.
     property real textScale: 1
-    /// True to push screens onto a stack over the host's content instead of presenting them. It cannot be turned off again.
+    /// True to push screens onto a stack over the host's content instead of presenting them. It cannot be
+    /// turned off again.
     property bool pushesScreens: false
     /// True while a screen of the kit covers the host's content, which receives no input meanwhile.
     readonly property bool isCovered: bridge.top !== null

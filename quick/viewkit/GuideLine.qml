@@ -13,11 +13,11 @@ PressArea {
     required property bool canExplain
     property real size: 12
 
-    /// The x coordinate, relative to `item`, of a tooltip of this width whose tail points at the middle of the icon, or
-    /// as near to it as `availableWidth` allows.
-    function tailX(tooltip, tooltipWidth, availableWidth, item) {
+    /// The x coordinate, relative to `item`, of a tooltip of this width whose tail points at the middle of
+    /// the icon, or as near to it as `totalWidth` allows.
+    function tailX(tooltip, tooltipWidth, totalWidth, item) {
         const middle = mapToItem(item, row.x + icon.x + icon.width / 2, 0).x
-        return Math.max(0, Math.min(availableWidth - tooltipWidth, middle - 7 - tooltip.horizontalBias * tooltipWidth))
+        return Math.max(0, Math.min(totalWidth - tooltipWidth, middle - 7 - tooltip.horizontalBias * tooltipWidth))
     }
 
     implicitHeight: Math.max(32, row.height + 8)

@@ -4,8 +4,8 @@ import QtWebEngine
 import Orrelo.Kit
 import Orrelo.Web
 
-/// A web page in a browser engine. It may run scripts and open windows. All other requests, such as permissions and
-/// dialogs, are refused without asking the user, so that a page cannot get in the user's way.
+/// A web page in a browser engine. It may run scripts and open windows. All other requests, such as
+/// permissions and dialogs, are refused without asking the user, so that a page cannot get in the user's way.
 WebFrame {
     id: frame
 
@@ -28,8 +28,8 @@ WebFrame {
     WebEngineView {
         id: view
         width: parent.width
-        // The painted height is limited because it takes memory in the host's process. The rest of a higher page is
-        // scrolled within this view.
+        // The painted height is limited because it takes memory in the host's process. The rest of a higher
+        // page is scrolled within this view.
         height: Math.min(parent.height, 8192)
         activeFocusOnTab: true
         backgroundColor: "transparent"
