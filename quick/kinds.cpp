@@ -4,7 +4,8 @@
 
 namespace orrelo::quick {
 
-// A folder with views or screens has its rows in a kinds.cpp of its own, and is named here and below.
+// Each folder with views or screens defines one of these functions in its own kinds.cpp. A new folder must be
+// added both here and in `allKinds`.
 Kinds imageKinds();
 Kinds viewkitKinds();
 Kinds modularKinds();

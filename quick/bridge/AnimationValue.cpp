@@ -5,7 +5,7 @@
 namespace orrelo::quick {
 namespace {
 
-// The control points of the two curves, as CSS Easing Functions gives them for ease-out and ease-in-out.
+// The control points of ease-out and ease-in-out as defined by CSS Easing Functions.
 QList<qreal> bezier(Animation::Curve curve) {
   return {curve == Animation::Curve::easeInOut ? 0.42 : 0.0, 0.0, 0.58, 1.0, 1.0, 1.0};
 }

@@ -9,19 +9,19 @@ struct Animation;
 
 namespace orrelo::quick {
 
-/// A core animation as KitAnimation.qml plays it. Times are milliseconds.
+/// A core animation in the form that KitAnimation.qml plays. Times are in milliseconds.
 class AnimationValue {
   Q_GADGET
   Q_PROPERTY(double from MEMBER from CONSTANT)
   Q_PROPERTY(double to MEMBER to CONSTANT)
   Q_PROPERTY(int delay MEMBER delay CONSTANT)
   Q_PROPERTY(int duration MEMBER duration CONSTANT)
-  /// As `easing.bezierCurve` takes it.
+  /// The format is that of QML's `easing.bezierCurve`.
   Q_PROPERTY(QList<qreal> curve MEMBER curve CONSTANT)
 
  public:
   AnimationValue() = default;
-  /// `unit`: what one of QML's units is worth in the core's.
+  /// `unit` is the number of the core's units per QML unit; `from` and `to` are divided by it.
   explicit AnimationValue(const Animation& animation, double unit = 1.0);
 
   bool operator==(const AnimationValue&) const = default;

@@ -15,9 +15,9 @@ inline QString toQt(std::string_view text) {
 
 QColor toQt(const Color& color);
 
-/// A file of the module Orrelo.Kit: "StackView.qml".
+/// The URL of a file in the module Orrelo.Kit, such as "StackView.qml".
 QUrl moduleFile(const QString& path);
-/// One of the kit's own pictures, by its name; empty for an empty name.
+/// The URL of one of the kit's own images; empty for an empty name.
 QUrl assetFile(std::string_view name);
 
 }  // namespace orrelo::quick

@@ -13,8 +13,8 @@
 
 namespace orrelo::quick {
 
-/// What the front knows of a kind of view or screen: its name, which its QML file bears too, and the bridge
-/// that leads to it.
+/// Registers a kind of view or screen: its name, which is also the name of its QML file, and the factory of
+/// its bridge.
 template <class CoreBase, class BridgeBase>
 struct Kind {
   std::string_view name;
@@ -23,7 +23,7 @@ struct Kind {
 using ViewKind = Kind<View, ViewBridge>;
 using ScreenKind = Kind<ViewController, ScreenBridge>;
 
-/// The row of a view: `viewKind<StampBoardView, StampBoardBridge>()`.
+/// The entry for a view: `viewKind<StampBoardView, StampBoardBridge>()`.
 template <class Core, class Bridge>
 constexpr ViewKind viewKind() {
   return {Core::kindName, [](const std::shared_ptr<View>& view, QObject* parent) -> ViewBridge* {
@@ -31,7 +31,7 @@ constexpr ViewKind viewKind() {
           }};
 }
 
-/// The row of a screen.
+/// The entry for a screen.
 template <class Core, class Bridge>
 constexpr ScreenKind screenKind() {
   return {Core::kindName,
@@ -40,21 +40,22 @@ constexpr ScreenKind screenKind() {
           }};
 }
 
-/// The rows of a folder.
+/// The entries of one folder.
 struct Kinds {
   std::span<const ViewKind> views = {};
   std::span<const ScreenKind> screens = {};
 };
 
-/// Every folder's, as listed in quick/kinds.cpp.
+/// The entries of all folders, as listed in quick/kinds.cpp.
 std::span<const Kinds> allKinds();
 
-/// A kind without a row gets a plain bridge and draws nothing.
+/// Creates the bridge of the view's kind. A kind that is not registered gets a plain bridge, which draws
+/// nothing.
 ViewBridge* makeBridge(const std::shared_ptr<View>& view, QObject* parent);
 ScreenBridge* makeBridge(const std::shared_ptr<ViewController>& screen, QObject* parent);
-/// The file that draws it; empty for a kind without a row.
+/// The QML file that draws this kind; empty if the kind is not registered.
 QUrl delegateOf(std::string_view kind);
-/// The files of all rows, for the test that compiles them.
+/// The QML files of all registered kinds, for the test that compiles them.
 ORRELO_EXPORT std::vector<QUrl> allDelegates();
 
 }  // namespace orrelo::quick

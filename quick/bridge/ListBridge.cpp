@@ -14,7 +14,7 @@ void ListBridge::remove(std::size_t at) {
   beginRemoveRows({}, static_cast<int>(at), static_cast<int>(at));
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(at));
   endRemoveRows();
-  gone->deleteLater();  // the delegate, which reads it, goes in the same way and was asked to before
+  gone->deleteLater();  // runs after that of the delegate, which still reads the row
 }
 
 int ListBridge::rowCount(const QModelIndex& parent) const {
@@ -26,7 +26,7 @@ QVariant ListBridge::data(const QModelIndex& index, int) const {
   return QVariant::fromValue(rows_[static_cast<std::size_t>(index.row())]);
 }
 
-// QML offers a model's only role as `modelData` too.
+// A model with a single role also exposes it to QML as `modelData`.
 QHash<int, QByteArray> ListBridge::roleNames() const {
   return {{Qt::UserRole, "row"}};
 }

@@ -8,9 +8,9 @@
 
 namespace orrelo::quick {
 
-/// A list as QML's views take it: one object a row, which a delegate gets as `modelData`. A row that stays
-/// keeps its object, and so its delegate; what changes within a row, its object tells itself. The list owns
-/// its rows.
+/// A list model for QML views. Each row is one object, which the delegate receives as `modelData`. A row that
+/// stays keeps its object and therefore its delegate; changes within a row are signalled by its object. The
+/// list owns its rows.
 class ListBridge : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
@@ -20,14 +20,15 @@ class ListBridge : public QAbstractListModel {
   using QAbstractListModel::QAbstractListModel;
 
   const std::vector<QObject*>& rows() const { return rows_; }
-  /// Takes the row, whose parent the list becomes.
+  /// Takes ownership of the row.
   void insert(std::size_t at, QObject* row);
   void append(QObject* row) { insert(rows_.size(), row); }
-  /// The object goes after whoever draws it.
+  /// Removes the row and deletes its object later, after the delegate that reads it.
   void remove(std::size_t at);
 
-  /// Becomes a row for each of `items`, in their order; items that were there before have kept theirs.
-  /// `isOf(row, item)` tells whose a row is, `make(item)` makes one.
+  /// Changes the list to one row per item, in the order of `items`. Rows of items that were in the list
+  /// before are kept; such items must be in the same relative order as before. `isOf(row, item)` returns
+  /// whether the row belongs to the item, `make(item)` creates a row.
   template <class Row, class Items, class IsOf, class Make>
   void become(const Items& items, IsOf isOf, Make make) {
     const auto is = [&isOf](QObject* row, const auto& item) { return isOf(*static_cast<Row*>(row), item); };

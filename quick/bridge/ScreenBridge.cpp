@@ -16,7 +16,7 @@ QUrl ScreenBridge::delegate() const {
 }
 
 void ScreenBridge::close() {
-  const auto keep = screen_;  // the bridge may go with the screen
+  const auto keep = screen_;  // closing may delete this bridge, which owns the screen
   keep->close();
 }
 

@@ -12,17 +12,17 @@
 
 namespace orrelo::quick {
 
-/// A core screen as QML sees it.
+/// Exposes a core screen to QML.
 class ScreenBridge : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  /// The file that draws it; empty for a kind that the kit has no look for.
+  /// The QML file that draws the screen; empty if its kind is not registered.
   Q_PROPERTY(QUrl delegate READ delegate CONSTANT)
   Q_PROPERTY(QString title READ title NOTIFY titleChanged)
-  /// What lies beneath shows through.
+  /// True if the content below the screen remains visible.
   Q_PROPERTY(bool isOver READ isOver CONSTANT)
-  /// There is something that `close` leads back to, which does not change while a screen has its place.
+  /// True if there is a screen to return to. The value does not change while the screen is shown.
   Q_PROPERTY(bool canClose READ canClose CONSTANT)
 
  public:
@@ -34,17 +34,17 @@ class ScreenBridge : public QObject {
   bool isOver() const { return screen_->modalPresentationStyle == ModalPresentationStyle::overFullScreen; }
 
   bool canClose() const { return screen_->canClose(); }
-  /// Escape, Back and whatever else leaves the screen.
+  /// Leaves the screen; called for Escape, Back and the screen's own close buttons.
   Q_INVOKABLE virtual void close();
 
  Q_SIGNALS:
   void titleChanged();
   void stateChanged();
-  /// It presents something else now, or nothing any more.
+  /// The screen now presents another screen, or no longer presents one.
   void presentationChanged(bool animated);
 
  protected:
-  /// Emits `stateChanged` at once and at each signal.
+  /// Emits `stateChanged` immediately and at each element of `changes`.
   void follow(const reactive::Observable<reactive::Unit>& changes) {
     subscriptions_.follow(changes, [this] { Q_EMIT stateChanged(); });
   }

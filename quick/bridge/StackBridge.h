@@ -7,8 +7,8 @@
 
 namespace orrelo::quick {
 
-/// The views of a stack, in rows of `block`, `inset` (null where the block has a width of its own) and
-/// `spacingAfter`.
+/// The views of a stack. Each row has the members `block`, `inset` (null if the block has a width of its own)
+/// and `spacingAfter`.
 class StackBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT

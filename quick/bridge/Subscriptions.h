@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-/// What an object listens to, for as long as it lives.
+/// The subscriptions of an object, which end with its lifetime.
 class Subscriptions {
  public:
   Subscriptions() = default;

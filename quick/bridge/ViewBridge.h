@@ -11,12 +11,12 @@
 
 namespace orrelo::quick {
 
-/// A core view as QML sees it: typed properties that follow its state. The core decides, QML draws.
+/// Exposes a core view to QML as typed properties that follow its state. The core decides, QML draws.
 class ViewBridge : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  /// The file that draws it; empty for a kind that only parts of others draw.
+  /// The QML file that draws the view; empty for a kind that is only drawn as a part of other views.
   Q_PROPERTY(QUrl delegate READ delegate CONSTANT)
   Q_PROPERTY(QString accessibilityIdentifier READ accessibilityIdentifier CONSTANT)
 
@@ -27,14 +27,14 @@ class ViewBridge : public QObject {
   const std::shared_ptr<View>& view() const { return view_; }
   QString accessibilityIdentifier() const { return toQt(view_->accessibilityIdentifier); }
 
-  /// The size that the view has got on the screen.
+  /// Passes the size of the item that draws the view to the core.
   Q_INVOKABLE void reportSize(double width, double height) { view_->setSize({width, height}); }
 
  Q_SIGNALS:
   void stateChanged();
 
  protected:
-  /// Emits `stateChanged` at once and at each change of `followed`.
+  /// Emits `stateChanged` immediately and at each change of `followed`.
   template <class State>
   void follow(const Followed<State>& followed) {
     subscriptions_.follow(followed.changes(), [this] { Q_EMIT stateChanged(); });

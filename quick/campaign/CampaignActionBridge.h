@@ -15,7 +15,7 @@ class CampaignActionBridge final : public ViewBridge {
   Q_PROPERTY(QString title READ title NOTIFY stateChanged)
   Q_PROPERTY(QString statusMessage READ statusMessage NOTIFY stateChanged)
   Q_PROPERTY(bool isEnabled READ isEnabled NOTIFY stateChanged)
-  /// Of the button, dimmed where it is disabled.
+  /// The button's fill colour, dimmed if the button is disabled.
   Q_PROPERTY(QColor fill READ fill NOTIFY stateChanged)
   Q_PROPERTY(QColor textColor READ textColor NOTIFY stateChanged)
   Q_PROPERTY(double buttonHeight READ buttonHeight CONSTANT)

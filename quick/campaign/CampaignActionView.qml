@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// The page's one button, and a line on how things stand.
+/// The page's button above a line that shows the user's status.
 Column {
     id: view
 

@@ -16,7 +16,7 @@ void CampaignScreenBridge::updateContent() {
   if ((content_ ? content_->view() : nullptr) == view) return;
   const auto former = std::exchange(content_, view ? makeBridge(view, this) : nullptr);
   Q_EMIT contentChanged();
-  // After whoever draws it, which goes in the same way.
+  // `deleteLater` keeps it alive until the item that draws it, which QML also deletes later, is gone.
   if (former) former->deleteLater();
 }
 

@@ -12,7 +12,7 @@ class CampaignScreenBridge final : public PageBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(QUrl background READ background CONSTANT)
-  /// The page of the campaign's kind; null until there is one.
+  /// The campaign's page; null until it has been loaded.
   Q_PROPERTY(orrelo::quick::ViewBridge* content READ content NOTIFY contentChanged)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
   Q_PROPERTY(double indicatorSize READ indicatorSize CONSTANT)

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A filled button, as wide as its place.
+/// A filled button.
 PressArea {
     id: button
 

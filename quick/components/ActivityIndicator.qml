@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Turns while something is under way.
+/// A spinning activity indicator; invisible unless `isAnimating`.
 Item {
     id: indicator
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A picture behind a whole screen, stretched to it.
+/// An image stretched over the whole screen, behind its content.
 Image {
     anchors.fill: parent
     fillMode: Image.Stretch

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Marks that its parent has the keyboard's focus.
+/// Marks its parent when it has the keyboard focus.
 Rectangle {
     property real around: Theme.cornerRadius
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A picture of 24 points in a place that a finger can hit.
+/// An icon of 24 points in an area that is large enough for a finger.
 PressArea {
     id: button
 

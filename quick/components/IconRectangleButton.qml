@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A picture over a title, with a count at its corner where there is one.
+/// An icon above a title, with an optional badge at the icon's corner.
 PressArea {
     id: button
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// Plays what the core says of a property.
+/// Plays a core animation on a property of `target`.
 SequentialAnimation {
     id: animation
 

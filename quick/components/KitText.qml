@@ -1,10 +1,10 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Text in the kit's font. `size` is that of the design, before the user's text scale.
+/// Text in the kit's font. `size` is the size before the user's text scale is applied.
 Text {
     property real size: 14
-    /// Text that is large as it stands need not grow as far.
+    /// The upper limit of the text scale; smaller for text that is already large.
     property real maximumScale: 2
 
     font.family: Theme.fontFamily

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Text in a box of its own, with room around it.
+/// Text with padding on a background.
 KitText {
     property real radius: 0
     property color backgroundColor: "transparent"

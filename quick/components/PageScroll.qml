@@ -1,8 +1,8 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A page of blocks, one under the other in a column of readable width, that scrolls when it does not fit. It
-/// follows the focus that keys move; a press shows where it is itself.
+/// A column of blocks of readable width that scrolls if it does not fit. It scrolls to an item that is
+/// focused by a key; an item that is focused by a press is visible anyway.
 Flickable {
     id: scroll
 

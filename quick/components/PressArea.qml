@@ -1,7 +1,8 @@
 import QtQuick
 import Orrelo.Kit
 
-/// What can be pressed: by touch, mouse, Enter, Space or assistive technology. It shows the keyboard's focus.
+/// An area that can be pressed by touch, mouse, Enter, Space or assistive technology. It shows the keyboard
+/// focus.
 FocusScope {
     id: area
 
@@ -11,7 +12,7 @@ FocusScope {
     property Item focusFrame: area
     property real focusRadius: Theme.cornerRadius
     property color focusColor: Theme.focus
-    /// ReleaseWithinBounds where something beneath would hear the tap too.
+    /// Set it to ReleaseWithinBounds if an item beneath would also receive the tap.
     property alias gesturePolicy: tap.gesturePolicy
 
     signal pressed()
@@ -22,13 +23,13 @@ FocusScope {
         pressed()
     }
 
-    /// A key that is held presses once.
+    /// Ignores auto-repeat, so that a key that is held presses once.
     function pressBy(event) {
         if (!event.isAutoRepeat) press()
     }
 
     activeFocusOnTab: isEnabled
-    // A plain line is no button that cannot be pressed.
+    // Plain text must not be presented as a disabled button.
     enabled: isEnabled || role !== Accessible.Button
     Accessible.role: role
     Accessible.name: name

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A line of text on a ground of its own.
+/// A line of text on a background.
 Rectangle {
     property alias text: label.text
     property alias textColor: label.color

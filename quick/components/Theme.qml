@@ -3,11 +3,11 @@ import QtQuick
 
 /// Fonts, colours and sizes, in points.
 QtObject {
-    /// From 1 to 2; set through OrreloHost.
+    /// The text scale, a value from 1 to 2 that OrreloHost sets.
     property real textScale: 1
-    /// Whether what has the keyboard's focus is marked: while the keyboard is in use.
+    /// True while the keyboard is in use; the focused item is marked then.
     property bool showsFocus: false
-    /// The first of the machine's Korean fonts that suits a screen; the application's where there is none.
+    /// The first suitable Korean font that is installed, with the application's font as fallback.
     property string fontFamily: {
         const families = Qt.fontFamilies()
         const wanted = ["Pretendard", "Noto Sans KR", "Noto Sans CJK KR", "NanumGothic", "NanumBarunGothic"]
@@ -26,7 +26,7 @@ QtObject {
     readonly property real margin: 20
     readonly property real cornerRadius: 8
     readonly property real barHeight: 44
-    /// The least side of what a finger can hit.
+    /// The minimum side length of a touch target.
     readonly property real touchSize: 44
 
     readonly property int slideDuration: 320

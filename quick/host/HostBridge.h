@@ -9,18 +9,18 @@
 
 namespace orrelo::quick {
 
-/// What a window's OrreloHost draws: the screens over the host's own, those pushed and above them those
-/// presented.
+/// The screens that an OrreloHost draws over the host's content: first the pushed ones, above them the
+/// presented ones.
 class HostBridge : public QObject {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QQuickWindow* window READ window WRITE setWindow NOTIFY windowChanged)
-  /// Screens shown from this window are pushed. Once true it stays so.
+  /// True if screens shown from this window are pushed. It cannot be set back to false.
   Q_PROPERTY(bool pushesScreens READ pushesScreens WRITE setPushesScreens NOTIFY navigationChanged)
-  /// Null where nothing is pushed.
+  /// The window's stack; null if the window does not push screens.
   Q_PROPERTY(orrelo::quick::NavigationBridge* navigation READ navigation NOTIFY navigationChanged)
   Q_PROPERTY(orrelo::quick::ScreenLayers* layers READ layers CONSTANT)
-  /// What the user has touched last was the keyboard.
+  /// True if the last input was a key, false if it was a mouse press or a touch.
   Q_PROPERTY(bool usesKeyboard READ usesKeyboard NOTIFY usesKeyboardChanged)
 
  public:
@@ -42,7 +42,7 @@ class HostBridge : public QObject {
   void usesKeyboardChanged();
 
  private:
-  /// Starts to show the window's screens.
+  /// Stops following the former window and starts following the current one.
   void connectToWindow();
   void update(bool animated);
   void setUsesKeyboard(bool uses);

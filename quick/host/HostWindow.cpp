@@ -14,15 +14,15 @@
 namespace orrelo::quick {
 namespace {
 
-// From the host's own upwards, each presented by the one before.
+// `lowest` and the screens above it, each presented by the one before.
 std::vector<std::shared_ptr<ViewController>> chain(const std::shared_ptr<ViewController>& lowest) {
   std::vector<std::shared_ptr<ViewController>> screens;
   for (auto screen = lowest; screen; screen = screen->presentedViewController()) screens.push_back(screen);
   return screens;
 }
 
-// Logs what the host must do when it passes no window.
-bool isThere(const QQuickWindow* window, std::string_view call) {
+// Returns whether there is a window; otherwise logs how the host should call the function.
+bool hasWindow(const QQuickWindow* window, std::string_view call) {
   if (window != nullptr) return true;
   log(LogLevel::ERROR, [call] {
     return std::string(call) +
@@ -42,7 +42,8 @@ HostWindow& HostWindow::of(QQuickWindow& window) {
 }
 
 HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {
-  // Hiding a window is a trip to the background and no disappearance: its screens stay until it goes.
+  // Hiding a window moves the application to the background but does not make screens disappear. They
+  // disappear when the window is destroyed.
   connect(&window, &QWindow::visibleChanged, this, [this](bool isVisible) {
     if (isVisible) appear();
   });
@@ -59,7 +60,8 @@ HostWindow::~HostWindow() {
 
 void HostWindow::makeNavigation() {
   if (navigation_) return;
-  if (screen_->presentedViewController()) screen_->dismiss(false);  // what it shows now is not the stack's
+  // A screen that is presented now would have a presenter that is no longer the root.
+  if (screen_->presentedViewController()) screen_->dismiss(false);
   const bool isKey = keyWindowRootViewController() == screen_;
   navigation_ = NavigationController::create(screen_);
   if (isKey) setKeyWindowRootViewController(navigation_);
@@ -80,17 +82,17 @@ void HostWindow::disappear() {
 }
 
 std::shared_ptr<ViewController> hostViewController(QQuickWindow* window) {
-  if (!isThere(window, "hostViewController")) return std::make_shared<HostViewController>();
+  if (!hasWindow(window, "hostViewController")) return std::make_shared<HostViewController>();
   return HostWindow::of(*window).screen();
 }
 
 bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
-  if (!isThere(window, "present")) return false;
+  if (!hasWindow(window, "present")) return false;
   return HostWindow::of(*window).root()->topmost()->present(screen, animated);
 }
 
 bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
-  if (!isThere(window, "push") || !screen) return false;
+  if (!hasWindow(window, "push") || !screen) return false;
   const auto& navigation = HostWindow::of(*window).navigation();
   if (navigation) navigation->pushViewController(screen, animated);
   return navigation != nullptr;

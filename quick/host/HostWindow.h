@@ -9,26 +9,27 @@ class QQuickWindow;
 
 namespace orrelo::quick {
 
-/// A window of the host as the kit's screens know it. The window owns it.
+/// The screens of one of the host's windows, which owns this object.
 class HostWindow final : public QObject {
  public:
-  /// The one of this window, which is made where it is missing.
+  /// The HostWindow of this window; created at the first call.
   static HostWindow& of(QQuickWindow& window);
   ~HostWindow() override;
 
   const std::shared_ptr<HostViewController>& screen() const { return screen_; }
-  /// The stack that lies on `screen`; null while the window has none.
+  /// The stack whose lowest screen is `screen`; null while the window has none.
   const std::shared_ptr<NavigationController>& navigation() const { return navigation_; }
-  /// What contains all screens but those that are presented.
+  /// The container of all screens that are not presented: the stack, or `screen` if there is none.
   std::shared_ptr<ViewController> root() const { return screen_->root(); }
 
-  /// Gives the window a stack of its own, for good.
+  /// Gives the window a stack, which cannot be removed again.
   void makeNavigation();
 
  private:
   explicit HostWindow(QQuickWindow& window);
 
-  /// Makes every visible screen appear, from the lowest up. Screens that have appeared ignore it.
+  /// Makes all screens from the topmost full-screen one upwards appear. Screens that have already appeared
+  /// ignore the call.
   void appear();
   void disappear();
 

@@ -12,7 +12,7 @@ class NavigationBridge final : public ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  /// All but the host's own, which the host draws.
+  /// All screens of the stack except the host's own, which the host draws itself.
   Q_PROPERTY(orrelo::quick::ScreenLayers* layers READ layers CONSTANT)
   Q_PROPERTY(bool isBarHidden READ isBarHidden NOTIFY stateChanged)
   Q_PROPERTY(QColor titleColor READ titleColor NOTIFY stateChanged)
@@ -23,7 +23,7 @@ class NavigationBridge final : public ScreenBridge {
   ScreenLayers* layers() const { return layers_; }
   bool isBarHidden() const { return navigation_.state().isNavigationBarHidden; }
   QColor titleColor() const;
-  /// Leaves the screen on top.
+  /// Closes the topmost screen.
   void close() override;
 
  private:

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A stack of screens, each under a bar with its title and the way back.
+/// A stack of screens, each with a bar that shows its title and a back button.
 FocusScope {
     id: stack
 

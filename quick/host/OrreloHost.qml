@@ -1,16 +1,17 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Wraps what a host shows itself in a window, and draws the kit's screens over it. One for each window.
+/// Wraps the host's own content in a window and draws the kit's screens over it. Use one for each window.
 FocusScope {
     id: host
 
     default property alias content: hostContent.data
-    /// How much larger than designed the user wants text to be, from 1 to 2.
+    /// The user's text scale; values are limited to the range from 1 to 2.
     property real textScale: 1
-    /// Screens are pushed onto a stack over the host's content instead of being presented, from when this is first true.
+    /// True to push screens onto a stack over the host's content instead of presenting them. It cannot be
+    /// turned off again.
     property bool pushesScreens: false
-    /// A screen of the kit lies over the host's content, which takes no input meanwhile.
+    /// True while a screen of the kit covers the host's content, which receives no input meanwhile.
     readonly property bool isCovered: bridge.top !== null
 
     focus: true

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A screen in its place among others: it comes, stays until it is taken away, and goes.
+/// Draws one screen of a ScreenLayers list, with the animations of its arrival and its departure.
 FocusScope {
     id: layer
 
@@ -9,14 +9,14 @@ FocusScope {
 
     required property ScreenLayers layers
     required property int entry
-    /// The stack that it is a part of, which gives it a bar.
+    /// The stack that contains the screen and gives it a bar; null for a presented screen.
     property NavigationBridge navigation: null
     required property ScreenLayerBridge modelData
     readonly property ScreenBridge screen: modelData.screen
     readonly property bool isLeaving: modelData.isLeaving
     readonly property bool isTop: modelData.isTop
 
-    /// 0 out of sight, 1 in its place.
+    /// 0 when the screen is out of sight, 1 when it is in its place.
     property real presence: 1
 
     function takeFocus() {
@@ -61,7 +61,7 @@ FocusScope {
         easing.type: Easing.InCubic
         onFinished: layer.layers.gone(layer.modelData)
     }
-    // Nothing passes to what lies beneath.
+    // Keeps mouse input from the items beneath.
     MouseArea {
         anchors.fill: parent
         hoverEnabled: true

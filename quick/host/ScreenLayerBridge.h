@@ -4,19 +4,19 @@
 
 namespace orrelo::quick {
 
-/// A screen in its place among others.
+/// One row of a ScreenLayers list.
 class ScreenLayerBridge final : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(orrelo::quick::ScreenBridge* screen READ screen CONSTANT)
-  /// It comes, or goes, before the user's eyes.
+  /// True if the arrival or the departure is animated.
   Q_PROPERTY(bool isAnimated READ isAnimated NOTIFY stateChanged)
-  /// It was taken away, and stays until it is out of sight.
+  /// True if the screen was removed and stays only until its animation has ended.
   Q_PROPERTY(bool isLeaving READ isLeaving NOTIFY stateChanged)
-  /// The uppermost of those that are to stay.
+  /// True for the uppermost screen that is not leaving.
   Q_PROPERTY(bool isTop READ isTop NOTIFY stateChanged)
-  /// Something above hides it altogether.
+  /// True if a screen above hides this one completely.
   Q_PROPERTY(bool isCovered READ isCovered NOTIFY stateChanged)
 
  public:
@@ -31,7 +31,7 @@ class ScreenLayerBridge final : public QObject {
   bool isTop() const { return state.isTop; }
   bool isCovered() const { return state.isCovered; }
 
-  /// Whoever changes it emits `stateChanged`, when all layers are as they are to be.
+  /// Changed by ScreenLayers, which emits `stateChanged` after all layers have been updated.
   struct {
     bool isAnimated;
     bool hasArrived;

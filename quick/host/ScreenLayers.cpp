@@ -20,7 +20,7 @@ void ScreenLayers::set(const std::vector<std::shared_ptr<ViewController>>& scree
       state.isLeaving = true;
       state.isAnimated = true;
     } else {
-      drop(row);
+      removeLayer(row);
     }
   }
   for (const auto& wanted : screens) {
@@ -28,7 +28,7 @@ void ScreenLayers::set(const std::vector<std::shared_ptr<ViewController>>& scree
       const auto& layer = static_cast<const ScreenLayerBridge&>(*row);
       return !layer.isLeaving() && layer.screen()->screen() == wanted;
     });
-    if (!isThere) take(wanted, animated);
+    if (!isThere) addLayer(wanted, animated);
   }
   refresh();
   if (top() != formerTop) Q_EMIT topChanged();
@@ -41,13 +41,13 @@ ScreenBridge* ScreenLayers::top() const {
   return nullptr;
 }
 
-void ScreenLayers::take(const std::shared_ptr<ViewController>& wanted, bool animated) {
+void ScreenLayers::addLayer(const std::shared_ptr<ViewController>& wanted, bool animated) {
   auto* const screen = makeBridge(wanted, nullptr);
   connect(screen, &ScreenBridge::presentationChanged, this, &ScreenLayers::presentationChanged);
   append(new ScreenLayerBridge(screen, animated));
 }
 
-void ScreenLayers::drop(std::size_t row) {
+void ScreenLayers::removeLayer(std::size_t row) {
   disconnect(layer(row).screen(), nullptr, this, nullptr);
   remove(row);
 }
@@ -59,7 +59,8 @@ void ScreenLayers::arrived(ScreenLayerBridge* layer) {
 
 void ScreenLayers::gone(ScreenLayerBridge* layer) {
   const auto found = std::find(rows().begin(), rows().end(), layer);
-  if (found != rows().end() && layer->isLeaving()) drop(static_cast<std::size_t>(found - rows().begin()));
+  if (found != rows().end() && layer->isLeaving())
+    removeLayer(static_cast<std::size_t>(found - rows().begin()));
 }
 
 void ScreenLayers::refresh() {

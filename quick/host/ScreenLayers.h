@@ -8,36 +8,37 @@
 
 namespace orrelo::quick {
 
-/// Screens that lie over each other, the lowest first, each in a row of its own. One that was taken away
-/// stays until it has left the screen before the user's eyes.
+/// Screens that lie over each other, one per row, the lowest first. A removed screen keeps its row until its
+/// animation has ended.
 class ScreenLayers final : public ListBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  /// The uppermost that is to stay; null where there is none.
+  /// The uppermost screen that is not leaving; null if there is none.
   Q_PROPERTY(orrelo::quick::ScreenBridge* top READ top NOTIFY topChanged)
 
  public:
   explicit ScreenLayers(QObject* parent) : ListBridge(parent) {}
 
-  /// Becomes these. Screens are known by their identity.
+  /// Adds and removes rows to match `screens`, which are compared by identity. Nothing is animated if the
+  /// user prefers reduced motion.
   void set(const std::vector<std::shared_ptr<ViewController>>& screens, bool animated);
   ScreenBridge* top() const;
 
-  /// The front reports: the screen has come to rest, or has left.
+  /// Called when the animation of the arrival, or of the departure, has ended.
   Q_INVOKABLE void arrived(orrelo::quick::ScreenLayerBridge* layer);
   Q_INVOKABLE void gone(orrelo::quick::ScreenLayerBridge* layer);
 
  Q_SIGNALS:
   void topChanged();
-  /// One of the screens presents something else than before.
+  /// One of the screens now presents another screen, or no longer presents one.
   void presentationChanged(bool animated);
 
  private:
   ScreenLayerBridge& layer(std::size_t row) const { return static_cast<ScreenLayerBridge&>(*rows()[row]); }
-  void take(const std::shared_ptr<ViewController>& screen, bool animated);
-  void drop(std::size_t row);
-  /// Tells each layer how it lies now.
+  void addLayer(const std::shared_ptr<ViewController>& screen, bool animated);
+  void removeLayer(std::size_t row);
+  /// Updates `isTop` and `isCovered` of all layers.
   void refresh();
 };
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A picture as wide as its place, and as high as that makes it.
+/// An image as wide as its parent allows, whose height follows from its aspect ratio.
 KitImage {
     height: heightForWidth
 }

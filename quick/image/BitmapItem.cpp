@@ -19,7 +19,7 @@ class PictureNode final : public QSGNode {
 
   void show(std::shared_ptr<const PictureTexture> texture, const QRectF& rect) {
     if (texture != texture_) picture_->setTexture(texture->texture());
-    texture_ = std::move(texture);  // the former is not used any more
+    texture_ = std::move(texture);  // releases the former one, which the node no longer uses
     picture_->setRect(rect);
   }
 

@@ -7,7 +7,7 @@
 
 namespace orrelo::quick {
 
-/// Draws a loaded picture over its whole size.
+/// Draws a loaded image stretched over the item's whole area.
 class BitmapItem : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT

@@ -12,13 +12,13 @@ class ImageBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  /// One of the kit's own pictures; empty where another is shown, or none.
+  /// The URL of one of the kit's own images; empty if another image or none is shown.
   Q_PROPERTY(QUrl asset READ asset NOTIFY stateChanged)
-  /// Of a loaded picture, in points; empty until it is there.
+  /// The size of the loaded image in points; empty until it has been loaded.
   Q_PROPERTY(QSizeF size READ size NOTIFY stateChanged)
-  /// As large as its place allows; otherwise in its own size.
+  /// True to scale the image to fit the view, false to show it in its own size.
   Q_PROPERTY(bool fits READ fits CONSTANT)
-  /// Of a view that takes its height from its image, else 0.
+  /// The height that an AutoLayoutImageView derives from its image; 0 for other views.
   Q_PROPERTY(double height READ height NOTIFY heightChanged)
 
  public:

@@ -1,15 +1,15 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A picture of the kit's or of the service's, whole and in its own proportions in the middle of its place.
-/// Not there until it can be seen.
+/// An image of the kit or of the service, centred and in its own aspect ratio. The item is invisible until
+/// the image has been loaded.
 Item {
     id: view
 
     required property ImageBridge model
     readonly property size bitmapSize: model.size
     readonly property real shrink: !model.fits ? 1 : Math.min(width / bitmapSize.width, height / bitmapSize.height)
-    /// The height that a loaded picture has at the view's width, for a view that takes it.
+    /// The height of the loaded image at the view's width, for a view that adapts its height.
     readonly property real heightForWidth: model.height
 
     clip: !model.fits

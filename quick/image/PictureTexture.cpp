@@ -12,7 +12,7 @@
 namespace orrelo::quick {
 namespace {
 
-// Shares the pixels, which live as long as the image.
+// The result shares the pixels of `image` and keeps it alive.
 QImage toQt(const ImagePtr& image) {
   const auto& bitmap = image->bitmap;
   return {bitmap.pixels.get(),
@@ -24,8 +24,8 @@ QImage toQt(const ImagePtr& image) {
           new ImagePtr(image)};
 }
 
-// The longest side of a texture in the window's renderer. OpenGL is asked. Direct3D 11, Metal and the
-// software renderer, which has no textures, take the longest side of a bitmap; Vulkan guarantees 4096 on
+// The longest side of a texture in the window's renderer. OpenGL is queried. Direct3D 11, Metal and the
+// software renderer, which has no textures, support the longest side of a bitmap; Vulkan guarantees 4096 on
 // every device.
 int maximumTextureSide(const QQuickWindow& window) {
   const auto api = window.rendererInterface()->graphicsApi();
@@ -43,7 +43,8 @@ int maximumTextureSide(const QQuickWindow& window) {
 
 }  // namespace
 
-// Sizes go down by halves, so that a picture whose item changes its size is not rescaled with every frame.
+// The size is halved repeatedly instead of matching the item, so that an image is not rescaled in every frame
+// while its item changes size.
 QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
   auto size = picture;
   while (size.width() / 2 >= pixels.width() && size.height() / 2 >= pixels.height()) size /= 2;
@@ -63,7 +64,7 @@ PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size)
 std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
                                                          QSize pixels) {
   using Key = std::tuple<const QQuickWindow*, const Image*, int, int>;
-  static auto* const mutex = new std::mutex;  // each window may have a thread of its own
+  static auto* const mutex = new std::mutex;  // each window may render on its own thread
   static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
   const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
                            maximumTextureSide(window));

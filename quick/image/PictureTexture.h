@@ -9,14 +9,14 @@
 
 namespace orrelo::quick {
 
-/// A picture as a window's renderer has it, one for all items that show it about as large: at most twice as
-/// wide or high as they are, so that a large picture in a small place takes little and is drawn well, and no
-/// larger than the renderer's textures may be. On the thread that renders.
+/// An image as a texture of a window's renderer, shared by all items that show it at a similar size. The
+/// texture is at most twice as wide or high as its item, so that a large image in a small item takes little
+/// memory and is drawn smoothly, and not larger than the renderer's limit. Used on the render thread only.
 class PictureTexture {
  public:
   static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels);
 
-  /// The texture's size for a picture that is shown in an item of `pixels` device pixels.
+  /// The texture's size for an image that is shown in an item of `pixels` device pixels.
   static QSize sizeOf(QSize picture, QSize pixels, int maximumSide);
 
   QSGTexture* texture() const { return texture_.get(); }
@@ -24,7 +24,7 @@ class PictureTexture {
  private:
   PictureTexture(QQuickWindow& window, ImagePtr image, QSize size);
 
-  /// Its address is part of what the texture is found by, and so no other picture's meanwhile.
+  /// Kept alive because its address is part of the texture's key and must not be reused meanwhile.
   ImagePtr image_;
   std::unique_ptr<QSGTexture> texture_;
 };

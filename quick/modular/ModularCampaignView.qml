@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A page that the service has put together, on its own ground.
+/// A page of blocks that the service has composed, on its own background.
 PageScroll {
     id: view
 
@@ -16,7 +16,7 @@ PageScroll {
         width: parent.width
         model: view.model.stack
     }
-    // The white background fills the whole page, also below blocks that end before the screen does.
+    // The background fills the whole page, also below the last block.
     Rectangle {
         parent: view
         z: -1

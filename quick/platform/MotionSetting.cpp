@@ -8,16 +8,16 @@
 namespace orrelo::quick {
 namespace {
 
-// The portal's interface, and the two settings of it, as the desktop portal's documentation gives them.
+// The settings interface of the desktop portal and the two settings in question, as in its documentation.
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settings = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
-const QString reducedMotion = QStringLiteral("reduced-motion");  // 1 asks for less
+const QString reducedMotion = QStringLiteral("reduced-motion");  // 1: reduced motion is preferred
 const QString desktop = QStringLiteral("org.gnome.desktop.interface");
 const QString enableAnimations = QStringLiteral("enable-animations");
 
-// `Read` packs a value once more than it need be.
+// `Read` wraps a value in one variant more than necessary.
 QVariant unpacked(QVariant value) {
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
   return value;
@@ -27,7 +27,7 @@ QVariant unpacked(QVariant value) {
 
 MotionSetting::MotionSetting(QDBusConnection bus, Changed changed, QObject* parent)
     : QObject(parent), bus_(std::move(bus)), changed_(std::move(changed)) {
-  qRegisterMetaType<QDBusVariant>();  // or the first connection of a process is refused
+  qRegisterMetaType<QDBusVariant>();  // otherwise the first `connect` of a process fails
   bus_.connect(service, path, settings, QStringLiteral("SettingChanged"), this,
                SLOT(settingChanged(QString, QString, QDBusVariant)));
   read(appearance, reducedMotion);

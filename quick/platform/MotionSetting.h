@@ -7,8 +7,8 @@
 
 namespace orrelo::quick {
 
-/// Whether the desktop's user has asked for less movement, which Qt does not tell. Says so at first and after
-/// each change, as the desktop portal does; nothing where there is no portal.
+/// Reports the desktop's reduced-motion setting, which Qt does not expose. Reads it from the desktop portal
+/// and calls `changed` with the initial value and after each change; never without a portal.
 class MotionSetting final : public QObject {
   Q_OBJECT
 

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-using Plain = std::optional<std::string>;
+using Stripped = std::optional<std::string>;
 
 std::uint8_t byteAt(std::string_view bytes, std::size_t at) {
   return static_cast<std::uint8_t>(bytes[at]);
@@ -36,19 +36,19 @@ bool isOneOf(const std::array<std::string_view, N>& names, std::string_view name
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-constexpr auto pngMark = "\x89PNG\r\n\x1A\n"sv;
+constexpr auto pngSignature = "\x89PNG\r\n\x1A\n"sv;
 
-Plain plainPng(std::string_view bytes) {
+Stripped stripPng(std::string_view bytes) {
   static constexpr std::array needed{"IHDR"sv, "PLTE"sv, "tRNS"sv, "IDAT"sv, "IEND"sv};
-  constexpr std::size_t frame = 12;  // the length, the name and the checksum
-  std::string plain(pngMark);
-  for (bytes.remove_prefix(pngMark.size()); bytes.size() >= frame;) {
+  constexpr std::size_t chunkOverhead = 12;  // the length, the name and the checksum
+  std::string stripped(pngSignature);
+  for (bytes.remove_prefix(pngSignature.size()); bytes.size() >= chunkOverhead;) {
     const std::size_t length = bigEndian(bytes.substr(0, 4));
-    if (length > bytes.size() - frame) return std::nullopt;
+    if (length > bytes.size() - chunkOverhead) return std::nullopt;
     const auto name = bytes.substr(4, 4);
-    if (isOneOf(needed, name)) plain += bytes.substr(0, length + frame);
-    if (name == "IEND") return plain;
-    bytes.remove_prefix(length + frame);
+    if (isOneOf(needed, name)) stripped += bytes.substr(0, length + chunkOverhead);
+    if (name == "IEND") return stripped;
+    bytes.remove_prefix(length + chunkOverhead);
   }
   return std::nullopt;
 }
@@ -67,38 +67,38 @@ constexpr std::uint8_t jfif = 0xE0;
 constexpr std::uint8_t exif = 0xE1;
 constexpr std::uint8_t adobe = 0xEE;
 
-// Readers go over the whole picture with every scan; encoders write about ten.
+// A reader processes the whole image for every scan; encoders write about ten scans.
 constexpr int maximumScans = 100;
 
-// 0xC4, 0xC8 and 0xCC lie among the frames' marks, and begin none.
-bool isFrame(std::uint8_t mark) {
-  return mark == baseline || (mark > 0xC0 && mark <= 0xCF && mark % 4 != 0);
+// 0xC4, 0xC8 and 0xCC lie in the range of the frame markers but do not start a frame.
+bool isFrame(std::uint8_t marker) {
+  return marker == baseline || (marker > 0xC0 && marker <= 0xCF && marker % 4 != 0);
 }
 
-// Where the next mark stands that has a segment, or the end; npos where there is none. Stuffing, fill bytes
-// and restarts are part of what lies before it.
-std::size_t nextMark(std::string_view bytes, std::size_t from) {
+// The position of the next marker that starts a segment or ends the image; npos if there is none. Stuffing,
+// fill bytes and restart markers are skipped; they belong to the data before that marker.
+std::size_t nextMarker(std::string_view bytes, std::size_t from) {
   for (auto at = bytes.find('\xFF', from); at != std::string_view::npos; at = bytes.find('\xFF', at + 1)) {
     if (at + 1 == bytes.size()) break;
-    const auto mark = byteAt(bytes, at + 1);
-    if (mark > 0x01 && mark != 0xFF && (mark < 0xD0 || mark > 0xD8)) return at;
+    const auto marker = byteAt(bytes, at + 1);
+    if (marker > 0x01 && marker != 0xFF && (marker < 0xD0 || marker > 0xD8)) return at;
   }
   return std::string_view::npos;
 }
 
-// What a frame's header says.
-struct Frame {
+struct FrameHeader {
   bool isProgressive = false;
   std::size_t pixels = 0;
   std::size_t components = 0;
-  /// Of the coefficients of all components, for each pixel.
+  /// The size of the coefficients of all components, in bytes per pixel.
   double coefficientBytes = 0.0;
 
-  static std::optional<Frame> read(std::uint8_t mark, std::string_view data) {
-    if (mark != baseline && mark != extended && mark != progressive) return std::nullopt;
+  static std::optional<FrameHeader> read(std::uint8_t marker, std::string_view data) {
+    if (marker != baseline && marker != extended && marker != progressive) return std::nullopt;
     if (data.size() < 6) return std::nullopt;
-    Frame frame{mark == progressive, std::size_t{bigEndian(data.substr(1, 2))} * bigEndian(data.substr(3, 2)),
-                byteAt(data, 5)};
+    FrameHeader frame{marker == progressive,
+                      std::size_t{bigEndian(data.substr(1, 2))} * bigEndian(data.substr(3, 2)),
+                      byteAt(data, 5)};
     if (data.size() != 6 + 3 * frame.components) return std::nullopt;
     unsigned across = 1;
     unsigned down = 1;
@@ -113,7 +113,8 @@ struct Frame {
     return frame;
   }
 
-  /// The coefficients of a picture that comes in several scans are kept until the last one.
+  /// Returns whether a reader stays within the memory limit. It keeps the coefficients of an image with
+  /// several scans until the last scan.
   bool fits(std::size_t componentsInScan) const {
     if (!isProgressive && componentsInScan == components) return true;
     constexpr double limit = 2.0 * Bitmap::maximumSize;
@@ -121,68 +122,68 @@ struct Frame {
   }
 };
 
-// The Exif segment tells which side is up, the Adobe one what the components are.
-bool isNeeded(std::uint8_t mark, std::string_view data) {
-  static constexpr std::array marks{huffmanTables, startOfScan, quantization, restartInterval, jfif, adobe};
-  return isFrame(mark) || std::find(marks.begin(), marks.end(), mark) != marks.end() ||
-         (mark == exif && data.starts_with("Exif\0\0"sv));
+// The Exif segment contains the orientation, the Adobe segment the colour space of the components.
+bool isNeeded(std::uint8_t marker, std::string_view data) {
+  static constexpr std::array markers{huffmanTables, startOfScan, quantization, restartInterval, jfif, adobe};
+  return isFrame(marker) || std::find(markers.begin(), markers.end(), marker) != markers.end() ||
+         (marker == exif && data.starts_with("Exif\0\0"sv));
 }
 
 }  // namespace jpeg
 
-// What a reader leaves out because the file ends too soon would look like a part of the picture: there must
-// be an end. Whatever comes behind it is none of the picture's.
-Plain plainJpeg(std::string_view bytes) {
-  std::string plain(bytes.substr(0, 2));
-  std::optional<jpeg::Frame> frame;
+// The end marker is required, since a reader fills the missing part of a truncated file with pixels that look
+// like a part of the image. Data after the end marker is dropped.
+Stripped stripJpeg(std::string_view bytes) {
+  std::string stripped(bytes.substr(0, 2));
+  std::optional<jpeg::FrameHeader> frame;
   bool hasExif = false;
   int scans = 0;
-  for (auto at = jpeg::nextMark(bytes, 2); at != std::string_view::npos; at = jpeg::nextMark(bytes, at)) {
-    const auto mark = byteAt(bytes, at + 1);
-    if (mark == jpeg::end) return scans > 0 ? Plain(plain + "\xFF\xD9") : std::nullopt;
+  for (auto at = jpeg::nextMarker(bytes, 2); at != std::string_view::npos; at = jpeg::nextMarker(bytes, at)) {
+    const auto marker = byteAt(bytes, at + 1);
+    if (marker == jpeg::end) return scans > 0 ? Stripped(stripped + "\xFF\xD9") : std::nullopt;
     if (bytes.size() < at + 4) return std::nullopt;
     const std::size_t length = bigEndian(bytes.substr(at + 2, 2));
     if (length < 2 || bytes.size() - at - 2 < length) return std::nullopt;
     const auto segment = bytes.substr(at, 2 + length);
     const auto data = segment.substr(4);
     at += segment.size();
-    if (jpeg::isFrame(mark)) {
+    if (jpeg::isFrame(marker)) {
       if (frame) return std::nullopt;
-      frame = jpeg::Frame::read(mark, data);
+      frame = jpeg::FrameHeader::read(marker, data);
       if (!frame) return std::nullopt;
     }
-    if (!jpeg::isNeeded(mark, data) || (mark == jpeg::exif && std::exchange(hasExif, true))) continue;
-    plain += segment;
-    if (mark != jpeg::startOfScan) continue;
+    if (!jpeg::isNeeded(marker, data) || (marker == jpeg::exif && std::exchange(hasExif, true))) continue;
+    stripped += segment;
+    if (marker != jpeg::startOfScan) continue;
     const bool isScan = frame && !data.empty() && frame->fits(byteAt(data, 0));
     if (!isScan || ++scans > jpeg::maximumScans) return std::nullopt;
-    plain += bytes.substr(at, jpeg::nextMark(bytes, at) - at);
+    stripped += bytes.substr(at, jpeg::nextMarker(bytes, at) - at);
   }
   return std::nullopt;
 }
 
-// The frames of one that moves are in chunks of their own, none of which is kept.
-Plain plainWebp(std::string_view bytes) {
+// The frames of an animation are in other chunks, which are not kept, so that an animated file is refused.
+Stripped stripWebp(std::string_view bytes) {
   static constexpr std::array needed{"VP8X"sv, "ALPH"sv, "VP8 "sv, "VP8L"sv};
-  constexpr std::size_t frame = 8;  // the name and the length
+  constexpr std::size_t chunkHeader = 8;  // the name and the length
   constexpr std::uint8_t hasAlpha = 0x10;
-  std::string plain = "WEBP";
-  for (bytes.remove_prefix(12); bytes.size() >= frame;) {
+  std::string stripped = "WEBP";
+  for (bytes.remove_prefix(12); bytes.size() >= chunkHeader;) {
     const std::size_t length = littleEndian(bytes.substr(4, 4));
-    if (length > bytes.size() - frame) return std::nullopt;
-    const auto padded = std::min(frame + length + length % 2, bytes.size());
+    if (length > bytes.size() - chunkHeader) return std::nullopt;
+    const auto padded = std::min(chunkHeader + length + length % 2, bytes.size());
     const auto name = bytes.substr(0, 4);
-    if (isOneOf(needed, name)) plain += bytes.substr(0, padded);
-    // Of what the file has beside its pixels, nothing is left but alpha.
+    if (isOneOf(needed, name)) stripped += bytes.substr(0, padded);
+    // Clears the flags of all chunks that are dropped; alpha is the only one that is kept.
     if (name == "VP8X" && length > 0) {
-      auto& flags = plain[plain.size() - padded + frame];
+      auto& flags = stripped[stripped.size() - padded + chunkHeader];
       flags = static_cast<char>(static_cast<std::uint8_t>(flags) & hasAlpha);
     }
     if (name.starts_with("VP8") && name != "VP8X") {
-      if (plain.size() % 2 != 0) plain += '\0';
+      if (stripped.size() % 2 != 0) stripped += '\0';
       std::string size;
-      for (unsigned shift = 0; shift < 32; shift += 8) size += static_cast<char>(plain.size() >> shift);
-      return "RIFF" + size + plain;
+      for (unsigned shift = 0; shift < 32; shift += 8) size += static_cast<char>(stripped.size() >> shift);
+      return "RIFF" + size + stripped;
     }
     bytes.remove_prefix(padded);
   }
@@ -193,18 +194,18 @@ Plain plainWebp(std::string_view bytes) {
 
 std::optional<PictureFile> pictureFile(std::string_view bytes) {
   const char* format = nullptr;
-  Plain plain;
-  if (bytes.starts_with(pngMark)) {
+  Stripped stripped;
+  if (bytes.starts_with(pngSignature)) {
     format = "png";
-    plain = plainPng(bytes);
+    stripped = stripPng(bytes);
   } else if (bytes.starts_with("\xFF\xD8\xFF"sv)) {
     format = "jpeg";
-    plain = plainJpeg(bytes);
+    stripped = stripJpeg(bytes);
   } else if (bytes.starts_with("RIFF"sv) && bytes.substr(0, 12).ends_with("WEBP"sv)) {
     format = "webp";
-    plain = plainWebp(bytes);
+    stripped = stripWebp(bytes);
   }
-  return plain ? std::optional(PictureFile{format, *std::move(plain)}) : std::nullopt;
+  return stripped ? std::optional(PictureFile{format, *std::move(stripped)}) : std::nullopt;
 }
 
 }  // namespace orrelo::quick

@@ -6,17 +6,18 @@
 
 namespace orrelo::quick {
 
-/// A picture's file without all that its pixels do not need: texts, profiles and whatever else a reader would
-/// unpack and keep.
+/// An image file stripped of everything that its pixels do not need: texts, colour profiles and other data
+/// that a reader would unpack and keep.
 struct PictureFile {
-  /// As Qt's readers are called.
+  /// The format's name for QImageReader.
   const char* format;
   std::string bytes;
 };
 
-/// What the marks and lengths in a PNG, JPEG or WebP file show, before any reader sees it. Nothing where it
-/// is none of these, is broken off, moves (WebP), or is a JPEG of more than 100 scans or of a form that few
-/// readers know; nor for one whose scans have to be kept in more than 128 MiB together with its pixels.
+/// Strips a PNG, JPEG or WebP file by its markers and lengths alone, before any reader sees it. Returns
+/// nothing if the file has another format, is truncated or is an animated WebP; if it is a JPEG with more
+/// than 100 scans or with a coding process that few readers support; or if the coefficients of its scans and
+/// its pixels would take more than 128 MiB.
 std::optional<PictureFile> pictureFile(std::string_view bytes);
 
 }  // namespace orrelo::quick

@@ -34,7 +34,7 @@ QtApplication::QtApplication(std::shared_ptr<PosixApplication> application, QObj
           [this] { application_->send(Application::Signal::willTerminate); });
 }
 
-// A screen has no signal for its scale; its size in points changes with it.
+// QScreen has no signal for its scale, but its size in points changes together with the scale.
 void QtApplication::followScreen() {
   disconnect(scaleChange_);
   const auto* const screen = QGuiApplication::primaryScreen();
@@ -48,7 +48,7 @@ bool QtApplication::eventFilter(QObject* watched, QEvent* event) {
   const auto type = event->type();
   if (watched->isWindowType() &&
       (type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange)) {
-    // The window is as the event says only after it has been delivered.
+    // The window's state changes only after the event has been delivered.
     QMetaObject::invokeMethod(
         this, [this] { update(); }, Qt::QueuedConnection);
   }

@@ -7,8 +7,8 @@
 
 namespace orrelo::quick {
 
-/// Tells the kit what becomes of the application: it is in the background while no window of it can be seen,
-/// and its screen's scale is that of the primary one.
+/// Reports the application's state to the kit: it is in the background while none of its windows is visible,
+/// and its screen scale is that of the primary screen.
 class QtApplication final : public QObject {
  public:
   explicit QtApplication(std::shared_ptr<PosixApplication> application, QObject* parent);

@@ -17,7 +17,7 @@ namespace {
 
 constexpr auto bitmapFormat = QImage::Format_RGBA8888_Premultiplied;
 
-// By the header alone. A reader may have more than 32 bits to a pixel.
+// Checks the size in the file's header, also in the reader's own format, which may exceed 32 bits per pixel.
 bool isAllowed(const QImageReader& reader) {
   const QSize size = reader.size();
   if (!Bitmap::isAllowed(size.width(), size.height())) return false;
@@ -25,18 +25,18 @@ bool isAllowed(const QImageReader& reader) {
   return qint64{size.width()} * size.height() * bits / 8 <= qint64{Bitmap::maximumSize};
 }
 
-// Memory that goes back to the machine with the picture. Of what a heap once had for a large one, the C
-// library keeps up to twice as much, for each thread that has read some.
-class Pages {
+// Mapped memory, which is returned to the system together with the image. Heap memory of large images would
+// not be: the C library keeps up to twice the largest one for each thread that has decoded any.
+class MappedMemory {
  public:
-  explicit Pages(std::size_t size)
+  explicit MappedMemory(std::size_t size)
       : size_(size),
         start_(mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) {}
-  ~Pages() {
+  ~MappedMemory() {
     if (start_ != MAP_FAILED) munmap(start_, size_);
   }
-  Pages(const Pages&) = delete;
-  Pages& operator=(const Pages&) = delete;
+  MappedMemory(const MappedMemory&) = delete;
+  MappedMemory& operator=(const MappedMemory&) = delete;
 
   uchar* start() const { return start_ == MAP_FAILED ? nullptr : static_cast<uchar*>(start_); }
 
@@ -45,20 +45,20 @@ class Pages {
   void* const start_;
 };
 
-// In pages of its own; null where there is no memory.
+// An image in mapped memory; null if there is not enough memory.
 QImage makeImage(QSize size, QImage::Format format) {
   const auto bits = qsizetype{QImage::toPixelFormat(format).bitsPerPixel()};
   const auto bytesPerLine = (size.width() * bits + 31) / 32 * 4;
-  auto pages = std::make_unique<Pages>(static_cast<std::size_t>(bytesPerLine * size.height()));
-  if (pages->start() == nullptr) return {};
-  auto* const start = pages->start();
-  return {start,          size.width(), size.height(),
-          bytesPerLine,   format,       [](void* kept) { delete static_cast<Pages*>(kept); },
-          pages.release()};
+  auto memory = std::make_unique<MappedMemory>(static_cast<std::size_t>(bytesPerLine * size.height()));
+  if (memory->start() == nullptr) return {};
+  auto* const start = memory->start();
+  return {start,           size.width(), size.height(),
+          bytesPerLine,    format,       [](void* kept) { delete static_cast<MappedMemory*>(kept); },
+          memory.release()};
 }
 
-// In its own memory where a pixel is as large there: row by row, for Qt converts in place only what it has
-// allocated itself.
+// Converts the image in place if its pixels have the same size. This is done row by row because Qt converts
+// in place only images that it has allocated itself.
 QImage inBitmapFormat(QImage image) {
   const bool isInPlace = image.depth() == 8 * Bitmap::bytesPerPixel;
   auto converted = isInPlace ? QImage(image.width(), 1, bitmapFormat) : makeImage(image.size(), bitmapFormat);
@@ -90,12 +90,12 @@ std::optional<Bitmap> QtImageCodec::decode(std::string_view bytes) {
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
   if (!isAllowed(reader)) return std::nullopt;
-  auto read = makeImage(reader.size(), reader.imageFormat());  // the readers of PNG and JPEG fill it
-  // A reader of a broken file may give what it has come to, and tell by its error.
+  auto read = makeImage(reader.size(), reader.imageFormat());  // reused by the readers of PNG and JPEG
+  // A reader may return the part of a broken file that it has decoded and report the fault only by `error`.
   if (!reader.read(&read) || reader.error() != QImageReader::UnknownError) return std::nullopt;
   const auto image = std::make_shared<const QImage>(inBitmapFormat(std::move(read)));
   if (image->isNull() || !Bitmap::isAllowed(image->width(), image->height())) return std::nullopt;
-  // Four bytes to a pixel leave no gaps between rows.
+  // Rows are contiguous because a pixel has four bytes.
   return Bitmap{image->width(), image->height(), 1.0,
                 std::shared_ptr<const std::uint8_t[]>(image, image->constBits())};
 }

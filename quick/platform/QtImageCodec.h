@@ -4,9 +4,9 @@
 
 namespace orrelo::quick {
 
-/// By Qt's own readers, which see of a file what its pixels need (`PictureFile.h`). A call takes at most 128
-/// MiB beside that copy and the reader's own tables: what the file's pixels are, or a JPEG's scans, and the
-/// bitmap.
+/// Decodes with Qt's readers, which are given a stripped copy of the file (`PictureFile.h`). A call takes at
+/// most 128 MiB for the file's pixels or a JPEG's scans and for the bitmap, in addition to that copy and the
+/// reader's own tables.
 class QtImageCodec final : public ImageCodec {
  public:
   std::optional<Bitmap> decode(std::string_view bytes) override;

@@ -30,7 +30,7 @@ bool QtMainLoop::isCurrent() const {
 }
 
 void QtMainLoop::runDue() {
-  std::vector<Task> due;  // a task may add others
+  std::vector<Task> due;  // collected first, since a task may add others
   delayed_.takeDue([&due](Task task) { due.push_back(std::move(task)); });
   arm();
   for (const auto& task : due) task();

@@ -10,7 +10,7 @@
 
 namespace orrelo::quick {
 
-/// Qt's event loop of the thread that makes it.
+/// Qt's event loop on the thread that creates this object.
 class QtMainLoop final : public QObject, public MainLoop {
  public:
   QtMainLoop();
@@ -23,7 +23,7 @@ class QtMainLoop final : public QObject, public MainLoop {
   void runDue();
   void arm();
 
-  // The loop's thread alone touches these.
+  // Accessed only on the loop's thread.
   DelayedTasks<Task> delayed_;
   QTimer timer_;
 };

@@ -16,7 +16,7 @@
 namespace orrelo::quick {
 namespace {
 
-// Qt opens a URL without being able to say beforehand whether it can: the schemes decide.
+// Qt cannot tell in advance whether it can open a URL, so `canOpen` checks the scheme.
 PosixApplication::UrlOpener urlOpener(std::vector<std::string> schemes) {
   schemes.insert(schemes.end(), {"http", "https"});
   const auto canOpen = [schemes = std::move(schemes)](const Url& url) {
@@ -40,7 +40,7 @@ Platform platform(const HostApplication& host) {
   application->setUrlOpener(urlOpener(host.urlSchemes));
   platform.application = application;
   new QtApplication(application, qGuiApp);
-  // Before Qt takes down what reads pictures.
+  // Ends the work on the kit's threads before Qt destroys the image readers that it uses.
   qAddPostRoutine(beginExit);
   new MotionSetting(
       QDBusConnection::sessionBus(),

@@ -16,7 +16,7 @@ class CampaignInfoBridge final : public ViewBridge {
   Q_PROPERTY(QString firstTitle READ firstTitle NOTIFY stateChanged)
   Q_PROPERTY(QString secondTitle READ secondTitle NOTIFY stateChanged)
   Q_PROPERTY(QString guideTitle READ guideTitle NOTIFY stateChanged)
-  /// Whether a tap on the guide's line shows something.
+  /// True if a tap on the guide line shows a tooltip.
   Q_PROPERTY(bool hasGuide READ hasGuide NOTIFY stateChanged)
   Q_PROPERTY(QUrl guideAsset READ guideAsset CONSTANT)
   Q_PROPERTY(orrelo::quick::TooltipBridge* tooltip READ tooltip CONSTANT)

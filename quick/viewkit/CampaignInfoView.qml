@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// The head of a page. Its tooltip lies over the blocks below.
+/// The header of a campaign page. Its tooltip overlaps the blocks below.
 Item {
     id: view
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// What the user has to know.
+/// The notice of a campaign page, with a heading.
 Rectangle {
     id: view
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A card in the middle of the dimmed screen.
+/// A reward card in the middle of the dimmed screen.
 FocusScope {
     id: view
 
@@ -33,7 +33,7 @@ FocusScope {
             name: "닫기"
             onPressed: view.screen.close()
         }
-        // The button stays in reach; the words scroll where they do not fit.
+        // The text scrolls if it does not fit, so that the button remains visible.
         Flickable {
             id: words
             x: 24

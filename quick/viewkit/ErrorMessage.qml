@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A picture over what is wrong.
+/// An error's image above its message.
 Column {
     id: message
 

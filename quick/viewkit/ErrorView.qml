@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// What is wrong, in the middle of its place, opaque over what lies beneath.
+/// A centred error message on an opaque background.
 Item {
     id: errorView
 

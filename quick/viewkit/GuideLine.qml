@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A line with the picture that says that it explains itself when it is tapped.
+/// A line of text with an icon; a tap on it shows an explanation.
 PressArea {
     id: guide
 
@@ -9,15 +9,15 @@ PressArea {
     property url asset
     property bool isAssetFirst: false
     property bool showsAsset: canExplain
-    /// Without anything to say the line is plain.
+    /// False if there is no explanation; the line cannot be pressed then.
     required property bool canExplain
     property real size: 12
 
-    /// Where a tooltip of this width stands, for its tail to point at the middle of the picture, or as near as
-    /// `room` allows; in `item`'s coordinates.
-    function tailX(tooltip, tooltipWidth, room, item) {
+    /// The x coordinate, relative to `item`, of a tooltip of this width whose tail points at the middle of
+    /// the icon, or as near to it as `totalWidth` allows.
+    function tailX(tooltip, tooltipWidth, totalWidth, item) {
         const middle = mapToItem(item, row.x + icon.x + icon.width / 2, 0).x
-        return Math.max(0, Math.min(room - tooltipWidth, middle - 7 - tooltip.horizontalBias * tooltipWidth))
+        return Math.max(0, Math.min(totalWidth - tooltipWidth, middle - 7 - tooltip.horizontalBias * tooltipWidth))
     }
 
     implicitHeight: Math.max(32, row.height + 8)

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Two rows of title and a text.
+/// Two title rows above a text.
 Column {
     id: view
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A title in the middle, and the way back at the left.
+/// A bar with a centred title and a back button on the left.
 Rectangle {
     id: bar
 
@@ -30,7 +30,7 @@ Rectangle {
         width: Math.max(0, parent.width - 2 * (backButton.width + 8))
         horizontalAlignment: Text.AlignHCenter
         color: "black"
-        // A bar of fixed height: what does not fit is cut short.
+        // The bar has a fixed height, so a title that does not fit is elided.
         size: 17
         maximumScale: 1.4
         font.bold: true

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// What the user has to know, a line each.
+/// A notice with one line per item.
 KitText {
     required property NoticeBridge model
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A full page: a background, the kit's own bar where there is one, and the content below it.
+/// A full-page screen: a background, the kit's own bar if the page has one, and the content below it.
 FocusScope {
     id: base
 

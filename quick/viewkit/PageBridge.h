@@ -6,7 +6,7 @@
 
 namespace orrelo::quick {
 
-/// A full-page screen, with the kit's own bar where it has one.
+/// A full-page screen, with the kit's own bar if the page has one.
 class PageBridge : public ScreenBridge {
   Q_OBJECT
   QML_ELEMENT

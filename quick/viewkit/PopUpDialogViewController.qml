@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Two lines over a picture, on the dimmed screen; a tap beside them closes it as well.
+/// A pop-up of two lines above an image on the dimmed screen. A tap outside its content closes it too.
 FocusScope {
     id: view
 
@@ -19,7 +19,7 @@ FocusScope {
             onTapped: view.screen.close()
         }
     }
-    // The close label stays in reach; the rest scrolls where it does not fit.
+    // The content scrolls if it does not fit, so that the close label remains visible.
     Flickable {
         id: content
 
@@ -33,7 +33,7 @@ FocusScope {
         interactive: contentHeight > height
         clip: interactive
 
-        // A tap on what the dialog shows is none beside it.
+        // A tap on the content must not count as a tap outside it.
         TapHandler {
             gesturePolicy: TapHandler.ReleaseWithinBounds
         }

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Blocks one under the other, with the spacing that each asks for. What has nothing to show takes no room.
+/// Blocks in a column, each followed by its own spacing. A block with nothing to show takes no space.
 Column {
     id: stack
 
@@ -24,7 +24,7 @@ Column {
             Loader {
                 id: loader
                 x: row.modelData.inset ?? (row.width - width) / 2
-                // Never wider than the page, whatever width the service asks for.
+                // Limited to the page's width, whatever width the service requests.
                 width: row.modelData.inset === null ? Math.min(item?.implicitWidth ?? 0, row.width)
                                                     : row.width - 2 * row.modelData.inset
                 Component.onCompleted: {

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// The two rows that head a page.
+/// The two title rows of a page.
 Column {
     id: rows
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// The toasts over a screen, all in its middle. They take no taps.
+/// The toasts over a screen, all at its centre. They do not accept taps.
 Item {
     id: toasts
 

@@ -6,7 +6,7 @@
 
 namespace orrelo::quick {
 
-/// The toasts of a screen: one that stays keeps its row, and so its fading.
+/// The toasts of a screen. A toast that stays keeps its row and therefore its running fade animation.
 class ToastLayerBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
@@ -18,9 +18,9 @@ class ToastLayerBridge final : public ViewBridge {
 
   ListBridge* toasts() const { return toasts_; }
 
-  /// Has assistive technology say what the toast says.
+  /// Announces the toast's message to assistive technology.
   Q_INVOKABLE void announce(QObject* item) const;
-  /// The fade has been played.
+  /// Called when the fade animation has ended.
   Q_INVOKABLE void fadeDidFinish(orrelo::quick::ToastBridge* toast) { layer_.fadeDidFinish(toast->toast()); }
 
  private:

@@ -6,7 +6,7 @@
 namespace orrelo::quick {
 namespace {
 
-// Soft towards its edge, as far as the radius: a stack of outlines whose opacities add up.
+// Draws outlines of different widths whose opacities add up to a shadow that fades out over its radius.
 void paintShadow(QPainter& painter, const QPainterPath& outline) {
   constexpr int steps = 6;
   painter.setBrush(Qt::NoBrush);

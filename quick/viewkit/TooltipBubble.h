@@ -7,8 +7,8 @@
 
 namespace orrelo::quick {
 
-/// Paints a tooltip's bubble and tail where the core says that they are, and their shadow. It is larger than
-/// the tooltip by `margin` at each side, for the shadow.
+/// Paints a tooltip's bubble and tail, whose geometry the core provides, and their shadow. It is larger than
+/// the tooltip by `margin` on each side to contain the shadow.
 class TooltipBubble : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A bubble of text whose tail points at what it explains. As wide as its text, up to `maximumWidth`.
+/// A text bubble whose tail points at the explained item. It is as wide as its text, up to `maximumWidth`.
 Item {
     id: view
 
@@ -53,10 +53,10 @@ Item {
     }
     TapHandler {
         enabled: view.isShown
-        gesturePolicy: TapHandler.ReleaseWithinBounds  // what lies beneath is not tapped
+        gesturePolicy: TapHandler.ReleaseWithinBounds  // keeps the tap from items beneath
         onTapped: view.tooltip.handleTapAction()
     }
-    // Sees every tap in the window, and lets it pass.
+    // Observes every tap in the window without accepting it.
     Item {
         parent: view.Window.contentItem
         anchors.fill: parent

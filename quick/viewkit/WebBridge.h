@@ -13,10 +13,10 @@ class WebBridge final : public ViewBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(QUrl url READ url CONSTANT)
-  /// 0 where the stack gives it.
+  /// The width that the block requests; 0 if the stack determines it.
   Q_PROPERTY(double ownWidth READ ownWidth CONSTANT)
   Q_PROPERTY(double height READ height CONSTANT)
-  /// The file that draws a page, to be filled with this as `model`; empty without a browser engine.
+  /// The QML file that draws a page, with this bridge as its `model`; empty without a browser engine.
   Q_PROPERTY(QUrl browser READ browser CONSTANT)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
   Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY stateChanged)

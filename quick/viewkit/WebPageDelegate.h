@@ -6,8 +6,8 @@
 
 namespace orrelo::quick {
 
-/// The file that draws web pages: that of a library with a browser engine, which a host may leave out. Empty
-/// until there is one.
+/// The QML file that draws web pages. It is set by the optional library with the browser engine, and empty
+/// without it.
 ORRELO_EXPORT QUrl webPageDelegate();
 ORRELO_EXPORT void setWebPageDelegate(const QUrl& file);
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// The place of a web page; empty where the page has failed, and without a browser engine.
+/// The area of a web page; empty if the page has failed or there is no browser engine.
 Item {
     id: place
 

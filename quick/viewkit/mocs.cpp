@@ -1,4 +1,4 @@
-// What moc writes for the classes of this folder that are headers alone.
+// The moc output of this folder's header-only classes.
 #include "moc_CampaignInfoBridge.cpp"
 #include "moc_CampaignNoticeBridge.cpp"
 #include "moc_ErrorBridge.cpp"

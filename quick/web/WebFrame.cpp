@@ -9,10 +9,11 @@
 namespace orrelo::quick {
 namespace {
 
-// Of a first move, in points; less than what a screen takes for a drag.
-constexpr double clearMove = 3.0;
-// In which a page that can scroll does, in milliseconds.
-constexpr quint64 timeToScroll = 100;
+// The distance after which a finger's direction is decided, in points; shorter than the screen's drag
+// threshold.
+constexpr double decisionDistance = 3.0;
+// The time within which a page must scroll before the wheel goes to the screen, in milliseconds.
+constexpr quint64 scrollTimeout = 100;
 
 void collect(const QQuickItem& item, QSet<QQuickItem*>& found) {
   for (auto* child : item.childItems()) {
@@ -55,12 +56,12 @@ void WebFrame::watchAll() {
 
 bool WebFrame::eventFilter(QObject*, QEvent* event) {
   if (event->type() == QEvent::KeyPress && takesKey(*static_cast<QKeyEvent*>(event))) return true;
-  if (!passesBy(event)) return false;
+  if (!bypassesPage(event)) return false;
   event->ignore();
   return true;
 }
 
-bool WebFrame::passesBy(QEvent* event) {
+bool WebFrame::bypassesPage(QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease: {
@@ -68,7 +69,7 @@ bool WebFrame::passesBy(QEvent* event) {
       return key == Qt::Key_Escape || key == Qt::Key_Back;
     }
     case QEvent::Wheel:
-      return isOfNoUse(*static_cast<QWheelEvent*>(event));
+      return bypassesPage(*static_cast<QWheelEvent*>(event));
     default:
       return false;
   }
@@ -78,18 +79,18 @@ bool WebFrame::takesKey(const QKeyEvent& key) {
   const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
   if (!isTab && key.key() != Qt::Key_F6) return false;
   const bool isForward = key.key() != Qt::Key_Backtab && !(key.modifiers() & Qt::ShiftModifier);
-  if (!isTab || isAsked_) {
-    moveOn(isForward);
+  if (!isTab || awaitsAnswer_) {
+    moveFocusOut(isForward);
     return true;
   }
-  isAsked_ = true;
+  awaitsAnswer_ = true;
   Q_EMIT asked();
   return false;
 }
 
-// The engine's view is one of the chain, and so may be what lies in it.
-void WebFrame::moveOn(bool isForward) {
-  isAsked_ = false;
+// Skips the engine's view and the items in it, which are also part of the focus chain.
+void WebFrame::moveFocusOut(bool isForward) {
+  awaitsAnswer_ = false;
   auto* const first = nextItemInFocusChain(isForward);
   auto* next = first;
   while (isAncestorOf(next)) {
@@ -99,20 +100,20 @@ void WebFrame::moveOn(bool isForward) {
   next->forceActiveFocus(isForward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
-bool WebFrame::isOfNoUse(const QWheelEvent& wheel) {
+bool WebFrame::bypassesPage(const QWheelEvent& wheel) {
   const int turn = wheel.angleDelta().y();
-  // The beginning and the end of a scroll.
+  // An event without a delta marks the beginning or the end of a scroll.
   if (wheel.angleDelta().isNull()) return hasPassedWheel_;
   if (turn == 0) return false;
   if (!unusedTurn_ || unusedTurn_->isUp != (turn > 0)) unusedTurn_ = Turn{turn > 0, wheel.timestamp()};
-  hasPassedWheel_ = !hasRoom(turn) || wheel.timestamp() - unusedTurn_->time >= timeToScroll;
+  hasPassedWheel_ = !canScroll(turn) || wheel.timestamp() - unusedTurn_->time >= scrollTimeout;
   return hasPassedWheel_;
 }
 
 bool WebFrame::childMouseEventFilter(QQuickItem* item, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
-      // Not the one that a touch is shown as, too.
+      // A mouse event that is synthesized from a touch does not keep the grab.
       item->setKeepMouseGrab(static_cast<QMouseEvent*>(event)->deviceType() !=
                              QInputDevice::DeviceType::TouchScreen);
       break;
@@ -124,10 +125,10 @@ bool WebFrame::childMouseEventFilter(QQuickItem* item, QEvent* event) {
     case QEvent::TouchUpdate: {
       const auto& point = static_cast<QTouchEvent*>(event)->point(0);
       const double move = point.scenePosition().y() - point.scenePressPosition().y();
-      if (!decidesDrag_ || std::abs(move) < clearMove) break;
+      if (!decidesDrag_ || std::abs(move) < decisionDistance) break;
       decidesDrag_ = false;
-      // A screen that fits would take it for its elastic pull alone.
-      item->setKeepTouchGrab(hasRoom(move) || !screenScrolls(*this));
+      // A screen that fits its window would use the drag only for its overshoot.
+      item->setKeepTouchGrab(canScroll(move) || !screenScrolls(*this));
       break;
     }
     default:

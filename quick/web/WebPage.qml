@@ -4,14 +4,14 @@ import QtWebEngine
 import Orrelo.Kit
 import Orrelo.Web
 
-/// A web page in a browser engine. It may run scripts and open windows, and get nothing else of the machine: whatever
-/// it asks for besides is refused without a question, so that no page can stand in the user's way.
+/// A web page in a browser engine. It may run scripts and open windows. All other requests, such as
+/// permissions and dialogs, are refused without asking the user, so that a page cannot get in the user's way.
 WebFrame {
     id: frame
 
     required property WebBridge model
 
-    // The engine tells of pixels.
+    // The engine reports pixels.
     roomAbove: view.scrollPosition.y / Screen.devicePixelRatio
     roomBelow: (view.contentsSize.height - view.scrollPosition.y) / Screen.devicePixelRatio - view.height
     clip: true
@@ -28,7 +28,8 @@ WebFrame {
     WebEngineView {
         id: view
         width: parent.width
-        // What a page higher than this costs is the host's memory; the rest of it scrolls in here.
+        // The painted height is limited because it takes memory in the host's process. The rest of a higher
+        // page is scrolled within this view.
         height: Math.min(parent.height, 8192)
         activeFocusOnTab: true
         backgroundColor: "transparent"
@@ -52,14 +53,14 @@ WebFrame {
         }
 
         Component.onCompleted: frame.model.didStart()
-        // The engine begins at 10, before anything has come.
+        // The engine reports 10 before it has received anything.
         onLoadProgressChanged: if (loadProgress > 10) frame.model.didReceive()
         onLoadingChanged: info => {
-            // One that is stopped goes on elsewhere, or waits for its minute.
+            // A stopped load is not reported: either another navigation follows or the timeout ends it.
             if (info.status === WebEngineView.LoadSucceededStatus) frame.model.didFinish(true)
             else if (info.status === WebEngineView.LoadFailedStatus) frame.model.didFinish(false)
         }
-        // Kept off the host's own log.
+        // Keeps the page's messages out of the host's log.
         onJavaScriptConsoleMessage: {}
         onRenderProcessTerminated: frame.model.processDidEnd()
         onCertificateError: error => {

@@ -24,7 +24,7 @@ WebProfile::WebProfile() {
   setCachePath(folderIn(platform.directories->cache()));
   const auto locale = QString::fromStdString(platform.device->localeIdentifier());
   setHttpAcceptLanguage(QString(locale).replace(QLatin1Char('_'), QLatin1Char('-')));
-  // Last: a profile that is live before it has its folders makes others.
+  // Must come last: a profile that is made persistent before its folders are set creates the default ones.
   setOffTheRecord(false);
 }
 
@@ -33,7 +33,7 @@ WebProfile* WebProfile::create(QQmlEngine*, QJSEngine*) {
   if (profile == nullptr) {
     profile = new WebProfile;
     QJSEngine::setObjectOwnership(profile, QJSEngine::CppOwnership);
-    // Before the browser engine, which ends with the application.
+    // Deletes the profile before the browser engine, which ends together with the application.
     qAddPostRoutine([] { delete std::exchange(profile, nullptr); });
   }
   return profile;

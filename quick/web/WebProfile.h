@@ -7,18 +7,19 @@
 
 namespace orrelo::quick {
 
-/// What the kit's web pages share, in all of a host's windows: cookies and cache in folders of their own, and
-/// who is trusted.
+/// The profile shared by the kit's web pages in all windows: cookies and cache in the kit's own folders, and
+/// the trusted certificates.
 class WebProfile : public QQuickWebEngineProfile {
   Q_OBJECT
   QML_ELEMENT
   QML_SINGLETON
 
  public:
-  /// The one of the process.
+  /// Returns the process's only profile.
   static WebProfile* create(QQmlEngine* engine, QJSEngine* scripts);
 
-  /// Whether a server that the engine does not trust is the development environment's.
+  /// Returns true if the untrusted server is the development environment's and its certificate is vouched for
+  /// by the configured file.
   Q_INVOKABLE static bool trusts(const QWebEngineCertificateError& error);
 
  private:

@@ -68,7 +68,7 @@ bool isText(const QQuickItem* item) {
   return item->inherits("QQuickText");
 }
 
-/// The text needs no more space than its item has.
+/// Checks that the text fits into its item.
 void expectWholeText(const QQuickItem* text) {
   const auto number = [text](const char* property) { return text->property(property).toDouble(); };
   // A bar of fixed height may elide its title.

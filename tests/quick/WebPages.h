@@ -16,7 +16,8 @@ inline std::string pageWithWebBlock(const std::string& url, int height = 240) {
       "button_url":"/join","button_color":"#5B50E8"}]}})";
 }
 
-/// The y coordinate of the top of that button in a picture of the screen; -1 without a button.
+/// The y coordinate of the top of the button of `pageWithWebBlock` in a picture of the screen; -1 without a
+/// button.
 inline int topOfButton(const QImage& picture) {
   for (int y = 0; y < picture.height(); ++y) {
     if (picture.pixelColor(picture.width() / 4, y) == QColor("#5B50E8")) return y;

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A day, or a weekday's name. Its fonts are shares of its height, whatever the text scale.
+/// A day or the name of a weekday. Its font sizes are fractions of its height and ignore the text scale.
 Item {
     id: cell
 

@@ -9,7 +9,7 @@
 
 namespace orrelo::quick {
 
-/// A cell of the calendar in its place, which stays while what stands in it changes.
+/// A cell of the calendar. The object stays the same when the cell's content changes.
 class CalendarCellBridge final : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -22,7 +22,7 @@ class CalendarCellBridge final : public QObject {
   Q_PROPERTY(double borderWidth READ borderWidth NOTIFY stateChanged)
   Q_PROPERTY(QColor borderColor READ borderColor NOTIFY stateChanged)
   Q_PROPERTY(bool hasIcon READ hasIcon NOTIFY stateChanged)
-  /// Null where the service names none.
+  /// Null if the service provides no icon.
   Q_PROPERTY(orrelo::quick::ImageBridge* icon READ icon NOTIFY stateChanged)
   Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY stateChanged)
 
@@ -51,7 +51,7 @@ class CalendarCellBridge final : public QObject {
   void stateChanged();
 
  private:
-  /// The day and what stands under it are white on a fill, unless that could not be read.
+  /// The colour of the cell's texts: the legible one if the cell is filled, else `otherwise`.
   Color onFill(const Color& otherwise) const {
     const auto& fill = cell_.backgroundColor;
     return fill.alpha == 0.0 ? otherwise : textColorOn(fill);

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// What a mark in the calendar means.
+/// An entry of the calendar's legend.
 Row {
     id: legend
 

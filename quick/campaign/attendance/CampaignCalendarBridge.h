@@ -48,11 +48,12 @@ class CampaignCalendarBridge final : public ViewBridge {
 
  private:
   void updateCells();
-  /// Null for an empty address.
+  /// Returns the image at this URL; null for an empty URL.
   ImageBridge* iconOf(const std::string& url);
 
   CampaignCalendarView& calendar_;
   ListBridge* const cells_;
+  /// Usually all cells share one image.
   std::map<std::shared_ptr<ImageView>, ImageBridge*> icons_;
 };
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A card with the month.
+/// A card with the calendar of the month.
 Rectangle {
     id: view
 

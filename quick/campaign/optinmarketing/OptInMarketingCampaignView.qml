@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A picture, or what is wrong with it, a button that hands over to the host, and the small print.
+/// An image or its error, a button that hands over to the host, and the notice.
 PageScroll {
     id: view
 

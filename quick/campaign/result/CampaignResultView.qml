@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A page for the time after a campaign: its picture, what came of it, and the small print.
+/// The page of a campaign that has ended: its image, its result and the notice.
 PageScroll {
     id: view
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Missions in rows: an icon over a name.
+/// A grid of missions, each an icon above a name.
 Rectangle {
     id: board
 

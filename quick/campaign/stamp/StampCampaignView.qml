@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// What the service has put around a board of missions.
+/// A stamp board between the blocks that the service has arranged around it.
 PageScroll {
     id: view
 

@@ -1,7 +1,8 @@
 import QtQuick
 import Orrelo.Kit
 
-/// What asks for a newer version, over the button that leads to it: in the middle, where it fits.
+/// A request to update the application, above a button that opens the store. It is vertically centred if it
+/// fits.
 PageScroll {
     id: view
 

@@ -15,7 +15,7 @@ class ActionButtonBridge final : public ViewBridge {
   Q_PROPERTY(QString text READ text CONSTANT)
   Q_PROPERTY(QString statusMessage READ statusMessage CONSTANT)
   Q_PROPERTY(bool isEnabled READ isEnabled CONSTANT)
-  /// Of the button.
+  /// The button's fill colour.
   Q_PROPERTY(QColor fill READ fill CONSTANT)
   Q_PROPERTY(QColor titleColor READ titleColor CONSTANT)
   Q_PROPERTY(QColor statusColor READ statusColor CONSTANT)

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A button that takes part, over a line on how things stand.
+/// A button that participates in the campaign, above a line that shows the user's status.
 Column {
     id: view
 
@@ -10,7 +10,7 @@ Column {
     leftPadding: model.margin
     rightPadding: model.margin
     spacing: model.spacing
-    // An empty status keeps its place in the stack, with no height.
+    // An empty status keeps the spacing above it but has no height.
     bottomPadding: status.visible ? 0 : spacing
 
     ActionButton {

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Boxes under a title.
+/// A list of boxes below a title.
 Column {
     id: view
 

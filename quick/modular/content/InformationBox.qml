@@ -1,13 +1,13 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A text with a picture, and another text at the other side, or below where both do not fit in a row.
+/// A text with an image on the left and another text on the right, or below if both do not fit in a row.
 Rectangle {
     id: box
 
     required property InformationBoxBridge model
     readonly property real room: width - 2 * model.margin
-    /// The text's width beside the picture.
+    /// The width available to the left text beside the image.
     readonly property real textRoom: room - model.leftSpacing - picture.width
     readonly property bool isStacked: leftText.implicitWidth + model.leftSpacing + picture.width + 12
                                       + right.implicitWidth > room
@@ -24,7 +24,7 @@ Rectangle {
         x: box.model.margin
         y: Math.floor((box.height - height - (box.isStacked ? 4 + right.height : 0)) / 2)
         spacing: box.model.leftSpacing
-        // A text of several lines is half as wide as the box at least, or stands above the picture.
+        // A text that would need several lines in less than half of the box is placed above the image.
         columns: box.textRoom < Math.min(leftText.implicitWidth, box.room / 2) ? 1 : 2
         verticalItemAlignment: Grid.AlignVCenter
 

@@ -15,7 +15,7 @@ class InformationBoxBridge final : public ViewBridge {
   Q_PROPERTY(QString rightText READ rightText CONSTANT)
   Q_PROPERTY(QColor rightTextColor READ rightTextColor CONSTANT)
   Q_PROPERTY(orrelo::quick::ImageBridge* image READ image CONSTANT)
-  /// 0 until the picture is there.
+  /// 0 until the image has been loaded.
   Q_PROPERTY(double imageWidth READ imageWidth NOTIFY stateChanged)
   Q_PROPERTY(double imageHeight READ imageHeight CONSTANT)
   Q_PROPERTY(double boxHeight READ boxHeight CONSTANT)

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// The way to another page: an icon, two lines, and an arrow, on a rounded ground.
+/// A button that opens another page: an icon, two lines of text and an arrow on a rounded background.
 PressArea {
     id: view
 

@@ -14,7 +14,7 @@ class TooltipInformationBridge final : public ViewBridge {
   Q_PROPERTY(QString firstTitle READ firstTitle CONSTANT)
   Q_PROPERTY(QString secondTitle READ secondTitle CONSTANT)
   Q_PROPERTY(QString tooltipTitle READ tooltipTitle CONSTANT)
-  /// Whether a tap on the line shows something.
+  /// True if a tap on the line shows a tooltip.
   Q_PROPERTY(bool hasMessage READ hasMessage CONSTANT)
   Q_PROPERTY(QUrl tooltipAsset READ tooltipAsset CONSTANT)
   Q_PROPERTY(double tooltipMaximumWidth READ tooltipMaximumWidth CONSTANT)

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Two rows of title, and a line that explains itself in a tooltip over the blocks below.
+/// Two title rows and a line whose tooltip overlaps the blocks below.
 Item {
     id: view
 
@@ -42,7 +42,7 @@ Item {
         x: Math.max(edge, guide.tailX(tooltip, width, view.width - edge, view))
         y: column.y + guide.y + guide.height - 4
         tooltip: view.model.tooltip
-        // It grows with its text, which it would break up otherwise.
+        // Grows with the text scale; otherwise large text would wrap more often.
         maximumWidth: Math.min(view.model.tooltipMaximumWidth * Theme.textScale, view.width - 2 * edge)
     }
 }

@@ -1,4 +1,4 @@
-// What moc writes for the classes of this folder that are headers alone.
+// The moc output of this folder's header-only classes.
 #include "moc_ActionButtonBridge.cpp"
 #include "moc_BoxedInformationListBridge.cpp"
 #include "moc_InformationBoxBridge.cpp"

@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-/// The square that a circle touches.
+/// The bounding square of a circle.
 inline QRectF squareAround(const Point& center, double radius) {
   return {center.x - radius, center.y - radius, 2 * radius, 2 * radius};
 }
@@ -18,14 +18,14 @@ class RouletteBridge final : public ViewBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(double side READ side CONSTANT)
-  /// Where something stands still above the wheel.
+  /// The bounding rectangle of the parts that stand still above the wheel.
   Q_PROPERTY(QRectF cover READ cover CONSTANT)
-  /// In degrees, as all angles here: of the wheel at rest.
+  /// The rotation of the wheel at rest, in degrees as all angles here.
   Q_PROPERTY(double rotation READ rotation NOTIFY stateChanged)
   Q_PROPERTY(bool isSpinning READ isSpinning NOTIFY stateChanged)
   Q_PROPERTY(orrelo::quick::AnimationValue spin READ spin NOTIFY stateChanged)
   Q_PROPERTY(bool isPaused READ isPaused NOTIFY stateChanged)
-  /// The prize that was won; empty before.
+  /// The prize that was won; empty until then.
   Q_PROPERTY(QString outcome READ outcome NOTIFY stateChanged)
   Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY stateChanged)
 

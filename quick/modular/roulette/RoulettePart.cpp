@@ -17,7 +17,7 @@ void paint(QPainter& painter, const RouletteDrawing::Disc& disc) {
   painter.drawEllipse(squareAround(disc.center, disc.radius));
 }
 
-// Qt's angles grow anticlockwise.
+// Qt measures angles anticlockwise.
 void paint(QPainter& painter, const RouletteDrawing::Sector& sector) {
   QPainterPath path(toQt(sector.center));
   path.arcTo(squareAround(sector.center, sector.radius), -sector.startAngle,
@@ -40,7 +40,7 @@ void paint(QPainter& painter, const RouletteDrawing::Text& text, const QString& 
   painter.translate(frame.center());
   painter.rotate(text.rotation);
   painter.translate(-frame.center());
-  // Text is cut at the sides alone: lines are higher in some fonts than the frames are.
+  // Text is clipped only at the sides, since the lines of some fonts are higher than the frames.
   painter.setClipRect(frame.adjusted(0, -frame.height(), 0, frame.height()));
   painter.setFont(fontOf(text.style, fontFamily));
   painter.setPen(quick::toQt(text.style.color));
@@ -87,7 +87,7 @@ void RoulettePart::paint(QPainter* painter) {
     }
     quick::paint(*painter, drawing.pin);
   }
-  // The signal waits for the main thread: painting may be another's.
+  // The signal is queued to the main thread, since painting may run on another thread.
   QMetaObject::invokeMethod(this, &RoulettePart::painted, Qt::QueuedConnection);
 }
 

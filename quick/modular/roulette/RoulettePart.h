@@ -7,9 +7,9 @@
 
 namespace orrelo::quick {
 
-/// Paints, once, the wheel on its rim, or what stands still above it: what of it lies in the item, whose
-/// place is one in the drawing. The rim is round: it turns with the wheel, unseen, and costs no picture of
-/// its own.
+/// Paints, once, either the wheel with its rim or the parts that stand still above it. The item's position
+/// and size select the painted section of the drawing. The rim is rotationally symmetric, so it can turn with
+/// the wheel and needs no texture of its own.
 class RoulettePart : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT
@@ -29,7 +29,7 @@ class RoulettePart : public QQuickPaintedItem {
   void rouletteChanged();
   void partChanged();
   void fontFamilyChanged();
-  /// It has been painted, at least once.
+  /// Emitted after each painting.
   void painted();
 
  private:

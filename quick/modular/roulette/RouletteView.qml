@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A wheel of fortune: painted once, and turned as the core says.
+/// A wheel of fortune, which is painted once and then rotated as the core requests.
 Item {
     id: view
 
@@ -37,13 +37,13 @@ Item {
             height: parent.height
             roulette: view.model
             part: RoulettePart.Wheel
-            // The software renderer turns a painted item without smoothing it, a layer with.
+            // The software renderer rotates a layer smoothly, but not a painted item.
             layer { enabled: true; smooth: true }
             fontFamily: Theme.fontFamily
             onPainted: view.model.wheelDidAppear()
         }
         RoulettePart {
-            // No larger than it must be: it is blended anew with every frame that turns.
+            // As small as possible, because it is blended again in every frame of the rotation.
             x: view.model.cover.x
             y: view.model.cover.y
             width: view.model.cover.width

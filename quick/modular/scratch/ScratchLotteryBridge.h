@@ -22,7 +22,7 @@ class ScratchLotteryBridge final : public ViewBridge {
   Q_PROPERTY(double cornerRadius READ cornerRadius CONSTANT)
   Q_PROPERTY(double height READ height CONSTANT)
   Q_PROPERTY(bool isMaskHidden READ isMaskHidden NOTIFY stateChanged)
-  /// Whether a press, by key or by assistive technology, does something.
+  /// True if the card reacts to a press by a key or by assistive technology.
   Q_PROPERTY(bool isPressable READ isPressable NOTIFY stateChanged)
   Q_PROPERTY(bool keepsTouches READ keepsTouches CONSTANT)
   Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY stateChanged)
@@ -49,23 +49,23 @@ class ScratchLotteryBridge final : public ViewBridge {
   ScratchMaskView& mask() const { return *lottery_.scratchMaskView; }
 
   Q_INVOKABLE void touchesBegan(double x, double y) {
-    rub([&] { lottery_.touchesBegan({x, y}); });
+    touch([&] { lottery_.touchesBegan({x, y}); });
   }
   Q_INVOKABLE void touchesMoved(double x, double y) {
-    rub([&] { lottery_.touchesMoved({x, y}); });
+    touch([&] { lottery_.touchesMoved({x, y}); });
   }
   Q_INVOKABLE void touchesEnded() { lottery_.touchesEnded(); }
   Q_INVOKABLE void press() { lottery_.press(); }
 
  Q_SIGNALS:
-  /// Some of the mask may have gone.
-  void rubbed();
+  /// Parts of the mask may have been removed.
+  void maskTouched();
 
  private:
-  template <class Touch>
-  void rub(Touch touch) {
-    touch();
-    Q_EMIT rubbed();
+  template <class Handler>
+  void touch(Handler handler) {
+    handler();
+    Q_EMIT maskTouched();
   }
 
   ScratchLotteryView& lottery_;

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A card with a result under a picture that is rubbed off.
+/// A scratch card: a result below a mask that the user scratches off.
 FocusScope {
     id: card
 
@@ -13,7 +13,7 @@ FocusScope {
 
     implicitHeight: model.height
     objectName: model.accessibilityIdentifier
-    // Whoever has the keyboard keeps it until they move on.
+    // A focused card keeps the focus when it can no longer be pressed, until the user moves it on.
     activeFocusOnTab: model.isPressable || activeFocus
     Accessible.role: model.isPressable ? Accessible.Button : Accessible.StaticText
     Accessible.name: model.accessibilityLabel

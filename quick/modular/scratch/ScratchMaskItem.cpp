@@ -10,7 +10,7 @@ QImage maskPicture(QSize size) {
   QImageReader reader(QLatin1Char(':') + assetFile(ScratchMaskView::asset).path());
   reader.setScaledSize(size);
   auto picture = reader.read();
-  if (picture.isNull()) {  // a machine without Qt's plugin for SVG
+  if (picture.isNull()) {  // Qt's SVG plugin is missing
     picture = QImage(size, QImage::Format_ARGB32_Premultiplied);
     picture.fill(QColor(0xc9, 0xce, 0xd6));
   }
@@ -28,7 +28,7 @@ void ScratchMaskItem::setLottery(ScratchLotteryBridge* lottery) {
   if (lottery == lottery_) return;
   if (lottery_) lottery_->disconnect(this);
   lottery_ = lottery;
-  if (lottery_) connect(lottery_, &ScratchLotteryBridge::rubbed, this, &ScratchMaskItem::takeTouched);
+  if (lottery_) connect(lottery_, &ScratchLotteryBridge::maskTouched, this, &ScratchMaskItem::takeTouched);
   takeTouched();
   Q_EMIT lotteryChanged();
 }

@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-/// The mask's picture where it is not yet rubbed off. Only what was touched is put together anew.
+/// Paints the mask's image where it has not been scratched off. Only the touched area is updated.
 class ScratchMaskItem : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A host's own view, which bears the name of one of the kit's.
+/// A host's own view with the same name as one of the kit's views.
 Item {
     readonly property string owner: "shop"
 }

@@ -4,14 +4,14 @@
 
 namespace orrelo::quick {
 
-/// Lets the kit's pages show web pages within them. Once, before the QGuiApplication is made:
+/// Enables web pages within the kit's pages. Call it once, before the QGuiApplication is created:
 ///
 ///     orrelo::quick::initializeWeb();
 ///     QGuiApplication app(argc, argv);
 ///
-/// Without it, and after the application has been made (then with a log line), the place of a web page stays
-/// empty. What pages keep, from cookies and cache to the history of their addresses, lies below the kit's own
-/// folders, apart from the host's.
+/// If it is not called, or called after the application has been created (which is logged), the area of a web
+/// page stays empty. All data that pages store, from cookies and cache to the history of their addresses,
+/// lies below the kit's own folders and is separate from the host's.
 ORRELO_EXPORT void initializeWeb();
 
 }  // namespace orrelo::quick
