@@ -37,8 +37,8 @@ ScreenBridge* makeBridge(const std::shared_ptr<ViewController>& screen, QObject*
 }
 
 QUrl delegateOf(std::string_view kind) {
-  const bool isThere = find(&Kinds::views, kind) != nullptr || find(&Kinds::screens, kind) != nullptr;
-  return isThere ? fileOf(kind) : QUrl();
+  const bool isRegistered = find(&Kinds::views, kind) != nullptr || find(&Kinds::screens, kind) != nullptr;
+  return isRegistered ? fileOf(kind) : QUrl();
 }
 
 std::vector<QUrl> allDelegates() {

@@ -10,11 +10,11 @@ void ListBridge::insert(std::size_t at, QObject* row) {
 }
 
 void ListBridge::remove(std::size_t at) {
-  auto* const gone = rows_[at];
+  auto* const removed = rows_[at];
   beginRemoveRows({}, static_cast<int>(at), static_cast<int>(at));
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(at));
   endRemoveRows();
-  gone->deleteLater();  // runs after that of the delegate, which still reads the row
+  removed->deleteLater();  // runs after that of the delegate, which still reads the row
 }
 
 int ListBridge::rowCount(const QModelIndex& parent) const {

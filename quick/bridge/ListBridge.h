@@ -30,7 +30,7 @@ class ListBridge : public QAbstractListModel {
   /// before are kept; such items must be in the same relative order as before. `isOf(row, item)` returns
   /// whether the row belongs to the item, `make(item)` creates a row.
   template <class Row, class Items, class IsOf, class Make>
-  void become(const Items& items, IsOf isOf, Make make) {
+  void assign(const Items& items, IsOf isOf, Make make) {
     const auto is = [&isOf](QObject* row, const auto& item) { return isOf(*static_cast<Row*>(row), item); };
     for (std::size_t at = rows_.size(); at-- > 0;) {
       const auto isWanted = [&](const auto& item) { return is(rows_[at], item); };

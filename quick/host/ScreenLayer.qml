@@ -50,7 +50,7 @@ FocusScope {
         to: 1
         duration: layer.screen.isOver ? Theme.fadeDuration : Theme.slideDuration
         easing.type: Easing.OutCubic
-        onFinished: layer.layers.arrived(layer.modelData)
+        onFinished: layer.layers.didArrive(layer.modelData)
     }
     NumberAnimation {
         id: going
@@ -59,7 +59,7 @@ FocusScope {
         to: 0
         duration: layer.screen.isOver ? Theme.fadeDuration : Theme.slideDuration
         easing.type: Easing.InCubic
-        onFinished: layer.layers.gone(layer.modelData)
+        onFinished: layer.layers.didLeave(layer.modelData)
     }
     // Keeps mouse input from the items beneath.
     MouseArea {

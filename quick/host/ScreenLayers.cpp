@@ -24,11 +24,11 @@ void ScreenLayers::set(const std::vector<std::shared_ptr<ViewController>>& scree
     }
   }
   for (const auto& wanted : screens) {
-    const bool isThere = std::any_of(rows().begin(), rows().end(), [&wanted](const QObject* row) {
+    const bool isShown = std::any_of(rows().begin(), rows().end(), [&wanted](const QObject* row) {
       const auto& layer = static_cast<const ScreenLayerBridge&>(*row);
       return !layer.isLeaving() && layer.screen()->screen() == wanted;
     });
-    if (!isThere) addLayer(wanted, animated);
+    if (!isShown) addLayer(wanted, animated);
   }
   refresh();
   if (top() != formerTop) Q_EMIT topChanged();
@@ -52,12 +52,12 @@ void ScreenLayers::removeLayer(std::size_t row) {
   remove(row);
 }
 
-void ScreenLayers::arrived(ScreenLayerBridge* layer) {
+void ScreenLayers::didArrive(ScreenLayerBridge* layer) {
   layer->state.hasArrived = true;
   refresh();
 }
 
-void ScreenLayers::gone(ScreenLayerBridge* layer) {
+void ScreenLayers::didLeave(ScreenLayerBridge* layer) {
   const auto found = std::find(rows().begin(), rows().end(), layer);
   if (found != rows().end() && layer->isLeaving())
     removeLayer(static_cast<std::size_t>(found - rows().begin()));

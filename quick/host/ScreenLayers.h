@@ -26,8 +26,8 @@ class ScreenLayers final : public ListBridge {
   ScreenBridge* top() const;
 
   /// Called when the animation of the arrival, or of the departure, has ended.
-  Q_INVOKABLE void arrived(orrelo::quick::ScreenLayerBridge* layer);
-  Q_INVOKABLE void gone(orrelo::quick::ScreenLayerBridge* layer);
+  Q_INVOKABLE void didArrive(orrelo::quick::ScreenLayerBridge* layer);
+  Q_INVOKABLE void didLeave(orrelo::quick::ScreenLayerBridge* layer);
 
  Q_SIGNALS:
   void topChanged();

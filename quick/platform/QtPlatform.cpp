@@ -40,7 +40,7 @@ Platform platform(const HostApplication& host) {
   application->setUrlOpener(urlOpener(host.urlSchemes));
   platform.application = application;
   new QtApplication(application, qGuiApp);
-  // Ends the work on the kit's threads before Qt destroys the image readers that it uses.
+  // Waits for the work on the kit's threads before Qt destroys the image readers that it uses.
   qAddPostRoutine(beginExit);
   new MotionSetting(
       QDBusConnection::sessionBus(),

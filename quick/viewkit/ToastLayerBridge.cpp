@@ -7,7 +7,7 @@ namespace orrelo::quick {
 ToastLayerBridge::ToastLayerBridge(const std::shared_ptr<ToastLayer>& view, QObject* parent)
     : ViewBridge(view, parent), layer_(*view), toasts_(new ListBridge(this)) {
   connect(this, &ViewBridge::stateChanged, this, [this] {
-    toasts_->become<ToastBridge>(
+    toasts_->assign<ToastBridge>(
         layer_.toasts.value(), [](const ToastBridge& row, const auto& toast) { return row.view() == toast; },
         [this](const auto& toast) { return new ToastBridge(toast, toasts_); });
   });

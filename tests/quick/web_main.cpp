@@ -6,8 +6,8 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-// Called by the address sanitizer. The engine deletes objects with a size that differs from the allocated one,
-// and the engine and its font library leak; the rest is as in main.cpp.
+// Called by the address sanitizer. The engine deletes objects with a size that differs from the allocated
+// one, and the engine and its font library leak; the rest is as in main.cpp.
 extern "C" {
 ORRELO_EXPORT const char* __lsan_default_suppressions();
 ORRELO_EXPORT const char* __asan_default_options();

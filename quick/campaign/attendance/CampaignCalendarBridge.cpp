@@ -15,11 +15,11 @@ void CampaignCalendarBridge::updateCells() {
   const auto& state = calendar_.state.value();
   while (cells_->rows().size() > state.cells.size()) cells_->remove(cells_->rows().size() - 1);
   for (std::size_t at = 0; at < state.cells.size(); ++at) {
-    const bool isThere = at < cells_->rows().size();
+    const bool exists = at < cells_->rows().size();
     auto* const cell =
-        isThere ? static_cast<CalendarCellBridge*>(cells_->rows()[at]) : new CalendarCellBridge(cells_);
+        exists ? static_cast<CalendarCellBridge*>(cells_->rows()[at]) : new CalendarCellBridge(cells_);
     cell->set(state.cells[at], iconOf(state.cells[at].iconUrl));
-    if (!isThere) cells_->append(cell);
+    if (!exists) cells_->append(cell);
   }
 }
 

@@ -43,7 +43,7 @@ Item {
             onPainted: view.model.wheelDidAppear()
         }
         RoulettePart {
-            // As small as possible, because it is blended again in every frame of the rotation.
+            // Kept as small as possible, because it is blended again in every frame of the rotation.
             x: view.model.cover.x
             y: view.model.cover.y
             width: view.model.cover.width
