@@ -270,7 +270,8 @@ std::vector<QQuickItem*> WindowTest::drawnBy(const char* file) const {
   return found;
 }
 
-void WindowTest::expectNothingCut() const {
+void WindowTest::expectNothingCut() {
+  settle();
   std::vector<const QQuickItem*> texts;
   visit(window_->contentItem(), [&](QQuickItem* item) {
     const auto name = nameOf(item);

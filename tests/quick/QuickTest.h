@@ -62,7 +62,7 @@ class WindowTest : public testing::Test {
   std::vector<QQuickItem*> drawnBy(const char* file) const;
   /// Checks that no text is elided, exceeds its parents or overlaps another text, and that no named item
   /// exceeds the window unless it can be scrolled to.
-  void expectNothingCut() const;
+  void expectNothingCut();
 
   TemporaryFolder folder_;
   std::unique_ptr<QQmlApplicationEngine> engine_;
