@@ -89,9 +89,12 @@ std::filesystem::path DiskCache::directory() const {
   return folder;
 }
 
-// The task works on a copy, since the cache may be destroyed before the task runs.
+// The task works on a copy, since the cache may be destroyed before the task runs. The copy has no queue: a
+// queue whose pool is destroyed would keep itself alive through its tasks.
 void DiskCache::run(std::function<void(const DiskCache&)> work, Completion completion) const {
-  diskQueue_->post([self = *this, work = std::move(work), completion = std::move(completion)] {
+  auto copy = *this;
+  copy.diskQueue_ = nullptr;
+  diskQueue_->post([self = std::move(copy), work = std::move(work), completion = std::move(completion)] {
     std::optional<Error> failure;
     try {
       work(self);
