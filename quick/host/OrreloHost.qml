@@ -11,6 +11,7 @@ FocusScope {
     /// True to push screens onto a stack over the host's content instead of presenting them. It cannot be
     /// turned off again.
     property bool pushesScreens: false
+    onPushesScreensChanged: if (bridge.pushesScreens) pushesScreens = true
     /// True while a screen of the kit covers the host's content, which receives no input meanwhile.
     readonly property bool isCovered: bridge.top !== null
 

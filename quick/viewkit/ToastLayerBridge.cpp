@@ -7,8 +7,9 @@ namespace orrelo::quick {
 ToastLayerBridge::ToastLayerBridge(const std::shared_ptr<ToastLayer>& view, QObject* parent)
     : ViewBridge(view, parent), layer_(*view), toasts_(new ListBridge(this)) {
   connect(this, &ViewBridge::stateChanged, this, [this] {
+    const auto toasts = layer_.toasts.value();  // a copy, since each new row makes a delegate
     toasts_->assign<ToastBridge>(
-        layer_.toasts.value(), [](const ToastBridge& row, const auto& toast) { return row.view() == toast; },
+        toasts, [](const ToastBridge& row, const auto& toast) { return row.view() == toast; },
         [this](const auto& toast) { return new ToastBridge(toast, toasts_); });
   });
   follow(layer_.toasts);

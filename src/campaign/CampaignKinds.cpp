@@ -55,7 +55,7 @@ constexpr CampaignKind kind() {
 }
 
 // Page types are matched in this order: an "attendance_result" is an attendance page, and the modular kind
-// matches any type. A new kind needs one more line here.
+// matches any type: a new kind is one more line before it.
 constexpr std::array kinds{
     kind<AttendanceCampaignKind>(),     kind<ReferralCampaignKind>(),   kind<StampCampaignKind>(),
     kind<OptInMarketingCampaignKind>(), kind<DeprecatedCampaignKind>(), kind<CampaignResultKind>(),

@@ -21,8 +21,8 @@ struct URLRequest {
   Url url;
   std::string method = "GET";
   /// Sent as given, including empty values, except that control characters become spaces and surrounding
-  /// white space is removed. "buid" and the kit's own headers are dropped when a redirect leads to another
-  /// host.
+  /// white space is removed. All but "Content-Type" are dropped when a redirect leads to another host or
+  /// from https to http.
   HTTPHeaders headers = {};
   std::optional<std::string> body = {};
   /// Limits the whole transfer or, if `isTimeoutIdle`, the time between two received bytes.
@@ -39,7 +39,7 @@ struct HTTPURLResponse {
   HTTPHeaders headers;
 };
 
-/// The result of a task: an error, or the reply's bytes and response. A reply that is not HTTP has neither.
+/// The result of a task: an error, or the reply's bytes and response. A reply that is not HTTP has no error, no bytes and no response.
 struct URLSessionResult {
   std::optional<Error> error;
   std::optional<std::string> data;

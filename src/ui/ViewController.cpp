@@ -103,19 +103,20 @@ void ViewController::loadViewIfNeeded() {
 }
 
 void ViewController::appear(bool animated) {
-  if (isVisible_) return;
-  loadViewIfNeeded();
   if (std::exchange(isVisible_, true)) return;
+  loadViewIfNeeded();
   viewWillAppear(animated);
+  showsChildren_ = isVisible_;
   for (const auto& child : shownChildren()) {
     // A child's callback may have removed another child or hidden the whole screen.
     if (isVisible_ && child->parent().get() == this) child->appear(animated);
   }
-  viewDidAppear(animated);
+  if (isVisible_) viewDidAppear(animated);
 }
 
 void ViewController::disappear(bool animated) {
   if (!std::exchange(isVisible_, false)) return;
+  showsChildren_ = false;
   viewWillDisappear(animated);
   for (const auto& child : shownChildren()) child->disappear(animated);
   viewDidDisappear(animated);
@@ -126,7 +127,7 @@ bool ViewController::addChild(const std::shared_ptr<ViewController>& child) {
   adopt(child);
   children_.push_back(child);
   child->loadViewIfNeeded();
-  if (isVisible_ && child->parent().get() == this) child->appear(false);
+  if (showsChildren_ && child->parent().get() == this) child->appear(false);
   return true;
 }
 

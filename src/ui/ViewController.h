@@ -121,6 +121,8 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   std::weak_ptr<ViewController> presenting_;
   bool isLoaded_ = false;
   bool isVisible_ = false;
+  /// True from `viewWillAppear` on; children that are added while the screen loads appear after it.
+  bool showsChildren_ = false;
 };
 
 /// Represents a screen of the host, from which the kit's screens are presented. A front creates one for each

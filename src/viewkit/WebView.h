@@ -40,7 +40,7 @@ class ORRELO_EXPORT WebView final : public View {
   /// The first data has arrived. It is shown even if the load does not finish before the timeout.
   void didReceive();
   void didFinish(bool succeeded);
-  /// The browser process has ended. May be called at any time.
+  /// The page's process has ended. May be called at any time.
   void processDidEnd();
 
   /// True if the page, or a frame in it, may navigate to a URL with this scheme.

@@ -6,7 +6,7 @@
 namespace orrelo {
 namespace {
 
-// The minimum that WCAG 2.1 requires for large or bold text. The service's colours are designed for it.
+// The minimum that WCAG 2.1 requires for large or bold text, which is what the service's colours are used for.
 constexpr double sufficientContrast = 3.0;
 
 double clamped(double component) {

@@ -51,6 +51,26 @@ TEST_F(CampaignPlaceTest, ADialogThatCannotBeSeenCountsAsNotShown) {
   EXPECT_TRUE(open()->presentedViewController()) << "it was not shown yet";
 }
 
+TEST_F(CampaignPlaceTest, NoKindShowsADialogOverAScreenThatWasTakenAway) {
+  const std::string toast =
+      R"({"page_type":"box","page_id":"p-3","page_details_v2":{"page_config":{"layout":{
+        "component_order":["blank"],"dialog":{"toast":[{"text":"도착","color":"#000000"}]}}},
+        "blank":[{"height":10}]}})";
+  const auto reward =
+      attendancePage("", R"("reward_message":{"title":"축하","body":"10P","button_text":"확인"},)");
+  for (const auto& page : {toast, reward, resultPage(dialog)}) {
+    replies_["/campaigns/c-1"] = std::nullopt;
+    const auto gone = open();
+    gone->close();
+    platform_.session->answer(ScriptedURLSession::reply(200, campaignReply(page)));
+    platform_.loop->run();
+    ASSERT_TRUE(gone->state().content) << "the reply has come: " << page;
+    EXPECT_EQ(gone->presentedViewController(), nullptr) << page;
+    EXPECT_EQ(host_->presentedViewController(), nullptr) << page;
+    EXPECT_THAT(gone->toastLayer->toasts.value(), testing::IsEmpty()) << page;
+  }
+}
+
 TEST_F(CampaignPlaceTest, ARootScreenShowsItsRewardAboveTheScreenThatCoversIt) {
   const auto screen =
       std::dynamic_pointer_cast<CampaignViewController>(Orrelo::getCampaignViewController("c-1"));

@@ -166,6 +166,16 @@ TEST_F(CurlConnectionsTest, ThereAreSixtyFourRequestsAtATime) {
   EXPECT_EQ(most, 64);
 }
 
+TEST_F(CurlConnectionsTest, AUrlWithoutAWebSchemeOrAHostIsRefused) {
+  RawServer server([](const std::string&) { return RawServer::reply("ok"); });
+  const auto address = server.url("/image.png").substr(5);
+  for (const auto& url : {address, std::string("image.png"), std::string("http:a"), "ftp:" + address,
+                          std::string("file:///etc/passwd")}) {
+    EXPECT_EQ(outcome(request(url)), "unsupportedURL") << url;
+  }
+  EXPECT_EQ(server.connectionCount(), 0U);
+}
+
 TEST_F(CurlConnectionsTest, EightThreadsAskAndCancelAtOnce) {
   RawServer server([](const std::string& request) { return RawServer::reply(request.substr(0, 4)); });
   std::vector<std::jthread> threads;

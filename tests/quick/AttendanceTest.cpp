@@ -47,6 +47,28 @@ TEST_F(AttendanceTest, FitsPhonesAndDesktops) {
   }
 }
 
+TEST_F(AttendanceTest, TheCellsShowTheirDaysAndIconsAndChangeWithTheCheckIn) {
+  openCampaign();
+  const auto before = names();
+  for (const auto* cell : {"일", "17일, 출석", "18일, 오늘", "10일, 보너스, 출석", "20일, 보너스"}) {
+    EXPECT_TRUE(before.contains(QString::fromUtf8(cell))) << cell;
+  }
+  const auto place = sceneRect(named(QStringLiteral("20일, 보너스")));
+  EXPECT_GE(count(grab("attendance-cells").copy(place.toRect()), QColor("#e8505b")), 20)
+      << "the icon's parcel";
+  EXPECT_EQ(service_->timesAsked("/gift.png"), 1) << "one image for all cells";
+
+  service_->answers["/attend"] = {200, richAttendancePage("", false)};
+  click(checkIn);
+  ASSERT_TRUE(waitForNamed(done));
+  EXPECT_EQ(names().contains(QStringLiteral("20일, 보너스")), true);
+  // Disabled: neither a click nor the keyboard reaches the button.
+  click(done);
+  press(Qt::Key_Return);
+  settle();
+  EXPECT_EQ(service_->timesAsked("/attend"), 1);
+}
+
 TEST_F(AttendanceTest, ShowsThatItLoadsThenThePage) {
   const auto page = service_->answers.extract("/campaigns/c-1").mapped();
   showCampaign();

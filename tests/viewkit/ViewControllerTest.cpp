@@ -213,5 +213,26 @@ TEST_F(ViewControllerTest, AScreenThatIsShownIsNotShownAgain) {
   EXPECT_EQ(navigation->topViewController(), above);
 }
 
+TEST_F(ViewControllerTest, ADismissedScreenIsReleased) {
+  std::weak_ptr<ViewController> gone;
+  const auto host = screen("host");
+  host->appear(false);
+  {
+    const auto top = NavigationController::create(screen("top"));
+    gone = top;
+    host->present(top, false);
+    top->dismiss(false);
+  }
+  EXPECT_TRUE(gone.expired());
+}
+
+TEST_F(ViewControllerTest, AScreenPresentedWhileAnotherLoadsAppears) {
+  const auto host = screen("host");
+  const auto above = screen("above");
+  host->onLoad = [&] { host->present(above, false); };
+  host->appear(false);
+  EXPECT_TRUE(above->isVisible());
+}
+
 }  // namespace
 }  // namespace orrelo::test

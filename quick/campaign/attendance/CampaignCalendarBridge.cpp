@@ -12,7 +12,7 @@ CampaignCalendarBridge::CampaignCalendarBridge(const std::shared_ptr<CampaignCal
 }
 
 void CampaignCalendarBridge::updateCells() {
-  const auto& state = calendar_.state.value();
+  const auto state = calendar_.state.value();  // a copy, since each cell emits a signal
   while (cells_->rows().size() > state.cells.size()) cells_->remove(cells_->rows().size() - 1);
   for (std::size_t at = 0; at < state.cells.size(); ++at) {
     const bool exists = at < cells_->rows().size();
