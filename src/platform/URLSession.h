@@ -39,7 +39,8 @@ struct HTTPURLResponse {
   HTTPHeaders headers;
 };
 
-/// The result of a task: an error, or the reply's bytes and response. A reply that is not HTTP has no error, no bytes and no response.
+/// The result of a task: an error, or the reply's bytes and response. A reply that is not HTTP has no error,
+/// no bytes and no response.
 struct URLSessionResult {
   std::optional<Error> error;
   std::optional<std::string> data;

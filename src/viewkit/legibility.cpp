@@ -6,7 +6,8 @@
 namespace orrelo {
 namespace {
 
-// The minimum that WCAG 2.1 requires for large or bold text, which is what the service's colours are used for.
+// The minimum that WCAG 2.1 requires for large or bold text, which is what the service's colours are used
+// for.
 constexpr double sufficientContrast = 3.0;
 
 double clamped(double component) {

@@ -55,7 +55,7 @@ TEST_F(CampaignPlaceTest, NoKindShowsADialogOverAScreenThatWasTakenAway) {
   const std::string toast =
       R"({"page_type":"box","page_id":"p-3","page_details_v2":{"page_config":{"layout":{
         "component_order":["blank"],"dialog":{"toast":[{"text":"도착","color":"#000000"}]}}},
-        "blank":[{"height":10}]}})";
+        "blank":[10]}})";
   const auto reward =
       attendancePage("", R"("reward_message":{"title":"축하","body":"10P","button_text":"확인"},)");
   for (const auto& page : {toast, reward, resultPage(dialog)}) {
