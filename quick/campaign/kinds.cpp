@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array screens{
-    screenKind<CampaignViewController, CampaignScreenBridge>(),
-};
-
-}  // namespace
 
 Kinds campaignKinds() {
+  static constexpr std::array screens{
+      screenKind<CampaignViewController, CampaignScreenBridge>(),
+  };
   return {.screens = screens};
 }
 

@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array screens{
-    screenKind<NavigationController, NavigationBridge>(),
-};
-
-}  // namespace
 
 Kinds hostKinds() {
+  static constexpr std::array screens{
+      screenKind<NavigationController, NavigationBridge>(),
+  };
   return {.screens = screens};
 }
 

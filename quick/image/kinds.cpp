@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<AutoLayoutImageView, ImageBridge>(),
-};
-
-}  // namespace
 
 Kinds imageKinds() {
+  static constexpr std::array views{
+      viewKind<AutoLayoutImageView, ImageBridge>(),
+  };
   return {.views = views};
 }
 

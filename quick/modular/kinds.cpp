@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<ModularCampaignView, ModularCampaignBridge>(),
-};
-
-}  // namespace
 
 Kinds modularKinds() {
+  static constexpr std::array views{
+      viewKind<ModularCampaignView, ModularCampaignBridge>(),
+  };
   return {.views = views};
 }
 

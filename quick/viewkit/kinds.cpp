@@ -11,24 +11,19 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<CampaignNoticeView, CampaignNoticeBridge>(),
-    viewKind<InformationView, InformationBridge>(),
-    viewKind<NoticeView, NoticeBridge>(),
-    viewKind<WebView, WebBridge>(),
-};
-
-constexpr std::array screens{
-    screenKind<CampaignRewardViewController, RewardScreenBridge>(),
-    screenKind<ErrorViewController, ErrorScreenBridge>(),
-    screenKind<PopUpDialogViewController, PopUpDialogScreenBridge>(),
-};
-
-}  // namespace
 
 Kinds viewkitKinds() {
+  static constexpr std::array views{
+      viewKind<CampaignNoticeView, CampaignNoticeBridge>(),
+      viewKind<InformationView, InformationBridge>(),
+      viewKind<NoticeView, NoticeBridge>(),
+      viewKind<WebView, WebBridge>(),
+  };
+  static constexpr std::array screens{
+      screenKind<CampaignRewardViewController, RewardScreenBridge>(),
+      screenKind<ErrorViewController, ErrorScreenBridge>(),
+      screenKind<PopUpDialogViewController, PopUpDialogScreenBridge>(),
+  };
   return {.views = views, .screens = screens};
 }
 

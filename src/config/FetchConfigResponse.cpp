@@ -3,7 +3,7 @@
 namespace orrelo {
 namespace {
 
-BrandThemeResponse decodeTheme(const JsonObject& json) {
+BrandThemeResponse decodeThemeResponse(const JsonObject& json) {
   return {json.text("main"), json.text("sub1"), json.text("sub2")};
 }
 
@@ -27,7 +27,7 @@ FetchConfigResponse FetchConfigResponse::decode(std::string_view json) {
       .autoSwipeIntervalMillis = object.integer("auto_swipe_interval"),
       .appStoreUrl = object.optionalText("app_install_link"),
       .pushServiceSetting = object.text("push_service_setting"),
-      .brandTheme = decodeTheme(object.object("color")),
+      .brandTheme = decodeThemeResponse(object.object("color")),
       .plugins = decodePlugins(object.object("plugins")),
       .entries = {},
   };

@@ -3,7 +3,7 @@
 namespace orrelo {
 namespace {
 
-std::weak_ptr<ViewController>& slot() {
+std::weak_ptr<ViewController>& rootSlot() {
   static auto* const slot = new std::weak_ptr<ViewController>;
   return *slot;
 }
@@ -11,11 +11,11 @@ std::weak_ptr<ViewController>& slot() {
 }  // namespace
 
 std::shared_ptr<ViewController> keyWindowRootViewController() {
-  return slot().lock();
+  return rootSlot().lock();
 }
 
 void setKeyWindowRootViewController(const std::shared_ptr<ViewController>& root) {
-  slot() = root;
+  rootSlot() = root;
 }
 
 }  // namespace orrelo

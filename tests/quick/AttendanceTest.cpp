@@ -7,7 +7,6 @@ const QString checkIn = QStringLiteral("출석체크 하기");
 const QString done = QStringLiteral("오늘은 출석했어요");
 const QString guide = QStringLiteral("출석체크 안내");
 const QString guideMessage = QStringLiteral("하루에 한 번, 자정이 지나면 다시 출석할 수 있어요.");
-const QString back = QStringLiteral("뒤로");
 const QString loading = QStringLiteral("불러오는 중");
 
 class AttendanceTest : public QuickTest {

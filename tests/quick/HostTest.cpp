@@ -13,8 +13,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-const QString back = QStringLiteral("뒤로");
-
 /// A screen that the front has no view for.
 class CountingScreen final : public ViewController {
  public:

@@ -21,6 +21,9 @@
 
 namespace orrelo::test {
 
+/// The accessible name of the back button.
+inline const QString back = QStringLiteral("뒤로");
+
 /// A host's window, rendered offscreen. Derived fixtures provide the service.
 class WindowTest : public testing::Test {
  public:

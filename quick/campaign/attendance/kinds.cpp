@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<AttendanceCampaignView, AttendanceCampaignBridge>(),
-};
-
-}  // namespace
 
 Kinds attendanceKinds() {
+  static constexpr std::array views{
+      viewKind<AttendanceCampaignView, AttendanceCampaignBridge>(),
+  };
   return {.views = views};
 }
 

@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<OptInMarketingCampaignView, OptInMarketingCampaignBridge>(),
-};
-
-}  // namespace
 
 Kinds optInMarketingKinds() {
+  static constexpr std::array views{
+      viewKind<OptInMarketingCampaignView, OptInMarketingCampaignBridge>(),
+  };
   return {.views = views};
 }
 

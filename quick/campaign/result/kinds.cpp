@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<CampaignResultView, CampaignResultBridge>(),
-};
-
-}  // namespace
 
 Kinds resultKinds() {
+  static constexpr std::array views{
+      viewKind<CampaignResultView, CampaignResultBridge>(),
+  };
   return {.views = views};
 }
 

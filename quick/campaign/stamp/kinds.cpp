@@ -6,16 +6,12 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<StampBoardView, StampBoardBridge>(),
-    viewKind<StampCampaignView, StampCampaignBridge>(),
-};
-
-}  // namespace
 
 Kinds stampKinds() {
+  static constexpr std::array views{
+      viewKind<StampBoardView, StampBoardBridge>(),
+      viewKind<StampCampaignView, StampCampaignBridge>(),
+  };
   return {.views = views};
 }
 

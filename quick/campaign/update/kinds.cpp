@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<InduceUpdateView, InduceUpdateBridge>(),
-};
-
-}  // namespace
 
 Kinds updateKinds() {
+  static constexpr std::array views{
+      viewKind<InduceUpdateView, InduceUpdateBridge>(),
+  };
   return {.views = views};
 }
 

@@ -9,19 +9,15 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<ActionButtonView, ActionButtonBridge>(),
-    viewKind<BoxedInformationListView, BoxedInformationListBridge>(),
-    viewKind<PageEntryView, PageEntryBridge>(),
-    viewKind<SpacerView, SpacerBridge>(),
-    viewKind<TooltipInformationView, TooltipInformationBridge>(),
-};
-
-}  // namespace
 
 Kinds contentKinds() {
+  static constexpr std::array views{
+      viewKind<ActionButtonView, ActionButtonBridge>(),
+      viewKind<BoxedInformationListView, BoxedInformationListBridge>(),
+      viewKind<PageEntryView, PageEntryBridge>(),
+      viewKind<SpacerView, SpacerBridge>(),
+      viewKind<TooltipInformationView, TooltipInformationBridge>(),
+  };
   return {.views = views};
 }
 

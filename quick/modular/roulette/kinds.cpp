@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<RouletteView, RouletteBridge>(),
-};
-
-}  // namespace
 
 Kinds rouletteKinds() {
+  static constexpr std::array views{
+      viewKind<RouletteView, RouletteBridge>(),
+  };
   return {.views = views};
 }
 

@@ -5,15 +5,11 @@
 #include <array>
 
 namespace orrelo::quick {
-namespace {
-
-constexpr std::array views{
-    viewKind<ScratchLotteryView, ScratchLotteryBridge>(),
-};
-
-}  // namespace
 
 Kinds scratchKinds() {
+  static constexpr std::array views{
+      viewKind<ScratchLotteryView, ScratchLotteryBridge>(),
+  };
   return {.views = views};
 }
 

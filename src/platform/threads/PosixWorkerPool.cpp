@@ -21,12 +21,6 @@
 namespace orrelo {
 namespace {
 
-/// A delayed task and the index of the queue that it enters when it is due.
-struct Delayed {
-  std::size_t queue;
-  WorkerPool::Task task;
-};
-
 // Called by each worker, whose work must not delay the host's threads. The nice value gives precedence to the
 // main thread, which may be building a screen while workers decode images. SCHED_BATCH keeps a worker that
 // `sendEvent` wakes from preempting the caller before the call returns.
@@ -38,15 +32,21 @@ void lowerPriority() {
 #endif
 }
 
-struct Worker {
-  std::thread thread;
-  std::condition_variable wake;
-  bool isAwake = true;
-};
-
 }  // namespace
 
 struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::State> {
+  /// A delayed task and the index of the queue that it enters when it is due.
+  struct Delayed {
+    std::size_t queue;
+    Task task;
+  };
+
+  struct Worker {
+    std::thread thread;
+    std::condition_variable wake;
+    bool isAwake = true;
+  };
+
   std::mutex mutex;
   std::array<std::deque<Task>, 5> ready;  // one for each QualityOfService
   DelayedTasks<Delayed> delayed;
@@ -160,7 +160,7 @@ PosixWorkerPool::~PosixWorkerPool() {
 
 void PosixWorkerPool::post(QualityOfService qos, Task task) {
   if (isExiting()) return;
-  Worker* worker = nullptr;
+  State::Worker* worker = nullptr;
   {
     const std::lock_guard lock(state_->mutex);
     state_->ready[static_cast<std::size_t>(qos)].push_back(std::move(task));
@@ -172,8 +172,8 @@ void PosixWorkerPool::post(QualityOfService qos, Task task) {
 void PosixWorkerPool::postAfter(QualityOfService qos, std::chrono::microseconds delay, Task task) {
   if (delay.count() <= 0) return post(qos, std::move(task));
   if (isExiting()) return;
-  const auto due = DelayedTasks<Delayed>::after(delay);
-  Worker* worker = nullptr;
+  const auto due = DelayedTasks<State::Delayed>::after(delay);
+  State::Worker* worker = nullptr;
   {
     const std::lock_guard lock(state_->mutex);
     const bool isFirst = state_->delayed.add(due, {static_cast<std::size_t>(qos), std::move(task)});
