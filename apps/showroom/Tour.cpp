@@ -1,5 +1,7 @@
 #include "Tour.h"
 
+#include "accessibleItems.h"
+
 #include <QAccessible>
 #include <QColor>
 #include <QCoreApplication>
@@ -30,20 +32,6 @@ const QString checkedIn = QStringLiteral("출석 완료");
 const QString popUp = QStringLiteral("축하합니다!");
 const QString tryAgain = QStringLiteral("잠시 후 다시 시도해 주세요.");
 const QString loading = QStringLiteral("불러오는 중");
-
-QString nameOf(QQuickItem* item) {
-  auto* const accessible = QAccessible::queryAccessibleInterface(item);
-  return accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
-}
-
-QQuickItem* findBelow(QQuickItem* item, const QString& name) {
-  if (!item->isVisible() || item->opacity() == 0.0) return nullptr;
-  const auto children = item->childItems();
-  for (auto child = children.rbegin(); child != children.rend(); ++child) {
-    if (auto* const found = findBelow(*child, name)) return found;
-  }
-  return nameOf(item) == name ? item : nullptr;
-}
 
 }  // namespace
 
@@ -211,7 +199,7 @@ void Tour::require(bool holds, const QString& what) {
 }
 
 QQuickItem* Tour::find(const QString& name) const {
-  return findBelow(window_.contentItem(), name);
+  return screenreader::find(window_.contentItem(), name);
 }
 
 void Tour::send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons) {

@@ -40,10 +40,14 @@ struct EventOther {
   std::string typeName;
 };
 
+namespace detail {
+
 template <class T>
 inline constexpr bool isCharacter =
     std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
     std::same_as<T, char16_t> || std::same_as<T, char32_t>;
+
+}  // namespace detail
 
 /// One value of a host event. It can hold null, bytes and values of unknown types, so that a host can pass
 /// any value, but Orrelo::sendEvent rejects an event that holds one of them at its top level.
@@ -59,7 +63,7 @@ class ORRELO_EXPORT EventValue {
   EventValue(std::same_as<bool> auto value) : value_(value) {}
   /// A number outside the range of std::int64_t is stored as its decimal text.
   template <std::integral Integer>
-  requires(!std::same_as<Integer, bool> && !isCharacter<Integer>) EventValue(Integer value)
+  requires(!std::same_as<Integer, bool> && !detail::isCharacter<Integer>) EventValue(Integer value)
       : value_(std::in_range<std::int64_t>(value) ? Variant(static_cast<std::int64_t>(value))
                                                   : Variant(std::to_string(value))) {}
   /// A float is converted through its shortest decimal form: 39.9f is stored as 39.9.

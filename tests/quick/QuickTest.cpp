@@ -1,5 +1,6 @@
 #include "QuickTest.h"
 
+#include "accessibleItems.h"
 #include "platform/WorkerPool.h"
 
 #include <orrelo/platform/Clock.h>
@@ -16,6 +17,9 @@
 
 namespace orrelo::test {
 namespace {
+
+using screenreader::nameOf;
+using screenreader::visitVisible;
 
 /// A fixed date, so that pictures are comparable.
 class StillCalendar final : public Clock {
@@ -39,17 +43,6 @@ class LoopWorkers final : public WorkerPool {
  private:
   std::shared_ptr<MainLoop> loop_;
 };
-
-void visit(QQuickItem* item, const std::function<void(QQuickItem*)>& visitor) {
-  if (!item->isVisible() || item->opacity() == 0.0) return;
-  visitor(item);
-  for (auto* child : item->childItems()) visit(child, visitor);
-}
-
-QString nameOf(QObject* object) {
-  auto* const interface = object ? QAccessible::queryAccessibleInterface(object) : nullptr;
-  return interface ? interface->text(QAccessible::Name) : QString();
-}
 
 bool isDrawnBy(const QQuickItem* item, const char* file) {
   return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String(file) + "_QML");
@@ -184,8 +177,8 @@ void WindowTest::settle() {
   still.start();
   static_cast<void>(waitFor([&] {
     std::vector<QRectF> now;
-    visit(window_->contentItem(),
-          [&](QQuickItem* item) { now.emplace_back(item->position(), item->size()); });
+    visitVisible(window_->contentItem(),
+                 [&](QQuickItem* item) { now.emplace_back(item->position(), item->size()); });
     if (now != places || isMoving(window_->contentItem())) still.restart();
     places = std::move(now);
     return still.elapsed() >= 100;
@@ -202,11 +195,7 @@ QImage WindowTest::grab(const QString& name) {
 }
 
 QQuickItem* WindowTest::named(const QString& name) const {
-  QQuickItem* found = nullptr;
-  visit(window_->contentItem(), [&](QQuickItem* item) {
-    if (nameOf(item) == name) found = item;
-  });
-  return found;
+  return screenreader::find(window_->contentItem(), name);
 }
 
 int WindowTest::count(const QImage& picture, const QColor& color) {
@@ -235,7 +224,7 @@ QString WindowTest::focusName() const {
 
 QStringList WindowTest::names() const {
   QStringList found;
-  visit(window_->contentItem(), [&](QQuickItem* item) {
+  visitVisible(window_->contentItem(), [&](QQuickItem* item) {
     if (const auto name = nameOf(item); !name.isEmpty()) found.push_back(name);
   });
   return found;
@@ -261,7 +250,7 @@ std::string WindowTest::picture(QSize size, const QColor& ground) {
 
 std::vector<QQuickItem*> WindowTest::drawnBy(const char* file) const {
   std::vector<QQuickItem*> found;
-  visit(window_->contentItem(), [&](QQuickItem* item) {
+  visitVisible(window_->contentItem(), [&](QQuickItem* item) {
     if (isDrawnBy(item, file)) found.push_back(item);
   });
   std::sort(found.begin(), found.end(), [](const QQuickItem* one, const QQuickItem* other) {
@@ -273,7 +262,7 @@ std::vector<QQuickItem*> WindowTest::drawnBy(const char* file) const {
 void WindowTest::expectNothingCut() {
   settle();
   std::vector<const QQuickItem*> texts;
-  visit(window_->contentItem(), [&](QQuickItem* item) {
+  visitVisible(window_->contentItem(), [&](QQuickItem* item) {
     const auto name = nameOf(item);
     if ((!isText(item) && name.isEmpty()) || name == QLatin1String("host"))
       return;  // beneath the kit's screens
