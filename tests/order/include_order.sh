@@ -74,9 +74,20 @@ while IFS=: read -r file line text; do
   else
     continue
   fi
+  # The features in one folder of the core do not know each other; only files of the folder itself, such as its table
+  # of kinds, include from them.
+  if [[ "$file $text" =~ ^src/(campaign|modular|rewards)/([a-z]+)/.*\"(campaign|modular|rewards)/([a-z]+)/ ]] &&
+    [ "${BASH_REMATCH[1]}" = "${BASH_REMATCH[3]}" ] && [ "${BASH_REMATCH[2]}" != "${BASH_REMATCH[4]}" ]; then
+    complain "$file:$line: ${BASH_REMATCH[2]} may not include from ${BASH_REMATCH[4]}"
+  fi
   [ "${rank[$from]}" -ge "${rank[$to]}" ] && { [ "${rank[$from]}" -ne "${rank[$to]}" ] || [ "$from" = "$to" ]; } ||
     complain "$file:$line: $from may not include from $to"
 done < <(grep -rnE '^#include' src include quick --include='*.h' --include='*.cpp' | sed -E 's/#include +//')
+
+# A folder of the front whose kinds are not listed would never be drawn.
+while IFS=: read -r file function; do
+  [ "$(grep -c "\b$function()" quick/kinds.cpp)" -eq 2 ] || complain "$file: $function is not listed in quick/kinds.cpp"
+done < <(grep -roE --include=kinds.cpp '\w+Kinds\b' quick/*/)
 
 [ "$count" -gt 100 ] || complain "only $count includes were found: is this the source folder?"
 [ "$faults" -eq 0 ] || { echo "$faults faults"; exit 1; }
