@@ -13,10 +13,10 @@ namespace {
 
 constexpr auto queryAllowed = [] {
   std::array<bool, 256> isAllowed{};
-  for (const unsigned char c :
-       std::string_view("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
-                        "!$&'()*+,-./:;=?@_~"))
-    isAllowed[c] = true;
+  for (const char c : std::string_view("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
+                                       "!$&'()*+,-./:;=?@_~")) {
+    isAllowed[static_cast<unsigned char>(c)] = true;
+  }
   return isAllowed;
 }();
 
