@@ -2,7 +2,6 @@
 
 #include "modular/content/ActionButtonView.h"
 #include "quick/bridge/ViewBridge.h"
-#include "viewkit/legibility.h"
 
 #include <QColor>
 
@@ -30,10 +29,8 @@ class ActionButtonBridge final : public ViewBridge {
   QString text() const { return toQt(action_.content.text); }
   QString statusMessage() const { return toQt(action_.content.statusMessage); }
   bool isEnabled() const { return action_.content.isEnabled; }
-  QColor fill() const { return toQt(isEnabled() ? action_.content.color : ActionButtonView::disabledColor); }
-  QColor titleColor() const {
-    return toQt(isEnabled() ? textColorOn(action_.content.color) : ActionButtonView::disabledTitleColor);
-  }
+  QColor fill() const { return toQt(action_.fill()); }
+  QColor titleColor() const { return toQt(action_.titleColor()); }
   QColor statusColor() const { return toQt(ActionButtonView::statusColor); }
   double margin() const { return ActionButtonView::margins.left; }
   double spacing() const { return ActionButtonView::spacing; }

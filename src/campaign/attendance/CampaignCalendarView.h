@@ -4,6 +4,7 @@
 #include "campaign/attendance/CalendarCellViewState.h"
 #include "campaign/attendance/CampaignCalendar.h"
 #include "image/ImageView.h"
+#include "viewkit/legibility.h"
 
 #include <orrelo/Export.h>
 
@@ -21,6 +22,7 @@ struct CampaignCalendarViewCell {
   /// The text below the day; usually empty.
   std::string bottomText = {};
   Color dayColor = {};
+  Color bottomColor = plainTextColor;
   /// Usually transparent.
   Color backgroundColor{0.0, 0.0, 0.0, 0.0};
   /// In points; 0 if there is no border.
