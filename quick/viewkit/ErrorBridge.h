@@ -13,17 +13,18 @@ class ErrorBridge final : public ViewBridge {
   QML_UNCREATABLE("")
   Q_PROPERTY(QString text READ text NOTIFY stateChanged)
   Q_PROPERTY(bool isHidden READ isHidden NOTIFY stateChanged)
-  Q_PROPERTY(QUrl asset READ asset CONSTANT)
+  Q_PROPERTY(QUrl asset MEMBER asset CONSTANT)
 
  public:
   ErrorBridge(const std::shared_ptr<ErrorView>& view, QObject* parent)
-      : ViewBridge(view, parent), error_(*view) {
+      : ViewBridge(view, parent), asset(assetFile(ErrorView::asset)), error_(*view) {
     follow(error_.state);
   }
 
+  const QUrl asset;
+
   QString text() const { return toQt(error_.state.value().text); }
   bool isHidden() const { return error_.state.value().isHidden; }
-  QUrl asset() const { return assetFile(ErrorView::asset); }
 
  private:
   const ErrorView& error_;
