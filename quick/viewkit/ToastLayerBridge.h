@@ -21,7 +21,7 @@ class ToastLayerBridge final : public ViewBridge {
   /// Announces the toast's message to assistive technology.
   Q_INVOKABLE void announce(QObject* item) const;
   /// Called when the fade animation has ended.
-  Q_INVOKABLE void fadeDidFinish(orrelo::quick::ToastBridge* toast) { layer_.fadeDidFinish(toast->toast()); }
+  Q_INVOKABLE void fadeDidFinish(orrelo::quick::ToastBridge* toast) { layer_.fadeDidFinish(toast->toast); }
 
  private:
   ToastLayer& layer_;

@@ -55,12 +55,7 @@ class ORRELO_EXPORT CampaignCalendarView final : public View {
 
   static constexpr auto todayLegend = "오늘";
   static constexpr auto attendanceLegend = "출석";
-  static constexpr Color legendTextColor{0.239, 0.243, 0.247, 1.0};
   static constexpr std::size_t columnCount = 7;
-  // The sizes below are shares of a cell's height.
-  static constexpr double dayFontShare = 1.0 / 2.5;
-  static constexpr double bottomFontShare = 1.0 / 3.5;
-  static constexpr double iconShare = 1.0 / 1.5;
 
   std::string_view kind() const override { return "CampaignCalendarView"; }
 

@@ -21,11 +21,6 @@ class ORRELO_EXPORT ActionButtonView final : public View {
     /// The colour of the enabled button.
     Color color;
   };
-  static constexpr EdgeInsets margins{0.0, 16.0, 0.0, 16.0};
-  /// The spacing between the button and the status line.
-  static constexpr double spacing = 10.0;
-  static constexpr double buttonHeight = 56.0;
-  static constexpr Color statusColor{0.363, 0.369, 0.375, 1.0};
 
   explicit ActionButtonView(Content button) : content(std::move(button)) {}
 
