@@ -20,7 +20,7 @@ class CampaignScreenBridge final : public PageBridge {
  public:
   CampaignScreenBridge(const std::shared_ptr<CampaignViewController>& screen, QObject* parent);
 
-  const QUrl background;
+  const QUrl background = assetFile(CampaignViewController::backgroundAsset);
   ErrorBridge* const error;
 
   ViewBridge* content() const { return content_; }

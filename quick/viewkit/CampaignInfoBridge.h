@@ -25,14 +25,13 @@ class CampaignInfoBridge final : public ViewBridge {
  public:
   CampaignInfoBridge(const std::shared_ptr<CampaignInfoView>& view, QObject* parent)
       : ViewBridge(view, parent),
-        guideAsset(assetFile(CampaignInfoView::guideAsset)),
         tooltip(new TooltipBridge(view->tooltipView, this)),
         image(new ImageBridge(view->imageView, this)),
         info_(*view) {
     follow(info_.state);
   }
 
-  const QUrl guideAsset;
+  const QUrl guideAsset = assetFile(CampaignInfoView::guideAsset);
   TooltipBridge* const tooltip;
   ImageBridge* const image;
 

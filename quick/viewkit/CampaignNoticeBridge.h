@@ -14,9 +14,9 @@ class CampaignNoticeBridge final : public ViewBridge {
 
  public:
   CampaignNoticeBridge(const std::shared_ptr<CampaignNoticeView>& view, QObject* parent)
-      : ViewBridge(view, parent), heading(toQt(CampaignNoticeView::heading)), body(toQt(view->text)) {}
+      : ViewBridge(view, parent), body(toQt(view->text)) {}
 
-  const QString heading;
+  const QString heading = toQt(CampaignNoticeView::heading);
   const QString body;
 };
 

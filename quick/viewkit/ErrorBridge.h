@@ -17,11 +17,11 @@ class ErrorBridge final : public ViewBridge {
 
  public:
   ErrorBridge(const std::shared_ptr<ErrorView>& view, QObject* parent)
-      : ViewBridge(view, parent), asset(assetFile(ErrorView::asset)), error_(*view) {
+      : ViewBridge(view, parent), error_(*view) {
     follow(error_.state);
   }
 
-  const QUrl asset;
+  const QUrl asset = assetFile(ErrorView::asset);
 
   QString text() const { return toQt(error_.state.value().text); }
   bool isHidden() const { return error_.state.value().isHidden; }

@@ -15,11 +15,9 @@ class ErrorScreenBridge final : public PageBridge {
 
  public:
   ErrorScreenBridge(const std::shared_ptr<ErrorViewController>& screen, QObject* parent)
-      : PageBridge(screen, parent),
-        background(assetFile(ErrorViewController::backgroundAsset)),
-        error(new ErrorBridge(screen->errorView, this)) {}
+      : PageBridge(screen, parent), error(new ErrorBridge(screen->errorView, this)) {}
 
-  const QUrl background;
+  const QUrl background = assetFile(ErrorViewController::backgroundAsset);
   ErrorBridge* const error;
 };
 

@@ -20,12 +20,11 @@ class PopUpDialogScreenBridge final : public ScreenBridge {
       : ScreenBridge(screen, parent),
         heading(toQt(screen->content.title)),
         label(toQt(screen->content.label)),
-        closeText(toQt(PopUpDialogViewController::closeText)),
         image(new ImageBridge(screen->imageView, this)) {}
 
   const QString heading;
   const QString label;
-  const QString closeText;
+  const QString closeText = toQt(PopUpDialogViewController::closeText);
   ImageBridge* const image;
 };
 

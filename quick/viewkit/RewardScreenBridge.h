@@ -28,8 +28,7 @@ class RewardScreenBridge final : public ScreenBridge {
         buttonText(toQt(screen->content.buttonText)),
         headingColor(toQt(legibleOnWhite(screen->content.color))),
         buttonColor(toQt(screen->content.color)),
-        buttonTextColor(toQt(textColorOn(screen->content.color))),
-        closeAsset(assetFile(CampaignRewardViewController::closeAsset)) {}
+        buttonTextColor(toQt(textColorOn(screen->content.color))) {}
 
   const QString heading;
   const QString message;
@@ -37,7 +36,7 @@ class RewardScreenBridge final : public ScreenBridge {
   const QColor headingColor;
   const QColor buttonColor;
   const QColor buttonTextColor;
-  const QUrl closeAsset;
+  const QUrl closeAsset = assetFile(CampaignRewardViewController::closeAsset);
 };
 
 }  // namespace orrelo::quick

@@ -21,13 +21,12 @@ class ToastBridge final : public ViewBridge {
       : ViewBridge(view, parent),
         toast(*view),
         message(toQt(view->message)),
-        color(toQt(view->backgroundColor)),
-        fade(ToastView::fade) {}
+        color(toQt(view->backgroundColor)) {}
 
   const ToastView& toast;
   const QString message;
   const QColor color;
-  const AnimationValue fade;
+  const AnimationValue fade = AnimationValue(ToastView::fade);
 };
 
 }  // namespace orrelo::quick

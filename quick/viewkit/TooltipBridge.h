@@ -31,7 +31,6 @@ class TooltipBridge final : public ViewBridge {
         dismissOnTouchOutside(view->look.dismissOnTouchOutside),
         hasTailOnTop(view->look.tailPosition == TooltipView::TailPosition::top),
         horizontalBias(view->look.horizontalBias),
-        fade(TooltipView::fade),
         tooltip_(*view) {
     follow(tooltip_.state);
   }
@@ -42,7 +41,7 @@ class TooltipBridge final : public ViewBridge {
   const bool hasTailOnTop;
   const double horizontalBias;
   const double tailHeight = TooltipView::tailHeight;
-  const AnimationValue fade;
+  const AnimationValue fade = AnimationValue(TooltipView::fade);
 
   const TooltipView& tooltip() const { return tooltip_; }
   QString text() const { return toQt(tooltip_.state.value().text); }

@@ -20,12 +20,11 @@ class InduceUpdateBridge final : public ViewBridge {
   InduceUpdateBridge(const std::shared_ptr<InduceUpdateView>& view, QObject* parent)
       : ViewBridge(view, parent),
         error(new ErrorBridge(view->errorView, this)),
-        buttonTitle(toQt(InduceUpdateView::buttonTitle)),
         color(toQt(legibleOnWhite(view->color))),
         update_(*view) {}
 
   ErrorBridge* const error;
-  const QString buttonTitle;
+  const QString buttonTitle = toQt(InduceUpdateView::buttonTitle);
   const QColor color;
 
   Q_INVOKABLE void routeToUpdateLink() { update_.routeToUpdateLink(); }

@@ -22,13 +22,12 @@ class PageEntryBridge final : public ViewBridge {
         title(toQt(view->title)),
         label(toQt(view->label)),
         icon(new ImageBridge(view->iconImageView, this)),
-        tapAsset(assetFile(PageEntryView::tapAsset)),
         entry_(*view) {}
 
   const QString title;
   const QString label;
   ImageBridge* const icon;
-  const QUrl tapAsset;
+  const QUrl tapAsset = assetFile(PageEntryView::tapAsset);
 
   Q_INVOKABLE void didAction() { entry_.didAction(); }
 

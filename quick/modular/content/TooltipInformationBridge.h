@@ -26,7 +26,6 @@ class TooltipInformationBridge final : public ViewBridge {
         secondTitle(toQt(view->secondTitle)),
         tooltipTitle(toQt(view->tooltipTitle)),
         hasMessage(!view->guideMessage.empty()),
-        tooltipAsset(assetFile(TooltipInformationView::tooltipAsset)),
         tooltip(new TooltipBridge(view->tooltipView, this)),
         information_(*view) {}
 
@@ -34,7 +33,7 @@ class TooltipInformationBridge final : public ViewBridge {
   const QString secondTitle;
   const QString tooltipTitle;
   const bool hasMessage;
-  const QUrl tooltipAsset;
+  const QUrl tooltipAsset = assetFile(TooltipInformationView::tooltipAsset);
   TooltipBridge* const tooltip;
 
   Q_INVOKABLE void tooltipTitleTapped() { information_.tooltipTitleTapped(); }

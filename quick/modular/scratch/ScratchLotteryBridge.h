@@ -27,7 +27,6 @@ class ScratchLotteryBridge final : public ViewBridge {
       : ViewBridge(view, parent),
         result(toQt(view->content.result)),
         resultColor(toQt(view->content.primaryColor)),
-        resultAsset(assetFile(ScratchLotteryView::resultAsset)),
         groundColor(toQt(view->content.secondaryColor)),
         keepsTouches(view->keepsTouches()),
         lottery_(*view) {
@@ -36,7 +35,7 @@ class ScratchLotteryBridge final : public ViewBridge {
 
   const QString result;
   const QColor resultColor;
-  const QUrl resultAsset;
+  const QUrl resultAsset = assetFile(ScratchLotteryView::resultAsset);
   const QColor groundColor;
   const bool keepsTouches;
 
