@@ -13,15 +13,12 @@ class StackBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QVariantList rows READ rows CONSTANT)
+  Q_PROPERTY(QVariantList rows MEMBER rows CONSTANT)
 
  public:
   StackBridge(const std::shared_ptr<StackView>& view, QObject* parent);
 
-  QVariantList rows() const { return rows_; }
-
- private:
-  QVariantList rows_;
+  const QVariantList rows;
 };
 
 }  // namespace orrelo::quick

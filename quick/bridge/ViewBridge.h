@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 #include <memory>
 
@@ -44,5 +45,13 @@ class ViewBridge : public QObject {
   std::shared_ptr<View> view_;
   Subscriptions subscriptions_;
 };
+
+/// A bridge for each view, as the model of a Repeater; for views that never change.
+template <class Bridge, class Views>
+QVariantList bridgesOf(const Views& views, QObject* parent) {
+  QVariantList bridges;
+  for (const auto& view : views) bridges.push_back(QVariant::fromValue(new Bridge(view, parent)));
+  return bridges;
+}
 
 }  // namespace orrelo::quick

@@ -18,7 +18,6 @@ class CampaignActionBridge final : public ViewBridge {
   /// The button's fill colour, dimmed if the button is disabled.
   Q_PROPERTY(QColor fill READ fill NOTIFY stateChanged)
   Q_PROPERTY(QColor textColor READ textColor NOTIFY stateChanged)
-  Q_PROPERTY(double buttonHeight READ buttonHeight CONSTANT)
 
  public:
   CampaignActionBridge(const std::shared_ptr<CampaignActionView>& view, QObject* parent)
@@ -31,7 +30,6 @@ class CampaignActionBridge final : public ViewBridge {
   bool isEnabled() const { return action_.state.value().isEnabled; }
   QColor fill() const { return toQt(buttonFill(action_.state.value().color, isEnabled())); }
   QColor textColor() const { return toQt(buttonTextColor(action_.state.value().color, isEnabled())); }
-  double buttonHeight() const { return CampaignActionView::buttonHeight; }
 
   Q_INVOKABLE void onClick() { action_.onClick(); }
 

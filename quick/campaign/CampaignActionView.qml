@@ -11,7 +11,7 @@ Column {
 
     ActionButton {
         width: parent.width
-        minimumHeight: view.model.buttonHeight
+        minimumHeight: Theme.actionHeight
         isEnabled: view.model.isEnabled
         text: view.model.title
         fill: view.model.fill

@@ -6,7 +6,7 @@ namespace orrelo::quick {
 
 CampaignScreenBridge::CampaignScreenBridge(const std::shared_ptr<CampaignViewController>& screen,
                                            QObject* parent)
-    : PageBridge(screen, parent), campaign_(*screen), error_(new ErrorBridge(screen->errorView, this)) {
+    : PageBridge(screen, parent), error(new ErrorBridge(screen->errorView, this)), campaign_(*screen) {
   connect(this, &ScreenBridge::stateChanged, this, &CampaignScreenBridge::updateContent);
   follow(campaign_.stateChanges());
 }

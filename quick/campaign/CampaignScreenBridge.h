@@ -11,21 +11,20 @@ class CampaignScreenBridge final : public PageBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QUrl background READ background CONSTANT)
+  Q_PROPERTY(QUrl background MEMBER background CONSTANT)
   /// The campaign's page; null until it has been loaded.
   Q_PROPERTY(orrelo::quick::ViewBridge* content READ content NOTIFY contentChanged)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
-  Q_PROPERTY(double indicatorSize READ indicatorSize CONSTANT)
-  Q_PROPERTY(orrelo::quick::ErrorBridge* error READ error CONSTANT)
+  Q_PROPERTY(orrelo::quick::ErrorBridge* error MEMBER error CONSTANT)
 
  public:
   CampaignScreenBridge(const std::shared_ptr<CampaignViewController>& screen, QObject* parent);
 
-  QUrl background() const { return assetFile(CampaignViewController::backgroundAsset); }
+  const QUrl background = assetFile(CampaignViewController::backgroundAsset);
+  ErrorBridge* const error;
+
   ViewBridge* content() const { return content_; }
   bool isLoading() const { return campaign_.state().isLoading; }
-  double indicatorSize() const { return CampaignViewController::indicatorSize.width; }
-  ErrorBridge* error() const { return error_; }
 
  Q_SIGNALS:
   void contentChanged();
@@ -34,7 +33,6 @@ class CampaignScreenBridge final : public PageBridge {
   void updateContent();
 
   const CampaignViewController& campaign_;
-  ErrorBridge* const error_;
   ViewBridge* content_ = nullptr;
 };
 

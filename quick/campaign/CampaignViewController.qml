@@ -38,7 +38,7 @@ ORLUIViewController {
     }
     ActivityIndicator {
         anchors.centerIn: parent
-        width: view.screen.indicatorSize
+        width: 50
         height: width
         isAnimating: view.screen.isLoading
     }

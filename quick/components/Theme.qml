@@ -26,6 +26,10 @@ QtObject {
     readonly property real margin: 20
     readonly property real cornerRadius: 8
     readonly property real barHeight: 44
+    /// The height of a page's main button.
+    readonly property real actionHeight: 56
+    /// The distance between an information block and the edges of the page.
+    readonly property real blockMargin: 25
     /// The minimum side length of a touch target.
     readonly property real touchSize: 44
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A page of blocks that the service has composed, on its own background.
+/// A page of blocks that the service has composed, on white.
 PageScroll {
     id: view
 
@@ -21,6 +21,6 @@ PageScroll {
         parent: view
         z: -1
         anchors.fill: parent
-        color: view.model.backgroundColor
+        color: "white"
     }
 }

@@ -19,10 +19,6 @@ Item {
             first: view.model.firstTitle
             second: view.model.secondTitle
         }
-        Item {
-            width: 1
-            height: 12
-        }
         GuideLine {
             id: guide
             width: parent.width
@@ -48,6 +44,6 @@ Item {
         x: guide.tailX(tooltip, width, view.width, view)
         y: guide.y + guide.height - 4
         tooltip: view.model.tooltip
-        maximumWidth: Math.min(200 * Theme.textScale, view.width)
+        availableWidth: view.width
     }
 }

@@ -9,18 +9,15 @@ class CampaignNoticeBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString heading READ heading CONSTANT)
-  Q_PROPERTY(QString body READ body CONSTANT)
+  Q_PROPERTY(QString heading MEMBER heading CONSTANT)
+  Q_PROPERTY(QString body MEMBER body CONSTANT)
 
  public:
   CampaignNoticeBridge(const std::shared_ptr<CampaignNoticeView>& view, QObject* parent)
-      : ViewBridge(view, parent), notice_(*view) {}
+      : ViewBridge(view, parent), body(toQt(view->text)) {}
 
-  QString heading() const { return toQt(CampaignNoticeView::heading); }
-  QString body() const { return toQt(notice_.text); }
-
- private:
-  const CampaignNoticeView& notice_;
+  const QString heading = toQt(CampaignNoticeView::heading);
+  const QString body;
 };
 
 }  // namespace orrelo::quick

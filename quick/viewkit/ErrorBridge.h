@@ -13,7 +13,7 @@ class ErrorBridge final : public ViewBridge {
   QML_UNCREATABLE("")
   Q_PROPERTY(QString text READ text NOTIFY stateChanged)
   Q_PROPERTY(bool isHidden READ isHidden NOTIFY stateChanged)
-  Q_PROPERTY(QUrl asset READ asset CONSTANT)
+  Q_PROPERTY(QUrl asset MEMBER asset CONSTANT)
 
  public:
   ErrorBridge(const std::shared_ptr<ErrorView>& view, QObject* parent)
@@ -21,9 +21,10 @@ class ErrorBridge final : public ViewBridge {
     follow(error_.state);
   }
 
+  const QUrl asset = assetFile(ErrorView::asset);
+
   QString text() const { return toQt(error_.state.value().text); }
   bool isHidden() const { return error_.state.value().isHidden; }
-  QUrl asset() const { return assetFile(ErrorView::asset); }
 
  private:
   const ErrorView& error_;

@@ -10,18 +10,15 @@ class ErrorScreenBridge final : public PageBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QUrl background READ background CONSTANT)
-  Q_PROPERTY(orrelo::quick::ErrorBridge* error READ error CONSTANT)
+  Q_PROPERTY(QUrl background MEMBER background CONSTANT)
+  Q_PROPERTY(orrelo::quick::ErrorBridge* error MEMBER error CONSTANT)
 
  public:
   ErrorScreenBridge(const std::shared_ptr<ErrorViewController>& screen, QObject* parent)
-      : PageBridge(screen, parent), error_(new ErrorBridge(screen->errorView, this)) {}
+      : PageBridge(screen, parent), error(new ErrorBridge(screen->errorView, this)) {}
 
-  QUrl background() const { return assetFile(ErrorViewController::backgroundAsset); }
-  ErrorBridge* error() const { return error_; }
-
- private:
-  ErrorBridge* const error_;
+  const QUrl background = assetFile(ErrorViewController::backgroundAsset);
+  ErrorBridge* const error;
 };
 
 }  // namespace orrelo::quick

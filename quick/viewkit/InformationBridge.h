@@ -9,24 +9,20 @@ class InformationBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString firstTitle READ firstTitle CONSTANT)
-  Q_PROPERTY(QString secondTitle READ secondTitle CONSTANT)
-  Q_PROPERTY(QString guideMessage READ guideMessage CONSTANT)
-  Q_PROPERTY(double margin READ margin CONSTANT)
-  Q_PROPERTY(double spacing READ spacing CONSTANT)
+  Q_PROPERTY(QString firstTitle MEMBER firstTitle CONSTANT)
+  Q_PROPERTY(QString secondTitle MEMBER secondTitle CONSTANT)
+  Q_PROPERTY(QString guideMessage MEMBER guideMessage CONSTANT)
 
  public:
   InformationBridge(const std::shared_ptr<InformationView>& view, QObject* parent)
-      : ViewBridge(view, parent), information_(*view) {}
+      : ViewBridge(view, parent),
+        firstTitle(toQt(view->firstTitle)),
+        secondTitle(toQt(view->secondTitle)),
+        guideMessage(toQt(view->guideMessage)) {}
 
-  QString firstTitle() const { return toQt(information_.firstTitle); }
-  QString secondTitle() const { return toQt(information_.secondTitle); }
-  QString guideMessage() const { return toQt(information_.guideMessage); }
-  double margin() const { return InformationView::margins.left; }
-  double spacing() const { return InformationView::spacingAfterSecondTitle; }
-
- private:
-  const InformationView& information_;
+  const QString firstTitle;
+  const QString secondTitle;
+  const QString guideMessage;
 };
 
 }  // namespace orrelo::quick

@@ -7,20 +7,16 @@ Column {
 
     required property InformationBridge model
 
-    leftPadding: model.margin
-    rightPadding: model.margin
+    leftPadding: Theme.blockMargin
+    rightPadding: Theme.blockMargin
 
     TitleRows {
-        width: view.width - 2 * view.model.margin
+        width: view.width - 2 * Theme.blockMargin
         first: view.model.firstTitle
         second: view.model.secondTitle
     }
-    Item {
-        width: 1
-        height: view.model.spacing
-    }
     KitText {
-        width: view.width - 2 * view.model.margin
+        width: view.width - 2 * Theme.blockMargin
         size: 16
         color: Theme.secondaryText
         text: view.model.guideMessage

@@ -9,16 +9,13 @@ class NoticeBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString text READ text CONSTANT)
+  Q_PROPERTY(QString text MEMBER text CONSTANT)
 
  public:
   NoticeBridge(const std::shared_ptr<NoticeView>& view, QObject* parent)
-      : ViewBridge(view, parent), notice_(*view) {}
+      : ViewBridge(view, parent), text(toQt(view->text)) {}
 
-  QString text() const { return toQt(notice_.text); }
-
- private:
-  const NoticeView& notice_;
+  const QString text;
 };
 
 }  // namespace orrelo::quick

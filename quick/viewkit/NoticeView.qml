@@ -5,8 +5,8 @@ import Orrelo.Kit
 KitText {
     required property NoticeBridge model
 
-    leftPadding: 25
-    rightPadding: 25
+    leftPadding: Theme.blockMargin
+    rightPadding: Theme.blockMargin
     size: 12
     lineHeight: 1.4
     color: Theme.secondaryText

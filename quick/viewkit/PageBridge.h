@@ -13,23 +13,21 @@ class PageBridge : public ScreenBridge {
   QML_UNCREATABLE("")
   Q_PROPERTY(QString barTitle READ barTitle NOTIFY stateChanged)
   Q_PROPERTY(double barHeight READ barHeight NOTIFY stateChanged)
-  Q_PROPERTY(orrelo::quick::ToastLayerBridge* toasts READ toasts CONSTANT)
+  Q_PROPERTY(orrelo::quick::ToastLayerBridge* toasts MEMBER toasts CONSTANT)
 
  public:
   PageBridge(const std::shared_ptr<ORLUIViewController>& screen, QObject* parent)
-      : ScreenBridge(screen, parent),
-        page_(*screen),
-        toasts_(new ToastLayerBridge(screen->toastLayer, this)) {
+      : ScreenBridge(screen, parent), toasts(new ToastLayerBridge(screen->toastLayer, this)), page_(*screen) {
     follow(page_.modalTopBarChanges());
   }
 
+  ToastLayerBridge* const toasts;
+
   QString barTitle() const { return toQt(page_.modalTopBar().title.value_or("")); }
   double barHeight() const { return page_.modalTopBar().height; }
-  ToastLayerBridge* toasts() const { return toasts_; }
 
  private:
   ORLUIViewController& page_;
-  ToastLayerBridge* const toasts_;
 };
 
 }  // namespace orrelo::quick

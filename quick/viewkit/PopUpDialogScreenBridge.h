@@ -10,23 +10,22 @@ class PopUpDialogScreenBridge final : public ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString heading READ heading CONSTANT)
-  Q_PROPERTY(QString label READ label CONSTANT)
-  Q_PROPERTY(QString closeText READ closeText CONSTANT)
-  Q_PROPERTY(orrelo::quick::ImageBridge* image READ image CONSTANT)
+  Q_PROPERTY(QString heading MEMBER heading CONSTANT)
+  Q_PROPERTY(QString label MEMBER label CONSTANT)
+  Q_PROPERTY(QString closeText MEMBER closeText CONSTANT)
+  Q_PROPERTY(orrelo::quick::ImageBridge* image MEMBER image CONSTANT)
 
  public:
   PopUpDialogScreenBridge(const std::shared_ptr<PopUpDialogViewController>& screen, QObject* parent)
-      : ScreenBridge(screen, parent), dialog_(*screen), image_(new ImageBridge(screen->imageView, this)) {}
+      : ScreenBridge(screen, parent),
+        heading(toQt(screen->content.title)),
+        label(toQt(screen->content.label)),
+        image(new ImageBridge(screen->imageView, this)) {}
 
-  QString heading() const { return toQt(dialog_.content.title); }
-  QString label() const { return toQt(dialog_.content.label); }
-  QString closeText() const { return toQt(PopUpDialogViewController::closeText); }
-  ImageBridge* image() const { return image_; }
-
- private:
-  PopUpDialogViewController& dialog_;
-  ImageBridge* const image_;
+  const QString heading;
+  const QString label;
+  const QString closeText = toQt(PopUpDialogViewController::closeText);
+  ImageBridge* const image;
 };
 
 }  // namespace orrelo::quick

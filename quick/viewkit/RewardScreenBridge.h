@@ -12,28 +12,31 @@ class RewardScreenBridge final : public ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString heading READ heading CONSTANT)
-  Q_PROPERTY(QString message READ message CONSTANT)
-  Q_PROPERTY(QString buttonText READ buttonText CONSTANT)
-  Q_PROPERTY(QColor headingColor READ headingColor CONSTANT)
-  Q_PROPERTY(QColor buttonColor READ buttonColor CONSTANT)
-  Q_PROPERTY(QColor buttonTextColor READ buttonTextColor CONSTANT)
-  Q_PROPERTY(QUrl closeAsset READ closeAsset CONSTANT)
+  Q_PROPERTY(QString heading MEMBER heading CONSTANT)
+  Q_PROPERTY(QString message MEMBER message CONSTANT)
+  Q_PROPERTY(QString buttonText MEMBER buttonText CONSTANT)
+  Q_PROPERTY(QColor headingColor MEMBER headingColor CONSTANT)
+  Q_PROPERTY(QColor buttonColor MEMBER buttonColor CONSTANT)
+  Q_PROPERTY(QColor buttonTextColor MEMBER buttonTextColor CONSTANT)
+  Q_PROPERTY(QUrl closeAsset MEMBER closeAsset CONSTANT)
 
  public:
   RewardScreenBridge(const std::shared_ptr<CampaignRewardViewController>& screen, QObject* parent)
-      : ScreenBridge(screen, parent), reward_(*screen) {}
+      : ScreenBridge(screen, parent),
+        heading(toQt(screen->content.title)),
+        message(toQt(screen->content.message)),
+        buttonText(toQt(screen->content.buttonText)),
+        headingColor(toQt(legibleOnWhite(screen->content.color))),
+        buttonColor(toQt(screen->content.color)),
+        buttonTextColor(toQt(textColorOn(screen->content.color))) {}
 
-  QString heading() const { return toQt(reward_.content.title); }
-  QString message() const { return toQt(reward_.content.message); }
-  QString buttonText() const { return toQt(reward_.content.buttonText); }
-  QColor headingColor() const { return toQt(legibleOnWhite(reward_.content.color)); }
-  QColor buttonColor() const { return toQt(reward_.content.color); }
-  QColor buttonTextColor() const { return toQt(textColorOn(reward_.content.color)); }
-  QUrl closeAsset() const { return assetFile(CampaignRewardViewController::closeAsset); }
-
- private:
-  CampaignRewardViewController& reward_;
+  const QString heading;
+  const QString message;
+  const QString buttonText;
+  const QColor headingColor;
+  const QColor buttonColor;
+  const QColor buttonTextColor;
+  const QUrl closeAsset = assetFile(CampaignRewardViewController::closeAsset);
 };
 
 }  // namespace orrelo::quick

@@ -1,12 +1,14 @@
 import QtQuick
 import Orrelo.Kit
 
-/// The two title rows of a page.
+/// The two title rows of a page or a block, and the spacing below them.
 Column {
     id: rows
 
     property string first
     property string second
+
+    bottomPadding: 12
 
     component Row: KitText {
         width: rows.width

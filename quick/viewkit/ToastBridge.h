@@ -12,27 +12,21 @@ class ToastBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString message READ message CONSTANT)
-  Q_PROPERTY(QColor color READ color CONSTANT)
-  Q_PROPERTY(double cornerRadius READ cornerRadius CONSTANT)
-  Q_PROPERTY(double inset READ inset CONSTANT)
-  Q_PROPERTY(double maximumWidthShare READ maximumWidthShare CONSTANT)
-  Q_PROPERTY(orrelo::quick::AnimationValue fade READ fade CONSTANT)
+  Q_PROPERTY(QString message MEMBER message CONSTANT)
+  Q_PROPERTY(QColor color MEMBER color CONSTANT)
+  Q_PROPERTY(orrelo::quick::AnimationValue fade MEMBER fade CONSTANT)
 
  public:
   ToastBridge(const std::shared_ptr<ToastView>& view, QObject* parent)
-      : ViewBridge(view, parent), toast_(*view) {}
+      : ViewBridge(view, parent),
+        toast(*view),
+        message(toQt(view->message)),
+        color(toQt(view->backgroundColor)) {}
 
-  const ToastView& toast() const { return toast_; }
-  QString message() const { return toQt(toast_.message); }
-  QColor color() const { return toQt(toast_.backgroundColor); }
-  double cornerRadius() const { return ToastView::cornerRadius; }
-  double inset() const { return ToastView::inset; }
-  double maximumWidthShare() const { return ToastView::maximumWidthShare; }
-  AnimationValue fade() const { return AnimationValue(ToastView::fade); }
-
- private:
-  const ToastView& toast_;
+  const ToastView& toast;
+  const QString message;
+  const QColor color;
+  const AnimationValue fade = AnimationValue(ToastView::fade);
 };
 
 }  // namespace orrelo::quick

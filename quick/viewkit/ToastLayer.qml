@@ -14,12 +14,13 @@ Item {
             id: view
 
             required property ToastBridge modelData
+            readonly property real inset: 8
 
             objectName: modelData.accessibilityIdentifier
             anchors.centerIn: parent
-            width: label.width + 2 * modelData.inset
-            height: label.height + 2 * modelData.inset
-            radius: modelData.cornerRadius
+            width: label.width + 2 * inset
+            height: label.height + 2 * inset
+            radius: 5
             color: modelData.color
             Accessible.role: Accessible.AlertMessage
             Accessible.name: modelData.message
@@ -28,7 +29,7 @@ Item {
             KitText {
                 id: label
                 anchors.centerIn: parent
-                width: Math.min(implicitWidth, toasts.width * view.modelData.maximumWidthShare - 2 * view.modelData.inset)
+                width: Math.min(implicitWidth, 0.8 * toasts.width - 2 * view.inset)
                 horizontalAlignment: Text.AlignHCenter
                 size: 12
                 color: "white"

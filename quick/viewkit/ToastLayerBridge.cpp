@@ -5,12 +5,12 @@
 namespace orrelo::quick {
 
 ToastLayerBridge::ToastLayerBridge(const std::shared_ptr<ToastLayer>& view, QObject* parent)
-    : ViewBridge(view, parent), layer_(*view), toasts_(new ListBridge(this)) {
+    : ViewBridge(view, parent), toasts(new ListBridge(this)), layer_(*view) {
   connect(this, &ViewBridge::stateChanged, this, [this] {
-    const auto toasts = layer_.toasts.value();  // a copy, since each new row makes a delegate
-    toasts_->assign<ToastBridge>(
-        toasts, [](const ToastBridge& row, const auto& toast) { return row.view() == toast; },
-        [this](const auto& toast) { return new ToastBridge(toast, toasts_); });
+    const auto shown = layer_.toasts.value();  // a copy, since each new row makes a delegate
+    toasts->assign<ToastBridge>(
+        shown, [](const ToastBridge& row, const auto& toast) { return row.view() == toast; },
+        [this](const auto& toast) { return new ToastBridge(toast, toasts); });
   });
   follow(layer_.toasts);
 }

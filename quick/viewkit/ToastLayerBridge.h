@@ -11,21 +11,20 @@ class ToastLayerBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(orrelo::quick::ListBridge* toasts READ toasts CONSTANT)
+  Q_PROPERTY(orrelo::quick::ListBridge* toasts MEMBER toasts CONSTANT)
 
  public:
   ToastLayerBridge(const std::shared_ptr<ToastLayer>& view, QObject* parent);
 
-  ListBridge* toasts() const { return toasts_; }
+  ListBridge* const toasts;
 
   /// Announces the toast's message to assistive technology.
   Q_INVOKABLE void announce(QObject* item) const;
   /// Called when the fade animation has ended.
-  Q_INVOKABLE void fadeDidFinish(orrelo::quick::ToastBridge* toast) { layer_.fadeDidFinish(toast->toast()); }
+  Q_INVOKABLE void fadeDidFinish(orrelo::quick::ToastBridge* toast) { layer_.fadeDidFinish(toast->toast); }
 
  private:
   ToastLayer& layer_;
-  ListBridge* const toasts_;
 };
 
 }  // namespace orrelo::quick

@@ -1,12 +1,14 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A text bubble whose tail points at the explained item. It is as wide as its text, up to `maximumWidth`.
+/// A text bubble whose tail points at the explained item. It is as wide as its text, up to a limit.
 Item {
     id: view
 
     required property TooltipBridge tooltip
-    property real maximumWidth: 200
+    required property real availableWidth
+    // Grows with the text scale; otherwise large text would wrap more often.
+    readonly property real maximumWidth: Math.min(200 * Theme.textScale, availableWidth)
     readonly property int shownCount: tooltip.shownCount
     readonly property bool isShown: !tooltip.isHidden && opacity > 0
 

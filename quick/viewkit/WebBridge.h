@@ -12,23 +12,29 @@ class WebBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QUrl url READ url CONSTANT)
+  Q_PROPERTY(QUrl url MEMBER url CONSTANT)
   /// The width that the block requests; 0 if the stack determines it.
-  Q_PROPERTY(double ownWidth READ ownWidth CONSTANT)
-  Q_PROPERTY(double height READ height CONSTANT)
+  Q_PROPERTY(double ownWidth MEMBER ownWidth CONSTANT)
+  Q_PROPERTY(double height MEMBER height CONSTANT)
   /// The QML file that draws a page, with this bridge as its `model`; empty without a browser engine.
   Q_PROPERTY(QUrl browser READ browser CONSTANT)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
   Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY stateChanged)
 
  public:
-  WebBridge(const std::shared_ptr<WebView>& view, QObject* parent) : ViewBridge(view, parent), web_(*view) {
+  WebBridge(const std::shared_ptr<WebView>& view, QObject* parent)
+      : ViewBridge(view, parent),
+        url(toQt(view->url.text())),
+        ownWidth(view->width.value_or(0.0)),
+        height(view->height),
+        web_(*view) {
     follow(web_.state);
   }
 
-  QUrl url() const { return QUrl(toQt(web_.url.text())); }
-  double ownWidth() const { return web_.width.value_or(0.0); }
-  double height() const { return web_.height; }
+  const QUrl url;
+  const double ownWidth;
+  const double height;
+
   QUrl browser() const { return webPageDelegate(); }
   bool isLoading() const { return web_.state.value() == WebView::State::loading; }
   bool isEmpty() const { return web_.state.value() == WebView::State::empty; }

@@ -34,8 +34,6 @@ class ORRELO_EXPORT CampaignActionView final : public View {
 
     friend bool operator==(const State&, const State&) = default;
   };
-  /// In points.
-  static constexpr double buttonHeight = 56.0;
 
   std::string_view kind() const override { return "CampaignActionView"; }
 

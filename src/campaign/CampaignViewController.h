@@ -25,8 +25,6 @@ class ORRELO_EXPORT CampaignViewController final : public ORLUIViewController, p
     friend bool operator==(const State&, const State&) = default;
   };
   static constexpr auto backgroundAsset = "orl_bg_gray_gradient";
-  /// The size of the activity indicator, in points.
-  static constexpr Size indicatorSize{50.0, 50.0};
 
   static std::shared_ptr<CampaignViewController> create(std::shared_ptr<CampaignViewModel> viewModel,
                                                         std::string id);

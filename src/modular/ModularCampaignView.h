@@ -28,8 +28,6 @@ class ORRELO_EXPORT ModularCampaignView final : public View,
                                                 public UIComponentDelegate,
                                                 public DialogComponentDelegate {
  public:
-  static constexpr Color backgroundColor{1.0, 1.0, 1.0, 1.0};
-
   /// Creates the view and renders all blocks.
   static std::shared_ptr<ModularCampaignView> create(ModularCampaign campaign);
 

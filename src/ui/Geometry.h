@@ -29,15 +29,6 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
-struct EdgeInsets {
-  double top = 0.0;
-  double left = 0.0;
-  double bottom = 0.0;
-  double right = 0.0;
-
-  friend bool operator==(const EdgeInsets&, const EdgeInsets&) = default;
-};
-
 constexpr double radians(double degrees) {
   return degrees * std::numbers::pi / 180.0;
 }

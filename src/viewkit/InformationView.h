@@ -12,9 +12,6 @@ namespace orrelo {
 /// Two titles and a text, aligned to the leading edge.
 class ORRELO_EXPORT InformationView final : public View {
  public:
-  static constexpr EdgeInsets margins{0.0, 25.0, 0.0, 25.0};
-  static constexpr double spacingAfterSecondTitle = 12.0;
-
   InformationView(std::string first, std::string second, std::string guide)
       : firstTitle(std::move(first)), secondTitle(std::move(second)), guideMessage(std::move(guide)) {}
 

@@ -15,11 +15,6 @@ namespace orrelo {
 class ORRELO_EXPORT ToastView final : public View {
  public:
   static constexpr auto identifier = "OrreloToast";
-  static constexpr double cornerRadius = 5.0;
-  /// The padding around the text on all four sides, in points.
-  static constexpr double inset = 8.0;
-  /// The maximum width as a share of the screen's width.
-  static constexpr double maximumWidthShare = 0.8;
   /// The animation of the opacity.
   static constexpr Animation fade{.from = 1.0,
                                   .to = 0.0,

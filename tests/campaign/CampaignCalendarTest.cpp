@@ -116,6 +116,24 @@ TEST_F(CampaignCalendarTest, ADayIsOneOfEightByWhatHolds) {
   EXPECT_EQ(dayCell(5), "5일, 보너스, 출석 []");
 }
 
+TEST_F(CampaignCalendarTest, TextsAreLegibleOnTheFillOfTheirCell) {
+  auto calendar = calendarOf({2026, 2, 5}, {day(2026, 2, 1), day(2026, 2, 5)}, {day(2026, 2, 5)});
+  calendar.primaryColor = Color::fromHex("#4a5df0");
+  calendar.secondaryColor = Color::fromHex("#ffe08a");
+  calendar.highlightIconUrl = "icon";
+  CampaignCalendarView view;
+  view.configure(calendar);
+  const auto cells = view.state.value().cells;
+  EXPECT_EQ(cells[7].backgroundColor, calendar.primaryColor);
+  EXPECT_EQ(cells[7].dayColor, (Color{1.0, 1.0, 1.0, 1.0}));
+  EXPECT_EQ(cells[8].dayColor, plainTextColor);
+  EXPECT_EQ(cells[11].backgroundColor, calendar.secondaryColor);
+  EXPECT_EQ(cells[11].bottomColor, plainTextColor);
+  calendar.secondaryColor = calendar.primaryColor;
+  view.configure(calendar);
+  EXPECT_EQ(view.state.value().cells[11].bottomColor, (Color{1.0, 1.0, 1.0, 1.0}));
+}
+
 TEST_F(CampaignCalendarTest, TheYearIsTheDevicesInItsZoneUpToMidnight) {
   deviceAt("2025-12-31T14:59:59Z", "Asia/Seoul");
   EXPECT_EQ(year(), 2025);

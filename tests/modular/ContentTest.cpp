@@ -62,9 +62,15 @@ TEST_F(ContentTest, AButtonTakesPartAndSaysSo) {
 
   auto disabled = block("action");
   disabled["button_enable"] = false;
-  render<ActionButtonView>("action", disabled)->onClick();
+  const auto inactive = render<ActionButtonView>("action", disabled);
+  inactive->onClick();
   EXPECT_EQ(requests_->lines.size(), 1U);
   EXPECT_EQ(reports_->names.size(), 2U);
+
+  EXPECT_EQ(button->fill(), button->content.color);
+  EXPECT_EQ(button->titleColor(), (Color{1.0, 1.0, 1.0, 1.0}));
+  EXPECT_EQ(inactive->fill(), (Color{0.945, 0.949, 0.953, 1.0}));
+  EXPECT_EQ(inactive->titleColor(), (Color{0.582, 0.588, 0.592, 1.0}));
 }
 
 TEST_F(ContentTest, APictureIsLoadedAcrossThePageInItsStyle) {

@@ -6,12 +6,8 @@ Item {
     id: cell
 
     required property CalendarCellBridge modelData
-    required property real dayFontShare
-    required property real bottomFontShare
-    required property real iconShare
-
     readonly property bool hasBottom: modelData.bottomText.length > 0
-    readonly property real bottomSize: height * bottomFontShare
+    readonly property real bottomSize: height / 3.5
 
     Accessible.role: Accessible.Cell
     Accessible.name: modelData.accessibilityLabel
@@ -29,7 +25,7 @@ Item {
         active: cell.modelData.icon !== null
 
         sourceComponent: KitImage {
-            width: cell.height * cell.iconShare
+            width: cell.height / 1.5
             height: width
             model: cell.modelData.icon
         }
@@ -38,7 +34,7 @@ Item {
         anchors { horizontalCenter: parent.horizontalCenter; verticalCenter: parent.verticalCenter }
         anchors.verticalCenterOffset: cell.hasBottom ? -cell.bottomSize * 0.52 : 0
         visible: !cell.modelData.hasIcon
-        font { family: Theme.fontFamily; pixelSize: cell.height * cell.dayFontShare }
+        font { family: Theme.fontFamily; pixelSize: cell.height / 2.5 }
         color: cell.modelData.dayColor
         text: cell.modelData.day
         Accessible.ignored: true

@@ -2,7 +2,6 @@
 
 #include "campaign/attendance/CampaignCalendarView.h"
 #include "quick/image/ImageBridge.h"
-#include "viewkit/legibility.h"
 
 #include <QColor>
 #include <utility>
@@ -30,9 +29,9 @@ class CalendarCellBridge final : public QObject {
   explicit CalendarCellBridge(QObject* parent) : QObject(parent) {}
 
   QString day() const { return toQt(cell_.day); }
-  QColor dayColor() const { return toQt(onFill(cell_.dayColor)); }
+  QColor dayColor() const { return toQt(cell_.dayColor); }
   QString bottomText() const { return toQt(cell_.bottomText); }
-  QColor bottomColor() const { return toQt(onFill(plainTextColor)); }
+  QColor bottomColor() const { return toQt(cell_.bottomColor); }
   QColor backgroundColor() const { return toQt(cell_.backgroundColor); }
   double borderWidth() const { return cell_.borderWidth; }
   QColor borderColor() const { return toQt(cell_.borderColor); }
@@ -51,12 +50,6 @@ class CalendarCellBridge final : public QObject {
   void stateChanged();
 
  private:
-  /// The colour of the cell's texts: the legible one if the cell is filled, else `otherwise`.
-  Color onFill(const Color& otherwise) const {
-    const auto& fill = cell_.backgroundColor;
-    return fill.alpha == 0.0 ? otherwise : textColorOn(fill);
-  }
-
   CampaignCalendarViewCell cell_;
   ImageBridge* icon_ = nullptr;
 };

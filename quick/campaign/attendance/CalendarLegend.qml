@@ -6,7 +6,6 @@ Row {
     id: legend
 
     property alias text: label.text
-    property alias textColor: label.color
     property alias color: mark.color
     property alias border: mark.border
 

@@ -6,20 +6,20 @@ namespace orrelo::quick {
 
 CampaignCalendarBridge::CampaignCalendarBridge(const std::shared_ptr<CampaignCalendarView>& view,
                                                QObject* parent)
-    : ViewBridge(view, parent), calendar_(*view), cells_(new ListBridge(this)) {
+    : ViewBridge(view, parent), cells(new ListBridge(this)), calendar_(*view) {
   connect(this, &ViewBridge::stateChanged, this, &CampaignCalendarBridge::updateCells);
   follow(calendar_.state);
 }
 
 void CampaignCalendarBridge::updateCells() {
   const auto state = calendar_.state.value();  // a copy, since each cell emits a signal
-  while (cells_->rows().size() > state.cells.size()) cells_->remove(cells_->rows().size() - 1);
+  while (cells->rows().size() > state.cells.size()) cells->remove(cells->rows().size() - 1);
   for (std::size_t at = 0; at < state.cells.size(); ++at) {
-    const bool exists = at < cells_->rows().size();
+    const bool exists = at < cells->rows().size();
     auto* const cell =
-        exists ? static_cast<CalendarCellBridge*>(cells_->rows()[at]) : new CalendarCellBridge(cells_);
+        exists ? static_cast<CalendarCellBridge*>(cells->rows()[at]) : new CalendarCellBridge(cells);
     cell->set(state.cells[at], iconOf(state.cells[at].iconUrl));
-    if (!exists) cells_->append(cell);
+    if (!exists) cells->append(cell);
   }
 }
 

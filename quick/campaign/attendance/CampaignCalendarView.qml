@@ -40,12 +40,10 @@ Rectangle {
 
                 CalendarLegend {
                     text: view.model.todayLegend
-                    textColor: view.model.legendTextColor
                     border { width: 1.5; color: view.model.primaryColor }
                 }
                 CalendarLegend {
                     text: view.model.attendanceLegend
-                    textColor: view.model.legendTextColor
                     color: view.model.primaryColor
                 }
             }
@@ -81,9 +79,6 @@ Rectangle {
                 CalendarCell {
                     width: view.cellWidth
                     height: view.cellHeight
-                    dayFontShare: view.model.dayFontShare
-                    bottomFontShare: view.model.bottomFontShare
-                    iconShare: view.model.iconShare
                 }
             }
         }

@@ -19,7 +19,7 @@ PageScroll {
     ActionButton {
         width: parent.width
         visible: !view.model.isButtonHidden
-        minimumHeight: 56
+        minimumHeight: Theme.actionHeight
         isEnabled: view.model.isButtonEnabled
         text: view.model.buttonTitle
         fill: view.model.fill

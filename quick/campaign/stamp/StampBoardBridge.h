@@ -11,23 +11,17 @@ class StampBoardBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(int columnCount READ columnCount CONSTANT)
-  Q_PROPERTY(QVariantList cells READ cells CONSTANT)
+  Q_PROPERTY(int columnCount MEMBER columnCount CONSTANT)
+  Q_PROPERTY(QVariantList cells MEMBER cells CONSTANT)
 
  public:
   StampBoardBridge(const std::shared_ptr<StampBoardView>& view, QObject* parent)
-      : ViewBridge(view, parent), board_(*view) {
-    for (const auto& cell : board_.cells) {
-      cells_.push_back(QVariant::fromValue(new StampCellBridge(cell, this)));
-    }
-  }
+      : ViewBridge(view, parent),
+        columnCount(static_cast<int>(view->columnCount)),
+        cells(bridgesOf<StampCellBridge>(view->cells, this)) {}
 
-  int columnCount() const { return static_cast<int>(board_.columnCount); }
-  QVariantList cells() const { return cells_; }
-
- private:
-  const StampBoardView& board_;
-  QVariantList cells_;
+  const int columnCount;
+  const QVariantList cells;
 };
 
 }  // namespace orrelo::quick

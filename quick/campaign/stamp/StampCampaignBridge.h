@@ -9,16 +9,13 @@ class StampCampaignBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(orrelo::quick::StackBridge* stack READ stack CONSTANT)
+  Q_PROPERTY(orrelo::quick::StackBridge* stack MEMBER stack CONSTANT)
 
  public:
   StampCampaignBridge(const std::shared_ptr<StampCampaignView>& view, QObject* parent)
-      : ViewBridge(view, parent), stack_(new StackBridge(view->stackView, this)) {}
+      : ViewBridge(view, parent), stack(new StackBridge(view->stackView, this)) {}
 
-  StackBridge* stack() const { return stack_; }
-
- private:
-  StackBridge* const stack_;
+  StackBridge* const stack;
 };
 
 }  // namespace orrelo::quick

@@ -10,19 +10,15 @@ class StampCellBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString name READ name CONSTANT)
-  Q_PROPERTY(orrelo::quick::ImageBridge* image READ image CONSTANT)
+  Q_PROPERTY(QString name MEMBER name CONSTANT)
+  Q_PROPERTY(orrelo::quick::ImageBridge* image MEMBER image CONSTANT)
 
  public:
   StampCellBridge(const std::shared_ptr<StampViewCell>& view, QObject* parent)
-      : ViewBridge(view, parent), cell_(*view), image_(new ImageBridge(view->imageView, this)) {}
+      : ViewBridge(view, parent), name(toQt(view->name)), image(new ImageBridge(view->imageView, this)) {}
 
-  QString name() const { return toQt(cell_.name); }
-  ImageBridge* image() const { return image_; }
-
- private:
-  const StampViewCell& cell_;
-  ImageBridge* const image_;
+  const QString name;
+  ImageBridge* const image;
 };
 
 }  // namespace orrelo::quick

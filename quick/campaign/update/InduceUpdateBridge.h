@@ -12,33 +12,25 @@ class InduceUpdateBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(orrelo::quick::ErrorBridge* error READ error CONSTANT)
-  Q_PROPERTY(QString buttonTitle READ buttonTitle CONSTANT)
-  Q_PROPERTY(QColor color READ color CONSTANT)
-  Q_PROPERTY(double spacing READ spacing CONSTANT)
-  Q_PROPERTY(double buttonWidth READ buttonWidth CONSTANT)
-  Q_PROPERTY(double buttonHeight READ buttonHeight CONSTANT)
-  Q_PROPERTY(double borderWidth READ borderWidth CONSTANT)
-  Q_PROPERTY(double cornerRadius READ cornerRadius CONSTANT)
+  Q_PROPERTY(orrelo::quick::ErrorBridge* error MEMBER error CONSTANT)
+  Q_PROPERTY(QString buttonTitle MEMBER buttonTitle CONSTANT)
+  Q_PROPERTY(QColor color MEMBER color CONSTANT)
 
  public:
   InduceUpdateBridge(const std::shared_ptr<InduceUpdateView>& view, QObject* parent)
-      : ViewBridge(view, parent), update_(*view), error_(new ErrorBridge(view->errorView, this)) {}
+      : ViewBridge(view, parent),
+        error(new ErrorBridge(view->errorView, this)),
+        color(toQt(legibleOnWhite(view->color))),
+        update_(*view) {}
 
-  ErrorBridge* error() const { return error_; }
-  QString buttonTitle() const { return toQt(InduceUpdateView::buttonTitle); }
-  QColor color() const { return toQt(legibleOnWhite(update_.color)); }
-  double spacing() const { return InduceUpdateView::spacing; }
-  double buttonWidth() const { return InduceUpdateView::buttonWidth; }
-  double buttonHeight() const { return InduceUpdateView::buttonHeight; }
-  double borderWidth() const { return InduceUpdateView::buttonBorderWidth; }
-  double cornerRadius() const { return InduceUpdateView::buttonCornerRadius; }
+  ErrorBridge* const error;
+  const QString buttonTitle = toQt(InduceUpdateView::buttonTitle);
+  const QColor color;
 
   Q_INVOKABLE void routeToUpdateLink() { update_.routeToUpdateLink(); }
 
  private:
   InduceUpdateView& update_;
-  ErrorBridge* const error_;
 };
 
 }  // namespace orrelo::quick

@@ -13,7 +13,7 @@ PageScroll {
     Column {
         id: message
         width: parent.width
-        spacing: view.model.spacing
+        spacing: 16
 
         ErrorMessage {
             width: parent.width
@@ -21,16 +21,16 @@ PageScroll {
         }
         PressArea {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.max(view.model.buttonWidth, label.implicitWidth + 12 * Theme.textScale)
-            height: Math.max(view.model.buttonHeight, label.implicitHeight + 12)
+            width: Math.max(124, label.implicitWidth + 12 * Theme.textScale)
+            height: Math.max(36, label.implicitHeight + 12)
             name: view.model.buttonTitle
             onPressed: view.model.routeToUpdateLink()
 
             Rectangle {
                 anchors.fill: parent
-                radius: view.model.cornerRadius
+                radius: Theme.cornerRadius
                 color: "white"
-                border { width: view.model.borderWidth; color: view.model.color }
+                border { width: 1; color: view.model.color }
             }
             KitText {
                 id: label

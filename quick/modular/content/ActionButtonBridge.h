@@ -2,7 +2,6 @@
 
 #include "modular/content/ActionButtonView.h"
 #include "quick/bridge/ViewBridge.h"
-#include "viewkit/legibility.h"
 
 #include <QColor>
 
@@ -12,37 +11,32 @@ class ActionButtonBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString text READ text CONSTANT)
-  Q_PROPERTY(QString statusMessage READ statusMessage CONSTANT)
-  Q_PROPERTY(bool isEnabled READ isEnabled CONSTANT)
-  /// The button's fill colour.
-  Q_PROPERTY(QColor fill READ fill CONSTANT)
-  Q_PROPERTY(QColor titleColor READ titleColor CONSTANT)
-  Q_PROPERTY(QColor statusColor READ statusColor CONSTANT)
-  Q_PROPERTY(double margin READ margin CONSTANT)
-  Q_PROPERTY(double spacing READ spacing CONSTANT)
-  Q_PROPERTY(double buttonHeight READ buttonHeight CONSTANT)
+  Q_PROPERTY(QString text MEMBER text CONSTANT)
+  Q_PROPERTY(QString statusMessage MEMBER statusMessage CONSTANT)
+  Q_PROPERTY(bool isEnabled MEMBER isEnabled CONSTANT)
+  Q_PROPERTY(QColor fill MEMBER fill CONSTANT)
+  Q_PROPERTY(QColor titleColor MEMBER titleColor CONSTANT)
 
  public:
   ActionButtonBridge(const std::shared_ptr<ActionButtonView>& view, QObject* parent)
-      : ViewBridge(view, parent), action_(*view) {}
+      : ViewBridge(view, parent),
+        text(toQt(view->content.text)),
+        statusMessage(toQt(view->content.statusMessage)),
+        isEnabled(view->content.isEnabled),
+        fill(toQt(view->fill())),
+        titleColor(toQt(view->titleColor())),
+        action_(*view) {}
 
-  QString text() const { return toQt(action_.content.text); }
-  QString statusMessage() const { return toQt(action_.content.statusMessage); }
-  bool isEnabled() const { return action_.content.isEnabled; }
-  QColor fill() const { return toQt(isEnabled() ? action_.content.color : ActionButtonView::disabledColor); }
-  QColor titleColor() const {
-    return toQt(isEnabled() ? textColorOn(action_.content.color) : ActionButtonView::disabledTitleColor);
-  }
-  QColor statusColor() const { return toQt(ActionButtonView::statusColor); }
-  double margin() const { return ActionButtonView::margins.left; }
-  double spacing() const { return ActionButtonView::spacing; }
-  double buttonHeight() const { return ActionButtonView::buttonHeight; }
+  const QString text;
+  const QString statusMessage;
+  const bool isEnabled;
+  const QColor fill;
+  const QColor titleColor;
 
   Q_INVOKABLE void onClick() { action_.onClick(); }
 
  private:
-  ActionButtonView& action_;
+  const ActionButtonView& action_;
 };
 
 }  // namespace orrelo::quick

@@ -7,15 +7,15 @@ Column {
 
     required property ActionButtonBridge model
 
-    leftPadding: model.margin
-    rightPadding: model.margin
-    spacing: model.spacing
+    leftPadding: 16
+    rightPadding: leftPadding
+    spacing: 10
     // An empty status keeps the spacing above it but has no height.
     bottomPadding: status.visible ? 0 : spacing
 
     ActionButton {
-        width: view.width - 2 * view.model.margin
-        minimumHeight: view.model.buttonHeight
+        width: view.width - 2 * view.leftPadding
+        minimumHeight: Theme.actionHeight
         isEnabled: view.model.isEnabled
         text: view.model.text
         fill: view.model.fill
@@ -24,10 +24,10 @@ Column {
     }
     KitText {
         id: status
-        width: view.width - 2 * view.model.margin
+        width: view.width - 2 * view.leftPadding
         horizontalAlignment: Text.AlignHCenter
         size: 12
-        color: view.model.statusColor
+        color: Qt.rgba(0.363, 0.369, 0.375, 1)
         text: view.model.statusMessage
     }
 }

@@ -7,12 +7,12 @@ Column {
 
     required property BoxedInformationListBridge model
 
-    leftPadding: model.margin
-    rightPadding: model.margin
-    spacing: model.spacing
+    leftPadding: Theme.blockMargin
+    rightPadding: Theme.blockMargin
+    spacing: 8
 
     KitText {
-        width: view.width - 2 * view.model.margin
+        width: view.width - 2 * Theme.blockMargin
         size: 18
         font.bold: true
         text: view.model.title
@@ -24,7 +24,7 @@ Column {
         InformationBox {
             required property InformationBoxBridge modelData
 
-            width: view.width - 2 * view.model.margin
+            width: view.width - 2 * Theme.blockMargin
             model: modelData
         }
     }

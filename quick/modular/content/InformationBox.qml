@@ -6,24 +6,25 @@ Rectangle {
     id: box
 
     required property InformationBoxBridge model
-    readonly property real room: width - 2 * model.margin
+    readonly property real margin: 24
+    readonly property real room: width - 2 * margin
     /// The width available to the left text beside the image.
-    readonly property real textRoom: room - model.leftSpacing - picture.width
-    readonly property bool isStacked: leftText.implicitWidth + model.leftSpacing + picture.width + 12
+    readonly property real textRoom: room - left.spacing - picture.width
+    readonly property bool isStacked: leftText.implicitWidth + left.spacing + picture.width + 12
                                       + right.implicitWidth > room
 
-    implicitHeight: Math.max(model.boxHeight,
+    implicitHeight: Math.max(84,
                              (isStacked ? left.height + 4 + right.height : Math.max(left.height, right.height)) + 32)
-    radius: model.cornerRadius
-    color: model.backgroundColor
+    radius: Theme.cornerRadius
+    color: Qt.rgba(0.98, 0.98, 0.98, 1)
     Accessible.role: Accessible.StaticText
     Accessible.name: [model.leftText, model.rightText].filter(text => text.length > 0).join(", ")
 
     Grid {
         id: left
-        x: box.model.margin
+        x: box.margin
         y: Math.floor((box.height - height - (box.isStacked ? 4 + right.height : 0)) / 2)
-        spacing: box.model.leftSpacing
+        spacing: 10
         // A text that would need several lines in less than half of the box is placed above the image.
         columns: box.textRoom < Math.min(leftText.implicitWidth, box.room / 2) ? 1 : 2
         verticalItemAlignment: Grid.AlignVCenter
@@ -44,7 +45,7 @@ Rectangle {
     }
     KitText {
         id: right
-        anchors { right: parent.right; rightMargin: box.model.margin }
+        anchors { right: parent.right; rightMargin: box.margin }
         y: box.isStacked ? left.y + left.height + 4 : Math.floor((box.height - height) / 2)
         width: Math.max(0, box.isStacked ? box.room : box.room - left.width - 12)
         horizontalAlignment: Text.AlignRight

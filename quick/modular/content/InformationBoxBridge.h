@@ -11,40 +11,35 @@ class InformationBoxBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString leftText READ leftText CONSTANT)
-  Q_PROPERTY(QString rightText READ rightText CONSTANT)
-  Q_PROPERTY(QColor rightTextColor READ rightTextColor CONSTANT)
-  Q_PROPERTY(orrelo::quick::ImageBridge* image READ image CONSTANT)
+  Q_PROPERTY(QString leftText MEMBER leftText CONSTANT)
+  Q_PROPERTY(QString rightText MEMBER rightText CONSTANT)
+  Q_PROPERTY(QColor rightTextColor MEMBER rightTextColor CONSTANT)
+  Q_PROPERTY(orrelo::quick::ImageBridge* image MEMBER image CONSTANT)
+  Q_PROPERTY(double imageHeight MEMBER imageHeight CONSTANT)
   /// 0 until the image has been loaded.
   Q_PROPERTY(double imageWidth READ imageWidth NOTIFY stateChanged)
-  Q_PROPERTY(double imageHeight READ imageHeight CONSTANT)
-  Q_PROPERTY(double boxHeight READ boxHeight CONSTANT)
-  Q_PROPERTY(double margin READ margin CONSTANT)
-  Q_PROPERTY(double leftSpacing READ leftSpacing CONSTANT)
-  Q_PROPERTY(double cornerRadius READ cornerRadius CONSTANT)
-  Q_PROPERTY(QColor backgroundColor READ backgroundColor CONSTANT)
 
  public:
   InformationBoxBridge(const std::shared_ptr<InformationBox>& view, QObject* parent)
-      : ViewBridge(view, parent), box_(*view), image_(new ImageBridge(view->leftImageView, this)) {
+      : ViewBridge(view, parent),
+        leftText(toQt(view->leftText)),
+        rightText(toQt(view->rightText)),
+        rightTextColor(toQt(view->rightTextColor)),
+        image(new ImageBridge(view->leftImageView, this)),
+        box_(*view) {
     follow(box_.imageWidth);
   }
 
-  QString leftText() const { return toQt(box_.leftText); }
-  QString rightText() const { return toQt(box_.rightText); }
-  QColor rightTextColor() const { return toQt(box_.rightTextColor); }
-  ImageBridge* image() const { return image_; }
+  const QString leftText;
+  const QString rightText;
+  const QColor rightTextColor;
+  ImageBridge* const image;
+  const double imageHeight = InformationBox::imageHeight;
+
   double imageWidth() const { return box_.imageWidth.value().value_or(0.0); }
-  double imageHeight() const { return InformationBox::imageHeight; }
-  double boxHeight() const { return InformationBox::height; }
-  double margin() const { return InformationBox::margins.left; }
-  double leftSpacing() const { return InformationBox::leftSpacing; }
-  double cornerRadius() const { return InformationBox::cornerRadius; }
-  QColor backgroundColor() const { return toQt(InformationBox::backgroundColor); }
 
  private:
   const InformationBox& box_;
-  ImageBridge* const image_;
 };
 
 }  // namespace orrelo::quick

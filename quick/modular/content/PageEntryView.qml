@@ -15,18 +15,22 @@ PressArea {
 
     Rectangle {
         id: ground
-        x: view.model.inset
+
+        readonly property real margin: 20
+        readonly property real gap: 10
+
+        x: 24
         width: parent.width - 2 * x
         height: Math.max(64, lines.height + 32)
-        radius: view.model.cornerRadius
-        color: view.model.backgroundColor
+        radius: Theme.cornerRadius
+        color: Qt.rgba(0.945, 0.949, 0.953, 1)
 
         KitImage {
             id: icon
 
             readonly property bool hasIcon: bitmapSize.width > 0
 
-            anchors { left: parent.left; leftMargin: view.model.margin; verticalCenter: parent.verticalCenter }
+            anchors { left: parent.left; leftMargin: ground.margin; verticalCenter: parent.verticalCenter }
             width: hasIcon ? 32 : 0
             height: 32
             model: view.model.icon
@@ -34,11 +38,11 @@ PressArea {
         Column {
             id: lines
             anchors {
-                left: icon.right; leftMargin: icon.hasIcon ? view.model.gap : 0
-                right: arrow.left; rightMargin: view.model.gap
+                left: icon.right; leftMargin: icon.hasIcon ? ground.gap : 0
+                right: arrow.left; rightMargin: ground.gap
                 verticalCenter: parent.verticalCenter
             }
-            spacing: view.model.lineSpacing
+            spacing: 4
 
             KitText {
                 width: parent.width
@@ -56,7 +60,7 @@ PressArea {
         }
         Image {
             id: arrow
-            anchors { right: parent.right; rightMargin: view.model.margin; verticalCenter: parent.verticalCenter }
+            anchors { right: parent.right; rightMargin: ground.margin; verticalCenter: parent.verticalCenter }
             width: 16
             height: 16
             source: view.model.tapAsset

@@ -9,16 +9,13 @@ class SpacerBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(double height READ height CONSTANT)
+  Q_PROPERTY(double height MEMBER height CONSTANT)
 
  public:
   SpacerBridge(const std::shared_ptr<SpacerView>& view, QObject* parent)
-      : ViewBridge(view, parent), spacer_(*view) {}
+      : ViewBridge(view, parent), height(view->height) {}
 
-  double height() const { return spacer_.height; }
-
- private:
-  const SpacerView& spacer_;
+  const double height;
 };
 
 }  // namespace orrelo::quick

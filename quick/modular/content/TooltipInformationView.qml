@@ -8,21 +8,17 @@ Item {
     required property TooltipInformationBridge model
 
     implicitHeight: column.height
-    z: model.zPosition
+    z: 1
 
     Column {
         id: column
-        x: view.model.margin
+        x: Theme.blockMargin
         width: parent.width - 2 * x
 
         TitleRows {
             width: parent.width
             first: view.model.firstTitle
             second: view.model.secondTitle
-        }
-        Item {
-            width: 1
-            height: view.model.spacing
         }
         GuideLine {
             id: guide
@@ -42,7 +38,6 @@ Item {
         x: Math.max(edge, guide.tailX(tooltip, width, view.width - edge, view))
         y: column.y + guide.y + guide.height - 4
         tooltip: view.model.tooltip
-        // Grows with the text scale; otherwise large text would wrap more often.
-        maximumWidth: Math.min(view.model.tooltipMaximumWidth * Theme.textScale, view.width - 2 * edge)
+        availableWidth: view.width - 2 * edge
     }
 }

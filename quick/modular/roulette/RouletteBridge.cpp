@@ -3,18 +3,21 @@
 #include <QtMath>
 
 namespace orrelo::quick {
+namespace {
 
-RouletteBridge::RouletteBridge(const std::shared_ptr<RouletteView>& view, QObject* parent)
-    : ViewBridge(view, parent), roulette_(*view), drawing_(view->drawing()) {
-  follow(roulette_.state);
+QRectF coverOf(const RouletteDrawing& drawing) {
+  const auto of = [](const RouletteDrawing::Disc& disc) { return squareAround(disc.center, disc.radius); };
+  auto cover = of(drawing.centerDot);
+  for (const auto& corner : drawing.pin.corners) cover |= squareAround(corner.center, corner.radius);
+  if (drawing.veil) cover |= of(drawing.veil->disc);
+  return cover.toAlignedRect();
 }
 
-QRectF RouletteBridge::cover() const {
-  const auto of = [](const RouletteDrawing::Disc& disc) { return squareAround(disc.center, disc.radius); };
-  auto cover = of(drawing_.centerDot);
-  for (const auto& corner : drawing_.pin.corners) cover |= squareAround(corner.center, corner.radius);
-  if (drawing_.veil) cover |= of(drawing_.veil->disc);
-  return cover.toAlignedRect();
+}  // namespace
+
+RouletteBridge::RouletteBridge(const std::shared_ptr<RouletteView>& view, QObject* parent)
+    : ViewBridge(view, parent), drawing(view->drawing()), cover(coverOf(drawing)), roulette_(*view) {
+  follow(roulette_.state);
 }
 
 double RouletteBridge::rotation() const {

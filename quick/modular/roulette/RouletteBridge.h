@@ -17,9 +17,9 @@ class RouletteBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(double side READ side CONSTANT)
+  Q_PROPERTY(double side MEMBER side CONSTANT)
   /// The bounding rectangle of the parts that stand still above the wheel.
-  Q_PROPERTY(QRectF cover READ cover CONSTANT)
+  Q_PROPERTY(QRectF cover MEMBER cover CONSTANT)
   /// The rotation of the wheel at rest, in degrees as all angles here.
   Q_PROPERTY(double rotation READ rotation NOTIFY stateChanged)
   Q_PROPERTY(bool isSpinning READ isSpinning NOTIFY stateChanged)
@@ -32,9 +32,10 @@ class RouletteBridge final : public ViewBridge {
  public:
   RouletteBridge(const std::shared_ptr<RouletteView>& view, QObject* parent);
 
-  const RouletteDrawing& drawing() const { return drawing_; }
-  double side() const { return RouletteView::side; }
-  QRectF cover() const;
+  const double side = RouletteView::side;
+  const RouletteDrawing drawing;
+  const QRectF cover;
+
   double rotation() const;
   bool isSpinning() const { return roulette_.state.value().spin.has_value(); }
   AnimationValue spin() const;
@@ -47,7 +48,6 @@ class RouletteBridge final : public ViewBridge {
 
  private:
   RouletteView& roulette_;
-  const RouletteDrawing drawing_;
 };
 
 }  // namespace orrelo::quick

@@ -71,7 +71,7 @@ RoulettePart::RoulettePart(QQuickItem* parent) : QQuickPaintedItem(parent) {
 
 void RoulettePart::paint(QPainter* painter) {
   if (!roulette_) return;
-  const auto& drawing = roulette_->drawing();
+  const auto& drawing = roulette_->drawing;
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
   painter->translate(-position());

@@ -12,39 +12,35 @@ class ScratchLotteryBridge final : public ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  Q_PROPERTY(QString result READ result CONSTANT)
-  Q_PROPERTY(QColor resultColor READ resultColor CONSTANT)
-  Q_PROPERTY(double resultSize READ resultSize CONSTANT)
-  Q_PROPERTY(QUrl resultAsset READ resultAsset CONSTANT)
-  Q_PROPERTY(QColor groundColor READ groundColor CONSTANT)
-  Q_PROPERTY(QColor borderColor READ borderColor CONSTANT)
-  Q_PROPERTY(double borderWidth READ borderWidth CONSTANT)
-  Q_PROPERTY(double cornerRadius READ cornerRadius CONSTANT)
-  Q_PROPERTY(double height READ height CONSTANT)
+  Q_PROPERTY(QString result MEMBER result CONSTANT)
+  Q_PROPERTY(QColor resultColor MEMBER resultColor CONSTANT)
+  Q_PROPERTY(QUrl resultAsset MEMBER resultAsset CONSTANT)
+  Q_PROPERTY(QColor groundColor MEMBER groundColor CONSTANT)
   Q_PROPERTY(bool isMaskHidden READ isMaskHidden NOTIFY stateChanged)
   /// True if the card reacts to a press by a key or by assistive technology.
   Q_PROPERTY(bool isPressable READ isPressable NOTIFY stateChanged)
-  Q_PROPERTY(bool keepsTouches READ keepsTouches CONSTANT)
+  Q_PROPERTY(bool keepsTouches MEMBER keepsTouches CONSTANT)
   Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY stateChanged)
 
  public:
   ScratchLotteryBridge(const std::shared_ptr<ScratchLotteryView>& view, QObject* parent)
-      : ViewBridge(view, parent), lottery_(*view) {
+      : ViewBridge(view, parent),
+        result(toQt(view->content.result)),
+        resultColor(toQt(view->content.primaryColor)),
+        groundColor(toQt(view->content.secondaryColor)),
+        keepsTouches(view->keepsTouches()),
+        lottery_(*view) {
     follow(lottery_.scratchMaskView->state);
   }
 
-  QString result() const { return toQt(lottery_.content.result); }
-  QColor resultColor() const { return toQt(lottery_.resultStyle().color); }
-  double resultSize() const { return lottery_.resultStyle().size; }
-  QUrl resultAsset() const { return assetFile(ScratchLotteryView::resultAsset); }
-  QColor groundColor() const { return toQt(lottery_.content.secondaryColor); }
-  QColor borderColor() const { return toQt(ScratchLotteryView::borderColor); }
-  double borderWidth() const { return ScratchLotteryView::borderWidth; }
-  double cornerRadius() const { return ScratchLotteryView::cornerRadius; }
-  double height() const { return ScratchLotteryView::height; }
+  const QString result;
+  const QColor resultColor;
+  const QUrl resultAsset = assetFile(ScratchLotteryView::resultAsset);
+  const QColor groundColor;
+  const bool keepsTouches;
+
   bool isMaskHidden() const { return mask().state.value().isHidden; }
   bool isPressable() const { return lottery_.isPressable(); }
-  bool keepsTouches() const { return lottery_.keepsTouches(); }
   QString accessibilityLabel() const { return toQt(lottery_.accessibilityLabel()); }
   ScratchMaskView& mask() const { return *lottery_.scratchMaskView; }
 

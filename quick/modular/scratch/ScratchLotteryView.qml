@@ -6,12 +6,13 @@ FocusScope {
     id: card
 
     required property ScratchLotteryBridge model
+    readonly property real cornerRadius: 4
 
     function pressBy(event) {
         if (!event.isAutoRepeat) model.press()
     }
 
-    implicitHeight: model.height
+    implicitHeight: 80
     objectName: model.accessibilityIdentifier
     // A focused card keeps the focus when it can no longer be pressed, until the user moves it on.
     activeFocusOnTab: model.isPressable || activeFocus
@@ -25,9 +26,9 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        radius: card.model.cornerRadius
+        radius: card.cornerRadius
         color: card.model.groundColor
-        border { width: card.model.borderWidth; color: card.model.borderColor }
+        border { width: 2; color: "white" }
     }
     Row {
         anchors.centerIn: parent
@@ -43,7 +44,7 @@ FocusScope {
         KitText {
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, card.width - 64)
-            size: card.model.resultSize
+            size: 16
             maximumScale: 1.5
             font.weight: Font.ExtraBold
             color: card.model.resultColor
@@ -68,6 +69,6 @@ FocusScope {
         onCanceled: card.model.touchesEnded()
     }
     FocusRing {
-        around: card.model.cornerRadius
+        around: card.cornerRadius
     }
 }

@@ -7,8 +7,6 @@ namespace {
 
 constexpr Color headerColor{0.582, 0.588, 0.592, 1.0};
 constexpr Color deemedColor{0.715, 0.717, 0.72, 1.0};
-constexpr Color dayColor{0.239, 0.243, 0.247, 1.0};
-constexpr Color white{1.0, 1.0, 1.0, 1.0};
 constexpr double strokeWidth = 2.0;
 
 // Builds the look of a cell. An icon replaces the day's number, which stays in the accessibility label.
@@ -25,14 +23,12 @@ class CellPainter {
     neighbour.accessibilityLabel.clear();  // it would be announced as a day of this month
     return neighbour;
   }
-  CampaignCalendarViewCell operator()(const CalendarCell::Normal& cell) const {
-    return dayCell(cell.date, dayColor);
-  }
+  CampaignCalendarViewCell operator()(const CalendarCell::Normal& cell) const { return dayCell(cell.date); }
   CampaignCalendarViewCell operator()(const CalendarCell::Today& cell) const {
-    return markedToday(stroked(dayCell(cell.date, dayColor)));
+    return markedToday(stroked(dayCell(cell.date)));
   }
   CampaignCalendarViewCell operator()(const CalendarCell::TodayHighlight& cell) const {
-    return markedToday(attended(filled(dayCell(cell.date, white), primary_)));
+    return markedToday(attended(filled(dayCell(cell.date), primary_)));
   }
   CampaignCalendarViewCell operator()(const CalendarCell::TodayHighlightWithIcon& cell) const {
     return markedToday(attended(filled(iconCell(cell.iconUrl), secondary_)));
@@ -41,7 +37,7 @@ class CellPainter {
     return markedToday(stroked(iconCell(cell.iconUrl)));
   }
   CampaignCalendarViewCell operator()(const CalendarCell::Highlight& cell) const {
-    return attended(filled(dayCell(cell.date, white), primary_));
+    return attended(filled(dayCell(cell.date), primary_));
   }
   CampaignCalendarViewCell operator()(const CalendarCell::HighlightWithIcon& cell) const {
     return attended(filled(iconCell(cell.iconUrl), secondary_));
@@ -53,7 +49,7 @@ class CellPainter {
  private:
   using Cell = CampaignCalendarViewCell;
 
-  static Cell dayCell(const CalendarDate& date, const Color& color) {
+  static Cell dayCell(const CalendarDate& date, const Color& color = plainTextColor) {
     const auto day = std::to_string(date.day);
     return {.day = day, .dayColor = color, .accessibilityLabel = day + "일"};
   }
@@ -64,6 +60,7 @@ class CellPainter {
   }
   static Cell filled(Cell cell, const Color& color) {
     cell.backgroundColor = color;
+    cell.dayColor = cell.bottomColor = textColorOn(color);
     return cell;
   }
   Cell stroked(Cell cell) const {

@@ -4,6 +4,7 @@
 #include "campaign/attendance/CalendarCellViewState.h"
 #include "campaign/attendance/CampaignCalendar.h"
 #include "image/ImageView.h"
+#include "viewkit/legibility.h"
 
 #include <orrelo/Export.h>
 
@@ -21,6 +22,7 @@ struct CampaignCalendarViewCell {
   /// The text below the day; usually empty.
   std::string bottomText = {};
   Color dayColor = {};
+  Color bottomColor = plainTextColor;
   /// Usually transparent.
   Color backgroundColor{0.0, 0.0, 0.0, 0.0};
   /// In points; 0 if there is no border.
@@ -53,12 +55,7 @@ class ORRELO_EXPORT CampaignCalendarView final : public View {
 
   static constexpr auto todayLegend = "오늘";
   static constexpr auto attendanceLegend = "출석";
-  static constexpr Color legendTextColor{0.239, 0.243, 0.247, 1.0};
   static constexpr std::size_t columnCount = 7;
-  // The sizes below are shares of a cell's height.
-  static constexpr double dayFontShare = 1.0 / 2.5;
-  static constexpr double bottomFontShare = 1.0 / 3.5;
-  static constexpr double iconShare = 1.0 / 1.5;
 
   std::string_view kind() const override { return "CampaignCalendarView"; }
 

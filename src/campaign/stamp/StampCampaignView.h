@@ -3,7 +3,6 @@
 #include "campaign/stamp/StampCampaign.h"
 #include "image/ImageView.h"
 #include "ui/StackView.h"
-#include "viewkit/TextStyle.h"
 
 #include <orrelo/Export.h>
 

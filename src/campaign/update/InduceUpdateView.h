@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Color.h"
 #include "viewkit/ErrorView.h"
-#include "viewkit/TextStyle.h"
 #include "viewkit/ToastLayer.h"
 
 #include <orrelo/Export.h>
@@ -14,12 +14,6 @@ namespace orrelo {
 /// Asks the user to update the host's application, with a button that opens the update page.
 class ORRELO_EXPORT InduceUpdateView final : public View {
  public:
-  /// In points.
-  static constexpr double spacing = 16.0;
-  static constexpr double buttonWidth = 124.0;
-  static constexpr double buttonHeight = 36.0;
-  static constexpr double buttonBorderWidth = 1.0;
-  static constexpr double buttonCornerRadius = 8.0;
   static constexpr auto buttonTitle = "업데이트하러 가기";
 
   /// Shows a toast on `toastLayer` if the URL cannot be opened.

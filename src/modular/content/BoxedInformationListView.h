@@ -14,9 +14,6 @@ namespace orrelo {
 /// A title above one full-width box per item.
 class ORRELO_EXPORT BoxedInformationListView final : public View {
  public:
-  static constexpr EdgeInsets margins{0.0, 25.0, 0.0, 25.0};
-  static constexpr double spacing = 8.0;
-
   BoxedInformationListView(std::string heading, const std::vector<BoxedInformation>& items);
 
   static constexpr std::string_view kindName = "BoxedInformationListView";

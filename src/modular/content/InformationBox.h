@@ -15,12 +15,7 @@ namespace orrelo {
 /// A box with a text and a small image at the leading edge and another text at the trailing edge.
 class ORRELO_EXPORT InformationBox final : public View {
  public:
-  static constexpr double height = 84.0;
-  static constexpr EdgeInsets margins{0.0, 24.0, 0.0, 24.0};
-  static constexpr Color backgroundColor{0.98, 0.98, 0.98, 1.0};
-  static constexpr double cornerRadius = 8.0;
-  /// The spacing between the left text and the image.
-  static constexpr double leftSpacing = 10.0;
+  /// In points; the image's width follows from it.
   static constexpr double imageHeight = 24.0;
 
   static std::shared_ptr<InformationBox> create(const BoxedInformation& item);

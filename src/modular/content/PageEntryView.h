@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/Color.h"
 #include "image/ImageView.h"
 #include "modular/UIComponent.h"
 
@@ -17,16 +16,6 @@ namespace orrelo {
 class ORRELO_EXPORT PageEntryView final : public View {
  public:
   static constexpr auto tapAsset = "orl_ic_chevron_right";
-  static constexpr Color backgroundColor{0.945, 0.949, 0.953, 1.0};
-  static constexpr double cornerRadius = 8.0;
-  /// The distance between the rectangle and both edges of the view.
-  static constexpr double inset = 24.0;
-  /// The padding before the icon and after the arrow.
-  static constexpr double margin = 20.0;
-  /// The spacing between the icon and the text.
-  static constexpr double gap = 10.0;
-  /// The spacing between the two lines.
-  static constexpr double lineSpacing = 4.0;
 
   PageEntryView(std::string titleLine, std::string labelLine, Page destination)
       : title(std::move(titleLine)), label(std::move(labelLine)), page(std::move(destination)) {}

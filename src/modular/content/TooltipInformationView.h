@@ -1,6 +1,5 @@
 #pragma once
 
-#include "viewkit/InformationView.h"
 #include "viewkit/TooltipView.h"
 
 #include <orrelo/Export.h>
@@ -10,14 +9,11 @@
 
 namespace orrelo {
 
-/// Like InformationView, with a line that opens a tooltip instead of the guide. Drawn above the adjacent
-/// blocks, so that they do not cover the tooltip.
+/// Like InformationView, with a line that opens a tooltip instead of the guide.
 class ORRELO_EXPORT TooltipInformationView final : public View {
  public:
   /// The icon before the line; it is omitted if the image is missing.
   static constexpr auto tooltipAsset = "orl_ic_information";
-  static constexpr double tooltipMaximumWidth = 200.0;
-  static constexpr double zPosition = 1.0;
 
   TooltipInformationView(std::string first, std::string second, std::string line, std::string message);
 

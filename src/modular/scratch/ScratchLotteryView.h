@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Color.h"
 #include "modular/scratch/ScratchMaskView.h"
-#include "viewkit/TextStyle.h"
 
 #include <orrelo/Export.h>
 
@@ -26,7 +26,9 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
  public:
   struct Content {
     std::string result;
+    /// The colour of the result.
     Color primaryColor;
+    /// The background of the card.
     Color secondaryColor;
     /// True if the result is revealed from the start.
     bool isDone = false;
@@ -35,10 +37,6 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
   static constexpr std::string_view kindName = "ScratchLotteryView";
   /// The distance to both edges of the stack, in points.
   static constexpr double inset = 20.0;
-  static constexpr double height = 80.0;
-  static constexpr double cornerRadius = 4.0;
-  static constexpr double borderWidth = 2.0;
-  static constexpr Color borderColor{1.0, 1.0, 1.0, 1.0};
   /// The icon before the result, at the largest size that fits. Icon and result are centered together.
   static constexpr auto resultAsset = "orl_ic_sports";
   /// The distance in points after which a movement is a pan rather than a tap.
@@ -50,7 +48,6 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
 
   std::string_view kind() const override { return kindName; }
 
-  TextStyle resultStyle() const { return {16.0, TextStyle::Weight::heavy, content.primaryColor}; }
   /// The label for assistive technology. It contains the result only when that is visible.
   std::string accessibilityLabel() const;
   /// True if a press has an effect.
