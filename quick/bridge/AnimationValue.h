@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 namespace orrelo {
 struct Animation;
@@ -12,6 +13,7 @@ namespace orrelo::quick {
 /// A core animation in the form that KitAnimation.qml plays. Times are in milliseconds.
 class AnimationValue {
   Q_GADGET
+  QML_ANONYMOUS
   Q_PROPERTY(double from MEMBER from CONSTANT)
   Q_PROPERTY(double to MEMBER to CONSTANT)
   Q_PROPERTY(int delay MEMBER delay CONSTANT)

@@ -9,7 +9,7 @@ namespace orrelo::quick {
 
 /// The views of a stack. Each row has the members `block`, `inset` (null if the block has a width of its own)
 /// and `spacingAfter`.
-class StackBridge final : public ViewBridge {
+class StackBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

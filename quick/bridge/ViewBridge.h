@@ -12,7 +12,9 @@
 
 namespace orrelo::quick {
 
-/// Exposes a core view to QML as typed properties that follow its state. The core decides, QML draws.
+/// Exposes a core view to QML as typed properties that follow its state. The core decides, QML draws. Derived
+/// bridges spell the namespaces of their base class, without which the tools of Qt 6.4 do not find it and
+/// qmllint reports its properties as unknown.
 class ViewBridge : public QObject {
   Q_OBJECT
   QML_ELEMENT

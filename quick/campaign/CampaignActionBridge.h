@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class CampaignActionBridge final : public ViewBridge {
+class CampaignActionBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -7,7 +7,7 @@
 
 namespace orrelo::quick {
 
-class CampaignScreenBridge final : public PageBridge {
+class CampaignScreenBridge final : public orrelo::quick::PageBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

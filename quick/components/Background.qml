@@ -4,7 +4,7 @@ import QtQuick
 Image {
     anchors.fill: parent
     fillMode: Image.Stretch
-    sourceSize: Qt.size(64, 512)
+    sourceSize { width: 64; height: 512 }
     Accessible.ignored: true
 
     Rectangle {

@@ -16,6 +16,6 @@ PressArea {
         anchors.centerIn: parent
         width: 24
         height: 24
-        sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+        sourceSize { width: width * Screen.devicePixelRatio; height: height * Screen.devicePixelRatio }
     }
 }

@@ -24,7 +24,7 @@ PressArea {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 40
             height: 40
-            sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+            sourceSize { width: width * Screen.devicePixelRatio; height: height * Screen.devicePixelRatio }
         }
         KitText {
             id: title

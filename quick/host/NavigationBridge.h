@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class NavigationBridge final : public ScreenBridge {
+class NavigationBridge final : public orrelo::quick::ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

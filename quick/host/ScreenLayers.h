@@ -10,7 +10,7 @@ namespace orrelo::quick {
 
 /// Screens that lie over each other, one per row, the lowest first. A removed screen keeps its row until its
 /// animation has ended.
-class ScreenLayers final : public ListBridge {
+class ScreenLayers final : public orrelo::quick::ListBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class ImageBridge final : public ViewBridge {
+class ImageBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

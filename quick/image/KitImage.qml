@@ -24,7 +24,7 @@ Item {
         anchors.fill: parent
         fillMode: Image.PreserveAspectFit
         source: view.model.asset
-        sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+        sourceSize { width: width * Screen.devicePixelRatio; height: height * Screen.devicePixelRatio }
     }
     BitmapItem {
         anchors.centerIn: parent

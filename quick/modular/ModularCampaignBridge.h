@@ -5,7 +5,7 @@
 
 namespace orrelo::quick {
 
-class ModularCampaignBridge final : public ViewBridge {
+class ModularCampaignBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

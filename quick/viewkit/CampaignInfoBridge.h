@@ -9,7 +9,7 @@
 
 namespace orrelo::quick {
 
-class CampaignInfoBridge final : public ViewBridge {
+class CampaignInfoBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

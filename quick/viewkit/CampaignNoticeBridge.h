@@ -5,7 +5,7 @@
 
 namespace orrelo::quick {
 
-class CampaignNoticeBridge final : public ViewBridge {
+class CampaignNoticeBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

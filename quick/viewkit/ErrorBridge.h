@@ -7,7 +7,7 @@
 
 namespace orrelo::quick {
 
-class ErrorBridge final : public ViewBridge {
+class ErrorBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

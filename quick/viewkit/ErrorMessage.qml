@@ -16,7 +16,7 @@ Column {
         width: 72
         height: 72
         source: message.model.asset
-        sourceSize: Qt.size(144, 144)
+        sourceSize { width: 144; height: 144 }
     }
     KitText {
         width: parent.width

@@ -6,7 +6,7 @@
 
 namespace orrelo::quick {
 
-class ErrorScreenBridge final : public PageBridge {
+class ErrorScreenBridge final : public orrelo::quick::PageBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -47,7 +47,7 @@ PressArea {
             width: guide.size * Theme.textScale
             height: width
             source: guide.asset
-            sourceSize: Qt.size(48, 48)
+            sourceSize { width: 48; height: 48 }
         }
     }
 }

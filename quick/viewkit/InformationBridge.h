@@ -5,7 +5,7 @@
 
 namespace orrelo::quick {
 
-class InformationBridge final : public ViewBridge {
+class InformationBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

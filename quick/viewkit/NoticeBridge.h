@@ -5,7 +5,7 @@
 
 namespace orrelo::quick {
 
-class NoticeBridge final : public ViewBridge {
+class NoticeBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

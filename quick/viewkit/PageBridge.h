@@ -7,7 +7,7 @@
 namespace orrelo::quick {
 
 /// A full-page screen, with the kit's own bar if the page has one.
-class PageBridge : public ScreenBridge {
+class PageBridge : public orrelo::quick::ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

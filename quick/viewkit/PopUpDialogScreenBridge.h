@@ -6,7 +6,7 @@
 
 namespace orrelo::quick {
 
-class PopUpDialogScreenBridge final : public ScreenBridge {
+class PopUpDialogScreenBridge final : public orrelo::quick::ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class RewardScreenBridge final : public ScreenBridge {
+class RewardScreenBridge final : public orrelo::quick::ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

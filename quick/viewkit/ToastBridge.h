@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class ToastBridge final : public ViewBridge {
+class ToastBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -7,7 +7,7 @@
 namespace orrelo::quick {
 
 /// The toasts of a screen. A toast that stays keeps its row and therefore its running fade animation.
-class ToastLayerBridge final : public ViewBridge {
+class ToastLayerBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

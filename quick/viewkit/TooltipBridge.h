@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class TooltipBridge final : public ViewBridge {
+class TooltipBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class WebBridge final : public ViewBridge {
+class WebBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
@@ -18,6 +18,7 @@ class WebBridge final : public ViewBridge {
   Q_PROPERTY(double height MEMBER height CONSTANT)
   /// The QML file that draws a page, with this bridge as its `model`; empty without a browser engine.
   Q_PROPERTY(QUrl browser READ browser CONSTANT)
+  Q_PROPERTY(bool hasBrowser READ hasBrowser CONSTANT)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
   Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY stateChanged)
 
@@ -36,6 +37,7 @@ class WebBridge final : public ViewBridge {
   const double height;
 
   QUrl browser() const { return webPageDelegate(); }
+  bool hasBrowser() const { return !browser().isEmpty(); }
   bool isLoading() const { return web_.state.value() == WebView::State::loading; }
   bool isEmpty() const { return web_.state.value() == WebView::State::empty; }
 

@@ -14,7 +14,7 @@ Item {
         anchors.fill: parent
         active: !place.model.isEmpty
         Component.onCompleted: {
-            if (place.model.browser.toString().length > 0) setSource(place.model.browser, { model: place.model })
+            if (place.model.hasBrowser) setSource(place.model.browser, { model: place.model })
         }
     }
 }

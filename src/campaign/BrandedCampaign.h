@@ -2,6 +2,8 @@
 
 #include "base/Color.h"
 #include "campaign/Campaign.h"
+#include "config/ConfigRepository.h"
+#include "reactive/ObservableType.h"
 
 namespace orrelo {
 
@@ -14,5 +16,9 @@ struct BrandedCampaign {
 
   friend bool operator==(const BrandedCampaign&, const BrandedCampaign&) = default;
 };
+
+/// Adds the colours of the configuration to each campaign.
+reactive::Observable<BrandedCampaign> branded(const reactive::Observable<Campaign>& campaigns,
+                                              FetchConfigUseCase& fetchConfigUseCase);
 
 }  // namespace orrelo

@@ -1,10 +1,9 @@
 #include "campaign/CampaignViewModel.h"
 
-#include "config/withBrandTheme.h"
+#include "campaign/LoadingState.h"
 #include "events/UserEventTracker.h"
 #include "reactive/Combining.h"
 #include "reactive/Observable.h"
-#include "reactive/Subjects.h"
 
 #include <algorithm>
 #include <mutex>
@@ -20,28 +19,6 @@ bool hasType(const Campaign& campaign, ORLCampaignType type) {
     return false;
   }
 }
-
-// The loading state of the pipeline. After `finish`, concurrent triggers cannot set it to loading again.
-// Observers are called while the lock is held; they observe on their own scheduler.
-class LoadingState {
- public:
-  void begin() { set(true, false); }
-  void end() { set(false, false); }
-  void finish() { set(false, true); }
-  reactive::Observable<bool> stream() const { return isLoading_.asObservable().distinctUntilChanged(); }
-
- private:
-  void set(bool isLoading, bool isFinal) {
-    const std::lock_guard lock(mutex_);
-    if (hasFinished_) return;
-    hasFinished_ = isFinal;
-    isLoading_.onNext(isLoading);
-  }
-
-  std::mutex mutex_;
-  bool hasFinished_ = false;
-  reactive::BehaviorSubject<bool> isLoading_{false};
-};
 
 template <class T>
 reactive::Observable<T> failure(OrreloError error) {
@@ -106,7 +83,8 @@ CampaignViewModelImpl::Stream<CampaignTrigger<std::string>> CampaignViewModelImp
 CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::load(
     const CampaignTrigger<std::string>& trigger) {
   if (!trigger.userId) return failure<BrandedCampaign>(OrreloError::notLoggedIn);
-  return branded(useCases_.fetchCampaignUseCase.fetch(trigger.target, *trigger.userId));
+  return branded(useCases_.fetchCampaignUseCase.fetch(trigger.target, *trigger.userId),
+                 *useCases_.fetchConfigUseCase);
 }
 
 CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::participate(
@@ -118,16 +96,8 @@ CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::participat
     shown = campaign_;
   }
   if (!shown) return failure<BrandedCampaign>(OrreloError::campaignNotExists);
-  return branded(useCases_.participateCampaignUseCase->participate(*shown, trigger.target, *trigger.userId));
-}
-
-CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::branded(
-    const Stream<Campaign>& stream) {
-  return withBrandTheme(stream, *useCases_.fetchConfigUseCase)
-      .map([](const std::tuple<Campaign, BrandTheme>& row) {
-        const auto& [loaded, theme] = row;
-        return BrandedCampaign{loaded, theme.primary, theme.seconary, theme.seconaryVariant};
-      });
+  return branded(useCases_.participateCampaignUseCase->participate(*shown, trigger.target, *trigger.userId),
+                 *useCases_.fetchConfigUseCase);
 }
 
 CampaignViewModelImpl::Stream<BrandedCampaign> CampaignViewModelImpl::induceUpdateIfUnknown(

@@ -95,7 +95,6 @@ class CampaignViewModelImpl final : public CampaignViewModel,
   Stream<BrandedCampaign> load(const CampaignTrigger<std::string>& trigger);
   Stream<BrandedCampaign> participate(const CampaignTrigger<std::string>& trigger);
   Stream<BrandedCampaign> induceUpdateIfUnknown(const BrandedCampaign& branded);
-  Stream<BrandedCampaign> branded(const Stream<Campaign>& stream);
   void remember(const Campaign& shown);
 
   template <class In, class Out>

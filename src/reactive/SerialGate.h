@@ -4,7 +4,7 @@
 
 #include <atomic>
 #include <cstddef>
-#include <deque>
+#include <list>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -27,7 +27,7 @@ class NotificationQueue {
   void clear() { events_.clear(); }
 
  private:
-  std::deque<Event<T>> events_;
+  std::list<Event<T>> events_;
 };
 
 /// Signals have no value, so that waiting ones are only counted: a burst of them needs no memory.

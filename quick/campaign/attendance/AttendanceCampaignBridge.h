@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class AttendanceCampaignBridge final : public ViewBridge {
+class AttendanceCampaignBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -11,7 +11,7 @@
 
 namespace orrelo::quick {
 
-class CampaignCalendarBridge final : public ViewBridge {
+class CampaignCalendarBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -10,7 +10,7 @@
 
 namespace orrelo::quick {
 
-class OptInMarketingCampaignBridge final : public ViewBridge {
+class OptInMarketingCampaignBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

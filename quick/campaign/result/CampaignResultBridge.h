@@ -6,7 +6,7 @@
 
 namespace orrelo::quick {
 
-class CampaignResultBridge final : public ViewBridge {
+class CampaignResultBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

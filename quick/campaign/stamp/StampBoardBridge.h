@@ -7,7 +7,7 @@
 
 namespace orrelo::quick {
 
-class StampBoardBridge final : public ViewBridge {
+class StampBoardBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -5,7 +5,7 @@
 
 namespace orrelo::quick {
 
-class StampCampaignBridge final : public ViewBridge {
+class StampCampaignBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

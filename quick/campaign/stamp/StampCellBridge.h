@@ -6,7 +6,7 @@
 namespace orrelo::quick {
 
 /// A mission of a stamp board.
-class StampCellBridge final : public ViewBridge {
+class StampCellBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

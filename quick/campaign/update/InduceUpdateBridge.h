@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class InduceUpdateBridge final : public ViewBridge {
+class InduceUpdateBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -7,7 +7,7 @@
 
 namespace orrelo::quick {
 
-class ActionButtonBridge final : public ViewBridge {
+class ActionButtonBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

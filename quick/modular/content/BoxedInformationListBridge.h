@@ -7,7 +7,7 @@
 
 namespace orrelo::quick {
 
-class BoxedInformationListBridge final : public ViewBridge {
+class BoxedInformationListBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

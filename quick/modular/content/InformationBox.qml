@@ -18,7 +18,7 @@ Rectangle {
     radius: Theme.cornerRadius
     color: Qt.rgba(0.98, 0.98, 0.98, 1)
     Accessible.role: Accessible.StaticText
-    Accessible.name: [model.leftText, model.rightText].filter(text => text.length > 0).join(", ")
+    Accessible.name: model.accessibilityLabel
 
     Grid {
         id: left

@@ -7,12 +7,13 @@
 
 namespace orrelo::quick {
 
-class InformationBoxBridge final : public ViewBridge {
+class InformationBoxBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(QString leftText MEMBER leftText CONSTANT)
   Q_PROPERTY(QString rightText MEMBER rightText CONSTANT)
+  Q_PROPERTY(QString accessibilityLabel MEMBER accessibilityLabel CONSTANT)
   Q_PROPERTY(QColor rightTextColor MEMBER rightTextColor CONSTANT)
   Q_PROPERTY(orrelo::quick::ImageBridge* image MEMBER image CONSTANT)
   Q_PROPERTY(double imageHeight MEMBER imageHeight CONSTANT)
@@ -24,6 +25,7 @@ class InformationBoxBridge final : public ViewBridge {
       : ViewBridge(view, parent),
         leftText(toQt(view->leftText)),
         rightText(toQt(view->rightText)),
+        accessibilityLabel(toQt(view->accessibilityLabel())),
         rightTextColor(toQt(view->rightTextColor)),
         image(new ImageBridge(view->leftImageView, this)),
         box_(*view) {
@@ -32,6 +34,7 @@ class InformationBoxBridge final : public ViewBridge {
 
   const QString leftText;
   const QString rightText;
+  const QString accessibilityLabel;
   const QColor rightTextColor;
   ImageBridge* const image;
   const double imageHeight = InformationBox::imageHeight;

@@ -8,7 +8,7 @@ PressArea {
     required property PageEntryBridge model
 
     implicitHeight: ground.height
-    name: [view.model.title, view.model.label].filter(text => text.length > 0).join(", ")
+    name: model.accessibilityLabel
     role: Accessible.Link
     focusFrame: ground
     onPressed: view.model.didAction()
@@ -64,7 +64,7 @@ PressArea {
             width: 16
             height: 16
             source: view.model.tapAsset
-            sourceSize: Qt.size(64, 64)
+            sourceSize { width: 64; height: 64 }
         }
     }
 }

@@ -5,7 +5,7 @@
 
 namespace orrelo::quick {
 
-class SpacerBridge final : public ViewBridge {
+class SpacerBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

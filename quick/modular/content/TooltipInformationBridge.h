@@ -7,7 +7,7 @@
 
 namespace orrelo::quick {
 
-class TooltipInformationBridge final : public ViewBridge {
+class TooltipInformationBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -13,7 +13,7 @@ inline QRectF squareAround(const Point& center, double radius) {
   return {center.x - radius, center.y - radius, 2 * radius, 2 * radius};
 }
 
-class RouletteBridge final : public ViewBridge {
+class RouletteBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

@@ -8,7 +8,7 @@
 
 namespace orrelo::quick {
 
-class ScratchLotteryBridge final : public ViewBridge {
+class ScratchLotteryBridge final : public orrelo::quick::ViewBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")

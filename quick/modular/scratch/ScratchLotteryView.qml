@@ -39,7 +39,7 @@ FocusScope {
             width: 24
             height: 24
             source: card.model.resultAsset
-            sourceSize: Qt.size(72, 72)
+            sourceSize { width: 72; height: 72 }
         }
         KitText {
             anchors.verticalCenter: parent.verticalCenter

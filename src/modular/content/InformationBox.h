@@ -3,6 +3,7 @@
 #include "base/Color.h"
 #include "image/ImageView.h"
 #include "modular/content/BoxedInformationListComponent.h"
+#include "viewkit/joinedLabel.h"
 
 #include <orrelo/Export.h>
 
@@ -21,6 +22,7 @@ class ORRELO_EXPORT InformationBox final : public View {
   static std::shared_ptr<InformationBox> create(const BoxedInformation& item);
 
   std::string_view kind() const override { return "InformationBox"; }
+  std::string accessibilityLabel() const { return joinedLabel(leftText, rightText); }
 
   const std::string leftText;
   const std::string rightText;

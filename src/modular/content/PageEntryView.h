@@ -2,6 +2,7 @@
 
 #include "image/ImageView.h"
 #include "modular/UIComponent.h"
+#include "viewkit/joinedLabel.h"
 
 #include <orrelo/Export.h>
 
@@ -22,6 +23,7 @@ class ORRELO_EXPORT PageEntryView final : public View {
 
   static constexpr std::string_view kindName = "PageEntryView";
   std::string_view kind() const override { return kindName; }
+  std::string accessibilityLabel() const { return joinedLabel(title, label); }
 
   /// Called for a tap anywhere on the view.
   void didAction() const {

@@ -13,11 +13,13 @@ enum class FlatteningRule { mergeAll, latestOnly, oneByOne };
 /// The observer of the outer stream of flatMap, flatMapLatest and concatMap. It is owned by the source and by
 /// the observers of the inner streams. The handle given downstream is `upstreams_`, which only references the
 /// sources' subscriptions, so that there is no reference cycle.
-template <class In, class Out, class F>
+template <class In, class Out>
 class FlatteningNode final : public Observer<In>,
-                             public std::enable_shared_from_this<FlatteningNode<In, Out, F>> {
+                             public std::enable_shared_from_this<FlatteningNode<In, Out>> {
  public:
-  FlatteningNode(FlatteningRule rule, ObserverPtr<Out> downstream, F transform)
+  using Transform = std::function<Observable<Out>(const In&)>;
+
+  FlatteningNode(FlatteningRule rule, ObserverPtr<Out> downstream, Transform transform)
       : rule_(rule), observer_(downstream), gate_(std::move(downstream)), transform_(std::move(transform)) {}
 
   void onSubscribe(Disposable upstream) override {
@@ -179,7 +181,7 @@ class FlatteningNode final : public Observer<In>,
   const FlatteningRule rule_;
   ObserverPtr<Out> observer_;
   SerialGate<Out> gate_;
-  F transform_;
+  Transform transform_;
   std::shared_ptr<CompositeDisposable> upstreams_ = std::make_shared<CompositeDisposable>();
   std::mutex mutex_;
   Disposable latest_;             // the current inner stream of latestOnly
@@ -193,8 +195,10 @@ class FlatteningNode final : public Observer<In>,
 template <class T, class F>
 auto flattened(FlatteningRule rule, const Observable<T>& upstream, F transform) {
   using Out = typename std::invoke_result_t<F&, const T&>::Element;
-  return makeOperator<Out>(upstream, [rule, transform](ObserverPtr<Out> downstream) {
-    return std::make_shared<FlatteningNode<T, Out, F>>(rule, std::move(downstream), transform);
+  using Node = FlatteningNode<T, Out>;
+  return makeOperator<Out>(upstream, [rule, transform = typename Node::Transform(std::move(transform))](
+                                         ObserverPtr<Out> downstream) {
+    return std::make_shared<Node>(rule, std::move(downstream), transform);
   });
 }
 
