@@ -24,12 +24,13 @@ constexpr std::size_t alternativeIndex(std::type_identity<std::variant<Alternati
   return static_cast<std::size_t>(std::find(isIt.begin(), isIt.end(), true) - isIt.begin());
 }
 
+/// The row of a kind, which belongs to the pages whose type `matches`; null for a kind without pages.
 template <class Kind>
-constexpr CampaignKind kind() {
+constexpr CampaignKind kind(bool (*matches)(std::string_view pageType)) {
   using Record = typename Kind::Record;
   CampaignKind row{
       .record = alternativeIndex<Record>(std::type_identity<Campaign::CampaignType>()),
-      .matches = [](std::string_view) { return false; },
+      .matches = matches,
       .pageName =
           [](const Campaign& campaign) {
             return std::string(Kind::pageName(std::get<Record>(campaign.type)));
@@ -45,7 +46,6 @@ constexpr CampaignKind kind() {
   if constexpr (requires { typename Kind::Detail; }) {
     using Detail = typename Kind::Detail;
     row.detail = alternativeIndex<Detail>(std::type_identity<PageDetailDTO::Kind>());
-    row.matches = &Kind::matches;
     row.decode = &Kind::decode;
     row.map = [](PageDetailDTO::Kind&& detail, Campaign& campaign) -> Campaign::CampaignType {
       return Kind::map(std::get<Detail>(std::move(detail)), campaign);
@@ -54,12 +54,24 @@ constexpr CampaignKind kind() {
   return row;
 }
 
-// Page types are matched in this order: an "attendance_result" is an attendance page, and the modular kind
-// matches any type: a new kind is one more line before it.
+constexpr bool has(std::string_view pageType, std::string_view word) {
+  return pageType.find(word) != std::string_view::npos;
+}
+
+// Page types are matched in this order, so that an "attendance_result" is an attendance page. The modular
+// kind matches any type; a new kind is one more row before it. A page becomes unknown if its kind cannot
+// decode it, never by its type.
 constexpr std::array kinds{
-    kind<AttendanceCampaignKind>(),     kind<ReferralCampaignKind>(),   kind<StampCampaignKind>(),
-    kind<OptInMarketingCampaignKind>(), kind<DeprecatedCampaignKind>(), kind<CampaignResultKind>(),
-    kind<ModularCampaignKind>(),        kind<UnknownCampaignKind>(),    kind<InduceUpdateCampaignKind>(),
+    kind<AttendanceCampaignKind>([](std::string_view type) { return has(type, "attendance"); }),
+    kind<ReferralCampaignKind>([](std::string_view type) { return has(type, "referral"); }),
+    kind<StampCampaignKind>([](std::string_view type) { return has(type, "stamp"); }),
+    kind<OptInMarketingCampaignKind>([](std::string_view type) { return has(type, "marketing"); }),
+    kind<DeprecatedCampaignKind>(
+        [](std::string_view type) { return type == "custom_a_01" || type == "custom_a_02"; }),
+    kind<CampaignResultKind>([](std::string_view type) { return has(type, "result"); }),
+    kind<ModularCampaignKind>([](std::string_view) { return true; }),
+    kind<UnknownCampaignKind>(nullptr),
+    kind<InduceUpdateCampaignKind>(nullptr),
 };
 
 constexpr bool coversAll(std::size_t CampaignKind::*index, std::size_t count) {
@@ -84,7 +96,8 @@ const CampaignKind& first(IsIt isIt) {
 }  // namespace
 
 const CampaignKind& kindOfPage(std::string_view pageType) {
-  return first([pageType](const CampaignKind& row) { return row.matches(pageType); });
+  return first(
+      [pageType](const CampaignKind& row) { return row.matches != nullptr && row.matches(pageType); });
 }
 
 const CampaignKind& kindOf(const PageDetailDTO::Kind& detail) {

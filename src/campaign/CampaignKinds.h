@@ -23,7 +23,7 @@ struct CampaignKind {
   /// The index of its record in Campaign::CampaignType.
   std::size_t record = std::variant_npos;
 
-  /// True if pages of this type belong to this kind.
+  /// Returns whether pages of this type belong to this kind; null for a kind without pages.
   bool (*matches)(std::string_view pageType) = nullptr;
   /// Decodes the page's detail; throws a DecodingError.
   PageDetailDTO (*decode)(const JsonObject& page) = nullptr;
@@ -38,11 +38,6 @@ struct CampaignKind {
   /// Fills the screen. Main thread.
   void (*show)(const BrandedCampaign& element, const std::shared_ptr<CampaignScreen>& screen) = nullptr;
 };
-
-/// A helper for `matches`.
-inline bool contains(std::string_view pageType, std::string_view word) {
-  return pageType.find(word) != std::string_view::npos;
-}
 
 /// Returns the first kind that matches the type of a page.
 const CampaignKind& kindOfPage(std::string_view pageType);

@@ -8,7 +8,6 @@ struct AttendanceCampaignKind {
   using Detail = AttendanceCampaignPageDetailDTO;
   using Record = AttendanceCampaign;
 
-  static bool matches(std::string_view pageType) { return contains(pageType, "attendance"); }
   static PageDetailDTO decode(const JsonObject& page) { return PageDetailDTO::decodeAs<Detail>(page); }
   static Record map(Detail&& dto, Campaign& campaign);
   static std::string_view pageName(const Record&) { return "attendance"; }

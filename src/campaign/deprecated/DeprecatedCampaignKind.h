@@ -8,9 +8,6 @@ struct DeprecatedCampaignKind {
   using Detail = DeprecatedPageDTO;
   using Record = DeprecatedCampaign;
 
-  static bool matches(std::string_view pageType) {
-    return pageType == "custom_a_01" || pageType == "custom_a_02";
-  }
   static PageDetailDTO decode(const JsonObject&) { return {Detail{}, PageDetailDTO::fixedTitle}; }
   /// Deliberately mapped to an unknown campaign, so that the user is asked to update the application. The
   /// record of this kind is never created from a page.

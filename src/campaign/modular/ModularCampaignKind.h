@@ -8,8 +8,6 @@ struct ModularCampaignKind {
   using Detail = ModularCampaignPageDTO;
   using Record = ModularCampaign;
 
-  /// Pages of any type may be modular.
-  static bool matches(std::string_view) { return true; }
   /// A page without blocks that this build supports is unknown.
   static PageDetailDTO decode(const JsonObject& page);
   /// The title of a modular page is only taken from its layout.

@@ -8,7 +8,6 @@ struct OptInMarketingCampaignKind {
   using Detail = OptInMarketingCampaignPageDetailDTO;
   using Record = OptInMarketingCampaign;
 
-  static bool matches(std::string_view pageType) { return contains(pageType, "marketing"); }
   static PageDetailDTO decode(const JsonObject& page) { return PageDetailDTO::decodeAs<Detail>(page); }
   static Record map(Detail&& dto, Campaign& campaign);
   static std::string_view pageName(const Record&) { return "opt_in_marketing"; }

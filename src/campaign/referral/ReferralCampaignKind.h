@@ -9,7 +9,6 @@ struct ReferralCampaignKind {
   using Detail = ReferralCampaignPageDTO;
   using Record = ReferralCampaign;
 
-  static bool matches(std::string_view pageType) { return contains(pageType, "referral"); }
   static PageDetailDTO decode(const JsonObject&) { return PageDetailDTO::unknown(); }
   static Record map(Detail&&, Campaign&) { return {}; }
   static std::string_view pageName(const Record&) { return "referral"; }

@@ -8,7 +8,6 @@ struct CampaignResultKind {
   using Detail = CampaignResultPageDTO;
   using Record = CampaignResult;
 
-  static bool matches(std::string_view pageType) { return contains(pageType, "result"); }
   static PageDetailDTO decode(const JsonObject& page) { return PageDetailDTO::decodeAs<Detail>(page); }
   static Record map(Detail&& dto, Campaign& campaign);
   static std::string_view pageName(const Record&) { return "result"; }

@@ -8,7 +8,6 @@ struct StampCampaignKind {
   using Detail = StampCampaignPageDTO;
   using Record = StampCampaign;
 
-  static bool matches(std::string_view pageType) { return contains(pageType, "stamp"); }
   static PageDetailDTO decode(const JsonObject& page) { return PageDetailDTO::decodeAs<Detail>(page); }
   static Record map(Detail&& dto, Campaign& campaign);
   static std::string_view pageName(const Record&) { return "stamp"; }

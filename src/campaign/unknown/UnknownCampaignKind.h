@@ -8,8 +8,6 @@ struct UnknownCampaignKind {
   using Detail = UnknownCampaignDetailDTO;
   using Record = UnknownCampaign;
 
-  /// A page becomes unknown if its kind cannot decode it, never by its type.
-  static bool matches(std::string_view) { return false; }
   static PageDetailDTO decode(const JsonObject&) { return PageDetailDTO::unknown(); }
   static Record map(Detail&&, Campaign&) { return {}; }
   static std::string_view pageName(const Record&) { return "unknown"; }
