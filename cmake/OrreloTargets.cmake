@@ -5,9 +5,10 @@ target_compile_options(orrelo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>
   $<$<BOOL:${ORRELO_WARNINGS_ARE_ERRORS}>:-Werror>)
 # g++ 12 gives false warnings about overlapping and unbounded copies in std::string's operator+ (GCC bug
-# 105651).
+# 105651), and about reads of the string in an empty optional.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  target_compile_options(orrelo_options INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds)
+  target_compile_options(orrelo_options INTERFACE 
+    -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds -Wno-maybe-uninitialized)
 endif()
 if(ORRELO_SANITIZE)
   target_compile_options(orrelo_options INTERFACE -fsanitize=${ORRELO_SANITIZE} -fno-omit-frame-pointer
