@@ -1,6 +1,7 @@
 // Compares saving with plain SQLite, in a burst and for single events.
 #include "Benches.h"
 #include "Targets.h"
+#include "events/EventRemoteDataSource.h"
 #include "events/EventRepository.h"
 #include "network/RFC3339DateParser.h"
 #include "platform/Random.h"

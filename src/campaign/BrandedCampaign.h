@@ -2,7 +2,7 @@
 
 #include "base/Color.h"
 #include "campaign/Campaign.h"
-#include "config/ConfigRepository.h"
+#include "config/FetchConfigUseCase.h"
 #include "reactive/ObservableType.h"
 
 namespace orrelo {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "ui/Routing.h"
+#include "ui/CampaignNavigator.h"
+#include "ui/CampaignViewControllerFactory.h"
 
 #include <memory>
 #include <utility>

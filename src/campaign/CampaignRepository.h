@@ -1,9 +1,13 @@
 #pragma once
 
-#include "campaign/CampaignDataSources.h"
+#include "campaign/Campaign.h"
+#include "campaign/CampaignLocalDataSource.h"
+#include "campaign/CampaignRemoteDataSource.h"
+#include "campaign/CampaignState.h"
+#include "reactive/ObservableType.h"
 
-#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orrelo {
@@ -44,56 +48,6 @@ class CampaignRepositoryImpl final : public CampaignRepository {
  private:
   CampaignRemoteDataSource remoteDataSource_;
   CampaignLocalDataSource localDataSource_;
-};
-
-class FetchCampaignUseCase {
- public:
-  explicit FetchCampaignUseCase(std::shared_ptr<CampaignRepository> repository)
-      : repository_(std::move(repository)) {}
-
-  reactive::Observable<Campaign> fetch(const std::string& campaignId, const std::string& userId) const {
-    return repository_->fetchCampaign(campaignId, userId);
-  }
-
- private:
-  std::shared_ptr<CampaignRepository> repository_;
-};
-
-/// Fetches all campaigns and removes the stored states of campaigns that are no longer listed, including
-/// which dialogs were shown.
-class FetchCampaignsUseCase {
- public:
-  explicit FetchCampaignsUseCase(std::shared_ptr<CampaignRepository> repository)
-      : repository_(std::move(repository)) {}
-
-  reactive::Observable<std::vector<Campaign>> fetch(const std::string& userId) const;
-
- private:
-  std::shared_ptr<CampaignRepository> repository_;
-};
-
-class FetchCampaignStateUseCase {
- public:
-  explicit FetchCampaignStateUseCase(std::shared_ptr<CampaignRepository> repository)
-      : repository_(std::move(repository)) {}
-
-  std::vector<CampaignState> fetch() const { return repository_->fetchStates(); }
-
- private:
-  std::shared_ptr<CampaignRepository> repository_;
-};
-
-class SaveCampaignStateUseCase {
- public:
-  explicit SaveCampaignStateUseCase(std::shared_ptr<CampaignRepository> repository)
-      : repository_(std::move(repository)) {}
-
-  void save(const std::string& campaignId, bool popUpDialogIsShown) const {
-    repository_->saveState({campaignId, popUpDialogIsShown});
-  }
-
- private:
-  std::shared_ptr<CampaignRepository> repository_;
 };
 
 }  // namespace orrelo

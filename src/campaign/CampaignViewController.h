@@ -1,7 +1,8 @@
 #pragma once
 
 #include "campaign/CampaignScreen.h"
-#include "ui/Routing.h"
+#include "page/Page.h"
+#include "ui/PageRouter.h"
 #include "viewkit/ErrorView.h"
 
 #include <orrelo/Export.h>

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "campaign/CampaignViewModel.h"
-#include "ui/Routing.h"
+#include "ui/CampaignViewControllerFactory.h"
+#include "ui/PageRouter.h"
 
 #include <utility>
 

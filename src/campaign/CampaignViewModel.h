@@ -1,10 +1,13 @@
 #pragma once
 
 #include "campaign/BrandedCampaign.h"
-#include "campaign/CampaignRepository.h"
+#include "campaign/FetchCampaignStateUseCase.h"
+#include "campaign/FetchCampaignUseCase.h"
+#include "campaign/FetchCampaignsUseCase.h"
 #include "campaign/FetchUpdateUrlUseCase.h"
 #include "campaign/ParticipateCampaignUseCase.h"
-#include "config/ConfigRepository.h"
+#include "campaign/SaveCampaignStateUseCase.h"
+#include "config/FetchConfigUseCase.h"
 #include "reactive/ObservableType.h"
 
 #include <orrelo/ORLCampaignType.h>

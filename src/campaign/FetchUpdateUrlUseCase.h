@@ -1,7 +1,7 @@
 #pragma once
 
 #include "campaign/ItunesAPIService.h"
-#include "config/ConfigRepository.h"
+#include "config/FetchConfigUseCase.h"
 
 #include <memory>
 #include <string>

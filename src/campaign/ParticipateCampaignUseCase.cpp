@@ -1,6 +1,6 @@
 #include "campaign/ParticipateCampaignUseCase.h"
 
-#include "campaign/CampaignDataSources.h"
+#include "campaign/CampaignRemoteDataSource.h"
 #include "reactive/Observable.h"
 
 namespace orrelo {

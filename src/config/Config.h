@@ -3,7 +3,7 @@
 #include "base/Color.h"
 #include "base/Json.h"
 #include "base/JsonWriter.h"
-#include "page/Page.h"
+#include "page/Entry.h"
 
 #include <cstdint>
 #include <string>

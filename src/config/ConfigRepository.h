@@ -1,6 +1,8 @@
 #pragma once
 
-#include "config/ConfigDataSources.h"
+#include "config/Config.h"
+#include "config/ConfigLocalDataSource.h"
+#include "config/ConfigRemoteDataSource.h"
 #include "reactive/Disposable.h"
 #include "reactive/ObservableType.h"
 #include "reactive/Scheduler.h"
@@ -54,26 +56,6 @@ class ConfigRepositoryImpl final : public ConfigRepository,
   CurrentDateGenerator currentDateGenerator_;
   reactive::SchedulerPtr scheduler_;
   reactive::DisposeBag disposeBag_;
-};
-
-/// The features' access to the configuration.
-class FetchConfigUseCase {
- public:
-  virtual ~FetchConfigUseCase() = default;
-
-  /// See ConfigRepository::fetch.
-  virtual reactive::Observable<Config> fetch() = 0;
-};
-
-class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
- public:
-  explicit FetchConfigUseCaseImpl(std::shared_ptr<ConfigRepository> repository)
-      : repository_(std::move(repository)) {}
-
-  reactive::Observable<Config> fetch() override { return repository_->fetch(); }
-
- private:
-  std::shared_ptr<ConfigRepository> repository_;
 };
 
 }  // namespace orrelo

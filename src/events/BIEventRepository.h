@@ -1,7 +1,7 @@
 #pragma once
 
+#include "events/BIEventRemoteDataSource.h"
 #include "events/EventPipeline.h"
-#include "events/EventRemoteDataSource.h"
 
 #include <functional>
 #include <memory>
@@ -29,18 +29,6 @@ class BIEventRepositoryImpl final : public BIEventRepository {
 
  private:
   std::shared_ptr<EventPipeline> pipeline_;
-};
-
-class SaveBIEventUseCase {
- public:
-  explicit SaveBIEventUseCase(std::shared_ptr<BIEventRepository> repository)
-      : repository_(std::move(repository)) {}
-
-  void save(const BIEvent& event) const { repository_->save(event); }
-  void stopSending() const { repository_->stopSending(); }
-
- private:
-  std::shared_ptr<BIEventRepository> repository_;
 };
 
 }  // namespace orrelo

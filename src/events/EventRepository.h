@@ -35,16 +35,4 @@ class EventRepositoryImpl final : public EventRepository {
   std::shared_ptr<EventPipeline> pipeline_;
 };
 
-class SaveEventUseCase {
- public:
-  explicit SaveEventUseCase(std::shared_ptr<EventRepository> repository)
-      : repository_(std::move(repository)) {}
-
-  void save(const Event& event) const { repository_->save(event); }
-  void stopSending() const { repository_->stopSending(); }
-
- private:
-  std::shared_ptr<EventRepository> repository_;
-};
-
 }  // namespace orrelo

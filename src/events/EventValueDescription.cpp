@@ -6,13 +6,13 @@
 namespace orrelo {
 namespace {
 
-constexpr int maximumDepth = 16;
+constexpr int describedDepth = 16;
 
 struct Description {
   int depth = 0;
 
   std::string of(const EventValue& value) const {
-    return depth == maximumDepth ? "…" : std::visit(Description{depth + 1}, value.variant());
+    return depth == describedDepth ? "…" : std::visit(Description{depth + 1}, value.variant());
   }
 
   std::string operator()(std::monostate) const { return "<null>"; }

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "base/StringDictionary.h"
-#include "events/BIEventRepository.h"
+#include "events/Event.h"
+#include "events/SaveBIEventUseCase.h"
 
 #include <orrelo/ORLUserEvent.h>
 

@@ -1,5 +1,7 @@
 #include "kit/BIEventComponent.h"
 
+#include "events/BIEventRemoteDataSource.h"
+#include "events/BIEventRepository.h"
 #include "kit/applicationSuite.h"
 #include "network/HttpHeaderGenerator.h"
 #include "platform/EventDatabase.h"

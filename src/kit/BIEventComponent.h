@@ -1,6 +1,6 @@
 #pragma once
 
-#include "events/BIEventRepository.h"
+#include "events/SaveBIEventUseCase.h"
 
 #include <string>
 

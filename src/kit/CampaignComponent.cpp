@@ -1,7 +1,15 @@
 #include "kit/CampaignComponent.h"
 
+#include "campaign/CampaignLocalDataSource.h"
 #include "campaign/CampaignNavigatorImpl.h"
+#include "campaign/CampaignRemoteDataSource.h"
+#include "campaign/CampaignRepository.h"
 #include "campaign/CampaignViewControllerFactoryImpl.h"
+#include "campaign/CampaignViewModel.h"
+#include "campaign/FetchCampaignStateUseCase.h"
+#include "campaign/FetchCampaignUseCase.h"
+#include "campaign/FetchCampaignsUseCase.h"
+#include "campaign/SaveCampaignStateUseCase.h"
 #include "network/HTTPClient.h"
 
 #include <orrelo/Platform.h>

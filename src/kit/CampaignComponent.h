@@ -1,8 +1,10 @@
 #pragma once
 
-#include "config/ConfigRepository.h"
+#include "config/FetchConfigUseCase.h"
 #include "network/NetworkConfig.h"
-#include "ui/Routing.h"
+#include "ui/CampaignNavigator.h"
+#include "ui/CampaignViewControllerFactory.h"
+#include "ui/PageRouter.h"
 
 #include <memory>
 #include <string>

@@ -1,5 +1,8 @@
 #include "kit/ConfigComponent.h"
 
+#include "config/ConfigLocalDataSource.h"
+#include "config/ConfigRepository.h"
+
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "config/ConfigRepository.h"
+#include "config/ConfigRemoteDataSource.h"
+#include "config/FetchConfigUseCase.h"
 #include "network/NetworkConfig.h"
 
 #include <orrelo/UserDefaults.h>

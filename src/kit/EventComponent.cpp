@@ -1,6 +1,8 @@
 #include "kit/EventComponent.h"
 
 #include "base/Logger.h"
+#include "events/EventRemoteDataSource.h"
+#include "events/EventRepository.h"
 #include "platform/EventDatabase.h"
 
 #include <orrelo/Platform.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "events/EventRepository.h"
+#include "events/SaveEventUseCase.h"
 #include "network/NetworkConfig.h"
 
 namespace orrelo {

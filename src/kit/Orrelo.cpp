@@ -10,7 +10,9 @@
 #include "network/KelsoMutator.h"
 #include "platform/URLSession.h"
 #include "platform/threads/onMain.h"
+#include "ui/CampaignViewControllerFactory.h"
 #include "ui/RunningKit.h"
+#include "ui/showScreen.h"
 #include "viewkit/ErrorViewController.h"
 
 #include <orrelo/Orrelo.h>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "config/ConfigRepository.h"
+#include "config/FetchConfigUseCase.h"
 #include "navigation/ShowPageUseCase.h"
-#include "ui/Routing.h"
+#include "ui/PageRouter.h"
 
 #include <memory>
 

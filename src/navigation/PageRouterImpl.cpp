@@ -2,6 +2,7 @@
 
 #include "base/Logger.h"
 #include "platform/Application.h"
+#include "ui/Router.h"
 #include "ui/RunningKit.h"
 
 #include <orrelo/Platform.h>

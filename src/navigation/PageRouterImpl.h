@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Routing.h"
+#include "ui/PageRouter.h"
 
 #include <memory>
 

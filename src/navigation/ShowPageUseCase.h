@@ -1,9 +1,9 @@
 #pragma once
 
-#include "config/ConfigRepository.h"
+#include "config/FetchConfigUseCase.h"
 #include "reactive/Disposable.h"
 #include "reactive/Scheduler.h"
-#include "ui/Routing.h"
+#include "ui/PageRouter.h"
 
 #include <memory>
 #include <string>

@@ -2,6 +2,7 @@
 
 #include "base/Logger.h"
 #include "platform/threads/onMain.h"
+#include "ui/showScreen.h"
 
 #include <orrelo/Platform.h>
 

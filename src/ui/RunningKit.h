@@ -1,6 +1,9 @@
 #pragma once
 
-#include "ui/Routing.h"
+#include "page/Page.h"
+#include "ui/CampaignNavigator.h"
+#include "ui/Router.h"
+#include "ui/ViewController.h"
 
 #include <functional>
 #include <memory>

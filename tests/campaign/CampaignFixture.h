@@ -1,7 +1,10 @@
 #pragma once
 
 #include "CampaignReplies.h"
-#include "campaign/CampaignViewModel.h"
+#include "campaign/CampaignLocalDataSource.h"
+#include "campaign/CampaignRemoteDataSource.h"
+#include "campaign/CampaignRepository.h"
+#include "campaign/ParticipateCampaignUseCase.h"
 #include "reactive/Observable.h"
 #include "support/TestPlatform.h"
 

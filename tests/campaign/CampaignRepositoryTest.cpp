@@ -1,4 +1,9 @@
 #include "CampaignFixture.h"
+#include "campaign/CampaignState.h"
+#include "campaign/FetchCampaignStateUseCase.h"
+#include "campaign/FetchCampaignUseCase.h"
+#include "campaign/FetchCampaignsUseCase.h"
+#include "campaign/SaveCampaignStateUseCase.h"
 
 #include <gmock/gmock.h>
 

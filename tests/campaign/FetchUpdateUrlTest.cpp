@@ -1,4 +1,6 @@
 #include "CampaignFixture.h"
+#include "campaign/FetchUpdateUrlUseCase.h"
+#include "campaign/ItunesAPIService.h"
 #include "support/FixedConfig.h"
 
 #include <gmock/gmock.h>

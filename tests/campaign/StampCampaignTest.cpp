@@ -1,5 +1,6 @@
 #include "campaign/CampaignMapper.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
+#include "campaign/stamp/StampBoardView.h"
 #include "campaign/stamp/StampCampaignView.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"

@@ -1,5 +1,8 @@
+#include "config/ConfigLocalDataSource.h"
+#include "config/ConfigRemoteDataSource.h"
 #include "config/ConfigRepository.h"
 #include "config/FetchConfigResponse.h"
+#include "config/FetchConfigUseCase.h"
 #include "reactive/Observable.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"

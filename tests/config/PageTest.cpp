@@ -1,4 +1,5 @@
 #include "base/Error.h"
+#include "page/Entry.h"
 #include "page/Page.h"
 #include "support/LogCapture.h"
 

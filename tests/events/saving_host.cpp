@@ -1,5 +1,6 @@
 // Saves events until it is killed, and prints the id of each once its insert has completed.
 // Usage: saving_host <data folder> <service URL> <certificate file>
+#include "events/EventRemoteDataSource.h"
 #include "events/EventRepository.h"
 #include "platform/Random.h"
 #include "platform/URLSession.h"

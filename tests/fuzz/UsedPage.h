@@ -4,6 +4,7 @@
 #include "campaign/attendance/AttendanceCampaignView.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 #include "campaign/result/CampaignResultView.h"
+#include "campaign/stamp/StampBoardView.h"
 #include "campaign/stamp/StampCampaignView.h"
 #include "modular/ModularCampaignView.h"
 #include "modular/content/ActionButtonView.h"

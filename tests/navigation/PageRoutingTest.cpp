@@ -3,8 +3,12 @@
 #include "navigation/ShowPageUseCase.h"
 #include "support/FixedConfig.h"
 #include "support/TestPlatform.h"
+#include "ui/CampaignNavigator.h"
+#include "ui/CampaignViewControllerFactory.h"
 #include "ui/KeyWindow.h"
 #include "ui/NavigationController.h"
+#include "ui/PageRouter.h"
+#include "ui/Router.h"
 #include "ui/RunningKit.h"
 
 #include <gmock/gmock.h>

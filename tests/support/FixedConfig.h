@@ -1,6 +1,7 @@
 #pragma once
 
-#include "config/ConfigRepository.h"
+#include "config/Config.h"
+#include "config/FetchConfigUseCase.h"
 #include "reactive/Observable.h"
 
 #include <optional>

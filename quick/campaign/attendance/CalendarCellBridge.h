@@ -1,6 +1,6 @@
 #pragma once
 
-#include "campaign/attendance/CampaignCalendarView.h"
+#include "campaign/attendance/CampaignCalendarViewCell.h"
 #include "quick/image/ImageBridge.h"
 
 #include <QColor>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "campaign/stamp/StampCampaignView.h"
+#include "campaign/stamp/StampBoardView.h"
 #include "quick/campaign/stamp/StampCellBridge.h"
 
 #include <QVariantList>

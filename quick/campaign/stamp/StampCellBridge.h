@@ -1,6 +1,6 @@
 #pragma once
 
-#include "campaign/stamp/StampCampaignView.h"
+#include "campaign/stamp/StampViewCell.h"
 #include "quick/image/ImageBridge.h"
 
 namespace orrelo::quick {

@@ -3,39 +3,19 @@
 #include "base/Color.h"
 #include "campaign/attendance/CalendarCellViewState.h"
 #include "campaign/attendance/CampaignCalendar.h"
+#include "campaign/attendance/CampaignCalendarViewCell.h"
 #include "image/ImageView.h"
-#include "viewkit/legibility.h"
 
 #include <orrelo/Export.h>
 
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orrelo {
-
-/// The look of a cell of the calendar.
-struct CampaignCalendarViewCell {
-  /// The number of the day; empty if the icon is shown instead.
-  std::string day = {};
-  /// The text below the day; usually empty.
-  std::string bottomText = {};
-  Color dayColor = {};
-  Color bottomColor = plainTextColor;
-  /// Usually transparent.
-  Color backgroundColor{0.0, 0.0, 0.0, 0.0};
-  /// In points; 0 if there is no border.
-  double borderWidth = 0.0;
-  Color borderColor = {};
-  /// True if space for the icon is reserved, even if there is no icon.
-  bool hasIcon = false;
-  std::string iconUrl = {};
-  /// The label for assistive technology; empty for cells that it should skip.
-  std::string accessibilityLabel = {};
-
-  friend bool operator==(const CampaignCalendarViewCell&, const CampaignCalendarViewCell&) = default;
-};
 
 /// The calendar of the month with seven columns.
 class ORRELO_EXPORT CampaignCalendarView final : public View {
@@ -70,9 +50,5 @@ class ORRELO_EXPORT CampaignCalendarView final : public View {
  private:
   std::map<std::string, std::shared_ptr<ImageView>> iconViews_;
 };
-
-/// The look of a cell in a state; `day` is the cell's day of the month.
-CampaignCalendarViewCell renderCell(const CalendarCellViewState& state, const Color& primary,
-                                    const Color& secondary, int day);
 
 }  // namespace orrelo

@@ -1,6 +1,7 @@
 #include "campaign/result/CampaignResultKind.h"
 
 #include "campaign/CampaignScreen.h"
+#include "campaign/CampaignState.h"
 #include "campaign/result/CampaignResultView.h"
 #include "viewkit/PopUpDialogViewController.h"
 

@@ -1,27 +1,16 @@
 #include "campaign/stamp/StampCampaignView.h"
 
-#include "base/preconditionFailure.h"
+#include "campaign/stamp/StampBoardView.h"
+#include "image/ImageView.h"
 #include "viewkit/CampaignNoticeView.h"
 #include "viewkit/InformationView.h"
 
 #include <algorithm>
-#include <iterator>
-#include <utility>
+#include <optional>
+#include <string>
 
 namespace orrelo {
 namespace {
-
-std::vector<std::shared_ptr<StampViewCell>> wholeRows(const std::vector<Mission>& missions,
-                                                      std::int64_t columnCount) {
-  if (columnCount == 0) preconditionFailure("A stamp board has no columns");
-  if (columnCount < 0) return {};
-  const auto columns = static_cast<std::size_t>(columnCount);
-  std::vector<std::shared_ptr<StampViewCell>> cells;
-  std::transform(missions.begin(), missions.begin() + std::ptrdiff_t(missions.size() / columns * columns),
-                 std::back_inserter(cells),
-                 [](const Mission& mission) { return std::make_shared<StampViewCell>(mission); });
-  return cells;
-}
 
 std::shared_ptr<View> imageOf(const std::optional<std::string>& url) {
   if (!url) return nullptr;
@@ -41,10 +30,6 @@ bool isUnique(StampCampaignComponent component) {
 }
 
 }  // namespace
-
-StampBoardView::StampBoardView(const std::vector<Mission>& missions, std::int64_t columns)
-    : columnCount(static_cast<std::size_t>(std::max<std::int64_t>(0, columns))),
-      cells(wholeRows(missions, columns)) {}
 
 StampCampaignView::StampCampaignView(const StampCampaign& campaign) {
   const auto& order = campaign.layout.componentOrder;

@@ -1,18 +1,14 @@
 #pragma once
 
 #include "config/Config.h"
-#include "network/HTTPClient.h"
-#include "network/NetworkConfig.h"
-#include "reactive/ObservableType.h"
 
 #include <orrelo/UserDefaults.h>
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace orrelo {
-
-using ConfigNetworkConfig = NetworkConfig;
 
 /// Stores a copy of the configuration on the device, in the application's suite of user defaults.
 class ConfigLocalDataSource {
@@ -26,19 +22,6 @@ class ConfigLocalDataSource {
 
  private:
   std::shared_ptr<UserDefaults> userDefaults_;
-};
-
-/// Fetches the configuration with GET "/config".
-class ConfigRemoteDataSource {
- public:
-  ConfigRemoteDataSource(ConfigNetworkConfig networkConfig, std::shared_ptr<HTTPClient> httpClient)
-      : networkConfig_(std::move(networkConfig)), httpClient_(std::move(httpClient)) {}
-
-  reactive::Observable<Config> fetch() const;
-
- private:
-  ConfigNetworkConfig networkConfig_;
-  std::shared_ptr<HTTPClient> httpClient_;
 };
 
 }  // namespace orrelo

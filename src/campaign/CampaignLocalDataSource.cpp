@@ -1,12 +1,14 @@
-#include "campaign/CampaignDataSources.h"
+#include "campaign/CampaignLocalDataSource.h"
 
+#include "base/Error.h"
 #include "base/Json.h"
 #include "base/JsonWriter.h"
 #include "base/Utf8.h"
-#include "reactive/Observable.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <set>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -69,37 +71,6 @@ void CampaignLocalDataSource::store(std::vector<CampaignState> states) const {
   const auto& text = json.result();
   const auto* const bytes = reinterpret_cast<const std::byte*>(text.data());
   userDefaults_->set(storedKey, DefaultsData(bytes, bytes + text.size()));
-}
-
-HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId) {
-  headers["buid"] = userId;
-  return headers;
-}
-
-reactive::Observable<Campaign> CampaignRemoteDataSource::fetch(const std::string& campaignId,
-                                                               const std::string& userId) const {
-  return get("/campaigns/" + campaignId, userId).map([mapper = mapper_](const HTTPReply& reply) {
-    return mapper.map(CampaignDTO::decode(reply.data));
-  });
-}
-
-reactive::Observable<std::vector<Campaign>> CampaignRemoteDataSource::fetchAll(
-    const std::string& userId) const {
-  return get("/campaigns", userId).map([mapper = mapper_](const HTTPReply& reply) {
-    std::vector<Campaign> campaigns;
-    CampaignDTO::decodeList(reply.data,
-                            [&](CampaignDTO&& dto) { campaigns.push_back(mapper.map(std::move(dto))); });
-    return campaigns;
-  });
-}
-
-reactive::Observable<HTTPReply> CampaignRemoteDataSource::get(const std::string& path,
-                                                              const std::string& userId) const {
-  URLRequestBuilder builder(URLRequestBuilder::Method::get);
-  builder.baseUrl = networkConfig_.baseUrl;
-  builder.path = path;
-  builder.headers = withUser(networkConfig_.headers, userId);
-  return send(builder, *httpClient_).observeOn(scheduler_);
 }
 
 }  // namespace orrelo

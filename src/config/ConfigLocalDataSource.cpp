@@ -1,9 +1,8 @@
-#include "config/ConfigDataSources.h"
+#include "config/ConfigLocalDataSource.h"
 
-#include "config/FetchConfigResponse.h"
-#include "reactive/Observable.h"
+#include "base/Error.h"
 
-#include <string_view>
+#include <cstddef>
 
 namespace orrelo {
 namespace {
@@ -26,16 +25,6 @@ void ConfigLocalDataSource::save(const Config& config) const {
   const auto json = config.encode();
   const auto* const bytes = reinterpret_cast<const std::byte*>(json.data());
   userDefaults_->set(storedKey, DefaultsData(bytes, bytes + json.size()));
-}
-
-reactive::Observable<Config> ConfigRemoteDataSource::fetch() const {
-  URLRequestBuilder builder(URLRequestBuilder::Method::get);
-  builder.baseUrl = networkConfig_.baseUrl;
-  builder.path = "/config";
-  builder.headers = networkConfig_.headers;
-  return send(builder, *httpClient_).map([](const HTTPReply& reply) {
-    return FetchConfigResponse::decode(reply.data).toConfig();
-  });
 }
 
 }  // namespace orrelo

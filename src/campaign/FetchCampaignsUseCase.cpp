@@ -1,4 +1,4 @@
-#include "campaign/CampaignRepository.h"
+#include "campaign/FetchCampaignsUseCase.h"
 
 #include "reactive/Observable.h"
 

@@ -1,4 +1,4 @@
-#include "ui/Routing.h"
+#include "ui/showScreen.h"
 
 #include "ui/NavigationController.h"
 

@@ -1,0 +1,41 @@
+#include "campaign/CampaignRemoteDataSource.h"
+
+#include "campaign/CampaignDTO.h"
+#include "reactive/Observable.h"
+
+#include <utility>
+
+namespace orrelo {
+
+HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId) {
+  headers["buid"] = userId;
+  return headers;
+}
+
+reactive::Observable<Campaign> CampaignRemoteDataSource::fetch(const std::string& campaignId,
+                                                               const std::string& userId) const {
+  return get("/campaigns/" + campaignId, userId).map([mapper = mapper_](const HTTPReply& reply) {
+    return mapper.map(CampaignDTO::decode(reply.data));
+  });
+}
+
+reactive::Observable<std::vector<Campaign>> CampaignRemoteDataSource::fetchAll(
+    const std::string& userId) const {
+  return get("/campaigns", userId).map([mapper = mapper_](const HTTPReply& reply) {
+    std::vector<Campaign> campaigns;
+    CampaignDTO::decodeList(reply.data,
+                            [&](CampaignDTO&& dto) { campaigns.push_back(mapper.map(std::move(dto))); });
+    return campaigns;
+  });
+}
+
+reactive::Observable<HTTPReply> CampaignRemoteDataSource::get(const std::string& path,
+                                                              const std::string& userId) const {
+  URLRequestBuilder builder(URLRequestBuilder::Method::get);
+  builder.baseUrl = networkConfig_.baseUrl;
+  builder.path = path;
+  builder.headers = withUser(networkConfig_.headers, userId);
+  return send(builder, *httpClient_).observeOn(scheduler_);
+}
+
+}  // namespace orrelo

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "config/Config.h"
+#include "config/ConfigRepository.h"
+#include "reactive/ObservableType.h"
+
+#include <memory>
+#include <utility>
+
+namespace orrelo {
+
+/// The features' access to the configuration.
+class FetchConfigUseCase {
+ public:
+  virtual ~FetchConfigUseCase() = default;
+
+  /// See ConfigRepository::fetch.
+  virtual reactive::Observable<Config> fetch() = 0;
+};
+
+class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
+ public:
+  explicit FetchConfigUseCaseImpl(std::shared_ptr<ConfigRepository> repository)
+      : repository_(std::move(repository)) {}
+
+  reactive::Observable<Config> fetch() override { return repository_->fetch(); }
+
+ private:
+  std::shared_ptr<ConfigRepository> repository_;
+};
+
+}  // namespace orrelo
