@@ -28,6 +28,9 @@ struct Heard {
 /// The data layer of campaigns on a scripted network.
 class CampaignFixture : public testing::Test {
  protected:
+  CampaignFixture();
+  ~CampaignFixture() override;
+
   template <class T>
   static std::shared_ptr<Heard<T>> listenLater(const reactive::Observable<T>& stream) {
     auto heard = std::make_shared<Heard<T>>();
@@ -52,23 +55,15 @@ class CampaignFixture : public testing::Test {
     platform_.session->lay(ScriptedURLSession::reply(status, body));
   }
   const std::vector<URLRequest>& requests() const { return platform_.session->requests; }
-  void store(const std::string& json) {
-    const auto* const bytes = reinterpret_cast<const std::byte*>(json.data());
-    suite_->set("orrelo_live_campaign_state_array", DefaultsData(bytes, bytes + json.size()));
-  }
-  std::string stored() const {
-    const auto data = suite_->data("orrelo_live_campaign_state_array");
-    return data ? std::string(reinterpret_cast<const char*>(data->data()), data->size()) : "(nothing)";
-  }
+  void store(const std::string& json);
+  std::string stored() const;
 
   TestPlatform platform_;
   std::shared_ptr<UserDefaults> suite_ = platform_.defaults->suite("app");
   NetworkConfig networkConfig_{"https://api.example/sdk/app", {{"Kelso-UUID", "u"}, {"buid", "nobody"}}};
-  std::shared_ptr<HTTPClient> client_ = std::make_shared<HTTPClientImpl>();
-  std::shared_ptr<CampaignRepository> repository_ = std::make_shared<CampaignRepositoryImpl>(
-      CampaignRemoteDataSource(networkConfig_, client_, scheduler()), CampaignLocalDataSource(suite_));
-  std::shared_ptr<ParticipateCampaignUseCaseImpl> participate_ =
-      std::make_shared<ParticipateCampaignUseCaseImpl>(networkConfig_, client_, scheduler());
+  std::shared_ptr<HTTPClient> client_;
+  std::shared_ptr<CampaignRepository> repository_;
+  std::shared_ptr<ParticipateCampaignUseCaseImpl> participate_;
 };
 
 }  // namespace orrelo::test

@@ -1,58 +1,25 @@
 #pragma once
 
-#include "base/Error.h"
 #include "campaign/CampaignMapper.h"
+#include "support/Json.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 namespace orrelo::test {
 
-using Json = nlohmann::ordered_json;
-
 /// A reply of the service from the folder of test data.
-inline std::string storedReply(const std::string& name) {
-  std::ifstream file(std::string(ORRELO_TEST_DATA) + "/" + name);
-  EXPECT_TRUE(file) << name;
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+std::string storedReply(const std::string& name);
 
-inline Json attendanceJson() {
-  return Json::parse(storedReply("list.json"))[0];
-}
-inline Json resultJson() {
-  return Json::parse(storedReply("list.json"))[1];
-}
-inline Json unknownJson(const std::string& id = "c-new") {
-  return {{"id", id},
-          {"label", "새로운"},
-          {"name", "새 캠페인"},
-          {"icon", "i"},
-          {"page", {{"page_type", "hologram"}, {"page_id", "p"}}}};
-}
+Json attendanceJson();
+Json resultJson();
+Json unknownJson(const std::string& id = "c-new");
 
-inline Campaign mapped(const Json& json) {
-  return CampaignMapper().map(CampaignDTO::decode(json.dump()));
-}
+Campaign mapped(const Json& json);
 /// The page name and the public type, or the error in its place.
-inline std::string described(Campaign::CampaignType type) {
-  const Campaign campaign{"id", "label", "name", "icon", std::nullopt, std::move(type)};
-  try {
-    return pageName(campaign) + " " + std::to_string(static_cast<int>(publicType(campaign)));
-  } catch (const Error& error) {
-    return pageName(campaign) + " " + error.description();
-  }
-}
-inline std::vector<CampaignDTO> decodedList(const std::string& json) {
-  std::vector<CampaignDTO> list;
-  CampaignDTO::decodeList(json, [&](CampaignDTO&& dto) { list.push_back(std::move(dto)); });
-  return list;
-}
-inline CalendarDate day(int year, int month, int number) {
-  return {year, month, number};
-}
+std::string described(Campaign::CampaignType type);
+std::vector<CampaignDTO> decodedList(const std::string& json);
+CalendarDate day(int year, int month, int number);
 
 }  // namespace orrelo::test

@@ -36,41 +36,17 @@ class Consent final : public ORLOptInMarketingCampaignDelegate {
 /// Campaign screens opened through the façade; the service replies by path.
 class CampaignScreenTest : public testing::Test {
  protected:
-  CampaignScreenTest() {
-    replies_["/config"] = ScriptedURLSession::reply(200, configReply());
-    replies_["/campaigns/c-1"] = ScriptedURLSession::reply(200, campaignReply(attendancePage()));
-    platform_.session->responder = [this](const URLRequest& request) -> std::optional<URLSessionResult> {
-      for (const auto& [path, reply] : replies_) {
-        if (request.url.path().ends_with(path)) return reply;
-      }
-      return ScriptedURLSession::reply(200);
-    };
-    Orrelo::setUserEventDelegate(reports_);
-    Orrelo::initialize(ORLConfig("shop"));
-    Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
-    host_->appear(false);
-    platform_.loop->run();
-    reports_->names.clear();
-  }
+  CampaignScreenTest();
+  ~CampaignScreenTest() override;
 
-  std::shared_ptr<CampaignViewController> open() {
-    Orrelo::showCampaign("c-1", host_);
-    platform_.loop->run();
-    return std::dynamic_pointer_cast<CampaignViewController>(host_->presentedViewController());
-  }
+  std::shared_ptr<CampaignViewController> open();
   template <class Content>
   static std::shared_ptr<Content> content(const CampaignViewController& screen) {
     return std::dynamic_pointer_cast<Content>(screen.state().content);
   }
-  void press(const AttendanceCampaignView& page) {
-    page.actionView->onClick();
-    platform_.loop->run();
-  }
+  void press(const AttendanceCampaignView& page);
   std::size_t requests(const std::string& path) const { return platform_.session->requestsTo(path).size(); }
-  static std::string errorOf(const CampaignViewController& screen) {
-    const auto state = screen.errorView->state.value();
-    return state.isHidden ? "" : state.text;
-  }
+  static std::string errorOf(const CampaignViewController& screen);
 
   TestPlatform platform_;
   std::map<std::string, std::optional<URLSessionResult>> replies_;

@@ -6,7 +6,7 @@
 #include "support/Reports.h"
 #include "support/TestPlatform.h"
 
-#include <orrelo/Orrelo.h>
+#include <functional>
 
 namespace orrelo::test {
 
@@ -14,11 +14,7 @@ namespace orrelo::test {
 class Requests final : public ModularCampaignViewDelegate {
  public:
   void participate(const std::string& url) override { note("participate " + url); }
-  void route(const Page& page) override {
-    JsonWriter json;
-    page.encode(json);
-    note("route " + json.result());
-  }
+  void route(const Page& page) override;
   void reload() override { note("reload"); }
 
   Lines lines;
@@ -39,21 +35,12 @@ class Screen final : public ORLUIViewController {
 /// Pages built into views on the test platform.
 class RenderedPage : public testing::Test {
  protected:
-  RenderedPage() { Orrelo::setUserEventDelegate(reports_); }
+  RenderedPage();
+  ~RenderedPage() override;
 
-  std::shared_ptr<ModularCampaignView> build(const Json& page) {
-    auto dto = decodePage(page);
-    auto view = ModularCampaignView::create({std::move(dto.components), std::move(dto.config)});
-    view->delegate = requests_;
-    return view;
-  }
+  std::shared_ptr<ModularCampaignView> build(const Json& page);
   /// A page of one block, and its arranged view.
-  StackView::Arranged arrange(const std::string& kind, const Json& block) {
-    page_ = build(pageOf({kind}, {{kind, Json::array({block})}}));
-    const auto arranged = page_->stackView->arrangedSubviews;
-    EXPECT_EQ(arranged.size(), 1U);
-    return arranged.at(0);
-  }
+  StackView::Arranged arrange(const std::string& kind, const Json& block);
   template <class BlockView>
   std::shared_ptr<BlockView> render(const std::string& kind, const Json& block) {
     auto view = std::dynamic_pointer_cast<BlockView>(arrange(kind, block).view);

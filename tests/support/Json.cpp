@@ -1,0 +1,3 @@
+#include "support/Json.h"
+
+template class nlohmann::basic_json<nlohmann::ordered_map>;
