@@ -3,6 +3,8 @@
 #include "base/Error.h"
 #include "reactive/Disposable.h"
 
+#include <orrelo/Export.h>
+
 #include <memory>
 #include <optional>
 #include <utility>
@@ -161,5 +163,7 @@ class Subscriber final : public Observer<T>, public Cancelable {
   std::shared_ptr<Handlers<T>> handlers_;
   Disposable upstream_;
 };
+
+extern template class ORRELO_EXPORT Subscriber<Unit>;  // see Subjects.h
 
 }  // namespace orrelo::reactive

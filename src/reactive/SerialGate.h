@@ -2,6 +2,8 @@
 
 #include "reactive/Observer.h"
 
+#include <orrelo/Export.h>
+
 #include <atomic>
 #include <cstddef>
 #include <list>
@@ -133,5 +135,7 @@ class SerialGate {
   NotificationQueue<T> queue_;
   ObserverPtr<T> downstream_;
 };
+
+extern template class ORRELO_EXPORT SerialGate<Unit>;  // see Subjects.h
 
 }  // namespace orrelo::reactive

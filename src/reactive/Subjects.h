@@ -166,10 +166,10 @@ class BehaviorSubject : public Subject<T> {
   T value() const { return *this->core_->replayed(); }
 };
 
-// Streams of signals are used nearly everywhere, so their classes are compiled once, in Subjects.cpp.
-extern template class ORRELO_EXPORT SerialGate<Unit>;
+// Streams of signals are used nearly everywhere, so their classes are compiled once, in Subjects.cpp. Each
+// class is declared so beside its template: a source that does not see the declaration would emit a copy that
+// is not exported.
 extern template class ORRELO_EXPORT SubjectCore<Unit>;
 extern template class ORRELO_EXPORT Subject<Unit>;
-extern template class ORRELO_EXPORT Subscriber<Unit>;
 
 }  // namespace orrelo::reactive
