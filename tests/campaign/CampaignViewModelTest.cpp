@@ -1,12 +1,4 @@
-#include "CampaignFixture.h"
-#include "campaign/CampaignViewModel.h"
-#include "campaign/FetchCampaignStateUseCase.h"
-#include "campaign/FetchCampaignUseCase.h"
-#include "campaign/FetchCampaignsUseCase.h"
-#include "campaign/SaveCampaignStateUseCase.h"
-#include "reactive/Subjects.h"
-#include "support/FixedConfig.h"
-#include "support/Reports.h"
+#include "CampaignViewModelFixture.h"
 
 #include <gmock/gmock.h>
 
@@ -15,76 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::shared_ptr<FixedConfig> brandedConfig() {
-  auto config = Config::defaults();
-  config.brandTheme = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
-  config.appStoreUrl = "https://store.example/app";
-  return std::make_shared<FixedConfig>(config);
-}
-
-class CampaignViewModelTest : public CampaignFixture {
- protected:
-  CampaignViewModelTest() { setUserEventDelegate(visits_); }
-  ~CampaignViewModelTest() override { setUserEventDelegate(nullptr); }
-
-  /// Subscribes as the screen does when it loads.
-  void appear() {
-    const auto output =
-        viewModel_->transform(byId_.asObservable(), byType_.asObservable(), action_.asObservable());
-    const auto background = scheduler(QualityOfService::userInteractive);
-    loading_ = listen(output.isLoading.subscribeOn(background));
-    // Runs nothing yet: the work of the subscription waits on the background scheduler.
-    campaigns_ =
-        listenLater(output.campaign.subscribeOn(background).observeOn(reactive::MainScheduler::instance()));
-  }
-  void load(const std::string& id, std::optional<std::string> user = "user-1") {
-    byId_.onNext({id, std::move(user)});
-    platform_.loop->run();
-  }
-  void load(ORLCampaignType type, std::optional<std::string> user = "user-1") {
-    byType_.onNext({type, std::move(user)});
-    platform_.loop->run();
-  }
-  void participate(const std::string& url, std::optional<std::string> user = "user-1") {
-    action_.onNext({url, std::move(user)});
-    platform_.loop->run();
-  }
-  void answer(const Json& body) {
-    platform_.session->answer(ScriptedURLSession::reply(200, body.dump()));
-    platform_.loop->run();
-  }
-  std::vector<std::string> paths() const {
-    std::vector<std::string> paths;
-    for (const auto& request : requests()) paths.push_back(std::string(request.url.path()));
-    return paths;
-  }
-  static BrandedCampaign branded(Campaign campaign) {
-    return {std::move(campaign), {1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
-  }
-  /// The stream has ended with `error`, and later triggers do nothing.
-  void expectEnded(const std::string& error) {
-    EXPECT_EQ(campaigns_->end, error);
-    EXPECT_FALSE(loading_->elements.back());
-    const auto before = requests().size();
-    load("c-again");
-    load(ORLCampaignType::attendance);
-    participate("/again");
-    EXPECT_EQ(requests().size(), before);
-  }
-
-  std::shared_ptr<Reports> visits_ = std::make_shared<Reports>();
-  std::shared_ptr<CampaignViewModelImpl> viewModel_ = CampaignViewModelImpl::create(
-      {FetchCampaignsUseCase(repository_), FetchCampaignUseCase(repository_), brandedConfig(), participate_,
-       std::make_shared<FetchUpdateUrlUseCaseImpl>(
-           std::make_shared<ItunesAPIServiceImpl>(client_, scheduler()), brandedConfig()),
-       FetchCampaignStateUseCase(repository_), SaveCampaignStateUseCase(repository_)});
-  reactive::PublishSubject<CampaignTrigger<std::string>> byId_;
-  reactive::PublishSubject<CampaignTrigger<ORLCampaignType>> byType_;
-  reactive::PublishSubject<CampaignTrigger<std::string>> action_;
-  std::shared_ptr<Heard<BrandedCampaign>> campaigns_;
-  std::shared_ptr<Heard<bool>> loading_;
-};
 
 TEST_F(CampaignViewModelTest, TheFirstTriggerIsNotLostThoughTheSubscriptionBeginsElsewhere) {
   appear();

@@ -1,7 +1,7 @@
 // Several threads at once; the thread sanitizer runs these tests too.
 
 #include "reactive/Combining.h"
-#include "reactive/Subjects.h"
+#include "support/IntStreams.h"
 #include "support/PoolScheduler.h"
 
 #include <barrier>
@@ -16,8 +16,7 @@ using namespace reactive;
 using std::chrono::milliseconds;
 
 /// Runs `work(index)` on `count` threads that begin together, and waits for them.
-template <class Work>
-void together(int count, Work work) {
+void together(int count, const std::function<void(int)>& work) {
   std::barrier start(count);
   std::vector<std::jthread> threads;
   for (int i = 0; i < count; ++i) {

@@ -2,18 +2,11 @@
 
 #include "reactive/Observable.h"
 #include "reactive/Scheduler.h"
-#include "reactive/Subjects.h"
+#include "support/IntStreams.h"
 
 #include <string>
 #include <tuple>
 #include <vector>
-
-// The streams of most tests, compiled once, in Probe.cpp.
-extern template class orrelo::reactive::Observable<int>;
-extern template class orrelo::reactive::SerialGate<int>;
-extern template class orrelo::reactive::SubjectCore<int>;
-extern template class orrelo::reactive::Subject<int>;
-extern template class orrelo::reactive::Subscriber<int>;
 
 namespace orrelo::test {
 

@@ -1,4 +1,4 @@
-#include "support/Probe.h"
+#include "support/IntStreams.h"
 
 template class orrelo::reactive::Observable<int>;
 template class orrelo::reactive::SerialGate<int>;
