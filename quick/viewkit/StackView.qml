@@ -14,7 +14,7 @@ Column {
             id: row
 
             required property var modelData
-            readonly property Item block: loader.item
+            readonly property Item block: loader.item as Item
             readonly property bool hasBlock: block?.visible ?? false
 
             width: stack.width
