@@ -20,7 +20,8 @@ std::shared_ptr<FixedConfig> brandedConfig() {
 
 CampaignViewModelTest::CampaignViewModelTest()
     : viewModel_(CampaignViewModelImpl::create(
-          {FetchCampaignsUseCase(repository_), FetchCampaignUseCase(repository_), brandedConfig(), participate_,
+          {FetchCampaignsUseCase(repository_), FetchCampaignUseCase(repository_), brandedConfig(),
+           participate_,
            std::make_shared<FetchUpdateUrlUseCaseImpl>(
                std::make_shared<ItunesAPIServiceImpl>(client_, scheduler()), brandedConfig()),
            FetchCampaignStateUseCase(repository_), SaveCampaignStateUseCase(repository_)})) {
