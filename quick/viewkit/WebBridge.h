@@ -45,11 +45,11 @@ class WebBridge final : public orrelo::quick::ViewBridge {
   Q_INVOKABLE void didReceive() { web_.didReceive(); }
   Q_INVOKABLE void didFinish(bool succeeded) { web_.didFinish(succeeded); }
   Q_INVOKABLE void processDidEnd() { web_.processDidEnd(); }
-  Q_INVOKABLE bool mayGoTo(const QUrl& url, bool isFrame) const {
-    return WebView::mayGoTo(url.scheme().toStdString(), isFrame);
+  Q_INVOKABLE bool mayGoTo(const QUrl& target, bool isFrame) const {
+    return WebView::mayGoTo(target.scheme().toStdString(), isFrame);
   }
-  Q_INVOKABLE void openWindow(const QUrl& url, bool isAskedFor) {
-    web_.openWindow(url.toEncoded().toStdString(), isAskedFor);
+  Q_INVOKABLE void openWindow(const QUrl& target, bool isAskedFor) {
+    web_.openWindow(target.toEncoded().toStdString(), isAskedFor);
   }
 
  private:

@@ -24,6 +24,7 @@ struct OperatorCase {
   bool callsBack;
 };
 
+// NOLINTNEXTLINE(readability-identifier-naming): GoogleTest calls it by this name.
 inline void PrintTo(const OperatorCase& operatorCase, std::ostream* stream) {
   *stream << operatorCase.name;
 }
