@@ -131,6 +131,7 @@ struct Fault {
   int systemError = 0;
 };
 
+// NOLINTNEXTLINE(readability-identifier-naming): GoogleTest calls it by this name.
 void PrintTo(const Fault& fault, std::ostream* stream) {
   *stream << "call " << static_cast<int>(fault.call) << ", code " << fault.code;
 }
