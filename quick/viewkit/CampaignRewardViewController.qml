@@ -18,7 +18,7 @@ FocusScope {
     Rectangle {
         id: card
 
-        readonly property real room: parent.height - 48
+        readonly property real availableHeight: parent.height - 48
 
         anchors.centerIn: parent
         width: Math.min(340, parent.width - 48)
@@ -39,7 +39,7 @@ FocusScope {
             x: 24
             y: 52
             width: parent.width - 48
-            height: Math.min(column.height, card.room - y - 20 - confirmButton.height - 24)
+            height: Math.min(column.height, card.availableHeight - y - 20 - confirmButton.height - 24)
             contentHeight: column.height
             boundsBehavior: Flickable.StopAtBounds
             interactive: contentHeight > height

@@ -23,10 +23,10 @@ FocusScope {
     Flickable {
         id: content
 
-        readonly property real room: Math.min(view.width, Theme.contentWidth) - 2 * Theme.margin
+        readonly property real availableWidth: Math.min(view.width, Theme.contentWidth) - 2 * Theme.margin
 
         anchors { horizontalCenter: parent.horizontalCenter; bottom: closeArea.top; bottomMargin: 20 }
-        width: Math.min(room, Math.max(topLabel.implicitWidth, topSubLabel.implicitWidth, picture.width))
+        width: Math.min(availableWidth, Math.max(topLabel.implicitWidth, topSubLabel.implicitWidth, picture.width))
         height: Math.min(column.height, view.height - closeArea.height - 20 - 2 * Theme.margin)
         contentHeight: column.height
         boundsBehavior: Flickable.StopAtBounds
@@ -63,7 +63,7 @@ FocusScope {
             KitImage {
                 id: picture
                 anchors.horizontalCenter: parent.horizontalCenter
-                width: Math.min(content.room, 320)
+                width: Math.min(content.availableWidth, 320)
                 height: Math.min(heightForWidth, view.height * 0.5)
                 model: view.screen.image
             }

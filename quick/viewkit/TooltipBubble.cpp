@@ -6,22 +6,34 @@
 namespace orrelo::quick {
 namespace {
 
+constexpr double cornerRadius = 5.0;
+/// The background of the whole view, beneath the bubble and its tail.
+constexpr Color backing{0.0, 0.0, 0.0, 0.02};
+/// The shadow of the bubble and its tail is black and lies below them.
+constexpr double shadowOpacity = 0.4;
+constexpr double shadowOffset = 4.0;
+constexpr double shadowRadius = 3.0;
+
 // Draws outlines of different widths whose opacities add up to a shadow that fades out over its radius.
 void paintShadow(QPainter& painter, const QPainterPath& outline) {
   constexpr int steps = 6;
   painter.setBrush(Qt::NoBrush);
-  const auto shadow = outline.translated(TooltipView::shadowOffset.x, TooltipView::shadowOffset.y);
+  const auto shadow = outline.translated(0.0, shadowOffset);
   for (int step = 0; step < steps; ++step) {
-    const double width = 2 * TooltipView::shadowRadius * (steps - step) / steps;
+    const double width = 2 * shadowRadius * (steps - step) / steps;
     QPainterPathStroker stroker;
     stroker.setWidth(2 * width);
     stroker.setJoinStyle(Qt::RoundJoin);
     painter.fillPath(shadow.united(stroker.createStroke(shadow)),
-                     QColor::fromRgbF(0.0F, 0.0F, 0.0F, float(TooltipView::shadowOpacity / steps)));
+                     QColor::fromRgbF(0.0F, 0.0F, 0.0F, float(shadowOpacity / steps)));
   }
 }
 
 }  // namespace
+
+double TooltipBubble::margin() {
+  return shadowOffset + 2 * shadowRadius;
+}
 
 void TooltipBubble::paint(QPainter* painter) {
   if (!tooltip_) return;
@@ -29,8 +41,8 @@ void TooltipBubble::paint(QPainter* painter) {
   const QRectF area(0.0, 0.0, width() - 2 * margin(), height() - 2 * margin());
   const auto shape = tooltip.shape({area.width(), area.height()});
   QPainterPath bubble;
-  bubble.addRoundedRect(QRectF(0.0, shape.top, shape.size.width, shape.size.height),
-                        TooltipView::cornerRadius, TooltipView::cornerRadius);
+  bubble.addRoundedRect(QRectF(0.0, shape.top, shape.size.width, shape.size.height), cornerRadius,
+                        cornerRadius);
   QPainterPath tail;
   tail.moveTo(shape.tail[0].x, shape.tail[0].y);
   tail.lineTo(shape.tail[1].x, shape.tail[1].y);
@@ -39,7 +51,7 @@ void TooltipBubble::paint(QPainter* painter) {
   const auto outline = bubble.united(tail);
   painter->setRenderHint(QPainter::Antialiasing);
   painter->translate(margin(), margin());
-  painter->fillRect(area, toQt(TooltipView::backing));
+  painter->fillRect(area, toQt(backing));
   paintShadow(*painter, outline);
   painter->fillPath(outline, toQt(tooltip.look.tooltipBackgroundColor));
 }

@@ -18,7 +18,7 @@ class TooltipBubble : public QQuickPaintedItem {
  public:
   explicit TooltipBubble(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) { setAntialiasing(true); }
 
-  static double margin() { return TooltipView::shadowOffset.y + 2 * TooltipView::shadowRadius; }
+  static double margin();
   void paint(QPainter* painter) override;
 
  Q_SIGNALS:

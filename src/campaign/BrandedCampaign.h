@@ -2,8 +2,6 @@
 
 #include "base/Color.h"
 #include "campaign/Campaign.h"
-#include "config/FetchConfigUseCase.h"
-#include "reactive/ObservableType.h"
 
 namespace orrelo {
 
@@ -16,9 +14,5 @@ struct BrandedCampaign {
 
   friend bool operator==(const BrandedCampaign&, const BrandedCampaign&) = default;
 };
-
-/// Adds the colours of the configuration to each campaign.
-reactive::Observable<BrandedCampaign> branded(const reactive::Observable<Campaign>& campaigns,
-                                              FetchConfigUseCase& fetchConfigUseCase);
 
 }  // namespace orrelo

@@ -24,7 +24,7 @@ constexpr std::size_t alternativeIndex(std::type_identity<std::variant<Alternati
   return static_cast<std::size_t>(std::find(isIt.begin(), isIt.end(), true) - isIt.begin());
 }
 
-/// The row of a kind, which belongs to the pages whose type `matches`; null for a kind without pages.
+/// The row of a kind. `matches` is null if no page type selects the kind.
 template <class Kind>
 constexpr CampaignKind kind(bool (*matches)(std::string_view pageType)) {
   using Record = typename Kind::Record;
@@ -87,6 +87,12 @@ static_assert(coversAll(&CampaignKind::detail, std::variant_size_v<PageDetailDTO
               "every detail has one kind");
 static_assert(coversAll(&CampaignKind::record, std::variant_size_v<Campaign::CampaignType>),
               "every record has one kind");
+
+static_assert(std::count_if(kinds.begin(), kinds.end(),
+                            [](const CampaignKind& row) {
+                              return row.detail != std::variant_npos && row.matches == nullptr;
+                            }) == 1,
+              "only a page's failure makes it unknown; a type selects each other kind with pages");
 
 template <class IsIt>
 const CampaignKind& first(IsIt isIt) {

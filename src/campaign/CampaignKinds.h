@@ -23,7 +23,7 @@ struct CampaignKind {
   /// The index of its record in Campaign::CampaignType.
   std::size_t record = std::variant_npos;
 
-  /// Returns whether pages of this type belong to this kind; null for a kind without pages.
+  /// Returns whether pages of this type belong to this kind; null if no type selects it.
   bool (*matches)(std::string_view pageType) = nullptr;
   /// Decodes the page's detail; throws a DecodingError.
   PageDetailDTO (*decode)(const JsonObject& page) = nullptr;

@@ -1,6 +1,7 @@
 #include "campaign/CampaignViewModel.h"
 
 #include "campaign/LoadingState.h"
+#include "campaign/branded.h"
 #include "events/UserEventTracker.h"
 #include "reactive/Combining.h"
 #include "reactive/Observable.h"

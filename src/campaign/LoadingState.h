@@ -6,8 +6,9 @@
 
 namespace orrelo {
 
-/// Whether a screen's pipeline is loading. After `finish`, concurrent triggers cannot set it to loading
-/// again. Observers are called while the lock is held; they observe on their own scheduler. Thread-safe.
+/// The loading state of a screen's pipeline. After `finish`, concurrent triggers cannot set it to loading
+/// again. Observers are called while the lock is held and must therefore switch to another scheduler.
+/// Thread-safe.
 class LoadingState {
  public:
   void begin() { set(true, false); }

@@ -45,14 +45,7 @@ class ORRELO_EXPORT TooltipView final : public View {
     std::array<Point, 3> tail;
   };
 
-  static constexpr double cornerRadius = 5.0;
   static constexpr double tailHeight = 10.0;
-  /// The background of the whole view, beneath the bubble and its tail.
-  static constexpr Color backing{0.0, 0.0, 0.0, 0.02};
-  /// The shadow of the bubble and its tail, in black. The radius is the platform's default.
-  static constexpr double shadowOpacity = 0.4;
-  static constexpr Point shadowOffset{0.0, 4.0};
-  static constexpr double shadowRadius = 3.0;
   /// The animation of the opacity. After it the view is transparent and ignores taps but is not marked as
   /// hidden.
   static constexpr Animation fade{

@@ -37,11 +37,11 @@ double number(QQuickItem* item, const char* property) {
 
 class GeometryTest : public QuickTest {
  protected:
-  void openPage(const std::string& page, const char* sign) {
+  void openPage(const std::string& page, const char* awaitedName) {
     service_->answers["/campaigns/c-1"] = {200, campaignReply(page)};
     open({390, 1200});
     showCampaign();
-    ASSERT_TRUE(waitForNamed(QString::fromUtf8(sign)));
+    ASSERT_TRUE(waitForNamed(QString::fromUtf8(awaitedName)));
     settle();
   }
   QQuickItem* text(const char* shown) const {

@@ -29,7 +29,7 @@ inline void PrintTo(const OperatorCase& operatorCase, std::ostream* stream) {
   *stream << operatorCase.name;
 }
 
-/// The operators that call a callback of the host.
+/// The operators that take a callback.
 std::vector<OperatorCase> operatorsWithCallbacks();
 std::vector<OperatorCase> everyOperator();
 

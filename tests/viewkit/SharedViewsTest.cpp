@@ -4,6 +4,7 @@
 #include "viewkit/IconRectangleButton.h"
 #include "viewkit/RxButton.h"
 #include "viewkit/ToastLayer.h"
+#include "viewkit/joinedLabel.h"
 
 #include <gmock/gmock.h>
 
@@ -59,6 +60,12 @@ TEST(RxButtonTest, TheFirstAndTheLastPressOfAnIntervalPass) {
   button.onTouchUpInside();
   EXPECT_EQ(taps, 2);
   subscription.dispose();
+}
+
+TEST(JoinedLabelTest, LeavesOutAnEmptyText) {
+  EXPECT_EQ(joinedLabel("출석체크", "포인트 받기"), "출석체크, 포인트 받기");
+  EXPECT_EQ(joinedLabel("", "포인트 받기"), "포인트 받기");
+  EXPECT_EQ(joinedLabel("출석체크", ""), "출석체크");
 }
 
 TEST(IconRectangleButtonTest, CountsToNine) {

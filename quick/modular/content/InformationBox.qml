@@ -7,11 +7,11 @@ Rectangle {
 
     required property InformationBoxBridge model
     readonly property real margin: 24
-    readonly property real room: width - 2 * margin
+    readonly property real availableWidth: width - 2 * margin
     /// The width available to the left text beside the image.
-    readonly property real textRoom: room - left.spacing - picture.width
+    readonly property real textWidth: availableWidth - left.spacing - picture.width
     readonly property bool isStacked: leftText.implicitWidth + left.spacing + picture.width + 12
-                                      + right.implicitWidth > room
+                                      + right.implicitWidth > availableWidth
 
     implicitHeight: Math.max(84,
                              (isStacked ? left.height + 4 + right.height : Math.max(left.height, right.height)) + 32)
@@ -26,19 +26,19 @@ Rectangle {
         y: Math.floor((box.height - height - (box.isStacked ? 4 + right.height : 0)) / 2)
         spacing: 10
         // A text that would need several lines in less than half of the box is placed above the image.
-        columns: box.textRoom < Math.min(leftText.implicitWidth, box.room / 2) ? 1 : 2
+        columns: box.textWidth < Math.min(leftText.implicitWidth, box.availableWidth / 2) ? 1 : 2
         verticalItemAlignment: Grid.AlignVCenter
 
         KitText {
             id: leftText
-            width: Math.min(implicitWidth, left.columns === 1 ? box.room : box.textRoom)
+            width: Math.min(implicitWidth, left.columns === 1 ? box.availableWidth : box.textWidth)
             size: 14
             text: box.model.leftText
             Accessible.ignored: true
         }
         KitImage {
             id: picture
-            width: Math.min(box.model.imageWidth, box.room)
+            width: Math.min(box.model.imageWidth, box.availableWidth)
             height: box.model.imageHeight
             model: box.model.image
         }
@@ -47,7 +47,7 @@ Rectangle {
         id: right
         anchors { right: parent.right; rightMargin: box.margin }
         y: box.isStacked ? left.y + left.height + 4 : Math.floor((box.height - height) / 2)
-        width: Math.max(0, box.isStacked ? box.room : box.room - left.width - 12)
+        width: Math.max(0, box.isStacked ? box.availableWidth : box.availableWidth - left.width - 12)
         horizontalAlignment: Text.AlignRight
         size: 14
         font.bold: true

@@ -7,14 +7,14 @@ PressArea {
 
     required property PageEntryBridge model
 
-    implicitHeight: ground.height
+    implicitHeight: panel.height
     name: model.accessibilityLabel
     role: Accessible.Link
-    focusFrame: ground
+    focusFrame: panel
     onPressed: view.model.didAction()
 
     Rectangle {
-        id: ground
+        id: panel
 
         readonly property real margin: 20
         readonly property real gap: 10
@@ -30,7 +30,7 @@ PressArea {
 
             readonly property bool hasIcon: bitmapSize.width > 0
 
-            anchors { left: parent.left; leftMargin: ground.margin; verticalCenter: parent.verticalCenter }
+            anchors { left: parent.left; leftMargin: panel.margin; verticalCenter: parent.verticalCenter }
             width: hasIcon ? 32 : 0
             height: 32
             model: view.model.icon
@@ -38,8 +38,8 @@ PressArea {
         Column {
             id: lines
             anchors {
-                left: icon.right; leftMargin: icon.hasIcon ? ground.gap : 0
-                right: arrow.left; rightMargin: ground.gap
+                left: icon.right; leftMargin: icon.hasIcon ? panel.gap : 0
+                right: arrow.left; rightMargin: panel.gap
                 verticalCenter: parent.verticalCenter
             }
             spacing: 4
@@ -60,7 +60,7 @@ PressArea {
         }
         Image {
             id: arrow
-            anchors { right: parent.right; rightMargin: ground.margin; verticalCenter: parent.verticalCenter }
+            anchors { right: parent.right; rightMargin: panel.margin; verticalCenter: parent.verticalCenter }
             width: 16
             height: 16
             source: view.model.tapAsset

@@ -15,7 +15,7 @@ class ScratchLotteryBridge final : public orrelo::quick::ViewBridge {
   Q_PROPERTY(QString result MEMBER result CONSTANT)
   Q_PROPERTY(QColor resultColor MEMBER resultColor CONSTANT)
   Q_PROPERTY(QUrl resultAsset MEMBER resultAsset CONSTANT)
-  Q_PROPERTY(QColor groundColor MEMBER groundColor CONSTANT)
+  Q_PROPERTY(QColor backgroundColor MEMBER backgroundColor CONSTANT)
   Q_PROPERTY(bool isMaskHidden READ isMaskHidden NOTIFY stateChanged)
   /// True if the card reacts to a press by a key or by assistive technology.
   Q_PROPERTY(bool isPressable READ isPressable NOTIFY stateChanged)
@@ -27,7 +27,7 @@ class ScratchLotteryBridge final : public orrelo::quick::ViewBridge {
       : ViewBridge(view, parent),
         result(toQt(view->content.result)),
         resultColor(toQt(view->content.primaryColor)),
-        groundColor(toQt(view->content.secondaryColor)),
+        backgroundColor(toQt(view->content.secondaryColor)),
         keepsTouches(view->keepsTouches()),
         lottery_(*view) {
     follow(lottery_.scratchMaskView->state);
@@ -36,7 +36,7 @@ class ScratchLotteryBridge final : public orrelo::quick::ViewBridge {
   const QString result;
   const QColor resultColor;
   const QUrl resultAsset = assetFile(ScratchLotteryView::resultAsset);
-  const QColor groundColor;
+  const QColor backgroundColor;
   const bool keepsTouches;
 
   bool isMaskHidden() const { return mask().state.value().isHidden; }

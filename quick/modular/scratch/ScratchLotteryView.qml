@@ -27,7 +27,7 @@ FocusScope {
     Rectangle {
         anchors.fill: parent
         radius: card.cornerRadius
-        color: card.model.groundColor
+        color: card.model.backgroundColor
         border { width: 2; color: "white" }
     }
     Row {

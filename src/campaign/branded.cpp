@@ -1,4 +1,4 @@
-#include "campaign/BrandedCampaign.h"
+#include "campaign/branded.h"
 
 #include "config/withBrandTheme.h"
 #include "reactive/Observable.h"
