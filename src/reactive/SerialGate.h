@@ -29,7 +29,6 @@ class NotificationQueue {
   void clear() { events_.clear(); }
 
  private:
-  // Unlike a deque, a list allocates nothing while it is empty, as it usually is.
   std::list<Event<T>> events_;
 };
 
