@@ -7,7 +7,7 @@ target_compile_options(orrelo_options INTERFACE
 # g++ 12 gives false warnings about overlapping and unbounded copies in std::string's operator+ (GCC bug
 # 105651), and about reads of the string in an empty optional.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  target_compile_options(orrelo_options INTERFACE 
+  target_compile_options(orrelo_options INTERFACE
     -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds -Wno-maybe-uninitialized)
 endif()
 if(ORRELO_SANITIZE)
