@@ -7,14 +7,16 @@ cd "$1"
 layers=(base platform reactive "model page" network config events ui image viewkit modular campaign
   "rewards referral inappmessage push" navigation kit)
 # The front's folders lie above all of them. `quick` itself has the list of the kinds and stands above their folders.
-features="quick/campaign/attendance quick/campaign/optinmarketing quick/campaign/result quick/campaign/stamp"
+features="quick/campaign/attendance quick/campaign/entry quick/campaign/list quick/campaign/optinmarketing
+  quick/campaign/result quick/campaign/stamp"
 layers+=(quick/include quick/platform quick/bridge quick/image quick/viewkit quick/modular
   "quick/modular/content quick/modular/roulette quick/modular/scratch" quick/campaign "$features quick/campaign/update"
+  "quick/rewards/externalpoint quick/rewards/gifticon quick/rewards/point" quick/rewards quick/navigation
   quick/host quick quick/web)
 
 # What the front takes of the core beside its public headers: screens, views and pictures, and nothing that decides
 # what stands in them.
-drawn="ui image viewkit modular campaign"
+drawn="ui image viewkit modular campaign rewards navigation"
 # Further folders of the core, for the front's ground.
 declare -A ground=(
   [quick/platform]="base platform"  # realises the interfaces of the machine

@@ -49,23 +49,31 @@ class GeometryTest : public QuickTest {
     return found != nullptr ? found : throw std::runtime_error(shown);
   }
   QRectF place(const char* shown) const { return sceneRect(text(shown)); }
-  QQuickItem* imageIn(const QQuickItem* outer) const {
-    for (auto* const image : drawnBy("KitImage")) {
-      if (outer->isAncestorOf(image)) return image;
-    }
-    throw std::runtime_error("no image");
+  /// Waits for an image to be loaded in `outer`, and for the layout that follows.
+  QQuickItem* imageIn(const QQuickItem* outer) {
+    QQuickItem* found = nullptr;
+    const bool isLoaded = waitFor([&] {
+      for (auto* const image : drawnBy("KitImage")) {
+        if (outer->isAncestorOf(image)) found = image;
+      }
+      return found != nullptr;
+    });
+    if (!isLoaded) throw std::runtime_error("no image");
+    settle();
+    return found;
   }
 };
 
 TEST_F(GeometryTest, Blocks) {
   openPage(blocksPage, "상자 열기");
-  const auto button = sceneRect(text("상자 열기")->parentItem());
-  const auto boxes = drawnBy("InformationBox");
-  const auto box = sceneRect(boxes.at(0));
-  const auto boxImage = sceneRect(imageIn(boxes[0]));
   auto* const entry = text("출석체크")->parentItem()->parentItem();
+  const auto boxes = drawnBy("InformationBox");
+  auto* const iconItem = imageIn(entry);
+  const auto boxImage = sceneRect(imageIn(boxes.at(0)));
+  const auto icon = sceneRect(iconItem);
   const auto ground = sceneRect(entry);
-  const auto icon = sceneRect(imageIn(entry));
+  const auto button = sceneRect(text("상자 열기")->parentItem());
+  const auto box = sceneRect(boxes[0]);
   const auto* const card = drawnBy("ScratchLotteryView").at(0);
   auto* const cardGround = card->childItems().front();
   click(QStringLiteral("당첨 확률 안내"));
@@ -109,11 +117,12 @@ TEST_F(GeometryTest, CampaignPages) {
   auto* const number17 = day->childItems().at(2);
   auto* const belowToday = today->childItems().at(3);
   const auto* const bonus = text("20일, 보너스");
+  const double bonusIconHeight = imageIn(bonus)->height();
   expectSizes({
       {"check-in button's height", text("출석체크 하기")->parentItem()->height(), 56},
       {"day's font", number(number17, "font.pixelSize"), day->height() / 2.5},
       {"font below the day", number(belowToday, "font.pixelSize"), today->height() / 3.5},
-      {"bonus icon's side", imageIn(bonus)->height(), bonus->height() / 1.5},
+      {"bonus icon's side", bonusIconHeight, bonus->height() / 1.5},
       {"legend's font", number(text("출석"), "font.pixelSize"), 10},
   });
   service_->answers["/lookup"] = {200, R"({"resultCount":0,"results":[]})"};

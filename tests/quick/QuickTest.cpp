@@ -168,7 +168,7 @@ void WindowTest::open(QSize size, double textScale) {
 }
 
 bool WindowTest::waitFor(const std::function<bool()>& holds) {
-  return QTest::qWaitFor(holds, 5000);
+  return QTest::qWaitFor(holds, 20'000);
 }
 
 void WindowTest::settle() {

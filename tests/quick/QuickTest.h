@@ -38,7 +38,7 @@ class WindowTest : public testing::Test {
   std::shared_ptr<ViewController> host() const { return quick::hostViewController(window_); }
   void showCampaign(const std::string& id) { Orrelo::showCampaign(id, host()); }
 
-  /// Runs the event loop until `holds` returns true; returns false after five seconds.
+  /// Runs the event loop until `holds` returns true; returns false after 20 seconds.
   static bool waitFor(const std::function<bool()>& holds);
   /// Runs the event loop until no screen moves and no visible item has changed its place for a tenth of a
   /// second.
