@@ -18,9 +18,11 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
 }
 
 RunningKit OrreloComponent::runningKit() const {
-  return {.campaignNavigator = campaignComponent_->campaignNavigator,
-          // Referral, points, gifticons and their exchange have no screens yet.
-          .router = [](Page::Fixed) { return nullptr; }};
+  return {
+      .fetchConfigUseCase = configComponent_->fetchConfigUseCase,
+      .campaignNavigator = campaignComponent_->campaignNavigator,
+      .routers = {},
+  };
 }
 
 }  // namespace orrelo

@@ -18,7 +18,9 @@ void open(const Url& url) {
 std::shared_ptr<Router> runningRouter(Page::Fixed page) {
   if (!RunningKit::isInitialized("route(with:page:)")) return nullptr;
   const auto kit = RunningKit::current();
-  return kit ? kit->router(page) : nullptr;
+  if (!kit) return nullptr;
+  const auto found = kit->routers.find(page);
+  return found != kit->routers.end() ? found->second : nullptr;
 }
 
 void routeToFeature(const std::shared_ptr<ViewController>& from, const Page& page) {

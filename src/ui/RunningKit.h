@@ -1,11 +1,12 @@
 #pragma once
 
+#include "config/FetchConfigUseCase.h"
 #include "page/Page.h"
 #include "ui/CampaignNavigator.h"
 #include "ui/Router.h"
 #include "ui/ViewController.h"
 
-#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,9 +16,10 @@ namespace orrelo {
 /// The services of the initialized kit that features use without knowing who builds it. `initialize` sets the
 /// current one.
 struct RunningKit {
+  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
   std::shared_ptr<CampaignNavigator> campaignNavigator;
-  /// Returns the feature's router for a page, or null if this kit has none.
-  std::function<std::shared_ptr<Router>(Page::Fixed page)> router;
+  /// The routers of the features by page. A page without a router cannot be opened.
+  std::map<Page::Fixed, std::shared_ptr<Router>> routers;
 
   /// The current kit; null until `makeCurrent`. All functions may be called on any thread.
   static std::shared_ptr<const RunningKit> current();

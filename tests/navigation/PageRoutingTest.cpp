@@ -57,11 +57,10 @@ class PageRoutingTest : public testing::Test {
         {[](const Url& url) { return url.scheme() == "shop"; },
          [this](const Url& url) { done_.push_back("open " + std::string(url.text())); }});
     setKeyWindowRootViewController(host_);
-    RunningKit::makeCurrent(std::make_shared<RunningKit>(
-        RunningKit{.campaignNavigator = std::make_shared<Campaigns>(),
-                   .router = [this](Page::Fixed page) -> std::shared_ptr<Router> {
-                     return page == Page::Fixed::gifticon ? feature_ : nullptr;
-                   }}));
+    RunningKit::makeCurrent(
+        std::make_shared<RunningKit>(RunningKit{.fetchConfigUseCase = config_,
+                                                .campaignNavigator = std::make_shared<Campaigns>(),
+                                                .routers = {{Page::Fixed::gifticon, feature_}}}));
   }
   ~PageRoutingTest() override {
     RunningKit::makeCurrent(nullptr);
