@@ -14,17 +14,21 @@ Kinds rouletteKinds();
 Kinds scratchKinds();
 Kinds campaignKinds();
 Kinds attendanceKinds();
+Kinds entryKinds();
+Kinds listKinds();
 Kinds optInMarketingKinds();
 Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
+Kinds navigationKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),   viewkitKinds(),  modularKinds(),    contentKinds(),        rouletteKinds(),
-      scratchKinds(), campaignKinds(), attendanceKinds(), optInMarketingKinds(), resultKinds(),
-      stampKinds(),   updateKinds(),   hostKinds(),
+      imageKinds(),    viewkitKinds(), modularKinds(),        contentKinds(),
+      rouletteKinds(), scratchKinds(), campaignKinds(),       attendanceKinds(),
+      entryKinds(),    listKinds(),    optInMarketingKinds(), resultKinds(),
+      stampKinds(),    updateKinds(),  navigationKinds(),     hostKinds(),
   };
   return folders;
 }
