@@ -1,6 +1,6 @@
 #include "campaign/ParticipateCampaignUseCase.h"
 
-#include "campaign/CampaignRemoteDataSource.h"
+#include "campaign/CampaignDTO.h"
 #include "reactive/Observable.h"
 
 namespace orrelo {

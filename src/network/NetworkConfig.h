@@ -19,4 +19,10 @@ inline HTTPHeaders withJsonContentType(HTTPHeaders headers) {
   return headers;
 }
 
+/// Adds the header "buid" with the user's id and replaces an existing one.
+inline HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId) {
+  headers["buid"] = userId;
+  return headers;
+}
+
 }  // namespace orrelo
