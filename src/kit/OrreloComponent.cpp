@@ -11,6 +11,8 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   const auto userDefaults = applicationSuite(appKey);
   const NetworkConfig networkConfig{baseUrl + "sdk/" + appKey, HttpHeaderGenerator(userDefaults).generate()};
   configComponent_ = std::make_unique<ConfigComponent>(userDefaults, networkConfig);
+  gifticonComponent_ =
+      std::make_unique<GifticonComponent>(configComponent_->fetchConfigUseCase, networkConfig);
   pageComponent_ = std::make_unique<PageComponent>(configComponent_->fetchConfigUseCase);
   campaignComponent_ = std::make_unique<CampaignComponent>(
       configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
@@ -21,7 +23,10 @@ RunningKit OrreloComponent::runningKit() const {
   return {
       .fetchConfigUseCase = configComponent_->fetchConfigUseCase,
       .campaignNavigator = campaignComponent_->campaignNavigator,
-      .routers = {},
+      .routers =
+          {
+              {Page::Fixed::gifticon, gifticonComponent_->router},
+          },
   };
 }
 

@@ -3,6 +3,7 @@
 #include "kit/CampaignComponent.h"
 #include "kit/ConfigComponent.h"
 #include "kit/EventComponent.h"
+#include "kit/GifticonComponent.h"
 #include "kit/PageComponent.h"
 #include "ui/RunningKit.h"
 
@@ -25,6 +26,7 @@ class OrreloComponent {
   const PageComponent& pageComponent() const { return *pageComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
+  const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
 
   /// The services of this tree for the features.
   RunningKit runningKit() const;
@@ -34,6 +36,7 @@ class OrreloComponent {
   std::unique_ptr<PageComponent> pageComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
+  std::unique_ptr<GifticonComponent> gifticonComponent_;
 };
 
 }  // namespace orrelo
