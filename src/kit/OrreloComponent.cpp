@@ -12,6 +12,8 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   const NetworkConfig networkConfig{baseUrl + "sdk/" + appKey, HttpHeaderGenerator(userDefaults).generate()};
   configComponent_ = std::make_unique<ConfigComponent>(userDefaults, networkConfig);
   pointComponent_ = std::make_unique<PointComponent>(configComponent_->fetchConfigUseCase, networkConfig);
+  gifticonComponent_ =
+      std::make_unique<GifticonComponent>(configComponent_->fetchConfigUseCase, networkConfig);
   pageComponent_ = std::make_unique<PageComponent>(configComponent_->fetchConfigUseCase);
   campaignComponent_ = std::make_unique<CampaignComponent>(
       configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
@@ -25,6 +27,7 @@ RunningKit OrreloComponent::runningKit() const {
       .routers =
           {
               {Page::Fixed::pointRedemptionHistory, pointComponent_->router},
+              {Page::Fixed::gifticon, gifticonComponent_->router},
           },
   };
 }

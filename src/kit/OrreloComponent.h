@@ -3,6 +3,7 @@
 #include "kit/CampaignComponent.h"
 #include "kit/ConfigComponent.h"
 #include "kit/EventComponent.h"
+#include "kit/GifticonComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
 #include "ui/RunningKit.h"
@@ -26,6 +27,7 @@ class OrreloComponent {
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
+  const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
   const PageComponent& pageComponent() const { return *pageComponent_; }
 
   /// The services of this tree for the features.
@@ -36,6 +38,7 @@ class OrreloComponent {
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
+  std::unique_ptr<GifticonComponent> gifticonComponent_;
   std::unique_ptr<PageComponent> pageComponent_;
 };
 
