@@ -11,6 +11,7 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   const auto userDefaults = applicationSuite(appKey);
   const NetworkConfig networkConfig{baseUrl + "sdk/" + appKey, HttpHeaderGenerator(userDefaults).generate()};
   configComponent_ = std::make_unique<ConfigComponent>(userDefaults, networkConfig);
+  pointComponent_ = std::make_unique<PointComponent>(configComponent_->fetchConfigUseCase, networkConfig);
   gifticonComponent_ =
       std::make_unique<GifticonComponent>(configComponent_->fetchConfigUseCase, networkConfig);
   pageComponent_ = std::make_unique<PageComponent>(configComponent_->fetchConfigUseCase);
@@ -25,6 +26,7 @@ RunningKit OrreloComponent::runningKit() const {
       .campaignNavigator = campaignComponent_->campaignNavigator,
       .routers =
           {
+              {Page::Fixed::pointRedemptionHistory, pointComponent_->router},
               {Page::Fixed::gifticon, gifticonComponent_->router},
           },
   };
