@@ -44,6 +44,17 @@ void ZoomImageView::toggle(double x, double y) {
   enlarge(scale_ > 1.0 ? 1.0 / scale_ : closer, x, y);
 }
 
+void ZoomImageView::beginGesture(double x, double y) {
+  gesture_ = {scale_, x, y};
+}
+
+void ZoomImageView::continueGesture(double factor, double x, double y) {
+  move(x - gesture_.x, y - gesture_.y);
+  enlarge(gesture_.beginScale * factor / scale_, x, y);
+  gesture_.x = x;
+  gesture_.y = y;
+}
+
 void ZoomImageView::setImage(const ImagePtr& image) {
   ImageView::setImage(image);
   scale_ = 1.0;

@@ -28,6 +28,10 @@ class ORRELO_EXPORT ZoomImageView final : public ImageView {
   void turnWheel(double notches, double x, double y);
   /// Shows the whole image if it is enlarged, or else enlarges it at (x, y).
   void toggle(double x, double y);
+  /// A drag or a pinch begins whose middle is at (x, y). Its middle then moves to other places, and `factor`
+  /// tells how far its fingers have spread since the beginning.
+  void beginGesture(double x, double y);
+  void continueGesture(double factor, double x, double y);
 
   void setImage(const ImagePtr& image) override;
 
@@ -43,6 +47,13 @@ class ORRELO_EXPORT ZoomImageView final : public ImageView {
   /// From the view's centre to the image's.
   double offsetX_ = 0.0;
   double offsetY_ = 0.0;
+
+  struct Gesture {
+    double beginScale = 1.0;
+    double x = 0.0;
+    double y = 0.0;
+  };
+  Gesture gesture_;
 };
 
 }  // namespace orrelo
