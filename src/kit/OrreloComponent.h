@@ -5,6 +5,7 @@
 #include "kit/EventComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
+#include "kit/RewardComponent.h"
 #include "ui/RunningKit.h"
 
 #include <orrelo/ORLConfig.h>
@@ -26,6 +27,7 @@ class OrreloComponent {
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
+  const RewardComponent& rewardComponent() const { return *rewardComponent_; }
   const PageComponent& pageComponent() const { return *pageComponent_; }
 
   /// The services of this tree for the features.
@@ -36,6 +38,7 @@ class OrreloComponent {
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
+  std::unique_ptr<RewardComponent> rewardComponent_;
   std::unique_ptr<PageComponent> pageComponent_;
 };
 
