@@ -18,13 +18,14 @@ Kinds optInMarketingKinds();
 Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
+Kinds pointKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
       imageKinds(),   viewkitKinds(),  modularKinds(),    contentKinds(),        rouletteKinds(),
       scratchKinds(), campaignKinds(), attendanceKinds(), optInMarketingKinds(), resultKinds(),
-      stampKinds(),   updateKinds(),   hostKinds(),
+      stampKinds(),   updateKinds(),   pointKinds(),      hostKinds(),
   };
   return folders;
 }
