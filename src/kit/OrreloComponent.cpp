@@ -14,6 +14,8 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   pointComponent_ = std::make_unique<PointComponent>(configComponent_->fetchConfigUseCase, networkConfig);
   gifticonComponent_ =
       std::make_unique<GifticonComponent>(configComponent_->fetchConfigUseCase, networkConfig);
+  rewardComponent_ = std::make_unique<RewardComponent>(configComponent_->fetchConfigUseCase,
+                                                       pointComponent_->fetchPointUseCase, networkConfig);
   pageComponent_ = std::make_unique<PageComponent>(configComponent_->fetchConfigUseCase);
   campaignComponent_ = std::make_unique<CampaignComponent>(
       configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
@@ -24,6 +26,7 @@ RunningKit OrreloComponent::runningKit() const {
   return {
       .fetchConfigUseCase = configComponent_->fetchConfigUseCase,
       .campaignNavigator = campaignComponent_->campaignNavigator,
+      .rewardViewModel = rewardComponent_->viewModel,
       .routers =
           {
               {Page::Fixed::pointRedemptionHistory, pointComponent_->router},

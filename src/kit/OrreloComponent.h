@@ -6,6 +6,7 @@
 #include "kit/GifticonComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
+#include "kit/RewardComponent.h"
 #include "ui/RunningKit.h"
 
 #include <orrelo/ORLConfig.h>
@@ -28,6 +29,7 @@ class OrreloComponent {
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
   const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
+  const RewardComponent& rewardComponent() const { return *rewardComponent_; }
   const PageComponent& pageComponent() const { return *pageComponent_; }
 
   /// The services of this tree for the features.
@@ -39,6 +41,7 @@ class OrreloComponent {
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
   std::unique_ptr<GifticonComponent> gifticonComponent_;
+  std::unique_ptr<RewardComponent> rewardComponent_;
   std::unique_ptr<PageComponent> pageComponent_;
 };
 
