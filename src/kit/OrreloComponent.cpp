@@ -11,6 +11,7 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   const auto userDefaults = applicationSuite(appKey);
   const NetworkConfig networkConfig{baseUrl + "sdk/" + appKey, HttpHeaderGenerator(userDefaults).generate()};
   configComponent_ = std::make_unique<ConfigComponent>(userDefaults, networkConfig);
+  externalPointComponent_ = std::make_unique<ExternalPointComponent>(configComponent_->fetchConfigUseCase);
   pageComponent_ = std::make_unique<PageComponent>(configComponent_->fetchConfigUseCase);
   campaignComponent_ = std::make_unique<CampaignComponent>(
       configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
@@ -21,7 +22,10 @@ RunningKit OrreloComponent::runningKit() const {
   return {
       .fetchConfigUseCase = configComponent_->fetchConfigUseCase,
       .campaignNavigator = campaignComponent_->campaignNavigator,
-      .routers = {},
+      .routers =
+          {
+              {Page::Fixed::externalPointExchange, externalPointComponent_->router},
+          },
   };
 }
 
