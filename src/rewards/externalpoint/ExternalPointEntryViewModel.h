@@ -25,13 +25,13 @@ class ExternalPointEntryViewModel : public std::enable_shared_from_this<External
   struct Error {
     friend bool operator==(const Error&, const Error&) = default;
   };
-  using ViewState = std::variant<IsNotVisible, IsVisible, Error>;
+  using ViewState = std::variant<IsVisible, IsNotVisible, Error>;
 
   explicit ExternalPointEntryViewModel(std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase)
       : fetchConfigUseCase_(std::move(fetchConfigUseCase)) {}
 
   /// `IsNotVisible` until the configuration has arrived.
-  Followed<ViewState> viewState;
+  Followed<ViewState> viewState{IsNotVisible()};
 
   void load();
 
