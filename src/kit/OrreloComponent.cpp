@@ -12,6 +12,7 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   const NetworkConfig networkConfig{baseUrl + "sdk/" + appKey, HttpHeaderGenerator(userDefaults).generate()};
   configComponent_ = std::make_unique<ConfigComponent>(userDefaults, networkConfig);
   pointComponent_ = std::make_unique<PointComponent>(configComponent_->fetchConfigUseCase, networkConfig);
+  externalPointComponent_ = std::make_unique<ExternalPointComponent>(configComponent_->fetchConfigUseCase);
   gifticonComponent_ =
       std::make_unique<GifticonComponent>(configComponent_->fetchConfigUseCase, networkConfig);
   rewardComponent_ = std::make_unique<RewardComponent>(configComponent_->fetchConfigUseCase,
@@ -31,6 +32,7 @@ RunningKit OrreloComponent::runningKit() const {
           {
               {Page::Fixed::pointRedemptionHistory, pointComponent_->router},
               {Page::Fixed::gifticon, gifticonComponent_->router},
+              {Page::Fixed::externalPointExchange, externalPointComponent_->router},
           },
   };
 }

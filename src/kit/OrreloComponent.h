@@ -3,6 +3,7 @@
 #include "kit/CampaignComponent.h"
 #include "kit/ConfigComponent.h"
 #include "kit/EventComponent.h"
+#include "kit/ExternalPointComponent.h"
 #include "kit/GifticonComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
@@ -25,6 +26,7 @@ class OrreloComponent {
   OrreloComponent(const ORLConfig& config, const std::string& baseUrl, const std::string& storeUrl);
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
+  const ExternalPointComponent& externalPointComponent() const { return *externalPointComponent_; }
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
@@ -37,6 +39,7 @@ class OrreloComponent {
 
  private:
   std::unique_ptr<ConfigComponent> configComponent_;
+  std::unique_ptr<ExternalPointComponent> externalPointComponent_;
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
