@@ -20,15 +20,31 @@ Kinds optInMarketingKinds();
 Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
+Kinds gifticonKinds();
+Kinds pointKinds();
 Kinds navigationKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),    viewkitKinds(), modularKinds(),        contentKinds(),
-      rouletteKinds(), scratchKinds(), campaignKinds(),       attendanceKinds(),
-      entryKinds(),    listKinds(),    optInMarketingKinds(), resultKinds(),
-      stampKinds(),    updateKinds(),  navigationKinds(),     hostKinds(),
+      imageKinds(),
+      viewkitKinds(),
+      modularKinds(),
+      contentKinds(),
+      rouletteKinds(),
+      scratchKinds(),
+      campaignKinds(),
+      attendanceKinds(),
+      entryKinds(),
+      listKinds(),
+      optInMarketingKinds(),
+      resultKinds(),
+      stampKinds(),
+      updateKinds(),
+      gifticonKinds(),
+      pointKinds(),
+      navigationKinds(),
+      hostKinds(),
   };
   return folders;
 }

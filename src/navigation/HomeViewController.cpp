@@ -1,6 +1,7 @@
 #include "navigation/HomeViewController.h"
 
 #include "events/UserEventTracker.h"
+#include "navigation/PageRouterImpl.h"
 #include "ui/RunningKit.h"
 
 namespace orrelo {
@@ -21,6 +22,10 @@ void HomeViewController::viewDidLoad() {
   const auto self = std::static_pointer_cast<HomeViewController>(shared_from_this());
   const auto kit = RunningKit::current();
   errorView->setHidden(kit != nullptr);
+  rewardViewController_ =
+      RewardViewController::create(kit ? kit->rewardViewModel : nullptr, std::make_shared<PageRouterImpl>());
+  rewardViewController_->delegate = self;
+  addChild(rewardViewController_);
   campaignListViewController_ = CampaignListViewController::create(
       kit ? kit->campaignListViewModel : nullptr,
       kit ? kit->campaignNavigator->campaignViewControllerFactory() : nullptr);
@@ -30,7 +35,13 @@ void HomeViewController::viewDidLoad() {
 }
 
 void HomeViewController::refresh() {
-  if (campaignListViewController_) campaignListViewController_->refresh();
+  if (!isViewLoaded()) return;
+  rewardViewController_->refresh();
+  campaignListViewController_->refresh();
+}
+
+void HomeViewController::showToast(const std::string& message, const Color& color) {
+  toastLayer->showToast(message, color);
 }
 
 void HomeViewController::showListError(const Error& error) {

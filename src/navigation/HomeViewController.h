@@ -1,12 +1,14 @@
 #pragma once
 
 #include "campaign/list/CampaignListViewController.h"
+#include "rewards/RewardViewController.h"
 #include "viewkit/ErrorView.h"
 #include "viewkit/ORLUIViewController.h"
 
 #include <orrelo/Export.h>
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace orrelo {
@@ -14,7 +16,8 @@ namespace orrelo {
 /// The kit's front door: the rewards of the user above the list of campaigns. Both are screens of their own,
 /// which load independently whenever home appears, so that a failure of one leaves the other.
 class ORRELO_EXPORT HomeViewController final : public ORLUIViewController,
-                                               public CampaignListViewControllerDelegate {
+                                               public CampaignListViewControllerDelegate,
+                                               public RewardViewControllerDelegate {
  public:
   struct State {
     /// The activity indicator. Either part starts and stops it; the last call counts.
@@ -32,7 +35,8 @@ class ORRELO_EXPORT HomeViewController final : public ORLUIViewController,
 
   const State& state() const { return state_.value(); }
   reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
-  /// Null until the screen has loaded.
+  /// Both are null until the screen has loaded.
+  const std::shared_ptr<RewardViewController>& rewardViewController() const { return rewardViewController_; }
   const std::shared_ptr<CampaignListViewController>& campaignListViewController() const {
     return campaignListViewController_;
   }
@@ -44,6 +48,7 @@ class ORRELO_EXPORT HomeViewController final : public ORLUIViewController,
 
   void startActivityIndicator() override { setLoading(true); }
   void stopActivityIndicator() override { setLoading(false); }
+  void showToast(const std::string& message, const Color& color) override;
   void showListError(const Error& error) override;
   void hideListError() override;
 
@@ -55,6 +60,7 @@ class ORRELO_EXPORT HomeViewController final : public ORLUIViewController,
 
   void setLoading(bool isLoading);
 
+  std::shared_ptr<RewardViewController> rewardViewController_;
   std::shared_ptr<CampaignListViewController> campaignListViewController_;
   Followed<State> state_;
 };

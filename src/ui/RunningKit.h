@@ -15,6 +15,7 @@ namespace orrelo {
 
 class CampaignListViewModel;
 class FetchFloatingActionButtonPropertyUseCase;
+class RewardViewModel;
 
 /// The services of the initialized kit that features use without knowing who builds it. `initialize` sets the
 /// current one.
@@ -26,6 +27,8 @@ struct RunningKit {
   /// Fetches the look of the floating buttons.
   std::shared_ptr<const FetchFloatingActionButtonPropertyUseCase> fetchFloatingActionButtonPropertyUseCase =
       nullptr;
+  /// What the reward tab shows; a feature above this folder.
+  std::shared_ptr<RewardViewModel> rewardViewModel = nullptr;
   /// The routers of the features by page. A page without a router cannot be opened.
   std::map<Page::Fixed, std::shared_ptr<Router>> routers;
 
