@@ -18,13 +18,15 @@ Kinds optInMarketingKinds();
 Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
+Kinds gifticonKinds();
+Kinds pointKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
       imageKinds(),   viewkitKinds(),  modularKinds(),    contentKinds(),        rouletteKinds(),
       scratchKinds(), campaignKinds(), attendanceKinds(), optInMarketingKinds(), resultKinds(),
-      stampKinds(),   updateKinds(),   hostKinds(),
+      stampKinds(),   updateKinds(),   gifticonKinds(),   pointKinds(),          hostKinds(),
   };
   return folders;
 }
