@@ -19,13 +19,14 @@ Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
 Kinds gifticonKinds();
+Kinds pointKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
       imageKinds(),   viewkitKinds(),  modularKinds(),    contentKinds(),        rouletteKinds(),
       scratchKinds(), campaignKinds(), attendanceKinds(), optInMarketingKinds(), resultKinds(),
-      stampKinds(),   updateKinds(),   gifticonKinds(),   hostKinds(),
+      stampKinds(),   updateKinds(),   gifticonKinds(),   pointKinds(),          hostKinds(),
   };
   return folders;
 }

@@ -29,8 +29,8 @@ namespace orrelo {
 /// write small settings files. Call `initialize` once and early.
 ///
 /// These operations are not implemented yet, and only write a log line when called before `initialize`:
-/// `showHome`, `showNaverPayExchange`, `showInAppMessage`, `setDeviceToken`, `setPushToken`,
-/// `userNotificationCenter` and `application`. The last two do not call their completions.
+/// `showHome`, `showInAppMessage`, `setDeviceToken`, `setPushToken`, `userNotificationCenter` and
+/// `application`. The last two do not call their completions.
 ///
 /// Errors: an event value of an unsupported type throws UnsupportedEventValueException; no other exception is
 /// ever thrown. Internal failures are reported through ORLLogger only.
@@ -84,6 +84,9 @@ class ORRELO_EXPORT Orrelo final {
   /// Qt Quick). Never null: before `initialize` it is a screen that asks to try again. Main thread only.
   static std::shared_ptr<ViewController> getCampaignViewController(std::string_view id);
   static std::shared_ptr<ViewController> getCampaignViewController(ORLCampaignType type);
+  /// Presents the page of the external service where points are exchanged over the host's screen `with`, if
+  /// the service's configuration enables it. The result is reported in the log. The page is shown by
+  /// `orrelo::web`; without it the screen stays empty and can be closed.
   static void showNaverPayExchange(const std::shared_ptr<ViewController>& with);
   /// Opens the page that the service's configuration assigns to `id`, over the current screen: a campaign, a
   /// screen of the kit, or a deep link of the host. A page that cannot be opened is reported in the log.

@@ -110,8 +110,16 @@ std::shared_ptr<ViewController> Orrelo::getCampaignViewController(ORLCampaignTyp
   return screen;
 }
 
-void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>&) {
-  RunningKit::isInitialized("showNaverPayExchange(with:)");
+void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>& with) {
+  if (!RunningKit::isInitialized("showNaverPayExchange(with:)")) return;
+  onMain(*Platform::current().mainLoop, [with] {
+    InitializedOrrelo::current()->component->externalPointComponent().router->route(
+        with, [] { log(LogLevel::DEBUG, "Route to NaverPay Exchanage success"); },
+        [](const Error& error) {
+          log(LogLevel::ERROR,
+              [&] { return "Route to NaverPay Exchanage error: " + error.localizedDescription(); });
+        });
+  });
 }
 
 void Orrelo::showPage(std::string_view id) {

@@ -13,11 +13,15 @@
 
 namespace orrelo {
 
+class RewardViewModel;
+
 /// The services of the initialized kit that features use without knowing who builds it. `initialize` sets the
 /// current one.
 struct RunningKit {
   std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
   std::shared_ptr<CampaignNavigator> campaignNavigator;
+  /// What the reward tab shows; a feature above this folder.
+  std::shared_ptr<RewardViewModel> rewardViewModel = nullptr;
   /// The routers of the features by page. A page without a router cannot be opened.
   std::map<Page::Fixed, std::shared_ptr<Router>> routers;
 

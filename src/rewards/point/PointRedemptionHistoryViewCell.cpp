@@ -2,6 +2,7 @@
 
 #include "base/numberText.h"
 #include "network/RFC3339DateParser.h"
+#include "rewards/point/amountText.h"
 #include "viewkit/joinedLabel.h"
 
 namespace orrelo {

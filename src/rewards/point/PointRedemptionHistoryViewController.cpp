@@ -43,8 +43,8 @@ void PointRedemptionHistoryViewController::refresh() {
   if (const auto& userId = currentUserId()) viewModel_->load(*userId);
 }
 
-void PointRedemptionHistoryViewController::willDisplay(std::size_t, std::size_t last) {
-  endOfSight_ = last + 1;
+void PointRedemptionHistoryViewController::willDisplay(std::size_t lastRow) {
+  lastRowInSight_ = lastRow;
   loadAtTheEnd();
 }
 
@@ -72,8 +72,8 @@ void PointRedemptionHistoryViewController::showError(const std::string& text) {
 
 void PointRedemptionHistoryViewController::loadAtTheEnd() {
   const auto& userId = currentUserId();
-  if (endOfSight_ == 0 || state().isLoading || !userId) return;
-  viewModel_->loadAfter(endOfSight_ - 1, state().rowCount, *userId);
+  if (!lastRowInSight_ || state().isLoading || !userId) return;
+  viewModel_->loadAfter(*lastRowInSight_, state().rowCount, *userId);
 }
 
 }  // namespace orrelo

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,8 +52,8 @@ class ORRELO_EXPORT PointRedemptionHistoryViewController final : public ORLUIVie
   /// Called by the front when the user pulls the list, or asks for more in another way. It deliberately loads
   /// the next page and does not begin anew.
   void refresh();
-  /// Called by the front with the first and the last row in sight, whenever they change.
-  void willDisplay(std::size_t first, std::size_t last);
+  /// Called by the front with the last row in sight, whenever it changes.
+  void willDisplay(std::size_t lastRow);
 
  protected:
   void viewDidLoad() override;
@@ -71,8 +72,7 @@ class ORRELO_EXPORT PointRedemptionHistoryViewController final : public ORLUIVie
   /// The rows never move, so that appending a page costs that page alone.
   std::deque<PointRedemptionHistory> pointRedemptionHistories_;
   Followed<State> state_;
-  /// One past the last row in sight.
-  std::size_t endOfSight_ = 0;
+  std::optional<std::size_t> lastRowInSight_;
   const TimeZone timezone_ = TimeZone::utc();
   reactive::DisposeBag disposeBag_;
 };

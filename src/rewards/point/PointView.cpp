@@ -1,18 +1,17 @@
 #include "rewards/point/PointView.h"
 
 #include "base/numberText.h"
+#include "rewards/point/amountText.h"
 #include "viewkit/joinedLabel.h"
 
 namespace orrelo {
 
 void PointView::update(const Point& point) {
-  const auto amount = numberText(point.amount);
   state.change([&](State& changed) {
     changed.myPoint = point.body;
-    changed.pointAmount = amount;
+    changed.pointAmount = numberText(point.amount);
     changed.pointUnit = point.unit;
-    changed.accessibilityLabel =
-        joinedLabel(point.body, point.unit.empty() ? amount : amount + " " + point.unit);
+    changed.accessibilityLabel = joinedLabel(point.body, amountText(point.amount, point.unit));
   });
   // A new load would clear the picture for a moment.
   if (point.iconUrl == iconUrl_ && rewardImageView->state.value().image) return;
