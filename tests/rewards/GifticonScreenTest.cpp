@@ -19,8 +19,9 @@ using testing::IsEmpty;
 constexpr auto failed = "잠시 후 다시 시도해주세요.";
 
 std::string row(const std::string& id, const std::string& state) {
-  return R"({"id":")" + id + R"(","tag_text":"","title":")" + id + R"(","date":"2026-12-31T00:00:00Z","state":")" +
-         state + R"(","image_url":"https://cdn.example/1.png"})";
+  return R"({"id":")" + id + R"(","tag_text":"","title":")" + id +
+         R"(","date":"2026-12-31T00:00:00Z","state":")" + state +
+         R"(","image_url":"https://cdn.example/1.png"})";
 }
 
 class GifticonScreenTest : public testing::Test {
@@ -43,7 +44,8 @@ class GifticonScreenTest : public testing::Test {
     GifticonRouter router(std::make_shared<GifticonViewControllerFactoryImpl>(
         GifticonUseCases{std::make_shared<FetchGifticonUseCaseImpl>(service),
                          std::make_shared<PublishGifticonUseCaseImpl>(service), config_}));
-    router.route(host_, [this] { ++routed_; }, [](const Error&) { ADD_FAILURE() << "it never fails"; });
+    router.route(
+        host_, [this] { ++routed_; }, [](const Error&) { ADD_FAILURE() << "it never fails"; });
     screen_ = std::dynamic_pointer_cast<GifticonViewController>(host_->presentedViewController());
     ASSERT_TRUE(screen_);
     platform_.loop->run();

@@ -68,7 +68,8 @@ TEST_F(ZoomImageViewTest, AGestureMovesAndEnlargesFromWhereItBegan) {
   EXPECT_NEAR(frame().x + frame().width / 2, 160.0, 1e-9);
   EXPECT_NEAR(frame().y + frame().height / 2, 320.0, 1e-9);
   const auto before = frame();
-  for (const double odd : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+  for (const double odd :
+       {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
     view_->continueGesture(1.0, odd, 0.0);
     view_->beginGesture(0.0, 0.0);
     view_->enlarge(odd, 0.0, 0.0);
