@@ -19,13 +19,14 @@ Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
 Kinds pointKinds();
+Kinds rewardsKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
       imageKinds(),   viewkitKinds(),  modularKinds(),    contentKinds(),        rouletteKinds(),
       scratchKinds(), campaignKinds(), attendanceKinds(), optInMarketingKinds(), resultKinds(),
-      stampKinds(),   updateKinds(),   pointKinds(),      hostKinds(),
+      stampKinds(),   updateKinds(),   pointKinds(),      rewardsKinds(),        hostKinds(),
   };
   return folders;
 }
