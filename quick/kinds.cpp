@@ -20,13 +20,15 @@ Kinds stampKinds();
 Kinds updateKinds();
 Kinds gifticonKinds();
 Kinds pointKinds();
+Kinds rewardsKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),   viewkitKinds(),  modularKinds(),    contentKinds(),        rouletteKinds(),
-      scratchKinds(), campaignKinds(), attendanceKinds(), optInMarketingKinds(), resultKinds(),
-      stampKinds(),   updateKinds(),   gifticonKinds(),   pointKinds(),          hostKinds(),
+      imageKinds(),          viewkitKinds(), modularKinds(),  contentKinds(),
+      rouletteKinds(),       scratchKinds(), campaignKinds(), attendanceKinds(),
+      optInMarketingKinds(), resultKinds(),  stampKinds(),    updateKinds(),
+      gifticonKinds(),       pointKinds(),   rewardsKinds(),  hostKinds(),
   };
   return folders;
 }
