@@ -22,6 +22,7 @@ Kinds stampKinds();
 Kinds updateKinds();
 Kinds gifticonKinds();
 Kinds pointKinds();
+Kinds rewardsKinds();
 Kinds navigationKinds();
 Kinds hostKinds();
 
@@ -43,6 +44,7 @@ std::span<const Kinds> allKinds() {
       updateKinds(),
       gifticonKinds(),
       pointKinds(),
+      rewardsKinds(),
       navigationKinds(),
       hostKinds(),
   };

@@ -299,16 +299,19 @@ async function poll() {
   if (asking) { askAgain = true; return; }
   asking = true;
   clearTimeout(timer);
+  const request = new AbortController();
+  const timeout = setTimeout(() => request.abort(), 10000);
   let soon = false;
   try {
     const reply = await fetch(after === null ? '/admin/state' : `/admin/state?after=${after}`,
-      {cache: 'no-store', signal: AbortSignal.timeout(10000)});
+      {cache: 'no-store', signal: request.signal});
     soon = !take(await reply.json());
     await refreshWallet();
     showLink(true);
   } catch {
     showLink(false);
   }
+  clearTimeout(timeout);
   asking = false;
   soon ||= askAgain;
   askAgain = false;

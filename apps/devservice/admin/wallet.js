@@ -101,9 +101,9 @@ async function submitWallet(submission) {
   button.disabled = true;
   try {
     const problem = await change('POST', walletPath(walletOwner), wantedBy[form.dataset.wallet](form.elements));
+    await refreshWallet();
     if (problem === null) form.reset();
     tellOfWallet(problem, problem === null ? 'The wallet has changed.' : '');
-    await refreshWallet();
   } catch {
     tellOfWallet(notReached);
   }
