@@ -18,13 +18,25 @@ Kinds optInMarketingKinds();
 Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
+Kinds externalPointKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),   viewkitKinds(),  modularKinds(),    contentKinds(),        rouletteKinds(),
-      scratchKinds(), campaignKinds(), attendanceKinds(), optInMarketingKinds(), resultKinds(),
-      stampKinds(),   updateKinds(),   hostKinds(),
+      imageKinds(),
+      viewkitKinds(),
+      modularKinds(),
+      contentKinds(),
+      rouletteKinds(),
+      scratchKinds(),
+      campaignKinds(),
+      attendanceKinds(),
+      optInMarketingKinds(),
+      resultKinds(),
+      stampKinds(),
+      updateKinds(),
+      externalPointKinds(),
+      hostKinds(),
   };
   return folders;
 }
