@@ -20,15 +20,16 @@ Kinds stampKinds();
 Kinds updateKinds();
 Kinds gifticonKinds();
 Kinds pointKinds();
+Kinds externalPointKinds();
 Kinds rewardsKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),          viewkitKinds(), modularKinds(),  contentKinds(),
-      rouletteKinds(),       scratchKinds(), campaignKinds(), attendanceKinds(),
-      optInMarketingKinds(), resultKinds(),  stampKinds(),    updateKinds(),
-      gifticonKinds(),       pointKinds(),   rewardsKinds(),  hostKinds(),
+      imageKinds(),   viewkitKinds(),  modularKinds(),    contentKinds(),        rouletteKinds(),
+      scratchKinds(), campaignKinds(), attendanceKinds(), optInMarketingKinds(), resultKinds(),
+      stampKinds(),   updateKinds(),   gifticonKinds(),   pointKinds(),          externalPointKinds(),
+      rewardsKinds(), hostKinds(),
   };
   return folders;
 }
