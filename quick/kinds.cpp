@@ -22,31 +22,17 @@ Kinds stampKinds();
 Kinds updateKinds();
 Kinds gifticonKinds();
 Kinds pointKinds();
+Kinds externalPointKinds();
 Kinds rewardsKinds();
 Kinds navigationKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),
-      viewkitKinds(),
-      modularKinds(),
-      contentKinds(),
-      rouletteKinds(),
-      scratchKinds(),
-      campaignKinds(),
-      attendanceKinds(),
-      entryKinds(),
-      listKinds(),
-      optInMarketingKinds(),
-      resultKinds(),
-      stampKinds(),
-      updateKinds(),
-      gifticonKinds(),
-      pointKinds(),
-      rewardsKinds(),
-      navigationKinds(),
-      hostKinds(),
+      imageKinds(),          viewkitKinds(),       modularKinds(),    contentKinds(),    rouletteKinds(),
+      scratchKinds(),        campaignKinds(),      attendanceKinds(), entryKinds(),      listKinds(),
+      optInMarketingKinds(), resultKinds(),        stampKinds(),      updateKinds(),     gifticonKinds(),
+      pointKinds(),          externalPointKinds(), rewardsKinds(),    navigationKinds(), hostKinds(),
   };
   return folders;
 }

@@ -213,7 +213,7 @@ TEST_F(CampaignListTest, WithoutAModelNothingLoadsAndWithoutAFactoryNothingOpens
   EXPECT_THAT(requests(), IsEmpty());
   Lines lines;
   setLogSink([&](std::string_view line) { lines.emplace_back(line); });
-  inert->didSelect(CampaignViewCell(Campaign{.id = "a"}));
+  inert->didSelect(CampaignViewCell(mapped(attendanceJson())));
   setLogSink(nullptr, false);
   EXPECT_THAT(lines, testing::Contains(testing::EndsWith("CampaignViewControllerFactory is not injected")));
   EXPECT_FALSE(screen->presentedViewController());

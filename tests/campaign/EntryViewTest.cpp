@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr auto key = "orrelo_floating_action_button";
-constexpr auto stored = R"({"iconUrl":"https://img.example/old.png","color":"#00FF00","tooltipMessage":""})";
+constexpr auto greenLook = R"({"iconUrl":"https://img.example/old.png","color":"#00FF00","tooltipMessage":""})";
 const std::string fab =
     R"({"icon":"https://img.example/fab.png","color":"#FF0000","tool_tip":"출석하고 100P 받기"})";
 const FloatingActionButtonProperty property{"https://img.example/fab.png", "#FF0000", "출석하고 100P 받기"};
@@ -50,9 +50,11 @@ class EntryViewTest : public CampaignFixture {
         CampaignViewPropertyLocalDataSource(suite_),
         CampaignViewPropertyRemoteDataSource(networkConfig_, client_, scheduler()));
     RunningKit::makeCurrent(std::make_shared<RunningKit>(
-        RunningKit{.campaignNavigator = navigator_,
+        RunningKit{.fetchConfigUseCase = nullptr,
+                   .campaignNavigator = navigator_,
                    .fetchFloatingActionButtonPropertyUseCase =
-                       std::make_shared<FetchFloatingActionButtonPropertyUseCase>(properties_)}));
+                       std::make_shared<FetchFloatingActionButtonPropertyUseCase>(properties_),
+                   .routers = {}}));
   }
   void setUser(const std::optional<std::string>& id) {
     UserManager().setUserId(id);
@@ -164,7 +166,7 @@ TEST_F(EntryViewTest, TheButtonWaitsForAUserAndThenTakesTheServicesLook) {
   EXPECT_EQ(requests().back().url.text(), property.iconUrl);
   button->tooltipDidFade();
   EXPECT_TRUE(button->tooltipView->state.value().isHidden);
-  keep(stored);
+  keep(greenLook);
   setUser("minji");
   EXPECT_EQ(button->color.value(), (Color{0.0, 1.0, 0.0}));
   EXPECT_TRUE(button->tooltipView->state.value().isHidden) << "there is nothing to say";
@@ -174,7 +176,7 @@ TEST_F(EntryViewTest, AFailedFetchLeavesTheButtonPlainForGood) {
   const auto button = CampaignFloatingActionButton::create();
   lay("", 500);
   setUser("minji");
-  keep(stored);
+  keep(greenLook);
   setUser("minji");
   EXPECT_EQ(button->state().alpha, 1.0);
   EXPECT_EQ(button->color.value(), (Color{1.0, 1.0, 1.0}));
@@ -182,7 +184,7 @@ TEST_F(EntryViewTest, AFailedFetchLeavesTheButtonPlainForGood) {
 }
 
 TEST_F(EntryViewTest, TheServiceIsAskedOnceAndThenTheCopyIsUsed) {
-  keep(stored);
+  keep(greenLook);
   lay(fab);
   EXPECT_EQ(fetched(), property.encode()) << "the first fetch does not use the copy";
   EXPECT_EQ(fetched(), property.encode());
@@ -212,7 +214,7 @@ TEST_F(EntryViewTest, ACopyThatCannotBeReadCountsAsNone) {
     lay(fab);
     EXPECT_EQ(fetched(), property.encode());
   }
-  suite_->set(key, std::string(stored));
+  suite_->set(key, std::string(greenLook));
   lay(fab);
   EXPECT_EQ(fetched(), property.encode()) << "a text is no data";
   EXPECT_EQ(requests().size(), 2 + broken.size());

@@ -30,7 +30,8 @@ declare -A owner=(
   [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
   [ORLUserEvent]=model [UnsupportedEventValueException]=model
-  [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit [quick/ORLCampaignEntryView]=quick/include
+  [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit
+  [quick/ExternalPointEntryView]=quick/include [quick/ORLCampaignEntryView]=quick/include
   [quick/ORLCampaignFloatingActionButton]=quick/include [quick/OrreloQuick]=quick/include [quick/OrreloWeb]=quick/web)
 
 declare -A rank
