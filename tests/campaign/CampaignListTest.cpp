@@ -112,7 +112,7 @@ TEST_F(CampaignListTest, EachAppearanceLoadsForTheUserOfThatMoment) {
   appear({});
   EXPECT_THAT(takeTold(), ElementsAre("start", "OrreloError.emptyCampaigns", "stop"));
   EXPECT_THAT(list_->state().cells, IsEmpty());
-  EXPECT_EQ(requests()[1].headers.at("buid"), "jun");
+  EXPECT_EQ(platform_.session->requestsTo("/campaigns").back().headers.at("buid"), "jun");
 }
 
 TEST_F(CampaignListTest, AFailureIsShownAndTheNextLoadIsNotAffected) {
