@@ -3,6 +3,7 @@
 namespace orrelo::bench {
 
 void addCampaignScreens();
+void addGifticonScreen();
 void addWheel();
 
 }  // namespace orrelo::bench
