@@ -27,6 +27,9 @@ RunningKit OrreloComponent::runningKit() const {
   return {
       .fetchConfigUseCase = configComponent_->fetchConfigUseCase,
       .campaignNavigator = campaignComponent_->campaignNavigator,
+      .campaignListViewModel = campaignComponent_->campaignListViewModel,
+      .fetchFloatingActionButtonPropertyUseCase =
+          campaignComponent_->fetchFloatingActionButtonPropertyUseCase,
       .rewardViewModel = rewardComponent_->viewModel,
       .routers =
           {

@@ -73,12 +73,16 @@ TEST_F(ExternalPointTest, TheIndicatorTurnsUntilANavigationHasFinished) {
   EXPECT_EQ(screen->modalPresentationStyle, ModalPresentationStyle::fullScreen);
   EXPECT_EQ(screen->modalTransitionStyle, ModalTransitionStyle::crossDissolve);
   EXPECT_TRUE(screen->isIndicatorAnimating.value());
-  screen->didCommitNavigation();
+  screen->didStartNavigation();
+  screen->didReceiveData();
   screen->didFinishNavigation();
+  screen->didReceiveData();
   EXPECT_FALSE(screen->isIndicatorAnimating.value());
   screen->webView()->processDidEnd();
   EXPECT_FALSE(screen->isIndicatorAnimating.value()) << "a failure leaves it as it is";
-  screen->didCommitNavigation();
+  screen->didStartNavigation();
+  EXPECT_FALSE(screen->isIndicatorAnimating.value()) << "nothing has arrived";
+  screen->didReceiveData();
   EXPECT_TRUE(screen->isIndicatorAnimating.value());
   screen->webView()->didStart();
   platform_.loop->runFor(61s);

@@ -18,7 +18,7 @@ Item {
     readonly property real contentX: (width - contentWidth) / 2
     readonly property real contentWidth: Math.min(width, Theme.contentWidth) - 2 * Theme.margin
     readonly property real dateWidth: 44 * Theme.textScale
-    readonly property real besideWidth: contentWidth - dateWidth - sum.implicitWidth - 2 * gap
+    readonly property real besideWidth: contentWidth - dateWidth - sum.implicitSum - 2 * gap
     readonly property bool isStacked: besideWidth < 130 * Theme.textScale
 
     implicitHeight: (isStacked ? sum.y + sum.height : Math.max(lines.height, day.height, sum.height) + lines.y) + 16
@@ -60,7 +60,6 @@ Item {
 
         readonly property real implicitSum: amountLabel.implicitWidth + (unitLabel.visible ? unitLabel.implicitWidth + spacing : 0)
 
-        implicitWidth: implicitSum
         x: cell.contentX + cell.contentWidth - width
         y: cell.isStacked ? lines.y + lines.height + 8 : 16
         width: Math.min(implicitSum, cell.contentWidth)

@@ -37,6 +37,7 @@ ORLUIViewController {
 
         ListView {
             id: list
+            objectName: "history"
 
             readonly property real pullDistance: 64
 

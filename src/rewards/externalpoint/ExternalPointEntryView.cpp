@@ -7,6 +7,10 @@
 
 namespace orrelo {
 
+// Defined here, since a front that makes the view cannot link the streams.
+ExternalPointEntryView::ExternalPointEntryView() = default;
+ExternalPointEntryView::~ExternalPointEntryView() = default;
+
 void ExternalPointEntryView::didMoveToWindow() {
   if (viewModel_ || !RunningKit::isInitialized(kindName)) return;
   const auto kit = RunningKit::current();

@@ -30,6 +30,9 @@ class ORRELO_EXPORT ExternalPointEntryView final : public View {
     friend bool operator==(const State&, const State&) = default;
   };
 
+  ExternalPointEntryView();
+  ~ExternalPointEntryView() override;
+
   static constexpr std::string_view kindName = "ExternalPointEntryView";
   std::string_view kind() const override { return kindName; }
 

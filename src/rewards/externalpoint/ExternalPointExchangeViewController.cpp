@@ -42,6 +42,15 @@ void ExternalPointExchangeViewController::viewDidLoad() {
   }
 }
 
+void ExternalPointExchangeViewController::didReceiveData() {
+  if (std::exchange(awaitsData_, false)) isIndicatorAnimating.set(true);
+}
+
+void ExternalPointExchangeViewController::didFinishNavigation() {
+  awaitsData_ = false;
+  isIndicatorAnimating.set(false);
+}
+
 void ExternalPointExchangeViewController::didReceiveScriptMessage(const EventValue& body) {
   const auto* const text = std::get_if<std::string>(&body.variant());
   if (text != nullptr && *text == "close") close();

@@ -36,10 +36,12 @@ class ORRELO_EXPORT ExternalPointExchangeViewController final : public ViewContr
   /// True while the activity indicator turns.
   Followed<bool> isIndicatorAnimating{true};
 
-  /// Called when the first data of a navigation has arrived, and when a navigation has succeeded. A failed
-  /// navigation is deliberately not reported and leaves the indicator as it is.
-  void didCommitNavigation() { isIndicatorAnimating.set(true); }
-  void didFinishNavigation() { isIndicatorAnimating.set(false); }
+  /// Called when a navigation begins, whenever data has arrived, and when a navigation has succeeded. The
+  /// first data of a navigation start the indicator. A failed navigation is deliberately not reported and
+  /// leaves the indicator as it is.
+  void didStartNavigation() { awaitsData_ = true; }
+  void didReceiveData();
+  void didFinishNavigation();
   /// The text "close" leaves the screen; everything else is ignored.
   void didReceiveScriptMessage(const EventValue& body);
   /// Called for a swipe to the right and for Back. Returns true if the front has to go back in the page's
@@ -58,6 +60,7 @@ class ORRELO_EXPORT ExternalPointExchangeViewController final : public ViewContr
   void leave(bool animated);
 
   std::shared_ptr<WebView> webView_;
+  bool awaitsData_ = false;
 };
 
 }  // namespace orrelo
