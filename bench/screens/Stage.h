@@ -13,6 +13,7 @@
 #include <QQuickWindow>
 #include <QTimer>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -51,6 +52,8 @@ class Stage {
     act();
     return waitForNewContent(before, start);
   }
+  /// Waits for the first frame after `holds` has become true, which `changes` signals.
+  void waitForFrame(const reactive::Observable<reactive::Unit>& changes, const std::function<bool()>& holds);
   /// Closes the screen. Waits until it is destroyed and the next frame has freed its graphics resources.
   void close();
 
@@ -58,10 +61,10 @@ class Stage {
   std::shared_ptr<View> content() const { return screen()->state().content; }
   QQuickWindow& window() const { return *window_; }
   test::Service& service() const { return *service_; }
+  std::shared_ptr<ViewController> host() const;
 
  private:
   Stage();
-  std::shared_ptr<ViewController> host() const;
   std::shared_ptr<CampaignViewController> screen() const;
   /// Waits for the first frame with content other than `content`. Returns the milliseconds since `start`.
   double waitForNewContent(const std::shared_ptr<View>& content, std::chrono::steady_clock::time_point start);
