@@ -28,7 +28,7 @@ Item {
     KitText {
         id: day
         x: cell.contentX
-        y: 16
+        y: lines.y + titleLabel.baselineOffset - baselineOffset
         width: cell.dateWidth
         color: Theme.secondaryText
         text: cell.date
@@ -42,6 +42,7 @@ Item {
         spacing: 4
 
         KitText {
+            id: titleLabel
             width: parent.width
             size: 16
             text: cell.title

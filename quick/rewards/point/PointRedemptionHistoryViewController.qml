@@ -40,6 +40,7 @@ ORLUIViewController {
             objectName: "history"
 
             readonly property real pullDistance: 64
+            readonly property bool isWheelAtRest: !wheelRest.running
 
             anchors.fill: parent
             clip: true
@@ -81,7 +82,7 @@ ORLUIViewController {
         WheelHandler {
             acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             onWheel: {
-                if (!wheelRest.running) view.screen.refresh()
+                if (list.isWheelAtRest) view.screen.refresh()
                 wheelRest.restart()
             }
         }

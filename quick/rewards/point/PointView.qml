@@ -38,8 +38,8 @@ PressArea {
                 id: arrow
                 anchors.verticalCenter: parent.verticalCenter
                 visible: view.opensHistory
-                width: 16
-                height: 16
+                width: 16 * Theme.textScale
+                height: width
                 source: view.model.goToHistoryAsset
                 sourceSize { width: width * Screen.devicePixelRatio; height: height * Screen.devicePixelRatio }
             }
