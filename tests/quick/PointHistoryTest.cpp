@@ -67,7 +67,7 @@ class PointHistoryTest : public QuickTest {
     return waitFor([&] { return rowCount() == count; });
   }
   bool waitForWheelAtRest() {
-    return waitFor([this] { return list()->property("isWheelAtRest").toBool(); });
+    return waitFor([this] { return list()->parentItem()->property("isWheelAtRest").toBool(); });
   }
   void turnWheel(int notches) {
     const QPointF middle = list()->mapToScene({list()->width() / 2, list()->height() / 2});
