@@ -11,5 +11,6 @@ void addImage();
 void addCampaign();
 void addScratch();
 void addModular();
+void addWebKit();
 
 }  // namespace orrelo::bench

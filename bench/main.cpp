@@ -11,6 +11,7 @@ int main(int argumentCount, char** arguments) {
   addImage();
   addScratch();
   addModular();
+  addWebKit();
   addInitialize();
   // The measurements below start a kit on the real platform, which keeps running in this process.
   addSave();

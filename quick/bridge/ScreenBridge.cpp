@@ -15,6 +15,11 @@ QUrl ScreenBridge::delegate() const {
   return delegateOf(screen_->kind());
 }
 
+AnimationValue ScreenBridge::reveal() const {
+  const auto transition = screen_->transition().value_or(Transition());
+  return AnimationValue(Animation{.from = 1.0, .duration = transition.duration, .curve = transition.curve});
+}
+
 void ScreenBridge::close() {
   const auto keep = screen_;  // closing may delete this bridge, which owns the screen
   keep->close();

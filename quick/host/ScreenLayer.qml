@@ -18,6 +18,12 @@ FocusScope {
 
     /// 0 when the screen is out of sight, 1 when it is in its place.
     property real presence: 1
+    /// True while the screen leaves by a transition of the window instead of its own way.
+    readonly property bool isRevealing: isLeaving && screen.leavesByReveal
+
+    function slidesTo(side) {
+        return entry === side && !screen.fades && !isRevealing
+    }
 
     function takeFocus() {
         if (isTop && !isLeaving) forceActiveFocus()
@@ -25,10 +31,10 @@ FocusScope {
 
     visible: !modelData.isCovered
     enabled: isTop && !isLeaving
-    opacity: screen.isOver ? presence : 1
+    opacity: screen.fades && !isRevealing ? presence : 1
     transform: Translate {
-        x: layer.entry === ScreenLayer.FromRight && !layer.screen.isOver ? (1 - layer.presence) * layer.width : 0
-        y: layer.entry === ScreenLayer.FromBelow && !layer.screen.isOver ? (1 - layer.presence) * layer.height : 0
+        x: layer.slidesTo(ScreenLayer.FromRight) || layer.isRevealing ? (1 - layer.presence) * layer.width : 0
+        y: layer.slidesTo(ScreenLayer.FromBelow) ? (1 - layer.presence) * layer.height : 0
     }
     Component.onCompleted: {
         if (modelData.isAnimated) coming.start()
@@ -39,7 +45,8 @@ FocusScope {
     onIsLeavingChanged: {
         if (!isLeaving) return
         coming.stop()
-        going.start()
+        if (isRevealing) revealing.start()
+        else going.start()
     }
 
     NumberAnimation {
@@ -48,7 +55,7 @@ FocusScope {
         property: "presence"
         from: 0
         to: 1
-        duration: layer.screen.isOver ? Theme.fadeDuration : Theme.slideDuration
+        duration: layer.screen.fades ? Theme.fadeDuration : Theme.slideDuration
         easing.type: Easing.OutCubic
         onFinished: layer.layers.didArrive(layer.modelData)
     }
@@ -57,8 +64,15 @@ FocusScope {
         target: layer
         property: "presence"
         to: 0
-        duration: layer.screen.isOver ? Theme.fadeDuration : Theme.slideDuration
+        duration: layer.screen.fades ? Theme.fadeDuration : Theme.slideDuration
         easing.type: Easing.InCubic
+        onFinished: layer.layers.didLeave(layer.modelData)
+    }
+    KitAnimation {
+        id: revealing
+        motion: layer.screen.reveal
+        target: layer
+        property: "presence"
         onFinished: layer.layers.didLeave(layer.modelData)
     }
     // Keeps mouse input from the items beneath.

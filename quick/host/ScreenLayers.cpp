@@ -10,13 +10,15 @@
 namespace orrelo::quick {
 
 void ScreenLayers::set(const std::vector<std::shared_ptr<ViewController>>& screens, bool wantsAnimation) {
-  const bool animated = wantsAnimation && !Platform::current().application->prefersReducedMotion();
+  const bool mayAnimate = !Platform::current().application->prefersReducedMotion();
+  const bool animated = wantsAnimation && mayAnimate;
   const auto* const formerTop = top();
   for (std::size_t row = rows().size(); row-- > 0;) {
     auto& state = layer(row).state;
     const auto& screen = layer(row).screen()->screen();
     if (state.isLeaving || std::find(screens.begin(), screens.end(), screen) != screens.end()) continue;
-    if (animated) {
+    // A screen with a transition of the window is dismissed without an animation of its own.
+    if (animated || (mayAnimate && screen->transition())) {
       state.isLeaving = true;
       state.isAnimated = true;
     } else {

@@ -3,19 +3,28 @@
 namespace orrelo::quick {
 namespace {
 
-QUrl& delegate() {
-  static QUrl file;
-  return file;
+struct Delegates {
+  QUrl webPage;
+  QUrl exchangePage;
+};
+
+Delegates& delegates() {
+  static Delegates files;
+  return files;
 }
 
 }  // namespace
 
 QUrl webPageDelegate() {
-  return delegate();
+  return delegates().webPage;
 }
 
-void setWebPageDelegate(const QUrl& file) {
-  delegate() = file;
+QUrl exchangePageDelegate() {
+  return delegates().exchangePage;
+}
+
+void setWebPageDelegates(const QUrl& webPage, const QUrl& exchangePage) {
+  delegates() = {webPage, exchangePage};
 }
 
 }  // namespace orrelo::quick

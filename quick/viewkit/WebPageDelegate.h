@@ -6,9 +6,10 @@
 
 namespace orrelo::quick {
 
-/// The QML file that draws web pages. It is set by the optional library with the browser engine, and empty
-/// without it.
+/// The QML files that draw the web pages of blocks and the page of the exchange. They are set by the optional
+/// library with the browser engine, and empty without it.
 ORRELO_EXPORT QUrl webPageDelegate();
-ORRELO_EXPORT void setWebPageDelegate(const QUrl& file);
+ORRELO_EXPORT QUrl exchangePageDelegate();
+ORRELO_EXPORT void setWebPageDelegates(const QUrl& webPage, const QUrl& exchangePage);
 
 }  // namespace orrelo::quick

@@ -10,6 +10,7 @@ WebFrame {
     id: frame
 
     required property WebBridge model
+    readonly property alias browser: view
 
     // The engine reports pixels.
     roomAbove: view.scrollPosition.y / Screen.devicePixelRatio

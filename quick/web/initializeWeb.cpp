@@ -19,7 +19,9 @@ void initializeWeb() {
     return;
   }
   QtWebEngineQuick::initialize();
-  setWebPageDelegate(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/Web/WebPage.qml")));
+  const QUrl module(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/Web/"));
+  setWebPageDelegates(module.resolved(QUrl(QStringLiteral("WebPage.qml"))),
+                      module.resolved(QUrl(QStringLiteral("ExternalPointExchangePage.qml"))));
 }
 
 }  // namespace orrelo::quick

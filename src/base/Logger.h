@@ -33,6 +33,6 @@ void setLogClock(std::function<Date()> now);
 
 /// Redirects the lines, without their newlines, from standard output to `sink`, and enables or disables the
 /// log. An empty sink restores standard output and ignores `enabled`. Used by tests.
-void setLogSink(std::function<void(std::string_view line)> sink, bool enabled = true);
+ORRELO_EXPORT void setLogSink(std::function<void(std::string_view line)> sink, bool enabled = true);
 
 }  // namespace orrelo

@@ -1,6 +1,5 @@
 #include "campaign/ParticipateCampaignUseCase.h"
 
-#include "campaign/CampaignDTO.h"
 #include "reactive/Observable.h"
 
 namespace orrelo {

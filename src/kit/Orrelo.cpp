@@ -7,6 +7,7 @@
 #include "kit/InitializedOrrelo.h"
 #include "model/Delegates.h"
 #include "model/UserManager.h"
+#include "navigation/HomeViewController.h"
 #include "network/KelsoMutator.h"
 #include "platform/URLSession.h"
 #include "platform/threads/onMain.h"
@@ -85,6 +86,10 @@ void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {
   RunningKit::showHome(with);
 }
 
+std::shared_ptr<ViewController> Orrelo::getHomeViewController() {
+  return HomeViewController::create();
+}
+
 void Orrelo::showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) {
   RunningKit::showCampaign(std::string(id), with);
 }
@@ -110,8 +115,16 @@ std::shared_ptr<ViewController> Orrelo::getCampaignViewController(ORLCampaignTyp
   return screen;
 }
 
-void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>&) {
-  RunningKit::isInitialized("showNaverPayExchange(with:)");
+void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>& with) {
+  if (!RunningKit::isInitialized("showNaverPayExchange(with:)")) return;
+  onMain(*Platform::current().mainLoop, [with] {
+    InitializedOrrelo::current()->component->externalPointComponent().router->route(
+        with, [] { log(LogLevel::DEBUG, "Route to NaverPay Exchanage success"); },
+        [](const Error& error) {
+          log(LogLevel::ERROR,
+              [&] { return "Route to NaverPay Exchanage error: " + error.localizedDescription(); });
+        });
+  });
 }
 
 void Orrelo::showPage(std::string_view id) {

@@ -3,6 +3,8 @@
 #include "kit/CampaignComponent.h"
 #include "kit/ConfigComponent.h"
 #include "kit/EventComponent.h"
+#include "kit/ExternalPointComponent.h"
+#include "kit/GifticonComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
 #include "kit/RewardComponent.h"
@@ -24,9 +26,11 @@ class OrreloComponent {
   OrreloComponent(const ORLConfig& config, const std::string& baseUrl, const std::string& storeUrl);
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
+  const ExternalPointComponent& externalPointComponent() const { return *externalPointComponent_; }
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
+  const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
   const RewardComponent& rewardComponent() const { return *rewardComponent_; }
   const PageComponent& pageComponent() const { return *pageComponent_; }
 
@@ -35,9 +39,11 @@ class OrreloComponent {
 
  private:
   std::unique_ptr<ConfigComponent> configComponent_;
+  std::unique_ptr<ExternalPointComponent> externalPointComponent_;
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
+  std::unique_ptr<GifticonComponent> gifticonComponent_;
   std::unique_ptr<RewardComponent> rewardComponent_;
   std::unique_ptr<PageComponent> pageComponent_;
 };

@@ -46,6 +46,10 @@ void RewardViewController::viewDidLoad() {
 }
 
 void RewardViewController::viewWillAppear(bool) {
+  refresh();
+}
+
+void RewardViewController::refresh() {
   trigger_.onNext({});
 }
 

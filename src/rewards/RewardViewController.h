@@ -60,6 +60,8 @@ class ORRELO_EXPORT RewardViewController final : public ViewController {
   const std::shared_ptr<IconRectangleButton> ticketButton =
       std::make_shared<IconRectangleButton>("orl_ic_ticket", "응모권");
 
+  /// Loads the rewards of the current user.
+  void refresh();
   void onClickPointView();
   void onClickGifticonButton();
   void onClickExternalPointButton();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/Transition.h"
 #include "ui/View.h"
 
 #include <orrelo/Export.h>
@@ -22,6 +23,14 @@ enum class ModalPresentationStyle {
   overFullScreen = 5
 };
 
+/// How a presented screen arrives and leaves when that is animated. The values are those of the platform.
+enum class ModalTransitionStyle {
+  /// Slides in from below.
+  coverVertical = 0,
+  /// Fades in.
+  crossDissolve = 2
+};
+
 /// A screen. It is owned by the screen that contains or presents it, or by a window. Main thread.
 ///
 /// A screen loads once, before it first appears. It appears and disappears together with its container.
@@ -40,6 +49,9 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   reactive::Observable<reactive::Unit> titleChanges() const { return title_.changes(); }
 
   ModalPresentationStyle modalPresentationStyle = ModalPresentationStyle::fullScreen;
+  ModalTransitionStyle modalTransitionStyle = ModalTransitionStyle::coverVertical;
+  /// The window's transition in which the screen leaves; absent if it leaves in its own way.
+  const std::optional<Transition>& transition() const { return transition_; }
 
   /// The container of this screen; null for a presented screen and for the root of a window.
   std::shared_ptr<ViewController> parent() const { return parent_.lock(); }
@@ -102,6 +114,8 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   /// contain or present it. Otherwise logs a warning.
   bool canAdd(const std::shared_ptr<ViewController>& screen) const;
   bool canPresent(const std::shared_ptr<ViewController>& screen);
+  /// Adds a transition to the window for the following dismissal, which is then not animated itself.
+  void setTransition(const Transition& transition) { transition_ = transition; }
   void adopt(const std::shared_ptr<ViewController>& child);
   static void release(const std::shared_ptr<ViewController>& child);
 
@@ -119,6 +133,7 @@ class ORRELO_EXPORT ViewController : public std::enable_shared_from_this<ViewCon
   std::vector<std::shared_ptr<ViewController>> children_;
   std::weak_ptr<ViewController> parent_;
   std::weak_ptr<ViewController> presenting_;
+  std::optional<Transition> transition_;
   bool isLoaded_ = false;
   bool isVisible_ = false;
   /// True from `viewWillAppear` on; children that are added while the screen loads appear after it.

@@ -1,0 +1,35 @@
+#include <orrelo/quick/ExternalPointEntryView.h>
+
+#include <QLoggingCategory>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QUrl>
+
+namespace orrelo::quick {
+namespace {
+
+Q_LOGGING_CATEGORY(entry, "orrelo.entry")
+
+}  // namespace
+
+QQuickItem* makeExternalPointEntryView(QQuickItem* parent) {
+  auto* const engine = parent != nullptr ? qmlEngine(parent) : nullptr;
+  if (engine == nullptr) {
+    qCWarning(entry) << "makeExternalPointEntryView() needs a parent that a QML engine has made";
+    return nullptr;
+  }
+  QQmlComponent component(
+      engine, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/OrreloExternalPointEntryView.qml")));
+  auto* const item = qobject_cast<QQuickItem*>(component.create(qmlContext(parent)));
+  if (item == nullptr) {
+    qCWarning(entry) << component.errorString();
+    return nullptr;
+  }
+  QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+  item->setParent(parent);
+  item->setParentItem(parent);
+  return item;
+}
+
+}  // namespace orrelo::quick

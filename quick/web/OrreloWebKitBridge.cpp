@@ -1,0 +1,123 @@
+#include "quick/web/OrreloWebKitBridge.h"
+
+#include "quick/web/WebProfile.h"
+
+#include <orrelo/UnsupportedEventValueException.h>
+#include <orrelo/quick/OrreloQuick.h>
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLoggingCategory>
+#include <QQuickWindow>
+#include <utility>
+
+namespace orrelo::quick {
+namespace {
+
+Q_LOGGING_CATEGORY(web, "orrelo.web")
+
+QString toQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+EventValue toEventValue(const QJsonValue& json) {
+  switch (json.type()) {
+    case QJsonValue::Bool:
+      return json.toBool();
+    case QJsonValue::Double:
+      return json.toDouble();
+    case QJsonValue::String:
+      return json.toString().toStdString();
+    case QJsonValue::Array: {
+      EventArray values;
+      for (const auto& value : json.toArray()) values.push_back(toEventValue(value));
+      return values;
+    }
+    case QJsonValue::Object: {
+      EventDictionary values;
+      const auto object = json.toObject();
+      for (auto field = object.begin(); field != object.end(); ++field) {
+        values.emplace(field.key().toStdString(), toEventValue(field.value()));
+      }
+      return values;
+    }
+    default:
+      return nullptr;
+  }
+}
+
+QWebEngineScript userScript() {
+  const auto& kits = OrreloWebKit::userScript;
+  QWebEngineScript script;
+  script.setName(QStringLiteral("orrelo.userScript"));
+  script.setSourceCode(toQt(kits.source));
+  script.setWorldId(QWebEngineScript::MainWorld);
+  script.setInjectionPoint(kits.injectionTime == OrreloWebKit::UserScript::InjectionTime::atDocumentEnd
+                               ? QWebEngineScript::DocumentReady
+                               : QWebEngineScript::DocumentCreation);
+  script.setRunsOnSubFrames(!kits.forMainFrameOnly);
+  return script;
+}
+
+}  // namespace
+
+OrreloWebKitBridge& OrreloWebKitBridge::of(QObject& view) {
+  auto* const found = view.findChild<OrreloWebKitBridge*>(QString(), Qt::FindDirectChildrenOnly);
+  return found != nullptr ? *found : *new OrreloWebKitBridge(view);
+}
+
+// The view, unless it is another item or has the profile of the kit's own pages.
+QQuickItem* OrreloWebKitBridge::hostsView() const {
+  auto* const view = qobject_cast<QQuickItem*>(parent());
+  if (view == nullptr || !view->inherits("QQuickWebEngineView")) return nullptr;
+  const auto* const profile = view->property("profile").value<QObject*>();
+  return qobject_cast<const WebProfile*>(profile) == nullptr ? view : nullptr;
+}
+
+void OrreloWebKitBridge::setEnabled(bool enabled) {
+  if (enabled == isEnabled()) return;
+  if (enabled) {
+    auto* const view = hostsView();
+    if (view == nullptr) {
+      qCWarning(web) << "The bridge needs a WebEngineView of the host; nothing was installed in" << parent();
+      return;
+    }
+    handler_ = std::make_unique<ScriptMessageHandler>();
+    connect(handler_.get(), &ScriptMessageHandler::received, this, &OrreloWebKitBridge::handle);
+    handler_->setName(toQt(OrreloWebKit::handlerName));
+    handler_->setUserScript(userScript());
+    handler_->setView(view);
+  } else {
+    handler_.reset();
+  }
+  Q_EMIT enabledChanged();
+}
+
+void OrreloWebKitBridge::handle(const QJsonValue& body) {
+  auto* const window = qobject_cast<QQuickItem*>(parent())->window();
+  const auto screen = window != nullptr ? hostViewController(window) : nullptr;
+  try {
+    const auto error = OrreloWebKit::handle(screen, OrreloWebKit::handlerName, toEventValue(body));
+    if (error) fail(error, error->description());
+  } catch (const UnsupportedEventValueException& exception) {
+    fail(std::nullopt, exception.reason());
+  }
+}
+
+void OrreloWebKitBridge::fail(const std::optional<OrreloWebkitError>& error, const std::string& description) {
+  Q_EMIT failed(error ? toQt(error->caseName()) : QString(), toQt(description));
+  if (const auto callback = onFailure) callback(error, description);
+}
+
+bool installBridge(QQuickItem* webEngineView, BridgeFailure onFailure) {
+  if (webEngineView == nullptr) {
+    qCWarning(web) << "installBridge() was given no view";
+    return false;
+  }
+  auto& bridge = OrreloWebKitBridge::of(*webEngineView);
+  bridge.onFailure = std::move(onFailure);
+  bridge.setEnabled(true);
+  return bridge.isEnabled();
+}
+
+}  // namespace orrelo::quick
