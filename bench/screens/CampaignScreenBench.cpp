@@ -10,10 +10,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <algorithm>
-#include <fstream>
 #include <functional>
-#include <malloc.h>
-#include <unistd.h>
 
 namespace orrelo::bench {
 namespace {
@@ -66,14 +63,6 @@ void waitForPictures() {
     return std::all_of(pictures.begin(), pictures.end(),
                        [](const auto& view) { return view->state.value().image != nullptr; });
   });
-}
-
-double residentMebibytes() {
-  malloc_trim(0);
-  std::size_t pages = 0;
-  std::size_t resident = 0;
-  std::ifstream("/proc/self/statm") >> pages >> resident;
-  return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
 }
 
 std::vector<double> measureAttendance() {

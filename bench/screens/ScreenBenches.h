@@ -3,6 +3,7 @@
 namespace orrelo::bench {
 
 void addCampaignScreens();
+void addPointHistory();
 void addWheel();
 
 }  // namespace orrelo::bench

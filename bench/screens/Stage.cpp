@@ -3,7 +3,19 @@
 #include <orrelo/Orrelo.h>
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <fstream>
+#include <malloc.h>
+#include <unistd.h>
+
 namespace orrelo::bench {
+
+double residentMebibytes() {
+  malloc_trim(0);
+  std::size_t pages = 0;
+  std::size_t resident = 0;
+  std::ifstream("/proc/self/statm") >> pages >> resident;
+  return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
+}
 
 Stage& Stage::shared() {
   static auto* const stage = new Stage;

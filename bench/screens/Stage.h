@@ -35,6 +35,9 @@ void runUntil(const Holds& holds) {
   }
 }
 
+/// The resident memory of this process, after the C library has returned its free memory.
+double residentMebibytes();
+
 /// A host's window and the kit, with a service in this process.
 class Stage {
  public:
@@ -57,11 +60,12 @@ class Stage {
   /// The page of the screen that is open.
   std::shared_ptr<View> content() const { return screen()->state().content; }
   QQuickWindow& window() const { return *window_; }
+  /// The host's screen, from which the kit's screens are presented.
+  std::shared_ptr<ViewController> host() const;
   test::Service& service() const { return *service_; }
 
  private:
   Stage();
-  std::shared_ptr<ViewController> host() const;
   std::shared_ptr<CampaignViewController> screen() const;
   /// Waits for the first frame with content other than `content`. Returns the milliseconds since `start`.
   double waitForNewContent(const std::shared_ptr<View>& content, std::chrono::steady_clock::time_point start);

@@ -6,6 +6,8 @@ FocusScope {
     id: view
 
     required property RewardTabBridge screen
+    /// The distance of the content to the edges; 0 within a page that has margins of its own.
+    property real sideMargin: Theme.margin
 
     implicitHeight: column.height
 
@@ -17,6 +19,7 @@ FocusScope {
         PointView {
             width: parent.width
             model: view.screen.point
+            sideMargin: view.sideMargin
             opensHistory: true
             onPressed: view.screen.onClickPointView()
         }
@@ -29,7 +32,7 @@ FocusScope {
             readonly property bool fits: (widest + 8) * buttonCount <= width
             readonly property real buttonWidth: Math.floor(width / Math.max(1, fits ? buttonCount : 2))
 
-            x: Theme.margin
+            x: view.sideMargin
             width: parent.width - 2 * x
             visible: !view.screen.isHorizontalRewardStackHidden
             topPadding: 8
