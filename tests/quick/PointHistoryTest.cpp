@@ -222,6 +222,24 @@ TEST_F(PointHistoryTest, SaysThatItIsEmptyOrHasFailedAndGoesOn) {
   EXPECT_TRUE(waitForRows(4));
 }
 
+TEST_F(PointHistoryTest, TextsOfAMebibyteLeaveTheListUsable) {
+  const std::string longText(std::size_t{1024} * 1024, 'x');
+  service_->answers["/my-point"] = {200, R"({"amount":-9223372036854775808,"description":")" + longText +
+                                             R"(","point_unit":")" + longText + R"(","icon_url":")" +
+                                             longText + R"("})"};
+  service_->answers[historyPath] = {
+      200, "[" + row(1, longText, longText, longText, 1) + "," + row(2, "다음", "", "", 2) + "]"};
+  openHistory();
+  grab("history-huge-texts");
+  EXPECT_EQ(rowCount(), 2);
+  press(Qt::Key_End);
+  settle();
+  const auto cells = drawnBy("PointRedemptionHistoryViewCell");
+  ASSERT_FALSE(cells.empty());
+  EXPECT_TRUE(screenreader::nameOf(cells.back()).startsWith(QStringLiteral("다음, 2 x")));
+  EXPECT_LE(sceneRect(cells.back()).bottom(), window_->height() + 1.0);
+}
+
 TEST_F(PointHistoryTest, TheKeyboardScrollsAndLeaves) {
   openHistory();
   EXPECT_EQ(focusName(), title);

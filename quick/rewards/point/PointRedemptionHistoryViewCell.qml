@@ -2,7 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A row of the history: the date, two lines of text and the amount. Where these do not fit side by side, the amount
-/// stands below the text.
+/// stands below the text. Only texts that are too long for a list are cut.
 Item {
     id: cell
 
@@ -45,12 +45,16 @@ Item {
             id: titleLabel
             width: parent.width
             size: 16
+            maximumLineCount: 10
+            elide: Text.ElideRight
             text: cell.title
             Accessible.ignored: true
         }
         KitText {
             width: parent.width
             size: 12
+            maximumLineCount: 10
+            elide: Text.ElideRight
             color: Theme.secondaryText
             text: cell.body
             Accessible.ignored: true
@@ -79,6 +83,8 @@ Item {
             id: unitLabel
             width: Math.min(implicitWidth, sum.width)
             size: 16
+            maximumLineCount: 2
+            elide: Text.ElideRight
             font.bold: true
             color: cell.amountColor
             text: cell.unit

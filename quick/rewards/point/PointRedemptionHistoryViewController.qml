@@ -68,8 +68,9 @@ ORLUIViewController {
                 contentY = Math.min(end, Math.max(originY, contentY + distance))
             }
             function reportSight() {
-                const last = indexAt(width / 2, contentY + height - 1)
-                view.screen.willDisplay(last < 0 ? count - 1 : last)
+                const bottom = contentY + height - 1
+                const isBelowAll = contentHeight > 0 && bottom >= originY + contentHeight
+                view.screen.willDisplay(isBelowAll ? count - 1 : indexAt(width / 2, bottom))
             }
 
             onContentYChanged: {
