@@ -14,29 +14,25 @@ Kinds rouletteKinds();
 Kinds scratchKinds();
 Kinds campaignKinds();
 Kinds attendanceKinds();
+Kinds entryKinds();
+Kinds listKinds();
 Kinds optInMarketingKinds();
 Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
+Kinds gifticonKinds();
+Kinds pointKinds();
 Kinds externalPointKinds();
+Kinds rewardsKinds();
+Kinds navigationKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),
-      viewkitKinds(),
-      modularKinds(),
-      contentKinds(),
-      rouletteKinds(),
-      scratchKinds(),
-      campaignKinds(),
-      attendanceKinds(),
-      optInMarketingKinds(),
-      resultKinds(),
-      stampKinds(),
-      updateKinds(),
-      externalPointKinds(),
-      hostKinds(),
+      imageKinds(),          viewkitKinds(),       modularKinds(),    contentKinds(),    rouletteKinds(),
+      scratchKinds(),        campaignKinds(),      attendanceKinds(), entryKinds(),      listKinds(),
+      optInMarketingKinds(), resultKinds(),        stampKinds(),      updateKinds(),     gifticonKinds(),
+      pointKinds(),          externalPointKinds(), rewardsKinds(),    navigationKinds(), hostKinds(),
   };
   return folders;
 }

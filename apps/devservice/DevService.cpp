@@ -7,6 +7,7 @@
 #include "http/RequestLog.h"
 #include "scenario/Scenario.h"
 #include "store/EventStore.h"
+#include "store/UserDatabase.h"
 
 #include <mutex>
 #include <stdexcept>
@@ -35,15 +36,15 @@ class DevService::Impl {
         certificate(Certificate::loadOrCreate(directory)),
         scenario(scenarioOr(options.scenarioDirectory), options.now),
         store(directory / "devservice.sqlite3"),
-        participations(directory / "participations.sqlite3"),
-        dispatcher(store, participations, scenario, requests, faults),
+        users(directory / "participations.sqlite3"),
+        dispatcher(store, users, scenario, requests, faults),
         port(options.port) {}
 
   const std::filesystem::path directory;
   const Certificate certificate;
   const Scenario scenario;
   EventStore store;
-  ParticipationBook participations;
+  UserDatabase users;
   RequestLog requests;
   FaultBook faults;
   Dispatcher dispatcher;

@@ -1,6 +1,8 @@
 #include "ServiceRoutes.h"
 
 #include "JsonText.h"
+#include "barcode/BarcodePicture.h"
+#include "scenario/Placeholders.h"
 
 #include <array>
 #include <chrono>
@@ -81,8 +83,9 @@ std::string contentTypeOf(std::string_view name) {
 
 }  // namespace
 
-ServiceRoutes::ServiceRoutes(EventStore& store, ParticipationBook& participations, const Scenario& scenario)
-    : eventStore_(store), scenario_(scenario), campaigns_(participations, scenario) {}
+ServiceRoutes::ServiceRoutes(EventStore& store, UserDatabase& users, Wallets& wallets,
+                             const Scenario& scenario)
+    : eventStore_(store), scenario_(scenario), wallets_(wallets), campaigns_(users, wallets, scenario) {}
 
 const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
   static const std::vector<Route> routes{
@@ -92,7 +95,13 @@ const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
       {"POST", "/token", &ServiceRoutes::saveToken},
       {"GET", "/campaigns", &ServiceRoutes::listCampaigns},
       {"GET", "/campaigns/*", &ServiceRoutes::campaign},
-      {"GET", "/campaigns/*/*", &ServiceRoutes::participate},
+      {"GET", "/campaigns/*/*", &ServiceRoutes::participate, true},
+      {"GET", "/fab", &ServiceRoutes::floatingButton},
+      {"GET", "/pointsystem/my-point", &ServiceRoutes::pointBalance, true},
+      {"GET", "/pointsystem/point-redemption-history", &ServiceRoutes::pointHistory, true},
+      {"GET", "/my-rewards", &ServiceRoutes::rewardCounts, true},
+      {"GET", "/gifticons", &ServiceRoutes::vouchers, true},
+      {"POST", "/gifticons/download", &ServiceRoutes::issueVoucher, true},
   };
   return routes;
 }
@@ -106,6 +115,9 @@ Reply ServiceRoutes::answer(const httplib::Request& request) {
     return page(std::string(path.substr(pagePrefix.size())));
   }
   if (request.method == "GET" && path == "/lookup") return lookup();
+  if (request.method == "GET") {
+    if (auto picture = BarcodePicture::at(path)) return Reply::text(200, *std::move(picture), "image/png");
+  }
   if (!path.starts_with(servicePrefix)) return errorReply(404, "no such path");
   const auto rest = path.substr(servicePrefix.size());
   const auto slash = rest.find('/');
@@ -116,7 +128,10 @@ Reply ServiceRoutes::answer(const httplib::Request& request) {
     auto parts = match(route.path, call.path);
     if (!parts) continue;
     call.parts = std::move(*parts);
-    if (request.method == route.method) return (this->*route.handler)(call);
+    if (request.method == route.method) {
+      if (route.needsUser && !request.has_header("buid")) return errorReply(400, "\"buid\" is missing");
+      return (this->*route.handler)(call);
+    }
     auto reply = errorReply(405, "this path takes " + std::string(route.method));
     reply.headers.emplace_back("Allow", route.method);
     return reply;
@@ -125,9 +140,9 @@ Reply ServiceRoutes::answer(const httplib::Request& request) {
 }
 
 Reply ServiceRoutes::config(const Call& call) {
-  auto body = scenario_.config(call.appKey);
+  const auto body = scenario_.config(call.appKey);
   if (!body) return errorReply(404, "the scenario has no config.json");
-  return Reply::text(200, std::move(*body));
+  return Reply::text(200, fillIn(*body, callerOf(call), scenario_));
 }
 
 Reply ServiceRoutes::receiveEvent(const Call& call) {
@@ -169,7 +184,7 @@ Reply ServiceRoutes::saveToken(const Call& call) {
   return jsonReply(200, nlohmann::json::object());
 }
 
-Campaigns::Caller ServiceRoutes::callerOf(const Call& call) {
+Caller ServiceRoutes::callerOf(const Call& call) {
   return {call.appKey, call.http.get_header_value("buid"), "https://" + call.http.get_header_value("Host")};
 }
 
@@ -182,8 +197,33 @@ Reply ServiceRoutes::campaign(const Call& call) {
 }
 
 Reply ServiceRoutes::participate(const Call& call) {
-  if (!call.http.has_header("buid")) return errorReply(400, "\"buid\" is missing");
   return campaigns_.participate(callerOf(call), call.parts.at(0), call.parts.at(1));
+}
+
+Reply ServiceRoutes::floatingButton(const Call& call) {
+  const auto body = scenario_.floatingButton(call.appKey);
+  if (!body) return errorReply(404, "the scenario has no fab.json");
+  return Reply::text(200, fillIn(*body, callerOf(call), scenario_));
+}
+
+Reply ServiceRoutes::pointBalance(const Call& call) {
+  return wallets_.balance(callerOf(call));
+}
+
+Reply ServiceRoutes::pointHistory(const Call& call) {
+  return wallets_.history(callerOf(call), call.http.get_param_value("page"));
+}
+
+Reply ServiceRoutes::rewardCounts(const Call& call) {
+  return wallets_.counts(callerOf(call));
+}
+
+Reply ServiceRoutes::vouchers(const Call& call) {
+  return wallets_.vouchers(callerOf(call));
+}
+
+Reply ServiceRoutes::issueVoucher(const Call& call) {
+  return wallets_.issue(callerOf(call), call.http.body);
 }
 
 Reply ServiceRoutes::image(const std::string& name) const {

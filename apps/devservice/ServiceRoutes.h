@@ -3,6 +3,7 @@
 #include "http/Reply.h"
 #include "scenario/Campaigns.h"
 #include "scenario/Scenario.h"
+#include "scenario/Wallets.h"
 #include "store/EventStore.h"
 
 #include <httplib.h>
@@ -12,10 +13,10 @@
 namespace orrelo::devservice {
 
 /// Answers everything below `/orreloservice/sdk/<appKey>`, the images of the scenario below `/images`, its
-/// web pages below `/pages`, and the store's lookup.
+/// web pages below `/pages`, pictures of barcodes below `/barcodes`, and the store's lookup.
 class ServiceRoutes {
  public:
-  ServiceRoutes(EventStore& store, ParticipationBook& participations, const Scenario& scenario);
+  ServiceRoutes(EventStore& store, UserDatabase& users, Wallets& wallets, const Scenario& scenario);
 
   Reply answer(const httplib::Request& request);
 
@@ -34,6 +35,8 @@ class ServiceRoutes {
     const char* method;
     const char* path;
     Reply (ServiceRoutes::*handler)(const Call&);
+    /// Requests without the header "buid" are refused.
+    bool needsUser = false;
   };
   static const std::vector<Route>& table();
 
@@ -41,10 +44,16 @@ class ServiceRoutes {
   Reply receiveEvent(const Call& call);
   Reply receiveEvents(const Call& call);
   Reply saveToken(const Call& call);
-  static Campaigns::Caller callerOf(const Call& call);
+  static Caller callerOf(const Call& call);
   Reply listCampaigns(const Call& call);
   Reply campaign(const Call& call);
   Reply participate(const Call& call);
+  Reply floatingButton(const Call& call);
+  Reply pointBalance(const Call& call);
+  Reply pointHistory(const Call& call);
+  Reply rewardCounts(const Call& call);
+  Reply vouchers(const Call& call);
+  Reply issueVoucher(const Call& call);
   Reply image(const std::string& name) const;
   Reply page(const std::string& name) const;
   Reply lookup() const;
@@ -52,6 +61,7 @@ class ServiceRoutes {
 
   EventStore& eventStore_;
   const Scenario& scenario_;
+  Wallets& wallets_;
   Campaigns campaigns_;
 };
 

@@ -41,6 +41,7 @@ class ORRELO_EXPORT IOrrelo {
   virtual void sendEvent(std::string_view name, EventValues values) = 0;
 
   virtual void showHome(const std::shared_ptr<ViewController>& with) = 0;
+  virtual std::shared_ptr<ViewController> getHomeViewController() = 0;
   virtual void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) = 0;
   virtual void showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with) = 0;
   virtual std::shared_ptr<ViewController> getCampaignViewController(std::string_view id) = 0;

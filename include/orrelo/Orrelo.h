@@ -24,13 +24,13 @@ namespace orrelo {
 ///
 /// Threads: any thread may call any operation, except the `get…ViewController` operations, which must be
 /// called on the main thread. The `show…` operations show their screen on the main thread: immediately when
-/// called there, otherwise in a task posted to the main loop; `showPage` fetches the service's configuration
+/// called there, otherwise in a task posted to the main loop; `showPage` and `showHome` ask the service
 /// first. No operation waits for a file or for the network, except that `initialize` and `setUser` read and
 /// write small settings files. Call `initialize` once and early.
 ///
 /// These operations are not implemented yet, and only write a log line when called before `initialize`:
-/// `showHome`, `showInAppMessage`, `setDeviceToken`, `setPushToken`, `userNotificationCenter` and
-/// `application`. The last two do not call their completions.
+/// `showInAppMessage`, `setDeviceToken`, `setPushToken`, `userNotificationCenter` and `application`. The last
+/// two do not call their completions.
 ///
 /// Errors: an event value of an unsupported type throws UnsupportedEventValueException; no other exception is
 /// ever thrown. Internal failures are reported through ORLLogger only.
@@ -74,7 +74,14 @@ class ORRELO_EXPORT Orrelo final {
   /// contains a value without a JSON form is left out.
   static void sendEvent(std::string_view name, EventValues values);
 
+  /// Opens home for the current user from the host's screen `with`: the user's rewards above the list of
+  /// campaigns. If the application has no rewards and the user exactly one campaign, opens that campaign
+  /// instead. The service is asked first; if that fails, or if nobody is signed in, an error screen opens.
+  /// Pushes or presents as `showCampaign` does.
   static void showHome(const std::shared_ptr<ViewController>& with);
+  /// The home screen, for the host to show through its front. Never null: a screen that loads before
+  /// `initialize` asks to try again. Main thread only.
+  static std::shared_ptr<ViewController> getHomeViewController();
   /// Opens a campaign from the host's screen `with`: pushes it on that screen's navigation stack, or presents
   /// it over the screen if there is no stack. Does nothing if `with` is null.
   static void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with);

@@ -10,11 +10,22 @@ void ListBridge::insert(std::size_t at, QObject* row) {
 }
 
 void ListBridge::remove(std::size_t at) {
-  auto* const removed = rows_[at];
+  take(at)->deleteLater();  // runs after that of the delegate, which still reads the row
+}
+
+QObject* ListBridge::take(std::size_t at) {
+  auto* const taken = rows_[at];
   beginRemoveRows({}, static_cast<int>(at), static_cast<int>(at));
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(at));
   endRemoveRows();
-  removed->deleteLater();  // runs after that of the delegate, which still reads the row
+  return taken;
+}
+
+QObject* ListBridge::spare() {
+  if (spares_.empty()) return nullptr;
+  auto* const row = spares_.back();
+  spares_.pop_back();
+  return row;
 }
 
 int ListBridge::rowCount(const QModelIndex& parent) const {

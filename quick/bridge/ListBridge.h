@@ -26,6 +26,23 @@ class ListBridge : public QAbstractListModel {
   /// Removes the row and deletes its object later, after the delegate that reads it.
   void remove(std::size_t at);
 
+  /// Changes the list to one row per item. A position keeps its row; `set(row, item)` updates it. Rows that
+  /// are no longer needed are kept for later, since a list view reads the rows of removed delegates until its
+  /// next frame.
+  template <class Row, class Items, class Set>
+  void assignByPosition(const Items& items, Set set) {
+    while (rows_.size() > items.size()) spares_.push_back(take(rows_.size() - 1));
+    std::size_t at = 0;
+    for (const auto& item : items) {
+      const bool exists = at < rows_.size();
+      auto* const row = static_cast<Row*>(exists ? rows_[at] : spare());
+      auto* const used = row != nullptr ? row : new Row(this);
+      set(*used, item);
+      if (!exists) append(used);
+      ++at;
+    }
+  }
+
   /// Changes the list to one row per item, in the order of `items`. Rows of items that were in the list
   /// before are kept; such items must be in the same relative order as before. `isOf(row, item)` returns
   /// whether the row belongs to the item, `make(item)` creates a row.
@@ -48,7 +65,12 @@ class ListBridge : public QAbstractListModel {
   QHash<int, QByteArray> roleNames() const override;
 
  private:
+  QObject* take(std::size_t at);
+  /// An unused row; null if there is none.
+  QObject* spare();
+
   std::vector<QObject*> rows_;
+  std::vector<QObject*> spares_;
 };
 
 }  // namespace orrelo::quick

@@ -40,7 +40,9 @@ class ScreenBridge : public QObject {
   QString title() const { return toQt(screen_->title().value_or("")); }
   bool isOver() const { return screen_->modalPresentationStyle == ModalPresentationStyle::overFullScreen; }
 
-  bool fades() const { return isOver() || screen_->modalTransitionStyle == ModalTransitionStyle::crossDissolve; }
+  bool fades() const {
+    return isOver() || screen_->modalTransitionStyle == ModalTransitionStyle::crossDissolve;
+  }
   bool leavesByReveal() const { return screen_->transition().has_value(); }
   AnimationValue reveal() const;
   bool canClose() const { return screen_->canClose(); }

@@ -9,6 +9,7 @@ PressArea {
     property alias text: title.text
     property alias badgeText: badge.text
     property alias badgeColor: badge.backgroundColor
+    property alias badgeTextColor: badge.color
 
     name: badgeText.length > 0 ? text + ", " + badgeText : text
     implicitWidth: Math.max(Theme.touchSize, title.implicitWidth)

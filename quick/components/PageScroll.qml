@@ -51,15 +51,8 @@ Flickable {
         width: Math.min(scroll.width, Theme.contentWidth) - 2 * scroll.sideMargin
         spacing: 24
     }
-    Rectangle {
-        parent: scroll
+    ScrollIndicator {
+        scroll: scroll
         visible: scroll.showsIndicator && scroll.contentHeight > scroll.height
-        opacity: scroll.moving ? 0.5 : 0.2
-        x: scroll.width - width - 3
-        y: scroll.visibleArea.yPosition * scroll.height + 2
-        width: 4
-        height: Math.max(24, scroll.visibleArea.heightRatio * scroll.height - 4)
-        radius: 2
-        color: Theme.text
     }
 }

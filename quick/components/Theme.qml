@@ -16,6 +16,10 @@ QtObject {
 
     readonly property color text: Qt.rgba(0.239, 0.243, 0.247, 1)
     readonly property color secondaryText: Qt.rgba(0.582, 0.588, 0.592, 1)
+    /// Small text that must be legible on white.
+    readonly property color captionText: "#6b6d70"
+    /// The border of a card that can be pressed.
+    readonly property color outline: "#dcdee1"
     readonly property color divider: Qt.rgba(0.945, 0.949, 0.953, 1)
     readonly property color dialogDim: Qt.rgba(0, 0, 0, 0.4)
     readonly property color popUpDim: Qt.rgba(0, 0, 0, 0.7)

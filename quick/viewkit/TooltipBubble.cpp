@@ -43,10 +43,12 @@ void TooltipBubble::paint(QPainter* painter) {
   QPainterPath bubble;
   bubble.addRoundedRect(QRectF(0.0, shape.top, shape.size.width, shape.size.height), cornerRadius,
                         cornerRadius);
+  // The tail's base lies within the bubble, so that no seam shows between them.
+  const double lap = shape.tail[1].y < shape.tail[0].y ? 1.0 : -1.0;
   QPainterPath tail;
-  tail.moveTo(shape.tail[0].x, shape.tail[0].y);
+  tail.moveTo(shape.tail[0].x, shape.tail[0].y + lap);
   tail.lineTo(shape.tail[1].x, shape.tail[1].y);
-  tail.lineTo(shape.tail[2].x, shape.tail[2].y);
+  tail.lineTo(shape.tail[2].x, shape.tail[2].y + lap);
   tail.closeSubpath();
   const auto outline = bubble.united(tail);
   painter->setRenderHint(QPainter::Antialiasing);

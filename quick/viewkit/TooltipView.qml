@@ -8,12 +8,24 @@ Item {
     required property TooltipBridge tooltip
     required property real availableWidth
     // Grows with the text scale; otherwise large text would wrap more often.
-    readonly property real maximumWidth: Math.min(200 * Theme.textScale, availableWidth)
+    property real widthLimit: 200 * Theme.textScale
+    /// A tail at the side of a narrower tooltip would exceed it.
+    property real minimumWidth: 0
+    readonly property real maximumWidth: Math.min(widthLimit, availableWidth)
     readonly property int shownCount: tooltip.shownCount
     readonly property bool isShown: !tooltip.isHidden && opacity > 0
 
+    /// The tooltip has faded out by itself.
+    signal faded()
+
+    function restart() {
+        fading.stop()
+        opacity = 1
+        if (tooltip.autoDismiss) fading.start()
+    }
+
     visible: !tooltip.isHidden
-    implicitWidth: Math.min(maximumWidth, measure.implicitWidth + 24)
+    implicitWidth: Math.min(maximumWidth, Math.max(minimumWidth, measure.implicitWidth + 24))
     implicitHeight: label.implicitHeight + 20 + tooltip.tailHeight
     width: implicitWidth
     height: implicitHeight
@@ -21,17 +33,15 @@ Item {
     Accessible.name: tooltip.text
     Accessible.ignored: !isShown
 
-    onShownCountChanged: {
-        fading.stop()
-        opacity = 1
-        if (tooltip.autoDismiss) fading.start()
-    }
+    onShownCountChanged: restart()
+    Component.onCompleted: if (shownCount > 0) restart()
 
     KitAnimation {
         id: fading
         motion: view.tooltip.fade
         target: view
         property: "opacity"
+        onFinished: view.faded()
     }
     TooltipBubble {
         anchors { fill: parent; margins: -margin }

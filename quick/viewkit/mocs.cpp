@@ -3,6 +3,7 @@
 #include "moc_CampaignNoticeBridge.cpp"
 #include "moc_ErrorBridge.cpp"
 #include "moc_ErrorScreenBridge.cpp"
+#include "moc_IconRectangleButtonBridge.cpp"
 #include "moc_InformationBridge.cpp"
 #include "moc_NoticeBridge.cpp"
 #include "moc_PageBridge.cpp"

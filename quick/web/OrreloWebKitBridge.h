@@ -32,7 +32,8 @@ class OrreloWebKitBridge final : public QObject {
 
  Q_SIGNALS:
   void enabledChanged();
-  /// A page's message was not carried out. `error` is the name of the case, or empty for an unsupported value.
+  /// A page's message was not carried out. `error` is the name of the case, or empty for an unsupported
+  /// value.
   void failed(const QString& error, const QString& description);
 
  private:

@@ -31,9 +31,9 @@ class ScriptMessagePort final : public QObject {
 /// Gives the pages in a WebEngineView `window.webkit.messageHandlers.<name>.postMessage`, in all frames and
 /// before their own scripts run. It takes effect with the next page that is loaded. GUI thread.
 ///
-/// The engine's web channel exists in the main frame alone. A script there receives the messages of all frames
-/// through ports. The channel is in a world that pages cannot reach, unless the host uses the view's channel
-/// itself; a page can then also reach the objects that the host has registered.
+/// The engine's web channel exists in the main frame alone. A script there receives the messages of all
+/// frames through ports. The channel is in a world that pages cannot reach, unless the host uses the view's
+/// channel itself; a page can then also reach the objects that the host has registered.
 class ScriptMessageHandler : public QObject {
   Q_OBJECT
   QML_ELEMENT

@@ -7,11 +7,6 @@
 
 namespace orrelo {
 
-HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId) {
-  headers["buid"] = userId;
-  return headers;
-}
-
 reactive::Observable<Campaign> CampaignRemoteDataSource::fetch(const std::string& campaignId,
                                                                const std::string& userId) const {
   return get("/campaigns/" + campaignId, userId).map([mapper = mapper_](const HTTPReply& reply) {

@@ -13,9 +13,6 @@
 
 namespace orrelo {
 
-/// Adds the header "buid" with the user's id and replaces an existing one.
-HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId);
-
 /// GET "/campaigns" and GET "/campaigns/<id>". The streams are cold and emit one element or the error of the
 /// network, the service or the decoding. Replies are decoded on `scheduler`, not on the network's thread.
 class CampaignRemoteDataSource {

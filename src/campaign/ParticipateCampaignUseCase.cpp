@@ -1,6 +1,5 @@
 #include "campaign/ParticipateCampaignUseCase.h"
 
-#include "campaign/CampaignRemoteDataSource.h"
 #include "reactive/Observable.h"
 
 namespace orrelo {

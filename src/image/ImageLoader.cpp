@@ -42,18 +42,19 @@ std::string pathExtension(const Url& url) {
 
 }  // namespace
 
-void ImageLoader::load(std::string_view urlString, const std::shared_ptr<ImageTarget>& imageView,
+bool ImageLoader::load(std::string_view urlString, const std::shared_ptr<ImageTarget>& imageView,
                        ImagePipeline::Completion completion) {
   const auto url = Url::parse(urlEncoded(urlString));
   if (!url) {
-    return log(LogLevel::WARNING,
-               [&] { return "ImageLoader: " + std::string(urlString) + " is not valid URL"; });
+    log(LogLevel::WARNING, [&] { return "ImageLoader: " + std::string(urlString) + " is not valid URL"; });
+    return false;
   }
   if (pathExtension(*url) == "gif") {
     ImageLoad::setImage(imageView, std::nullopt);  // animations are not supported
-    return;
+    return false;
   }
   ImageLoad::setImage(imageView, url, {.completion = std::move(completion)});
+  return true;
 }
 
 }  // namespace orrelo

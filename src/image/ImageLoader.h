@@ -10,8 +10,8 @@ namespace orrelo {
 struct ImageLoader {
   /// Percent-encodes characters that are not allowed in a URL's query, including spaces and "%", and loads
   /// the image. If the result is not a valid URL, logs a warning and leaves the view unchanged; if it names a
-  /// GIF, clears the view. `completion` is not called in these cases. Main thread only.
-  static void load(std::string_view urlString, const std::shared_ptr<ImageTarget>& imageView,
+  /// GIF, clears the view. In these cases returns false, and `completion` is not called. Main thread only.
+  static bool load(std::string_view urlString, const std::shared_ptr<ImageTarget>& imageView,
                    ImagePipeline::Completion completion = {});
 };
 

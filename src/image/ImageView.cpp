@@ -8,8 +8,9 @@
 
 namespace orrelo {
 
-void ImageView::load(std::string_view url, ImagePipeline::Completion completion) {
-  ImageLoader::load(url, std::static_pointer_cast<ImageView>(shared_from_this()), std::move(completion));
+bool ImageView::load(std::string_view url, ImagePipeline::Completion completion) {
+  return ImageLoader::load(url, std::static_pointer_cast<ImageView>(shared_from_this()),
+                           std::move(completion));
 }
 
 void ImageView::setAsset(const std::string& name) {

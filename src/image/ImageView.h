@@ -25,8 +25,9 @@ class ORRELO_EXPORT ImageView : public View, public ImageTarget {
 
   std::string_view kind() const override { return "ImageView"; }
 
-  /// Shows nothing until the image has been loaded, or if it cannot be loaded.
-  void load(std::string_view url, ImagePipeline::Completion completion = {});
+  /// Shows nothing until the image has been loaded, or if it cannot be loaded. Returns false if the URL is
+  /// not valid or names an animation, and `completion` is not called then.
+  bool load(std::string_view url, ImagePipeline::Completion completion = {});
   /// Shows one of the kit's own images and cancels a running load.
   void setAsset(const std::string& name);
 

@@ -1,15 +1,15 @@
 #include "kit/CampaignComponent.h"
 
 #include "campaign/CampaignLocalDataSource.h"
-#include "campaign/CampaignNavigatorImpl.h"
 #include "campaign/CampaignRemoteDataSource.h"
 #include "campaign/CampaignRepository.h"
 #include "campaign/CampaignViewControllerFactoryImpl.h"
-#include "campaign/CampaignViewModel.h"
 #include "campaign/FetchCampaignStateUseCase.h"
 #include "campaign/FetchCampaignUseCase.h"
 #include "campaign/FetchCampaignsUseCase.h"
 #include "campaign/SaveCampaignStateUseCase.h"
+#include "campaign/entry/CampaignViewPropertyRepository.h"
+#include "navigation/CampaignNavigatorImpl.h"
 #include "network/HTTPClient.h"
 
 #include <orrelo/Platform.h>
@@ -40,13 +40,31 @@ CampaignUseCases makeUseCases(const std::shared_ptr<FetchConfigUseCase>& fetchCo
   };
 }
 
+std::shared_ptr<CampaignViewPropertyRepository> makePropertyRepository(const NetworkConfig& networkConfig) {
+  return CampaignViewPropertyRepositoryImpl::create(
+      CampaignViewPropertyLocalDataSource(Platform::current().userDefaults->standard()),
+      CampaignViewPropertyRemoteDataSource(
+          networkConfig, std::make_shared<HTTPClientImpl>(),
+          std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::userInteractive)));
+}
+
 }  // namespace
 
 CampaignComponent::CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& fetchConfigUseCase,
                                      const NetworkConfig& networkConfig, const std::string& storeUrl,
                                      const std::shared_ptr<PageRouter>& pageRouter)
-    : campaignViewControllerFactory(std::make_shared<CampaignViewControllerFactoryImpl>(
-          makeUseCases(fetchConfigUseCase, networkConfig, storeUrl), pageRouter)),
-      campaignNavigator(std::make_shared<CampaignNavigatorImpl>(campaignViewControllerFactory)) {}
+    : CampaignComponent(makeUseCases(fetchConfigUseCase, networkConfig, storeUrl), networkConfig,
+                        pageRouter) {}
+
+CampaignComponent::CampaignComponent(const CampaignUseCases& useCases, const NetworkConfig& networkConfig,
+                                     const std::shared_ptr<PageRouter>& pageRouter)
+    : campaignViewControllerFactory(
+          std::make_shared<CampaignViewControllerFactoryImpl>(useCases, pageRouter)),
+      campaignNavigator(CampaignNavigatorImpl::create(
+          useCases.fetchCampaignsUseCase, useCases.fetchConfigUseCase, campaignViewControllerFactory)),
+      campaignListViewModel(CampaignListViewModel::create(useCases.fetchCampaignsUseCase)),
+      fetchFloatingActionButtonPropertyUseCase(
+          std::make_shared<const FetchFloatingActionButtonPropertyUseCase>(
+              makePropertyRepository(networkConfig))) {}
 
 }  // namespace orrelo

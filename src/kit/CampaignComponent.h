@@ -1,5 +1,8 @@
 #pragma once
 
+#include "campaign/CampaignViewModel.h"
+#include "campaign/entry/FetchFloatingActionButtonPropertyUseCase.h"
+#include "campaign/list/CampaignListViewModel.h"
 #include "config/FetchConfigUseCase.h"
 #include "network/NetworkConfig.h"
 #include "ui/CampaignNavigator.h"
@@ -21,6 +24,13 @@ class CampaignComponent {
 
   const std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory;
   const std::shared_ptr<CampaignNavigator> campaignNavigator;
+  const std::shared_ptr<const CampaignListViewModel> campaignListViewModel;
+  const std::shared_ptr<const FetchFloatingActionButtonPropertyUseCase>
+      fetchFloatingActionButtonPropertyUseCase;
+
+ private:
+  CampaignComponent(const CampaignUseCases& useCases, const NetworkConfig& networkConfig,
+                    const std::shared_ptr<PageRouter>& pageRouter);
 };
 
 }  // namespace orrelo

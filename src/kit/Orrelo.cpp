@@ -7,6 +7,7 @@
 #include "kit/InitializedOrrelo.h"
 #include "model/Delegates.h"
 #include "model/UserManager.h"
+#include "navigation/HomeViewController.h"
 #include "network/KelsoMutator.h"
 #include "platform/URLSession.h"
 #include "platform/threads/onMain.h"
@@ -83,6 +84,10 @@ void Orrelo::sendEvent(std::string_view name, EventValues values) {
 
 void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {
   RunningKit::showHome(with);
+}
+
+std::shared_ptr<ViewController> Orrelo::getHomeViewController() {
+  return HomeViewController::create();
 }
 
 void Orrelo::showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) {

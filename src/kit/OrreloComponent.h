@@ -4,7 +4,10 @@
 #include "kit/ConfigComponent.h"
 #include "kit/EventComponent.h"
 #include "kit/ExternalPointComponent.h"
+#include "kit/GifticonComponent.h"
 #include "kit/PageComponent.h"
+#include "kit/PointComponent.h"
+#include "kit/RewardComponent.h"
 #include "ui/RunningKit.h"
 
 #include <orrelo/ORLConfig.h>
@@ -24,9 +27,12 @@ class OrreloComponent {
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
   const ExternalPointComponent& externalPointComponent() const { return *externalPointComponent_; }
-  const PageComponent& pageComponent() const { return *pageComponent_; }
+  const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
+  const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
+  const RewardComponent& rewardComponent() const { return *rewardComponent_; }
+  const PageComponent& pageComponent() const { return *pageComponent_; }
 
   /// The services of this tree for the features.
   RunningKit runningKit() const;
@@ -34,9 +40,12 @@ class OrreloComponent {
  private:
   std::unique_ptr<ConfigComponent> configComponent_;
   std::unique_ptr<ExternalPointComponent> externalPointComponent_;
-  std::unique_ptr<PageComponent> pageComponent_;
+  std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
+  std::unique_ptr<GifticonComponent> gifticonComponent_;
+  std::unique_ptr<RewardComponent> rewardComponent_;
+  std::unique_ptr<PageComponent> pageComponent_;
 };
 
 }  // namespace orrelo

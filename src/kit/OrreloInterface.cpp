@@ -15,6 +15,7 @@ class OrreloInterface final : public IOrrelo {
     Orrelo::sendEvent(name, std::move(values));
   }
   void showHome(const std::shared_ptr<ViewController>& with) override { Orrelo::showHome(with); }
+  std::shared_ptr<ViewController> getHomeViewController() override { return Orrelo::getHomeViewController(); }
   void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) override {
     Orrelo::showCampaign(id, with);
   }

@@ -13,6 +13,12 @@ struct NetworkConfig {
   HTTPHeaders headers;
 };
 
+/// Adds the header "buid" with the user's id and replaces an existing one.
+inline HTTPHeaders withUser(HTTPHeaders headers, const std::string& userId) {
+  headers["buid"] = userId;
+  return headers;
+}
+
 /// Adds "Content-Type" to the headers of requests with a JSON body.
 inline HTTPHeaders withJsonContentType(HTTPHeaders headers) {
   headers["Content-Type"] = "application/json";

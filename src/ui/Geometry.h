@@ -13,11 +13,11 @@ struct Size {
   friend bool operator==(const Size&, const Size&) = default;
 };
 
-struct Point {
+struct Position {
   double x = 0.0;
   double y = 0.0;
 
-  friend bool operator==(const Point&, const Point&) = default;
+  friend bool operator==(const Position&, const Position&) = default;
 };
 
 struct Rect {

@@ -15,7 +15,8 @@ class ORRELO_EXPORT Router {
  public:
   virtual ~Router() = default;
 
-  /// Calls exactly one of the two callbacks, on the main thread.
+  /// Opens the screen from `from`. Calls at most one of the two callbacks, at most once and on the main
+  /// thread; a router may call neither, and its route is then not logged.
   virtual void route(const std::shared_ptr<ViewController>& from, std::function<void()> onSuccess,
                      std::function<void(const Error&)> onFailure) = 0;
 };

@@ -1,6 +1,7 @@
 #include "ui/RunningKit.h"
 
 #include "base/Logger.h"
+#include "model/UserManager.h"
 #include "platform/threads/onMain.h"
 #include "ui/showScreen.h"
 
@@ -59,8 +60,11 @@ void RunningKit::showCampaign(const std::string& id, const std::shared_ptr<ViewC
   });
 }
 
-void RunningKit::showHome(const std::shared_ptr<ViewController>&) {
-  isInitialized("showHome(with:)");
+void RunningKit::showHome(const std::shared_ptr<ViewController>& with) {
+  if (!isInitialized("showHome(with:)")) return;
+  onMain(*Platform::current().mainLoop, [with, userId = currentUserId()] {
+    if (const auto kit = current()) kit->campaignNavigator->showHome(with, userId);
+  });
 }
 
 }  // namespace orrelo

@@ -13,11 +13,22 @@
 
 namespace orrelo {
 
+class CampaignListViewModel;
+class FetchFloatingActionButtonPropertyUseCase;
+class RewardViewModel;
+
 /// The services of the initialized kit that features use without knowing who builds it. `initialize` sets the
 /// current one.
 struct RunningKit {
   std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
   std::shared_ptr<CampaignNavigator> campaignNavigator;
+  /// Loads the campaigns of home.
+  std::shared_ptr<const CampaignListViewModel> campaignListViewModel = nullptr;
+  /// Fetches the look of the floating buttons.
+  std::shared_ptr<const FetchFloatingActionButtonPropertyUseCase> fetchFloatingActionButtonPropertyUseCase =
+      nullptr;
+  /// What the reward tab shows; a feature above this folder.
+  std::shared_ptr<RewardViewModel> rewardViewModel = nullptr;
   /// The routers of the features by page. A page without a router cannot be opened.
   std::map<Page::Fixed, std::shared_ptr<Router>> routers;
 
@@ -33,7 +44,8 @@ struct RunningKit {
   /// Checks `isInitialized` and shows the campaign's screen from `with`, on the main thread. Does nothing if
   /// `with` is null.
   static void showCampaign(const std::string& id, const std::shared_ptr<ViewController>& with);
-  /// Checks `isInitialized`. There is no home screen yet.
+  /// Checks `isInitialized` and opens home for the current user from `with`, see
+  /// CampaignNavigator::showHome. Does nothing if `with` is null.
   static void showHome(const std::shared_ptr<ViewController>& with);
 };
 

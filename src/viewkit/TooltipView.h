@@ -42,7 +42,7 @@ class ORRELO_EXPORT TooltipView final : public View {
     /// The top and the size of the bubble.
     double top = 0.0;
     Size size;
-    std::array<Point, 3> tail;
+    std::array<Position, 3> tail;
   };
 
   static constexpr double tailHeight = 10.0;

@@ -58,11 +58,13 @@ TEST_F(ExternalPointPlaceTest, WithADisabledPluginNothingOpens) {
   initialize(false);
   EXPECT_EQ(OrreloWebKit::handle(host_, "Orrelo", R"({"method":"showNaverPayExchange"})"), std::nullopt);
   platform_.loop->run();
-  EXPECT_THAT(log.lines(),
-              Contains(testing::AllOf(HasSubstr("[ERROR]"), EndsWith(" Route to NaverPay Exchanage error: "
-                                                                     "ExternalPointPluginError.isNotEnabled"))));
-  RunningKit::current()->routers.at(Page::Fixed::externalPointExchange)
-      ->route(host_, [] { FAIL(); }, [](const Error&) {});
+  EXPECT_THAT(log.lines(), Contains(testing::AllOf(HasSubstr("[ERROR]"),
+                                                   EndsWith(" Route to NaverPay Exchanage error: "
+                                                            "ExternalPointPluginError.isNotEnabled"))));
+  RunningKit::current()
+      ->routers.at(Page::Fixed::externalPointExchange)
+      ->route(
+          host_, [] { FAIL(); }, [](const Error&) {});
   platform_.loop->run();
   EXPECT_FALSE(isOpen());
 }

@@ -13,13 +13,13 @@ RouletteDrawing drawingOf(const std::vector<RouletteItemModel>& items) {
   return RouletteDrawing::of(items, {primary, secondary, true}, {280.0, 280.0});
 }
 
-Point middleOf(const Rect& frame) {
+Position middleOf(const Rect& frame) {
   return {frame.x + frame.width / 2, frame.y + frame.height / 2};
 }
 
 TEST(RouletteDrawingTest, SectorsGoRoundAndTheirTextsStandUprightUnderThePin) {
   const auto wheel = drawingOf({{"쿠폰", "커피", primary}, {"", "꽝", white}}).wheel;
-  const Point center{140.0, 140.0};
+  const Position center{140.0, 140.0};
   ASSERT_EQ(wheel.sectors.size(), 2U);
   EXPECT_EQ(wheel.sectors[0], (RouletteDrawing::Sector{center, 115.0, 0.0, 180.0, {0.2, 0.3, 0.4, 0.3}}));
   EXPECT_EQ(wheel.sectors[1], (RouletteDrawing::Sector{center, 115.0, 180.0, 360.0, {1.0, 1.0, 1.0, 0.3}}));

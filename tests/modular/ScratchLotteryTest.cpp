@@ -37,8 +37,8 @@ TEST(AlphaMaskTest, ALineIsErasedWithSmoothRoundEndsAndNothingElseChanges) {
 
 TEST(AlphaMaskTest, ASlantedLineErasesByEachPixelsDistance) {
   AlphaMask mask(80, 60);
-  const Point from{-7.3, 12.8};
-  const Point to{61.9, 48.2};
+  const Position from{-7.3, 12.8};
+  const Position to{61.9, 48.2};
   mask.eraseLine(from, to, 17.0);
   const double length = std::hypot(to.x - from.x, to.y - from.y);
   for (int y = 0; y < 60; ++y) {

@@ -37,12 +37,18 @@ class Campaigns final : public CampaignNavigator,
   std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() const override {
     return std::const_pointer_cast<Campaigns>(shared_from_this());
   }
+  void showHome(const std::shared_ptr<ViewController>& with, const std::optional<std::string>&) override {
+    homes.push_back(with);
+  }
   std::shared_ptr<ViewController> make(const std::string& id) const override {
     auto screen = std::make_shared<HostViewController>();
     screen->setTitle(id);
     return screen;
   }
   std::shared_ptr<ViewController> make(ORLCampaignType) const override { return nullptr; }
+
+  /// The screens from which home was opened.
+  std::vector<std::shared_ptr<ViewController>> homes;
 };
 
 class PageRoutingTest : public testing::Test {
@@ -59,7 +65,7 @@ class PageRoutingTest : public testing::Test {
     setKeyWindowRootViewController(host_);
     RunningKit::makeCurrent(
         std::make_shared<RunningKit>(RunningKit{.fetchConfigUseCase = config_,
-                                                .campaignNavigator = std::make_shared<Campaigns>(),
+                                                .campaignNavigator = campaigns_,
                                                 .routers = {{Page::Fixed::gifticon, feature_}}}));
   }
   ~PageRoutingTest() override {
@@ -80,6 +86,7 @@ class PageRoutingTest : public testing::Test {
   Lines log_;
   std::shared_ptr<FeatureRouter> feature_ = std::make_shared<FeatureRouter>();
   std::shared_ptr<HostViewController> host_ = std::make_shared<HostViewController>();
+  std::shared_ptr<Campaigns> campaigns_ = std::make_shared<Campaigns>();
   std::shared_ptr<FixedConfig> config_ = std::make_shared<FixedConfig>();
   std::shared_ptr<PageRouter> router_ = std::make_shared<PageRouterImpl>();
   std::shared_ptr<ShowPageUseCase> showPage_ = ShowPageUseCaseImpl::create(config_, router_);
@@ -90,6 +97,7 @@ TEST_F(PageRoutingTest, EachPageHasItsRoute) {
   ASSERT_TRUE(host_->presentedViewController());
   EXPECT_EQ(host_->presentedViewController()->title(), "c-1");
   route(Page::Fixed::home);
+  EXPECT_THAT(campaigns_->homes, ElementsAre(host_));
   route(Page::DeepLink{*Url::parse("shop://cart")});
   route(Page::DeepLink{*Url::parse("unheard-of://cart")});
   EXPECT_THAT(taken(), ElementsAre("open shop://cart"));

@@ -30,7 +30,9 @@ declare -A owner=(
   [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
   [ORLUserEvent]=model [UnsupportedEventValueException]=model
-  [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit [quick/ExternalPointEntryView]=quick/include [quick/OrreloQuick]=quick/include [quick/OrreloWeb]=quick/web)
+  [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit
+  [quick/ExternalPointEntryView]=quick/include [quick/ORLCampaignEntryView]=quick/include
+  [quick/ORLCampaignFloatingActionButton]=quick/include [quick/OrreloQuick]=quick/include [quick/OrreloWeb]=quick/web)
 
 declare -A rank
 for i in "${!layers[@]}"; do
@@ -57,7 +59,8 @@ while IFS=: read -r file line text; do
     name=${file#*include/orrelo/} name=${name%.h}
     from=${owner[$name]:-}
     [ -n "$from" ] || { complain "$file: not in the list of public headers"; continue; }
-    [[ $text =~ \<orrelo/|\<[a-z_]+\>$ ]] || complain "$file:$line: a public header includes $text"
+    # Those of the front are for hosts that use Qt.
+    [[ $text =~ \<orrelo/|\<[a-z_]+\>$ || ( $name == quick/* && $text =~ \<Q[A-Za-z]+\>$ ) ]] || complain "$file:$line: a public header includes $text"
   else
     find_folder "${file#src/}" || { complain "$file: in no folder of the order"; continue; }
     from=$folder

@@ -17,13 +17,15 @@ class ExternalPointWebTest : public WebTest {
     std::filesystem::create_directories(folder);
     std::ofstream(folder / name)
         << "<!doctype html><meta charset=utf-8><title>" << name
-        << "</title><style>html{background:#10a050}body{margin:0}a{display:block;height:400px}</style><script>"
+        << "</title><style>html{background:#10a050}body{margin:0}a{display:block;height:400px}</"
+           "style><script>"
            "const say = (what) => { const r = new XMLHttpRequest();"
            " r.open('GET', '/pages/said?' + new URLSearchParams(what), false); r.send() }</script>"
         << body;
   }
   void present() {
-    screen_ = std::make_shared<ExternalPointExchangeViewController>(pages_.baseUrl() + "/pages/landing.html?old=1");
+    screen_ =
+        std::make_shared<ExternalPointExchangeViewController>(pages_.baseUrl() + "/pages/landing.html?old=1");
     ASSERT_TRUE(host()->present(screen_, true));
     settle();
   }
@@ -140,7 +142,8 @@ TEST_F(ExternalPointWebTest, APageThatMisbehavesCanBeLeft) {
   EXPECT_EQ(said("at"), QStringLiteral("push"));
   EXPECT_TRUE(waitFor([&] { return desktop_.opened == QStringList("/first"); }));
   expectToCloseByEscape();
-  write("landing.html", "<script>say({turn: 'on'}); location.replace('landing.html?' + Math.random())</script>");
+  write("landing.html",
+        "<script>say({turn: 'on'}); location.replace('landing.html?' + Math.random())</script>");
   present();
   EXPECT_EQ(said("turn"), QStringLiteral("on"));
   expectToCloseByEscape();

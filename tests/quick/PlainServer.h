@@ -33,8 +33,9 @@ class PlainServer {
     const auto words = socket.readAll().split(' ');
     auto page = pages.value(QString::fromUtf8(words.value(1)));
     page.replace("%OTHER%", url({}, QStringLiteral("localhost")).toUtf8());
-    socket.write("HTTP/1.1 200 OK\r\nContent-Type: text/html; charset=utf-8\r\nConnection: close\r\nContent-Length: " +
-                 QByteArray::number(page.size()) + "\r\n\r\n" + page);
+    socket.write(
+        "HTTP/1.1 200 OK\r\nContent-Type: text/html; charset=utf-8\r\nConnection: close\r\nContent-Length: " +
+        QByteArray::number(page.size()) + "\r\n\r\n" + page);
     socket.disconnectFromHost();
   }
 

@@ -87,8 +87,13 @@ void expectWithinAllAround(const QQuickItem* item) {
     const bool isWindow = around->parentItem() == nullptr;
     if (around->size().isEmpty() || (isOver && !isWindow)) continue;  // it only positions its children
     constexpr double tolerance = 0.6;
+    // The content of a list does not begin at 0 while the sizes of some rows are estimates.
+    const auto* const scroll = around->parentItem();
+    const bool isContent = scroll != nullptr && scroll->inherits("QQuickFlickable");
+    const QPointF origin(isContent ? scroll->property("originX").toDouble() : 0.0,
+                         isContent ? scroll->property("originY").toDouble() : 0.0);
     const QRectF place =
-        QRectF({0, 0}, around->size()).adjusted(-tolerance, -tolerance, tolerance, tolerance);
+        QRectF(origin, around->size()).adjusted(-tolerance, -tolerance, tolerance, tolerance);
     const bool fitsAcross = rect.left() >= place.left() && rect.right() <= place.right();
     if (around->inherits("QQuickFlickable")) rect = QRectF({0, 0}, around->size());  // it scrolls
     const bool fitsDown = rect.top() >= place.top() && rect.bottom() <= place.bottom();

@@ -10,8 +10,8 @@
 namespace orrelo::test {
 namespace {
 
-/// A page's script that reports events named `name` + "-early" before the page is read, and `name` + "-late" when
-/// it is.
+/// A page's script that reports events named `name` + "-early" before the page is read, and `name` + "-late"
+/// when it is.
 QByteArray reporting(const QByteArray& name) {
   return R"(<!doctype html><script>
     const event = (name, values) => JSON.stringify({method: 'sendEvent', parameters: {event_name: name, event_values: values}})
@@ -86,8 +86,7 @@ TEST_F(WebBridgeTest, EachFrameCallsTheKitOverHttpAndAfterANavigation) {
   load(server_.url(QStringLiteral("/page")));
   for (const std::string name : {"page", "frame", "same", "inner"}) {
     ASSERT_TRUE(waitForEvent(name + "-late")) << name;
-    EXPECT_EQ(events(name + "-early"),
-              QStringList(R"(["channel": "undefined", "script": "undefined"])"))
+    EXPECT_EQ(events(name + "-early"), QStringList(R"(["channel": "undefined", "script": "undefined"])"))
         << name << ": the script comes at the end of the document, and no page reaches the channel";
     EXPECT_EQ(events(name + "-late"), QStringList(R"(["heard": 0])")) << "pages do not see the transport";
   }
@@ -104,8 +103,8 @@ TEST_F(WebBridgeTest, EachFrameCallsTheKitOverHttps) {
   const auto at = other.find("127.0.0.1");
   const bool isNumber = at != std::string::npos;
   other.replace(isNumber ? at : other.find("localhost"), 9, isNumber ? "localhost" : "127.0.0.1");
-  std::ofstream(folder / "page.html") << reporting("page").toStdString()
-                                      << "<iframe src='" << other << "/pages/frame.html'></iframe>";
+  std::ofstream(folder / "page.html")
+      << reporting("page").toStdString() << "<iframe src='" << other << "/pages/frame.html'></iframe>";
   std::ofstream(folder / "frame.html") << reporting("frame").toStdString();
   load(QString::fromStdString(pages_.baseUrl() + "/pages/page.html"));
   EXPECT_TRUE(waitForEvent("page-late"));
@@ -172,7 +171,7 @@ TEST_F(WebBridgeTest, TheCallForAViewIsTheSame) {
 
 TEST_F(WebBridgeTest, NothingHappensAfterTheViewIsGone) {
   run("setInterval(() => webkit.messageHandlers.Orrelo.postMessage("
-       "'{\"method\":\"sendEvent\",\"parameters\":{\"event_name\":\"tick\"}}'), 1)");
+      "'{\"method\":\"sendEvent\",\"parameters\":{\"event_name\":\"tick\"}}'), 1)");
   ASSERT_TRUE(waitForEvent("tick"));
   view_.reset();
   const auto count = events("tick").size();

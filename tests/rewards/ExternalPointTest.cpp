@@ -20,7 +20,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using Exchange = ExternalPointExchangeViewController;
 
-const ExternalPointPlugin::Enabled enabled{"포인트를 모았어요", "교환하기", "https://points.example/exchange"};
+const ExternalPointPlugin::Enabled enabled{"포인트를 모았어요", "교환하기",
+                                           "https://points.example/exchange"};
 
 std::shared_ptr<Exchange> presentedBy(const ViewController& presenting) {
   return std::dynamic_pointer_cast<Exchange>(presenting.presentedViewController());
@@ -60,8 +61,9 @@ TEST_F(ExternalPointTest, TheUserIsTheOnlyQueryItemOfTheLandingPage) {
   setCurrentUserId("김 a+b&c=d/?#%");
   EXPECT_EQ(pageOf("HTTP://a.example:8080/x%20y?a=1&userID=2#top?x"),
             "HTTP://a.example:8080/x%20y?userID=%EA%B9%80%20a%2Bb%26c%3Dd%2F%3F%23%25#top?x");
-  for (const auto* const other : {"", "a.example", "/x", "https://", "https://a.example/x y", "file:///etc/hosts",
-                                  "javascript:alert(1)", "shop://sale", "data:text/html,x"}) {
+  for (const auto* const other :
+       {"", "a.example", "/x", "https://", "https://a.example/x y", "file:///etc/hosts",
+        "javascript:alert(1)", "shop://sale", "data:text/html,x"}) {
     EXPECT_EQ(pageOf(other), "nothing") << other;
   }
 }
@@ -92,8 +94,8 @@ TEST_F(ExternalPointTest, AHundredMessagesDismissThisScreenAlone) {
   host_->present(below, false);
   const auto screen = std::make_shared<Exchange>(enabled.landingUrl);
   below->present(screen, false);
-  for (const EventValue& body : {EventValue("Close"), EventValue("close "), EventValue(nullptr), EventValue(1),
-                                 EventValue(EventDictionary{{"close", true}})}) {
+  for (const EventValue& body : {EventValue("Close"), EventValue("close "), EventValue(nullptr),
+                                 EventValue(1), EventValue(EventDictionary{{"close", true}})}) {
     screen->didReceiveScriptMessage(body);
     EXPECT_TRUE(below->presentedViewController());
   }

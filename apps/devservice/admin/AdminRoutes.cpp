@@ -5,6 +5,7 @@
 #include "faults/FaultJson.h"
 
 #include <charconv>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string_view>
@@ -50,14 +51,31 @@ json eventJson(const StoredEvent& stored) {
   return result;
 }
 
-json usersJson(const EventStore& store) {
+json summaryJson(const WalletSummary& wallet) {
+  return {{"points", wallet.points}, {"tickets", wallet.tickets}, {"usableVouchers", wallet.usableVouchers}};
+}
+
+/// The known users and those who are known by their wallet alone. A user without a wallet has null there.
+json usersJson(const EventStore& store, const WalletBook& book) {
+  const auto all = book.all(listedUsers);
+  std::map<WalletOwner, WalletSummary> wallets(all.begin(), all.end());
   auto result = json::array();
   for (const auto& user : store.users(listedUsers)) {
+    const auto wallet = wallets.extract({user.appKey, user.userId});
     result.push_back({{"appKey", user.appKey},
                       {"userId", user.userId},
                       {"events", user.events},
                       {"firstSeen", milliseconds(user.firstSeen)},
-                      {"lastSeen", milliseconds(user.lastSeen)}});
+                      {"lastSeen", milliseconds(user.lastSeen)},
+                      {"wallet", wallet ? summaryJson(wallet.mapped()) : json()}});
+  }
+  for (const auto& [owner, wallet] : wallets) {
+    result.push_back({{"appKey", owner.appKey},
+                      {"userId", owner.userId},
+                      {"events", 0},
+                      {"firstSeen", nullptr},
+                      {"lastSeen", nullptr},
+                      {"wallet", summaryJson(wallet)}});
   }
   return result;
 }
@@ -88,7 +106,7 @@ Reply pageReply() {
   return reply;
 }
 
-/// Pages of other sites in the same browser must not change faults here.
+/// Pages of other sites in the same browser must not change faults and wallets here.
 bool isCrossOrigin(const httplib::Request& request) {
   return request.has_header("Origin") &&
          request.get_header_value("Origin") != "https://" + request.get_header_value("Host");
@@ -100,9 +118,9 @@ Reply wrongMethod() {
 
 }  // namespace
 
-AdminRoutes::AdminRoutes(const EventStore& store, const Scenario& scenario, const RequestLog& requests,
-                         FaultBook& faults)
-    : store_(store), scenario_(scenario), requests_(requests), faults_(faults) {}
+AdminRoutes::AdminRoutes(const EventStore& store, Wallets& wallets, const Scenario& scenario,
+                         const RequestLog& requests, FaultBook& faults)
+    : store_(store), wallets_(wallets), scenario_(scenario), requests_(requests), faults_(faults) {}
 
 bool AdminRoutes::isAdmin(const httplib::Request& request) {
   return request.path == "/" || request.path == "/favicon.ico" || request.path.starts_with("/admin/");
@@ -114,6 +132,7 @@ Reply AdminRoutes::answer(const httplib::Request& request) {
   if (isCrossOrigin(request)) return errorReply(403, "only this service's own page may ask this");
   if (path == "/") return method == "GET" ? pageReply() : wrongMethod();
   if (path == "/admin/state") return method == "GET" ? state(request) : wrongMethod();
+  if (path == "/admin/wallet") return method == "GET" || method == "POST" ? wallet(request) : wrongMethod();
   if (path == faultsPath) {
     if (method == "GET") return listFaults();
     if (method == "POST") return orderFault(request.body);
@@ -150,9 +169,18 @@ Reply AdminRoutes::state(const httplib::Request& request) const {
                          {"next", lastOnPage},
                          {"more", lastOnPage < page.revision},
                          {"events", std::move(events)},
-                         {"users", usersJson(store_)},
+                         {"users", usersJson(store_, wallets_.book())},
                          {"tokens", tokensJson(store_)},
                          {"faults", faultsJson(faults_)}});
+}
+
+Reply AdminRoutes::wallet(const httplib::Request& request) {
+  if (!request.has_param("app") || !request.has_param("user")) {
+    return errorReply(400, "the query needs \"app\" and \"user\"");
+  }
+  const Caller caller{request.get_param_value("app"), request.get_param_value("user"),
+                      "https://" + request.get_header_value("Host")};
+  return request.method == "GET" ? wallets_.show(caller) : wallets_.change(caller, request.body);
 }
 
 Reply AdminRoutes::listFaults() const {

@@ -4,6 +4,7 @@
 #include "http/Reply.h"
 #include "http/RequestLog.h"
 #include "scenario/Scenario.h"
+#include "scenario/Wallets.h"
 #include "store/EventStore.h"
 
 #include <httplib.h>
@@ -14,7 +15,7 @@ namespace orrelo::devservice {
 /// Answers the admin page at "/" and its API below "/admin/".
 class AdminRoutes {
  public:
-  AdminRoutes(const EventStore& store, const Scenario& scenario, const RequestLog& requests,
+  AdminRoutes(const EventStore& store, Wallets& wallets, const Scenario& scenario, const RequestLog& requests,
               FaultBook& faults);
 
   static bool isAdmin(const httplib::Request& request);
@@ -22,11 +23,13 @@ class AdminRoutes {
 
  private:
   Reply state(const httplib::Request& request) const;
+  Reply wallet(const httplib::Request& request);
   Reply listFaults() const;
   Reply orderFault(const std::string& body);
   Reply clearFault(const std::string& id);
 
   const EventStore& store_;
+  Wallets& wallets_;
   const Scenario& scenario_;
   const RequestLog& requests_;
   FaultBook& faults_;

@@ -233,8 +233,9 @@ function userView(user, tokens) {
   const item = element('li');
   const known = tokens.filter(token => token.userId === user.userId && token.appKey === user.appKey);
   const side = element('span', 'side', counted(user.events, 'event', 'events'));
+  const seen = user.lastSeen === null ? '' : ` · last seen ${timeText(user.lastSeen)}`;
   item.append(element('b', '', user.userId === '' ? '(empty)' : user.userId), side,
-    element('small', '', `${user.appKey} · last seen ${timeText(user.lastSeen)}`));
+    element('small', '', user.appKey + seen), walletRow(user));
   for (const token of known) {
     item.append(element('small', 'mono', `Token ${token.token}${token.saves > 1 ? ` ×${token.saves}` : ''}`));
   }
@@ -246,7 +247,9 @@ function showUsers(users, tokens) {
   const text = JSON.stringify([users, tokens]);
   if (text === shownUsers) return;
   shownUsers = text;
+  const focused = document.activeElement.dataset.owner;
   byId('users').replaceChildren(...users.map(user => userView(user, tokens)));
+  if (focused !== undefined) walletButton(focused)?.focus();
   byId('no-users').hidden = users.length > 0;
 }
 
@@ -296,15 +299,19 @@ async function poll() {
   if (asking) { askAgain = true; return; }
   asking = true;
   clearTimeout(timer);
+  const request = new AbortController();
+  const timeout = setTimeout(() => request.abort(), 10000);
   let soon = false;
   try {
     const reply = await fetch(after === null ? '/admin/state' : `/admin/state?after=${after}`,
-      {cache: 'no-store', signal: AbortSignal.timeout(10000)});
+      {cache: 'no-store', signal: request.signal});
     soon = !take(await reply.json());
+    await refreshWallet();
     showLink(true);
   } catch {
     showLink(false);
   }
+  clearTimeout(timeout);
   asking = false;
   soon ||= askAgain;
   askAgain = false;

@@ -49,10 +49,11 @@ Reply replyOf(const Fault& fault, int status) {
 
 }  // namespace
 
-Dispatcher::Dispatcher(EventStore& store, ParticipationBook& participations, const Scenario& scenario,
-                       RequestLog& requests, FaultBook& faults)
-    : service_(store, participations, scenario),
-      admin_(store, scenario, requests, faults),
+Dispatcher::Dispatcher(EventStore& store, UserDatabase& users, const Scenario& scenario, RequestLog& requests,
+                       FaultBook& faults)
+    : wallets_(users, scenario),
+      service_(store, users, wallets_, scenario),
+      admin_(store, wallets_, scenario, requests, faults),
       requests_(requests),
       faults_(faults) {}
 

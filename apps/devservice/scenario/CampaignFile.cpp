@@ -1,10 +1,12 @@
 #include "scenario/CampaignFile.h"
 
 #include "JsonText.h"
+#include "scenario/WalletJson.h"
 
 #include <stdexcept>
 #include <string_view>
 #include <utility>
+#include <variant>
 
 namespace orrelo::devservice {
 
@@ -74,8 +76,16 @@ void CampaignFile::readActions(const json& file) {
     if (!step.is_object()) refuse("the action \"" + action + "\" is no object");
     const auto of = "the action \"" + action + "\"";
     actions_.emplace(action, Action{stateNamedBy(step, "from", of), stateNamedBy(step, "to", of),
-                                    step.value("reply", json::object())});
+                                    step.value("reply", json::object()), givenBy(step, of)});
   }
+}
+
+std::optional<WalletChange> CampaignFile::givenBy(const json& step, const std::string& of) const {
+  const auto gives = step.find("gives");
+  if (gives == step.end()) return std::nullopt;
+  auto change = walletChangeFromJson(*gives);
+  if (const auto* problem = std::get_if<std::string>(&change)) refuse("\"gives\" of " + of + ": " + *problem);
+  return std::get<WalletChange>(std::move(change));
 }
 
 std::string CampaignFile::stateNamedBy(const json& object, const char* key, const std::string& of) const {

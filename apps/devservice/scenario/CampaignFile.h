@@ -1,8 +1,11 @@
 #pragma once
 
+#include "store/WalletRecords.h"
+
 #include <functional>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +20,8 @@ class CampaignFile {
     std::string to;
     /// Changes that the reply's page has in addition to those of the new state.
     nlohmann::json reply;
+    /// What the action gives the user or takes.
+    std::optional<WalletChange> gives;
   };
   /// The days on which the user carried out an action.
   using Days = std::function<std::vector<std::string>(const std::string& action)>;
@@ -38,6 +43,7 @@ class CampaignFile {
  private:
   void readStates(const nlohmann::json& file);
   void readActions(const nlohmann::json& file);
+  std::optional<WalletChange> givenBy(const nlohmann::json& step, const std::string& of) const;
   std::string stateNamedBy(const nlohmann::json& object, const char* key, const std::string& of) const;
   void change(nlohmann::json& page, const nlohmann::json& changes) const;
   void fillInDays(nlohmann::json& value, const Days& days) const;

@@ -49,6 +49,14 @@ std::optional<std::string> Scenario::campaign(const std::string& appKey, const s
   return read(appKey, "campaigns/" + id + ".json");
 }
 
+std::optional<std::string> Scenario::wallet(const std::string& appKey) const {
+  return read(appKey, "wallet.json");
+}
+
+std::optional<std::string> Scenario::floatingButton(const std::string& appKey) const {
+  return read(appKey, "fab.json");
+}
+
 std::optional<std::string> Scenario::lookup() const {
   return readFile(root_ / "lookup.json");
 }

@@ -25,6 +25,10 @@ class Scenario {
   std::vector<std::string> campaigns(const std::string& appKey) const;
   /// The bytes of `campaigns/<id>.json`, looked up like `config`.
   std::optional<std::string> campaign(const std::string& appKey, const std::string& id) const;
+  /// The bytes of `wallet.json`, what a new user begins with, looked up like `config`.
+  std::optional<std::string> wallet(const std::string& appKey) const;
+  /// The bytes of `fab.json`, the look of the floating button, looked up like `config`.
+  std::optional<std::string> floatingButton(const std::string& appKey) const;
   /// The bytes of `lookup.json`, the app store's reply to a lookup of the application.
   std::optional<std::string> lookup() const;
   /// The bytes of a file in `images`.

@@ -14,46 +14,49 @@ void bind(SQLite::Statement& statement, const ParticipationBook::Key& key) {
 
 }  // namespace
 
-ParticipationBook::ParticipationBook(const std::filesystem::path& file)
-    : database_(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 5'000) {
-  database_.exec("PRAGMA journal_mode = WAL");
-  database_.exec(
-      "CREATE TABLE IF NOT EXISTS participations (number INTEGER PRIMARY KEY AUTOINCREMENT, appKey TEXT, "
-      "userId TEXT, campaignId TEXT, action TEXT, state TEXT, day TEXT)");
-  database_.exec("CREATE INDEX IF NOT EXISTS byKey ON participations (appKey, userId, campaignId)");
+ParticipationBook::ParticipationBook(UserDatabase& users) : users_(users) {
+  users_.use([](SQLite::Database& database) {
+    database.exec(
+        "CREATE TABLE IF NOT EXISTS participations (number INTEGER PRIMARY KEY AUTOINCREMENT, appKey TEXT, "
+        "userId TEXT, campaignId TEXT, action TEXT, state TEXT, day TEXT)");
+    database.exec("CREATE INDEX IF NOT EXISTS byKey ON participations (appKey, userId, campaignId)");
+  });
 }
 
-void ParticipationBook::add(const Key& key, const Entry& entry) {
-  const std::lock_guard lock(mutex_);
-  SQLite::Statement insert(database_,
-                           "INSERT INTO participations (appKey, userId, campaignId, action, state, day) "
-                           "VALUES (?, ?, ?, ?, ?, ?)");
-  bind(insert, key);
-  insert.bind(4, entry.action);
-  insert.bind(5, entry.state);
-  insert.bind(6, entry.day);
-  insert.exec();
+void ParticipationBook::add(const UserDatabase::Change&, const Key& key, const Entry& entry) {
+  users_.use([&](SQLite::Database& database) {
+    SQLite::Statement insert(database,
+                             "INSERT INTO participations (appKey, userId, campaignId, action, state, day) "
+                             "VALUES (?, ?, ?, ?, ?, ?)");
+    bind(insert, key);
+    insert.bind(4, entry.action);
+    insert.bind(5, entry.state);
+    insert.bind(6, entry.day);
+    insert.exec();
+  });
 }
 
 std::optional<ParticipationBook::Entry> ParticipationBook::last(const Key& key) const {
-  const std::lock_guard lock(mutex_);
-  SQLite::Statement select(database_, std::string("SELECT action, state, day FROM participations") +
-                                          whereKey + " ORDER BY number DESC LIMIT 1");
-  bind(select, key);
-  if (!select.executeStep()) return std::nullopt;
-  return Entry{select.getColumn(0).getString(), select.getColumn(1).getString(),
-               select.getColumn(2).getString()};
+  return users_.use([&](SQLite::Database& database) -> std::optional<Entry> {
+    SQLite::Statement select(database, std::string("SELECT action, state, day FROM participations") +
+                                           whereKey + " ORDER BY number DESC LIMIT 1");
+    bind(select, key);
+    if (!select.executeStep()) return std::nullopt;
+    return Entry{select.getColumn(0).getString(), select.getColumn(1).getString(),
+                 select.getColumn(2).getString()};
+  });
 }
 
 std::vector<std::string> ParticipationBook::days(const Key& key, const std::string& action) const {
-  const std::lock_guard lock(mutex_);
-  SQLite::Statement select(database_, std::string("SELECT DISTINCT day FROM participations") + whereKey +
-                                          " AND action = ? ORDER BY day");
-  bind(select, key);
-  select.bind(4, action);
-  std::vector<std::string> days;
-  while (select.executeStep()) days.push_back(select.getColumn(0).getString());
-  return days;
+  return users_.use([&](SQLite::Database& database) {
+    SQLite::Statement select(database, std::string("SELECT DISTINCT day FROM participations") + whereKey +
+                                           " AND action = ? ORDER BY day");
+    bind(select, key);
+    select.bind(4, action);
+    std::vector<std::string> days;
+    while (select.executeStep()) days.push_back(select.getColumn(0).getString());
+    return days;
+  });
 }
 
 }  // namespace orrelo::devservice

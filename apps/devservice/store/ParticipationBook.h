@@ -1,16 +1,14 @@
 #pragma once
 
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <filesystem>
-#include <mutex>
+#include "store/UserDatabase.h"
+
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace orrelo::devservice {
 
-/// The users' participations in campaigns, in one SQLite file. Thread-safe. Database errors throw
-/// SQLite::Exception.
+/// The users' participations in campaigns. Thread-safe. Database errors throw SQLite::Exception.
 class ParticipationBook {
  public:
   struct Key {
@@ -26,16 +24,15 @@ class ParticipationBook {
     std::string day;
   };
 
-  explicit ParticipationBook(const std::filesystem::path& file);
+  explicit ParticipationBook(UserDatabase& users);
 
-  void add(const Key& key, const Entry& entry);
+  void add(const UserDatabase::Change& change, const Key& key, const Entry& entry);
   std::optional<Entry> last(const Key& key) const;
   /// The days on which this action was carried out, in ascending order.
   std::vector<std::string> days(const Key& key, const std::string& action) const;
 
  private:
-  mutable std::mutex mutex_;
-  mutable SQLite::Database database_;
+  UserDatabase& users_;
 };
 
 }  // namespace orrelo::devservice

@@ -13,14 +13,9 @@ CampaignCalendarBridge::CampaignCalendarBridge(const std::shared_ptr<CampaignCal
 
 void CampaignCalendarBridge::updateCells() {
   const auto state = calendar_.state.value();  // a copy, since each cell emits a signal
-  while (cells->rows().size() > state.cells.size()) cells->remove(cells->rows().size() - 1);
-  for (std::size_t at = 0; at < state.cells.size(); ++at) {
-    const bool exists = at < cells->rows().size();
-    auto* const cell =
-        exists ? static_cast<CalendarCellBridge*>(cells->rows()[at]) : new CalendarCellBridge(cells);
-    cell->set(state.cells[at], iconOf(state.cells[at].iconUrl));
-    if (!exists) cells->append(cell);
-  }
+  cells->assignByPosition<CalendarCellBridge>(state.cells, [this](CalendarCellBridge& row, const auto& cell) {
+    row.set(cell, iconOf(cell.iconUrl));
+  });
 }
 
 ImageBridge* CampaignCalendarBridge::iconOf(const std::string& url) {

@@ -9,7 +9,7 @@
 namespace orrelo::quick {
 
 /// The bounding square of a circle.
-inline QRectF squareAround(const Point& center, double radius) {
+inline QRectF squareAround(const Position& center, double radius) {
   return {center.x - radius, center.y - radius, 2 * radius, 2 * radius};
 }
 

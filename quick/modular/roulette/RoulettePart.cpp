@@ -8,7 +8,7 @@
 namespace orrelo::quick {
 namespace {
 
-QPointF toQt(const Point& point) {
+QPointF toQt(const Position& point) {
   return {point.x, point.y};
 }
 

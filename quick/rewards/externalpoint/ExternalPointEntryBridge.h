@@ -61,7 +61,8 @@ class ExternalPointEntry : public QObject {
 
  public:
   explicit ExternalPointEntry(QObject* parent = nullptr)
-      : QObject(parent), view(new ExternalPointEntryBridge(std::make_shared<ExternalPointEntryView>(), this)) {}
+      : QObject(parent),
+        view(new ExternalPointEntryBridge(std::make_shared<ExternalPointEntryView>(), this)) {}
 
   ExternalPointEntryBridge* const view;
 };

@@ -43,7 +43,7 @@ void SwipeArea::mousePressEvent(QMouseEvent*) {
 void SwipeArea::follow(const QTouchEvent& event) {
   if (event.type() == QEvent::TouchCancel || event.pointCount() != 1) return swipe_->cancel();
   const auto position = event.points().first().scenePosition();
-  const Point place{position.x(), position.y()};
+  const Position place{position.x(), position.y()};
   const std::chrono::milliseconds time(event.timestamp());
   if (event.type() == QEvent::TouchBegin) return swipe_->begin(place, time);
   if (swipe_->move(place, time)) Q_EMIT swiped();

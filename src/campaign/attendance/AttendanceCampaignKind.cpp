@@ -2,7 +2,6 @@
 
 #include "campaign/CampaignScreen.h"
 #include "campaign/attendance/AttendanceCampaignView.h"
-#include "viewkit/CampaignRewardViewController.h"
 
 #include <algorithm>
 #include <iterator>
@@ -49,11 +48,9 @@ void AttendanceCampaignKind::show(const AttendanceCampaign& attendance, const Br
   const auto page = std::make_shared<AttendanceCampaignView>(attendance);
   page->actionView->delegate = screen;
   screen->show(page);
-  if (const auto& reward = attendance.rewardMessage; reward && screen->isAttached()) {
-    const CampaignRewardViewController::Content content{reward->title, reward->message, reward->buttonText,
-                                                        attendance.calendar.primaryColor};
-    const auto topmost = screen->viewController()->root()->topmost();
-    topmost->present(std::make_shared<CampaignRewardViewController>(content), false);
+  if (attendance.rewardMessage && screen->isAttached()) {
+    AttendanceCampaignView::presentReward(*attendance.rewardMessage, attendance.calendar.primaryColor,
+                                          *screen->viewController());
   }
 }
 

@@ -12,7 +12,7 @@ struct AttendanceCampaignKind {
   static Record map(Detail&& dto, Campaign& campaign);
   static std::string_view pageName(const Record&) { return "attendance"; }
   static std::optional<ORLCampaignType> publicType(const Record&) { return ORLCampaignType::attendance; }
-  /// Shows the page, and presents a reward earned by the check-in on a card above all screens.
+  /// Shows the page, and presents a reward earned by the check-in.
   static void show(const Record& attendance, const BrandedCampaign& element,
                    const std::shared_ptr<CampaignScreen>& screen);
 };

@@ -1,6 +1,7 @@
 #include "campaign/attendance/AttendanceCampaignView.h"
 
 #include "events/UserEventTracker.h"
+#include "viewkit/CampaignRewardViewController.h"
 
 namespace orrelo {
 
@@ -16,6 +17,12 @@ AttendanceCampaignView::AttendanceCampaignView(const AttendanceCampaign& campaig
   actionView->configure(campaign.action, campaign.calendar.primaryColor,
                         [] { UserEventTracker::track(UserEventName::attendanceButtonClick); });
   calendarView->configure(campaign.calendar);
+}
+
+void AttendanceCampaignView::presentReward(const CampaignRewardMessage& reward, const Color& color,
+                                           ViewController& screen) {
+  const CampaignRewardViewController::Content content{reward.title, reward.message, reward.buttonText, color};
+  screen.root()->topmost()->present(std::make_shared<CampaignRewardViewController>(content), false);
 }
 
 }  // namespace orrelo

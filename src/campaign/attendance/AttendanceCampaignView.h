@@ -3,6 +3,7 @@
 #include "campaign/CampaignActionView.h"
 #include "campaign/attendance/AttendanceCampaign.h"
 #include "campaign/attendance/CampaignCalendarView.h"
+#include "ui/ViewController.h"
 #include "viewkit/CampaignInfoView.h"
 #include "viewkit/CampaignNoticeView.h"
 
@@ -19,6 +20,9 @@ class ORRELO_EXPORT AttendanceCampaignView final : public View {
   static constexpr auto asset = "orl_ic_attendance";
 
   explicit AttendanceCampaignView(const AttendanceCampaign& campaign);
+
+  /// Presents a reward earned by the check-in on a card above all screens.
+  static void presentReward(const CampaignRewardMessage& reward, const Color& color, ViewController& screen);
 
   static constexpr std::string_view kindName = "AttendanceCampaignView";
   std::string_view kind() const override { return kindName; }

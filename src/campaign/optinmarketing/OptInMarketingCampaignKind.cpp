@@ -1,9 +1,7 @@
 #include "campaign/optinmarketing/OptInMarketingCampaignKind.h"
 
-#include "base/Logger.h"
 #include "campaign/CampaignScreen.h"
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
-#include "model/Delegates.h"
 
 #include <utility>
 
@@ -17,12 +15,7 @@ OptInMarketingCampaign OptInMarketingCampaignKind::map(Detail&& dto, Campaign&) 
 void OptInMarketingCampaignKind::show(const OptInMarketingCampaign& optIn, const BrandedCampaign&,
                                       const std::shared_ptr<CampaignScreen>& screen) {
   const auto page = OptInMarketingCampaignView::create(optIn);
-  page->onMoveButtonTapped = [weak = std::weak_ptr(screen)] {
-    const auto shown = weak.lock();
-    if (!shown) return;
-    log(LogLevel::DEBUG, "(ORLOptInMarketingCampaignDelegate) onMoveButtonTapped:in");
-    if (const auto host = optInMarketingCampaignDelegate()) host->onMoveButtonTapped(shown->viewController());
-  };
+  page->passTapsToHost(screen);
   screen->show(page);
 }
 

@@ -1,6 +1,9 @@
 #include "campaign/optinmarketing/OptInMarketingCampaignView.h"
 
+#include "base/Logger.h"
+#include "campaign/CampaignScreen.h"
 #include "events/UserEventTracker.h"
+#include "model/Delegates.h"
 
 #include <variant>
 
@@ -22,6 +25,15 @@ std::shared_ptr<OptInMarketingCampaignView> OptInMarketingCampaignView::create(
     if (error && std::holds_alternative<Error>(result)) error->setHidden(false);
   });
   return view;
+}
+
+void OptInMarketingCampaignView::passTapsToHost(const std::shared_ptr<CampaignScreen>& screen) {
+  onMoveButtonTapped = [weak = std::weak_ptr(screen)] {
+    const auto shown = weak.lock();
+    if (!shown) return;
+    log(LogLevel::DEBUG, "(ORLOptInMarketingCampaignDelegate) onMoveButtonTapped:in");
+    if (const auto host = optInMarketingCampaignDelegate()) host->onMoveButtonTapped(shown->viewController());
+  };
 }
 
 void OptInMarketingCampaignView::onTapMoveButton() {

@@ -13,6 +13,8 @@
 
 namespace orrelo {
 
+class CampaignScreen;
+
 /// An image, a button that calls the host, and a notice.
 class ORRELO_EXPORT OptInMarketingCampaignView final : public View {
  public:
@@ -30,6 +32,9 @@ class ORRELO_EXPORT OptInMarketingCampaignView final : public View {
   static constexpr std::string_view kindName = "OptInMarketingCampaignView";
   std::string_view kind() const override { return kindName; }
 
+  /// Calls the host's ORLOptInMarketingCampaignDelegate when the button is pressed, as long as `screen`
+  /// exists.
+  void passTapsToHost(const std::shared_ptr<CampaignScreen>& screen);
   /// Called when the button is pressed.
   void onTapMoveButton();
 

@@ -12,24 +12,24 @@ namespace {
 constexpr Color white{1.0, 1.0, 1.0, 1.0};
 constexpr Color textColor{0.363, 0.369, 0.375, 1.0};
 
-double degreesOf(Point direction) {
+double degreesOf(Position direction) {
   return std::atan2(direction.y, direction.x) * 180.0 / std::numbers::pi;
 }
 
 // The arc of a rounded corner between the sides to `before` and to `after`.
-RouletteDrawing::Arc rounded(Point before, Point corner, Point after, double radius) {
-  const auto towards = [corner](Point end) {
+RouletteDrawing::Arc rounded(Position before, Position corner, Position after, double radius) {
+  const auto towards = [corner](Position end) {
     const double length = std::hypot(end.x - corner.x, end.y - corner.y);
-    return Point{(end.x - corner.x) / length, (end.y - corner.y) / length};
+    return Position{(end.x - corner.x) / length, (end.y - corner.y) / length};
   };
-  const Point in = towards(before);
-  const Point out = towards(after);
+  const Position in = towards(before);
+  const Position out = towards(after);
   const double half = std::acos(in.x * out.x + in.y * out.y) / 2;
   const double reach = radius / std::tan(half);
-  const Point bisector{in.x + out.x, in.y + out.y};
+  const Position bisector{in.x + out.x, in.y + out.y};
   const double distance = radius / std::sin(half) / std::hypot(bisector.x, bisector.y);
-  const Point center{corner.x + bisector.x * distance, corner.y + bisector.y * distance};
-  const auto fromCenter = [&](Point side) {
+  const Position center{corner.x + bisector.x * distance, corner.y + bisector.y * distance};
+  const auto fromCenter = [&](Position side) {
     return degreesOf({corner.x + side.x * reach - center.x, corner.y + side.y * reach - center.y});
   };
   const double start = fromCenter(in);
@@ -38,9 +38,9 @@ RouletteDrawing::Arc rounded(Point before, Point corner, Point after, double rad
 
 RouletteDrawing::Pin pinOf(double width, const Color& color) {
   constexpr double cornerRadius = 3.0;
-  const Point left{width / 2 - 15.0, 0.0};
-  const Point right{width / 2 + 15.0, 0.0};
-  const Point tip{width / 2, 35.0};
+  const Position left{width / 2 - 15.0, 0.0};
+  const Position right{width / 2 + 15.0, 0.0};
+  const Position tip{width / 2, 35.0};
   return {{rounded(left, tip, right, cornerRadius), rounded(tip, right, left, cornerRadius),
            rounded(right, left, tip, cornerRadius)},
           color};
@@ -49,7 +49,7 @@ RouletteDrawing::Pin pinOf(double width, const Color& color) {
 // Paints the sectors of the wheel and their texts.
 class WheelPainter {
  public:
-  WheelPainter(Point center, double radius, double itemTextLayerRadius, std::size_t count)
+  WheelPainter(Position center, double radius, double itemTextLayerRadius, std::size_t count)
       : center_(center),
         radius_(radius),
         textLayerRadius_(itemTextLayerRadius),
@@ -80,8 +80,8 @@ class WheelPainter {
   RouletteDrawing::Text text(const std::string& text, double middle, double share,
                              const TextStyle& style) const {
     const double distance = textLayerRadius_ * share / 2;
-    const Point anchor{center_.x + distance * std::cos(radians(middle)),
-                       center_.y + distance * std::sin(radians(middle))};
+    const Position anchor{center_.x + distance * std::cos(radians(middle)),
+                          center_.y + distance * std::sin(radians(middle))};
     return {
         text,
         {anchor.x - textSize_.width / 2, anchor.y - textSize_.height / 2, textSize_.width, textSize_.height},
@@ -89,14 +89,14 @@ class WheelPainter {
         style};
   }
 
-  const Point center_;
+  const Position center_;
   const double radius_;
   const double textLayerRadius_;
   const double sectorSize_;
   const Size textSize_;
 };
 
-RouletteDrawing::Veil veilOf(Point center, double radius) {
+RouletteDrawing::Veil veilOf(Position center, double radius) {
   return {{center, radius, {0.239, 0.243, 0.247, 0.5}},
           {RouletteDrawing::veilText,
            {center.x - 75.0, center.y - 10.0, 150.0, 20.0},
@@ -108,7 +108,7 @@ RouletteDrawing::Veil veilOf(Point center, double radius) {
 
 RouletteDrawing RouletteDrawing::of(const std::vector<RouletteItemModel>& items, const Look& look,
                                     Size size) {
-  const Point center{size.width / 2, size.height / 2};
+  const Position center{size.width / 2, size.height / 2};
   const double r = std::min(center.x, center.y);
   const auto radius = [r](double inset) { return std::max(r - inset, 0.0); };
   const auto disc = [&](double inset, const Color& color) { return Disc{center, radius(inset), color}; };

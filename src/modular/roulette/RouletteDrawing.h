@@ -26,14 +26,14 @@ struct RouletteItemModel {
 /// and increase clockwise.
 struct ORRELO_EXPORT RouletteDrawing {
   struct Disc {
-    Point center;
+    Position center;
     double radius = 0.0;
     Color color;
 
     friend bool operator==(const Disc&, const Disc&) = default;
   };
   struct Sector {
-    Point center;
+    Position center;
     double radius = 0.0;
     double startAngle = 0.0;
     double endAngle = 0.0;
@@ -54,7 +54,7 @@ struct ORRELO_EXPORT RouletteDrawing {
   };
   /// A circular arc; a negative sweep is anticlockwise.
   struct Arc {
-    Point center;
+    Position center;
     double radius = 0.0;
     double startAngle = 0.0;
     double sweep = 0.0;

@@ -21,7 +21,7 @@ struct Span {
 // A line segment, for queries by distance.
 class Line {
  public:
-  Line(Point from, Point to) : from_(from), to_(to), length_(std::hypot(to.x - from.x, to.y - from.y)) {
+  Line(Position from, Position to) : from_(from), to_(to), length_(std::hypot(to.x - from.x, to.y - from.y)) {
     if (length_ > 0.0) direction_ = {(to.x - from.x) / length_, (to.y - from.y) / length_};
   }
 
@@ -36,14 +36,14 @@ class Line {
     return body.isEmpty() ? span : span.united({body.from + from_.x, body.to + from_.x});
   }
 
-  double distanceTo(Point point) const {
-    const Point offset{point.x - from_.x, point.y - from_.y};
+  double distanceTo(Position point) const {
+    const Position offset{point.x - from_.x, point.y - from_.y};
     const double along = std::clamp(offset.x * direction_.x + offset.y * direction_.y, 0.0, length_);
     return std::hypot(offset.x - along * direction_.x, offset.y - along * direction_.y);
   }
 
  private:
-  static Span aroundEnd(Point end, double y, double distance) {
+  static Span aroundEnd(Position end, double y, double distance) {
     const double square = distance * distance - (y - end.y) * (y - end.y);
     if (square < 0.0) return {};
     return {end.x - std::sqrt(square), end.x + std::sqrt(square)};
@@ -56,13 +56,13 @@ class Line {
     return {std::min(first, second), std::max(first, second)};
   }
 
-  Point from_;
-  Point to_;
+  Position from_;
+  Position to_;
   double length_;
-  Point direction_;
+  Position direction_;
 };
 
-bool isPlausible(Point point) {
+bool isPlausible(Position point) {
   constexpr double maximumCoordinate = 1e6;
   return std::abs(point.x) <= maximumCoordinate && std::abs(point.y) <= maximumCoordinate;
 }
@@ -92,7 +92,7 @@ AlphaMask::AlphaMask(int width, int height)
       height_(height),
       pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 255) {}
 
-PixelRect AlphaMask::eraseLine(Point from, Point to, double lineWidth) {
+PixelRect AlphaMask::eraseLine(Position from, Position to, double lineWidth) {
   if (!isPlausible(from) || !isPlausible(to)) return {};
   const Line line(from, to);
   const double outer = lineWidth / 2 + 0.5;  // pixels beyond are not covered

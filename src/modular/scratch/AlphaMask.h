@@ -39,7 +39,7 @@ class ORRELO_EXPORT AlphaMask {
 
   /// Erases an antialiased line with round ends and returns the pixels that may have changed. Points and
   /// width are in pixels. Does nothing if a coordinate is implausibly large.
-  PixelRect eraseLine(Point from, Point to, double lineWidth);
+  PixelRect eraseLine(Position from, Position to, double lineWidth);
   /// The erased share of the pixels, from 0 to 1.
   double clearedRatio() const;
   AlphaMask stretched(int width, int height) const;

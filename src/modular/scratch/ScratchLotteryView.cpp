@@ -21,7 +21,7 @@ std::string ScratchLotteryView::accessibilityLabel() const {
   return isBlocked() ? "스크래치 복권" : "스크래치 복권, 누르면 결과가 나옵니다";
 }
 
-void ScratchLotteryView::touchesBegan(Point point) {
+void ScratchLotteryView::touchesBegan(Position point) {
   if (isBlocked()) {
     panStart_ = point;
   } else if (isPressable()) {
@@ -29,7 +29,7 @@ void ScratchLotteryView::touchesBegan(Point point) {
   }
 }
 
-void ScratchLotteryView::touchesMoved(Point point) {
+void ScratchLotteryView::touchesMoved(Position point) {
   if (isBlocked()) return pan(point);
   if (!isPressable()) return;
   ++movedCount_;
@@ -57,7 +57,7 @@ void ScratchLotteryView::didScratch(double ratio) {
   if (const auto listener = delegate.lock()) listener->didScratch(ratio);
 }
 
-void ScratchLotteryView::pan(Point point) {
+void ScratchLotteryView::pan(Position point) {
   if (!panStart_) return;
   isPanning_ = isPanning_ || std::hypot(point.x - panStart_->x, point.y - panStart_->y) >= panThreshold;
   if (isPanning_) reportPan();

@@ -60,8 +60,8 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
   }
 
   // Called by the front; points are relative to the view's top left.
-  void touchesBegan(Point point);
-  void touchesMoved(Point point);
+  void touchesBegan(Position point);
+  void touchesMoved(Position point);
   /// Also called when the touch is cancelled.
   void touchesEnded();
   /// A press by keyboard or assistive technology acts like scratching the whole card.
@@ -78,11 +78,11 @@ class ORRELO_EXPORT ScratchLotteryView final : public View, public ScratchMaskVi
   explicit ScratchLotteryView(const Content& content);
 
   bool isBlocked() const { return !content.isDone && !content.isScratchable; }
-  void pan(Point point);
+  void pan(Position point);
   void reportPan();
 
   int movedCount_ = 0;
-  std::optional<Point> panStart_;
+  std::optional<Position> panStart_;
   bool isPanning_ = false;
 };
 

@@ -36,7 +36,7 @@ PixelRect ScratchMaskView::takeTouched() {
   return std::exchange(changedRegion_, {});
 }
 
-void ScratchMaskView::erase(Point point) {
+void ScratchMaskView::erase(Position point) {
   const auto from = std::exchange(lastPoint_, point);
   if (!from || mask() == nullptr) return;
   scratched += std::hypot(point.x - from->x, point.y - from->y) * lineWidth;

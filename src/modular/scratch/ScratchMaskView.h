@@ -45,9 +45,9 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
   PixelRect takeTouched();
 
   /// Sets the start of the next line.
-  void begin(Point point) { lastPoint_ = point; }
+  void begin(Position point) { lastPoint_ = point; }
   /// Erases a line from the last point to this one, in points.
-  void erase(Point point);
+  void erase(Position point);
   /// Counts the erased pixels on a worker and then notifies the delegate.
   void measure();
 
@@ -62,7 +62,7 @@ class ORRELO_EXPORT ScratchMaskView final : public View {
  private:
   double scale() const;
 
-  std::optional<Point> lastPoint_;
+  std::optional<Position> lastPoint_;
   AlphaMask mask_;
   PixelRect changedRegion_;
 };

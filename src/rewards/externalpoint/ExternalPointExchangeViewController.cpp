@@ -64,8 +64,9 @@ bool ExternalPointExchangeViewController::onWebViewSwipeRight(bool canGoBack) {
 }
 
 void ExternalPointExchangeViewController::didFindNoBrowser(std::string_view remedy) const {
-  log(LogLevel::ERROR,
-      [&] { return std::string(kindName) + " stays empty without a browser engine: " + std::string(remedy); });
+  log(LogLevel::ERROR, [&] {
+    return std::string(kindName) + " stays empty without a browser engine: " + std::string(remedy);
+  });
 }
 
 void ExternalPointExchangeViewController::leave(bool animated) {

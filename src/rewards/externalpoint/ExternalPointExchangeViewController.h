@@ -36,9 +36,9 @@ class ORRELO_EXPORT ExternalPointExchangeViewController final : public ViewContr
   /// True while the activity indicator turns.
   Followed<bool> isIndicatorAnimating{true};
 
-  /// Called when a navigation begins, whenever data has arrived, and when a navigation has succeeded. The first
-  /// data of a navigation start the indicator. A failed navigation is deliberately not reported and leaves the
-  /// indicator as it is.
+  /// Called when a navigation begins, whenever data has arrived, and when a navigation has succeeded. The
+  /// first data of a navigation start the indicator. A failed navigation is deliberately not reported and
+  /// leaves the indicator as it is.
   void didStartNavigation() { awaitsData_ = true; }
   void didReceiveData();
   void didFinishNavigation();

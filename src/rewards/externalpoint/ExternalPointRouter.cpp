@@ -12,8 +12,8 @@ void ExternalPointRouter::route(const std::shared_ptr<ViewController>& from, std
       [](const Config& config) { return config.plugin.externalPointPlugin; });
   followOnMain(
       plugins, shared_from_this(), disposeBag_,
-      [weak = std::weak_ptr(from), onSuccess = std::move(onSuccess),
-       onFailure](ExternalPointRouter&, const ExternalPointPlugin& plugin) {
+      [weak = std::weak_ptr(from), onSuccess = std::move(onSuccess), onFailure](
+          ExternalPointRouter&, const ExternalPointPlugin& plugin) {
         const auto* const enabled = plugin.enabled();
         if (enabled == nullptr) return onFailure(makeError(ExternalPointPluginError::isNotEnabled));
         const auto presenting = weak.lock();

@@ -4,11 +4,11 @@
 
 namespace orrelo {
 
-void RightSwipe::begin(Point at, std::chrono::milliseconds time) {
+void RightSwipe::begin(Position at, std::chrono::milliseconds time) {
   start_ = Start{at, time};
 }
 
-bool RightSwipe::move(Point to, std::chrono::milliseconds time) {
+bool RightSwipe::move(Position to, std::chrono::milliseconds time) {
   if (!start_) return false;
   if (time - start_->time > maximumDuration) {
     cancel();

@@ -18,15 +18,15 @@ class ORRELO_EXPORT RightSwipe {
   /// The largest movement up or down, as a share of the movement to the right.
   static constexpr double maximumSlope = 0.5;
 
-  void begin(Point at, std::chrono::milliseconds time);
+  void begin(Position at, std::chrono::milliseconds time);
   /// Returns true when the movement has become a swipe, once for each `begin`.
-  bool move(Point to, std::chrono::milliseconds time);
+  bool move(Position to, std::chrono::milliseconds time);
   /// Ignores the rest of the movement, such as after a second finger.
   void cancel() { start_.reset(); }
 
  private:
   struct Start {
-    Point at;
+    Position at;
     std::chrono::milliseconds time;
   };
   std::optional<Start> start_;

@@ -21,8 +21,8 @@ namespace orrelo::quick {
 /// lies below the kit's own folders and is separate from the host's.
 ORRELO_EXPORT void initializeWeb();
 
-/// Reports a message that a page sent and that was not carried out. `error` is absent if an event held a value
-/// of an unsupported type. `description` is meant for a log; it never contains the message.
+/// Reports a message that a page sent and that was not carried out. `error` is absent if an event held a
+/// value of an unsupported type. `description` is meant for a log; it never contains the message.
 using BridgeFailure =
     std::function<void(const std::optional<OrreloWebkitError>& error, const std::string& description)>;
 
@@ -31,8 +31,8 @@ using BridgeFailure =
 ///     OrreloJavaScriptInterface.postMessage(JSON.stringify({method: 'showHome'}));
 ///
 /// The handler, `window.webkit.messageHandlers.Orrelo`, exists before a page's own scripts run, and
-/// `OrreloJavaScriptInterface` from the end of the document on, both in all frames. Whoever controls a page or
-/// a frame of the view can change the user: install the bridge only where the host decides what is loaded.
+/// `OrreloJavaScriptInterface` from the end of the document on, both in all frames. Whoever controls a page
+/// or a frame of the view can change the user: install the bridge only where the host decides what is loaded.
 /// Screens are shown in the view's window. GUI thread.
 ///
 /// It takes effect with the next page that is loaded, so call it before the view has a URL. It ends with the

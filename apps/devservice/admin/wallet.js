@@ -1,0 +1,119 @@
+
+// --- Wallets
+
+let walletOwner = null;  // the user whose wallet is open
+let shownWallet = '';
+
+const walletPath = owner => `/admin/wallet?${new URLSearchParams({app: owner.appKey, user: owner.userId})}`;
+const ownerKey = owner => JSON.stringify([owner.appKey, owner.userId]);
+const walletButton = key => [...document.querySelectorAll('[data-owner]')].find(each => each.dataset.owner === key);
+
+function walletText(wallet) {
+  return [counted(wallet.points, 'point', 'points'), counted(wallet.tickets, 'ticket', 'tickets'),
+    counted(wallet.usableVouchers, 'usable voucher', 'usable vouchers')].join(' · ');
+}
+
+// What a user's row in the list says of the wallet.
+function walletRow(user) {
+  const row = element('small', 'purse');
+  const open = element('button', 'plain', 'Wallet');
+  open.type = 'button';
+  open.dataset.owner = ownerKey(user);
+  open.setAttribute('aria-label', `Wallet of ${user.userId}`);
+  open.addEventListener('click', () => openWallet(user));
+  row.append(element('span', '', user.wallet ? walletText(user.wallet) : 'No wallet yet'), open);
+  return row;
+}
+
+function voucherView(voucher) {
+  const item = element('li');
+  item.append(element('b', '', voucher.title), element('span', `badge ${voucher.state}`, voucher.state),
+    element('small', '', `${voucher.tag_text} · until ${voucher.date}`));
+  return item;
+}
+
+function movementView(movement, unit) {
+  const item = element('li');
+  const amount = `${movement.point_amount > 0 ? '+' : ''}${movement.point_amount.toLocaleString()}${unit}`;
+  item.append(element('b', '', movement.title),
+    element('span', movement.point_amount < 0 ? 'side amount' : 'side amount more', amount),
+    element('small', '', [movement.description, movement.date].filter(Boolean).join(' · ')));
+  return item;
+}
+
+function showWallet(wallet) {
+  const text = JSON.stringify(wallet);
+  if (text === shownWallet) return;
+  shownWallet = text;
+  byId('wallet-points').textContent = wallet.points.toLocaleString() + wallet.unit;
+  byId('wallet-tickets').textContent = wallet.tickets.toLocaleString();
+  byId('wallet-usable').textContent = wallet.usableVouchers.toLocaleString();
+  byId('wallet-vouchers').replaceChildren(...wallet.vouchers.map(voucherView));
+  byId('wallet-no-vouchers').hidden = wallet.vouchers.length > 0;
+  byId('wallet-history').replaceChildren(...wallet.history.map(each => movementView(each, wallet.unit)));
+  byId('wallet-no-history').hidden = wallet.history.length > 0;
+  byId('wallet-shown').textContent = wallet.history.length < wallet.historySize ?
+    `Latest ${wallet.history.length} of ${wallet.historySize.toLocaleString()}` : '';
+}
+
+async function refreshWallet() {
+  const owner = walletOwner;
+  if (owner === null) return;
+  const reply = await fetch(walletPath(owner), {cache: 'no-store'});
+  const answer = await reply.json();
+  if (owner !== walletOwner) return;
+  if (reply.ok) showWallet(answer);
+  else tellOfWallet(answer.error);
+}
+
+function tellOfWallet(problem, done) {
+  byId('wallet-problem').textContent = problem ?? '';
+  byId('wallet-problem').hidden = !problem;
+  byId('wallet-done').textContent = done ?? '';
+}
+
+const notReached = 'The service does not answer.';
+
+function openWallet(owner) {
+  walletOwner = owner;
+  shownWallet = '';
+  tellOfWallet();
+  byId('wallet-user').textContent = owner.userId === '' ? '(empty)' : owner.userId;
+  byId('wallet-app').textContent = owner.appKey;
+  for (const form of document.querySelectorAll('#wallet form')) form.reset();
+  byId('wallet').showModal();
+  refreshWallet().catch(() => tellOfWallet(notReached));
+}
+
+// What each form asks for. The service checks all values.
+const wantedBy = {
+  points: fields => ({points: Number(fields.points.value), title: fields.title.value,
+    description: fields.description.value}),
+  tickets: fields => ({tickets: Number(fields.tickets.value)}),
+  voucher: fields => ({vouchers: [{title: fields.title.value, tag_text: fields.tag.value,
+    date: fields.date.value && `${fields.date.value}T23:59:59Z`, state: fields.state.value}]}),
+};
+
+async function submitWallet(submission) {
+  submission.preventDefault();
+  const form = submission.target;
+  const button = form.querySelector('.main');
+  button.disabled = true;
+  try {
+    const problem = await change('POST', walletPath(walletOwner), wantedBy[form.dataset.wallet](form.elements));
+    await refreshWallet();
+    if (problem === null) form.reset();
+    tellOfWallet(problem, problem === null ? 'The wallet has changed.' : '');
+  } catch {
+    tellOfWallet(notReached);
+  }
+  button.disabled = false;
+}
+
+for (const form of document.querySelectorAll('#wallet form')) form.addEventListener('submit', submitWallet);
+byId('wallet-close').addEventListener('click', () => byId('wallet').close());
+byId('wallet').addEventListener('close', () => {
+  // The list may have been made anew since, so the browser cannot give the focus back.
+  walletButton(ownerKey(walletOwner))?.focus();
+  walletOwner = null;
+});

@@ -1,0 +1,79 @@
+#include "quick/campaign/entry/ClickableView.h"
+
+#include "campaign/entry/CampaignFloatingActionButton.h"
+#include "quick/bridge/Conversions.h"
+#include "quick/campaign/entry/engineOf.h"
+
+#include <QAccessible>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QStringList>
+
+namespace orrelo::quick {
+namespace {
+
+QString ownName(QQuickItem* item) {
+  auto* const accessible = QAccessible::queryAccessibleInterface(item);
+  const auto name = accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
+  return name.isEmpty() && item->inherits("QQuickText") ? item->property("text").toString() : name;
+}
+
+// The name of the item, or else those of the visible items in it.
+void collectNames(QQuickItem* item, const QQuickItem* area, QStringList& names) {
+  if (item == area || !item->isVisible()) return;
+  if (const auto name = ownName(item); !name.isEmpty()) return names.push_back(name);
+  const auto children = item->childItems();
+  for (auto* const child : children) collectNames(child, area, names);
+}
+
+}  // namespace
+
+ClickableView::ClickableView(QQuickItem& view) : view_(&view) {
+  connect(&view, &QObject::destroyed, this, &ClickableView::gone);
+}
+
+ClickableView::ClickableView(QQuickItem& view, OnTap onTap) : view_(&view), onTap_(std::move(onTap)) {
+  connect(&view, &QObject::destroyed, this, &ClickableView::gone);
+  connect(&view, &QQuickItem::windowChanged, this,
+          [this](const QQuickWindow* window) { window != nullptr ? makeArea() : gone(); });
+  if (view.window() != nullptr) makeArea();
+}
+
+ClickableView::~ClickableView() {
+  delete area_;
+}
+
+void ClickableView::makeArea() {
+  if (area_) return;
+  QQmlComponent component(&engineOf(*view_), moduleFile(QStringLiteral("ClickArea.qml")));
+  area_ = qobject_cast<QQuickItem*>(
+      component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(this)}}));
+  QQmlEngine::setObjectOwnership(area_, QQmlEngine::CppOwnership);
+  area_->setParentItem(view_);
+  // Texts that the host's bindings have not set yet are there when the event loop runs.
+  QMetaObject::invokeMethod(this, &ClickableView::nameChanged, Qt::QueuedConnection);
+}
+
+QString ClickableView::name() const {
+  QStringList names;
+  if (view_) collectNames(view_, area_, names);
+  return names.isEmpty() ? toQt(CampaignFloatingActionButton::accessibilityLabel)
+                         : names.join(QStringLiteral(", "));
+}
+
+void ClickableView::setEnabled(bool isEnabled) {
+  if (isEnabled == isEnabled_) return;
+  isEnabled_ = isEnabled;
+  Q_EMIT nameChanged();  // the texts may have changed meanwhile
+  Q_EMIT isEnabledChanged();
+}
+
+void ClickableView::tap() {
+  const auto onTap = onTap_;
+  onTap();
+}
+
+}  // namespace orrelo::quick
+
+#include "moc_ClickableView.cpp"

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QQuickItem>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+#include <functional>
+
+namespace orrelo::quick {
+
+/// An item of the host that opens home while this object lives. ClickArea.qml takes its input.
+class ClickableView final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  /// The texts in the item, for assistive technology.
+  Q_PROPERTY(QString name READ name NOTIFY nameChanged)
+  /// False while the entry view is invisible.
+  Q_PROPERTY(bool isEnabled READ isEnabled NOTIFY isEnabledChanged)
+
+ public:
+  using OnTap = std::function<void()>;
+
+  /// `onTap` may delete this object.
+  ClickableView(QQuickItem& view, OnTap onTap);
+  /// For an item that takes its input itself.
+  explicit ClickableView(QQuickItem& view);
+  ~ClickableView() override;
+
+  /// Null after the item has been destroyed.
+  QQuickItem* view() const { return view_; }
+  QString name() const;
+  bool isEnabled() const { return isEnabled_; }
+  void setEnabled(bool isEnabled);
+
+  Q_INVOKABLE void tap();
+
+ Q_SIGNALS:
+  void nameChanged();
+  void isEnabledChanged();
+  /// The item has left its scene or was destroyed.
+  void gone();
+
+ private:
+  void makeArea();
+
+  const QPointer<QQuickItem> view_;
+  const OnTap onTap_;
+  QPointer<QQuickItem> area_;
+  bool isEnabled_ = false;
+};
+
+}  // namespace orrelo::quick

@@ -1,0 +1,21 @@
+import QtQuick
+import Orrelo.Kit
+
+/// Items that open the kit's home. They are visible while a user is signed in. Any items may be in it, such as
+/// texts and pictures; each of them can be pressed, also by the keyboard and by assistive technology. Create it
+/// after the kit is initialized; otherwise it stays invisible.
+Item {
+    id: view
+
+    default property alias content: entry.data
+    /// The name in the events that the view reports; it reports none without a name.
+    property alias entryName: entry.entryName
+
+    implicitWidth: entry.childrenRect.x + entry.childrenRect.width
+    implicitHeight: entry.childrenRect.y + entry.childrenRect.height
+
+    CampaignEntryItem {
+        id: entry
+        anchors.fill: parent
+    }
+}

@@ -1,0 +1,57 @@
+#include "campaign/entry/CampaignEntryView.h"
+
+#include "events/UserEventTracker.h"
+#include "model/UserManager.h"
+#include "ui/KeyWindow.h"
+#include "ui/RunningKit.h"
+#include "ui/followOnMain.h"
+
+namespace orrelo {
+namespace {
+
+void report(UserEventName event, const std::optional<std::string>& entryName) {
+  if (entryName) UserEventTracker::track(event, {{UserEventValueKey::campaignEntryPointName, *entryName}});
+}
+
+}  // namespace
+
+std::shared_ptr<CampaignEntryView> CampaignEntryView::create() {
+  const bool isShown = RunningKit::current() && currentUserId();
+  const std::shared_ptr<CampaignEntryView> view(new CampaignEntryView(isShown ? 1.0 : 0.0));
+  view->start();
+  return view;
+}
+
+bool CampaignEntryView::start() {
+  if (!RunningKit::isInitialized("orlInitialize()")) return false;
+  navigator_ = RunningKit::current()->campaignNavigator;
+  const auto isSignedIn = userIdStream().asObservable().map(
+      [](const std::optional<std::string>& userId) { return userId.has_value(); });
+  followOnMain(isSignedIn, std::static_pointer_cast<CampaignEntryView>(shared_from_this()), disposeBag_,
+               &CampaignEntryView::setSignedIn,
+               [](CampaignEntryView& view, const Error&) { view.setAlpha(0.0, false); });
+  return true;
+}
+
+void CampaignEntryView::setSignedIn(bool isSignedIn) {
+  if (isSignedIn) report(UserEventName::campaignEntryPointShow, entryName);
+  setAlpha(isSignedIn ? 1.0 : 0.0, true);
+}
+
+void CampaignEntryView::setAlpha(double alpha, bool animated) {
+  State next{alpha, std::nullopt, state().fadeCount + 1};
+  if (animated) {
+    next.fade = Animation{
+        .from = state().alpha, .to = alpha, .duration = fadeDuration, .curve = Animation::Curve::easeOut};
+  }
+  state_.set(next);
+}
+
+void CampaignEntryView::orlHandleTapGesture(const std::shared_ptr<ViewController>& root) const {
+  if (state().alpha == 0.0) return;
+  report(UserEventName::campaignEntryPointClick, entryName);
+  const auto window = root ? root : keyWindowRootViewController();
+  if (navigator_ && window) navigator_->showHome(window->topmost(), currentUserId());
+}
+
+}  // namespace orrelo

@@ -1,0 +1,169 @@
+#include "DevService.h"
+#include "support/TemporaryFolder.h"
+
+#include <QDir>
+#include <QImage>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace orrelo::test {
+namespace {
+
+/// The local service's own page in a browser window, used with mouse and keyboard.
+class AdminPageTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    service_.start();
+    engine_.setInitialProperties({{"address", QString::fromStdString(service_.baseUrl())}});
+    engine_.loadData(R"(
+      import QtQuick
+      import QtQuick.Window
+      import QtWebEngine
+      Window {
+        id: root
+        property string address
+        property var answer
+        property int answers: 0
+        property var errors: []
+        function ask(script) { view.runJavaScript(script, value => { answer = value; ++answers }) }
+        width: 1280
+        height: 900
+        visible: true
+        WebEngineView {
+          id: view
+          anchors.fill: parent
+          profile: WebEngineProfile { offTheRecord: true }
+          url: root.address
+          onCertificateError: error => error.acceptCertificate()
+          onJavaScriptConsoleMessage: (level, message) => root.errors.push(message)
+        }
+      })");
+    window_ = qobject_cast<QQuickWindow*>(engine_.rootObjects().value(0));
+    ASSERT_NE(window_, nullptr);
+    window_->requestActivate();
+    ASSERT_TRUE(shows(QStringLiteral("#link"), QStringLiteral("Live")));
+  }
+
+  static bool waitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 15'000); }
+  /// The value of a script's expression in the page.
+  QVariant valueOf(const QString& expression) {
+    const auto before = window_->property("answers").toInt();
+    QMetaObject::invokeMethod(window_, "ask", Q_ARG(QVariant, expression));
+    EXPECT_TRUE(waitFor([&] { return window_->property("answers").toInt() > before; }));
+    return window_->property("answer");
+  }
+  /// Waits for this text in the element.
+  testing::AssertionResult shows(const QString& element, const QString& text) {
+    QString shown;
+    const bool found = waitFor([&] {
+      shown = valueOf(QStringLiteral("document.querySelector(`%1`)?.innerText").arg(element)).toString();
+      return shown.contains(text);
+    });
+    if (found) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << element.toStdString() << " shows " << shown.toStdString();
+  }
+  void click(const QString& element) {
+    const auto place =
+        valueOf(QStringLiteral("(() => { const e = document.querySelector(`%1`);"
+                               " e.scrollIntoView({block: 'center'}); const r = e.getBoundingClientRect();"
+                               " return [r.x + r.width / 2, r.y + r.height / 2] })()")
+                    .arg(element))
+            .toList();
+    ASSERT_EQ(place.size(), 2) << element.toStdString();
+    QTest::mouseClick(window_, Qt::LeftButton, {}, QPoint(place[0].toInt(), place[1].toInt()));
+  }
+  void type(const QString& element, const char* text) {
+    click(element);
+    for (; *text != '\0'; ++text) QTest::keyClick(window_, *text);
+  }
+  /// Saves a picture of the page for people to look at.
+  void grab(const QString& name) {
+    valueOf(QStringLiteral(
+        "isDrawn = false; requestAnimationFrame(() => requestAnimationFrame(() => isDrawn = true))"));
+    EXPECT_TRUE(waitFor([&] { return valueOf(QStringLiteral("isDrawn")).toBool(); }));
+    const QDir folder(QStringLiteral(ORRELO_PICTURES));
+    folder.mkpath(QStringLiteral("."));
+    window_->grabWindow().save(folder.filePath(name + QStringLiteral(".png")));
+  }
+  /// The body that a client of this user gets.
+  QString replyTo(const QString& path) {
+    return valueOf(
+               QStringLiteral("(() => { const r = new XMLHttpRequest(); r.open('GET', "
+                              "'/orreloservice/sdk/shop%1', false);"
+                              " r.setRequestHeader('buid', 'minji'); r.send(); return r.responseText })()")
+                   .arg(path))
+        .toString();
+  }
+
+  TemporaryFolder folder_;
+  devservice::DevService service_{{.dataDirectory = folder_.path()}};
+  QQmlApplicationEngine engine_;
+  QQuickWindow* window_ = nullptr;
+};
+
+const auto users = QStringLiteral("#users");
+const auto problem = QStringLiteral("#wallet-problem");
+const auto vouchers = QStringLiteral("#wallet-vouchers");
+
+TEST_F(AdminPageTest, APersonChangesAUsersWallet) {
+  EXPECT_TRUE(replyTo(QStringLiteral("/my-rewards")).contains(QStringLiteral(R"("point":4610)")));
+  ASSERT_TRUE(shows(users, QStringLiteral("4,610 points · 2 tickets · 2 usable vouchers")));
+  click(QStringLiteral("[data-owner]"));
+  ASSERT_TRUE(shows(QStringLiteral("#wallet-title"), QStringLiteral("Wallet of minji")));
+  ASSERT_TRUE(shows(QStringLiteral("#wallet-points"), QStringLiteral("4,610P")));
+  for (const auto* const state : {"idle", "downloaded", "expired", "used", "canceled"}) {
+    EXPECT_TRUE(shows(vouchers, QString::fromLatin1(state)));
+  }
+  EXPECT_TRUE(shows(QStringLiteral("#wallet-history"), QStringLiteral("+10P")));
+  grab(QStringLiteral("admin-wallet"));
+
+  type(QStringLiteral("#wallet [name=points]"), "-610");
+  QTest::keyClick(window_, Qt::Key_Return);
+  EXPECT_TRUE(shows(problem, QStringLiteral("\"points\" needs a \"title\"")));
+  type(QStringLiteral("#wallet [data-wallet=points] [name=title]"), "Coffee");
+  QTest::keyClick(window_, Qt::Key_Return);
+  EXPECT_TRUE(shows(QStringLiteral("#wallet-points"), QStringLiteral("4,000P")));
+  EXPECT_TRUE(shows(QStringLiteral("#wallet-history"), QStringLiteral("Coffee\n-610P")));
+  EXPECT_TRUE(shows(QStringLiteral("#wallet-done"), QStringLiteral("has changed")));
+
+  type(QStringLiteral("#wallet [name=tickets]"), "-3");
+  click(QStringLiteral("#wallet [data-wallet=tickets] .main"));
+  EXPECT_TRUE(shows(problem, QStringLiteral("the user has 2 tickets and cannot have -1")));
+  grab(QStringLiteral("admin-wallet-refused"));
+
+  type(QStringLiteral("#wallet [data-wallet=voucher] [name=title]"), "Cake");
+  valueOf(
+      QStringLiteral("document.querySelector('#wallet [name=date]').value = '2026-12-31';"
+                     "document.querySelector('#wallet [name=state]').value = 'downloaded'"));
+  click(QStringLiteral("#wallet [data-wallet=voucher] .main"));
+  EXPECT_TRUE(shows(vouchers, QStringLiteral("Cake\ndownloaded\n쿠폰 · until 2026-12-31T23:59:59Z")));
+  EXPECT_TRUE(
+      replyTo(QStringLiteral("/gifticons")).startsWith(QStringLiteral(R"([{"date":"2026-12-31T23:59:59Z")")));
+
+  QTest::keyClick(window_, Qt::Key_Escape);
+  EXPECT_TRUE(
+      waitFor([&] { return !valueOf(QStringLiteral("document.querySelector('#wallet').open")).toBool(); }));
+  EXPECT_EQ(valueOf(QStringLiteral("document.activeElement.innerText")), QStringLiteral("Wallet"));
+  EXPECT_TRUE(shows(users, QStringLiteral("4,000 points · 2 tickets · 3 usable vouchers")));
+  EXPECT_EQ(window_->property("errors").toList(), QVariantList());
+}
+
+TEST_F(AdminPageTest, AnOpenWalletFollowsWhatTheUserDoes) {
+  window_->resize(400, 800);
+  replyTo(QStringLiteral("/my-rewards"));
+  ASSERT_TRUE(shows(users, QStringLiteral("points")));
+  click(QStringLiteral("[data-owner]"));
+  ASSERT_TRUE(shows(QStringLiteral("#wallet-points"), QStringLiteral("4,610P")));
+  replyTo(QStringLiteral("/campaigns/attendance/check-in"));
+  EXPECT_TRUE(shows(QStringLiteral("#wallet-points"), QStringLiteral("4,620P")));
+  grab(QStringLiteral("admin-wallet-phone"));
+  service_.stop();
+  click(QStringLiteral("#wallet [data-wallet=tickets] .main"));
+  EXPECT_TRUE(shows(problem, QStringLiteral("The service does not answer.")));
+}
+
+}  // namespace
+}  // namespace orrelo::test
