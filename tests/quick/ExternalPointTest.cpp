@@ -32,8 +32,8 @@ class ExternalPointTest : public QuickTest {
     Orrelo::initialize(ORLConfig("shop"));
   }
   bool isOpen() const {
-    return std::dynamic_pointer_cast<ExternalPointExchangeViewController>(host()->presentedViewController()) !=
-           nullptr;
+    return std::dynamic_pointer_cast<ExternalPointExchangeViewController>(
+               host()->presentedViewController()) != nullptr;
   }
   QQuickItem* place(QSize size, double textScale = 1.0) {
     open(size, textScale);
@@ -108,7 +108,8 @@ TEST_F(ExternalPointTest, TheEntryViewTakesNoRoomWhereTheExchangeIsDisabled) {
 TEST_F(ExternalPointTest, AHostPlacesTheEntryViewInQml) {
   initialize();
   QQmlComponent component(engine_.get());
-  component.setData("import QtQuick\nimport Orrelo\nColumn { OrreloExternalPointEntryView { width: 300 } }", QUrl());
+  component.setData("import QtQuick\nimport Orrelo\nColumn { OrreloExternalPointEntryView { width: 300 } }",
+                    QUrl());
   const std::unique_ptr<QQuickItem> column(qobject_cast<QQuickItem*>(component.create()));
   ASSERT_NE(column, nullptr) << component.errorString().toStdString();
   EXPECT_EQ(column->height(), 0.0) << "not in a window yet";

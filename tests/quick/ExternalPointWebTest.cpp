@@ -92,11 +92,6 @@ TEST_F(ExternalPointWebTest, BackAndASwipeGoThroughTheHistoryFirst) {
     ASSERT_TRUE(waitForGreen());
     ASSERT_TRUE(waitFor([&] { return !isLoading(); }));
     QTest::mouseClick(window_, Qt::LeftButton, {}, inPage_);
-    waitForTitle(QStringLiteral("second.html"));
-    for (const auto& r : pages_.requests()) printf("DBG %s\n", r.target.c_str());
-    for (const auto* n : {"title", "url", "loadProgress", "loading", "canGoBack", "renderProcessPid"})
-      printf("DBG %s %s\n", n, qPrintable(engineView()->property(n).toString()));
-    grab("dbg");
     ASSERT_TRUE(waitForTitle(QStringLiteral("second.html")));
     ASSERT_TRUE(waitFor([&] { return engineView()->property("canGoBack").toBool(); }));
   };

@@ -193,7 +193,7 @@ TEST_F(WebBridgeTest, AHostKeepsItsOwnScriptsAndItsOwnChannel) {
   view_->setProperty("webChannelWorld", 0U);
   server_.pages[QStringLiteral("/page")] = reporting("page") + R"(<script>
     webkit.messageHandlers.Orrelo.postMessage(event('shop', {shop})))"
-    "</script>";
+                                                               "</script>";
   view_->setProperty("url", QUrl(server_.url(QStringLiteral("/page"))));
   ASSERT_TRUE(waitForEvent("page-late"));
   EXPECT_EQ(events("page-early"), QStringList(R"(["channel": "object", "script": "undefined"])"));
