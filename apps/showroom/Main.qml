@@ -18,8 +18,11 @@ Window {
         pushesScreens: true
 
         Flickable {
+            id: shop
+            objectName: "shop"
             anchors.fill: parent
-            contentHeight: page.height + 48
+            // The last row can be scrolled out from beneath the floating button.
+            contentHeight: page.height + 24 + 104
             boundsBehavior: Flickable.StopAtBounds
 
             Column {
@@ -44,6 +47,71 @@ Window {
                 ShopButton {
                     text: showroom.user === "" ? "민지로 로그인" : "로그아웃"
                     onPressed: showroom.user === "" ? showroom.signIn("minji") : showroom.signOut()
+                }
+                OrreloCampaignEntryView {
+                    width: parent.width
+                    height: 88
+                    // Takes no room while it cannot be seen.
+                    visible: showroom.user !== ""
+                    entryName: "shop_banner"
+
+                    Rectangle {
+                        anchors.fill: parent
+                        radius: 16
+                        gradient: Gradient {
+                            orientation: Gradient.Horizontal
+                            GradientStop { position: 0; color: "#1d3a5f" }
+                            GradientStop { position: 1; color: "#5b50e8" }
+                        }
+                        // The entry view takes this name for the area that it makes pressable.
+                        Accessible.name: "오늘의 혜택 모두 보기"
+                        Accessible.ignored: true
+
+                        Column {
+                            anchors { left: parent.left; right: gift.left; leftMargin: 20; verticalCenter: parent.verticalCenter }
+                            spacing: 2
+                            Text {
+                                width: parent.width
+                                elide: Text.ElideRight
+                                text: parent.parent.Accessible.name
+                                Accessible.ignored: true
+                                font { pixelSize: 18; weight: Font.DemiBold }
+                                color: "#ffffff"
+                            }
+                            Text {
+                                width: parent.width
+                                elide: Text.ElideRight
+                                text: "출석, 룰렛, 복권까지 한곳에서"
+                                font.pixelSize: 14
+                                color: "#dfe3ff"
+                                Accessible.ignored: true
+                            }
+                        }
+                        Text {
+                            id: gift
+                            anchors { right: parent.right; rightMargin: 20; verticalCenter: parent.verticalCenter }
+                            text: "🎁"
+                            font.pixelSize: 32
+                            Accessible.ignored: true
+                        }
+                    }
+                }
+                OrreloExternalPointEntryView { width: parent.width }
+                Row {
+                    width: parent.width
+                    spacing: 12
+
+                    ShopButton {
+                        width: showroom.newsUrl === "" ? parent.width : campaigns.cell
+                        text: "혜택 홈 열기"
+                        onPressed: showroom.openHome()
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        visible: showroom.newsUrl !== ""
+                        text: "파랑상점 소식"
+                        onPressed: news.active = true
+                    }
                 }
                 Rectangle {
                     width: parent.width
@@ -152,6 +220,23 @@ Window {
                     font.pixelSize: 12
                     color: "#7b8794"
                 }
+            }
+        }
+        OrreloCampaignFloatingActionButton {
+            anchors { right: parent.right; bottom: parent.bottom }
+            visible: !news.active
+        }
+        Loader {
+            id: news
+            anchors.fill: parent
+            active: false
+            onActiveChanged: if (active) setSource("NewsPage.qml", { address: showroom.newsUrl })
+            onLoaded: item.forceActiveFocus()
+
+            Connections {
+                target: news.item
+                function onSignedIn(user) { showroom.didSignIn(user) }
+                function onClosed() { news.active = false }
             }
         }
     }

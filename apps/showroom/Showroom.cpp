@@ -4,6 +4,7 @@
 #include <orrelo/platform/Clock.h>
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <atomic>
 #include <utility>
 
 namespace orrelo::showroom {
@@ -11,22 +12,23 @@ namespace {
 
 using Moment = std::chrono::system_clock::time_point;
 
+}  // namespace
+
 // Fixes the wall clock at one moment. The steady clock, which timers use, runs on.
-class StoppedClock final : public Clock {
+class Showroom::StoppedClock final : public Clock {
  public:
   StoppedClock(Moment now, std::shared_ptr<Clock> running)
       : now_(std::chrono::floor<std::chrono::microseconds>(now.time_since_epoch())),
         running_(std::move(running)) {}
 
-  Date now() const override { return now_; }
+  Date now() const override { return Date(now_.load()); }
   std::chrono::microseconds steady() const override { return running_->steady(); }
+  void advance(std::chrono::seconds time) { now_ = now_.load() + time; }
 
  private:
-  const Date now_;
+  std::atomic<std::chrono::microseconds> now_;
   const std::shared_ptr<Clock> running_;
 };
-
-}  // namespace
 
 // Grants the consent that the marketing campaign's button asks the host for.
 class Showroom::Consent final : public ORLOptInMarketingCampaignDelegate {
@@ -48,7 +50,8 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
                                    .dataDirectory = folder / "device",
                                    .cacheDirectory = folder / "cache"});
   if (now) {
-    platform.clock = std::make_shared<StoppedClock>(*now, platform.clock);
+    clock_ = std::make_shared<StoppedClock>(*now, platform.clock);
+    platform.clock = clock_;
   } else {
     serviceUrl_ = QString::fromStdString(service_.baseUrl());
   }
@@ -59,6 +62,18 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
   suite->set("ORRELO_DEVELOPMENT_CA", service_.certificatePath().string());
   Orrelo::initialize(ORLConfig("showroom"));
   Orrelo::setOptInMarketingCampaignDelegate(consent_);
+}
+
+void Showroom::letConfigurationExpire() {
+  if (clock_) clock_->advance(std::chrono::seconds(61));
+}
+
+QString Showroom::newsUrl() const {
+#ifdef SHOWROOM_HAS_WEB
+  return QString::fromStdString(service_.baseUrl() + "/pages/news.html");
+#else
+  return {};
+#endif
 }
 
 void Showroom::signIn(const QString& user) {
@@ -89,6 +104,14 @@ void Showroom::openCampaign(const QString& id) {
 
 void Showroom::openPage(const QString& id) {
   Orrelo::showPage(id.toStdString());
+}
+
+void Showroom::openHome() {
+  Orrelo::showHome(quick::hostViewController(window_));
+}
+
+void Showroom::didSignIn(const QString& user) {
+  setUser(user);
 }
 
 void Showroom::giveConsent() {

@@ -21,6 +21,8 @@ class Showroom final : public QObject {
   Q_PROPERTY(QString user READ user NOTIFY userChanged)
   Q_PROPERTY(QString serviceUrl READ serviceUrl CONSTANT)
   Q_PROPERTY(int eventCount READ eventCount NOTIFY eventCountChanged)
+  /// The shop's own web page; empty if the showroom is built without a browser engine.
+  Q_PROPERTY(QString newsUrl READ newsUrl CONSTANT)
   /// True once the user has pressed the marketing campaign's button: the showroom grants consent at once.
   Q_PROPERTY(bool hasConsent READ hasConsent NOTIFY hasConsentChanged)
 
@@ -32,11 +34,15 @@ class Showroom final : public QObject {
 
   devservice::DevService& service() { return service_; }
   void setWindow(QQuickWindow* window) { window_ = window; }
+  /// Lets the kit ask for its configuration again, if the time is fixed: moves the kit's clock on by more
+  /// than the lifetime of the copy in its memory.
+  void letConfigurationExpire();
 
   /// Empty if nobody is signed in.
   QString user() const { return user_; }
   /// Empty if the page must not show it.
   QString serviceUrl() const { return serviceUrl_; }
+  QString newsUrl() const;
   int eventCount() const { return eventCount_; }
   bool hasConsent() const { return hasConsent_; }
 
@@ -49,6 +55,10 @@ class Showroom final : public QObject {
   Q_INVOKABLE void openPage(const QString& id);
   /// Presents the attendance campaign over the window.
   Q_INVOKABLE void presentAttendance();
+  /// Pushes the kit's home onto the window's stack.
+  Q_INVOKABLE void openHome();
+  /// Takes over the user whom the shop's web page has signed in to the kit.
+  Q_INVOKABLE void didSignIn(const QString& user);
 
  Q_SIGNALS:
   void userChanged();
@@ -57,11 +67,14 @@ class Showroom final : public QObject {
 
  private:
   class Consent;
+  class StoppedClock;
 
   void setUser(const QString& user);
   void giveConsent();
 
   devservice::DevService service_;
+  /// Null if the time is not fixed.
+  std::shared_ptr<StoppedClock> clock_;
   QString serviceUrl_;
   QQuickWindow* window_ = nullptr;
   QString user_;

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLineF>
 #include <QMouseEvent>
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
@@ -33,6 +34,10 @@ const QString popUp = QStringLiteral("축하합니다!");
 const QString tryAgain = QStringLiteral("잠시 후 다시 시도해 주세요.");
 const QString loading = QStringLiteral("불러오는 중");
 
+bool isNear(const QColor& a, const QColor& b) {
+  return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue()) < 24;
+}
+
 }  // namespace
 
 Tour::Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folder)
@@ -50,6 +55,10 @@ void Tour::play() {
   webPage();
   otherKinds();
   games();
+  home();
+  rewards();
+  otherHomes();
+  shopsOwnPage();
   failures();
   sizes();
   writePage();
@@ -59,10 +68,7 @@ double Tour::colorShare(const QImage& picture, const QColor& color) {
   int count = 0;
   for (int y = 0; y < picture.height(); ++y) {
     for (int x = 0; x < picture.width(); ++x) {
-      const auto pixel = picture.pixelColor(x, y);
-      const int distance = std::abs(pixel.red() - color.red()) + std::abs(pixel.green() - color.green()) +
-                           std::abs(pixel.blue() - color.blue());
-      if (distance < 24) ++count;
+      if (isNear(picture.pixelColor(x, y), color)) ++count;
     }
   }
   return static_cast<double>(count) / (picture.width() * picture.height());
@@ -78,8 +84,14 @@ void Tour::signedOut() {
           QStringLiteral("the service was asked"));
   close();
   click(QStringLiteral("민지로 로그인"));
+  await(QStringLiteral("오늘의 혜택 모두 보기"));
+  await(QStringLiteral("오늘의 선물이 도착했어요"));
+  settle();  // the entries take a second to appear
+  picture(QStringLiteral(
+      "Signed in: the entries to the kit are there, and the floating button has a word to say"));
   click(QStringLiteral("구매하기"));
   await(QStringLiteral("구매하기 (1)"));
+  awaitGone(QStringLiteral("오늘의 선물이 도착했어요"));
 }
 
 void Tour::attendance() {
@@ -211,7 +223,47 @@ void Tour::send(QEvent::Type type, const QPointF& point, Qt::MouseButtons button
 }
 
 void Tour::click(const QString& name) {
+  await(name);
+  scrollTo(name);
   drag(name, {{0.5, 0.5}});
+}
+
+void Tour::scrollTo(const QString& name) {
+  const auto* const item = find(name);
+  auto* area = item->parentItem();
+  while (area != nullptr && !area->property("contentY").isValid()) area = area->parentItem();
+  if (area == nullptr) return;
+  // The lowest part of the shop's page lies beneath the floating button.
+  const double covered = area->objectName() == QStringLiteral("shop") ? 104 : 0;
+  const double top = item->mapToItem(area, QPointF()).y();
+  if (top >= 0 && top + item->height() <= area->height() - covered) return;
+  const double most = std::max(0.0, area->property("contentHeight").toDouble() - area->height());
+  const double middle = area->property("contentY").toDouble() + top - area->height() / 2;
+  area->setProperty("contentY", std::clamp(middle, 0.0, most));
+}
+
+void Tour::awaitColor(const QColor& color, const QString& what) {
+  await([&] { return colorShare(window_.grabWindow(), color) > 0.02; }, what);
+}
+
+void Tour::click(const QColor& color) {
+  awaitColor(color, QStringLiteral("there is nothing of the colour %1").arg(color.name()));
+  settle();
+  const auto picture = window_.grabWindow();
+  QPointF sum;
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (!isNear(picture.pixelColor(x, y), color)) continue;
+      sum += QPointF(x, y);
+      ++count;
+    }
+  }
+  require(count > 0, QStringLiteral("what has the colour %1 has gone").arg(color.name()));
+  const auto middle = sum / count / picture.devicePixelRatio();
+  send(QEvent::MouseMove, middle, Qt::NoButton);
+  send(QEvent::MouseButtonPress, middle, Qt::LeftButton);
+  send(QEvent::MouseButtonRelease, middle, Qt::NoButton);
 }
 
 void Tour::drag(const QString& name, const QList<QPointF>& path) {
@@ -244,8 +296,12 @@ void Tour::close() {
   awaitGone(QStringLiteral("뒤로"));
 }
 
-QImage Tour::picture(const QString& caption) {
+void Tour::settle() {
   for (int frame = 0; frame < settleFrames; ++frame) frames_.next();
+}
+
+QImage Tour::picture(const QString& caption) {
+  settle();
   return snapshot(caption);
 }
 

@@ -3,6 +3,7 @@
 #include "FrameClock.h"
 #include "Showroom.h"
 
+#include <QColor>
 #include <QEvent>
 #include <QImage>
 #include <QList>
@@ -12,6 +13,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <string>
 
 namespace orrelo::showroom {
 
@@ -39,8 +41,22 @@ class Tour {
   void webPage();
   void otherKinds();
   void games();
+  void home();
+  void rewards();
+  void otherHomes();
+  void shopsOwnPage();
   void failures();
   void sizes();
+
+  // Parts of `home`, `rewards` and `otherHomes`.
+  void winFromHome();
+  void pointHistory();
+  void vouchers();
+  void exchange();
+  void listThatIsEmptyOrFails();
+  void homeInSizes();
+  /// Lets the service answer with no plugins and these campaigns until the faults are cleared.
+  void orderNoPluginsAnd(const std::string& campaigns);
 
   // Parts of `games`.
   void roulette();
@@ -49,6 +65,8 @@ class Tour {
   void emptyPage();
   void gamesInSizes();
 
+  /// Opens home from the shop's page.
+  void openHome();
   /// Runs the event loop until the screen shows an item with this name. Throws std::runtime_error on timeout,
   /// as do the other waits.
   void await(const QString& name);
@@ -60,12 +78,20 @@ class Tour {
   static double colorShare(const QImage& picture, const QColor& color);
   static void require(bool holds, const QString& what);
   QQuickItem* find(const QString& name) const;
-  void send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons);
+  /// Scrolls so that the item with this name is in sight and not beneath the shop's floating button.
+  void scrollTo(const QString& name);
   void click(const QString& name);
+  /// Clicks on the middle of what has this colour, as in a web page, which has no named items.
+  void click(const QColor& color);
+  void awaitColor(const QColor& color, const QString& what);
+  void send(QEvent::Type type, const QPointF& point, Qt::MouseButtons buttons);
   /// Drags without a pause through points of the item with this name, each a share of its width and height.
   void drag(const QString& name, const QList<QPointF>& path);
   void press(Qt::Key key);
   void close();
+  void closeHome();
+  /// Waits until the screens' animations have ended.
+  void settle();
   /// Takes a picture once all animations have ended.
   QImage picture(const QString& caption);
   /// Takes a picture at once, also during animations.

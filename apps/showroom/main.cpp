@@ -29,7 +29,9 @@ int playTour(Showroom& showroom, QQuickWindow& window, const std::string& folder
     std::cout << "All of it on one page: " << folder << "/index.html" << std::endl;
     return 0;
   } catch (const std::exception& exception) {
-    std::cerr << "The tour ends: " << exception.what() << std::endl;
+    const auto picture = folder + "/failed.png";
+    window.grabWindow().save(QString::fromStdString(picture));
+    std::cerr << "The tour ends: " << exception.what() << "; see " << picture << std::endl;
     return 1;
   }
 }
