@@ -12,12 +12,12 @@
 namespace orrelo::test {
 namespace {
 
-/// The local service's own page in a browser window, used with mouse and keyboard.
-class AdminPageTest : public testing::Test {
+/// A page of the local service in a browser window, used with mouse and keyboard.
+class ServicePageTest : public testing::Test {
  protected:
-  void SetUp() override {
+  void open(const std::string& path) {
     service_.start();
-    engine_.setInitialProperties({{"address", QString::fromStdString(service_.baseUrl())}});
+    engine_.setInitialProperties({{"address", QString::fromStdString(service_.baseUrl() + path)}});
     engine_.loadData(R"(
       import QtQuick
       import QtQuick.Window
@@ -44,7 +44,6 @@ class AdminPageTest : public testing::Test {
     window_ = qobject_cast<QQuickWindow*>(engine_.rootObjects().value(0));
     ASSERT_NE(window_, nullptr);
     window_->requestActivate();
-    ASSERT_TRUE(shows(QStringLiteral("#link"), QStringLiteral("Live")));
   }
 
   static bool waitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 15'000); }
@@ -65,25 +64,34 @@ class AdminPageTest : public testing::Test {
     if (found) return testing::AssertionSuccess();
     return testing::AssertionFailure() << element.toStdString() << " shows " << shown.toStdString();
   }
+  /// Waits until the page has been drawn as it is now, so that a click hits what has moved.
+  void awaitFrame() {
+    valueOf(QStringLiteral(
+        "isDrawn = false; requestAnimationFrame(() => requestAnimationFrame(() => isDrawn = true))"));
+    EXPECT_TRUE(waitFor([&] { return valueOf(QStringLiteral("isDrawn")).toBool(); }));
+  }
   void click(const QString& element) {
-    const auto place =
-        valueOf(QStringLiteral("(() => { const e = document.querySelector(`%1`);"
-                               " e.scrollIntoView({block: 'center'}); const r = e.getBoundingClientRect();"
-                               " return [r.x + r.width / 2, r.y + r.height / 2] })()")
-                    .arg(element))
-            .toList();
+    const auto found = QStringLiteral("document.querySelector(`%1`)").arg(element);
+    valueOf(found + QStringLiteral(".scrollIntoView({block: 'center'})"));
+    awaitFrame();
+    const auto place = valueOf(QStringLiteral("(() => { const r = %1.getBoundingClientRect();"
+                                              " return [r.x + r.width / 2, r.y + r.height / 2] })()")
+                                   .arg(found))
+                           .toList();
     ASSERT_EQ(place.size(), 2) << element.toStdString();
     QTest::mouseClick(window_, Qt::LeftButton, {}, QPoint(place[0].toInt(), place[1].toInt()));
   }
   void type(const QString& element, const char* text) {
     click(element);
+    ASSERT_TRUE(waitFor([&] {
+      return valueOf(QStringLiteral("document.activeElement === document.querySelector(`%1`)").arg(element))
+          .toBool();
+    }));
     for (; *text != '\0'; ++text) QTest::keyClick(window_, *text);
   }
   /// Saves a picture of the page for people to look at.
   void grab(const QString& name) {
-    valueOf(QStringLiteral(
-        "isDrawn = false; requestAnimationFrame(() => requestAnimationFrame(() => isDrawn = true))"));
-    EXPECT_TRUE(waitFor([&] { return valueOf(QStringLiteral("isDrawn")).toBool(); }));
+    awaitFrame();
     const QDir folder(QStringLiteral(ORRELO_PICTURES));
     folder.mkpath(QStringLiteral("."));
     window_->grabWindow().save(folder.filePath(name + QStringLiteral(".png")));
@@ -102,6 +110,14 @@ class AdminPageTest : public testing::Test {
   devservice::DevService service_{{.dataDirectory = folder_.path()}};
   QQmlApplicationEngine engine_;
   QQuickWindow* window_ = nullptr;
+};
+
+class AdminPageTest : public ServicePageTest {
+ protected:
+  void SetUp() override {
+    open("/");
+    ASSERT_TRUE(shows(QStringLiteral("#link"), QStringLiteral("Live")));
+  }
 };
 
 const auto users = QStringLiteral("#users");
@@ -163,6 +179,31 @@ TEST_F(AdminPageTest, AnOpenWalletFollowsWhatTheUserDoes) {
   service_.stop();
   click(QStringLiteral("#wallet [data-wallet=tickets] .main"));
   EXPECT_TRUE(shows(problem, QStringLiteral("The service does not answer.")));
+}
+
+TEST_F(ServicePageTest, TheExchangeOfTheScenarioTakesPointsAndGoesBackStepByStep) {
+  const auto chosen = QStringLiteral("[data-step]:not([hidden]) h2");
+  const auto balance = QStringLiteral("#balance");
+  open("/pages/exchange.html?userID=minji#shop");
+  ASSERT_TRUE(shows(balance, QStringLiteral("4,610P")));
+  EXPECT_TRUE(shows(QStringLiteral("#whose"), QStringLiteral("minji님의 포인트")));
+  valueOf(QStringLiteral(
+      "messages = []; window.webkit = {messageHandlers: {Native: {postMessage: m => messages.push(m)}}}"));
+
+  click(QStringLiteral("[data-points='500']"));
+  EXPECT_TRUE(shows(chosen, QStringLiteral("이대로 바꿀까요?")));
+  valueOf(QStringLiteral("history.back()"));
+  EXPECT_TRUE(shows(chosen, QStringLiteral("얼마나 바꿀까요?")));
+  click(QStringLiteral("[data-points='1000']"));
+  EXPECT_TRUE(shows(QStringLiteral("[data-step]:not([hidden])"), QStringLiteral("1,000P")));
+  click(QStringLiteral("#confirm"));
+  EXPECT_TRUE(shows(chosen, QStringLiteral("전환을 마쳤어요")));
+  EXPECT_TRUE(shows(balance, QStringLiteral("3,610P")));
+  const auto rows = replyTo(QStringLiteral("/pointsystem/point-redemption-history?page=0"));
+  EXPECT_TRUE(rows.contains(QStringLiteral(R"("point_amount":-1000,"title":"포인트 전환")")))
+      << rows.toStdString();
+  click(QStringLiteral("#finish"));
+  EXPECT_TRUE(waitFor([&] { return valueOf(QStringLiteral("messages.join()")) == QStringLiteral("close"); }));
 }
 
 }  // namespace
