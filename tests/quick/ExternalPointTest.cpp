@@ -13,7 +13,7 @@ namespace {
 using testing::Contains;
 using testing::HasSubstr;
 
-const QString message = QStringLiteral("모은 포인트를 현금처럼 쓸 수 있어요");
+const QString message = QStringLiteral("모은 포인트를 교환해 보세요");
 const QString label = QStringLiteral("교환하러 가기");
 
 /// The exchange in a front without a browser engine.
