@@ -1,4 +1,5 @@
-// Home: the time from the call to the first frame with the balance and the campaigns, and the memory that stays in use.
+// Home: the time from the call to the first frame with the balance and the campaigns, and the memory that
+// stays in use.
 #include "Targets.h"
 #include "navigation/HomeViewController.h"
 #include "reactive/Combining.h"
@@ -19,8 +20,8 @@ constexpr std::size_t campaignCount = 12;
 std::string campaigns() {
   std::string rows;
   for (std::size_t i = 0; i < campaignCount; ++i) {
-    rows += (i > 0 ? "," : "") +
-            test::campaignReply(test::richAttendancePage(), "c-" + std::to_string(i + 1));
+    rows +=
+        (i > 0 ? "," : "") + test::campaignReply(test::richAttendancePage(), "c-" + std::to_string(i + 1));
   }
   return "[" + rows + "]";
 }
@@ -38,8 +39,7 @@ Stage& stage() {
     answers["/config"] = {200, configWithAllPlugins()};
     answers["/campaigns"] = {200, campaigns()};
     answers["/my-rewards"] = {200, R"({"point":1250,"ticket":3,"gifticon":12})"};
-    answers["/my-point"] = {200,
-                            R"({"amount":1250,"description":"포인트","point_unit":"P","icon_url":""})"};
+    answers["/my-point"] = {200, R"({"amount":1250,"description":"포인트","point_unit":"P","icon_url":""})"};
     answers["/icon.png"] = {404, ""};
     Orrelo::initialize(ORLConfig("bench-app"));  // the former configuration lacks a plugin
     return Stage::shared();

@@ -60,8 +60,9 @@ class Stage {
   /// The page of the screen that is open.
   std::shared_ptr<View> content() const { return screen()->state().content; }
   QQuickWindow& window() const { return *window_; }
-  test::Service& service() const { return *service_; }
+  /// The host's screen, from which the kit's screens are presented.
   std::shared_ptr<ViewController> host() const;
+  test::Service& service() const { return *service_; }
 
  private:
   Stage();

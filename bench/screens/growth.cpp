@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 namespace orrelo::bench {
-namespace {
 
 double residentMebibytes() {
   malloc_trim(0);
@@ -15,8 +14,6 @@ double residentMebibytes() {
   std::ifstream("/proc/self/statm") >> pages >> resident;
   return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
 }
-
-}  // namespace
 
 std::vector<double> growthBy(const std::function<void()>& openAndClose) {
   for (int i = 0; i < 20; ++i) openAndClose();

@@ -12,6 +12,7 @@ int main(int argumentCount, char** arguments) {
   addCampaignScreens();
   addGifticonScreen();
   addHomeScreen();
+  addPointHistory();
   addWheel();
   const bool allMet = runAll(argumentCount, arguments);
   std::fflush(stdout);

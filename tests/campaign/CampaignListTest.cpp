@@ -146,19 +146,16 @@ TEST_F(CampaignListTest, CellsAreReportedAsTheyComeIntoSightAndAfterEachLoad) {
   setInSight({0, 1});
   EXPECT_THAT(takeReports(), IsEmpty()) << "their places are known only after the layout";
   list_->didLayOut();
-  EXPECT_THAT(takeReports(),
-              ElementsAre("ol_campaign_list_item_show a", "ol_campaign_list_item_show b"));
+  EXPECT_THAT(takeReports(), ElementsAre("ol_campaign_list_item_show a", "ol_campaign_list_item_show b"));
   setInSight({1, 2});
   setInSight({0, 1});
-  EXPECT_THAT(takeReports(),
-              ElementsAre("ol_campaign_list_item_show c", "ol_campaign_list_item_show a"));
+  EXPECT_THAT(takeReports(), ElementsAre("ol_campaign_list_item_show c", "ol_campaign_list_item_show a"));
   const auto former = list_->state().cells;
   load({"a", "b", "c"});
   EXPECT_EQ(list_->state().cells, former) << "equal campaigns keep their cells";
   list_->didLayOut();
   list_->didLayOut();
-  EXPECT_THAT(takeReports(),
-              ElementsAre("ol_campaign_list_item_show a", "ol_campaign_list_item_show b"));
+  EXPECT_THAT(takeReports(), ElementsAre("ol_campaign_list_item_show a", "ol_campaign_list_item_show b"));
   home_->disappear(false);
   load({"a"});
   list_->didLayOut();
@@ -227,9 +224,10 @@ TEST_F(CampaignListTest, AModelThatIsGoneFailsTheLoad) {
   list_.reset();
   trigger.onNext("minji");
   using ViewModel = CampaignListViewModel;
-  EXPECT_THAT(states->elements,
-              ElementsAre(ViewModel::ViewState(ViewModel::Loading{}),
-                          ViewModel::ViewState(ViewModel::Failed{makeError(OrreloError::referenceDeallocation)})));
+  EXPECT_THAT(
+      states->elements,
+      ElementsAre(ViewModel::ViewState(ViewModel::Loading{}),
+                  ViewModel::ViewState(ViewModel::Failed{makeError(OrreloError::referenceDeallocation)})));
 }
 
 }  // namespace

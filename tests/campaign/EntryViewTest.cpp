@@ -16,7 +16,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr auto key = "orrelo_floating_action_button";
-constexpr auto greenLook = R"({"iconUrl":"https://img.example/old.png","color":"#00FF00","tooltipMessage":""})";
+constexpr auto greenLook =
+    R"({"iconUrl":"https://img.example/old.png","color":"#00FF00","tooltipMessage":""})";
 const std::string fab =
     R"({"icon":"https://img.example/fab.png","color":"#FF0000","tool_tip":"출석하고 100P 받기"})";
 const FloatingActionButtonProperty property{"https://img.example/fab.png", "#FF0000", "출석하고 100P 받기"};
@@ -93,16 +94,16 @@ TEST_F(EntryViewTest, StartsAsTheUserIsAndFollowsEachChangeWithAFade) {
   EXPECT_EQ(view->state().fade, std::nullopt);
   EXPECT_THAT(takeReports(), IsEmpty()) << "it was visible from the start";
   setUser(std::nullopt);
-  const Animation out{.from = 1.0, .to = 0.0, .duration = std::chrono::seconds(1),
-                      .curve = Animation::Curve::easeOut};
+  const Animation out{
+      .from = 1.0, .to = 0.0, .duration = std::chrono::seconds(1), .curve = Animation::Curve::easeOut};
   EXPECT_EQ(view->state(), (CampaignEntryView::State{0.0, out, 1}));
   setUser("jun");
   EXPECT_EQ(view->state().fade->from, 0.0);
   EXPECT_EQ(view->state().alpha, 1.0);
   setUser("jun");
   EXPECT_EQ(view->state().fadeCount, 3);
-  EXPECT_THAT(takeReports(), ElementsAre("ol_campaign_entry_point_show shop",
-                                         "ol_campaign_entry_point_show shop"))
+  EXPECT_THAT(takeReports(),
+              ElementsAre("ol_campaign_entry_point_show shop", "ol_campaign_entry_point_show shop"))
       << "one for each user, the same one included";
 }
 
@@ -135,8 +136,8 @@ TEST_F(EntryViewTest, IsInertWithoutAKit) {
   const auto view = CampaignEntryView::create();
   const auto button = CampaignFloatingActionButton::create();
   setLogSink(nullptr, false);
-  const auto line = testing::EndsWith(
-      "Orrelo SDK is not initialized. Call Orrelo.initialize() before orlInitialize()");
+  const auto line =
+      testing::EndsWith("Orrelo SDK is not initialized. Call Orrelo.initialize() before orlInitialize()");
   EXPECT_THAT(lines, ElementsAre(line, line));
   initialize();
   setUser("jun");
@@ -206,9 +207,13 @@ TEST_F(EntryViewTest, TheServiceIsAskedOnceAndThenTheCopyIsUsed) {
 TEST_F(EntryViewTest, ACopyThatCannotBeReadCountsAsNone) {
   lay(fab);
   fetched();
-  const std::vector<std::string> broken{"", "[]", "null", R"({"iconUrl":"a","color":"b"})",
+  const std::vector<std::string> broken{"",
+                                        "[]",
+                                        "null",
+                                        R"({"iconUrl":"a","color":"b"})",
                                         R"({"iconUrl":"a","color":"b","tooltipMessage":null})",
-                                        R"({"iconUrl":1,"color":"b","tooltipMessage":"c"})", "\xff"};
+                                        R"({"iconUrl":1,"color":"b","tooltipMessage":"c"})",
+                                        "\xff"};
   for (const auto& json : broken) {
     keep(json);
     lay(fab);

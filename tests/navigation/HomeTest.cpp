@@ -32,7 +32,8 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 
 std::string configWith(const Plugins& plugins) {
   const auto flag = [](bool isTrue) { return std::string(isTrue ? "true" : "false"); };
-  auto reply = replaced(configReply(), R"("pointsystem":true)", R"("pointsystem":)" + flag(plugins.pointSystem));
+  auto reply =
+      replaced(configReply(), R"("pointsystem":true)", R"("pointsystem":)" + flag(plugins.pointSystem));
   reply = replaced(reply, R"("gifticon":false)", R"("gifticon":)" + flag(plugins.gifticon));
   return replaced(reply, R"("is_enabled":true)", R"("is_enabled":)" + flag(plugins.naverpay));
 }
@@ -84,9 +85,7 @@ class HomeTest : public testing::Test {
     platform_.loop->run();
     return host_->presentedViewController();
   }
-  std::shared_ptr<HomeViewController> home() {
-    return std::dynamic_pointer_cast<HomeViewController>(show());
-  }
+  std::shared_ptr<HomeViewController> home() { return std::dynamic_pointer_cast<HomeViewController>(show()); }
   static std::string errorOf(const HomeViewController& screen) {
     const auto& state = screen.errorView->state.value();
     return state.isHidden ? "" : state.text;
