@@ -6,14 +6,11 @@
 #include "modular/content/PageEntryView.h"
 #include "screens/ScreenBenches.h"
 #include "screens/Stage.h"
+#include "screens/growth.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <algorithm>
-#include <fstream>
-#include <functional>
-#include <malloc.h>
-#include <unistd.h>
 
 namespace orrelo::bench {
 namespace {
@@ -68,14 +65,6 @@ void waitForPictures() {
   });
 }
 
-double residentMebibytes() {
-  malloc_trim(0);
-  std::size_t pages = 0;
-  std::size_t resident = 0;
-  std::ifstream("/proc/self/statm") >> pages >> resident;
-  return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
-}
-
 std::vector<double> measureAttendance() {
   std::vector<double> openings;
   std::vector<double> rebuildings;
@@ -96,13 +85,6 @@ std::vector<double> measureModular() {
     stage().close();
   }
   return {quantile(openings, 0.5)};
-}
-
-std::vector<double> growthBy(const std::function<void()>& openAndClose) {
-  for (int i = 0; i < 20; ++i) openAndClose();
-  const double before = residentMebibytes();
-  for (int i = 0; i < 200; ++i) openAndClose();
-  return {residentMebibytes() - before};
 }
 
 }  // namespace

@@ -3,6 +3,9 @@
 namespace orrelo::bench {
 
 void addCampaignScreens();
+void addGifticonScreen();
+void addHomeScreen();
+void addPointHistory();
 void addWheel();
 
 }  // namespace orrelo::bench

@@ -33,9 +33,9 @@ double Stage::open(const std::string& id) {
 }
 
 void Stage::close() {
-  const std::weak_ptr<ViewController> gone = screen();
+  const std::weak_ptr<ViewController> gone = host()->presentedViewController();
   const auto framesBefore = frames_;
-  screen()->dismiss(false);
+  host()->dismiss(false);
   runUntil([&] { return gone.expired() && frames_ > framesBefore; });
 }
 
@@ -47,14 +47,19 @@ std::shared_ptr<CampaignViewController> Stage::screen() const {
   return std::dynamic_pointer_cast<CampaignViewController>(host()->presentedViewController());
 }
 
-double Stage::waitForNewContent(const std::shared_ptr<View>& content,
-                                std::chrono::steady_clock::time_point start) {
+void Stage::waitForFrame(const reactive::Observable<reactive::Unit>& changes,
+                         const std::function<bool()>& holds) {
   std::optional<std::size_t> framesBefore;
-  const auto subscription = screen()->stateChanges().subscribe([&](reactive::Unit) {
-    if (!framesBefore && screen()->state().content != content) framesBefore = frames_;
+  const auto subscription = changes.subscribe([&](reactive::Unit) {
+    if (!framesBefore && holds()) framesBefore = frames_;
   });
   runUntil([&] { return framesBefore && frames_ > *framesBefore; });
   subscription.dispose();
+}
+
+double Stage::waitForNewContent(const std::shared_ptr<View>& content,
+                                std::chrono::steady_clock::time_point start) {
+  waitForFrame(screen()->stateChanges(), [&] { return screen()->state().content != content; });
   return secondsSince(start) * 1e3;
 }
 

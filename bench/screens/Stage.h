@@ -13,6 +13,7 @@
 #include <QQuickWindow>
 #include <QTimer>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -51,17 +52,20 @@ class Stage {
     act();
     return waitForNewContent(before, start);
   }
+  /// Waits for the first frame after `holds` has become true, which `changes` signals.
+  void waitForFrame(const reactive::Observable<reactive::Unit>& changes, const std::function<bool()>& holds);
   /// Closes the screen. Waits until it is destroyed and the next frame has freed its graphics resources.
   void close();
 
   /// The page of the screen that is open.
   std::shared_ptr<View> content() const { return screen()->state().content; }
   QQuickWindow& window() const { return *window_; }
+  /// The host's screen, from which the kit's screens are presented.
+  std::shared_ptr<ViewController> host() const;
   test::Service& service() const { return *service_; }
 
  private:
   Stage();
-  std::shared_ptr<ViewController> host() const;
   std::shared_ptr<CampaignViewController> screen() const;
   /// Waits for the first frame with content other than `content`. Returns the milliseconds since `start`.
   double waitForNewContent(const std::shared_ptr<View>& content, std::chrono::steady_clock::time_point start);

@@ -13,10 +13,11 @@ PressArea {
 
     name: badgeText.length > 0 ? text + ", " + badgeText : text
     implicitWidth: Math.max(Theme.touchSize, title.implicitWidth)
-    implicitHeight: column.height
+    implicitHeight: column.y + column.height
 
     Column {
         id: column
+        y: 4
         width: parent.width
         spacing: 4
 
@@ -37,7 +38,7 @@ PressArea {
     }
     PaddedLabel {
         id: badge
-        anchors { left: parent.horizontalCenter; leftMargin: 8; top: parent.top; topMargin: -4 }
+        anchors { left: parent.horizontalCenter; leftMargin: 8; top: parent.top }
         width: Math.max(implicitWidth, height)
         leftPadding: 5
         rightPadding: 5

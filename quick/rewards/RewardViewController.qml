@@ -6,6 +6,8 @@ FocusScope {
     id: view
 
     required property RewardTabBridge screen
+    /// The distance of the content to the edges; 0 within a page that has margins of its own.
+    property real sideMargin: Theme.margin
 
     implicitHeight: column.height
 
@@ -17,36 +19,41 @@ FocusScope {
         PointView {
             width: parent.width
             model: view.screen.point
+            sideMargin: view.sideMargin
             opensHistory: true
             onPressed: view.screen.onClickPointView()
         }
-        // The buttons share the width evenly; those that do not fit beside the others stand below.
+        // The buttons share the width evenly, in two columns if their titles do not fit beside each other.
         Flow {
             id: row
 
             readonly property int buttonCount: visibleChildren.length
-            readonly property real share: Math.floor(width / Math.max(1, buttonCount))
+            readonly property real widest: Math.max(gifticon.implicitWidth, externalPoint.implicitWidth, ticket.implicitWidth)
+            readonly property bool fits: (widest + 8) * buttonCount <= width
+            readonly property real buttonWidth: Math.floor(width / Math.max(1, fits ? buttonCount : 2))
 
-            x: Theme.margin
+            x: view.sideMargin
             width: parent.width - 2 * x
             visible: !view.screen.isHorizontalRewardStackHidden
-            topPadding: 12
+            topPadding: 8
             bottomPadding: 16
-            spacing: 0
 
             RewardTabButton {
-                width: Math.min(row.width, Math.max(implicitWidth, row.share))
+                id: gifticon
+                width: row.buttonWidth
                 model: view.screen.gifticonButton
                 onPressed: view.screen.onClickGifticonButton()
             }
             RewardTabButton {
-                width: Math.min(row.width, Math.max(implicitWidth, row.share))
+                id: externalPoint
+                width: row.buttonWidth
                 model: view.screen.externalPointButton
                 onPressed: view.screen.onClickExternalPointButton()
             }
             // It only shows the number of tickets.
             RewardTabButton {
-                width: Math.min(row.width, Math.max(implicitWidth, row.share))
+                id: ticket
+                width: row.buttonWidth
                 model: view.screen.ticketButton
                 isEnabled: false
                 role: Accessible.StaticText

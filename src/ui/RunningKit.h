@@ -6,6 +6,8 @@
 #include "ui/Router.h"
 #include "ui/ViewController.h"
 
+#include <orrelo/Export.h>
+
 #include <map>
 #include <memory>
 #include <string>
@@ -19,7 +21,7 @@ class RewardViewModel;
 
 /// The services of the initialized kit that features use without knowing who builds it. `initialize` sets the
 /// current one.
-struct RunningKit {
+struct ORRELO_EXPORT RunningKit {
   std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
   std::shared_ptr<CampaignNavigator> campaignNavigator;
   /// Loads the campaigns of home.

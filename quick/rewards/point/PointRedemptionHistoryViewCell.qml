@@ -2,7 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A row of the history: the date, two lines of text and the amount. Where these do not fit side by side, the amount
-/// stands below the text.
+/// stands below the text. Only texts that are too long for a list are cut.
 Item {
     id: cell
 
@@ -28,7 +28,7 @@ Item {
     KitText {
         id: day
         x: cell.contentX
-        y: 16
+        y: lines.y + titleLabel.baselineOffset - baselineOffset
         width: cell.dateWidth
         color: Theme.secondaryText
         text: cell.date
@@ -42,14 +42,19 @@ Item {
         spacing: 4
 
         KitText {
+            id: titleLabel
             width: parent.width
             size: 16
+            maximumLineCount: 10
+            elide: Text.ElideRight
             text: cell.title
             Accessible.ignored: true
         }
         KitText {
             width: parent.width
             size: 12
+            maximumLineCount: 10
+            elide: Text.ElideRight
             color: Theme.secondaryText
             text: cell.body
             Accessible.ignored: true
@@ -78,6 +83,8 @@ Item {
             id: unitLabel
             width: Math.min(implicitWidth, sum.width)
             size: 16
+            maximumLineCount: 2
+            elide: Text.ElideRight
             font.bold: true
             color: cell.amountColor
             text: cell.unit

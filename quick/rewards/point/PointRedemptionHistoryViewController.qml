@@ -33,17 +33,26 @@ ORLUIViewController {
         height: 8
     }
     Item {
+        id: area
+
+        readonly property real pullDistance: 64
+        readonly property real pulled: -Math.min(0, list.interactive ? list.verticalOvershoot : cover.verticalOvershoot)
+        readonly property bool isWheelAtRest: !wheelRest.running
+
         anchors { top: divider.bottom; bottom: parent.bottom; left: parent.left; right: parent.right }
+
+        function release() {
+            if (pulled >= pullDistance) view.screen.refresh()
+        }
 
         ListView {
             id: list
             objectName: "history"
 
-            readonly property real pullDistance: 64
-
             anchors.fill: parent
             clip: true
             reuseItems: true
+            interactive: view.screen.error.isHidden
             flickableDirection: Flickable.VerticalFlick
             boundsBehavior: Flickable.DragOverBounds
             model: view.screen.rows
@@ -59,8 +68,9 @@ ORLUIViewController {
                 contentY = Math.min(end, Math.max(originY, contentY + distance))
             }
             function reportSight() {
-                const last = indexAt(width / 2, contentY + height - 1)
-                view.screen.willDisplay(last < 0 ? count - 1 : last)
+                const bottom = contentY + height - 1
+                const isBelowAll = contentHeight > 0 && bottom >= originY + contentHeight
+                view.screen.willDisplay(isBelowAll ? count - 1 : indexAt(width / 2, bottom))
             }
 
             onContentYChanged: {
@@ -69,30 +79,16 @@ ORLUIViewController {
             }
             onContentHeightChanged: reportSight()
             onHeightChanged: reportSight()
-            onDragEnded: if (verticalOvershoot <= -pullDistance) view.screen.refresh()
+            onDragEnded: area.release()
 
             Binding {
                 target: list.contentItem
                 property: "visible"
-                value: view.screen.error.isHidden
+                value: list.interactive
             }
-        }
-        // Receives the turns of a wheel that the list does not use because it is at its end.
-        WheelHandler {
-            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-            onWheel: {
-                if (!wheelRest.running) view.screen.refresh()
-                wheelRest.restart()
-            }
-        }
-        // While it runs, turns of the wheel belong to the one before, which has scrolled the list or loaded.
-        Timer {
-            id: wheelRest
-            interval: 300
         }
         Rectangle {
-            parent: list
-            visible: list.contentHeight > list.height && view.screen.error.isHidden
+            visible: list.interactive && list.contentHeight > list.height
             opacity: list.moving ? 0.5 : 0.2
             x: list.width - width - 3
             y: list.visibleArea.yPosition * list.height + 2
@@ -101,17 +97,42 @@ ORLUIViewController {
             radius: 2
             color: Theme.text
         }
-        ErrorView {
+        // The message can be pulled like the list beneath it.
+        Flickable {
+            id: cover
             anchors.fill: parent
-            model: view.screen.error
+            visible: !list.interactive
+            clip: true
+            contentHeight: height
+            flickableDirection: Flickable.VerticalFlick
+            boundsBehavior: Flickable.DragOverBounds
+            onDragEnded: area.release()
+
+            ErrorView {
+                width: cover.width
+                height: cover.height
+                model: view.screen.error
+            }
+        }
+        // Receives the turns of a wheel that the list does not use because it is at its end.
+        WheelHandler {
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            onWheel: {
+                if (area.isWheelAtRest) view.screen.refresh()
+                wheelRest.restart()
+            }
+        }
+        // While it runs, turns of the wheel belong to the one before, which has scrolled the list or loaded.
+        Timer {
+            id: wheelRest
+            interval: 300
         }
         ActivityIndicator {
-            id: pull
             anchors { horizontalCenter: parent.horizontalCenter; top: parent.top; topMargin: 12 }
             width: 36
             height: width
-            isAnimating: list.dragging && list.verticalOvershoot < 0
-            opacity: Math.min(1, -list.verticalOvershoot / list.pullDistance)
+            isAnimating: (list.dragging || cover.dragging) && area.pulled > 0
+            opacity: Math.min(1, area.pulled / area.pullDistance)
         }
         ActivityIndicator {
             anchors.centerIn: parent

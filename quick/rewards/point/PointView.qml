@@ -31,6 +31,8 @@ PressArea {
 
             KitText {
                 width: Math.min(implicitWidth, parent.width - (arrow.visible ? arrow.width + parent.spacing : 0))
+                maximumLineCount: 4
+                elide: Text.ElideRight
                 text: view.model.myPoint
                 Accessible.ignored: true
             }
@@ -38,8 +40,8 @@ PressArea {
                 id: arrow
                 anchors.verticalCenter: parent.verticalCenter
                 visible: view.opensHistory
-                width: 16
-                height: 16
+                width: 16 * Theme.textScale
+                height: width
                 source: view.model.goToHistoryAsset
                 sourceSize { width: width * Screen.devicePixelRatio; height: height * Screen.devicePixelRatio }
             }
@@ -60,6 +62,8 @@ PressArea {
                 width: Math.min(implicitWidth, parent.width)
                 size: 32
                 maximumScale: 1.5
+                maximumLineCount: 2
+                elide: Text.ElideRight
                 font.bold: true
                 text: view.model.pointUnit
                 Accessible.ignored: true
