@@ -45,7 +45,8 @@ class HomeTest : public QuickTest {
     service_->answers["/campaigns/c-1"] = {200, campaignReply(resultPage())};
     service_->answers["/my-rewards"] = {200, R"({"point":12500,"ticket":3,"gifticon":12})"};
     service_->answers["/my-point"] = {
-        200, R"({"amount":12500,"description":"포인트","point_unit":"P","icon_url":"https://img.example/p.png"})"};
+        200,
+        R"({"amount":12500,"description":"포인트","point_unit":"P","icon_url":"https://img.example/p.png"})"};
     service_->answers["/p.png"] = {200, picture({64, 64}, QColor("#ffe9a8"))};
     auto config = configReply();
     const std::string off = R"("gifticon":false)";
