@@ -6,11 +6,11 @@
 #include "modular/content/PageEntryView.h"
 #include "screens/ScreenBenches.h"
 #include "screens/Stage.h"
+#include "screens/growth.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <algorithm>
-#include <functional>
 
 namespace orrelo::bench {
 namespace {
@@ -85,13 +85,6 @@ std::vector<double> measureModular() {
     stage().close();
   }
   return {quantile(openings, 0.5)};
-}
-
-std::vector<double> growthBy(const std::function<void()>& openAndClose) {
-  for (int i = 0; i < 20; ++i) openAndClose();
-  const double before = residentMebibytes();
-  for (int i = 0; i < 200; ++i) openAndClose();
-  return {residentMebibytes() - before};
 }
 
 }  // namespace

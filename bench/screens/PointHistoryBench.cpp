@@ -3,6 +3,7 @@
 #include "rewards/point/PointRedemptionHistoryViewController.h"
 #include "screens/ScreenBenches.h"
 #include "screens/Stage.h"
+#include "screens/growth.h"
 #include "ui/RunningKit.h"
 
 #include <ctime>

@@ -3,6 +3,8 @@
 namespace orrelo::bench {
 
 void addCampaignScreens();
+void addGifticonScreen();
+void addHomeScreen();
 void addPointHistory();
 void addWheel();
 

@@ -3,19 +3,7 @@
 #include <orrelo/Orrelo.h>
 #include <orrelo/quick/OrreloQuick.h>
 
-#include <fstream>
-#include <malloc.h>
-#include <unistd.h>
-
 namespace orrelo::bench {
-
-double residentMebibytes() {
-  malloc_trim(0);
-  std::size_t pages = 0;
-  std::size_t resident = 0;
-  std::ifstream("/proc/self/statm") >> pages >> resident;
-  return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
-}
 
 Stage& Stage::shared() {
   static auto* const stage = new Stage;
@@ -45,9 +33,9 @@ double Stage::open(const std::string& id) {
 }
 
 void Stage::close() {
-  const std::weak_ptr<ViewController> gone = screen();
+  const std::weak_ptr<ViewController> gone = host()->presentedViewController();
   const auto framesBefore = frames_;
-  screen()->dismiss(false);
+  host()->dismiss(false);
   runUntil([&] { return gone.expired() && frames_ > framesBefore; });
 }
 
@@ -59,14 +47,19 @@ std::shared_ptr<CampaignViewController> Stage::screen() const {
   return std::dynamic_pointer_cast<CampaignViewController>(host()->presentedViewController());
 }
 
-double Stage::waitForNewContent(const std::shared_ptr<View>& content,
-                                std::chrono::steady_clock::time_point start) {
+void Stage::waitForFrame(const reactive::Observable<reactive::Unit>& changes,
+                         const std::function<bool()>& holds) {
   std::optional<std::size_t> framesBefore;
-  const auto subscription = screen()->stateChanges().subscribe([&](reactive::Unit) {
-    if (!framesBefore && screen()->state().content != content) framesBefore = frames_;
+  const auto subscription = changes.subscribe([&](reactive::Unit) {
+    if (!framesBefore && holds()) framesBefore = frames_;
   });
   runUntil([&] { return framesBefore && frames_ > *framesBefore; });
   subscription.dispose();
+}
+
+double Stage::waitForNewContent(const std::shared_ptr<View>& content,
+                                std::chrono::steady_clock::time_point start) {
+  waitForFrame(screen()->stateChanges(), [&] { return screen()->state().content != content; });
   return secondsSince(start) * 1e3;
 }
 

@@ -13,6 +13,7 @@
 #include <QQuickWindow>
 #include <QTimer>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,9 +36,6 @@ void runUntil(const Holds& holds) {
   }
 }
 
-/// The resident memory of this process, after the C library has returned its free memory.
-double residentMebibytes();
-
 /// A host's window and the kit, with a service in this process.
 class Stage {
  public:
@@ -54,6 +52,8 @@ class Stage {
     act();
     return waitForNewContent(before, start);
   }
+  /// Waits for the first frame after `holds` has become true, which `changes` signals.
+  void waitForFrame(const reactive::Observable<reactive::Unit>& changes, const std::function<bool()>& holds);
   /// Closes the screen. Waits until it is destroyed and the next frame has freed its graphics resources.
   void close();
 

@@ -3,6 +3,7 @@
 #include <orrelo/EventValue.h>
 #include <orrelo/Export.h>
 
+#include <concepts>
 #include <memory>
 #include <optional>
 #include <string>

@@ -2,6 +2,7 @@
 
 #include "navigation/HomeViewController.h"
 #include "quick/campaign/list/CampaignListBridge.h"
+#include "quick/rewards/RewardTabBridge.h"
 #include "quick/viewkit/ErrorBridge.h"
 #include "quick/viewkit/PageBridge.h"
 
@@ -13,6 +14,7 @@ class HomeScreenBridge final : public orrelo::quick::PageBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(QUrl background MEMBER background CONSTANT)
+  Q_PROPERTY(orrelo::quick::RewardTabBridge* rewards MEMBER rewards CONSTANT)
   Q_PROPERTY(orrelo::quick::CampaignListBridge* campaigns MEMBER campaigns CONSTANT)
   Q_PROPERTY(orrelo::quick::ErrorBridge* error MEMBER error CONSTANT)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
@@ -20,6 +22,7 @@ class HomeScreenBridge final : public orrelo::quick::PageBridge {
  public:
   HomeScreenBridge(const std::shared_ptr<HomeViewController>& screen, QObject* parent)
       : PageBridge(screen, parent),
+        rewards(new RewardTabBridge(screen->rewardViewController(), this)),
         campaigns(new CampaignListBridge(screen->campaignListViewController(), this)),
         error(new ErrorBridge(screen->errorView, this)),
         home_(*screen) {
@@ -27,6 +30,7 @@ class HomeScreenBridge final : public orrelo::quick::PageBridge {
   }
 
   const QUrl background = assetFile(HomeViewController::backgroundAsset);
+  RewardTabBridge* const rewards;
   CampaignListBridge* const campaigns;
   ErrorBridge* const error;
 

@@ -6,6 +6,7 @@ ORLUIViewController {
     id: view
 
     required property HomeScreenBridge screen
+    readonly property real pullDistance: 64
 
     page: screen
     background: screen.background
@@ -17,15 +18,26 @@ ORLUIViewController {
     PageScroll {
         id: scroll
         anchors.fill: parent
+        sideMargin: 0
+        topPadding: 16
+        spacing: 12
+        onDragEnded: if (verticalOvershoot <= -view.pullDistance) view.screen.refresh()
 
-        CampaignListViewController {
+        RewardViewController {
             width: parent.width
+            visible: height > 0
+            screen: view.screen.rewards
+        }
+        CampaignListViewController {
+            x: Theme.margin
+            width: parent.width - 2 * x
             visible: view.screen.error.isHidden
             screen: view.screen.campaigns
             scroll: scroll
         }
         Item {
-            width: parent.width
+            x: Theme.margin
+            width: parent.width - 2 * x
             height: message.height + 2 * 64
             visible: !view.screen.error.isHidden
 

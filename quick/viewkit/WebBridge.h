@@ -19,7 +19,7 @@ class WebBridge final : public orrelo::quick::ViewBridge {
   /// The QML file that draws a page, with this bridge as its `model`; empty without a browser engine.
   Q_PROPERTY(QUrl browser READ browser CONSTANT)
   Q_PROPERTY(bool hasBrowser READ hasBrowser CONSTANT)
-  Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
+  Q_PROPERTY(bool hasTimedOut READ hasTimedOut NOTIFY stateChanged)
   Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY stateChanged)
 
  public:
@@ -38,7 +38,7 @@ class WebBridge final : public orrelo::quick::ViewBridge {
 
   QUrl browser() const { return webPageDelegate(); }
   bool hasBrowser() const { return !browser().isEmpty(); }
-  bool isLoading() const { return web_.state.value() == WebView::State::loading; }
+  bool hasTimedOut() const { return web_.hasTimedOut(); }
   bool isEmpty() const { return web_.state.value() == WebView::State::empty; }
 
   Q_INVOKABLE void didStart() { web_.didStart(); }

@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLoggingCategory>
+#include <QPointer>
 #include <QQuickWindow>
 #include <utility>
 
@@ -96,17 +97,19 @@ void OrreloWebKitBridge::setEnabled(bool enabled) {
 void OrreloWebKitBridge::handle(const QJsonValue& body) {
   auto* const window = qobject_cast<QQuickItem*>(parent())->window();
   const auto screen = window != nullptr ? hostViewController(window) : nullptr;
+  const QPointer<OrreloWebKitBridge> self(this);  // the host may delete the view in the call
   try {
     const auto error = OrreloWebKit::handle(screen, OrreloWebKit::handlerName, toEventValue(body));
-    if (error) fail(error, error->description());
+    if (error && self) fail(error, error->description());
   } catch (const UnsupportedEventValueException& exception) {
-    fail(std::nullopt, exception.reason());
+    if (self) fail(std::nullopt, exception.reason());
   }
 }
 
 void OrreloWebKitBridge::fail(const std::optional<OrreloWebkitError>& error, const std::string& description) {
+  const auto callback = onFailure;  // a receiver of the signal may delete the view
   Q_EMIT failed(error ? toQt(error->caseName()) : QString(), toQt(description));
-  if (const auto callback = onFailure) callback(error, description);
+  if (callback) callback(error, description);
 }
 
 bool installBridge(QQuickItem* webEngineView, BridgeFailure onFailure) {

@@ -23,7 +23,8 @@ WebFrame {
     Connections {
         target: frame.model
         function onStateChanged() {
-            if (!frame.model.isLoading) view.stop()
+            // A load that has succeeded is not stopped: the user may already have followed a link.
+            if (frame.model.hasTimedOut) view.stop()
         }
     }
     WebEngineView {

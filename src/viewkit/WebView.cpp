@@ -23,7 +23,9 @@ void WebView::didStart() {
   const auto weak = std::weak_ptr(std::static_pointer_cast<WebView>(shared_from_this()));
   Platform::current().mainLoop->postAfter(timeout, [weak] {
     const auto view = weak.lock();
-    if (view && view->isLoading()) view->state.set(view->hasReceived_ ? State::shown : State::empty);
+    if (!view || !view->isLoading()) return;
+    view->hasTimedOut_ = true;
+    view->state.set(view->hasReceived_ ? State::shown : State::empty);
   });
 }
 

@@ -24,7 +24,7 @@ class ORRELO_EXPORT WebView final : public View {
 
   enum class State {
     loading,
-    /// The received part of the page is shown; the front stops a load that is still running.
+    /// The received part of the page is shown.
     shown,
     /// The page has failed or may not be loaded. This state is final.
     empty,
@@ -42,6 +42,8 @@ class ORRELO_EXPORT WebView final : public View {
   void didFinish(bool succeeded);
   /// The page's process has ended. May be called at any time.
   void processDidEnd();
+  /// True if the first load has taken too long; the front then stops it.
+  bool hasTimedOut() const { return hasTimedOut_; }
 
   /// True if the page, or a frame in it, may navigate to a URL with this scheme.
   static bool mayGoTo(std::string_view scheme, bool isFrame);
@@ -60,6 +62,7 @@ class ORRELO_EXPORT WebView final : public View {
   bool isLoading() const { return state.value() == State::loading; }
 
   bool hasReceived_ = false;
+  bool hasTimedOut_ = false;
   int popupCount_ = 0;
   std::string lastWindow_;
   std::chrono::microseconds lastWindowAt_{0};

@@ -180,19 +180,24 @@ TEST_F(WebBridgeTest, NothingHappensAfterTheViewIsGone) {
 }
 
 TEST_F(WebBridgeTest, AHostKeepsItsOwnScriptsAndItsOwnChannel) {
-  load(QStringLiteral("about:blank"));
+  load(QStringLiteral("about:blank"), R"(
+    OrreloWebKit.enabled: true
+    Component.onCompleted: userScripts.collection = [{
+      name: "shop", sourceCode: "shop = 'open'", worldId: WebEngineScript.MainWorld,
+      injectionPoint: WebEngineScript.DocumentCreation}])");
   EXPECT_NE(view_->property("webChannelWorld").toUInt(), 0U);
   auto* const channel = qobject_cast<QWebChannel*>(view_->property("webChannel").value<QObject*>());
   ASSERT_NE(channel, nullptr);
   QObject hosts;
   channel->registerObject(QStringLiteral("shop"), &hosts);
   view_->setProperty("webChannelWorld", 0U);
-  auto* const scripts = view_->property("userScripts").value<QObject*>();
-  QMetaObject::invokeMethod(scripts, "clear");
-  server_.pages[QStringLiteral("/page")] = reporting("page");
+  server_.pages[QStringLiteral("/page")] = reporting("page") + R"(<script>
+    webkit.messageHandlers.Orrelo.postMessage(event('shop', {shop})))"
+                                                               "</script>";
   view_->setProperty("url", QUrl(server_.url(QStringLiteral("/page"))));
   ASSERT_TRUE(waitForEvent("page-late"));
   EXPECT_EQ(events("page-early"), QStringList(R"(["channel": "object", "script": "undefined"])"));
+  EXPECT_EQ(events("shop"), QStringList(R"(["shop": "open"])"));
 }
 
 TEST_F(WebBridgeTest, TheKitsOwnPagesCannotGetIt) {

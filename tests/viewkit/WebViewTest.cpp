@@ -37,6 +37,8 @@ TEST_F(WebViewTest, ALoadTimesOutAfterAMinute) {
   platform_.loop->runFor(1us);
   EXPECT_EQ(silent->state.value(), State::empty);
   EXPECT_EQ(slow->state.value(), State::shown) << "a resource that hangs leaves the page shown";
+  EXPECT_TRUE(slow->hasTimedOut());
+  EXPECT_FALSE(quick->hasTimedOut()) << "what the user has opened since then goes on";
   silent->didFinish(true);
   EXPECT_EQ(silent->state.value(), State::empty) << "it stays empty";
   // The first load succeeded, so a later navigation that fails is the page's own matter.

@@ -8,6 +8,8 @@ PressArea {
     required property GifticonCellBridge modelData
     required property int index
     readonly property real padding: 16
+    /// More than any real text has, so that a broken one does not push the other vouchers away.
+    readonly property int maximumLineCount: 12
 
     implicitHeight: Math.max(96, labelStack.height + 2 * padding, tapStack.height + 2 * padding)
     activeFocusOnTab: false
@@ -37,6 +39,8 @@ PressArea {
             size: 11
             font.bold: true
             backgroundColor: Theme.divider
+            maximumLineCount: cell.maximumLineCount
+            elide: Text.ElideRight
             text: cell.modelData.tagLabel
             Accessible.ignored: true
         }
@@ -45,6 +49,8 @@ PressArea {
             size: 16
             maximumScale: 1.6
             font.bold: true
+            maximumLineCount: cell.maximumLineCount
+            elide: Text.ElideRight
             text: cell.modelData.titleLabel
             Accessible.ignored: true
         }

@@ -1,0 +1,121 @@
+#include "QuickTest.h"
+#include "rewards/externalpoint/ExternalPointExchangeViewController.h"
+#include "support/LogCapture.h"
+
+#include <orrelo/quick/ExternalPointEntryView.h>
+
+#include <QPointingDevice>
+#include <QQmlComponent>
+
+namespace orrelo::test {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+
+const QString message = QStringLiteral("모은 포인트를 현금처럼 쓸 수 있어요");
+const QString label = QStringLiteral("교환하러 가기");
+
+/// The exchange in a front without a browser engine.
+class ExternalPointTest : public QuickTest {
+ protected:
+  /// Starts the kit with a service that enables the exchange or not.
+  void initialize(bool isEnabled = true) {
+    auto config = configReply();
+    const auto replace = [&config](const std::string& former, const std::string& text) {
+      config.replace(config.find(former), former.size(), text);
+    };
+    if (!isEnabled) replace(R"("is_enabled":true)", R"("is_enabled":false)");
+    replace("\"포인트\"", "\"" + message.toStdString() + "\"");
+    replace("\"교환\"", "\"" + label.toStdString() + "\"");
+    service_->answers["/config"] = {200, config};
+    Orrelo::initialize(ORLConfig("shop"));
+  }
+  bool isOpen() const {
+    return std::dynamic_pointer_cast<ExternalPointExchangeViewController>(
+               host()->presentedViewController()) != nullptr;
+  }
+  QQuickItem* place(QSize size, double textScale = 1.0) {
+    open(size, textScale);
+    auto* const item = quick::makeExternalPointEntryView(hostsItem());
+    if (item != nullptr) item->setSize({size.width() - 40.0, 0.0});
+    return item;
+  }
+  QQuickItem* hostsItem() const { return named(QStringLiteral("host")); }
+};
+
+TEST_F(ExternalPointTest, WithoutABrowserTheScreenIsWhiteAndCanBeLeft) {
+  initialize();
+  const LogCapture log;
+  Orrelo::showNaverPayExchange(host());
+  ASSERT_TRUE(waitFor([&] { return isOpen(); }));
+  EXPECT_THAT(log.lines(), Contains(HasSubstr("Route to NaverPay Exchanage success")));
+  const auto picture = grab("exchange-without-browser");
+  EXPECT_THAT(log.lines(), Contains(HasSubstr("orrelo::quick::initializeWeb()")).Times(1));
+  EXPECT_EQ(count(picture.copy(0, 0, 390, 390), Qt::white), 390 * 390);
+  ASSERT_EQ(drawnBy("ActivityIndicator").size(), 1U);
+  EXPECT_EQ(sceneRect(drawnBy("ActivityIndicator").front()), QRectF(170, 397, 50, 50));
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(isOpen());
+  ASSERT_TRUE(waitFor([&] { return drawnBy("ActivityIndicator").empty(); }));
+  Orrelo::showNaverPayExchange(host());
+  ASSERT_TRUE(waitFor([&] { return isOpen(); }));
+  settle();
+  const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+  QTest::touchEvent(window_, finger.get()).press(0, {100, 400}, window_);
+  for (int x = 110; x <= 200; x += 10) QTest::touchEvent(window_, finger.get()).move(0, {x, 400}, window_);
+  QTest::touchEvent(window_, finger.get()).release(0, {200, 400}, window_);
+  EXPECT_FALSE(isOpen()) << "a swipe leaves";
+}
+
+TEST_F(ExternalPointTest, TheEntryViewShowsThePluginsTextsAndOpensTheExchange) {
+  initialize();
+  auto* const entry = place({390, 844});
+  ASSERT_NE(entry, nullptr);
+  const auto name = message + QLatin1Char(' ') + label;
+  ASSERT_TRUE(waitForNamed(name));
+  entry->setHeight(entry->implicitHeight());
+  entry->setPosition(hostsItem()->mapFromScene({20, 60}));
+  expectNothingCut();
+  grab("exchange-entry");
+  named(name)->forceActiveFocus(Qt::TabFocusReason);
+  press(Qt::Key_Return);
+  EXPECT_TRUE(isOpen());
+}
+
+TEST_F(ExternalPointTest, TheEntryViewFitsANarrowWindowWithLargeText) {
+  initialize();
+  auto* const entry = place({320, 568}, 2.0);
+  ASSERT_TRUE(waitForNamed(message + QLatin1Char(' ') + label));
+  entry->setHeight(entry->implicitHeight());
+  entry->setPosition(hostsItem()->mapFromScene({20, 60}));
+  expectNothingCut();
+  grab("exchange-entry-large-text");
+}
+
+TEST_F(ExternalPointTest, TheEntryViewTakesNoRoomWhereTheExchangeIsDisabled) {
+  initialize(false);
+  service_->asked.clear();
+  auto* const entry = place({390, 844});
+  ASSERT_NE(entry, nullptr);
+  settle();
+  EXPECT_FALSE(entry->isVisible());
+  EXPECT_EQ(entry->implicitWidth(), 0.0);
+  EXPECT_EQ(entry->implicitHeight(), 0.0);
+  EXPECT_EQ(quick::makeExternalPointEntryView(nullptr), nullptr);
+}
+
+TEST_F(ExternalPointTest, AHostPlacesTheEntryViewInQml) {
+  initialize();
+  QQmlComponent component(engine_.get());
+  component.setData("import QtQuick\nimport Orrelo\nColumn { OrreloExternalPointEntryView { width: 300 } }",
+                    QUrl());
+  const std::unique_ptr<QQuickItem> column(qobject_cast<QQuickItem*>(component.create()));
+  ASSERT_NE(column, nullptr) << component.errorString().toStdString();
+  EXPECT_EQ(column->height(), 0.0) << "not in a window yet";
+  column->setParentItem(window_->contentItem());
+  EXPECT_TRUE(waitFor([&] { return column->height() > 40.0; }));
+}
+
+}  // namespace
+}  // namespace orrelo::test
