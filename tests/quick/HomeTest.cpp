@@ -189,6 +189,16 @@ TEST_F(HomeTest, APartThatFailsLeavesTheOther) {
   }
 }
 
+TEST_F(HomeTest, ANameOfAMebibyteLeavesTheOthersInReach) {
+  auto reply = campaignsReply(3);
+  const std::string name = "행운의 룰렛";
+  reply.replace(reply.find(name), name.size(), std::string(std::size_t{1} << 20, 'x'));
+  service_->answers["/campaigns"] = {200, reply};
+  openHome();
+  EXPECT_TRUE(waitForNamed(QStringLiteral("친구와 함께, 친구를 초대하면 둘 다 500P")));
+  grab("home-endless-name");
+}
+
 TEST_F(HomeTest, WhatNeverComesDoesNotHoldUpTheRest) {
   service_->answers.erase("/my-rewards");
   showHome();
