@@ -31,7 +31,7 @@ void openAndClose() {
   // The stage is its only owner, so that `close` can wait for its end.
   const auto* const screen =
       dynamic_cast<const GifticonViewController*>(stage.host()->presentedViewController().get());
-  stage.waitForFrame(screen->stateChanges(), [&] { return screen->state().cells.size() == voucherCount; });
+  stage.waitForFrame({screen->stateChanges()}, [&] { return screen->state().cells.size() == voucherCount; });
   stage.close();
 }
 

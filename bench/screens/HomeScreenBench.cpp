@@ -2,7 +2,6 @@
 // stays in use.
 #include "Targets.h"
 #include "navigation/HomeViewController.h"
-#include "reactive/Combining.h"
 #include "screens/ScreenBenches.h"
 #include "screens/Stage.h"
 #include "screens/growth.h"
@@ -59,10 +58,9 @@ double openHome() {
   runUntil([] { return stage().host()->presentedViewController() != nullptr; });
   const auto* const home =
       dynamic_cast<const HomeViewController*>(stage().host()->presentedViewController().get());
-  stage().waitForFrame(
-      reactive::merge<reactive::Unit>({home->campaignListViewController()->stateChanges(),
-                                       home->rewardViewController()->pointView->state.changes()}),
-      [&] { return showsAll(*home); });
+  stage().waitForFrame({home->campaignListViewController()->stateChanges(),
+                        home->rewardViewController()->pointView->state.changes()},
+                       [&] { return showsAll(*home); });
   return secondsSince(start) * 1e3;
 }
 

@@ -47,19 +47,22 @@ std::shared_ptr<CampaignViewController> Stage::screen() const {
   return std::dynamic_pointer_cast<CampaignViewController>(host()->presentedViewController());
 }
 
-void Stage::waitForFrame(const reactive::Observable<reactive::Unit>& changes,
+void Stage::waitForFrame(const std::vector<reactive::Observable<reactive::Unit>>& changes,
                          const std::function<bool()>& holds) {
   std::optional<std::size_t> framesBefore;
-  const auto subscription = changes.subscribe([&](reactive::Unit) {
-    if (!framesBefore && holds()) framesBefore = frames_;
-  });
+  std::vector<reactive::Disposable> subscriptions;
+  for (const auto& each : changes) {
+    subscriptions.push_back(each.subscribe([&](reactive::Unit) {
+      if (!framesBefore && holds()) framesBefore = frames_;
+    }));
+  }
   runUntil([&] { return framesBefore && frames_ > *framesBefore; });
-  subscription.dispose();
+  for (const auto& subscription : subscriptions) subscription.dispose();
 }
 
 double Stage::waitForNewContent(const std::shared_ptr<View>& content,
                                 std::chrono::steady_clock::time_point start) {
-  waitForFrame(screen()->stateChanges(), [&] { return screen()->state().content != content; });
+  waitForFrame({screen()->stateChanges()}, [&] { return screen()->state().content != content; });
   return secondsSince(start) * 1e3;
 }
 

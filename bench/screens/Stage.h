@@ -17,6 +17,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orrelo::bench {
 
@@ -52,8 +53,9 @@ class Stage {
     act();
     return waitForNewContent(before, start);
   }
-  /// Waits for the first frame after `holds` has become true, which `changes` signals.
-  void waitForFrame(const reactive::Observable<reactive::Unit>& changes, const std::function<bool()>& holds);
+  /// Waits for the first frame after `holds` has become true, which one of `changes` signals.
+  void waitForFrame(const std::vector<reactive::Observable<reactive::Unit>>& changes,
+                    const std::function<bool()>& holds);
   /// Closes the screen. Waits until it is destroyed and the next frame has freed its graphics resources.
   void close();
 

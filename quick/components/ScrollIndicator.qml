@@ -9,7 +9,7 @@ Rectangle {
     visible: scroll.visibleArea.heightRatio < 1
     opacity: scroll.moving ? 0.5 : 0.2
     x: scroll.width - width - 3
-    y: scroll.visibleArea.yPosition * scroll.height + 2
+    y: Math.min(scroll.visibleArea.yPosition * scroll.height, scroll.height - height - 4) + 2
     width: 4
     height: Math.max(24, scroll.visibleArea.heightRatio * scroll.height - 4)
     radius: 2

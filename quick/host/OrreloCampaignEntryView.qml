@@ -7,15 +7,21 @@ import Orrelo.Kit
 Item {
     id: view
 
-    default property alias content: entry.data
+    default property alias content: items.data
     /// The name in the events that the view reports; it reports none without a name.
-    property alias entryName: entry.entryName
+    property string entryName
 
-    implicitWidth: entry.childrenRect.x + entry.childrenRect.width
-    implicitHeight: entry.childrenRect.y + entry.childrenRect.height
+    implicitWidth: items.childrenRect.x + items.childrenRect.width
+    implicitHeight: items.childrenRect.y + items.childrenRect.height
 
     CampaignEntryItem {
-        id: entry
         anchors.fill: parent
+        entryName: view.entryName
+        content: items
+
+        Item {
+            id: items
+            anchors.fill: parent
+        }
     }
 }

@@ -38,7 +38,7 @@ ORLUIViewController {
         Item {
             x: Theme.margin
             width: parent.width - 2 * x
-            height: message.height + 2 * 64
+            height: message.height + 2 * 40
             visible: !view.screen.error.isHidden
 
             ErrorMessage {

@@ -27,7 +27,9 @@ FocusScope {
         Flow {
             id: row
 
-            readonly property int buttonCount: visibleChildren.length
+            readonly property var buttons: [view.screen.gifticonButton, view.screen.externalPointButton, view.screen.ticketButton]
+            // Not the visible items, of which a screen has none while another one covers it.
+            readonly property int buttonCount: buttons.filter(button => !button.isHidden).length
             readonly property real widest: Math.max(gifticon.implicitWidth, externalPoint.implicitWidth, ticket.implicitWidth)
             readonly property bool fits: (widest + 8) * buttonCount <= width
             readonly property real buttonWidth: Math.floor(width / Math.max(1, fits ? buttonCount : 2))

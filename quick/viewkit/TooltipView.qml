@@ -50,7 +50,7 @@ Item {
     KitText {
         id: measure
         visible: false
-        text: view.tooltip.text
+        text: view.tooltip.text.slice(0, 200)  // wider than any tooltip
         wrapMode: Text.NoWrap
     }
     KitText {
@@ -59,6 +59,8 @@ Item {
         y: 10 + (view.tooltip.hasTailOnTop ? view.tooltip.tailHeight : 0)
         width: view.width - 24
         horizontalAlignment: Text.AlignHCenter
+        maximumLineCount: 20
+        elide: Text.ElideRight
         color: view.tooltip.textColor
         text: view.tooltip.text
         Accessible.ignored: true

@@ -14,5 +14,11 @@ Window {
             visible: !host.isCovered
             text: "host"
         }
+        OrreloCampaignEntryView {
+            entryName: "packaged host"
+
+            Text { text: "events" }
+        }
+        OrreloCampaignFloatingActionButton { anchors { right: parent.right; bottom: parent.bottom } }
     }
 }

@@ -154,5 +154,49 @@ TEST_F(EntryTest, TheFloatingButtonHasTheLookOfTheService) {
   EXPECT_EQ(service_->timesAsked("/fab"), 1) << "the second button uses the stored look";
 }
 
+TEST_F(EntryTest, InCppAnyItemsOfTheSceneBecomeClickable) {
+  open({390, 844});
+  auto* const text = named("host");
+  auto* const page = text->parentItem();
+  quick::ORLCampaignEntryView entry(page);
+  entry.setEntryName("shop");
+  entry.setClickableViews({text, nullptr, text});
+  EXPECT_EQ(entry.clickableViews(), QList<QQuickItem*>{text});
+  click("host");
+  ASSERT_TRUE(waitFor([&] { return host()->presentedViewController() != nullptr; }));
+  EXPECT_THAT(takeEvents(), ElementsAre("ol_campaign_entry_point_click shop"));
+  settle();
+  press(Qt::Key_Escape);
+  settle();
+  text->setParentItem(nullptr);
+  EXPECT_THAT(entry.clickableViews(), IsEmpty()) << "an item that leaves the scene is let go";
+  text->setParentItem(page);
+  auto* const gone = new QQuickItem(page);
+  entry.setClickableViews({text, gone});
+  delete gone;
+  EXPECT_EQ(entry.clickableViews(), QList<QQuickItem*>{text});
+  entry.setClickableViews({});
+  settle();
+  click("host");
+  settle();
+  EXPECT_EQ(host()->presentedViewController(), nullptr);
+}
+
+TEST_F(EntryTest, InCppTheButtonIsAnItemLikeAnyOther) {
+  open({390, 844});
+  {
+    quick::ORLCampaignFloatingActionButton fab(window_->contentItem());
+    fab.setSize({300, fab.implicitHeight()});
+    EXPECT_EQ(fab.entryName(), QStringLiteral("default_floating_action_button"));
+    EXPECT_EQ(fab.clickableViews().size(), 1);
+    signIn("u-2");
+    ASSERT_TRUE(waitForNamed(button));
+    EXPECT_NEAR(sceneRect(named(button)).right(), 300 - 16, 0.5);
+    click(button);
+    ASSERT_TRUE(waitFor([&] { return host()->presentedViewController() != nullptr; }));
+  }
+  settle();
+}
+
 }  // namespace
 }  // namespace orrelo::test

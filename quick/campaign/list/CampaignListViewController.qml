@@ -13,12 +13,13 @@ Column {
         const top = mapFromItem(scroll, 0, 0).y
         screen.reportSight(list, top, visible ? top + scroll.height : top)
     }
-
-    spacing: 12
-    onPositioningComplete: {
+    function settle() {
         report()
         screen.didLayOut()
     }
+
+    spacing: 12
+    onPositioningComplete: settle()
     onYChanged: report()
     onVisibleChanged: report()
 
@@ -29,7 +30,11 @@ Column {
     }
     Connections {
         target: list.screen
-        function onListArrived() { list.forceLayout() }
+        // A list that is equal to the former one is not positioned again.
+        function onListArrived() {
+            list.forceLayout()
+            list.settle()
+        }
     }
     Repeater {
         model: list.screen.cells

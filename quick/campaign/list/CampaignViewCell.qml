@@ -1,7 +1,8 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A campaign on a card: its icon, its label above its name, and an arrow.
+/// A campaign on a card: its icon, its label above its name, and an arrow. Only texts that are too long for a list are
+/// cut.
 PressArea {
     id: cell
 
@@ -37,6 +38,8 @@ PressArea {
         KitText {
             width: parent.width
             size: 12
+            maximumLineCount: 10
+            elide: Text.ElideRight
             text: cell.modelData.label
             Accessible.ignored: true
         }
@@ -44,6 +47,8 @@ PressArea {
             width: parent.width
             size: 16
             font.bold: true
+            maximumLineCount: 10
+            elide: Text.ElideRight
             text: cell.modelData.name
             Accessible.ignored: true
         }

@@ -44,6 +44,7 @@ PressArea {
         rightPadding: 10
         radius: 8
         font.bold: true
+        lineHeight: 1
         text: entry.model.exchangeLabel
         color: entry.model.exchangeTextColor
         backgroundColor: entry.model.exchangeColor

@@ -16,6 +16,7 @@ class ExternalPointExchangeBridge final : public orrelo::quick::ScreenBridge {
   Q_PROPERTY(orrelo::quick::WebBridge* page MEMBER page CONSTANT)
   /// The QML file that draws the page, with this bridge as its `screen`; empty without a browser engine.
   Q_PROPERTY(QUrl browser MEMBER browser CONSTANT)
+  Q_PROPERTY(bool hasBrowser READ hasBrowser CONSTANT)
   Q_PROPERTY(QString handlerName MEMBER handlerName CONSTANT)
   Q_PROPERTY(bool isIndicatorAnimating READ isIndicatorAnimating NOTIFY stateChanged)
   /// Set by the browser.
@@ -28,7 +29,7 @@ class ExternalPointExchangeBridge final : public orrelo::quick::ScreenBridge {
         page(screen->webView() ? new WebBridge(screen->webView(), this) : nullptr),
         exchange_(*screen) {
     follow(exchange_.isIndicatorAnimating.changes());
-    if (browser.isEmpty()) {
+    if (!hasBrowser()) {
       exchange_.didFindNoBrowser("call orrelo::quick::initializeWeb() of orrelo::web before the application");
     }
   }
@@ -37,6 +38,7 @@ class ExternalPointExchangeBridge final : public orrelo::quick::ScreenBridge {
   const QUrl browser = exchangePageDelegate();
   const QString handlerName = toQt(ExternalPointExchangeViewController::handlerName);
 
+  bool hasBrowser() const { return !browser.isEmpty(); }
   bool isIndicatorAnimating() const { return exchange_.isIndicatorAnimating.value(); }
 
   Q_INVOKABLE void didStartNavigation() { exchange_.didStartNavigation(); }

@@ -27,7 +27,7 @@ FocusScope {
             focus: true
             active: view.screen.page !== null && !view.screen.page.isEmpty
             Component.onCompleted: {
-                if (view.screen.page && view.screen.browser.toString().length > 0) {
+                if (view.screen.page && view.screen.hasBrowser) {
                     setSource(view.screen.browser, { screen: view.screen })
                 }
             }

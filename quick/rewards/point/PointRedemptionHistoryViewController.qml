@@ -9,16 +9,17 @@ ORLUIViewController {
     page: screen
 
     Keys.onPressed: event => {
-        const steps = {
-            [Qt.Key_Up]: -48, [Qt.Key_Down]: 48, [Qt.Key_PageUp]: -list.height * 0.9,
-            [Qt.Key_PageDown]: list.height * 0.9, [Qt.Key_Home]: -list.contentHeight, [Qt.Key_End]: list.contentHeight
+        const actions = {
+            [Qt.Key_Up]: () => list.scrollBy(-48),
+            [Qt.Key_Down]: () => list.scrollBy(48),
+            [Qt.Key_PageUp]: () => list.scrollBy(-list.height * 0.9),
+            [Qt.Key_PageDown]: () => list.scrollBy(list.height * 0.9),
+            [Qt.Key_Home]: () => list.scrollBy(-list.contentHeight),
+            [Qt.Key_End]: () => list.scrollBy(list.contentHeight),
+            [Qt.Key_F5]: () => { if (!event.isAutoRepeat) view.screen.refresh() }
         }
-        event.accepted = event.key in steps || event.key === Qt.Key_F5
-        if (event.key === Qt.Key_F5) {
-            if (!event.isAutoRepeat) view.screen.refresh()
-        } else if (event.accepted) {
-            list.scrollBy(steps[event.key])
-        }
+        event.accepted = event.key in actions
+        if (event.accepted) actions[event.key]()
     }
 
     PointView {
@@ -35,7 +36,8 @@ ORLUIViewController {
     Item {
         id: area
 
-        readonly property real pullDistance: 64
+        /// The list moves about a sixth of the way that a finger pulls it beyond its beginning.
+        readonly property real pullDistance: 16
         readonly property real pulled: -Math.min(0, list.interactive ? list.verticalOvershoot : cover.verticalOvershoot)
         readonly property bool isWheelAtRest: !wheelRest.running
 
@@ -67,7 +69,9 @@ ORLUIViewController {
                 const end = Math.max(originY, originY + contentHeight - height)
                 contentY = Math.min(end, Math.max(originY, contentY + distance))
             }
+            // Called later, when the rows have been laid out.
             function reportSight() {
+                forceLayout()
                 const bottom = contentY + height - 1
                 const isBelowAll = contentHeight > 0 && bottom >= originY + contentHeight
                 view.screen.willDisplay(isBelowAll ? count - 1 : indexAt(width / 2, bottom))
@@ -75,27 +79,26 @@ ORLUIViewController {
 
             onContentYChanged: {
                 wheelRest.restart()
-                reportSight()
+                sight.start()
             }
-            onContentHeightChanged: reportSight()
-            onHeightChanged: reportSight()
+            onContentHeightChanged: sight.start()
+            onHeightChanged: sight.start()
             onDragEnded: area.release()
 
+            Timer {
+                id: sight
+                interval: 0
+                onTriggered: list.reportSight()
+            }
             Binding {
                 target: list.contentItem
                 property: "visible"
                 value: list.interactive
             }
         }
-        Rectangle {
-            visible: list.interactive && list.contentHeight > list.height
-            opacity: list.moving ? 0.5 : 0.2
-            x: list.width - width - 3
-            y: list.visibleArea.yPosition * list.height + 2
-            width: 4
-            height: Math.max(24, list.visibleArea.heightRatio * list.height - 4)
-            radius: 2
-            color: Theme.text
+        ScrollIndicator {
+            scroll: list
+            visible: list.interactive && list.visibleArea.heightRatio < 1
         }
         // The message can be pulled like the list beneath it.
         Flickable {
@@ -127,12 +130,22 @@ ORLUIViewController {
             id: wheelRest
             interval: 300
         }
-        ActivityIndicator {
+        Rectangle {
             anchors { horizontalCenter: parent.horizontalCenter; top: parent.top; topMargin: 12 }
-            width: 36
-            height: width
-            isAnimating: (list.dragging || cover.dragging) && area.pulled > 0
+            visible: (list.dragging || cover.dragging) && area.pulled > 0
             opacity: Math.min(1, area.pulled / area.pullDistance)
+            width: 48
+            height: width
+            radius: width / 2
+            color: "white"
+            border { width: 1; color: Theme.divider }
+
+            ActivityIndicator {
+                anchors.centerIn: parent
+                width: 32
+                height: width
+                isAnimating: parent.visible
+            }
         }
         ActivityIndicator {
             anchors.centerIn: parent

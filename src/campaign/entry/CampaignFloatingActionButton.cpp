@@ -12,7 +12,7 @@ CampaignFloatingActionButton::CampaignFloatingActionButton()
           TooltipView::Look{.tailPosition = TooltipView::TailPosition::bottom,
                             .tooltipBackgroundColor = Color{0.0, 0.0, 0.0, 0.87},
                             .autoDismiss = true,
-                            .horizontalBias = 0.92})) {
+                            .horizontalBias = 0.9})) {
   entryName = "default_floating_action_button";
 }
 
