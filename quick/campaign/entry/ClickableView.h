@@ -49,6 +49,8 @@ class ClickableView final : public QObject {
   const OnTap onTap_;
   QPointer<QQuickItem> area_;
   bool isEnabled_ = false;
+  /// True during a tap.
+  bool isTapped_ = false;
 };
 
 }  // namespace orrelo::quick
