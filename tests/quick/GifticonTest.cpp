@@ -252,6 +252,7 @@ TEST_F(GifticonTest, ThePictureIsEnlargedAndMovedInEveryWay) {
   for (int i = 1; i <= 8; ++i) {
     const auto spread = finger * (4 + i) / 4;
     QTest::touchEvent(window_, screen).move(0, middle - spread, window_).move(1, middle + spread, window_);
+    settle();  // Qt Quick delivers only the last movement of a frame
   }
   QTest::touchEvent(window_, screen)
       .release(0, middle - finger * 3, window_)

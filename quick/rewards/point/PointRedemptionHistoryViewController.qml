@@ -79,27 +79,26 @@ ORLUIViewController {
 
             onContentYChanged: {
                 wheelRest.restart()
-                Qt.callLater(reportSight)
+                sight.start()
             }
-            onContentHeightChanged: Qt.callLater(reportSight)
-            onHeightChanged: Qt.callLater(reportSight)
+            onContentHeightChanged: sight.start()
+            onHeightChanged: sight.start()
             onDragEnded: area.release()
 
+            Timer {
+                id: sight
+                interval: 0
+                onTriggered: list.reportSight()
+            }
             Binding {
                 target: list.contentItem
                 property: "visible"
                 value: list.interactive
             }
         }
-        Rectangle {
-            visible: list.interactive && list.contentHeight > list.height
-            opacity: list.moving ? 0.5 : 0.2
-            x: list.width - width - 3
-            y: list.visibleArea.yPosition * list.height + 2
-            width: 4
-            height: Math.max(24, list.visibleArea.heightRatio * list.height - 4)
-            radius: 2
-            color: Theme.text
+        ScrollIndicator {
+            scroll: list
+            visible: list.interactive && list.visibleArea.heightRatio < 1
         }
         // The message can be pulled like the list beneath it.
         Flickable {
