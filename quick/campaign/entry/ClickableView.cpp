@@ -49,6 +49,13 @@ ClickableView::~ClickableView() {
   }
 }
 
+void ClickableView::letGo(std::unique_ptr<ClickableView> view, QObject* owner) {
+  if (!view->isTapped_) return;
+  if (view->area_) view->area_->setParentItem(nullptr);
+  view->setParent(owner);
+  view.release()->deleteLater();
+}
+
 void ClickableView::makeArea() {
   if (area_) return;
   QQmlComponent component(&engineOf(*view_), moduleFile(QStringLiteral("ClickArea.qml")));
