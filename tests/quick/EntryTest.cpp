@@ -182,6 +182,26 @@ TEST_F(EntryTest, InCppAnyItemsOfTheSceneBecomeClickable) {
   EXPECT_EQ(host()->presentedViewController(), nullptr);
 }
 
+TEST_F(EntryTest, AViewMayBeLetGoDuringItsOwnTap) {
+  class Clearing final : public ORLUserEventDelegate {
+   public:
+    explicit Clearing(quick::ORLCampaignEntryView& view) : view_(view) {}
+    void userEventDidOccur(const ORLUserEvent&) override { view_.setClickableViews({}); }
+
+   private:
+    quick::ORLCampaignEntryView& view_;
+  };
+  open({390, 844});
+  quick::ORLCampaignEntryView entry(named("host")->parentItem());
+  entry.setEntryName("shop");
+  entry.setClickableViews({named("host")});
+  const auto clearing = std::make_shared<Clearing>(entry);
+  Orrelo::setUserEventDelegate(clearing);
+  click("host");
+  EXPECT_THAT(entry.clickableViews(), IsEmpty());
+  EXPECT_TRUE(waitFor([&] { return host()->presentedViewController() != nullptr; }));
+}
+
 TEST_F(EntryTest, InCppTheButtonIsAnItemLikeAnyOther) {
   open({390, 844});
   {

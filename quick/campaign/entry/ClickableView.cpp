@@ -41,7 +41,19 @@ ClickableView::ClickableView(QQuickItem& view, OnTap onTap) : view_(&view), onTa
 }
 
 ClickableView::~ClickableView() {
-  delete area_;
+  if (isTapped_ && area_) {
+    area_->setParentItem(nullptr);
+    area_->deleteLater();  // it is handling the tap
+  } else {
+    delete area_;
+  }
+}
+
+void ClickableView::letGo(std::unique_ptr<ClickableView> view, QObject* owner) {
+  if (!view->isTapped_) return;
+  if (view->area_) view->area_->setParentItem(nullptr);
+  view->setParent(owner);
+  view.release()->deleteLater();
 }
 
 void ClickableView::makeArea() {
@@ -70,8 +82,11 @@ void ClickableView::setEnabled(bool isEnabled) {
 }
 
 void ClickableView::tap() {
+  const QPointer<ClickableView> self(this);
   const auto onTap = onTap_;
+  isTapped_ = true;
   onTap();
+  if (self) isTapped_ = false;
 }
 
 }  // namespace orrelo::quick

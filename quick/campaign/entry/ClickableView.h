@@ -6,6 +6,7 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 #include <functional>
+#include <memory>
 
 namespace orrelo::quick {
 
@@ -22,11 +23,14 @@ class ClickableView final : public QObject {
  public:
   using OnTap = std::function<void()>;
 
-  /// `onTap` may delete this object.
+  /// `onTap` may delete this object, but should use `letGo`.
   ClickableView(QQuickItem& view, OnTap onTap);
   /// For an item that takes its input itself.
   explicit ClickableView(QQuickItem& view);
   ~ClickableView() override;
+
+  /// Deletes the view, or later if it is handling a tap; then it belongs to `owner` until it is deleted.
+  static void letGo(std::unique_ptr<ClickableView> view, QObject* owner);
 
   /// Null after the item has been destroyed.
   QQuickItem* view() const { return view_; }
@@ -49,6 +53,8 @@ class ClickableView final : public QObject {
   const OnTap onTap_;
   QPointer<QQuickItem> area_;
   bool isEnabled_ = false;
+  /// True during a tap.
+  bool isTapped_ = false;
 };
 
 }  // namespace orrelo::quick

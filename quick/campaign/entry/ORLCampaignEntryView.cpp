@@ -10,6 +10,7 @@
 #include <QEasingCurve>
 #include <QVariantAnimation>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace orrelo::quick {
@@ -82,7 +83,13 @@ QList<QQuickItem*> ORLCampaignEntryView::clickableViews() const {
 }
 
 void ORLCampaignEntryView::setClickableViews(const QList<QQuickItem*>& views) {
-  std::erase_if(body_->views, [&](const auto& former) { return !views.contains(former->view()); });
+  for (auto& former : std::exchange(body_->views, {})) {
+    if (views.contains(former->view())) {
+      body_->views.push_back(std::move(former));
+    } else {
+      ClickableView::letGo(std::move(former), this);
+    }
+  }
   for (auto* const view : views) {
     if (view == nullptr || clickableViews().contains(view)) continue;
     addClickableView(std::make_unique<ClickableView>(*view, [this, view] {
