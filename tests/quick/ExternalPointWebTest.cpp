@@ -85,14 +85,18 @@ TEST_F(ExternalPointWebTest, ThePageOfTheUserFillsTheScreenAndClosesIt) {
 
 TEST_F(ExternalPointWebTest, BackAndASwipeGoThroughTheHistoryFirst) {
   write("landing.html", "<a href=second.html></a>");
-  write("second.html", "<a href=landing.html></a>");
+  write("second.html", "");
   present();
   ASSERT_TRUE(waitForTitle(QStringLiteral("landing.html")));
   const auto follow = [&] {
     ASSERT_TRUE(waitForGreen());
     ASSERT_TRUE(waitFor([&] { return !isLoading(); }));
-    QTest::mouseClick(window_, Qt::LeftButton, {}, inPage_);
-    ASSERT_TRUE(waitForTitle(QStringLiteral("second.html")));
+    // The engine may lose a click on a page that it has just begun to show.
+    const auto isSecond = [&] { return engineView()->property("title") == QStringLiteral("second.html"); };
+    ASSERT_TRUE(waitFor([&] {
+      QTest::mouseClick(window_, Qt::LeftButton, {}, inPage_);
+      return QTest::qWaitFor(isSecond, 8000);
+    }));
     ASSERT_TRUE(waitFor([&] { return engineView()->property("canGoBack").toBool(); }));
   };
   follow();
