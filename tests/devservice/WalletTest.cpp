@@ -12,6 +12,10 @@ const std::string historyPath = "/pointsystem/point-redemption-history?page=";
 
 class WalletTest : public ServiceFixture {
  protected:
+  void SetUp() override {
+    now_ = std::chrono::sys_days(std::chrono::May / 1 / 2026) + std::chrono::hours(12);
+    ServiceFixture::SetUp();
+  }
   httplib::Result ask(const std::string& path, const std::string& user = "u") {
     return client_->Get(onApp(path), httplib::Headers{{"buid", user}});
   }
@@ -141,7 +145,6 @@ class OwnWalletTest : public WalletTest {
  protected:
   void SetUp() override {
     scenario_ = folder_.path();
-    now_ = std::chrono::sys_days(std::chrono::May / 1 / 2026) + std::chrono::hours(12);
     writeWallet({{"history", {{{"title", "welcome"}, {"date", "no date"}, {"point_amount", 100}}}}});
     WalletTest::SetUp();
   }
@@ -170,7 +173,9 @@ TEST_F(OwnWalletTest, AnActionTakesAllThatItTakesOrIsNotCarriedOut) {
                                       {"point_amount", -60}}));
   EXPECT_EQ(history("u", 0)[1]["date"], "no date") << "sent as it is, to test clients";
   as("u", "/campaigns/machine/release");
-  EXPECT_EQ(press()["light"], "off") << "40 points are too few";
+  const auto refused = ask("/campaigns/machine/press");
+  EXPECT_EQ(json::parse(refused->body)["light"], "off") << "40 points are too few";
+  EXPECT_EQ(refused->get_header_value("Orrelo-Note"), "the user has 40 points and cannot have -20");
   EXPECT_EQ(as("u", "/my-rewards"), (json{{"point", 40}, {"ticket", 1}, {"gifticon", 0}}));
   EXPECT_EQ(history("u", 0).size(), 2u);
 
@@ -251,6 +256,53 @@ TEST_F(OwnWalletTest, TheAdminPathChangesAWalletWithinBounds) {
       403);
   EXPECT_EQ(getJson("/admin/wallet?app=app&user=u")["tickets"], 1'000'000'000)
       << "nothing of it was carried out";
+}
+
+TEST_F(OwnWalletTest, AWalletIsShownWithoutBeingMade) {
+  EXPECT_EQ(getJson("/admin/wallet?app=app&user=u")["points"], 100) << "what the user would begin with";
+  EXPECT_EQ(getJson("/admin/state")["users"], json::array());
+  writeWallet({{"tickets", 3}});
+  EXPECT_EQ(as("u", "/my-rewards")["ticket"], 3) << "begins with what the file says now";
+}
+
+TEST_F(OwnWalletTest, TheListHasTheUsersSeenLastAndThenTheWalletsThatChangedLast) {
+  constexpr std::size_t listed = 200;
+  as("first", "/my-rewards");
+  as("zoe", "/my-rewards");
+  for (std::size_t number = 0; number < listed; ++number) as("u" + std::to_string(number), "/my-rewards");
+  post(onApp("/event"), event("E-1", "opened", {{"user_id", "zoe"}}));
+  change({{"tickets", 5}}, "first");
+  const auto users = getJson("/admin/state")["users"];
+  ASSERT_EQ(users.size(), listed);
+  EXPECT_EQ(users[0]["userId"], "zoe");
+  EXPECT_EQ(users[0]["wallet"]["points"], 100);
+  EXPECT_EQ(users[1]["userId"], "first");
+  EXPECT_EQ(users[1]["wallet"]["tickets"], 5);
+  EXPECT_EQ(users[2]["userId"], "u199");
+}
+
+TEST_F(OwnWalletTest, AVoucherByHandHasADateAndAsManyAreUsableAsFit) {
+  const auto voucher = [](const char* date, const char* state = "idle") {
+    return json{{"title", "t"}, {"date", date}, {"state", state}};
+  };
+  for (const auto* date : {"2026-12-31T23:59:59Z", "2028-02-29T00:00:00+09:00"})
+    EXPECT_EQ(change({{"vouchers", {voucher(date)}}})->status, 200) << date;
+  for (const auto* date : {"2026-12-31", "2026-02-29T00:00:00Z", "2026-12-31T24:00:00Z",
+                           "2026-12-31T23:59:59", "2026-12-31 23:59:59Z", "tomorrow"}) {
+    EXPECT_EQ(problemWith({{"vouchers", {voucher(date)}}}),
+              "the \"date\" of a voucher must be like \"2026-12-31T23:59:59Z\"")
+        << date;
+  }
+  EXPECT_EQ(as("u", "/gifticons").size(), 2u);
+
+  const auto many = [&](std::size_t count, const char* state) {
+    return change({{"vouchers", json(count, voucher("2026-12-31T23:59:59Z", state))}})->status;
+  };
+  EXPECT_EQ(many(1000, "used"), 200);
+  EXPECT_EQ(many(999, "idle"), 400);
+  EXPECT_EQ(many(998, "downloaded"), 200) << "used ones do not count";
+  EXPECT_EQ(problemWith({{"vouchers", {voucher("2026-12-31T23:59:59Z")}}}),
+            "a user has at most 1000 usable vouchers");
 }
 
 }  // namespace
