@@ -66,15 +66,22 @@ class PointHistoryTest : public QuickTest {
   bool waitForRows(int count) {
     return waitFor([&] { return rowCount() == count; });
   }
+  bool isWheelAtRest() const { return list()->parentItem()->property("isWheelAtRest").toBool(); }
   bool waitForWheelAtRest() {
-    return waitFor([this] { return list()->parentItem()->property("isWheelAtRest").toBool(); });
+    return waitFor([this] { return isWheelAtRest(); });
   }
+  double beginning() const { return list()->property("originY").toDouble(); }
   void turnWheel(int notches) {
     const QPointF middle = list()->mapToScene({list()->width() / 2, list()->height() / 2});
     QWheelEvent event(middle, window_->mapToGlobal(middle), {}, {0, 120 * notches}, Qt::NoButton, {},
                       Qt::NoScrollPhase, false);
+    // A list does not scroll for a turn at the time of the one before.
+    wheelTime_ += 20;
+    event.setTimestamp(wheelTime_);
     QCoreApplication::sendEvent(window_, &event);
   }
+
+  quint64 wheelTime_ = 1000;
 };
 
 TEST_F(PointHistoryTest, FitsPhonesAndDesktops) {
@@ -148,7 +155,7 @@ TEST_F(PointHistoryTest, EveryWayToAskForMoreAppendsTheNextPageAndMovesNothing) 
   pull(40);
   settle();
   EXPECT_EQ(timesAsked(), asked) << "a short pull";
-  EXPECT_EQ(contentY(), list()->property("originY").toDouble());
+  EXPECT_EQ(contentY(), beginning());
 }
 
 TEST_F(PointHistoryTest, AWheelAsksOncePerTurnAndOnlyFromAnEnd) {
@@ -160,7 +167,15 @@ TEST_F(PointHistoryTest, AWheelAsksOncePerTurnAndOnlyFromAnEnd) {
   for (int i = 0; i < 5; ++i) turnWheel(-1);
   settle();
   EXPECT_EQ(timesAsked(), 3);
-  for (int i = 0; i < 100 && contentY() > 0.0; ++i) turnWheel(5);
+  ASSERT_GT(contentY(), beginning());
+  ASSERT_TRUE(waitFor([this] {
+    const bool hasArrived = contentY() == beginning();
+    if (hasArrived && !isWheelAtRest()) return true;
+    // A slow machine may let the wheel come to rest; the list then scrolls once more.
+    if (hasArrived) press(Qt::Key_End);
+    if (!list()->property("moving").toBool()) turnWheel(5);
+    return false;
+  }));
   for (int i = 0; i < 5; ++i) turnWheel(1);
   settle();
   EXPECT_EQ(timesAsked(), 3) << "a turn that has scrolled the list";
