@@ -128,6 +128,26 @@ TEST_F(EntryViewTest, ATapOpensHomeOverTheTopmostScreen) {
   EXPECT_THAT(takeReports(), IsEmpty());
 }
 
+TEST_F(EntryViewTest, TheHostMayDestroyTheViewAsTheTapIsReported) {
+  class Destroying final : public ORLUserEventDelegate {
+   public:
+    explicit Destroying(std::shared_ptr<CampaignEntryView>& view) : view_(view) {}
+    void userEventDidOccur(const ORLUserEvent&) override { view_.reset(); }
+
+   private:
+    std::shared_ptr<CampaignEntryView>& view_;
+  };
+  setUser("minji");
+  auto view = CampaignEntryView::create();
+  view->entryName = "shop";
+  const auto destroying = std::make_shared<Destroying>(view);
+  setUserEventDelegate(destroying);
+  const auto root = std::make_shared<HostViewController>();
+  view->orlHandleTapGesture(root);
+  EXPECT_EQ(view, nullptr);
+  EXPECT_EQ(navigator_->opened.size(), 1U);
+}
+
 TEST_F(EntryViewTest, IsInertWithoutAKit) {
   setUser("minji");
   RunningKit::makeCurrent(nullptr);

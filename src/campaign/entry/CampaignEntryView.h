@@ -45,7 +45,7 @@ class ORRELO_EXPORT CampaignEntryView : public View {
   std::optional<std::string> entryName;
 
  protected:
-  explicit CampaignEntryView(double alpha) : state_({alpha, std::nullopt, 0}) {}
+  CampaignEntryView() = default;
 
   /// Follows the user. Returns false if the kit is not initialized.
   bool start();
