@@ -105,6 +105,9 @@ TEST_F(EntryViewTest, StartsAsTheUserIsAndFollowsEachChangeWithAFade) {
   EXPECT_THAT(takeReports(),
               ElementsAre("ol_campaign_entry_point_show shop", "ol_campaign_entry_point_show shop"))
       << "one for each user, the same one included";
+  platform_.application->setPrefersReducedMotion(true);
+  setUser(std::nullopt);
+  EXPECT_EQ(view->state(), (CampaignEntryView::State{0.0, std::nullopt, 4}));
 }
 
 TEST_F(EntryViewTest, ATapOpensHomeOverTheTopmostScreen) {

@@ -1,11 +1,9 @@
 #include "campaign/entry/CampaignEntryView.h"
-#include "platform/Application.h"
 #include "quick/bridge/AnimationValue.h"
 #include "quick/bridge/Conversions.h"
 #include "quick/bridge/Subscriptions.h"
 #include "quick/campaign/entry/ClickableView.h"
 
-#include <orrelo/Platform.h>
 #include <orrelo/quick/ORLCampaignEntryView.h>
 #include <orrelo/quick/OrreloQuick.h>
 
@@ -51,7 +49,7 @@ void ORLCampaignEntryView::show() {
   fade.stop();
   setEnabled(body_->isShown());
   for (const auto& view : body_->views) view->setEnabled(body_->isShown());
-  if (!state.fade || Platform::current().application->prefersReducedMotion()) {
+  if (!state.fade) {
     setOpacity(state.alpha);
     return endFade();
   }

@@ -2,9 +2,12 @@
 
 #include "events/UserEventTracker.h"
 #include "model/UserManager.h"
+#include "platform/Application.h"
 #include "ui/KeyWindow.h"
 #include "ui/RunningKit.h"
 #include "ui/followOnMain.h"
+
+#include <orrelo/Platform.h>
 
 namespace orrelo {
 namespace {
@@ -40,7 +43,7 @@ void CampaignEntryView::setSignedIn(bool isSignedIn) {
 
 void CampaignEntryView::setAlpha(double alpha, bool animated) {
   State next{alpha, std::nullopt, state().fadeCount + 1};
-  if (animated) {
+  if (animated && !Platform::current().application->prefersReducedMotion()) {
     next.fade = Animation{
         .from = state().alpha, .to = alpha, .duration = fadeDuration, .curve = Animation::Curve::easeOut};
   }
