@@ -36,6 +36,7 @@ class DevService::Impl {
         certificate(Certificate::loadOrCreate(directory)),
         scenario(scenarioOr(options.scenarioDirectory), options.now),
         store(directory / "devservice.sqlite3"),
+        // The file is named after its first table, which older data folders have.
         users(directory / "participations.sqlite3"),
         dispatcher(store, users, scenario, requests, faults),
         port(options.port) {}

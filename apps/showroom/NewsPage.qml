@@ -11,6 +11,14 @@ Rectangle {
     signal signedIn(string user)
     signal closed()
 
+    /// Whether this is the origin of the shop's page.
+    function isOwn(other: url): bool {
+        const origin = /^https:\/\/[^\/?#]+/
+        const own = origin.exec(address.toString())
+        const found = origin.exec(other.toString())
+        return own !== null && found !== null && own[0] === found[0]
+    }
+
     color: "#f6f4ee"
     Keys.onEscapePressed: closed()
     Keys.onBackPressed: closed()
@@ -29,14 +37,14 @@ Rectangle {
         OrreloWebKit.enabled: true
         OrreloWebKit.onFailed: (error, description) => console.warn(description)
         url: page.address
-        // The service's certificate is self-signed. Its page is on this machine.
+        // The certificate of the shop's own service is self-signed.
         onCertificateError: error => {
-            if (error.url.toString().startsWith("https://localhost:")) error.acceptCertificate()
+            if (page.isOwn(error.url)) error.acceptCertificate()
         }
         // The page tells the shop of the user by the last part of its address.
         onUrlChanged: {
             const user = /#user=(\w+)$/.exec(url.toString())
-            if (user) page.signedIn(user[1])
+            if (user && page.isOwn(url)) page.signedIn(user[1])
         }
     }
 }

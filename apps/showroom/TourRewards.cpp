@@ -62,17 +62,19 @@ void Tour::vouchers() {
 void Tour::exchange() {
   click(QStringLiteral("포인트 전환"));
 #ifdef SHOWROOM_HAS_WEB
-  const QColor button(0x0C, 0x6B, 0x52);
-  awaitColor(button, QStringLiteral("the page of the exchange was not painted"));
+  // The buttons of the first step are pale until the page has the balance.
+  const QColor choice(0x0C, 0x6B, 0x52);
+  const QColor confirmation(0x8A, 0x4B, 0x08);
+  const QColor end(0x2F, 0x55, 0x97);
+  awaitColor(choice, QStringLiteral("the page of the exchange has not painted a balance"));
   picture(QStringLiteral("The page where points are exchanged"));
-  click(button);
+  click(choice);
+  awaitColor(confirmation, QStringLiteral("the second step was not painted"));
   picture(QStringLiteral("Its second step"));
-  const auto asked = showroom_.service().requestCount("/my-point");
-  click(button);
-  await([&] { return showroom_.service().requestCount("/my-point") > asked; },
-        QStringLiteral("no points were exchanged"));
+  click(confirmation);
+  awaitColor(end, QStringLiteral("no points were exchanged"));
   picture(QStringLiteral("The points are exchanged"));
-  click(button);
+  click(end);
   await(QStringLiteral("내 포인트, 9620 P"));
   picture(QStringLiteral("The page has closed itself, and home shows the rest of the points"));
 #else

@@ -11,6 +11,7 @@ class RewardTabBridge final : public orrelo::quick::ScreenBridge {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
+  Q_PROPERTY(int visibleButtonCount READ visibleButtonCount NOTIFY stateChanged)
   Q_PROPERTY(bool isHorizontalRewardStackHidden READ isHorizontalRewardStackHidden NOTIFY stateChanged)
   Q_PROPERTY(orrelo::quick::PointBridge* point MEMBER point CONSTANT)
   Q_PROPERTY(orrelo::quick::IconRectangleButtonBridge* gifticonButton MEMBER gifticonButton CONSTANT)
@@ -34,7 +35,8 @@ class RewardTabBridge final : public orrelo::quick::ScreenBridge {
   IconRectangleButtonBridge* const externalPointButton;
   IconRectangleButtonBridge* const ticketButton;
 
-  bool isHorizontalRewardStackHidden() const { return tab_.state().isHorizontalRewardStackHidden; }
+  int visibleButtonCount() const { return tab_.state().visibleButtonCount; }
+  bool isHorizontalRewardStackHidden() const { return tab_.state().isHorizontalRewardStackHidden(); }
 
   Q_INVOKABLE void onClickPointView() { tab_.onClickPointView(); }
   Q_INVOKABLE void onClickGifticonButton() { tab_.onClickGifticonButton(); }

@@ -27,12 +27,9 @@ FocusScope {
         Flow {
             id: row
 
-            readonly property var buttons: [view.screen.gifticonButton, view.screen.externalPointButton, view.screen.ticketButton]
-            // Not the visible items, of which a screen has none while another one covers it.
-            readonly property int buttonCount: buttons.filter(button => !button.isHidden).length
             readonly property real widest: Math.max(gifticon.implicitWidth, externalPoint.implicitWidth, ticket.implicitWidth)
-            readonly property bool fits: (widest + 8) * buttonCount <= width
-            readonly property real buttonWidth: Math.floor(width / Math.max(1, fits ? buttonCount : 2))
+            readonly property bool fits: (widest + 8) * view.screen.visibleButtonCount <= width
+            readonly property real buttonWidth: Math.floor(width / Math.max(1, fits ? view.screen.visibleButtonCount : 2))
 
             x: view.sideMargin
             width: parent.width - 2 * x
@@ -52,7 +49,7 @@ FocusScope {
                 model: view.screen.externalPointButton
                 onPressed: view.screen.onClickExternalPointButton()
             }
-            // It only shows the number of tickets.
+            // This button only shows the number of tickets.
             RewardTabButton {
                 id: ticket
                 width: row.buttonWidth

@@ -9,7 +9,7 @@ namespace orrelo {
 
 reactive::Observable<Reward> RewardRepositoryImpl::fetch(const std::string& userId) {
   const auto plugin = fetchConfigUseCase_->fetch().map([](const Config& config) { return config.plugin; });
-  // The events of the balance, so that its failure does not end the others.
+  // The stream emits the balance's events as values: its failure does not end the other streams.
   const auto point = fetchPointUseCase_->fetch(userId).asObservable().materialize();
   return reactive::zip(plugin, point, fetchCount(userId))
       .map([mapper = mapper_](const std::tuple<Plugin, reactive::Event<Point>, RewardCount>& parts) {

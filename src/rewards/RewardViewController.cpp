@@ -28,7 +28,7 @@ RewardViewController::RewardViewController(std::shared_ptr<RewardViewModel> view
                                            std::shared_ptr<PageRouter> pageRouter)
     : viewModel_(std::move(viewModel)), pageRouter_(std::move(pageRouter)) {
   pointView->setHidden(true);
-  for (const auto& button : {gifticonButton, externalPointButton, ticketButton}) setHidden(*button, true);
+  setHidden(*externalPointButton, true);
 }
 
 std::shared_ptr<RewardViewController> RewardViewController::create(std::shared_ptr<RewardViewModel> viewModel,
@@ -38,6 +38,7 @@ std::shared_ptr<RewardViewController> RewardViewController::create(std::shared_p
 }
 
 void RewardViewController::viewDidLoad() {
+  ViewController::viewDidLoad();
   if (!viewModel_) return;
   const auto users = trigger_.asObservable().map([](reactive::Unit) { return currentUserId(); });
   followOnMain(viewModel_->transform({users.asInfallible(std::nullopt)}),
@@ -45,7 +46,8 @@ void RewardViewController::viewDidLoad() {
                &RewardViewController::show, [](RewardViewController& self, const Error&) { self.fail(); });
 }
 
-void RewardViewController::viewWillAppear(bool) {
+void RewardViewController::viewWillAppear(bool animated) {
+  ViewController::viewWillAppear(animated);
   refresh();
 }
 
@@ -79,8 +81,8 @@ void RewardViewController::render(const Reward& reward, const BrandTheme& brandT
   const std::array buttons{gifticonButton, externalPointButton, ticketButton};
   const auto visibleCount = std::count_if(buttons.begin(), buttons.end(),
                                           [](const auto& button) { return !button->state.value().isHidden; });
-  state_.set({.isHorizontalRewardStackHidden = visibleCount == 1});
-  if (visibleCount != 1) UserEventTracker::track(UserEventName::rewardTabShow);
+  state_.set({.visibleButtonCount = static_cast<int>(visibleCount)});
+  if (!state().isHorizontalRewardStackHidden()) UserEventTracker::track(UserEventName::rewardTabShow);
 }
 
 void RewardViewController::fail() {

@@ -34,8 +34,11 @@ class ORRELO_EXPORT RewardViewControllerDelegate {
 class ORRELO_EXPORT RewardViewController final : public ViewController {
  public:
   struct State {
-    /// True if the buttons are not shown. The row of buttons is deliberately hidden if it has only one.
-    bool isHorizontalRewardStackHidden = true;
+    /// The number of buttons that are not hidden.
+    int visibleButtonCount = 2;
+
+    /// True if the row of buttons is not shown. It is deliberately hidden if it has only one.
+    bool isHorizontalRewardStackHidden() const { return visibleButtonCount == 1; }
 
     friend bool operator==(const State&, const State&) = default;
   };
@@ -51,10 +54,12 @@ class ORRELO_EXPORT RewardViewController final : public ViewController {
 
   const State& state() const { return state_.value(); }
   reactive::Observable<reactive::Unit> stateChanges() const { return state_.changes(); }
-  /// Hidden until they have something to show.
+  /// Hidden until a balance is known: a view without one would look like an empty balance.
   const std::shared_ptr<PointView> pointView = std::make_shared<PointView>();
+  /// Shown from the start, without a badge; so is `ticketButton`.
   const std::shared_ptr<IconRectangleButton> gifticonButton =
       std::make_shared<IconRectangleButton>("orl_ic_gifticon", "기프티콘");
+  /// Hidden until the exchange is known to be enabled.
   const std::shared_ptr<IconRectangleButton> externalPointButton =
       std::make_shared<IconRectangleButton>("orl_ic_naverpay", "포인트 전환");
   const std::shared_ptr<IconRectangleButton> ticketButton =

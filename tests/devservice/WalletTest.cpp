@@ -1,7 +1,6 @@
 #include "ServiceFixture.h"
 
 #include <thread>
-#include <zlib.h>
 
 namespace orrelo::devservice {
 
@@ -12,6 +11,10 @@ const std::string historyPath = "/pointsystem/point-redemption-history?page=";
 
 class WalletTest : public ServiceFixture {
  protected:
+  void SetUp() override {
+    now_ = std::chrono::sys_days(std::chrono::May / 1 / 2026) + std::chrono::hours(12);
+    ServiceFixture::SetUp();
+  }
   httplib::Result ask(const std::string& path, const std::string& user = "u") {
     return client_->Get(onApp(path), httplib::Headers{{"buid", user}});
   }
@@ -101,47 +104,11 @@ TEST_F(WalletTest, AnIssuedVoucherHasThePictureOfItsBarcode) {
   }
 }
 
-/// The black and white modules in the first row of bars of a picture that is 8 bits grey and not filtered.
-std::string modulesOf(const std::string& png) {
-  const auto number = [&](std::size_t at) {
-    return std::size_t{static_cast<unsigned char>(png.at(at + 2))} << 8U |
-           static_cast<unsigned char>(png.at(at + 3));
-  };
-  constexpr std::size_t header = 8;
-  constexpr std::size_t dataAt = header + 12 + 13;
-  const auto width = number(header + 8);
-  const auto height = number(header + 12);
-  std::string rows((width + 1) * height, '?');
-  auto size = static_cast<uLongf>(rows.size());
-  if (uncompress(reinterpret_cast<Bytef*>(rows.data()), &size,
-                 reinterpret_cast<const Bytef*>(png.data()) + dataAt + 8, number(dataAt)) != Z_OK) {
-    return "cannot be read";
-  }
-  const auto row = rows.substr((width + 1) * (height / 3) + 1, width);
-  std::string modules;
-  for (std::size_t at = row.find('\0'); at <= row.rfind('\0'); at += 4)
-    modules += row[at] == '\0' ? '1' : '0';
-  return modules;
-}
-
-TEST_F(WalletTest, ABarcodeIsTheOneThatReadersExpect) {
-  const auto modules = modulesOf(client_->Get("/barcodes/123456.png")->body);
-  // Start C, 12, 34, 56, the check digit (105 + 12 + 2 * 34 + 3 * 56) % 103 = 44, and stop.
-  EXPECT_EQ(modules,
-            "11010011100"
-            "10110011100"
-            "10001011000"
-            "11100010110"
-            "10001101110"
-            "1100011101011");
-}
-
 /// A scenario with a machine that takes a coin, and one that gives a voucher.
 class OwnWalletTest : public WalletTest {
  protected:
   void SetUp() override {
     scenario_ = folder_.path();
-    now_ = std::chrono::sys_days(std::chrono::May / 1 / 2026) + std::chrono::hours(12);
     writeWallet({{"history", {{{"title", "welcome"}, {"date", "no date"}, {"point_amount", 100}}}}});
     WalletTest::SetUp();
   }
@@ -170,7 +137,9 @@ TEST_F(OwnWalletTest, AnActionTakesAllThatItTakesOrIsNotCarriedOut) {
                                       {"point_amount", -60}}));
   EXPECT_EQ(history("u", 0)[1]["date"], "no date") << "sent as it is, to test clients";
   as("u", "/campaigns/machine/release");
-  EXPECT_EQ(press()["light"], "off") << "40 points are too few";
+  const auto refused = ask("/campaigns/machine/press");
+  EXPECT_EQ(json::parse(refused->body)["light"], "off") << "40 points are too few";
+  EXPECT_EQ(refused->get_header_value("Orrelo-Note"), "the user has 40 points and cannot have -20");
   EXPECT_EQ(as("u", "/my-rewards"), (json{{"point", 40}, {"ticket", 1}, {"gifticon", 0}}));
   EXPECT_EQ(history("u", 0).size(), 2u);
 
@@ -251,6 +220,53 @@ TEST_F(OwnWalletTest, TheAdminPathChangesAWalletWithinBounds) {
       403);
   EXPECT_EQ(getJson("/admin/wallet?app=app&user=u")["tickets"], 1'000'000'000)
       << "nothing of it was carried out";
+}
+
+TEST_F(OwnWalletTest, AWalletIsShownWithoutBeingMade) {
+  EXPECT_EQ(getJson("/admin/wallet?app=app&user=u")["points"], 100) << "what the user would begin with";
+  EXPECT_EQ(getJson("/admin/state")["users"], json::array());
+  writeWallet({{"tickets", 3}});
+  EXPECT_EQ(as("u", "/my-rewards")["ticket"], 3) << "begins with what the file says now";
+}
+
+TEST_F(OwnWalletTest, TheListHasTheUsersSeenLastAndThenTheWalletsThatChangedLast) {
+  constexpr std::size_t listed = 200;
+  as("first", "/my-rewards");
+  as("zoe", "/my-rewards");
+  for (std::size_t number = 0; number < listed; ++number) as("u" + std::to_string(number), "/my-rewards");
+  post(onApp("/event"), event("E-1", "opened", {{"user_id", "zoe"}}));
+  change({{"tickets", 5}}, "first");
+  const auto users = getJson("/admin/state")["users"];
+  ASSERT_EQ(users.size(), listed);
+  EXPECT_EQ(users[0]["userId"], "zoe");
+  EXPECT_EQ(users[0]["wallet"]["points"], 100);
+  EXPECT_EQ(users[1]["userId"], "first");
+  EXPECT_EQ(users[1]["wallet"]["tickets"], 5);
+  EXPECT_EQ(users[2]["userId"], "u199");
+}
+
+TEST_F(OwnWalletTest, AVoucherByHandHasADateAndAsManyAreUsableAsFit) {
+  const auto voucher = [](const char* date, const char* state = "idle") {
+    return json{{"title", "t"}, {"date", date}, {"state", state}};
+  };
+  for (const auto* date : {"2026-12-31T23:59:59Z", "2028-02-29T00:00:00+09:00"})
+    EXPECT_EQ(change({{"vouchers", {voucher(date)}}})->status, 200) << date;
+  for (const auto* date : {"2026-12-31", "2026-02-29T00:00:00Z", "2026-12-31T24:00:00Z",
+                           "2026-12-31T23:59:59", "2026-12-31 23:59:59Z", "tomorrow"}) {
+    EXPECT_EQ(problemWith({{"vouchers", {voucher(date)}}}),
+              "the \"date\" of a voucher must be like \"2026-12-31T23:59:59Z\"")
+        << date;
+  }
+  EXPECT_EQ(as("u", "/gifticons").size(), 2u);
+
+  const auto many = [&](std::size_t count, const char* state) {
+    return change({{"vouchers", json(count, voucher("2026-12-31T23:59:59Z", state))}})->status;
+  };
+  EXPECT_EQ(many(1000, "used"), 200);
+  EXPECT_EQ(many(999, "idle"), 400);
+  EXPECT_EQ(many(998, "downloaded"), 200) << "used ones do not count";
+  EXPECT_EQ(problemWith({{"vouchers", {voucher("2026-12-31T23:59:59Z")}}}),
+            "a user has at most 1000 usable vouchers");
 }
 
 }  // namespace

@@ -203,7 +203,7 @@ TEST_F(HomeTest, APartThatFailsOrNeverComesLeavesTheOther) {
   };
   reload("/campaigns", ScriptedURLSession::reply(500));
   EXPECT_EQ(errorOf(*screen), "잠시 후 다시 시도해 주세요.");
-  EXPECT_FALSE(screen->rewardViewController()->state().isHorizontalRewardStackHidden);
+  EXPECT_FALSE(screen->rewardViewController()->state().isHorizontalRewardStackHidden());
   reload("/campaigns", ScriptedURLSession::reply(200, "[]"));
   EXPECT_EQ(errorOf(*screen), "진행 중인 캠페인이 없습니다.");
   EXPECT_THAT(screen->campaignListViewController()->state().cells, IsEmpty());

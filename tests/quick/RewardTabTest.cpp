@@ -32,8 +32,11 @@ class RewardTabTest : public QuickTest {
     Orrelo::setUser(ORLUser("u-1", ORLMarketingStatus::unknown, {}));
   }
 
-  void openTab() {
+  void showTab() {
     host()->present(RewardViewController::create(RunningKit::current()->rewardViewModel, router_), false);
+  }
+  void openTab() {
+    showTab();
     ASSERT_TRUE(waitForNamed(tickets));
     settle();
   }
@@ -60,6 +63,19 @@ TEST_F(RewardTabTest, FitsPhonesAndDesktopsInReadingOrder) {
     read.removeDuplicates();  // an item without a badge has the name of its text
     EXPECT_EQ(read, inOrder);
   }
+}
+
+TEST_F(RewardTabTest, AFailedFirstLoadLeavesButtonsWithoutBadges) {
+  service_->answers["/my-rewards"] = {500, ""};
+  showTab();
+  ASSERT_TRUE(waitFor([this] { return service_->timesAsked("/my-rewards") == 1; }));
+  settle();
+  grab("reward-tab-failed");
+  expectNothingCut();
+  for (const auto& shown : {QStringLiteral("기프티콘"), QStringLiteral("응모권")})
+    EXPECT_NE(named(shown), nullptr) << shown.toStdString();
+  EXPECT_EQ(named(exchange), nullptr);
+  EXPECT_TRUE(drawnBy("PointView").empty());
 }
 
 TEST_F(RewardTabTest, KeyboardAndTouchReachWhatCanBePressed) {

@@ -46,7 +46,7 @@ class ServicePageTest : public testing::Test {
     window_->requestActivate();
   }
 
-  static bool waitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 15'000); }
+  static bool waitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 60'000); }
   /// The value of a script's expression in the page.
   QVariant valueOf(const QString& expression) {
     const auto before = window_->property("answers").toInt();
@@ -97,17 +97,18 @@ class ServicePageTest : public testing::Test {
     window_->grabWindow().save(folder.filePath(name + QStringLiteral(".png")));
   }
   /// The body that a client of this user gets.
-  QString replyTo(const QString& path) {
-    return valueOf(
-               QStringLiteral("(() => { const r = new XMLHttpRequest(); r.open('GET', "
-                              "'/orreloservice/sdk/shop%1', false);"
-                              " r.setRequestHeader('buid', 'minji'); r.send(); return r.responseText })()")
-                   .arg(path))
+  QString replyTo(const QString& path, const QString& user = QStringLiteral("minji")) {
+    return valueOf(QStringLiteral("(() => { const r = new XMLHttpRequest(); r.open('GET', "
+                                  "'/orreloservice/sdk/shop%1', false);"
+                                  " r.setRequestHeader('buid', '%2'); r.send(); return r.responseText })()")
+                       .arg(path, user))
         .toString();
   }
 
   TemporaryFolder folder_;
-  devservice::DevService service_{{.dataDirectory = folder_.path()}};
+  devservice::DevService service_{
+      {.dataDirectory = folder_.path(),
+       .now = std::chrono::sys_days(std::chrono::May / 20 / 2026) + std::chrono::hours(3)}};
   QQmlApplicationEngine engine_;
   QQuickWindow* window_ = nullptr;
 };
@@ -169,9 +170,11 @@ TEST_F(AdminPageTest, APersonChangesAUsersWallet) {
 
 TEST_F(AdminPageTest, AnOpenWalletFollowsWhatTheUserDoes) {
   window_->resize(400, 800);
+  replyTo(QStringLiteral("/my-rewards"), QStringLiteral("jun"));
+  ASSERT_TRUE(shows(users, QStringLiteral("jun")));
   replyTo(QStringLiteral("/my-rewards"));
-  ASSERT_TRUE(shows(users, QStringLiteral("points")));
-  click(QStringLiteral("[data-owner]"));
+  ASSERT_TRUE(shows(users, QStringLiteral("minji")));
+  click(QStringLiteral("[aria-label='Wallet of minji']"));
   ASSERT_TRUE(shows(QStringLiteral("#wallet-points"), QStringLiteral("4,610P")));
   replyTo(QStringLiteral("/campaigns/attendance/check-in"));
   EXPECT_TRUE(shows(QStringLiteral("#wallet-points"), QStringLiteral("4,620P")));
@@ -179,6 +182,17 @@ TEST_F(AdminPageTest, AnOpenWalletFollowsWhatTheUserDoes) {
   service_.stop();
   click(QStringLiteral("#wallet [data-wallet=tickets] .main"));
   EXPECT_TRUE(shows(problem, QStringLiteral("The service does not answer.")));
+
+  QTest::keyClick(window_, Qt::Key_Escape);
+  ASSERT_TRUE(
+      waitFor([&] { return !valueOf(QStringLiteral("document.querySelector('#wallet').open")).toBool(); }));
+  click(QStringLiteral("[aria-label='Wallet of jun']"));
+  EXPECT_TRUE(shows(QStringLiteral("#wallet-title"), QStringLiteral("Wallet of jun")));
+  EXPECT_TRUE(shows(problem, QStringLiteral("The service does not answer.")));
+  EXPECT_TRUE(shows(QStringLiteral("#wallet-points"), QStringLiteral("–"))) << "not the other user's";
+  EXPECT_EQ(valueOf(QStringLiteral("document.querySelectorAll('#wallet li, #wallet .main:enabled').length"))
+                .toInt(),
+            0);
 }
 
 TEST_F(ServicePageTest, TheExchangeOfTheScenarioTakesPointsAndGoesBackStepByStep) {
@@ -204,6 +218,29 @@ TEST_F(ServicePageTest, TheExchangeOfTheScenarioTakesPointsAndGoesBackStepByStep
       << rows.toStdString();
   click(QStringLiteral("#finish"));
   EXPECT_TRUE(waitFor([&] { return valueOf(QStringLiteral("messages.join()")) == QStringLiteral("close"); }));
+}
+
+TEST_F(ServicePageTest, AnExchangeThatFailsLeadsBackToTheChoiceAndWithoutAUserThereIsNone) {
+  const auto chosen = QStringLiteral("[data-step]:not([hidden])");
+  const auto choice = QStringLiteral("얼마나 바꿀까요?");
+  open("/pages/exchange.html?userID=minji#shop");
+  ASSERT_TRUE(shows(QStringLiteral("#balance"), QStringLiteral("4,610P")));
+  click(QStringLiteral("[data-points='1000']"));
+  ASSERT_TRUE(shows(chosen, QStringLiteral("1,000P")));
+  valueOf(QStringLiteral("fetch = () => Promise.reject()"));
+  click(QStringLiteral("#confirm"));
+  EXPECT_TRUE(shows(chosen, choice));
+  EXPECT_TRUE(shows(chosen, QStringLiteral("지금은 바꿀 수 없어요.")));
+  EXPECT_TRUE(valueOf(QStringLiteral("history.state === null")).toBool()) << "back leaves the page";
+  click(QStringLiteral("[data-points='500']"));
+  EXPECT_TRUE(shows(chosen, QStringLiteral("500P")));
+  EXPECT_TRUE(valueOf(QStringLiteral("byId('problem').hidden")).toBool());
+
+  valueOf(QStringLiteral("location.assign('/pages/exchange.html#shop')"));
+  ASSERT_TRUE(shows(QStringLiteral("#whose"), QStringLiteral("로그인하지 않았어요")));
+  EXPECT_TRUE(shows(chosen, choice));
+  EXPECT_EQ(valueOf(QStringLiteral("document.querySelectorAll('[data-points]:enabled').length")).toInt(), 0);
+  EXPECT_EQ(service_.requestCount("/my-point"), 1);
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ class RewardTabTest : public RewardsFixture {
   /// The titles of the buttons that are shown, with their badges.
   std::vector<std::string> shown() const {
     std::vector<std::string> titles;
-    if (tab_->state().isHorizontalRewardStackHidden) return titles;
+    if (tab_->state().isHorizontalRewardStackHidden()) return titles;
     for (const auto& button : {tab_->gifticonButton, tab_->externalPointButton, tab_->ticketButton}) {
       const auto& state = button->state.value();
       if (!state.isHidden) titles.push_back(button->title + " " + state.badgeText);
@@ -76,12 +76,14 @@ class RewardTabTest : public RewardsFixture {
   std::shared_ptr<Home> home_ = std::make_shared<Home>();
 };
 
-TEST_F(RewardTabTest, ShowsNothingUntilItHasLoadedAndThenWhatThePluginsSwitchOn) {
+TEST_F(RewardTabTest, StartsWithoutBadgesAndThenShowsWhatThePluginsSwitchOn) {
   EXPECT_EQ(balance(), "");
-  EXPECT_THAT(shown(), IsEmpty());
+  EXPECT_THAT(shown(), ElementsAre("기프티콘 ", "응모권 "));
+  EXPECT_EQ(tab_->state().visibleButtonCount, 2);
   appear();
   EXPECT_EQ(balance(), "포인트, 1250 P");
   EXPECT_THAT(shown(), ElementsAre("기프티콘 0", "포인트 전환 ", "응모권 9+"));
+  EXPECT_EQ(tab_->state().visibleButtonCount, 3);
   EXPECT_EQ(tab_->gifticonButton->state.value().badgeColor, (Color{0.5, 0.25, 1.0}));
   EXPECT_EQ(tab_->ticketButton->state.value().badgeColor, (Color{0.5, 0.25, 1.0}));
   EXPECT_THAT(home_->calls, ElementsAre("start", "stop"));
@@ -151,6 +153,16 @@ TEST_F(RewardTabTest, AFailedBalanceIsAbsentAndFailedCountsAreAToast) {
   appear();
   EXPECT_THAT(home_->calls, ElementsAre("start", "stop", toast));
   EXPECT_EQ(platform_.session->requests.size(), before);
+}
+
+TEST_F(RewardTabTest, AFailedFirstLoadLeavesTheButtonsThatNeedNoReward) {
+  replies_["/my-rewards"] = ScriptedURLSession::reply(500);
+  appear();
+  EXPECT_EQ(balance(), "");
+  EXPECT_THAT(shown(), ElementsAre("기프티콘 ", "응모권 "));
+  EXPECT_THAT(reported(), IsEmpty());
+  tab_->onClickGifticonButton();
+  EXPECT_THAT(router_->routes, ElementsAre("RewardViewController: gifticon"));
 }
 
 TEST_F(RewardTabTest, ANewAppearanceEndsTheLoadBefore) {

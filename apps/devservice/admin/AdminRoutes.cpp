@@ -5,9 +5,9 @@
 #include "faults/FaultJson.h"
 
 #include <charconv>
-#include <map>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <system_error>
 #include <variant>
@@ -55,21 +55,25 @@ json summaryJson(const WalletSummary& wallet) {
   return {{"points", wallet.points}, {"tickets", wallet.tickets}, {"usableVouchers", wallet.usableVouchers}};
 }
 
-/// The known users and those who are known by their wallet alone. A user without a wallet has null there.
+/// The users who were seen last, then those who are known by their wallet alone, up to `listedUsers`. A user
+/// without a wallet has null there.
 json usersJson(const EventStore& store, const WalletBook& book) {
-  const auto all = book.all(listedUsers);
-  std::map<WalletOwner, WalletSummary> wallets(all.begin(), all.end());
   auto result = json::array();
+  std::set<WalletOwner> listed;
   for (const auto& user : store.users(listedUsers)) {
-    const auto wallet = wallets.extract({user.appKey, user.userId});
+    const WalletOwner owner{user.appKey, user.userId};
+    listed.insert(owner);
+    const auto wallet = book.find(owner);
     result.push_back({{"appKey", user.appKey},
                       {"userId", user.userId},
                       {"events", user.events},
                       {"firstSeen", milliseconds(user.firstSeen)},
                       {"lastSeen", milliseconds(user.lastSeen)},
-                      {"wallet", wallet ? summaryJson(wallet.mapped()) : json()}});
+                      {"wallet", wallet ? summaryJson(*wallet) : json()}});
   }
-  for (const auto& [owner, wallet] : wallets) {
+  for (const auto& [owner, wallet] : book.latest(listedUsers)) {
+    if (result.size() == listedUsers) break;
+    if (listed.contains(owner)) continue;
     result.push_back({{"appKey", owner.appKey},
                       {"userId", owner.userId},
                       {"events", 0},

@@ -306,7 +306,7 @@ async function poll() {
     const reply = await fetch(after === null ? '/admin/state' : `/admin/state?after=${after}`,
       {cache: 'no-store', signal: request.signal});
     soon = !take(await reply.json());
-    await refreshWallet();
+    await refreshWallet(request.signal);
     showLink(true);
   } catch {
     showLink(false);

@@ -1,9 +1,10 @@
 
 // --- Wallets
 
-let walletOwner = null;  // the user whose wallet is open
-let shownWallet = '';
+let walletOwner = null;  // the user whose wallet is open; an object of its own for each opening of the dialog
+let shownWallet = '';  // empty until the owner's wallet is shown
 
+const walletForms = document.querySelectorAll('#wallet form');
 const walletPath = owner => `/admin/wallet?${new URLSearchParams({app: owner.appKey, user: owner.userId})}`;
 const ownerKey = owner => JSON.stringify([owner.appKey, owner.userId]);
 const walletButton = key => [...document.querySelectorAll('[data-owner]')].find(each => each.dataset.owner === key);
@@ -44,6 +45,10 @@ function movementView(movement, unit) {
 function showWallet(wallet) {
   const text = JSON.stringify(wallet);
   if (text === shownWallet) return;
+  if (shownWallet === '') {
+    tellOfWallet();
+    enableForms(true);
+  }
   shownWallet = text;
   byId('wallet-points').textContent = wallet.points.toLocaleString() + wallet.unit;
   byId('wallet-tickets').textContent = wallet.tickets.toLocaleString();
@@ -56,10 +61,26 @@ function showWallet(wallet) {
     `Latest ${wallet.history.length} of ${wallet.historySize.toLocaleString()}` : '';
 }
 
-async function refreshWallet() {
+// Nothing of the previous user's wallet may stand under the new user's name.
+function showNoWallet() {
+  shownWallet = '';
+  for (const name of ['points', 'tickets', 'usable']) byId(`wallet-${name}`).textContent = '–';
+  for (const name of ['vouchers', 'history']) {
+    byId(`wallet-${name}`).replaceChildren();
+    byId(`wallet-no-${name}`).hidden = true;
+  }
+  byId('wallet-shown').textContent = '';
+  enableForms(false);
+}
+
+function enableForms(enabled) {
+  for (const form of walletForms) for (const field of form.elements) field.disabled = !enabled;
+}
+
+async function refreshWallet(signal) {
   const owner = walletOwner;
   if (owner === null) return;
-  const reply = await fetch(walletPath(owner), {cache: 'no-store'});
+  const reply = await fetch(walletPath(owner), {cache: 'no-store', signal});
   const answer = await reply.json();
   if (owner !== walletOwner) return;
   if (reply.ok) showWallet(answer);
@@ -75,14 +96,15 @@ function tellOfWallet(problem, done) {
 const notReached = 'The service does not answer.';
 
 function openWallet(owner) {
-  walletOwner = owner;
-  shownWallet = '';
+  walletOwner = {...owner};
+  showNoWallet();
   tellOfWallet();
   byId('wallet-user').textContent = owner.userId === '' ? '(empty)' : owner.userId;
   byId('wallet-app').textContent = owner.appKey;
-  for (const form of document.querySelectorAll('#wallet form')) form.reset();
+  for (const form of walletForms) form.reset();
   byId('wallet').showModal();
-  refreshWallet().catch(() => tellOfWallet(notReached));
+  const opened = walletOwner;
+  refreshWallet().catch(() => { if (opened === walletOwner) tellOfWallet(notReached); });
 }
 
 // What each form asks for. The service checks all values.
@@ -98,19 +120,23 @@ async function submitWallet(submission) {
   submission.preventDefault();
   const form = submission.target;
   const button = form.querySelector('.main');
+  const owner = walletOwner;
   button.disabled = true;
+  let problem = null;
   try {
-    const problem = await change('POST', walletPath(walletOwner), wantedBy[form.dataset.wallet](form.elements));
-    await refreshWallet();
-    if (problem === null) form.reset();
-    tellOfWallet(problem, problem === null ? 'The wallet has changed.' : '');
+    problem = await change('POST', walletPath(owner), wantedBy[form.dataset.wallet](form.elements));
+    if (owner === walletOwner) await refreshWallet();
   } catch {
-    tellOfWallet(notReached);
+    problem = notReached;
   }
+  // Meanwhile the dialog may have been opened for another user, who has nothing to do with this change.
+  if (owner !== walletOwner) return;
+  if (problem === null) form.reset();
+  tellOfWallet(problem, problem === null ? 'The wallet has changed.' : '');
   button.disabled = false;
 }
 
-for (const form of document.querySelectorAll('#wallet form')) form.addEventListener('submit', submitWallet);
+for (const form of walletForms) form.addEventListener('submit', submitWallet);
 byId('wallet-close').addEventListener('click', () => byId('wallet').close());
 byId('wallet').addEventListener('close', () => {
   // The list may have been made anew since, so the browser cannot give the focus back.

@@ -32,8 +32,11 @@ Reply Campaigns::participate(const Caller& caller, const std::string& id, const 
   if (step == nullptr) return errorReply(404, "the scenario has no such campaign and action");
   const ParticipationBook::Key user{caller.appKey, caller.userId, id};
   UserDatabase::Change change(users_);
-  if (stateOf(*file, user) != step->from || (step->gives && wallets_.apply(change, caller, *step->gives))) {
-    return jsonReply(200, render(*file, user)["page"]);
+  if (stateOf(*file, user) != step->from) return jsonReply(200, render(*file, user)["page"]);
+  if (const auto problem = step->gives ? wallets_.apply(change, caller, *step->gives) : std::nullopt) {
+    auto reply = jsonReply(200, render(*file, user)["page"]);
+    reply.headers.emplace_back("Orrelo-Note", *problem);
+    return reply;
   }
   participations_.add(change, user, {action, step->to, dayOf(scenario_)});
   change.commit();

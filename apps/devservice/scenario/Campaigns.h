@@ -23,6 +23,7 @@ class Campaigns {
   Reply one(const Caller& caller, const std::string& id) const;
   /// Carries the action out, and gives or takes what it gives or takes, if the user's state and wallet allow
   /// it. Either way the reply is the page in the resulting state, so that a user who presses twice wins once.
+  /// If the wallet does not allow it, the header "Orrelo-Note" has the reason.
   Reply participate(const Caller& caller, const std::string& id, const std::string& action);
 
  private:

@@ -1,8 +1,10 @@
 #include "scenario/WalletJson.h"
 
 #include <algorithm>
+#include <chrono>
 #include <initializer_list>
 #include <optional>
+#include <regex>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -159,6 +161,17 @@ WalletFile walletFileFromText(const std::string& text) {
   } catch (const InvalidWallet& problem) {
     throw std::runtime_error(std::string("wallet.json: ") + problem.what());
   }
+}
+
+bool isDateOfVoucher(const std::string& text) {
+  static const std::regex form(
+      R"((\d{4})-(\d\d)-(\d\d)T([01]\d|2[0-3]):[0-5]\d:[0-5]\d(Z|[+-]([01]\d|2[0-3]):[0-5]\d))");
+  std::smatch found;
+  if (!std::regex_match(text, found, form)) return false;
+  const auto number = [&](std::size_t group) { return static_cast<unsigned>(std::stoi(found[group].str())); };
+  return std::chrono::year_month_day(std::chrono::year(static_cast<int>(number(1))),
+                                     std::chrono::month(number(2)), std::chrono::day(number(3)))
+      .ok();
 }
 
 json movementToJson(const PointMovement& movement) {

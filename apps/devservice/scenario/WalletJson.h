@@ -24,6 +24,10 @@ std::variant<WalletChange, std::string> walletChangeFromJson(const nlohmann::jso
 /// Reads the text of `wallet.json`. Throws std::runtime_error that says what is wrong in it.
 WalletFile walletFileFromText(const std::string& text);
 
+/// Whether clients can read the text as the limit date of a voucher, which is an RFC 3339 time of whole
+/// seconds.
+bool isDateOfVoucher(const std::string& text);
+
 /// A row of the history and a voucher, as clients get them. Only an issued voucher has an `imageUrl`.
 nlohmann::json movementToJson(const PointMovement& movement);
 nlohmann::json voucherToJson(const Voucher& voucher, const std::string& imageUrl);

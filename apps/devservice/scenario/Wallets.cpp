@@ -59,14 +59,19 @@ Wallets::Wallets(UserDatabase& users, const Scenario& scenario)
 WalletFile Wallets::open(const UserDatabase::Change& change, const Caller& caller) {
   const auto text = scenario_.wallet(caller.appKey);
   auto file = text ? walletFileFromText(fillIn(*text, caller, scenario_)) : WalletFile{};
-  if (!book_.has(ownerOf(caller))) book_.open(change, ownerOf(caller), file.beginning);
+  if (!book_.find(ownerOf(caller))) book_.open(change, ownerOf(caller), file.beginning);
+  return file;
+}
+
+WalletFile Wallets::opened(const Caller& caller) {
+  UserDatabase::Change change(users_);
+  auto file = open(change, caller);
+  change.commit();
   return file;
 }
 
 Reply Wallets::balance(const Caller& caller) {
-  UserDatabase::Change change(users_);
-  const auto file = open(change, caller);
-  change.commit();
+  const auto file = opened(caller);
   return jsonReply(200, {{"amount", book_.summary(ownerOf(caller)).points},
                          {"description", file.caption},
                          {"point_unit", file.unit},
@@ -76,9 +81,7 @@ Reply Wallets::balance(const Caller& caller) {
 Reply Wallets::history(const Caller& caller, const std::string& page) {
   const auto number = pageNumber(page);
   if (!number) return errorReply(400, "\"page\" must be a whole number from 0 of at most 9 digits");
-  UserDatabase::Change change(users_);
-  const auto file = open(change, caller);
-  change.commit();
+  const auto file = opened(caller);
   auto rows = json::array();
   for (const auto& movement : book_.history(ownerOf(caller), *number, file.pageSize)) {
     rows.push_back(movementToJson(movement));
@@ -87,17 +90,13 @@ Reply Wallets::history(const Caller& caller, const std::string& page) {
 }
 
 Reply Wallets::counts(const Caller& caller) {
-  UserDatabase::Change change(users_);
-  open(change, caller);
-  change.commit();
+  opened(caller);
   const auto has = book_.summary(ownerOf(caller));
   return jsonReply(200, {{"point", has.points}, {"ticket", has.tickets}, {"gifticon", has.usableVouchers}});
 }
 
 Reply Wallets::vouchers(const Caller& caller) {
-  UserDatabase::Change change(users_);
-  open(change, caller);
-  change.commit();
+  opened(caller);
   return jsonReply(200, vouchersOf(caller));
 }
 
@@ -119,9 +118,7 @@ Reply Wallets::issue(const Caller& caller, const std::string& body) {
   const auto voucher =
       std::ranges::find(owned, *id, [](const Voucher& each) { return std::to_string(each.id); });
   if (voucher == owned.end()) return errorReply(404, "the user has no such voucher");
-  if (voucher->state != "idle" && voucher->state != "downloaded") {
-    return errorReply(409, "the voucher is " + voucher->state);
-  }
+  if (!isUsable(voucher->state)) return errorReply(409, "the voucher is " + voucher->state);
   book_.setState(change, ownerOf(caller), voucher->id, "downloaded");
   change.commit();
   return jsonReply(200, vouchersOf(caller));
@@ -135,9 +132,9 @@ std::optional<std::string> Wallets::apply(const UserDatabase::Change& change, co
 
 Reply Wallets::show(const Caller& caller) {
   constexpr std::int64_t shownMovements = 50;
-  UserDatabase::Change change(users_);
-  const auto file = open(change, caller);
-  change.commit();
+  // Not committed: a page of another site can send this request, and must not make wallets by it.
+  UserDatabase::Change preview(users_);
+  const auto file = open(preview, caller);
   const auto has = book_.summary(ownerOf(caller));
   auto rows = json::array();
   for (const auto& movement : book_.history(ownerOf(caller), 0, shownMovements)) {
@@ -157,6 +154,12 @@ Reply Wallets::change(const Caller& caller, const std::string& body) {
   if (parsed.is_discarded()) return errorReply(400, "the body is not JSON");
   const auto wanted = walletChangeFromJson(parsed);
   if (const auto* problem = std::get_if<std::string>(&wanted)) return errorReply(400, *problem);
+  for (const auto& voucher : std::get<WalletChange>(wanted).vouchers) {
+    // Only files may have broken dates, because a voucher stays once a user has it.
+    if (!isDateOfVoucher(voucher.date)) {
+      return errorReply(400, "the \"date\" of a voucher must be like \"2026-12-31T23:59:59Z\"");
+    }
+  }
   {
     UserDatabase::Change change(users_);
     const auto problem = apply(change, caller, std::get<WalletChange>(wanted));

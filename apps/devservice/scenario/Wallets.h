@@ -32,15 +32,18 @@ class Wallets {
   /// then has changed nothing.
   std::optional<std::string> apply(const UserDatabase::Change& change, const Caller& caller,
                                    const WalletChange& wanted);
-  /// The whole wallet except the history's older rows, or the wallet after the change that the body
-  /// describes.
+  /// The whole wallet except the history's older rows. Makes no wallet: a user who has none is shown what
+  /// they would begin with.
   Reply show(const Caller& caller);
+  /// Makes the change that the body describes, and replies with the wallet as `show` does.
   Reply change(const Caller& caller, const std::string& body);
   const WalletBook& book() const { return book_; }
 
  private:
   /// Makes the caller's wallet if there is none. Returns what the file says now.
   WalletFile open(const UserDatabase::Change& change, const Caller& caller);
+  /// Does the same as a change of its own.
+  WalletFile opened(const Caller& caller);
   nlohmann::json vouchersOf(const Caller& caller) const;
 
   UserDatabase& users_;

@@ -1,5 +1,6 @@
 #include "store/WalletBook.h"
 
+#include <algorithm>
 #include <ranges>
 
 namespace orrelo::devservice {
@@ -12,7 +13,9 @@ constexpr auto schema = R"sql(
     user_id TEXT NOT NULL,
     points INTEGER NOT NULL,
     tickets INTEGER NOT NULL,
+    revision INTEGER NOT NULL,
     PRIMARY KEY(app_key, user_id)) WITHOUT ROWID;
+  CREATE INDEX IF NOT EXISTS wallets_by_revision ON wallets(revision);
   CREATE TABLE IF NOT EXISTS movements(
     id INTEGER PRIMARY KEY AUTOINCREMENT,
     app_key TEXT NOT NULL,
@@ -36,6 +39,9 @@ constexpr auto schema = R"sql(
 constexpr auto summaryColumns = R"sql(
   points, tickets, (SELECT count(*) FROM vouchers WHERE vouchers.app_key = wallets.app_key
     AND vouchers.user_id = wallets.user_id AND state IN ('idle', 'downloaded')))sql";
+
+/// Larger than that of each wallet, so that it orders the wallets by their last change.
+constexpr auto nextRevision = "(SELECT coalesce(max(revision), 0) + 1 FROM wallets)";
 
 constexpr auto ofUser = " WHERE app_key = ?1 AND user_id = ?2";
 
@@ -64,12 +70,6 @@ WalletBook::WalletBook(UserDatabase& users) : users_(users) {
   users_.use([](SQLite::Database& database) { database.exec(schema); });
 }
 
-bool WalletBook::has(const WalletOwner& owner) const {
-  return users_.use([&](SQLite::Database& database) {
-    return about(database, owner, std::string("SELECT 1 FROM wallets") + ofUser).executeStep();
-  });
-}
-
 void WalletBook::open(const UserDatabase::Change&, const WalletOwner& owner,
                       const WalletBeginning& beginning) {
   users_.use([&](SQLite::Database& database) {
@@ -80,8 +80,11 @@ void WalletBook::open(const UserDatabase::Change&, const WalletOwner& owner,
       addMovement(owner, movement);
     }
     for (const auto& voucher : beginning.vouchers | std::views::reverse) addVoucher(owner, voucher);
-    auto insert = about(database, owner,
-                        "INSERT INTO wallets(app_key, user_id, points, tickets) VALUES(?1, ?2, ?3, ?4)");
+    auto insert = about(
+        database, owner,
+        std::string(
+            "INSERT INTO wallets(app_key, user_id, points, tickets, revision) VALUES(?1, ?2, ?3, ?4, ") +
+            nextRevision + ")");
     insert.bind(3, points);
     insert.bind(4, beginning.tickets);
     insert.exec();
@@ -96,8 +99,11 @@ std::optional<std::string> WalletBook::problemWith(const WalletOwner& owner,
   if (wanted.redeemed > has.usableVouchers) {
     return "the user has " + std::to_string(has.usableVouchers) + " usable vouchers";
   }
-  if (std::ssize(vouchers(owner)) + std::ssize(wanted.vouchers) > mostVouchers) {
-    return "a user has at most " + std::to_string(mostVouchers) + " vouchers";
+  // Used, expired and canceled vouchers stay for ever and must not prevent new ones.
+  const auto added =
+      std::ranges::count_if(wanted.vouchers, [](const Voucher& each) { return isUsable(each.state); });
+  if (has.usableVouchers + added > mostVouchers) {
+    return "a user has at most " + std::to_string(mostVouchers) + " usable vouchers";
   }
   return std::nullopt;
 }
@@ -109,18 +115,21 @@ std::optional<std::string> WalletBook::apply(const UserDatabase::Change&, const 
     if (problem) return problem;
     auto update =
         about(database, owner,
-              std::string("UPDATE wallets SET points = points + ?3, tickets = tickets + ?4") + ofUser);
+              std::string("UPDATE wallets SET points = points + ?3, tickets = tickets + ?4, revision = ") +
+                  nextRevision + ofUser);
     update.bind(3, wanted.points);
     update.bind(4, wanted.tickets);
     update.exec();
     if (wanted.points != 0) addMovement(owner, {0, wanted.title, wanted.body, date, wanted.points});
     for (const auto& voucher : wanted.vouchers | std::views::reverse) addVoucher(owner, voucher);
-    auto redeem =
-        about(database, owner,
-              std::string("UPDATE vouchers SET state = 'used' WHERE id IN (SELECT id FROM vouchers") +
-                  ofUser + " AND state IN ('idle', 'downloaded') ORDER BY id LIMIT ?3)");
-    redeem.bind(3, wanted.redeemed);
-    redeem.exec();
+    if (wanted.redeemed > 0) {
+      auto redeem =
+          about(database, owner,
+                std::string("UPDATE vouchers SET state = 'used' WHERE id IN (SELECT id FROM vouchers") +
+                    ofUser + " AND state IN ('idle', 'downloaded') ORDER BY id LIMIT ?3)");
+      redeem.bind(3, wanted.redeemed);
+      redeem.exec();
+    }
     return problem;
   });
 }
@@ -162,10 +171,10 @@ void WalletBook::setState(const UserDatabase::Change&, const WalletOwner& owner,
   });
 }
 
-WalletSummary WalletBook::summary(const WalletOwner& owner) const {
+std::optional<WalletSummary> WalletBook::find(const WalletOwner& owner) const {
   return users_.use([&](SQLite::Database& database) {
     auto select = about(database, owner, std::string("SELECT") + summaryColumns + " FROM wallets" + ofUser);
-    return select.executeStep() ? readSummary(select, 0) : WalletSummary{};
+    return select.executeStep() ? std::optional(readSummary(select, 0)) : std::nullopt;
   });
 }
 
@@ -210,10 +219,10 @@ std::vector<Voucher> WalletBook::vouchers(const WalletOwner& owner) const {
   });
 }
 
-std::vector<std::pair<WalletOwner, WalletSummary>> WalletBook::all(int limit) const {
+std::vector<std::pair<WalletOwner, WalletSummary>> WalletBook::latest(int limit) const {
   return users_.use([&](SQLite::Database& database) {
     SQLite::Statement select(database, std::string("SELECT app_key, user_id,") + summaryColumns +
-                                           " FROM wallets ORDER BY app_key, user_id LIMIT ?1");
+                                           " FROM wallets ORDER BY revision DESC LIMIT ?1");
     select.bind(1, limit);
     std::vector<std::pair<WalletOwner, WalletSummary>> wallets;
     while (select.executeStep()) {

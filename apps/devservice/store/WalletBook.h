@@ -15,7 +15,6 @@ class WalletBook {
  public:
   explicit WalletBook(UserDatabase& users);
 
-  bool has(const WalletOwner& owner) const;
   /// Makes the wallet of a user who has none.
   void open(const UserDatabase::Change& change, const WalletOwner& owner, const WalletBeginning& beginning);
   /// Changes an open wallet; `date` is that of the history's row. Returns the reason why the wallet cannot be
@@ -26,15 +25,18 @@ class WalletBook {
   void setState(const UserDatabase::Change& change, const WalletOwner& owner, std::int64_t voucher,
                 const std::string& state);
 
+  /// Absent if the user has no wallet.
+  std::optional<WalletSummary> find(const WalletOwner& owner) const;
   /// Zeros if the user has no wallet.
-  WalletSummary summary(const WalletOwner& owner) const;
+  WalletSummary summary(const WalletOwner& owner) const { return find(owner).value_or(WalletSummary{}); }
   /// A page of the history, newest first. Pages count from 0; there are none beyond the last.
   std::vector<PointMovement> history(const WalletOwner& owner, std::int64_t page,
                                      std::int64_t pageSize) const;
   std::int64_t historySize(const WalletOwner& owner) const;
   /// Newest first.
   std::vector<Voucher> vouchers(const WalletOwner& owner) const;
-  std::vector<std::pair<WalletOwner, WalletSummary>> all(int limit) const;
+  /// The wallets that were made or changed by `apply` last, the last one first.
+  std::vector<std::pair<WalletOwner, WalletSummary>> latest(int limit) const;
 
  private:
   std::optional<std::string> problemWith(const WalletOwner& owner, const WalletChange& wanted) const;

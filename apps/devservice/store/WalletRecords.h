@@ -10,10 +10,16 @@ namespace orrelo::devservice {
 
 /// The largest balance of points or of tickets, and the largest single movement.
 constexpr std::int64_t largestBalance = 1'000'000'000;
+/// The most vouchers that a user can use, and the most that one change adds.
 constexpr std::int64_t mostVouchers = 1'000;
 
 /// The states of a voucher on the wire. A user can have an "idle" one issued and can use a "downloaded" one.
 constexpr std::array<std::string_view, 5> voucherStates{"idle", "downloaded", "expired", "used", "canceled"};
+
+/// Whether a voucher in this state can still be used.
+constexpr bool isUsable(std::string_view voucherState) {
+  return voucherState == "idle" || voucherState == "downloaded";
+}
 
 struct Voucher {
   /// Assigned by the book.

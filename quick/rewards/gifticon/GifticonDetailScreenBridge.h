@@ -12,6 +12,7 @@ class GifticonDetailScreenBridge final : public orrelo::quick::ScreenBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(orrelo::quick::ZoomImageBridge* image MEMBER image CONSTANT)
+  Q_PROPERTY(QString accessibilityLabel MEMBER accessibilityLabel CONSTANT)
   Q_PROPERTY(QString buttonText MEMBER buttonText CONSTANT)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
   Q_PROPERTY(orrelo::quick::ErrorBridge* error MEMBER error CONSTANT)
@@ -27,6 +28,7 @@ class GifticonDetailScreenBridge final : public orrelo::quick::ScreenBridge {
   }
 
   ZoomImageBridge* const image;
+  const QString accessibilityLabel = toQt(GifticonDetailViewController::accessibilityLabel);
   const QString buttonText;
   ErrorBridge* const error;
 

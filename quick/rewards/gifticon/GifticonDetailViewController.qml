@@ -9,7 +9,7 @@ FocusScope {
 
     focus: true
     Accessible.role: Accessible.Dialog
-    Accessible.name: "기프티콘"
+    Accessible.name: view.screen.accessibilityLabel
     Keys.onPressed: event => image.zoomBy(event)
 
     Rectangle {

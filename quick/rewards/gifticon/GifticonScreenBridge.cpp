@@ -14,7 +14,7 @@ GifticonScreenBridge::GifticonScreenBridge(const std::shared_ptr<GifticonViewCon
   follow(gifticons_.stateChanges());
 }
 
-// By position, so that the list keeps its place and its focus when a voucher changes its state.
+// Rows are matched by position: the list keeps its place and its focus when a voucher changes its state.
 void GifticonScreenBridge::updateCells() {
   const auto state = gifticons_.state();  // a copy, since each row emits a signal
   cells->assignByPosition<GifticonCellBridge>(

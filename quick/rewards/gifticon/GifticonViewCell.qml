@@ -8,7 +8,7 @@ PressArea {
     required property GifticonCellBridge modelData
     required property int index
     readonly property real padding: 16
-    /// More than any real text has, so that a broken one does not push the other vouchers away.
+    /// No real text has as many lines. The limit keeps a broken one from pushing the other vouchers away.
     readonly property int maximumLineCount: 12
 
     implicitHeight: Math.max(96, labelStack.height + 2 * padding, tapStack.height + 2 * padding)

@@ -12,6 +12,7 @@ class ZoomImageBridge final : public orrelo::quick::ViewBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(orrelo::quick::ImageBridge* image MEMBER image CONSTANT)
+  Q_PROPERTY(QString accessibilityLabel MEMBER accessibilityLabel CONSTANT)
   /// The image's place in the view; empty without an image.
   Q_PROPERTY(QRectF frame READ frame NOTIFY stateChanged)
 
@@ -22,6 +23,7 @@ class ZoomImageBridge final : public orrelo::quick::ViewBridge {
   }
 
   ImageBridge* const image;
+  const QString accessibilityLabel = toQt(ZoomImageView::accessibilityLabel);
 
   QRectF frame() const {
     const auto& frame = zoom_.frame.value();

@@ -25,7 +25,7 @@ Item {
 
     clip: true
     Accessible.role: Accessible.Graphic
-    Accessible.name: model.frame.width > 0 ? "기프티콘 이미지" : ""
+    Accessible.name: model.frame.width > 0 ? model.accessibilityLabel : ""
     Accessible.ignored: model.frame.width === 0
     Accessible.onIncreaseAction: model.turnWheel(1, width / 2, height / 2)
     Accessible.onDecreaseAction: model.turnWheel(-1, width / 2, height / 2)

@@ -7,6 +7,7 @@
 namespace orrelo {
 
 void GifticonDetailViewController::viewDidLoad() {
+  ViewController::viewDidLoad();
   UserEventTracker::track(UserEventName::visit, {{UserEventValueKey::pageName, "gifticon_detail"}});
   isLoading.set(true);
   const std::weak_ptr<ViewController> weak = weak_from_this();

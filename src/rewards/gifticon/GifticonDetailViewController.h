@@ -24,6 +24,8 @@ class ORRELO_EXPORT GifticonDetailViewController final : public ViewController {
   static constexpr std::string_view kindName = "GifticonDetailViewController";
   std::string_view kind() const override { return kindName; }
 
+  /// The screen's name for assistive technology.
+  static constexpr std::string_view accessibilityLabel = "기프티콘";
   const std::string imageUrl;
   const std::string buttonText;
   const std::shared_ptr<ZoomImageView> imageView = std::make_shared<ZoomImageView>();

@@ -17,6 +17,8 @@ class ORRELO_EXPORT ZoomImageView final : public ImageView {
   static constexpr double maximumScale = 4.0;
   /// One step of a key or a notch of a wheel.
   static constexpr double step = 1.25;
+  /// The image's name for assistive technology.
+  static constexpr std::string_view accessibilityLabel = "기프티콘 이미지";
 
   std::string_view kind() const override { return "ZoomImageView"; }
 

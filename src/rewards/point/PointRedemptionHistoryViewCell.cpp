@@ -27,8 +27,8 @@ PointRedemptionHistoryViewCell PointRedemptionHistoryViewCell::of(const PointRed
                                       .unit = unit,
                                       .amountColor = history.amount < 0 ? spentColor : gainedColor,
                                       .accessibilityLabel = {}};
-  const auto balance = unit.empty() ? cell.amount : cell.amount + " " + unit;
-  cell.accessibilityLabel = joinedLabel(joinedLabel(cell.date, joinedLabel(cell.title, cell.body)), balance);
+  cell.accessibilityLabel = joinedLabel(joinedLabel(cell.date, joinedLabel(cell.title, cell.body)),
+                                        amountText(history.amount, unit));
   return cell;
 }
 

@@ -1,7 +1,7 @@
 #include "rewards/point/PointRedemptionHistoryViewController.h"
 
 #include "model/UserManager.h"
-#include "ui/followOnMain.h"
+#include "reactive/Observable.h"
 
 #include <utility>
 
@@ -26,12 +26,13 @@ PointRedemptionHistoryViewCell PointRedemptionHistoryViewController::cell(std::s
 void PointRedemptionHistoryViewController::viewDidLoad() {
   ORLUIViewController::viewDidLoad();
   setTitle("내 히스토리");
-  followOnMain(viewModel_->viewStateStream(),
-               std::static_pointer_cast<PointRedemptionHistoryViewController>(shared_from_this()),
-               disposeBag_, &PointRedemptionHistoryViewController::render,
-               [](PointRedemptionHistoryViewController& self, const Error&) {
-                 self.render(PointRedemptionHistoryError{});
-               });
+  const std::weak_ptr<ViewController> weak = weak_from_this();
+  viewModel_->viewStateStream()
+      .subscribe([weak](const PointRedemptionHistoryViewState& viewState) {
+        const auto self = std::static_pointer_cast<PointRedemptionHistoryViewController>(weak.lock());
+        if (self) self->render(viewState);
+      })
+      .disposedBy(disposeBag_);
 }
 
 void PointRedemptionHistoryViewController::viewWillAppear(bool animated) {
@@ -63,7 +64,12 @@ void PointRedemptionHistoryViewController::append(const PointRedemptionHistoryLo
   pointView->update(loaded.point);
   state_.set({.isLoading = false, .rowCount = pointRedemptionHistories_.size(), .unit = loaded.point.unit});
   if (pointRedemptionHistories_.empty()) showError("적립 내역이 없습니다.");
-  loadAtTheEnd();
+  // The view model counts this page only after the call that has brought it.
+  const std::weak_ptr<ViewController> weak = weak_from_this();
+  reactive::MainScheduler::instance()->schedule([weak] {
+    const auto self = std::static_pointer_cast<PointRedemptionHistoryViewController>(weak.lock());
+    if (self) self->loadAtTheEnd();
+  });
 }
 
 void PointRedemptionHistoryViewController::showError(const std::string& text) {

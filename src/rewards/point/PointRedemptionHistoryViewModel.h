@@ -43,7 +43,8 @@ class PointRedemptionHistoryViewModel final
       FetchPointRedemptionHistoriesUseCase fetchPointRedemptionHistoriesUseCase,
       std::shared_ptr<FetchPointUseCase> fetchPointUseCase);
 
-  /// `loading` for each load, then `loaded` with one page or `error`. It never ends.
+  /// `loading` for each load, then `loaded` with one page or `error`, on the main thread. It never ends. The
+  /// page is counted after the call of the observers: a load within it would ask for the same page again.
   reactive::Observable<PointRedemptionHistoryViewState> viewStateStream() const {
     return viewStateStream_.asObservable();
   }
