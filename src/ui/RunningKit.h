@@ -22,17 +22,17 @@ class RewardViewModel;
 /// The services of the initialized kit that features use without knowing who builds it. `initialize` sets the
 /// current one.
 struct ORRELO_EXPORT RunningKit {
-  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
-  std::shared_ptr<CampaignNavigator> campaignNavigator;
+  std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase = nullptr;
+  std::shared_ptr<CampaignNavigator> campaignNavigator = nullptr;
   /// Loads the campaigns of home.
   std::shared_ptr<const CampaignListViewModel> campaignListViewModel = nullptr;
   /// Fetches the look of the floating buttons.
   std::shared_ptr<const FetchFloatingActionButtonPropertyUseCase> fetchFloatingActionButtonPropertyUseCase =
       nullptr;
-  /// What the reward tab shows; a feature above this folder.
+  /// Loads the reward tab of home. Defined in src/rewards.
   std::shared_ptr<RewardViewModel> rewardViewModel = nullptr;
   /// The routers of the features by page. A page without a router cannot be opened.
-  std::map<Page::Fixed, std::shared_ptr<Router>> routers;
+  std::map<Page::Fixed, std::shared_ptr<Router>> routers = {};
 
   /// The current kit; null until `makeCurrent`. All functions may be called on any thread.
   static std::shared_ptr<const RunningKit> current();

@@ -105,6 +105,9 @@ TEST_F(EntryViewTest, StartsAsTheUserIsAndFollowsEachChangeWithAFade) {
   EXPECT_THAT(takeReports(),
               ElementsAre("ol_campaign_entry_point_show shop", "ol_campaign_entry_point_show shop"))
       << "one for each user, the same one included";
+  platform_.application->setPrefersReducedMotion(true);
+  setUser(std::nullopt);
+  EXPECT_EQ(view->state(), (CampaignEntryView::State{0.0, std::nullopt, 4}));
 }
 
 TEST_F(EntryViewTest, ATapOpensHomeOverTheTopmostScreen) {
@@ -126,6 +129,26 @@ TEST_F(EntryViewTest, ATapOpensHomeOverTheTopmostScreen) {
   view->orlHandleTapGesture(root);
   EXPECT_EQ(navigator_->opened.size(), 2U) << "it is invisible";
   EXPECT_THAT(takeReports(), IsEmpty());
+}
+
+TEST_F(EntryViewTest, TheHostMayDestroyTheViewAsTheTapIsReported) {
+  class Destroying final : public ORLUserEventDelegate {
+   public:
+    explicit Destroying(std::shared_ptr<CampaignEntryView>& view) : view_(view) {}
+    void userEventDidOccur(const ORLUserEvent&) override { view_.reset(); }
+
+   private:
+    std::shared_ptr<CampaignEntryView>& view_;
+  };
+  setUser("minji");
+  auto view = CampaignEntryView::create();
+  view->entryName = "shop";
+  const auto destroying = std::make_shared<Destroying>(view);
+  setUserEventDelegate(destroying);
+  const auto root = std::make_shared<HostViewController>();
+  view->orlHandleTapGesture(root);
+  EXPECT_EQ(view, nullptr);
+  EXPECT_EQ(navigator_->opened.size(), 1U);
 }
 
 TEST_F(EntryViewTest, IsInertWithoutAKit) {

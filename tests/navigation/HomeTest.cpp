@@ -159,12 +159,17 @@ TEST_F(HomeTest, EachCallFetchesAndOpensItsOwnScreen) {
   platform_.loop->run();
   ASSERT_TRUE(other->presentedViewController());
   EXPECT_FALSE(other->presentedViewController()->presentedViewController()) << "the second is refused";
-  EXPECT_GE(asked("/campaigns"), before);
+  EXPECT_EQ(asked("/campaigns"), before + 3) << "one for each call and one for the screen that has appeared";
   Orrelo::showHome(nullptr);
   auto gone = std::make_shared<HostViewController>();
+  const std::weak_ptr<HostViewController> weak = gone;
   Orrelo::showHome(gone);
   gone.reset();
+  reports_->pages.clear();
   platform_.loop->run();
+  EXPECT_TRUE(weak.expired());
+  EXPECT_THAT(reports_->pages, IsEmpty()) << "no screen has appeared";
+  EXPECT_EQ(navigation->state().viewControllers.size(), 3U);
 }
 
 TEST_F(HomeTest, ContainsTheRewardsAboveTheCampaigns) {
@@ -202,16 +207,19 @@ TEST_F(HomeTest, APartThatFailsOrNeverComesLeavesTheOther) {
   reload("/campaigns", ScriptedURLSession::reply(200, "[]"));
   EXPECT_EQ(errorOf(*screen), "진행 중인 캠페인이 없습니다.");
   EXPECT_THAT(screen->campaignListViewController()->state().cells, IsEmpty());
+  const auto& list = screen->campaignListViewController()->state();
+  const auto before = list.loadCount;
   reload("/my-rewards", ScriptedURLSession::reply(500));
   EXPECT_EQ(errorOf(*screen), "") << "a later list hides the message";
+  EXPECT_EQ(list.loadCount, before + 1);
   EXPECT_EQ(screen->campaignListViewController()->state().cells.size(), 2U);
   ASSERT_EQ(screen->toastLayer->toasts.value().size(), 1U);
   EXPECT_EQ(screen->toastLayer->toasts.value()[0]->message, "리워드 정보를 가져오는데 실패했습니다.");
   reload("/my-point", ScriptedURLSession::reply(500));
   EXPECT_TRUE(screen->rewardViewController()->pointView->state.value().isHidden);
-  EXPECT_EQ(screen->campaignListViewController()->state().cells.size(), 2U);
+  EXPECT_EQ(list.loadCount, before + 2);
   reload("/my-rewards", std::nullopt);
-  EXPECT_EQ(screen->campaignListViewController()->state().cells.size(), 2U);
+  EXPECT_EQ(list.loadCount, before + 3);
   reload("/campaigns", std::nullopt);
   EXPECT_FALSE(screen->rewardViewController()->pointView->state.value().isHidden);
   signIn(nullptr);

@@ -1,4 +1,5 @@
 #include "QuickTest.h"
+#include "platform/posix/PosixApplication.h"
 #include "support/Reports.h"
 
 #include <orrelo/quick/ORLCampaignEntryView.h>
@@ -54,10 +55,11 @@ class EntryTest : public QuickTest {
               id: entry
               width: parent.width
               entryName: "shop page"
+              Repeater { model: 1; Item {} }
               Rectangle {
                 id: banner
                 width: parent.width; height: 96; radius: 12; color: "#fff1d6"
-                Text { anchors.centerIn: parent; text: "오늘의 혜택 보러 가기"; font.pixelSize: 18 }
+                Text { objectName: "line"; anchors.centerIn: parent; text: "오늘의 혜택 보러 가기"; font.pixelSize: 18 }
               }
             }
             Text { objectName: "below"; text: "아래" }
@@ -121,6 +123,20 @@ TEST_F(EntryTest, AnEntryFollowsTheUser) {
   grab("entry-390");
 }
 
+TEST_F(EntryTest, ReducedMotionHidesAndShowsAnEntryAtOnce) {
+  const auto application = std::dynamic_pointer_cast<PosixApplication>(Platform::current().application);
+  application->setPrefersReducedMotion(true);
+  openPage({390, 844});
+  Orrelo::setUser(std::nullopt);
+  ASSERT_TRUE(waitFor([&] { return !entryItem()->isEnabled(); }));
+  EXPECT_EQ(entryItem()->opacity(), 0.0);
+  EXPECT_FALSE(entryItem()->isVisible());
+  signIn("u-2");
+  ASSERT_TRUE(waitFor([&] { return entryItem()->isEnabled(); }));
+  EXPECT_EQ(entryItem()->opacity(), 1.0);
+  EXPECT_TRUE(entryItem()->isVisible());
+}
+
 TEST_F(EntryTest, ATapAndTheKeyboardOpenHome) {
   openPage({390, 844});
   click(banner);
@@ -133,6 +149,10 @@ TEST_F(EntryTest, ATapAndTheKeyboardOpenHome) {
   press(Qt::Key_Tab);
   press(Qt::Key_Tab);
   EXPECT_EQ(focusName(), banner);
+  EXPECT_FALSE(names().contains(button)) << "items without an area cannot be pressed";
+  const auto renewed = QStringLiteral("새 혜택");
+  window_->findChild<QQuickItem*>("line")->setProperty("text", renewed);
+  EXPECT_EQ(focusName(), renewed);
   press(Qt::Key_Return);
   EXPECT_TRUE(waitFor([&] { return host()->presentedViewController() != nullptr; }));
 }
@@ -144,10 +164,12 @@ TEST_F(EntryTest, TheFloatingButtonHasTheLookOfTheService) {
     EXPECT_EQ(named(button), nullptr) << "it waits for the next user";
     signIn("u-2");
     ASSERT_TRUE(waitForNamed(tip));
+    auto* const tooltip = drawnBy("TooltipView").at(0);
+    expectNothingCut();
     waitForFades(1.0);
     grab(scale == 1.0 ? "floating-button-320" : "floating-button-320-large-text");
-    expectNothingCut();
-    EXPECT_TRUE(waitFor([&] { return named(tip) == nullptr; })) << "the tooltip dismisses itself";
+    ASSERT_TRUE(QMetaObject::invokeMethod(tooltip, "faded"));
+    EXPECT_EQ(named(tip), nullptr) << "the tooltip dismisses itself";
     click(button);
     ASSERT_TRUE(waitFor([&] { return host()->presentedViewController() != nullptr; }));
   }
@@ -182,24 +204,58 @@ TEST_F(EntryTest, InCppAnyItemsOfTheSceneBecomeClickable) {
   EXPECT_EQ(host()->presentedViewController(), nullptr);
 }
 
-TEST_F(EntryTest, AViewMayBeLetGoDuringItsOwnTap) {
-  class Clearing final : public ORLUserEventDelegate {
+TEST_F(EntryTest, TheHostMayActOnTheEntryDuringATap) {
+  class Acting final : public ORLUserEventDelegate {
    public:
-    explicit Clearing(quick::ORLCampaignEntryView& view) : view_(view) {}
-    void userEventDidOccur(const ORLUserEvent&) override { view_.setClickableViews({}); }
+    explicit Acting(std::function<void()> act) : act_(std::move(act)) {}
+    void userEventDidOccur(const ORLUserEvent& event) override {
+      if (event.name == "ol_campaign_entry_point_click") act_();
+    }
 
    private:
-    quick::ORLCampaignEntryView& view_;
+    const std::function<void()> act_;
   };
+  std::unique_ptr<quick::ORLCampaignEntryView> entry;
+  const auto expectHome = [&](const QString& pressed, const std::function<void()>& act) {
+    const auto acting = std::make_shared<Acting>(act);
+    Orrelo::setUserEventDelegate(acting);
+    click(pressed);
+    EXPECT_TRUE(waitFor([&] { return host()->presentedViewController() != nullptr; }));
+  };
+  const auto makeEntry = [&] {
+    entry.reset();
+    open({390, 844});
+    entry = std::make_unique<quick::ORLCampaignEntryView>(named("host")->parentItem());
+    entry->setEntryName("shop");
+    entry->setClickableViews({named("host")});
+  };
+  makeEntry();
+  expectHome("host", [&] { entry->setClickableViews({}); });
+  EXPECT_THAT(entry->clickableViews(), IsEmpty());
+  makeEntry();
+  expectHome("host", [&] { entry.reset(); });
+  EXPECT_EQ(entry, nullptr);
   open({390, 844});
-  quick::ORLCampaignEntryView entry(named("host")->parentItem());
-  entry.setEntryName("shop");
-  entry.setClickableViews({named("host")});
-  const auto clearing = std::make_shared<Clearing>(entry);
-  Orrelo::setUserEventDelegate(clearing);
-  click("host");
-  EXPECT_THAT(entry.clickableViews(), IsEmpty());
-  EXPECT_TRUE(waitFor([&] { return host()->presentedViewController() != nullptr; }));
+  entry = std::make_unique<quick::ORLCampaignFloatingActionButton>(window_->contentItem());
+  entry->setSize({300, entry->implicitHeight()});
+  signIn("u-2");
+  ASSERT_TRUE(waitForNamed(button));
+  expectHome(button, [&] { entry.reset(); });
+  EXPECT_EQ(entry, nullptr);
+}
+
+TEST_F(EntryTest, TheButtonFollowsTheWidthOfItsWindow) {
+  open({390, 844});
+  QQuickWindow other;
+  other.resize(200, 300);
+  quick::ORLCampaignFloatingActionButton fab(window_->contentItem());
+  const double whole = fab.implicitWidth();
+  fab.setParentItem(other.contentItem());
+  EXPECT_EQ(fab.implicitWidth(), 200.0);
+  other.resize(250, 300);
+  EXPECT_EQ(fab.implicitWidth(), 250.0);
+  fab.setParentItem(window_->contentItem());
+  EXPECT_EQ(fab.implicitWidth(), whole);
 }
 
 TEST_F(EntryTest, InCppTheButtonIsAnItemLikeAnyOther) {

@@ -106,6 +106,17 @@ TEST_F(ExternalPointTest, TheEntryViewTakesNoRoomWhereTheExchangeIsDisabled) {
   EXPECT_EQ(quick::makeExternalPointEntryView(nullptr), nullptr);
 }
 
+TEST_F(ExternalPointTest, TheParentOfTheEntryViewMayBeAnyItem) {
+  initialize();
+  open({390, 844});
+  QQuickWindow plain;
+  for (auto* const parent : {window_->contentItem(), plain.contentItem()}) {
+    const auto* const entry = quick::makeExternalPointEntryView(parent);
+    ASSERT_NE(entry, nullptr);
+    EXPECT_TRUE(waitFor([&] { return entry->implicitHeight() > 40.0; }));
+  }
+}
+
 TEST_F(ExternalPointTest, AHostPlacesTheEntryViewInQml) {
   initialize();
   QQmlComponent component(engine_.get());

@@ -111,6 +111,21 @@ TEST_F(HomeTest, ShowsTheCampaignsInSightAndOpensTheOneThatIsPressed) {
   EXPECT_EQ(again, shown);
 }
 
+TEST_F(HomeTest, NothingIsInSightBehindAMessage) {
+  openHome();
+  const auto anyInSight = [this] {
+    const auto& cells = home()->campaignListViewController()->state().cells;
+    return std::any_of(cells.begin(), cells.end(), [](const auto& cell) { return cell->isInSight; });
+  };
+  press(Qt::Key_End);  // the top of the window crosses a campaign
+  settle();
+  EXPECT_TRUE(anyInSight());
+  service_->answers["/campaigns"] = {500, ""};
+  press(Qt::Key_F5);
+  ASSERT_TRUE(waitForNamed(QStringLiteral("잠시 후 다시 시도해 주세요.")));
+  EXPECT_FALSE(anyInSight());
+}
+
 TEST_F(HomeTest, ReadersAndTheKeyboardGoFromTheTitleToTheLastCampaign) {
   openHome();
   const auto all = names();
@@ -214,7 +229,7 @@ TEST_F(HomeTest, APullLoadsEverythingAgain) {
   const auto lists = service_->timesAsked("/campaigns");
   const auto rewards = service_->timesAsked("/my-rewards");
   QTest::mousePress(window_, Qt::LeftButton, {}, {195, 300});
-  for (int y = 300; y <= 640; y += 20) QTest::mouseMove(window_, {195, y}, 10);
+  for (int y = 300; y <= 640; y += 20) QTest::mouseMove(window_, {195, y});
   QTest::mouseRelease(window_, Qt::LeftButton, {}, {195, 640});
   EXPECT_TRUE(waitFor([&] { return service_->timesAsked("/campaigns") == lists + 1; }));
   EXPECT_TRUE(waitFor([&] { return service_->timesAsked("/my-rewards") == rewards + 1; }));

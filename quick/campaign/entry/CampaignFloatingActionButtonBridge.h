@@ -7,6 +7,7 @@
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <QColor>
+#include <QPointer>
 #include <QQuickItem>
 #include <QUrl>
 
@@ -43,14 +44,22 @@ class CampaignFloatingActionButtonBridge final : public orrelo::quick::ViewBridg
 
   QColor color() const { return toQt(button_.color.value()); }
 
-  /// Called for a tap on `item`, the button.
+  /// True during a tap.
+  bool isTapped() const { return isTapped_; }
+
+  /// Called for a tap on `item`, the button. The host's delegate may delete the button's item meanwhile.
   Q_INVOKABLE void tap(QQuickItem* item) {
+    const auto keep = view();
+    const QPointer<CampaignFloatingActionButtonBridge> self(this);
+    isTapped_ = true;
     button_.orlHandleTapGesture(hostViewController(item->window())->root());
+    if (self) isTapped_ = false;
   }
   Q_INVOKABLE void tooltipDidFade() { button_.tooltipDidFade(); }
 
  private:
   CampaignFloatingActionButton& button_;
+  bool isTapped_ = false;
 };
 
 }  // namespace orrelo::quick

@@ -2,21 +2,32 @@
 
 #include "campaign/entry/CampaignFloatingActionButton.h"
 #include "quick/bridge/Conversions.h"
-#include "quick/campaign/entry/engineOf.h"
+#include "quick/bridge/engineOf.h"
 
 #include <QAccessible>
+#include <QLoggingCategory>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QStringList>
+#include <utility>
 
 namespace orrelo::quick {
 namespace {
+
+Q_LOGGING_CATEGORY(entry, "orrelo.entry")
 
 QString ownName(QQuickItem* item) {
   auto* const accessible = QAccessible::queryAccessibleInterface(item);
   const auto name = accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
   return name.isEmpty() && item->inherits("QQuickText") ? item->property("text").toString() : name;
+}
+
+// Collects the texts in the item, each of which is an item of its own.
+void collectTexts(QQuickItem* item, QList<QQuickItem*>& texts) {
+  if (item->inherits("QQuickText")) texts.push_back(item);
+  const auto children = item->childItems();
+  for (auto* const child : children) collectTexts(child, texts);
 }
 
 // The name of the item, or else those of the visible items in it.
@@ -28,10 +39,6 @@ void collectNames(QQuickItem* item, const QQuickItem* area, QStringList& names) 
 }
 
 }  // namespace
-
-ClickableView::ClickableView(QQuickItem& view) : view_(&view) {
-  connect(&view, &QObject::destroyed, this, &ClickableView::gone);
-}
 
 ClickableView::ClickableView(QQuickItem& view, OnTap onTap) : view_(&view), onTap_(std::move(onTap)) {
   connect(&view, &QObject::destroyed, this, &ClickableView::gone);
@@ -61,10 +68,25 @@ void ClickableView::makeArea() {
   QQmlComponent component(&engineOf(*view_), moduleFile(QStringLiteral("ClickArea.qml")));
   area_ = qobject_cast<QQuickItem*>(
       component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(this)}}));
+  if (!area_) {
+    qCWarning(entry) << component.errorString();
+    return;
+  }
   QQmlEngine::setObjectOwnership(area_, QQmlEngine::CppOwnership);
   area_->setParentItem(view_);
-  // Texts that the host's bindings have not set yet are there when the event loop runs.
-  QMetaObject::invokeMethod(this, &ClickableView::nameChanged, Qt::QueuedConnection);
+  // Texts that the host's bindings have not made or set yet are there when the event loop runs.
+  QMetaObject::invokeMethod(this, &ClickableView::followTexts, Qt::QueuedConnection);
+}
+
+void ClickableView::followTexts() {
+  if (!view_) return;
+  QList<QQuickItem*> texts;
+  collectTexts(view_, texts);
+  for (auto* const text : std::as_const(texts)) {
+    connect(text, SIGNAL(textChanged(QString)), this, SIGNAL(nameChanged()), Qt::UniqueConnection);
+    connect(text, &QQuickItem::visibleChanged, this, &ClickableView::nameChanged, Qt::UniqueConnection);
+  }
+  Q_EMIT nameChanged();
 }
 
 QString ClickableView::name() const {
@@ -77,7 +99,7 @@ QString ClickableView::name() const {
 void ClickableView::setEnabled(bool isEnabled) {
   if (isEnabled == isEnabled_) return;
   isEnabled_ = isEnabled;
-  Q_EMIT nameChanged();  // the texts may have changed meanwhile
+  followTexts();  // there may be others meanwhile
   Q_EMIT isEnabledChanged();
 }
 

@@ -15,7 +15,7 @@ class ClickableView final : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("")
-  /// The texts in the item, for assistive technology.
+  /// The texts in the item, for assistive technology. Follows them as they change.
   Q_PROPERTY(QString name READ name NOTIFY nameChanged)
   /// False while the entry view is invisible.
   Q_PROPERTY(bool isEnabled READ isEnabled NOTIFY isEnabledChanged)
@@ -25,8 +25,6 @@ class ClickableView final : public QObject {
 
   /// `onTap` may delete this object, but should use `letGo`.
   ClickableView(QQuickItem& view, OnTap onTap);
-  /// For an item that takes its input itself.
-  explicit ClickableView(QQuickItem& view);
   ~ClickableView() override;
 
   /// Deletes the view, or later if it is handling a tap; then it belongs to `owner` until it is deleted.
@@ -48,6 +46,7 @@ class ClickableView final : public QObject {
 
  private:
   void makeArea();
+  void followTexts();
 
   const QPointer<QQuickItem> view_;
   const OnTap onTap_;

@@ -8,6 +8,7 @@
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <QEasingCurve>
+#include <QPointer>
 #include <QVariantAnimation>
 #include <algorithm>
 #include <utility>
@@ -23,6 +24,8 @@ class ORLCampaignEntryView::Body {
 
   const std::shared_ptr<CampaignEntryView> entry;
   std::vector<std::unique_ptr<ClickableView>> views;
+  /// An item that takes its input itself.
+  QPointer<QQuickItem> ownView;
   QVariantAnimation fade;
   Subscriptions subscriptions;
 };
@@ -78,6 +81,7 @@ void ORLCampaignEntryView::setEntryName(const QString& name) {
 
 QList<QQuickItem*> ORLCampaignEntryView::clickableViews() const {
   QList<QQuickItem*> views;
+  if (body_->ownView) views.push_back(body_->ownView);
   for (const auto& view : body_->views) views.push_back(view->view());
   return views;
 }
@@ -92,10 +96,15 @@ void ORLCampaignEntryView::setClickableViews(const QList<QQuickItem*>& views) {
   }
   for (auto* const view : views) {
     if (view == nullptr || clickableViews().contains(view)) continue;
-    addClickableView(std::make_unique<ClickableView>(*view, [this, view] {
-      body_->entry->orlHandleTapGesture(hostViewController(view->window())->root());
+    // The tap keeps the entry alive, since the host's delegate may delete this item.
+    addClickableView(std::make_unique<ClickableView>(*view, [entry = body_->entry, view] {
+      entry->orlHandleTapGesture(hostViewController(view->window())->root());
     }));
   }
+}
+
+void ORLCampaignEntryView::setOwnView(QQuickItem* view) {
+  body_->ownView = view;
 }
 
 void ORLCampaignEntryView::addClickableView(std::unique_ptr<ClickableView> view) {

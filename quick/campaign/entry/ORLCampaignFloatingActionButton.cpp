@@ -1,10 +1,10 @@
 #include "campaign/entry/CampaignFloatingActionButton.h"
+#include "quick/bridge/engineOf.h"
 #include "quick/campaign/entry/CampaignFloatingActionButtonBridge.h"
-#include "quick/campaign/entry/ClickableView.h"
-#include "quick/campaign/entry/engineOf.h"
 
 #include <orrelo/quick/ORLCampaignFloatingActionButton.h>
 
+#include <QLoggingCategory>
 #include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -12,6 +12,11 @@
 #include <algorithm>
 
 namespace orrelo::quick {
+namespace {
+
+Q_LOGGING_CATEGORY(entry, "orrelo.entry")
+
+}  // namespace
 
 class ORLCampaignFloatingActionButton::Body {
  public:
@@ -19,6 +24,7 @@ class ORLCampaignFloatingActionButton::Body {
 
   CampaignFloatingActionButtonBridge* const bridge;
   QPointer<QQuickItem> look;
+  QMetaObject::Connection windowWidth;
 };
 
 ORLCampaignFloatingActionButton::ORLCampaignFloatingActionButton(QQuickItem* parent)
@@ -28,39 +34,59 @@ ORLCampaignFloatingActionButton::ORLCampaignFloatingActionButton(
     const std::shared_ptr<CampaignFloatingActionButton>& button, QQuickItem* parent)
     : ORLCampaignEntryView(button, parent),
       body_(std::make_unique<Body>(new CampaignFloatingActionButtonBridge(button, this))) {
-  if (window() != nullptr) makeLook();
+  followWindow();
 }
 
 ORLCampaignFloatingActionButton::~ORLCampaignFloatingActionButton() {
-  delete body_->look;  // before the bridge that it draws
+  auto* const look = body_->look.data();
+  if (look != nullptr && body_->bridge->isTapped()) {
+    look->setParentItem(nullptr);
+    body_->bridge->setParent(look);
+    look->deleteLater();  // it is handling the tap
+  } else {
+    delete look;  // before the bridge that it draws
+  }
 }
 
 void ORLCampaignFloatingActionButton::itemChange(ItemChange change, const ItemChangeData& data) {
   ORLCampaignEntryView::itemChange(change, data);
-  if (change == ItemSceneChange && data.window != nullptr) makeLook();
+  if (change == ItemSceneChange) followWindow();
+}
+
+void ORLCampaignFloatingActionButton::followWindow() {
+  disconnect(body_->windowWidth);
+  if (window() == nullptr) return;
+  if (!body_->look) makeLook();
+  body_->windowWidth =
+      connect(window(), &QQuickWindow::widthChanged, this, &ORLCampaignFloatingActionButton::measure);
+  measure();
+}
+
+void ORLCampaignFloatingActionButton::measure() {
+  if (!body_->look) return;
+  const double width = body_->look->implicitWidth();
+  setImplicitSize(window() != nullptr ? std::min<double>(width, window()->width()) : width,
+                  body_->look->implicitHeight());
 }
 
 void ORLCampaignFloatingActionButton::makeLook() {
-  if (body_->look) return;
   QQmlComponent component(&engineOf(*this), body_->bridge->delegate());
   auto* const look = qobject_cast<QQuickItem*>(component.createWithInitialProperties(
       {{QStringLiteral("model"), QVariant::fromValue(body_->bridge)},
        {QStringLiteral("parent"), QVariant::fromValue<QQuickItem*>(this)}}));
+  if (look == nullptr) {
+    qCWarning(entry) << component.errorString();
+    return;
+  }
   QQmlEngine::setObjectOwnership(look, QQmlEngine::CppOwnership);
   body_->look = look;
   const auto fit = [this, look] { look->setSize(size()); };
-  const auto measure = [this, look] {
-    const double room = window() != nullptr ? window()->width() : look->implicitWidth();
-    setImplicitSize(std::min(look->implicitWidth(), room), look->implicitHeight());
-  };
   connect(this, &QQuickItem::widthChanged, look, fit);
   connect(this, &QQuickItem::heightChanged, look, fit);
-  connect(look, &QQuickItem::implicitWidthChanged, this, measure);
-  connect(look, &QQuickItem::implicitHeightChanged, this, measure);
-  connect(window(), &QQuickWindow::widthChanged, this, measure);
-  measure();
+  connect(look, &QQuickItem::implicitWidthChanged, this, &ORLCampaignFloatingActionButton::measure);
+  connect(look, &QQuickItem::implicitHeightChanged, this, &ORLCampaignFloatingActionButton::measure);
   fit();
-  addClickableView(std::make_unique<ClickableView>(*look->property("button").value<QQuickItem*>()));
+  setOwnView(look->property("button").value<QQuickItem*>());
 }
 
 }  // namespace orrelo::quick

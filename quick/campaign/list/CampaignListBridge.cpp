@@ -18,10 +18,13 @@ void CampaignListBridge::update() {
 }
 
 void CampaignListBridge::reportSight(QQuickItem* list, double top, double bottom) const {
+  const bool isSeen = list->isVisible() && top < bottom;
   const auto items = list->childItems();
   for (const auto* const item : items) {
     const auto* const row = item->property("modelData").value<CampaignViewCellBridge*>();
-    if (row != nullptr) list_->setInSight(row->cell, item->y() < bottom && item->y() + item->height() > top);
+    if (row == nullptr) continue;
+    const bool isInRange = item->y() < bottom && item->y() + item->height() > top;
+    list_->setInSight(row->cell, isSeen && isInRange);
   }
 }
 

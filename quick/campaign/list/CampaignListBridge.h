@@ -22,7 +22,8 @@ class CampaignListBridge final : public orrelo::quick::ScreenBridge {
   ListBridge* const cells;
 
   /// Tells the core which cells are in sight: the items in `list` that draw them and lie at least in part
-  /// between `top` and `bottom`, in coordinates of `list`.
+  /// between `top` and `bottom`, in coordinates of `list`. Nothing is in sight while `list` is invisible or
+  /// the area between the two is empty.
   Q_INVOKABLE void reportSight(QQuickItem* list, double top, double bottom) const;
   /// Called when the cells of a new list are in their places and their sight has been reported.
   Q_INVOKABLE void didLayOut() const { list_->didLayOut(); }

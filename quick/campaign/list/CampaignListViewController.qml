@@ -11,7 +11,7 @@ Column {
 
     function report() {
         const top = mapFromItem(scroll, 0, 0).y
-        screen.reportSight(list, top, visible ? top + scroll.height : top)
+        screen.reportSight(list, top, top + scroll.height)
     }
     function settle() {
         report()

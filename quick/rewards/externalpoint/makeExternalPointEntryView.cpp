@@ -1,3 +1,5 @@
+#include "quick/bridge/engineOf.h"
+
 #include <orrelo/quick/ExternalPointEntryView.h>
 
 #include <QLoggingCategory>
@@ -14,13 +16,13 @@ Q_LOGGING_CATEGORY(entry, "orrelo.entry")
 }  // namespace
 
 QQuickItem* makeExternalPointEntryView(QQuickItem* parent) {
-  auto* const engine = parent != nullptr ? qmlEngine(parent) : nullptr;
-  if (engine == nullptr) {
-    qCWarning(entry) << "makeExternalPointEntryView() needs a parent that a QML engine has made";
+  if (parent == nullptr) {
+    qCWarning(entry) << "makeExternalPointEntryView() needs a parent";
     return nullptr;
   }
   QQmlComponent component(
-      engine, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/OrreloExternalPointEntryView.qml")));
+      &engineOf(*parent),
+      QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/OrreloExternalPointEntryView.qml")));
   auto* const item = qobject_cast<QQuickItem*>(component.create(qmlContext(parent)));
   if (item == nullptr) {
     qCWarning(entry) << component.errorString();

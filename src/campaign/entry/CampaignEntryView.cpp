@@ -2,9 +2,12 @@
 
 #include "events/UserEventTracker.h"
 #include "model/UserManager.h"
+#include "platform/Application.h"
 #include "ui/KeyWindow.h"
 #include "ui/RunningKit.h"
 #include "ui/followOnMain.h"
+
+#include <orrelo/Platform.h>
 
 namespace orrelo {
 namespace {
@@ -16,9 +19,9 @@ void report(UserEventName event, const std::optional<std::string>& entryName) {
 }  // namespace
 
 std::shared_ptr<CampaignEntryView> CampaignEntryView::create() {
-  const bool isShown = RunningKit::current() && currentUserId();
-  const std::shared_ptr<CampaignEntryView> view(new CampaignEntryView(isShown ? 1.0 : 0.0));
-  view->start();
+  const std::shared_ptr<CampaignEntryView> view(new CampaignEntryView);
+  // The user is read after the subscription, so that no change between the two is lost.
+  if (view->start() && currentUserId()) view->state_.set({1.0, std::nullopt, 0});
   return view;
 }
 
@@ -40,7 +43,7 @@ void CampaignEntryView::setSignedIn(bool isSignedIn) {
 
 void CampaignEntryView::setAlpha(double alpha, bool animated) {
   State next{alpha, std::nullopt, state().fadeCount + 1};
-  if (animated) {
+  if (animated && !Platform::current().application->prefersReducedMotion()) {
     next.fade = Animation{
         .from = state().alpha, .to = alpha, .duration = fadeDuration, .curve = Animation::Curve::easeOut};
   }
@@ -49,9 +52,10 @@ void CampaignEntryView::setAlpha(double alpha, bool animated) {
 
 void CampaignEntryView::orlHandleTapGesture(const std::shared_ptr<ViewController>& root) const {
   if (state().alpha == 0.0) return;
+  const auto navigator = navigator_;  // the host's delegate may destroy this view
   report(UserEventName::campaignEntryPointClick, entryName);
   const auto window = root ? root : keyWindowRootViewController();
-  if (navigator_ && window) navigator_->showHome(window->topmost(), currentUserId());
+  if (navigator && window) navigator->showHome(window->topmost(), currentUserId());
 }
 
 }  // namespace orrelo

@@ -20,7 +20,8 @@ class ORRELO_EXPORT CampaignEntryView : public View {
   struct State {
     /// The opacity after the last fade. At 0 the view takes no taps and no focus.
     double alpha = 0.0;
-    /// The last animation of the opacity; absent if the last change was not animated.
+    /// The last animation of the opacity; absent if the last change was not animated, as for a user who
+    /// prefers reduced motion.
     std::optional<Animation> fade;
     /// The number of changes. The front starts the fade at each of them.
     int fadeCount = 0;
@@ -45,7 +46,7 @@ class ORRELO_EXPORT CampaignEntryView : public View {
   std::optional<std::string> entryName;
 
  protected:
-  explicit CampaignEntryView(double alpha) : state_({alpha, std::nullopt, 0}) {}
+  CampaignEntryView() = default;
 
   /// Follows the user. Returns false if the kit is not initialized.
   bool start();

@@ -7,8 +7,7 @@
 namespace orrelo {
 
 CampaignFloatingActionButton::CampaignFloatingActionButton()
-    : CampaignEntryView(0.0),
-      tooltipView(std::make_shared<TooltipView>(
+    : tooltipView(std::make_shared<TooltipView>(
           TooltipView::Look{.tailPosition = TooltipView::TailPosition::bottom,
                             .tooltipBackgroundColor = Color{0.0, 0.0, 0.0, 0.87},
                             .autoDismiss = true,

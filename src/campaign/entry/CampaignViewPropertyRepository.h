@@ -44,7 +44,7 @@ class CampaignViewPropertyRepositoryImpl final
 
   const CampaignViewPropertyLocalDataSource localDataSource_;
   const CampaignViewPropertyRemoteDataSource remoteDataSource_;
-  /// Spelled as in the service protocol. A failure of the first fetch does not set it back.
+  /// The spelling is deliberate. A failure of the first fetch does not set it back.
   std::atomic<bool> isFisrtFetch_ = true;
 };
 

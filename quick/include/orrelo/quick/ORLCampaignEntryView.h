@@ -28,9 +28,10 @@ class ClickableView;
 ///     entry->setClickableViews({banner});
 ///
 /// The view is visible while a user is signed in: from its creation if there is one then, and later it fades
-/// in and out as `Orrelo::setUser` is called. While it is invisible its views take no taps and no focus, and
-/// assistive technology does not find them. The view sets its own `opacity`, `visible` and `enabled`; to hide
-/// it yourself, put it into an item of yours. A tap opens home over the topmost screen of the view's window.
+/// in and out as `Orrelo::setUser` is called, or changes at once if the user prefers reduced motion. While it
+/// is invisible its views take no taps and no focus, and assistive technology does not find them. The view
+/// sets its own `opacity`, `visible` and `enabled`; to hide it yourself, put it into an item of yours. A tap
+/// opens home over the topmost screen of the view's window.
 ///
 /// Create it after `Orrelo::initialize`. A view that is created before stays invisible, and an error is
 /// logged. GUI thread only. The view belongs to its parent like any other item.
@@ -51,7 +52,7 @@ class ORRELO_EXPORT ORLCampaignEntryView : public QQuickItem {
   QList<QQuickItem*> clickableViews() const;
   /// Makes the items pressable by touch, mouse, keyboard and assistive technology, and leaves former ones as
   /// they were. An item stays where it is and belongs to its owner; one that is destroyed or leaves its scene
-  /// is let go. Its accessible name is that of the texts in it.
+  /// is let go. Its accessible name is that of the texts in it. It takes no input while it has no area.
   void setClickableViews(const QList<QQuickItem*>& views);
 
  Q_SIGNALS:
@@ -61,11 +62,13 @@ class ORRELO_EXPORT ORLCampaignEntryView : public QQuickItem {
   /// For the kit's own entry views.
   ORLCampaignEntryView(std::shared_ptr<CampaignEntryView> entry, QQuickItem* parent);
 
-  void addClickableView(std::unique_ptr<ClickableView> view);
+  /// An item that opens home by itself, the first of `clickableViews`.
+  void setOwnView(QQuickItem* view);
 
  private:
   class Body;
 
+  void addClickableView(std::unique_ptr<ClickableView> view);
   void show();
   void endFade();
 

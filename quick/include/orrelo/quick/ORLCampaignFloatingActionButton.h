@@ -38,6 +38,9 @@ class ORRELO_EXPORT ORLCampaignFloatingActionButton : public orrelo::quick::ORLC
                                   QQuickItem* parent);
 
   void makeLook();
+  void followWindow();
+  /// Takes the size of the look, which the window's width limits.
+  void measure();
 
   const std::unique_ptr<Body> body_;
 };

@@ -1,4 +1,4 @@
-#include "quick/campaign/entry/engineOf.h"
+#include "quick/bridge/engineOf.h"
 
 #include <QQmlEngine>
 #include <QQuickItem>
