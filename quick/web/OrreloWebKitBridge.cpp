@@ -49,7 +49,8 @@ EventValue toEventValue(const QJsonValue& json) {
 QQuickItem* hostsView(QObject* item) {
   auto* const view = qobject_cast<QQuickItem*>(item);
   const auto isView = view != nullptr && view->inherits("QQuickWebEngineView");
-  if (isView && qobject_cast<WebProfile*>(view->property("profile").value<QObject*>()) == nullptr) return view;
+  if (isView && qobject_cast<WebProfile*>(view->property("profile").value<QObject*>()) == nullptr)
+    return view;
   qCWarning(web) << "The bridge needs a WebEngineView of the host; nothing was installed in" << item;
   return nullptr;
 }
