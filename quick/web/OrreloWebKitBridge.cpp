@@ -1,5 +1,6 @@
 #include "quick/web/OrreloWebKitBridge.h"
 
+#include "quick/bridge/Conversions.h"
 #include "quick/web/WebProfile.h"
 
 #include <orrelo/UnsupportedEventValueException.h>
@@ -16,10 +17,6 @@ namespace orrelo::quick {
 namespace {
 
 Q_LOGGING_CATEGORY(web, "orrelo.web")
-
-QString toQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 EventValue toEventValue(const QJsonValue& json) {
   switch (json.type()) {
@@ -47,6 +44,17 @@ EventValue toEventValue(const QJsonValue& json) {
   }
 }
 
+// The item, if it is a WebEngineView that does not have the profile of the kit's own pages; otherwise null,
+// with a line in the log.
+QQuickItem* hostsView(QObject* item) {
+  auto* const view = qobject_cast<QQuickItem*>(item);
+  const auto isView = view != nullptr && view->inherits("QQuickWebEngineView");
+  if (isView && qobject_cast<WebProfile*>(view->property("profile").value<QObject*>()) == nullptr)
+    return view;
+  qCWarning(web) << "The bridge needs a WebEngineView of the host; nothing was installed in" << item;
+  return nullptr;
+}
+
 QWebEngineScript userScript() {
   const auto& kits = OrreloWebKit::userScript;
   QWebEngineScript script;
@@ -67,22 +75,11 @@ OrreloWebKitBridge& OrreloWebKitBridge::of(QObject& view) {
   return found != nullptr ? *found : *new OrreloWebKitBridge(view);
 }
 
-// The view, unless it is another item or has the profile of the kit's own pages.
-QQuickItem* OrreloWebKitBridge::hostsView() const {
-  auto* const view = qobject_cast<QQuickItem*>(parent());
-  if (view == nullptr || !view->inherits("QQuickWebEngineView")) return nullptr;
-  const auto* const profile = view->property("profile").value<QObject*>();
-  return qobject_cast<const WebProfile*>(profile) == nullptr ? view : nullptr;
-}
-
 void OrreloWebKitBridge::setEnabled(bool enabled) {
   if (enabled == isEnabled()) return;
   if (enabled) {
-    auto* const view = hostsView();
-    if (view == nullptr) {
-      qCWarning(web) << "The bridge needs a WebEngineView of the host; nothing was installed in" << parent();
-      return;
-    }
+    auto* const view = hostsView(parent());
+    if (view == nullptr) return;
     handler_ = std::make_unique<ScriptMessageHandler>();
     connect(handler_.get(), &ScriptMessageHandler::received, this, &OrreloWebKitBridge::handle);
     handler_->setName(toQt(OrreloWebKit::handlerName));
@@ -113,14 +110,11 @@ void OrreloWebKitBridge::fail(const std::optional<OrreloWebkitError>& error, con
 }
 
 bool installBridge(QQuickItem* webEngineView, BridgeFailure onFailure) {
-  if (webEngineView == nullptr) {
-    qCWarning(web) << "installBridge() was given no view";
-    return false;
-  }
+  if (hostsView(webEngineView) == nullptr) return false;
   auto& bridge = OrreloWebKitBridge::of(*webEngineView);
   bridge.onFailure = std::move(onFailure);
   bridge.setEnabled(true);
-  return bridge.isEnabled();
+  return true;
 }
 
 }  // namespace orrelo::quick

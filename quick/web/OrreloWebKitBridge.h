@@ -39,7 +39,6 @@ class OrreloWebKitBridge final : public QObject {
  private:
   explicit OrreloWebKitBridge(QObject& view) : QObject(&view) {}
 
-  QQuickItem* hostsView() const;
   void handle(const QJsonValue& body);
   void fail(const std::optional<OrreloWebkitError>& error, const std::string& description);
 

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLoggingCategory>
 #include <QUuid>
 #include <QWebChannel>
 #include <algorithm>
@@ -10,6 +11,8 @@
 
 namespace orrelo::quick {
 namespace {
+
+Q_LOGGING_CATEGORY(web, "orrelo.web")
 
 // A world of the kit's own, beside that of the pages and those that hosts usually take.
 constexpr unsigned int ownWorld = QWebEngineScript::UserWorld + 0x0E;
@@ -73,6 +76,7 @@ void ScriptMessageHandler::install() {
   if (!view_ || name_.isEmpty() || !view_->inherits("QQuickWebEngineView")) return;
   connect(view_, SIGNAL(webChannelChanged()), this, SLOT(connectChannel()));
   connect(view_, SIGNAL(webChannelWorldChanged(uint)), this, SLOT(connectChannel()));
+  connect(view_, SIGNAL(loadingChanged(QWebEngineLoadingInfo)), this, SLOT(checkWorld()));
   connect(scripts(), SIGNAL(collectionChanged()), this, SLOT(keepScripts()));
   connectChannel();
 }
@@ -115,6 +119,15 @@ void ScriptMessageHandler::connectChannel() {
     QMetaObject::invokeMethod(scripts(), "remove", Q_ARG(QWebEngineScript, script));
   }
   keepScripts();
+}
+
+void ScriptMessageHandler::checkWorld() {
+  if (!channel_ || hasWarned_ || !isUsedByHost(*channel_)) return;
+  if (view_->property("webChannelWorld").toUInt() != ownWorld) return;
+  hasWarned_ = true;
+  qCWarning(web) << "Pages cannot reach the objects in the web channel of" << view_.data()
+                 << "because they were registered after the handler was installed; register them before, or "
+                    "set webChannelWorld";
 }
 
 QList<QWebEngineScript> ScriptMessageHandler::makeScripts(unsigned int world) const {

@@ -63,6 +63,8 @@ class ScriptMessageHandler : public QObject {
   void connectChannel();
   /// Adds the scripts to the view again if others have replaced all scripts.
   void keepScripts();
+  /// Logs once if the host has registered objects in a channel that was moved to the world of the kit.
+  void checkWorld();
 
  private:
   void install();
@@ -81,6 +83,7 @@ class ScriptMessageHandler : public QObject {
   QPointer<QWebChannel> channel_;
   QList<QWebEngineScript> installed_;
   bool isInserting_ = false;
+  bool hasWarned_ = false;
 };
 
 }  // namespace orrelo::quick

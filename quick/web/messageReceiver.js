@@ -7,9 +7,13 @@
     const stringify = JSON.stringify
     const setProperty = 9
     const pass = event => send(stringify({type: setProperty, object, property, value: String(event.data)}))
-    window.addEventListener("message", event => {
+    const receive = event => {
         if (event.data !== token || event.ports.length !== 1) return
         event.stopImmediatePropagation()
         event.ports[0].onmessage = pass
-    }, true)
+    }
+    const listen = () => window.addEventListener("message", receive, true)
+    listen()
+    // document.open() removes all listeners, and all nodes with them. Adding a present listener does nothing.
+    new MutationObserver(listen).observe(document, {childList: true})
 })

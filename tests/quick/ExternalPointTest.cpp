@@ -11,6 +11,7 @@ namespace orrelo::test {
 namespace {
 
 using testing::Contains;
+using testing::Each;
 using testing::HasSubstr;
 
 const QString message = QStringLiteral("모은 포인트를 교환해 보세요");
@@ -63,9 +64,11 @@ TEST_F(ExternalPointTest, WithoutABrowserTheScreenIsWhiteAndCanBeLeft) {
   ASSERT_TRUE(waitFor([&] { return isOpen(); }));
   settle();
   const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
-  QTest::touchEvent(window_, finger.get()).press(0, {100, 400}, window_);
-  for (int x = 110; x <= 200; x += 10) QTest::touchEvent(window_, finger.get()).move(0, {x, 400}, window_);
-  QTest::touchEvent(window_, finger.get()).release(0, {200, 400}, window_);
+  // Events must not be processed in between, since the time of a swipe is limited.
+  auto touch = QTest::touchEvent(window_, finger.get(), false);
+  touch.press(0, {100, 400}, window_).commit(false);
+  touch.move(0, {200, 400}, window_).commit(false);
+  touch.release(0, {200, 400}, window_).commit(false);
   EXPECT_FALSE(isOpen()) << "a swipe leaves";
 }
 
@@ -96,9 +99,15 @@ TEST_F(ExternalPointTest, TheEntryViewFitsANarrowWindowWithLargeText) {
 
 TEST_F(ExternalPointTest, TheEntryViewTakesNoRoomWhereTheExchangeIsDisabled) {
   initialize(false);
-  service_->asked.clear();
   auto* const entry = place({390, 844});
   ASSERT_NE(entry, nullptr);
+  const LogCapture log;
+  // The second call ends after the view has received the configuration, which the first has stored.
+  for (int call = 1; call <= 2; ++call) {
+    Orrelo::showNaverPayExchange(host());
+    ASSERT_TRUE(waitFor([&] { return std::ssize(log.lines()) >= call; }));
+  }
+  EXPECT_THAT(log.lines(), Each(HasSubstr("Route to NaverPay Exchanage error")));
   settle();
   EXPECT_FALSE(entry->isVisible());
   EXPECT_EQ(entry->implicitWidth(), 0.0);

@@ -46,9 +46,12 @@ using BridgeFailure =
 ///         url: "https://shop.example/event"
 ///     }
 ///
-/// where `error` is the name of the case in OrreloWebkitError, or empty for an unsupported value. The view's
-/// web channel serves as the transport. A view whose host registers no objects in that channel gets a
-/// `webChannelWorld` of its own.
+/// where `error` is the name of the case in OrreloWebkitError, or empty for an unsupported value.
+///
+/// The view's web channel serves as the transport. If it has no objects of the host when the bridge is
+/// installed, it is moved to a `webChannelWorld` of its own, which pages cannot reach. A host with objects
+/// for its pages registers them before, or sets `webChannelWorld` itself afterwards; otherwise a line is
+/// logged.
 ORRELO_EXPORT bool installBridge(QQuickItem* webEngineView, BridgeFailure onFailure = {});
 
 }  // namespace orrelo::quick
