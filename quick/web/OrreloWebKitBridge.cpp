@@ -2,21 +2,19 @@
 
 #include "quick/bridge/Conversions.h"
 #include "quick/web/WebProfile.h"
+#include "quick/web/webLog.h"
 
 #include <orrelo/UnsupportedEventValueException.h>
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QLoggingCategory>
 #include <QPointer>
 #include <QQuickWindow>
 #include <utility>
 
 namespace orrelo::quick {
 namespace {
-
-Q_LOGGING_CATEGORY(web, "orrelo.web")
 
 EventValue toEventValue(const QJsonValue& json) {
   switch (json.type()) {
@@ -51,7 +49,7 @@ QQuickItem* hostsView(QObject* item) {
   const auto isView = view != nullptr && view->inherits("QQuickWebEngineView");
   if (isView && qobject_cast<WebProfile*>(view->property("profile").value<QObject*>()) == nullptr)
     return view;
-  qCWarning(web) << "The bridge needs a WebEngineView of the host; nothing was installed in" << item;
+  qCWarning(webLog) << "The bridge needs a WebEngineView of the host; nothing was installed in" << item;
   return nullptr;
 }
 

@@ -1,9 +1,10 @@
 #include "quick/web/ScriptMessageHandler.h"
 
+#include "quick/web/webLog.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QLoggingCategory>
 #include <QUuid>
 #include <QWebChannel>
 #include <algorithm>
@@ -11,8 +12,6 @@
 
 namespace orrelo::quick {
 namespace {
-
-Q_LOGGING_CATEGORY(web, "orrelo.web")
 
 // A world of the kit's own, beside that of the pages and those that hosts usually take.
 constexpr unsigned int ownWorld = QWebEngineScript::UserWorld + 0x0E;
@@ -125,9 +124,10 @@ void ScriptMessageHandler::checkWorld() {
   if (!channel_ || hasWarned_ || !isUsedByHost(*channel_)) return;
   if (view_->property("webChannelWorld").toUInt() != ownWorld) return;
   hasWarned_ = true;
-  qCWarning(web) << "Pages cannot reach the objects in the web channel of" << view_.data()
-                 << "because they were registered after the handler was installed; register them before, or "
-                    "set webChannelWorld";
+  qCWarning(webLog)
+      << "Pages cannot reach the objects in the web channel of" << view_.data()
+      << "because they were registered after the handler was installed; register them before, or "
+         "set webChannelWorld";
 }
 
 QList<QWebEngineScript> ScriptMessageHandler::makeScripts(unsigned int world) const {

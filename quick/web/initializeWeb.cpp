@@ -1,21 +1,16 @@
 #include "quick/viewkit/WebPageDelegate.h"
+#include "quick/web/webLog.h"
 
 #include <orrelo/quick/OrreloWeb.h>
 
 #include <QCoreApplication>
-#include <QLoggingCategory>
 #include <QtWebEngineQuick/qtwebenginequickglobal.h>
 
 namespace orrelo::quick {
-namespace {
-
-Q_LOGGING_CATEGORY(web, "orrelo.web")
-
-}  // namespace
 
 void initializeWeb() {
   if (QCoreApplication::instance() != nullptr) {
-    qCWarning(web) << "initializeWeb() comes after the application: web pages stay empty";
+    qCWarning(webLog) << "initializeWeb() comes after the application: web pages stay empty";
     return;
   }
   QtWebEngineQuick::initialize();

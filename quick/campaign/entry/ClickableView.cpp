@@ -3,9 +3,9 @@
 #include "campaign/entry/CampaignFloatingActionButton.h"
 #include "quick/bridge/Conversions.h"
 #include "quick/bridge/engineOf.h"
+#include "quick/bridge/entryLog.h"
 
 #include <QAccessible>
-#include <QLoggingCategory>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -14,8 +14,6 @@
 
 namespace orrelo::quick {
 namespace {
-
-Q_LOGGING_CATEGORY(entry, "orrelo.entry")
 
 QString ownName(QQuickItem* item) {
   auto* const accessible = QAccessible::queryAccessibleInterface(item);
@@ -69,7 +67,7 @@ void ClickableView::makeArea() {
   area_ = qobject_cast<QQuickItem*>(
       component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(this)}}));
   if (!area_) {
-    qCWarning(entry) << component.errorString();
+    qCWarning(entryLog) << component.errorString();
     return;
   }
   QQmlEngine::setObjectOwnership(area_, QQmlEngine::CppOwnership);

@@ -1,10 +1,10 @@
 #include "campaign/entry/CampaignFloatingActionButton.h"
 #include "quick/bridge/engineOf.h"
+#include "quick/bridge/entryLog.h"
 #include "quick/campaign/entry/CampaignFloatingActionButtonBridge.h"
 
 #include <orrelo/quick/ORLCampaignFloatingActionButton.h>
 
-#include <QLoggingCategory>
 #include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -12,11 +12,6 @@
 #include <algorithm>
 
 namespace orrelo::quick {
-namespace {
-
-Q_LOGGING_CATEGORY(entry, "orrelo.entry")
-
-}  // namespace
 
 class ORLCampaignFloatingActionButton::Body {
  public:
@@ -75,7 +70,7 @@ void ORLCampaignFloatingActionButton::makeLook() {
       {{QStringLiteral("model"), QVariant::fromValue(body_->bridge)},
        {QStringLiteral("parent"), QVariant::fromValue<QQuickItem*>(this)}}));
   if (look == nullptr) {
-    qCWarning(entry) << component.errorString();
+    qCWarning(entryLog) << component.errorString();
     return;
   }
   QQmlEngine::setObjectOwnership(look, QQmlEngine::CppOwnership);

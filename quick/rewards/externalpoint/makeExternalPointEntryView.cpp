@@ -1,23 +1,18 @@
 #include "quick/bridge/engineOf.h"
+#include "quick/bridge/entryLog.h"
 
 #include <orrelo/quick/ExternalPointEntryView.h>
 
-#include <QLoggingCategory>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QUrl>
 
 namespace orrelo::quick {
-namespace {
-
-Q_LOGGING_CATEGORY(entry, "orrelo.entry")
-
-}  // namespace
 
 QQuickItem* makeExternalPointEntryView(QQuickItem* parent) {
   if (parent == nullptr) {
-    qCWarning(entry) << "makeExternalPointEntryView() needs a parent";
+    qCWarning(entryLog) << "makeExternalPointEntryView() needs a parent";
     return nullptr;
   }
   QQmlComponent component(
@@ -25,7 +20,7 @@ QQuickItem* makeExternalPointEntryView(QQuickItem* parent) {
       QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/OrreloExternalPointEntryView.qml")));
   auto* const item = qobject_cast<QQuickItem*>(component.create(qmlContext(parent)));
   if (item == nullptr) {
-    qCWarning(entry) << component.errorString();
+    qCWarning(entryLog) << component.errorString();
     return nullptr;
   }
   QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
