@@ -33,6 +33,10 @@ class Tour {
   void play();
 
  private:
+  /// Accessible names that several parts of the tour use.
+  static inline const QString card = QStringLiteral("스크래치 복권, 누르면 결과가 나옵니다");
+  static inline const QString confirm = QStringLiteral("확인");
+
   void signedOut();
   void attendance();
   void checkIn();

@@ -13,11 +13,9 @@ const QString wheel =
 const QString wheelThatStopped = QStringLiteral("결과: 포인트 1000P, ") + wheel;
 const QString spin = QStringLiteral("룰렛 돌리기");
 const QString spun = QStringLiteral("내일 다시 돌려 보세요");
-const QString card = QStringLiteral("스크래치 복권, 누르면 결과가 나옵니다");
 const QString scratchedCard = QStringLiteral("스크래치 복권, 결과: 커피 쿠폰 당첨!");
 const QString blockedCard = QStringLiteral("스크래치 복권");
 const QString unlock = QStringLiteral("알림 켜기");
-const QString confirm = QStringLiteral("확인");
 
 // The largest rotation of the item and those inside it, in degrees.
 double rotationOf(const QQuickItem* item) {

@@ -7,8 +7,6 @@ using devservice::Fault;
 
 const QString banner = QStringLiteral("오늘의 혜택 모두 보기");
 const QString lockedCard = QStringLiteral("알림을 켜면 열리는 복권, 비밀 복권");
-const QString card = QStringLiteral("스크래치 복권, 누르면 결과가 나옵니다");
-const QString confirm = QStringLiteral("확인");
 const QString points = QStringLiteral("내 포인트, 5620 P");
 const QString morePoints = QStringLiteral("내 포인트, 10620 P");
 
