@@ -11,7 +11,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto failed = "잠시 후 다시 시도해주세요.";
 constexpr auto nothing = "적립 내역이 없습니다.";
 
 /// The history screen over the scripted network.
@@ -149,7 +148,7 @@ TEST_F(PointHistoryTest, AFailureCoversTheRowsAndTheSamePageIsNext) {
         std::pair("/my-point", ScriptedURLSession::reply(200, "[]"))}) {
     const auto former = std::exchange(replies_[path], reply);
     refresh();
-    EXPECT_EQ(message(), failed) << path;
+    EXPECT_EQ(message(), "잠시 후 다시 시도해주세요.") << path;
     EXPECT_FALSE(screen_->state().isLoading);
     EXPECT_EQ(rowCount(), 3U);
     EXPECT_EQ(pagesAsked().back(), "1");
