@@ -1,8 +1,10 @@
 #include "quick/bridge/engineOf.h"
 
+#include <QCoreApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <utility>
 
 namespace orrelo::quick {
 
@@ -13,7 +15,12 @@ QQmlEngine& engineOf(const QQuickItem& item) {
   if (item.window() != nullptr) {
     if (auto* const engine = qmlEngine(item.window())) return *engine;
   }
-  static auto* const own = new QQmlEngine;
+  static QQmlEngine* own = nullptr;
+  if (own == nullptr) {
+    own = new QQmlEngine;
+    // An engine must not outlive the application.
+    qAddPostRoutine([] { delete std::exchange(own, nullptr); });
+  }
   return *own;
 }
 

@@ -246,12 +246,17 @@ TEST_F(PointHistoryTest, TextsOfAMebibyteLeaveTheListUsable) {
       200, "[" + row(1, longText, longText, longText, 1) + "," + row(2, "다음", "", "", 2) + "]"};
   openHistory();
   grab("history-huge-texts");
-  press(Qt::Key_End);
-  settle();
-  const auto cells = drawnBy("PointRedemptionHistoryViewCell");
-  ASSERT_FALSE(cells.empty());
-  EXPECT_TRUE(screenreader::nameOf(cells.back()).startsWith(QStringLiteral("다음, 2 x")));
-  EXPECT_LE(cells.back()->height(), 200.0);
+  const auto lastCell = [this]() -> QQuickItem* {
+    const auto cells = drawnBy("PointRedemptionHistoryViewCell");
+    return cells.empty() ? nullptr : cells.back();
+  };
+  EXPECT_TRUE(waitFor([&] {
+    press(Qt::Key_End);
+    settle();
+    auto* const cell = lastCell();
+    return cell != nullptr && screenreader::nameOf(cell).startsWith(QStringLiteral("다음, 2 x")) &&
+           cell->height() <= 200.0;
+  }));
 }
 
 TEST_F(PointHistoryTest, TheKeyboardScrollsAndLeaves) {
