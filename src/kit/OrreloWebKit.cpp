@@ -21,7 +21,7 @@ EventValue toEventValue(const JsonValue& json);
 
 EventDictionary toDictionary(const JsonObject& json) {
   EventDictionary values;
-  // Of repeated keys the first is kept, as everywhere in the kit.
+  // The first of repeated keys is kept, as everywhere in the kit.
   json.forEach([&](std::string_view key, const JsonValue& value) {
     if (!values.contains(key)) values.emplace(key, toEventValue(value));
   });
