@@ -94,7 +94,7 @@ TEST_F(WalletTest, AnIssuedVoucherHasThePictureOfItsBarcode) {
   const auto url = issued[0]["image_url"].get<std::string>();
   const auto picture = client_->Get(url.substr(service_->baseUrl().size()));
   EXPECT_EQ(picture->get_header_value("Content-Type"), "image/png");
-  for (int final = 2; final < 5; ++final) EXPECT_EQ(issue(vouchers[final]["id"])->status, 409);
+  for (std::size_t final = 2; final < 5; ++final) EXPECT_EQ(issue(vouchers[final]["id"])->status, 409);
   EXPECT_EQ(issue("0")->status, 404);
   EXPECT_EQ(issue(5)->status, 400);
   EXPECT_EQ(client_->Post(onApp("/gifticons/download"), {{"buid", "u"}}, "[", "application/json")->status,
