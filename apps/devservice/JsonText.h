@@ -2,6 +2,7 @@
 
 #include "http/Reply.h"
 
+#include <cstdint>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -27,6 +28,15 @@ inline std::optional<std::string> stringAt(const nlohmann::json& object, const c
   const auto found = object.find(key);
   if (found == object.end() || !found->is_string()) return std::nullopt;
   return found->get<std::string>();
+}
+
+/// The value of a whole number within the bounds; absent for any other value.
+inline std::optional<std::int64_t> integerOf(const nlohmann::json& value, std::int64_t least,
+                                             std::int64_t most) {
+  const bool isTooLarge = value.is_number_unsigned() && value.get<std::uint64_t>() > INT64_MAX;
+  if (!value.is_number_integer() || isTooLarge) return std::nullopt;
+  const auto integer = value.get<std::int64_t>();
+  return integer >= least && integer <= most ? std::optional(integer) : std::nullopt;
 }
 
 }  // namespace orrelo::devservice

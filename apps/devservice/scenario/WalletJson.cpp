@@ -1,5 +1,7 @@
 #include "scenario/WalletJson.h"
 
+#include "JsonText.h"
+
 #include <algorithm>
 #include <chrono>
 #include <initializer_list>
@@ -55,11 +57,7 @@ std::optional<std::int64_t> integerAt(const json& object, const char* key, std::
                                       std::int64_t most) {
   const auto found = object.find(key);
   if (found == object.end()) return std::nullopt;
-  if (found->is_number_integer() &&
-      !(found->is_number_unsigned() && found->get<std::uint64_t>() > INT64_MAX)) {
-    const auto value = found->get<std::int64_t>();
-    if (value >= least && value <= most) return value;
-  }
+  if (const auto value = integerOf(*found, least, most)) return value;
   throw InvalidWallet(inQuotes(key) + " must be a whole number from " + std::to_string(least) + " to " +
                       std::to_string(most));
 }

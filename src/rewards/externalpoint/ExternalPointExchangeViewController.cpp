@@ -13,8 +13,7 @@ namespace orrelo {
 namespace {
 
 bool isUnreserved(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') ||
-         std::string_view("-._~").find(c) != std::string_view::npos;
+  return ascii::isAlphanumeric(c) || std::string_view("-._~").find(c) != std::string_view::npos;
 }
 
 // The landing page with the user as its only query item, which has no "=" if nobody is signed in.
