@@ -15,6 +15,7 @@ namespace orrelo {
 
 class Application;
 class Clock;
+class DisplayLink;
 class EventDatabaseFactory;
 class ImageCodec;
 class Random;
@@ -85,6 +86,8 @@ struct ORRELO_EXPORT Platform {
   std::shared_ptr<Application> application;
   /// May be null, as in the POSIX defaults; then no image can be shown.
   std::shared_ptr<ImageCodec> imageCodec;
+  /// May be null, as in the POSIX defaults; then animated images show their first frame.
+  std::shared_ptr<DisplayLink> displayLink;
 
   /// The POSIX defaults: POSIX files, curl, SQLite, and RunLoop::main() as the main loop. A front replaces
   /// the members that its toolkit provides.

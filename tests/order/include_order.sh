@@ -11,12 +11,12 @@ features="quick/campaign/attendance quick/campaign/entry quick/campaign/list qui
   quick/campaign/result quick/campaign/stamp"
 layers+=(quick/include quick/platform quick/bridge quick/image quick/viewkit quick/modular
   "quick/modular/content quick/modular/roulette quick/modular/scratch" quick/campaign "$features quick/campaign/update"
-  "quick/rewards/externalpoint quick/rewards/gifticon quick/rewards/point" quick/rewards quick/navigation
-  quick/host quick quick/web)
+  "quick/rewards/externalpoint quick/rewards/gifticon quick/rewards/point" "quick/rewards quick/referral quick/inappmessage"
+  quick/navigation quick/host quick quick/web)
 
 # What the front takes of the core beside its public headers: screens, views and pictures, and nothing that decides
 # what stands in them.
-drawn="ui image viewkit modular campaign rewards navigation"
+drawn="ui image viewkit modular campaign rewards referral inappmessage navigation"
 # Further folders of the core, for the front's ground.
 declare -A ground=(
   [quick/platform]="base platform"  # realises the interfaces of the machine
@@ -27,7 +27,7 @@ declare -A ground=(
 # The public headers, by the folder that they belong to.
 declare -A owner=(
   [Date]=base [EventValue]=base [Export]=base [ORLLogger]=base [Url]=base [Uuid]=base
-  [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform
+  [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform [platform/DisplayLink]=platform
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
   [ORLUserEvent]=model [UnsupportedEventValueException]=model
   [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit

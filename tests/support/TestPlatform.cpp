@@ -21,6 +21,7 @@ TestPlatform::TestPlatform() {
       std::map<std::string, std::string>{{"CFBundleShortVersionString", "1.0.0"}, {"ORLBuildNumber", "1"}});
   platform.application = application;
   platform.imageCodec = codec;
+  platform.displayLink = displayLink;
   Platform::install(std::move(platform));
 }
 

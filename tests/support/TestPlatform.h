@@ -27,6 +27,7 @@ class TestPlatform {
   std::shared_ptr<MemoryDefaultsFactory> defaults = std::make_shared<MemoryDefaultsFactory>();
   std::shared_ptr<FixedDevice> device = std::make_shared<FixedDevice>();
   std::shared_ptr<PosixApplication> application = std::make_shared<PosixApplication>();
+  std::shared_ptr<ManualDisplayLink> displayLink = std::make_shared<ManualDisplayLink>();
   std::shared_ptr<PlainImageCodec> codec = std::make_shared<PlainImageCodec>();
 };
 

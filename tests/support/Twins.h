@@ -9,6 +9,7 @@
 #include <orrelo/Platform.h>
 #include <orrelo/UserDefaults.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/DisplayLink.h>
 
 #include <algorithm>
 #include <deque>
@@ -203,6 +204,37 @@ class ScriptedURLSession final : public URLSession {
     Completion completion_;
     std::shared_ptr<bool> isAnswered_ = std::make_shared<bool>(true);
   };
+};
+
+/// A display that ticks only when the test calls `tick`.
+class ManualDisplayLink final : public DisplayLink {
+ public:
+  int ticksPerSecond() const override { return rate; }
+  Registration start(Tick tick) override {
+    auto registration = std::make_shared<const Tick>(std::move(tick));
+    running_.push_back(registration);
+    return registration;
+  }
+
+  /// Calls what runs `count` times.
+  void tick(int count = 1) {
+    for (int i = 0; i < count; ++i) {
+      const auto running = running_;
+      for (const auto& weak : running) {
+        if (const auto registration = weak.lock()) (*registration)();
+      }
+    }
+  }
+  /// The number of registrations that are alive.
+  std::size_t runningCount() {
+    std::erase_if(running_, [](const auto& weak) { return weak.expired(); });
+    return running_.size();
+  }
+
+  int rate = 60;
+
+ private:
+  std::vector<std::weak_ptr<const Tick>> running_;
 };
 
 class MemoryDefaults final : public UserDefaults {
