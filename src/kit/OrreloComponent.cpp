@@ -20,6 +20,7 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   pageComponent_ = std::make_unique<PageComponent>(configComponent_->fetchConfigUseCase);
   campaignComponent_ = std::make_unique<CampaignComponent>(
       configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
+  pushComponent_ = std::make_unique<PushComponent>(networkConfig);
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
 }
 

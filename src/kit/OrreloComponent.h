@@ -7,6 +7,7 @@
 #include "kit/GifticonComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
+#include "kit/PushComponent.h"
 #include "kit/RewardComponent.h"
 #include "ui/RunningKit.h"
 
@@ -27,6 +28,7 @@ class OrreloComponent {
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
   const ExternalPointComponent& externalPointComponent() const { return *externalPointComponent_; }
+  const PushComponent& pushComponent() const { return *pushComponent_; }
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
@@ -42,6 +44,7 @@ class OrreloComponent {
   std::unique_ptr<ExternalPointComponent> externalPointComponent_;
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
+  std::unique_ptr<PushComponent> pushComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
   std::unique_ptr<GifticonComponent> gifticonComponent_;
   std::unique_ptr<RewardComponent> rewardComponent_;
