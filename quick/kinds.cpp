@@ -24,6 +24,7 @@ Kinds gifticonKinds();
 Kinds pointKinds();
 Kinds externalPointKinds();
 Kinds rewardsKinds();
+Kinds inAppMessageKinds();
 Kinds navigationKinds();
 Kinds hostKinds();
 
@@ -32,7 +33,7 @@ std::span<const Kinds> allKinds() {
       imageKinds(),          viewkitKinds(),       modularKinds(),    contentKinds(),    rouletteKinds(),
       scratchKinds(),        campaignKinds(),      attendanceKinds(), entryKinds(),      listKinds(),
       optInMarketingKinds(), resultKinds(),        stampKinds(),      updateKinds(),     gifticonKinds(),
-      pointKinds(),          externalPointKinds(), rewardsKinds(),    navigationKinds(), hostKinds(),
+      pointKinds(),          externalPointKinds(), rewardsKinds(),    inAppMessageKinds(), navigationKinds(), hostKinds(),
   };
   return folders;
 }

@@ -21,6 +21,8 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   campaignComponent_ = std::make_unique<CampaignComponent>(
       configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
+  inAppMessageComponent_ = std::make_unique<InAppMessageComponent>(
+      configComponent_->fetchConfigUseCase, networkConfig, campaignComponent_->campaignNavigator);
 }
 
 RunningKit OrreloComponent::runningKit() const {
