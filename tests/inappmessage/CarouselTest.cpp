@@ -4,6 +4,7 @@
 #include "support/TestPlatform.h"
 #include "ui/NavigationController.h"
 
+#include <gmock/gmock.h>
 #include <limits>
 
 namespace orrelo::test {

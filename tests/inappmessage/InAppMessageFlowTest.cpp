@@ -8,6 +8,8 @@
 
 #include <orrelo/Orrelo.h>
 
+#include <gmock/gmock.h>
+
 namespace orrelo::test {
 namespace {
 

@@ -2,6 +2,7 @@
 #include "support/TestPlatform.h"
 
 #include <cstdlib>
+#include <gtest/gtest.h>
 
 namespace orrelo::test {
 namespace {
