@@ -14,7 +14,6 @@ namespace orrelo::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::EndsWith;
 using testing::IsEmpty;
 using Reply = std::optional<URLSessionResult>;
 
@@ -79,13 +78,6 @@ TEST_F(InAppMessageFlowTest, TheBannersOfTheUserAreShownUntilTheNextDayIfTheyAre
   EXPECT_EQ(asked().size(), 2U);
   platform_.clock->setNow(platform_.clock->now() + std::chrono::hours(24));
   EXPECT_TRUE(show());
-}
-
-TEST_F(InAppMessageFlowTest, WithoutAKitALineIsLogged) {
-  const LogCapture log;
-  EXPECT_FALSE(show());
-  EXPECT_THAT(log.lines(), ElementsAre(EndsWith("[ERROR] Orrelo SDK is not initialized. Call "
-                                                "Orrelo.initialize() before showInAppMessage(with:)")));
 }
 
 TEST_F(InAppMessageFlowTest, ItEndsSilentlyWhereNothingCanBeShown) {
