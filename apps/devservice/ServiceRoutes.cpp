@@ -2,6 +2,7 @@
 
 #include "JsonText.h"
 #include "barcode/BarcodePicture.h"
+#include "scenario/MessagesFile.h"
 #include "scenario/Placeholders.h"
 
 #include <array>
@@ -97,6 +98,7 @@ const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
       {"GET", "/campaigns/*", &ServiceRoutes::campaign},
       {"GET", "/campaigns/*/*", &ServiceRoutes::participate, true},
       {"GET", "/fab", &ServiceRoutes::floatingButton},
+      {"GET", "/in-app-message/banner", &ServiceRoutes::messages, true},
       {"GET", "/pointsystem/my-point", &ServiceRoutes::pointBalance, true},
       {"GET", "/pointsystem/point-redemption-history", &ServiceRoutes::pointHistory, true},
       {"GET", "/my-rewards", &ServiceRoutes::rewardCounts, true},
@@ -204,6 +206,13 @@ Reply ServiceRoutes::floatingButton(const Call& call) {
   const auto body = scenario_.floatingButton(call.appKey);
   if (!body) return errorReply(404, "the scenario has no fab.json");
   return Reply::text(200, fillIn(*body, callerOf(call), scenario_));
+}
+
+Reply ServiceRoutes::messages(const Call& call) {
+  const auto text = scenario_.messages(call.appKey);
+  if (!text) return jsonReply(200, noMessages());
+  return jsonReply(
+      200, messagesFromText(fillIn(*text, callerOf(call), scenario_), scenario_.campaigns(call.appKey)));
 }
 
 Reply ServiceRoutes::pointBalance(const Call& call) {

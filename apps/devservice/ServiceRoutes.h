@@ -49,6 +49,7 @@ class ServiceRoutes {
   Reply campaign(const Call& call);
   Reply participate(const Call& call);
   Reply floatingButton(const Call& call);
+  Reply messages(const Call& call);
   Reply pointBalance(const Call& call);
   Reply pointHistory(const Call& call);
   Reply rewardCounts(const Call& call);
