@@ -86,7 +86,12 @@ std::string contentTypeOf(std::string_view name) {
 
 ServiceRoutes::ServiceRoutes(EventStore& store, UserDatabase& users, Wallets& wallets,
                              const Scenario& scenario)
-    : eventStore_(store), scenario_(scenario), wallets_(wallets), campaigns_(users, wallets, scenario) {}
+    : eventStore_(store),
+      scenario_(scenario),
+      wallets_(wallets),
+      referralBook_(users),
+      campaigns_(users, wallets, referralBook_, scenario),
+      referrals_(users, wallets, referralBook_, campaigns_) {}
 
 const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
   static const std::vector<Route> routes{
@@ -97,6 +102,8 @@ const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
       {"GET", "/campaigns", &ServiceRoutes::listCampaigns},
       {"GET", "/campaigns/*", &ServiceRoutes::campaign},
       {"GET", "/campaigns/*/*", &ServiceRoutes::participate, true},
+      {"POST", "/referrals/*/verification", &ServiceRoutes::verifyCode, true},
+      {"POST", "/referrals/*/authorization", &ServiceRoutes::authorizeCode, true},
       {"GET", "/fab", &ServiceRoutes::floatingButton},
       {"GET", "/in-app-message/banner", &ServiceRoutes::messages, true},
       {"GET", "/pointsystem/my-point", &ServiceRoutes::pointBalance, true},
@@ -200,6 +207,14 @@ Reply ServiceRoutes::campaign(const Call& call) {
 
 Reply ServiceRoutes::participate(const Call& call) {
   return campaigns_.participate(callerOf(call), call.parts.at(0), call.parts.at(1));
+}
+
+Reply ServiceRoutes::verifyCode(const Call& call) {
+  return referrals_.verify(callerOf(call), call.parts.at(0), call.http.body);
+}
+
+Reply ServiceRoutes::authorizeCode(const Call& call) {
+  return referrals_.authorize(callerOf(call), call.parts.at(0), call.http.body);
 }
 
 Reply ServiceRoutes::floatingButton(const Call& call) {
