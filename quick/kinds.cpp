@@ -30,10 +30,11 @@ Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),          viewkitKinds(),       modularKinds(),    contentKinds(),    rouletteKinds(),
-      scratchKinds(),        campaignKinds(),      attendanceKinds(), entryKinds(),      listKinds(),
-      optInMarketingKinds(), resultKinds(),        stampKinds(),      updateKinds(),     gifticonKinds(),
-      pointKinds(),          externalPointKinds(), rewardsKinds(),    inAppMessageKinds(), navigationKinds(), hostKinds(),
+      imageKinds(),          viewkitKinds(),       modularKinds(),    contentKinds(),      rouletteKinds(),
+      scratchKinds(),        campaignKinds(),      attendanceKinds(), entryKinds(),        listKinds(),
+      optInMarketingKinds(), resultKinds(),        stampKinds(),      updateKinds(),       gifticonKinds(),
+      pointKinds(),          externalPointKinds(), rewardsKinds(),    inAppMessageKinds(), navigationKinds(),
+      hostKinds(),
   };
   return folders;
 }

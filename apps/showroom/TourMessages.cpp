@@ -46,10 +46,11 @@ void Tour::threeMessages() {
 void Tour::oneMessage() {
   auto& service = showroom_.service();
   const auto picturePath = service.baseUrl() + "/images/banner-roulette.png";
-  const auto fault = service.orderFault(
-      {.kind = Fault::Kind::body,
-       .pathSuffix = "/in-app-message/banner",
-       .body = R"({"type":"banner","items":[{"campaign_id":"roulette","image_url":")" + picturePath + R"("}]})"});
+  const auto fault =
+      service.orderFault({.kind = Fault::Kind::body,
+                          .pathSuffix = "/in-app-message/banner",
+                          .body = R"({"type":"banner","items":[{"campaign_id":"roulette","image_url":")" +
+                                  picturePath + R"("}]})"});
   click(show);
   await(only);
   picture(QStringLiteral("A single message has no dots"));

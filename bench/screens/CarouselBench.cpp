@@ -103,9 +103,9 @@ std::vector<double> measure() {
   const QQuickItem* list = nullptr;
   runUntil([&] {
     list = stage.window().contentItem()->findChild<QQuickItem*>(QStringLiteral("imageCollectionView"));
-    return screen() && list != nullptr && std::all_of(screen()->cells.begin(), screen()->cells.end(), [](const auto& cell) {
-             return cell->imageView->state.value().image != nullptr;
-           });
+    return screen() && list != nullptr &&
+           std::all_of(screen()->cells.begin(), screen()->cells.end(),
+                       [](const auto& cell) { return cell->imageView->state.value().image != nullptr; });
   });
   const QDeadlineTimer arrival(500);
   runUntil([&arrival] { return arrival.hasExpired(); });

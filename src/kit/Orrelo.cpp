@@ -137,7 +137,8 @@ void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>& with) {
   const auto navigator = InitializedOrrelo::current()->component->inAppMessageComponent().navigator;
   const auto userId = currentUserId();
   if (!userId || navigator->skipTimeCheckService->hasSkippedToday()) return;
-  onMain(*Platform::current().mainLoop, [navigator, with, userId = *userId] { navigator->show(with, userId); });
+  onMain(*Platform::current().mainLoop,
+         [navigator, with, userId = *userId] { navigator->show(with, userId); });
 }
 
 void Orrelo::setDeviceToken(const std::vector<std::byte>&) {

@@ -125,7 +125,8 @@ TEST_F(CarouselTest, AnIntervalThatIsNotPositiveIsLoggedAndAnyOtherIsAccepted) {
     const LogCapture log;
     screen->appear(false);
     platform_.loop->run();
-    EXPECT_THAT(log.lines(), testing::Contains(EndsWith(" InAppMessage Auto Swipe Failure: TimerError.invalidPeriod")));
+    EXPECT_THAT(log.lines(),
+                testing::Contains(EndsWith(" InAppMessage Auto Swipe Failure: TimerError.invalidPeriod")));
     EXPECT_EQ(platform_.loop->pending(), 0U);
     screen->turn(1);
     EXPECT_EQ(screen->scroll.value().item, 1U) << "the screen stays usable";
@@ -195,7 +196,8 @@ TEST_F(CarouselTest, APictureOpensItsCampaignInPlaceOfTheMessages) {
   const LogCapture log;
   screen->loadViewIfNeeded();
   screen->didSelect(1);
-  EXPECT_THAT(log.lines(), testing::Contains(EndsWith(" InAppMessage: Cannot find presentingViewController")));
+  EXPECT_THAT(log.lines(),
+              testing::Contains(EndsWith(" InAppMessage: Cannot find presentingViewController")));
   host_->present(screen, false);
   screen->didSelect(3);
   EXPECT_EQ(host_->presentedViewController(), screen);

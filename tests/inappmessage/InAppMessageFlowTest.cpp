@@ -84,10 +84,10 @@ TEST_F(InAppMessageFlowTest, ItEndsSilentlyWhereNothingCanBeShown) {
   initialize();
   setCurrentUserId("u-1");
   const LogCapture log;
-  for (const auto& reply : {ScriptedURLSession::reply(200, R"({"type":"banner","items":[]})"),
-                            ScriptedURLSession::reply(200, R"({"items":[]})"), ScriptedURLSession::reply(200),
-                            ScriptedURLSession::reply(500, twoBanners),
-                            ScriptedURLSession::failure(URLError::timedOut)}) {
+  for (const auto& reply :
+       {ScriptedURLSession::reply(200, R"({"type":"banner","items":[]})"),
+        ScriptedURLSession::reply(200, R"({"items":[]})"), ScriptedURLSession::reply(200),
+        ScriptedURLSession::reply(500, twoBanners), ScriptedURLSession::failure(URLError::timedOut)}) {
     banners_ = reply;
     EXPECT_FALSE(show());
   }
@@ -118,7 +118,8 @@ TEST_F(InAppMessageFlowTest, EveryFieldOfTheReplyIsRequired) {
   auto more = whole;
   more["hologram"] = more["items"][1]["depth"] = 3;
   EXPECT_TRUE(isDecoded(more)) << "unknown keys are ignored";
-  for (const auto* const path : {"/type", "/items", "/items/1", "/items/1/campaign_id", "/items/1/image_url"}) {
+  for (const auto* const path :
+       {"/type", "/items", "/items/1", "/items/1/campaign_id", "/items/1/image_url"}) {
     const Json::json_pointer place(path);
     for (const auto& value : {Json(), Json(5), Json(true), Json::object(), Json::array({1})}) {
       auto changed = whole;

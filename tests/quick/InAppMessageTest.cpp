@@ -64,8 +64,8 @@ class InAppMessageTest : public QuickTest {
   }
   void turnWheel(QPoint delta) {
     const auto spot = picturePlace(1).center().toPoint();
-    QWheelEvent wheel(spot, window_->mapToGlobal(spot), {}, delta, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                      false);
+    QWheelEvent wheel(spot, window_->mapToGlobal(spot), {}, delta, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(window_, &wheel);
   }
 };
