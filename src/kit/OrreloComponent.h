@@ -7,6 +7,7 @@
 #include "kit/GifticonComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
+#include "kit/ReferralComponent.h"
 #include "kit/RewardComponent.h"
 #include "ui/RunningKit.h"
 
@@ -29,6 +30,7 @@ class OrreloComponent {
   const ExternalPointComponent& externalPointComponent() const { return *externalPointComponent_; }
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
+  const ReferralComponent& referralComponent() const { return *referralComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
   const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
   const RewardComponent& rewardComponent() const { return *rewardComponent_; }
@@ -42,6 +44,7 @@ class OrreloComponent {
   std::unique_ptr<ExternalPointComponent> externalPointComponent_;
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
+  std::unique_ptr<ReferralComponent> referralComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
   std::unique_ptr<GifticonComponent> gifticonComponent_;
   std::unique_ptr<RewardComponent> rewardComponent_;
