@@ -12,5 +12,6 @@ void addCampaign();
 void addScratch();
 void addModular();
 void addWebKit();
+void addPush();
 
 }  // namespace orrelo::bench

@@ -208,6 +208,11 @@ Window {
                         text: "축제 안내 보기"
                         onPressed: showroom.openCampaign("festival")
                     }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "알림 받기"
+                        onPressed: notifications.play()
+                    }
                 }
                 Text {
                     width: parent.width
@@ -244,5 +249,14 @@ Window {
                 function onClosed() { news.active = false }
             }
         }
+    }
+    NotificationBanner {
+        x: (root.width - width) / 2
+        width: Math.min(440, root.width - 24)
+        title: notifications.title
+        text: notifications.text
+        isShown: notifications.isShown
+        onOpened: notifications.open()
+        onRemoved: notifications.remove()
     }
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "DevService.h"
+#include "NotificationInbox.h"
+#include "Notifications.h"
 
 #include <orrelo/ORLDelegates.h>
 
@@ -33,6 +35,7 @@ class Showroom final : public QObject {
                     std::optional<std::chrono::system_clock::time_point> now = {});
 
   devservice::DevService& service() { return service_; }
+  Notifications& notifications() { return notifications_; }
   void setWindow(QQuickWindow* window) { window_ = window; }
   /// Lets the kit ask for its configuration again, if the time is fixed: moves the kit's clock on by more
   /// than the lifetime of the copy in its memory.
@@ -75,8 +78,12 @@ class Showroom final : public QObject {
 
   void setUser(const QString& user);
   void giveConsent();
+  void followNotifications();
 
   devservice::DevService service_;
+  Notifications notifications_;
+  /// Null if the time is fixed: such a showroom plays its notifications itself.
+  std::unique_ptr<NotificationInbox> inbox_;
   /// Null if the time is not fixed.
   std::shared_ptr<StoppedClock> clock_;
   QString serviceUrl_;

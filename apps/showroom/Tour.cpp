@@ -47,6 +47,7 @@ Tour::Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folde
 }
 
 void Tour::play() {
+  coldStart();
   signedOut();
   attendance();
   checkIn();
@@ -57,6 +58,7 @@ void Tour::play() {
   games();
   home();
   rewards();
+  notification();
   otherHomes();
   shopsOwnPage();
   failures();

@@ -8,8 +8,8 @@ void PushRouter::route(const Page& page) const {
   const auto root = keyWindowRootViewController();
   if (!root) return;
   const auto top = root->topmost();
-  // A notification may open the application before the host has set the user. The last user deliberately
-  // returns after a sign-out too, and replaces nobody else: the stored id is that of the last `setUser`.
+  // A notification may start the application, before the host has set the user. A user who has signed out
+  // deliberately returns too.
   const auto userId = UserManager::storedUserId();
   userManager_.setUserId(userId);
   setCurrentUserId(userId);
