@@ -52,6 +52,8 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
   if (now) {
     clock_ = std::make_shared<StoppedClock>(*now, platform.clock);
     platform.clock = clock_;
+    display_ = std::make_shared<FrameDisplay>();
+    platform.displayLink = display_;
   } else {
     serviceUrl_ = QString::fromStdString(service_.baseUrl());
   }
@@ -66,6 +68,10 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
 
 void Showroom::letConfigurationExpire() {
   if (clock_) clock_->advance(std::chrono::seconds(61));
+}
+
+void Showroom::tickDisplay() {
+  if (display_) display_->tick();
 }
 
 QString Showroom::newsUrl() const {

@@ -17,7 +17,8 @@ constexpr std::int64_t second = microseconds(std::chrono::seconds(1)).count();
 // Not only top-level windows: a window may be embedded in one of another process.
 bool isAnyWindowExposed() {
   const auto windows = QGuiApplication::allWindows();
-  return std::any_of(windows.begin(), windows.end(), [](const QWindow* window) { return window->isExposed(); });
+  return std::any_of(windows.begin(), windows.end(),
+                     [](const QWindow* window) { return window->isExposed(); });
 }
 
 }  // namespace
