@@ -16,6 +16,14 @@ ImageTransformer transformerFor(const ImageTarget& view, const ImageLoadOptions&
 
 }  // namespace
 
+void ImageTarget::setPlacement(Placement placement) {
+  placement_ = placement;
+}
+
+void ImageTarget::play() {
+  setShowsPlayButton(false);
+}
+
 // Cancels only once: a completion that starts a new load on each cancellation would otherwise cause an
 // endless loop. A load that it starts here is detached from the view.
 void ImageLoad::end(ImageTarget& view) {
