@@ -81,7 +81,7 @@ class ImageLoad {
   static std::optional<DownloadTask<ImagePtr>> setImage(const std::shared_ptr<ImageTarget>& view,
                                                         const std::optional<Url>& url,
                                                         const ImageLoadOptions& options = {});
-  /// Cancels a running load and leaves the view unchanged.
+  /// Cancels a running load, ends an animation and leaves the image as it is.
   static void end(ImageTarget& view);
 };
 
