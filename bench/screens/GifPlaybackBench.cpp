@@ -2,6 +2,7 @@
 // process for each frame shown, with decoding and painting. Both show the same frames in windows of one size
 // in the software renderer. Time is virtual: each step is painted before the next one, so neither leaves a
 // frame out.
+#include "image/ImageView.h"
 #include "image/gif/GifLoad.h"
 #include "image/gif/GifPlaybackManager.h"
 #include "modular/ModularCampaignView.h"
