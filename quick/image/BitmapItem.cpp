@@ -71,7 +71,8 @@ QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
   }
   if (node == nullptr) node = new PictureNode(window()->createImageNode());
   const auto pixels = (size() * window()->effectiveDevicePixelRatio()).toSize();
-  node->show(PictureTexture::of(*window(), image, pixels), boundingRect());
+  const auto use = source_->isAnimated() ? PictureTexture::Use::frame : PictureTexture::Use::picture;
+  node->show(PictureTexture::of(*window(), image, pixels, use), boundingRect());
   return node;
 }
 
