@@ -210,6 +210,11 @@ Window {
                     }
                     ShopButton {
                         width: campaigns.cell
+                        text: "행운의 동전 보기"
+                        onPressed: showroom.openCampaign("coins")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
                         text: "알림 받기"
                         onPressed: notifications.play()
                     }

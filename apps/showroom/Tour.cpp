@@ -55,6 +55,7 @@ void Tour::play() {
   composedPage();
   webPage();
   otherKinds();
+  movingPictures();
   games();
   home();
   rewards();
