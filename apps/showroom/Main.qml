@@ -113,6 +113,11 @@ Window {
                         onPressed: news.active = true
                     }
                 }
+                ShopButton {
+                    visible: showroom.user !== ""
+                    text: "오늘의 메시지 보기"
+                    onPressed: showroom.showMessages()
+                }
                 Rectangle {
                     width: parent.width
                     height: goods.height + 32
@@ -202,6 +207,11 @@ Window {
                         width: campaigns.cell
                         text: "축제 안내 보기"
                         onPressed: showroom.openCampaign("festival")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "행운의 동전 보기"
+                        onPressed: showroom.openCampaign("coins")
                     }
                 }
                 Text {

@@ -52,6 +52,8 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
   if (now) {
     clock_ = std::make_shared<StoppedClock>(*now, platform.clock);
     platform.clock = clock_;
+    display_ = std::make_shared<FrameDisplay>();
+    platform.displayLink = display_;
   } else {
     serviceUrl_ = QString::fromStdString(service_.baseUrl());
   }
@@ -66,6 +68,14 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
 
 void Showroom::letConfigurationExpire() {
   if (clock_) clock_->advance(std::chrono::seconds(61));
+}
+
+void Showroom::letTheNextDayBegin() {
+  if (clock_) clock_->advance(std::chrono::hours(24));
+}
+
+void Showroom::tickDisplay() {
+  if (display_) display_->tick();
 }
 
 QString Showroom::newsUrl() const {
@@ -108,6 +118,10 @@ void Showroom::openPage(const QString& id) {
 
 void Showroom::openHome() {
   Orrelo::showHome(quick::hostViewController(window_));
+}
+
+void Showroom::showMessages() {
+  Orrelo::showInAppMessage(quick::hostViewController(window_));
 }
 
 void Showroom::didSignIn(const QString& user) {

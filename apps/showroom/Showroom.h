@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DevService.h"
+#include "FrameDisplay.h"
 
 #include <orrelo/ORLDelegates.h>
 
@@ -37,6 +38,11 @@ class Showroom final : public QObject {
   /// Lets the kit ask for its configuration again, if the time is fixed: moves the kit's clock on by more
   /// than the lifetime of the copy in its memory.
   void letConfigurationExpire();
+  /// Moves the kit's clock on by a day, if the time is fixed.
+  void letTheNextDayBegin();
+
+  /// Advances animated images by a tick of the display, if the time is fixed.
+  void tickDisplay();
 
   /// Empty if nobody is signed in.
   QString user() const { return user_; }
@@ -57,6 +63,8 @@ class Showroom final : public QObject {
   Q_INVOKABLE void presentAttendance();
   /// Pushes the kit's home onto the window's stack.
   Q_INVOKABLE void openHome();
+  /// Shows the service's messages over the window.
+  Q_INVOKABLE void showMessages();
   /// Takes over the user whom the shop's web page has signed in to the kit.
   Q_INVOKABLE void didSignIn(const QString& user);
 
@@ -73,8 +81,9 @@ class Showroom final : public QObject {
   void giveConsent();
 
   devservice::DevService service_;
-  /// Null if the time is not fixed.
+  /// Both are null if the time is not fixed.
   std::shared_ptr<StoppedClock> clock_;
+  std::shared_ptr<FrameDisplay> display_;
   QString serviceUrl_;
   QQuickWindow* window_ = nullptr;
   QString user_;

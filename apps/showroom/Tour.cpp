@@ -54,6 +54,7 @@ void Tour::play() {
   composedPage();
   webPage();
   otherKinds();
+  movingPictures();
   games();
   home();
   rewards();
@@ -61,6 +62,7 @@ void Tour::play() {
   shopsOwnPage();
   failures();
   sizes();
+  messages();  // moves the clock to the next day
   writePage();
 }
 

@@ -44,6 +44,7 @@ class Tour {
   void composedPage();
   void webPage();
   void otherKinds();
+  void movingPictures();
   void games();
   void home();
   void rewards();
@@ -51,6 +52,7 @@ class Tour {
   void shopsOwnPage();
   void failures();
   void sizes();
+  void messages();
 
   // Parts of `home`, `rewards` and `otherHomes`.
   void winFromHome();
@@ -62,6 +64,11 @@ class Tour {
   /// Lets the service answer with no plugins and these campaigns until the faults are cleared.
   void orderNoPluginsAnd(const std::string& campaigns);
 
+  // Parts of `messages`.
+  void threeMessages();
+  void oneMessage();
+  void skippedMessages();
+
   // Parts of `games`.
   void roulette();
   void scratchLottery();
@@ -69,6 +76,8 @@ class Tour {
   void emptyPage();
   void gamesInSizes();
 
+  /// Lets the display tick, and waits before the last tick for what is being decoded.
+  void tick(int count);
   /// Opens home from the shop's page.
   void openHome();
   /// Runs the event loop until the screen shows an item with this name. Throws std::runtime_error on timeout,
