@@ -1,6 +1,8 @@
 #pragma once
 
+#ifndef Q_MOC_RUN  // moc cannot read <concepts>
 #include <orrelo/EventValue.h>
+#endif
 
 #include <QObject>
 #include <QString>
