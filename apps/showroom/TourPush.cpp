@@ -17,6 +17,7 @@ void Tour::coldStart() {
   awaitGone(QStringLiteral("오늘의 선물이 도착했어요"));
   click(QStringLiteral("로그아웃"));
   await(signIn);
+  settle();  // the entries take a second to disappear
 }
 
 void Tour::notification() {
