@@ -24,15 +24,17 @@ Kinds gifticonKinds();
 Kinds pointKinds();
 Kinds externalPointKinds();
 Kinds rewardsKinds();
+Kinds inAppMessageKinds();
 Kinds navigationKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),          viewkitKinds(),       modularKinds(),    contentKinds(),    rouletteKinds(),
-      scratchKinds(),        campaignKinds(),      attendanceKinds(), entryKinds(),      listKinds(),
-      optInMarketingKinds(), resultKinds(),        stampKinds(),      updateKinds(),     gifticonKinds(),
-      pointKinds(),          externalPointKinds(), rewardsKinds(),    navigationKinds(), hostKinds(),
+      imageKinds(),          viewkitKinds(),       modularKinds(),    contentKinds(),      rouletteKinds(),
+      scratchKinds(),        campaignKinds(),      attendanceKinds(), entryKinds(),        listKinds(),
+      optInMarketingKinds(), resultKinds(),        stampKinds(),      updateKinds(),       gifticonKinds(),
+      pointKinds(),          externalPointKinds(), rewardsKinds(),    inAppMessageKinds(), navigationKinds(),
+      hostKinds(),
   };
   return folders;
 }

@@ -113,6 +113,11 @@ Window {
                         onPressed: news.active = true
                     }
                 }
+                ShopButton {
+                    visible: showroom.user !== ""
+                    text: "오늘의 메시지 보기"
+                    onPressed: showroom.showMessages()
+                }
                 Rectangle {
                     width: parent.width
                     height: goods.height + 32
@@ -203,6 +208,16 @@ Window {
                         text: "축제 안내 보기"
                         onPressed: showroom.openCampaign("festival")
                     }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "행운의 동전 보기"
+                        onPressed: showroom.openCampaign("coins")
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "알림 받기"
+                        onPressed: notifications.play()
+                    }
                 }
                 Text {
                     width: parent.width
@@ -239,5 +254,14 @@ Window {
                 function onClosed() { news.active = false }
             }
         }
+    }
+    NotificationBanner {
+        x: (root.width - width) / 2
+        width: Math.min(440, root.width - 24)
+        title: notifications.title
+        text: notifications.text
+        isShown: notifications.isShown
+        onOpened: notifications.open()
+        onRemoved: notifications.remove()
     }
 }

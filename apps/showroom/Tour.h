@@ -37,6 +37,7 @@ class Tour {
   static inline const QString card = QStringLiteral("스크래치 복권, 누르면 결과가 나옵니다");
   static inline const QString confirm = QStringLiteral("확인");
 
+  void coldStart();
   void signedOut();
   void attendance();
   void checkIn();
@@ -44,13 +45,16 @@ class Tour {
   void composedPage();
   void webPage();
   void otherKinds();
+  void movingPictures();
   void games();
   void home();
   void rewards();
+  void notification();
   void otherHomes();
   void shopsOwnPage();
   void failures();
   void sizes();
+  void messages();
 
   // Parts of `home`, `rewards` and `otherHomes`.
   void winFromHome();
@@ -62,6 +66,11 @@ class Tour {
   /// Lets the service answer with no plugins and these campaigns until the faults are cleared.
   void orderNoPluginsAnd(const std::string& campaigns);
 
+  // Parts of `messages`.
+  void threeMessages();
+  void oneMessage();
+  void skippedMessages();
+
   // Parts of `games`.
   void roulette();
   void scratchLottery();
@@ -69,6 +78,8 @@ class Tour {
   void emptyPage();
   void gamesInSizes();
 
+  /// Lets the display tick, and waits before the last tick for what is being decoded.
+  void tick(int count);
   /// Opens home from the shop's page.
   void openHome();
   /// Runs the event loop until the screen shows an item with this name. Throws std::runtime_error on timeout,

@@ -3,6 +3,8 @@
 namespace orrelo::bench {
 
 void addCampaignScreens();
+void addCarousel();
+void addGifPlayback();
 void addGifticonScreen();
 void addHomeScreen();
 void addPointHistory();

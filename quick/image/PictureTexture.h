@@ -14,7 +14,11 @@ namespace orrelo::quick {
 /// memory and is drawn smoothly, and not larger than the renderer's limit. Used on the render thread only.
 class PictureTexture {
  public:
-  static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels);
+  /// What the image is: one that stays, whose pixels are not copied if possible, or a frame of an animation.
+  enum class Use { picture, frame };
+
+  static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels,
+                                                  Use use = Use::picture);
 
   /// The texture's size for an image that is shown in an item of `pixels` device pixels.
   static QSize sizeOf(QSize picture, QSize pixels, int maximumSide);
@@ -22,7 +26,7 @@ class PictureTexture {
   QSGTexture* texture() const { return texture_.get(); }
 
  private:
-  PictureTexture(QQuickWindow& window, ImagePtr image, QSize size);
+  PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, Use use);
 
   /// Kept alive because its address is part of the texture's key and must not be reused meanwhile.
   ImagePtr image_;
