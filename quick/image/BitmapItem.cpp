@@ -39,6 +39,13 @@ void BitmapItem::setSource(ImageBridge* source) {
   Q_EMIT sourceChanged();
 }
 
+void BitmapItem::setCornerRadius(double radius) {
+  if (radius == cornerRadius_) return;
+  cornerRadius_ = radius;
+  update();
+  Q_EMIT cornerRadiusChanged();
+}
+
 QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
   auto* node = static_cast<PictureNode*>(former);
   const auto image = source_ ? source_->image() : nullptr;
@@ -47,8 +54,12 @@ QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
     return nullptr;
   }
   if (node == nullptr) node = new PictureNode(window()->createImageNode());
-  const auto pixels = (size() * window()->effectiveDevicePixelRatio()).toSize();
-  node->show(PictureTexture::of(*window(), image, pixels), boundingRect());
+  const double ratio = window()->effectiveDevicePixelRatio();
+  const auto pixels = (size() * ratio).toSize();
+  node->show(cornerRadius_ > 0
+                 ? PictureTexture::rounded(*window(), image, pixels, qRound(cornerRadius_ * ratio))
+                 : PictureTexture::of(*window(), image, pixels),
+             boundingRect());
   return node;
 }
 

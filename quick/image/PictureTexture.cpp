@@ -3,7 +3,9 @@
 #include <QImage>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
+#include <QPainter>
 #include <QSGRendererInterface>
+#include <algorithm>
 #include <map>
 #include <mutex>
 #include <tuple>
@@ -41,6 +43,20 @@ int maximumTextureSide(const QQuickWindow& window) {
   return api == QSGRendererInterface::Vulkan ? least : Bitmap::maximumSide;
 }
 
+// The middle of the picture at this size, with transparent corners.
+QImage cover(const QImage& picture, QSize size, int radius) {
+  const auto scaled = picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+  QImage covered(size, QImage::Format_RGBA8888_Premultiplied);
+  covered.fill(Qt::transparent);
+  QPainter painter(&covered);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(scaled);
+  painter.setBrushOrigin((size.width() - scaled.width()) / 2, (size.height() - scaled.height()) / 2);
+  painter.drawRoundedRect(covered.rect(), radius, radius);
+  return covered;
+}
+
 }  // namespace
 
 // The size is halved repeatedly instead of matching the item, so that an image is not rescaled in every frame
@@ -53,9 +69,12 @@ QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
   return size.expandedTo({1, 1});
 }
 
-PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size) : image_(std::move(image)) {
+PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, int radius)
+    : image_(std::move(image)) {
   auto picture = toQt(image_);
-  if (picture.size() != size) {
+  if (radius > 0) {
+    picture = cover(picture, size, radius);
+  } else if (picture.size() != size) {
     picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
   texture_.reset(window.createTextureFromImage(picture));
@@ -63,18 +82,29 @@ PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size)
 
 std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
                                                          QSize pixels) {
-  using Key = std::tuple<const QQuickWindow*, const Image*, int, int>;
-  static auto* const mutex = new std::mutex;  // each window may render on its own thread
-  static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
   const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
                            maximumTextureSide(window));
+  return find(window, image, size, 0);
+}
+
+std::shared_ptr<const PictureTexture> PictureTexture::rounded(QQuickWindow& window, const ImagePtr& image,
+                                                              QSize pixels, int radius) {
+  const int side = maximumTextureSide(window);
+  return find(window, image, pixels.boundedTo({side, side}).expandedTo({1, 1}), std::max(1, radius));
+}
+
+std::shared_ptr<const PictureTexture> PictureTexture::find(QQuickWindow& window, const ImagePtr& image,
+                                                           QSize size, int radius) {
+  using Key = std::tuple<const QQuickWindow*, const Image*, int, int, int>;
+  static auto* const mutex = new std::mutex;  // each window may render on its own thread
+  static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
   const std::lock_guard lock(*mutex);
-  const Key key{&window, image.get(), size.width(), size.height()};
+  const Key key{&window, image.get(), size.width(), size.height(), radius};
   if (const auto found = known->find(key); found != known->end()) {
     if (auto texture = found->second.lock()) return texture;
   }
   std::erase_if(*known, [](const auto& entry) { return entry.second.expired(); });
-  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, size));
+  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, size, radius));
   (*known)[key] = texture;
   return texture;
 }

@@ -16,13 +16,21 @@ class PictureTexture {
  public:
   static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels);
 
+  /// The part of the image that covers `pixels` device pixels, with transparent corners of this radius. The
+  /// texture has exactly this size.
+  static std::shared_ptr<const PictureTexture> rounded(QQuickWindow& window, const ImagePtr& image,
+                                                       QSize pixels, int radius);
+
   /// The texture's size for an image that is shown in an item of `pixels` device pixels.
   static QSize sizeOf(QSize picture, QSize pixels, int maximumSide);
 
   QSGTexture* texture() const { return texture_.get(); }
 
  private:
-  PictureTexture(QQuickWindow& window, ImagePtr image, QSize size);
+  /// `radius` is 0 for the whole image.
+  PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, int radius);
+  static std::shared_ptr<const PictureTexture> find(QQuickWindow& window, const ImagePtr& image, QSize size,
+                                                    int radius);
 
   /// Kept alive because its address is part of the texture's key and must not be reused meanwhile.
   ImagePtr image_;

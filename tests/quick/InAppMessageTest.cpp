@@ -82,8 +82,11 @@ TEST_F(InAppMessageTest, FitsPhonesAndDesktops) {
     open(size, scale);
     show();
     expectNothingCut();
-    grab(QStringLiteral("messages-%1-%2-%3").arg(size.width()).arg(size.height()).arg(scale));
+    const auto shown = grab(QStringLiteral("messages-%1-%2-%3").arg(size.width()).arg(size.height()).arg(scale));
     const auto place = picturePlace(1);
+    const auto corner = place.topLeft().toPoint();
+    EXPECT_EQ(shown.pixelColor(corner + QPoint(1, 1)), shown.pixelColor(2, 2)) << "the corners are rounded";
+    EXPECT_NE(shown.pixelColor(corner + QPoint(5, 5)), shown.pixelColor(2, 2));
     EXPECT_NEAR(place.width(), place.height(), 0.01);
     EXPECT_NEAR(place.center().x(), size.width() / 2.0, 1.0);
     if (side > 0) {
