@@ -8,6 +8,7 @@
 #include "kit/InAppMessageComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
+#include "kit/ReferralComponent.h"
 #include "kit/RewardComponent.h"
 #include "ui/RunningKit.h"
 
@@ -31,6 +32,7 @@ class OrreloComponent {
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const InAppMessageComponent& inAppMessageComponent() const { return *inAppMessageComponent_; }
+  const ReferralComponent& referralComponent() const { return *referralComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
   const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
   const RewardComponent& rewardComponent() const { return *rewardComponent_; }
@@ -45,6 +47,7 @@ class OrreloComponent {
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<InAppMessageComponent> inAppMessageComponent_;
+  std::unique_ptr<ReferralComponent> referralComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
   std::unique_ptr<GifticonComponent> gifticonComponent_;
   std::unique_ptr<RewardComponent> rewardComponent_;

@@ -1,0 +1,11 @@
+#include "referral/ReferralViewControllerFactory.h"
+
+#include "referral/ReferralViewController.h"
+
+namespace orrelo {
+
+std::shared_ptr<ViewController> ReferralViewControllerFactoryImpl::make(const BrandTheme& brandTheme) const {
+  return ReferralViewController::create(ReferralViewModel(referralService_), brandTheme);
+}
+
+}  // namespace orrelo
