@@ -12,8 +12,8 @@ class BitmapItem : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(orrelo::quick::ImageBridge* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
-  /// If positive, the middle of the image covers the area in its own aspect ratio, with rounded corners of this
-  /// radius.
+  /// If positive, the middle of the image covers the area in its own aspect ratio, with rounded corners of
+  /// this radius.
   Q_PROPERTY(double cornerRadius READ cornerRadius WRITE setCornerRadius NOTIFY cornerRadiusChanged)
 
  public:

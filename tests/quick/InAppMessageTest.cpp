@@ -82,7 +82,8 @@ TEST_F(InAppMessageTest, FitsPhonesAndDesktops) {
     open(size, scale);
     show();
     expectNothingCut();
-    const auto shown = grab(QStringLiteral("messages-%1-%2-%3").arg(size.width()).arg(size.height()).arg(scale));
+    const auto shown =
+        grab(QStringLiteral("messages-%1-%2-%3").arg(size.width()).arg(size.height()).arg(scale));
     const auto place = picturePlace(1);
     const auto corner = place.topLeft().toPoint();
     EXPECT_EQ(shown.pixelColor(corner + QPoint(1, 1)), shown.pixelColor(2, 2)) << "the corners are rounded";
