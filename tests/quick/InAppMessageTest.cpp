@@ -56,14 +56,18 @@ class InAppMessageTest : public QuickTest {
     settle();
     return isThere && named(page(number)) != nullptr && sceneRect(named(page(number))).center().x() > 0;
   }
-  QRectF picturePlace(int number, int count = 3) const { return sceneRect(named(page(number, count))); }
+  /// Empty while another page is the current one.
+  QRectF picturePlace(int number) const {
+    const auto* const picture = named(page(number));
+    return picture != nullptr ? sceneRect(picture) : QRectF();
+  }
   void drag(QPoint from, QPoint by, bool releases = true) {
     QTest::mousePress(window_, Qt::LeftButton, {}, from);
     for (int i = 1; i <= 8; ++i) QTest::mouseMove(window_, from + by * i / 8);
     if (releases) QTest::mouseRelease(window_, Qt::LeftButton, {}, from + by);
   }
   void turnWheel(QPoint delta) {
-    const auto spot = picturePlace(1).center().toPoint();
+    const QPoint spot(window_->width() / 2, window_->height() / 2);
     QWheelEvent wheel(spot, window_->mapToGlobal(spot), {}, delta, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(window_, &wheel);
@@ -86,8 +90,9 @@ TEST_F(InAppMessageTest, FitsPhonesAndDesktops) {
         grab(QStringLiteral("messages-%1-%2-%3").arg(size.width()).arg(size.height()).arg(scale));
     const auto place = picturePlace(1);
     const auto corner = place.topLeft().toPoint();
-    EXPECT_EQ(shown.pixelColor(corner + QPoint(1, 1)), shown.pixelColor(2, 2)) << "the corners are rounded";
-    EXPECT_NE(shown.pixelColor(corner + QPoint(5, 5)), shown.pixelColor(2, 2));
+    const QColor ground(76, 76, 76);
+    EXPECT_EQ(count(shown.copy({corner, QSize(2, 2)}), ground), 4) << "the corners are rounded";
+    EXPECT_EQ(count(shown.copy({corner + QPoint(4, 4), QSize(2, 2)}), ground), 0);
     EXPECT_NEAR(place.width(), place.height(), 0.01);
     EXPECT_NEAR(place.center().x(), size.width() / 2.0, 1.0);
     if (side > 0) {
@@ -105,12 +110,12 @@ TEST_F(InAppMessageTest, ItIsTurnedByDragWheelAndKeys) {
   show();
   const auto middle = picturePlace(1).center().toPoint();
   EXPECT_EQ(focusName(), page(1)) << "what a screen reader reads first";
-  drag(middle, {-250, 0});
+  drag(middle, {-180, 0});
   EXPECT_TRUE(waitForPage(2));
   EXPECT_TRUE(isOpen()) << "a drag is no press";
   EXPECT_EQ(focusName(), page(2));
   grab("messages-second");
-  drag(middle, {260, 0});
+  drag(middle, {180, 0});
   EXPECT_TRUE(waitForPage(1));
   drag(middle, {20, 0});
   settle();
