@@ -214,7 +214,7 @@ TEST_F(InAppMessageTest, ResizingKeepsThePageAndReducedMotionDoesNotSlide) {
 TEST_F(InAppMessageTest, OneMessageHasNoPageControlAndManyHaveANumber) {
   answer(1);
   show(1);
-  EXPECT_TRUE(drawnBy("PageControl.qml").empty());
+  EXPECT_TRUE(drawnBy("PageControl").empty());
   grab("messages-one");
   press(Qt::Key_Right);
   press(Qt::Key_Escape);
@@ -223,8 +223,8 @@ TEST_F(InAppMessageTest, OneMessageHasNoPageControlAndManyHaveANumber) {
   show(60);
   expectNothingCut();
   grab("messages-sixty");
-  EXPECT_EQ(drawnBy("PageControl.qml").size(), 1U);
-  EXPECT_LE(drawnBy("InAppMessageViewCell.qml").size(), 5U) << "pages far away do not exist";
+  EXPECT_EQ(drawnBy("PageControl").size(), 1U);
+  EXPECT_LE(drawnBy("InAppMessageViewCell").size(), 5U) << "pages far away do not exist";
 }
 
 TEST_F(InAppMessageTest, APictureThatIsMissingLeavesAPlaceThatCanBePressed) {
