@@ -8,6 +8,7 @@ void addDrain();
 void addInitialize();
 void addChain();
 void addImage();
+void addGif();
 void addCampaign();
 void addScratch();
 void addModular();

@@ -9,6 +9,7 @@ int main(int argumentCount, char** arguments) {
   addChain();
   addCampaign();
   addImage();
+  addGif();
   addScratch();
   addModular();
   addWebKit();

@@ -208,6 +208,11 @@ Window {
                         text: "축제 안내 보기"
                         onPressed: showroom.openCampaign("festival")
                     }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "행운의 동전 보기"
+                        onPressed: showroom.openCampaign("coins")
+                    }
                 }
                 Text {
                     width: parent.width

@@ -52,6 +52,8 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
   if (now) {
     clock_ = std::make_shared<StoppedClock>(*now, platform.clock);
     platform.clock = clock_;
+    display_ = std::make_shared<FrameDisplay>();
+    platform.displayLink = display_;
   } else {
     serviceUrl_ = QString::fromStdString(service_.baseUrl());
   }
@@ -70,6 +72,10 @@ void Showroom::letConfigurationExpire() {
 
 void Showroom::letTheNextDayBegin() {
   if (clock_) clock_->advance(std::chrono::hours(24));
+}
+
+void Showroom::tickDisplay() {
+  if (display_) display_->tick();
 }
 
 QString Showroom::newsUrl() const {

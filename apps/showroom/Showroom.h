@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DevService.h"
+#include "FrameDisplay.h"
 
 #include <orrelo/ORLDelegates.h>
 
@@ -40,6 +41,9 @@ class Showroom final : public QObject {
   /// Moves the kit's clock on by a day, if the time is fixed.
   void letTheNextDayBegin();
 
+  /// Advances animated images by a tick of the display, if the time is fixed.
+  void tickDisplay();
+
   /// Empty if nobody is signed in.
   QString user() const { return user_; }
   /// Empty if the page must not show it.
@@ -77,8 +81,9 @@ class Showroom final : public QObject {
   void giveConsent();
 
   devservice::DevService service_;
-  /// Null if the time is not fixed.
+  /// Both are null if the time is not fixed.
   std::shared_ptr<StoppedClock> clock_;
+  std::shared_ptr<FrameDisplay> display_;
   QString serviceUrl_;
   QQuickWindow* window_ = nullptr;
   QString user_;

@@ -54,6 +54,7 @@ void Tour::play() {
   composedPage();
   webPage();
   otherKinds();
+  movingPictures();
   games();
   home();
   rewards();

@@ -44,6 +44,7 @@ class Tour {
   void composedPage();
   void webPage();
   void otherKinds();
+  void movingPictures();
   void games();
   void home();
   void rewards();
@@ -75,6 +76,8 @@ class Tour {
   void emptyPage();
   void gamesInSizes();
 
+  /// Lets the display tick, and waits before the last tick for what is being decoded.
+  void tick(int count);
   /// Opens home from the shop's page.
   void openHome();
   /// Runs the event loop until the screen shows an item with this name. Throws std::runtime_error on timeout,

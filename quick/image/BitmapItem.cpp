@@ -30,11 +30,23 @@ class PictureNode final : public QSGNode {
 
 }  // namespace
 
+BitmapItem::~BitmapItem() {
+  if (source_) source_->removePlacement(*this);
+}
+
 void BitmapItem::setSource(ImageBridge* source) {
   if (source == source_) return;
-  if (source_) source_->disconnect(this);
+  tracker_.reset();
+  if (source_) {
+    source_->disconnect(this);
+    source_->removePlacement(*this);
+  }
   source_ = source;
-  if (source_) connect(source_, &ViewBridge::stateChanged, this, &QQuickItem::update);
+  if (source_) {
+    connect(source_, &ViewBridge::stateChanged, this, &QQuickItem::update);
+    connect(source_, &ImageBridge::frameChanged, this, &BitmapItem::showFrame);
+    showFrame();
+  }
   update();
   Q_EMIT sourceChanged();
 }
@@ -44,6 +56,17 @@ void BitmapItem::setCornerRadius(double radius) {
   cornerRadius_ = radius;
   update();
   Q_EMIT cornerRadiusChanged();
+}
+
+void BitmapItem::showFrame() {
+  if (!source_->isAnimated()) {
+    tracker_.reset();
+  } else if (!tracker_) {
+    tracker_ = std::make_unique<PlacementTracker>(*this, [this](ImageView::Placement placement) {
+      if (source_) source_->setPlacement(*this, placement);
+    });
+  }
+  update();
 }
 
 QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "quick/image/ImageBridge.h"
+#include "quick/image/PlacementTracker.h"
 
 #include <QPointer>
 #include <QQuickItem>
+#include <memory>
 
 namespace orrelo::quick {
 
-/// Draws a loaded image stretched over the item's whole area.
+/// Draws a loaded image or a frame of an animation, stretched over the item's whole area. It reports where it
+/// is while the image is an animation.
 class BitmapItem : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
@@ -18,6 +21,7 @@ class BitmapItem : public QQuickItem {
 
  public:
   explicit BitmapItem(QQuickItem* parent = nullptr) : QQuickItem(parent) { setFlag(ItemHasContents); }
+  ~BitmapItem() override;
 
   ImageBridge* source() const { return source_; }
   void setSource(ImageBridge* source);
@@ -32,8 +36,12 @@ class BitmapItem : public QQuickItem {
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
+  void showFrame();
+
   QPointer<ImageBridge> source_;
   double cornerRadius_ = 0.0;
+  /// Null unless the image is an animation.
+  std::unique_ptr<PlacementTracker> tracker_;
 };
 
 }  // namespace orrelo::quick

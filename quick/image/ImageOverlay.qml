@@ -1,0 +1,35 @@
+import QtQuick
+import Orrelo.Kit
+
+/// What an image shows above its picture: an activity indicator while an animation is being loaded, and a play button while
+/// it waits for the user.
+Loader {
+    id: overlay
+
+    required property ImageBridge model
+
+    active: model.showsSpinner || model.showsPlayButton
+
+    sourceComponent: Item {
+        Rectangle {
+            anchors.centerIn: parent
+            width: Math.min(36, parent.width, parent.height)
+            height: width
+            radius: width / 2
+            visible: indicator.isAnimating
+            // The indicator is visible on a dark background, too.
+            color: Qt.rgba(1, 1, 1, 0.85)
+
+            ActivityIndicator {
+                id: indicator
+                anchors { fill: parent; margins: 2 }
+                isAnimating: overlay.model.showsSpinner
+            }
+        }
+        Loader {
+            anchors.fill: parent
+            active: overlay.model.showsPlayButton
+            sourceComponent: PlayButton { model: overlay.model }
+        }
+    }
+}
