@@ -60,6 +60,8 @@ FocusScope {
         KitImage {
             id: drawing
             anchors.fill: parent
+            // Its play button is not to be reached on pages out of sight.
+            enabled: cell.isCurrent
             cornerRadius: Theme.cornerRadius
             model: cell.modelData.image
         }
