@@ -213,6 +213,11 @@ Window {
                         text: "행운의 동전 보기"
                         onPressed: showroom.openCampaign("coins")
                     }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "알림 받기"
+                        onPressed: notifications.play()
+                    }
                 }
                 Text {
                     width: parent.width
@@ -249,5 +254,14 @@ Window {
                 function onClosed() { news.active = false }
             }
         }
+    }
+    NotificationBanner {
+        x: (root.width - width) / 2
+        width: Math.min(440, root.width - 24)
+        title: notifications.title
+        text: notifications.text
+        isShown: notifications.isShown
+        onOpened: notifications.open()
+        onRemoved: notifications.remove()
     }
 }

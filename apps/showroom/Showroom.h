@@ -2,6 +2,8 @@
 
 #include "DevService.h"
 #include "FrameDisplay.h"
+#include "NotificationInbox.h"
+#include "Notifications.h"
 
 #include <orrelo/ORLDelegates.h>
 
@@ -34,6 +36,7 @@ class Showroom final : public QObject {
                     std::optional<std::chrono::system_clock::time_point> now = {});
 
   devservice::DevService& service() { return service_; }
+  Notifications& notifications() { return notifications_; }
   void setWindow(QQuickWindow* window) { window_ = window; }
   /// Lets the kit ask for its configuration again, if the time is fixed: moves the kit's clock on by more
   /// than the lifetime of the copy in its memory.
@@ -79,8 +82,12 @@ class Showroom final : public QObject {
 
   void setUser(const QString& user);
   void giveConsent();
+  void followNotifications();
 
   devservice::DevService service_;
+  Notifications notifications_;
+  /// Null if the time is fixed: such a showroom plays its notifications itself.
+  std::unique_ptr<NotificationInbox> inbox_;
   /// Both are null if the time is not fixed.
   std::shared_ptr<StoppedClock> clock_;
   std::shared_ptr<FrameDisplay> display_;

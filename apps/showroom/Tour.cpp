@@ -47,6 +47,7 @@ Tour::Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folde
 }
 
 void Tour::play() {
+  coldStart();
   signedOut();
   attendance();
   checkIn();
@@ -58,6 +59,7 @@ void Tour::play() {
   games();
   home();
   rewards();
+  notification();
   otherHomes();
   shopsOwnPage();
   failures();

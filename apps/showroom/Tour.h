@@ -37,6 +37,7 @@ class Tour {
   static inline const QString card = QStringLiteral("스크래치 복권, 누르면 결과가 나옵니다");
   static inline const QString confirm = QStringLiteral("확인");
 
+  void coldStart();
   void signedOut();
   void attendance();
   void checkIn();
@@ -48,6 +49,7 @@ class Tour {
   void games();
   void home();
   void rewards();
+  void notification();
   void otherHomes();
   void shopsOwnPage();
   void failures();

@@ -79,9 +79,10 @@ QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
   if (node == nullptr) node = new PictureNode(window()->createImageNode());
   const double ratio = window()->effectiveDevicePixelRatio();
   const auto pixels = (size() * ratio).toSize();
+  const auto use = source_->isAnimated() ? PictureTexture::Use::frame : PictureTexture::Use::picture;
   node->show(cornerRadius_ > 0
                  ? PictureTexture::rounded(*window(), image, pixels, qRound(cornerRadius_ * ratio))
-                 : PictureTexture::of(*window(), image, pixels),
+                 : PictureTexture::of(*window(), image, pixels, use),
              boundingRect());
   return node;
 }

@@ -5,6 +5,7 @@
 #include <QOpenGLFunctions>
 #include <QPainter>
 #include <QSGRendererInterface>
+#include <QtEndian>
 #include <algorithm>
 #include <map>
 #include <mutex>
@@ -24,6 +25,24 @@ QImage toQt(const ImagePtr& image) {
           QImage::Format_RGBA8888_Premultiplied,
           [](void* kept) { delete static_cast<ImagePtr*>(kept); },
           new ImagePtr(image)};
+}
+
+// A copy in the format that the software renderer draws fastest. It costs less than drawing the bitmap's own
+// format once.
+QImage inScreenFormat(const Bitmap& bitmap) {
+  QImage copy(bitmap.width, bitmap.height, QImage::Format_ARGB32_Premultiplied);
+  const auto* from = bitmap.pixels.get();
+  quint32 alpha = 0xFF000000U;
+  for (int y = 0; y < bitmap.height; ++y) {
+    auto* const to = reinterpret_cast<quint32*>(copy.scanLine(y));
+    for (int x = 0; x < bitmap.width; ++x, from += Bitmap::bytesPerPixel) {
+      const auto pixel = qFromLittleEndian<quint32>(from);
+      alpha &= pixel;
+      to[x] = (pixel & 0xFF00FF00U) | (pixel & 0xFFU) << 16U | (pixel >> 16U & 0xFFU);
+    }
+  }
+  if (alpha == 0xFF000000U) copy.reinterpretAsFormat(QImage::Format_RGB32);
+  return copy;
 }
 
 // The longest side of a texture in the window's renderer. OpenGL is queried. Direct3D 11, Metal and the
@@ -46,7 +65,7 @@ int maximumTextureSide(const QQuickWindow& window) {
 // The middle of the picture at this size, with transparent corners.
 QImage cover(const QImage& picture, QSize size, int radius) {
   const auto scaled = picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
-  QImage covered(size, QImage::Format_RGBA8888_Premultiplied);
+  QImage covered(size, QImage::Format_ARGB32_Premultiplied);
   covered.fill(Qt::transparent);
   QPainter painter(&covered);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -69,32 +88,31 @@ QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
   return size.expandedTo({1, 1});
 }
 
-PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, int radius)
-    : image_(std::move(image)) {
-  auto picture = toQt(image_);
-  if (radius > 0) {
-    picture = cover(picture, size, radius);
-  } else if (picture.size() != size) {
-    picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  }
-  texture_.reset(window.createTextureFromImage(picture));
-}
+PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, const QImage& picture)
+    : image_(std::move(image)), texture_(window.createTextureFromImage(picture)) {}
 
 std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
-                                                         QSize pixels) {
+                                                         QSize pixels, Use use) {
   const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
                            maximumTextureSide(window));
-  return find(window, image, size, 0);
+  return find(window, image, size, 0, [&] {
+    const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
+    const auto picture = use == Use::frame && isSoftware ? inScreenFormat(image->bitmap) : toQt(image);
+    return picture.size() == size ? picture
+                                  : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  });
 }
 
 std::shared_ptr<const PictureTexture> PictureTexture::rounded(QQuickWindow& window, const ImagePtr& image,
                                                               QSize pixels, int radius) {
   const int side = maximumTextureSide(window);
-  return find(window, image, pixels.boundedTo({side, side}).expandedTo({1, 1}), std::max(1, radius));
+  const auto size = pixels.boundedTo({side, side}).expandedTo({1, 1});
+  return find(window, image, size, std::max(1, radius), [&] { return cover(toQt(image), size, radius); });
 }
 
 std::shared_ptr<const PictureTexture> PictureTexture::find(QQuickWindow& window, const ImagePtr& image,
-                                                           QSize size, int radius) {
+                                                           QSize size, int radius,
+                                                           const std::function<QImage()>& draw) {
   using Key = std::tuple<const QQuickWindow*, const Image*, int, int, int>;
   static auto* const mutex = new std::mutex;  // each window may render on its own thread
   static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
@@ -104,7 +122,7 @@ std::shared_ptr<const PictureTexture> PictureTexture::find(QQuickWindow& window,
     if (auto texture = found->second.lock()) return texture;
   }
   std::erase_if(*known, [](const auto& entry) { return entry.second.expired(); });
-  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, size, radius));
+  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, draw()));
   (*known)[key] = texture;
   return texture;
 }

@@ -6,6 +6,7 @@
 #include "platform/URLSession.h"
 #include "platform/threads/onMain.h"
 
+#include <orrelo/Export.h>
 #include <orrelo/Url.h>
 
 #include <memory>
@@ -58,8 +59,9 @@ class GifLoad : public std::enable_shared_from_this<GifLoad> {
 
 /// Loads the file from the manager's cache or the network and plays it in the view, whose current load or
 /// animation it ends. Returns the transfer; null if the file is in the cache. Main thread only.
-std::shared_ptr<URLSessionTask> loadAnimation(const std::shared_ptr<ImageTarget>& view, const Url& url,
-                                              const std::shared_ptr<GifPlaybackManager>& manager,
-                                              URLSession& session, const AnimationLoadOptions& options = {});
+ORRELO_EXPORT std::shared_ptr<URLSessionTask> loadAnimation(
+    const std::shared_ptr<ImageTarget>& view, const Url& url,
+    const std::shared_ptr<GifPlaybackManager>& manager, URLSession& session,
+    const AnimationLoadOptions& options = {});
 
 }  // namespace orrelo

@@ -2,6 +2,7 @@
 
 #include "image/MemoryCache.h"
 
+#include <orrelo/Export.h>
 #include <orrelo/Platform.h>
 #include <orrelo/platform/DisplayLink.h>
 
@@ -17,7 +18,7 @@ class ImageTarget;
 
 /// Drives the animations of all views by the display's ticks, and decides whether their frames are kept.
 /// Main thread only.
-class GifPlaybackManager : public std::enable_shared_from_this<GifPlaybackManager> {
+class ORRELO_EXPORT GifPlaybackManager : public std::enable_shared_from_this<GifPlaybackManager> {
  public:
   /// Of the shared manager, in megabytes.
   static constexpr std::int64_t defaultMemoryLimit = 50;
