@@ -26,17 +26,18 @@ Kinds pointKinds();
 Kinds externalPointKinds();
 Kinds rewardsKinds();
 Kinds referralKinds();
+Kinds inAppMessageKinds();
 Kinds navigationKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),      viewkitKinds(), modularKinds(),        contentKinds(),
-      rouletteKinds(),   scratchKinds(), campaignKinds(),       attendanceKinds(),
-      entryKinds(),      listKinds(),    optInMarketingKinds(), referralCampaignKinds(),
-      referralKinds(),   resultKinds(),  stampKinds(),          updateKinds(),
-      gifticonKinds(),   pointKinds(),   externalPointKinds(),  rewardsKinds(),
-      navigationKinds(), hostKinds(),
+      imageKinds(),        viewkitKinds(),       modularKinds(),        contentKinds(),
+      rouletteKinds(),     scratchKinds(),       campaignKinds(),       attendanceKinds(),
+      entryKinds(),        listKinds(),          optInMarketingKinds(), referralCampaignKinds(),
+      resultKinds(),       stampKinds(),         updateKinds(),         gifticonKinds(),
+      pointKinds(),        externalPointKinds(), rewardsKinds(),        referralKinds(),
+      inAppMessageKinds(), navigationKinds(),    hostKinds(),
   };
   return folders;
 }

@@ -113,6 +113,11 @@ Window {
                         onPressed: news.active = true
                     }
                 }
+                ShopButton {
+                    visible: showroom.user !== ""
+                    text: "오늘의 메시지 보기"
+                    onPressed: showroom.showMessages()
+                }
                 Rectangle {
                     width: parent.width
                     height: goods.height + 32

@@ -68,6 +68,10 @@ void Showroom::letConfigurationExpire() {
   if (clock_) clock_->advance(std::chrono::seconds(61));
 }
 
+void Showroom::letTheNextDayBegin() {
+  if (clock_) clock_->advance(std::chrono::hours(24));
+}
+
 QString Showroom::newsUrl() const {
 #ifdef SHOWROOM_HAS_WEB
   return QString::fromStdString(service_.baseUrl() + "/pages/news.html");
@@ -108,6 +112,10 @@ void Showroom::openPage(const QString& id) {
 
 void Showroom::openHome() {
   Orrelo::showHome(quick::hostViewController(window_));
+}
+
+void Showroom::showMessages() {
+  Orrelo::showInAppMessage(quick::hostViewController(window_));
 }
 
 void Showroom::didSignIn(const QString& user) {

@@ -37,6 +37,8 @@ class Showroom final : public QObject {
   /// Lets the kit ask for its configuration again, if the time is fixed: moves the kit's clock on by more
   /// than the lifetime of the copy in its memory.
   void letConfigurationExpire();
+  /// Moves the kit's clock on by a day, if the time is fixed.
+  void letTheNextDayBegin();
 
   /// Empty if nobody is signed in.
   QString user() const { return user_; }
@@ -57,6 +59,8 @@ class Showroom final : public QObject {
   Q_INVOKABLE void presentAttendance();
   /// Pushes the kit's home onto the window's stack.
   Q_INVOKABLE void openHome();
+  /// Shows the service's messages over the window.
+  Q_INVOKABLE void showMessages();
   /// Takes over the user whom the shop's web page has signed in to the kit.
   Q_INVOKABLE void didSignIn(const QString& user);
 

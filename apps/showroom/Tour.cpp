@@ -61,6 +61,7 @@ void Tour::play() {
   shopsOwnPage();
   failures();
   sizes();
+  messages();  // moves the clock to the next day
   writePage();
 }
 

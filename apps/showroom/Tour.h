@@ -51,6 +51,7 @@ class Tour {
   void shopsOwnPage();
   void failures();
   void sizes();
+  void messages();
 
   // Parts of `home`, `rewards` and `otherHomes`.
   void winFromHome();
@@ -61,6 +62,11 @@ class Tour {
   void homeInSizes();
   /// Lets the service answer with no plugins and these campaigns until the faults are cleared.
   void orderNoPluginsAnd(const std::string& campaigns);
+
+  // Parts of `messages`.
+  void threeMessages();
+  void oneMessage();
+  void skippedMessages();
 
   // Parts of `games`.
   void roulette();

@@ -3,6 +3,7 @@
 namespace orrelo::bench {
 
 void addCampaignScreens();
+void addCarousel();
 void addGifticonScreen();
 void addHomeScreen();
 void addPointHistory();

@@ -24,12 +24,12 @@ namespace orrelo {
 ///
 /// Threads: any thread may call any operation, except the `get…ViewController` operations, which must be
 /// called on the main thread. The `show…` operations show their screen on the main thread: immediately when
-/// called there, otherwise in a task posted to the main loop; `showPage` and `showHome` ask the service
-/// first. No operation waits for a file or for the network, except that `initialize` and `setUser` read and
-/// write small settings files. Call `initialize` once and early.
+/// called there, otherwise in a task posted to the main loop; `showPage`, `showHome` and `showInAppMessage`
+/// ask the service first. No operation waits for a file or for the network, except that `initialize` and
+/// `setUser` read and write small settings files. Call `initialize` once and early.
 ///
 /// These operations are not implemented yet, and only write a log line when called before `initialize`:
-/// `showInAppMessage`, `setDeviceToken`, `setPushToken`, `userNotificationCenter` and `application`. The last
+/// `setDeviceToken`, `setPushToken`, `userNotificationCenter` and `application`. The last
 /// two do not call their completions.
 ///
 /// Errors: an event value of an unsupported type throws UnsupportedEventValueException; no other exception is
@@ -98,6 +98,9 @@ class ORRELO_EXPORT Orrelo final {
   /// Opens the page that the service's configuration assigns to `id`, over the current screen: a campaign, a
   /// screen of the kit, or a deep link of the host. A page that cannot be opened is reported in the log.
   static void showPage(std::string_view id);
+  /// Presents the banners that the service has for the current user over the host's screen `with`: pictures
+  /// that lead to campaigns. Shows nothing if nobody is signed in, if the user has declined messages today,
+  /// if there are none, or if the service cannot be reached; also if `with` presents another screen by then.
   static void showInAppMessage(const std::shared_ptr<ViewController>& with);
 
   /// The platform's raw device token.

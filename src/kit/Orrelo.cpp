@@ -132,8 +132,13 @@ void Orrelo::showPage(std::string_view id) {
   InitializedOrrelo::current()->component->pageComponent().useCase->execute(std::string(id));
 }
 
-void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>&) {
-  RunningKit::isInitialized("showInAppMessage(with:)");
+void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>& with) {
+  if (!RunningKit::isInitialized("showInAppMessage(with:)")) return;
+  const auto navigator = InitializedOrrelo::current()->component->inAppMessageComponent().navigator;
+  const auto userId = currentUserId();
+  if (!userId || navigator->skipTimeCheckService->hasSkippedToday()) return;
+  onMain(*Platform::current().mainLoop,
+         [navigator, with, userId = *userId] { navigator->show(with, userId); });
 }
 
 void Orrelo::setDeviceToken(const std::vector<std::byte>&) {

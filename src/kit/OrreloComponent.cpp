@@ -23,6 +23,8 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   referralComponent_ = std::make_unique<ReferralComponent>(
       configComponent_->fetchConfigUseCase, campaignComponent_->fetchCampaignsUseCase, networkConfig);
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
+  inAppMessageComponent_ = std::make_unique<InAppMessageComponent>(
+      configComponent_->fetchConfigUseCase, networkConfig, campaignComponent_->campaignNavigator);
 }
 
 RunningKit OrreloComponent::runningKit() const {

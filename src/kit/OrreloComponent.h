@@ -5,6 +5,7 @@
 #include "kit/EventComponent.h"
 #include "kit/ExternalPointComponent.h"
 #include "kit/GifticonComponent.h"
+#include "kit/InAppMessageComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
 #include "kit/ReferralComponent.h"
@@ -30,6 +31,7 @@ class OrreloComponent {
   const ExternalPointComponent& externalPointComponent() const { return *externalPointComponent_; }
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
+  const InAppMessageComponent& inAppMessageComponent() const { return *inAppMessageComponent_; }
   const ReferralComponent& referralComponent() const { return *referralComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
   const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
@@ -44,6 +46,7 @@ class OrreloComponent {
   std::unique_ptr<ExternalPointComponent> externalPointComponent_;
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
+  std::unique_ptr<InAppMessageComponent> inAppMessageComponent_;
   std::unique_ptr<ReferralComponent> referralComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
   std::unique_ptr<GifticonComponent> gifticonComponent_;
