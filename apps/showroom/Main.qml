@@ -208,6 +208,11 @@ Window {
                         text: "축제 안내 보기"
                         onPressed: showroom.openCampaign("festival")
                     }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "친구 초대하기"
+                        onPressed: showroom.openCampaign("referral")
+                    }
                 }
                 Text {
                     width: parent.width
