@@ -104,7 +104,7 @@ class GifTest : public QuickTest {
     return found;
   }
   void scroll(double distance) {
-    auto* const area = drawnBy("PageScroll").front();
+    auto* const area = drawnBy("ModularCampaignView").front();
     area->setProperty("contentY", area->property("contentY").toDouble() + distance);
     window_->grabWindow();
   }
