@@ -84,7 +84,7 @@ class Tour {
   void emptyPage();
   void gamesInSizes();
 
-  /// Lets the display tick, and waits before the last tick for what is being decoded.
+  /// Lets the display tick, and waits before the last but one for what is being decoded.
   void tick(int count);
   /// Opens home from the shop's page.
   void openHome();
