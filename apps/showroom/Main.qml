@@ -218,6 +218,11 @@ Window {
                         text: "알림 받기"
                         onPressed: notifications.play()
                     }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "친구 초대하기"
+                        onPressed: showroom.openCampaign("referral")
+                    }
                 }
                 Text {
                     width: parent.width

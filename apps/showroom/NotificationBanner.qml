@@ -13,7 +13,6 @@ FocusScope {
     implicitHeight: Math.max(72, texts.height + 28)
     visible: y > -height
     y: isShown ? 12 : -height - 12
-    onIsShownChanged: if (isShown) area.forceActiveFocus()
     Keys.onEscapePressed: removed()
 
     Behavior on y { NumberAnimation { duration: 250; easing.type: Easing.OutCubic } }

@@ -64,6 +64,7 @@ void Tour::play() {
   shopsOwnPage();
   failures();
   sizes();
+  referral();
   messages();  // moves the clock to the next day
   writePage();
 }
@@ -292,6 +293,15 @@ void Tour::press(Qt::Key key) {
   for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     QKeyEvent event(type, key, Qt::NoModifier);
     QCoreApplication::sendEvent(&window_, &event);
+  }
+}
+
+void Tour::type(const QString& text) {
+  for (const auto letter : text) {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent event(type, Qt::Key_unknown, Qt::NoModifier, letter);
+      QCoreApplication::sendEvent(&window_, &event);
+    }
   }
 }
 

@@ -55,6 +55,7 @@ class Tour {
   void failures();
   void sizes();
   void messages();
+  void referral();
 
   // Parts of `home`, `rewards` and `otherHomes`.
   void winFromHome();
@@ -71,6 +72,11 @@ class Tour {
   void oneMessage();
   void skippedMessages();
 
+  // Parts of `referral`.
+  QString friendsCode();
+  void enterCode(const QString& code);
+  void friendsReward();
+
   // Parts of `games`.
   void roulette();
   void scratchLottery();
@@ -78,7 +84,7 @@ class Tour {
   void emptyPage();
   void gamesInSizes();
 
-  /// Lets the display tick, and waits before the last tick for what is being decoded.
+  /// Lets the display tick, and waits before the last but one for what is being decoded.
   void tick(int count);
   /// Opens home from the shop's page.
   void openHome();
@@ -103,6 +109,8 @@ class Tour {
   /// Drags without a pause through points of the item with this name, each a share of its width and height.
   void drag(const QString& name, const QList<QPointF>& path);
   void press(Qt::Key key);
+  /// Types the text into the item with the focus.
+  void type(const QString& text);
   void close();
   void closeHome();
   /// Waits until the screens' animations have ended.

@@ -13,8 +13,8 @@ void Tour::coldStart() {
   await(mission);
   picture(QStringLiteral("A tapped notification has started the application: its campaign opens"));
   close();
-  await(QStringLiteral("minji님, 반가워요"));
   require(showroom_.user() == QStringLiteral("minji"), QStringLiteral("the last user is not back"));
+  awaitGone(QStringLiteral("오늘의 선물이 도착했어요"));
   click(QStringLiteral("로그아웃"));
   await(signIn);
 }

@@ -80,7 +80,8 @@ double playInKit(std::int64_t memoryLimit) {
     loadAnimation(views[static_cast<std::size_t>(i)], *url, manager, stage.service(),
                   {.completion = [&loaded](const auto&) { ++loaded; }});
   }
-  runUntil([&] { return loaded == viewCount; });
+  const QDeadlineTimer arrival(1000);  // longer than the screen slides in
+  runUntil([&] { return loaded == viewCount && arrival.hasExpired(); });
 
   int shown = 0;
   std::vector<reactive::Disposable> counting;

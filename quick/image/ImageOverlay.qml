@@ -26,10 +26,15 @@ Loader {
                 isAnimating: overlay.model.showsSpinner
             }
         }
+        // In the corner, so that a view beneath keeps its own taps on the rest of the picture.
         Loader {
-            anchors.fill: parent
+            anchors { right: parent.right; bottom: parent.bottom }
             active: overlay.model.showsPlayButton
-            sourceComponent: PlayButton { model: overlay.model }
+            sourceComponent: PlayButton {
+                width: Math.min(Theme.touchSize, overlay.width)
+                height: Math.min(Theme.touchSize, overlay.height)
+                model: overlay.model
+            }
         }
     }
 }

@@ -1,16 +1,12 @@
 import QtQuick
 import Orrelo.Kit
 
-/// Plays an animation that waits for it, in the lower right corner of its picture. In a small picture the whole of it can
-/// be pressed. A view beneath keeps its own taps on the rest of the picture.
+/// Plays an animation that waits for it. A view beneath keeps its own taps.
 PressArea {
     id: button
 
     required property ImageBridge model
 
-    anchors { right: parent.right; bottom: parent.bottom }
-    width: Math.min(Theme.touchSize, parent.width)
-    height: Math.min(Theme.touchSize, parent.height)
     name: "움직이는 이미지 재생"
     gesturePolicy: TapHandler.ReleaseWithinBounds
     focusFrame: icon

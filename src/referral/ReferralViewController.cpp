@@ -16,7 +16,8 @@ constexpr auto authorize = "친구 코드 입력 완료";
 
 }  // namespace
 
-ReferralViewController::ReferralViewController(ReferralViewModel viewModel, const BrandTheme& theme)
+ReferralViewController::ReferralViewController(std::shared_ptr<const ReferralViewModel> viewModel,
+                                               const BrandTheme& theme)
     : brandTheme(theme),
       verificationButton(std::make_shared<RxButton>(verify)),
       authorizationButton(std::make_shared<RxButton>(authorize)),
@@ -28,8 +29,8 @@ ReferralViewController::ReferralViewController(ReferralViewModel viewModel, cons
 void ReferralViewController::viewDidLoad() {
   ORLUIViewController::viewDidLoad();
   const auto self = std::static_pointer_cast<ReferralViewController>(shared_from_this());
-  followOnMain(viewModel_.transform(taps(*verificationButton), taps(*authorizationButton)), self, disposeBag_,
-               &ReferralViewController::render, [](ReferralViewController&, const Error& error) {
+  followOnMain(viewModel_->transform(taps(*verificationButton), taps(*authorizationButton)), self,
+               disposeBag_, &ReferralViewController::render, [](ReferralViewController&, const Error& error) {
                  log(LogLevel::ERROR, [&] {
                    return "A referral code could not be checked, and the screen stops: " +
                           error.localizedDescription();

@@ -35,7 +35,7 @@ class ORRELO_EXPORT ReferralViewController final : public ORLUIViewController,
   static constexpr auto codeTextFieldIdentifier = "codeTextField";
   static constexpr Color verifiedCodeColor{0.715, 0.717, 0.72, 1.0};
 
-  static std::shared_ptr<ReferralViewController> create(ReferralViewModel viewModel,
+  static std::shared_ptr<ReferralViewController> create(std::shared_ptr<const ReferralViewModel> viewModel,
                                                         const BrandTheme& theme) {
     return std::shared_ptr<ReferralViewController>(new ReferralViewController(std::move(viewModel), theme));
   }
@@ -61,7 +61,7 @@ class ORRELO_EXPORT ReferralViewController final : public ORLUIViewController,
   void viewDidLoad() override;
 
  private:
-  ReferralViewController(ReferralViewModel viewModel, const BrandTheme& theme);
+  ReferralViewController(std::shared_ptr<const ReferralViewModel> viewModel, const BrandTheme& theme);
 
   /// The throttled taps, with the code and the user at the moment when a tap passes.
   reactive::Observable<ReferralViewModel::Tap> taps(const RxButton& button);
@@ -74,7 +74,7 @@ class ORRELO_EXPORT ReferralViewController final : public ORLUIViewController,
   /// Sets the buttons and the field for a code that is verified or not.
   void setVerified(bool isVerified);
 
-  const ReferralViewModel viewModel_;
+  const std::shared_ptr<const ReferralViewModel> viewModel_;
   std::string code_;
   Followed<State> state_;
   reactive::DisposeBag disposeBag_;

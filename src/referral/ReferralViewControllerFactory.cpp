@@ -5,7 +5,8 @@
 namespace orrelo {
 
 std::shared_ptr<ViewController> ReferralViewControllerFactoryImpl::make(const BrandTheme& brandTheme) const {
-  return ReferralViewController::create(ReferralViewModel(referralService_), brandTheme);
+  return ReferralViewController::create(std::make_shared<const ReferralViewModel>(referralService_),
+                                        brandTheme);
 }
 
 }  // namespace orrelo

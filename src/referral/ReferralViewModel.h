@@ -22,12 +22,14 @@ class ReferralViewModel {
 
   explicit ReferralViewModel(std::shared_ptr<ReferralService> referralService)
       : referralService_(std::move(referralService)) {}
+  virtual ~ReferralViewModel() = default;
 
   /// Emits `Idle`, then the answer to each tap on the main thread. A tap supersedes the running one of its
   /// own kind. The event of an answered tap is reported with the answer, and none for a tap that the service
   /// was not asked about. An error of the service ends the stream, and with it both kinds of taps.
-  reactive::Observable<ReferralViewState> transform(const reactive::Observable<Tap>& verificationTaps,
-                                                    const reactive::Observable<Tap>& authorizationTaps) const;
+  virtual reactive::Observable<ReferralViewState> transform(
+      const reactive::Observable<Tap>& verificationTaps,
+      const reactive::Observable<Tap>& authorizationTaps) const;
 
  private:
   std::shared_ptr<ReferralService> referralService_;
