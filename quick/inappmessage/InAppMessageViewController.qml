@@ -55,9 +55,6 @@ FocusScope {
             view.screen.didScroll(item * width, width)
             view.screen.didEndScrolling()
         }
-        function keepPage() {
-            if (view.screen) place(view.screen.currentPage)
-        }
 
         objectName: "imageCollectionView"
         y: view.container.y
@@ -88,8 +85,7 @@ FocusScope {
             slide.stop()
             view.screen.didEndScrolling()
         }
-        // The pages take their new width after this signal.
-        onWidthChanged: Qt.callLater(keepPage)
+        onWidthChanged: keeping.restart()
         Component.onCompleted: view.screen.setFocused(activeFocus)
 
         PointHandler {
@@ -103,6 +99,12 @@ FocusScope {
             acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             orientation: Qt.Horizontal
             onWheel: event => view.screen.turnWheel(-event.angleDelta.x / 120)
+        }
+        // Keeps the page in a window of another size. The pages take their new width after the list.
+        Timer {
+            id: keeping
+            interval: 0
+            onTriggered: imageCollectionView.place(view.screen.currentPage)
         }
         NumberAnimation {
             id: slide
