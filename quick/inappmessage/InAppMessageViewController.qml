@@ -44,7 +44,7 @@ FocusScope {
             cancelFlick()
             if (!animated) return place(item)
             slide.from = contentX
-            slide.to = item * width
+            slide.to = originX + item * width
             slide.start()
         }
         /// Shows a page without an animation.
@@ -52,7 +52,7 @@ FocusScope {
             slide.stop()
             forceLayout()
             positionViewAtIndex(item, ListView.Beginning)
-            view.screen.didScroll(contentX, width)
+            view.screen.didScroll(item * width, width)
             view.screen.didEndScrolling()
         }
 
@@ -80,12 +80,12 @@ FocusScope {
             onTurned: count => view.screen.turn(count)
         }
         onActiveFocusChanged: view.screen?.setFocused(activeFocus)
-        onContentXChanged: if (moving || slide.running) view.screen.didScroll(contentX, width)
+        onContentXChanged: if (moving || slide.running) view.screen.didScroll(contentX - originX, width)
         onMovementStarted: {
             slide.stop()
             view.screen.didEndScrolling()
         }
-        onWidthChanged: place(view.screen.currentPage)
+        onWidthChanged: keeping.restart()
         Component.onCompleted: view.screen.setFocused(activeFocus)
 
         PointHandler {
@@ -93,10 +93,18 @@ FocusScope {
         }
         WheelHandler {
             acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-            onWheel: event => {
-                const delta = event.angleDelta
-                view.screen.turnWheel(-(Math.abs(delta.x) > Math.abs(delta.y) ? delta.x : delta.y) / 120)
-            }
+            onWheel: event => view.screen.turnWheel(-event.angleDelta.y / 120)
+        }
+        WheelHandler {
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            orientation: Qt.Horizontal
+            onWheel: event => view.screen.turnWheel(-event.angleDelta.x / 120)
+        }
+        // Keeps the page in a window of another size. The pages take their new width after the list.
+        Timer {
+            id: keeping
+            interval: 0
+            onTriggered: imageCollectionView.place(view.screen.currentPage)
         }
         NumberAnimation {
             id: slide

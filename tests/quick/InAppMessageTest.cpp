@@ -110,12 +110,12 @@ TEST_F(InAppMessageTest, ItIsTurnedByDragWheelAndKeys) {
   show();
   const auto middle = picturePlace(1).center().toPoint();
   EXPECT_EQ(focusName(), page(1)) << "what a screen reader reads first";
-  drag(middle, {-180, 0});
+  drag(middle + QPoint(120, 0), {-250, 0});
   EXPECT_TRUE(waitForPage(2));
   EXPECT_TRUE(isOpen()) << "a drag is no press";
   EXPECT_EQ(focusName(), page(2));
   grab("messages-second");
-  drag(middle, {180, 0});
+  drag(middle - QPoint(120, 0), {250, 0});
   EXPECT_TRUE(waitForPage(1));
   drag(middle, {20, 0});
   settle();
