@@ -8,9 +8,11 @@ void addDrain();
 void addInitialize();
 void addChain();
 void addImage();
+void addGif();
 void addCampaign();
 void addScratch();
 void addModular();
 void addWebKit();
+void addPush();
 
 }  // namespace orrelo::bench

@@ -9,9 +9,11 @@ int main(int argumentCount, char** arguments) {
   addChain();
   addCampaign();
   addImage();
+  addGif();
   addScratch();
   addModular();
   addWebKit();
+  addPush();
   addInitialize();
   // The measurements below start a kit on the real platform, which keeps running in this process.
   addSave();

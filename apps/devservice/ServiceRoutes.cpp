@@ -189,6 +189,11 @@ Reply ServiceRoutes::saveToken(const Call& call) {
   const auto userId = stringAt(json, "buid");
   if (!token || token->empty()) return errorReply(400, "\"token\" is missing");
   if (!userId) return errorReply(400, "\"buid\" is missing");
+  for (const auto& [key, text] : {std::pair("token", *token), std::pair("buid", *userId)}) {
+    if (text.size() <= longestToken) continue;
+    return errorReply(
+        400, "\"" + std::string(key) + "\" is longer than " + std::to_string(longestToken) + " bytes");
+  }
   eventStore_.saveToken(call.appKey, *userId, *token, now());
   return jsonReply(200, nlohmann::json::object());
 }

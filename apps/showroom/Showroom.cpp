@@ -52,6 +52,8 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
   if (now) {
     clock_ = std::make_shared<StoppedClock>(*now, platform.clock);
     platform.clock = clock_;
+    display_ = std::make_shared<FrameDisplay>();
+    platform.displayLink = display_;
   } else {
     serviceUrl_ = QString::fromStdString(service_.baseUrl());
   }
@@ -62,6 +64,19 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
   suite->set("ORRELO_DEVELOPMENT_CA", service_.certificatePath().string());
   Orrelo::initialize(ORLConfig("showroom"));
   Orrelo::setOptInMarketingCampaignDelegate(consent_);
+  followNotifications();
+}
+
+void Showroom::followNotifications() {
+  Orrelo::setPushToken("showroom-on-this-desktop");
+  connect(&notifications_, &Notifications::handled, this, [this] {
+    const auto user = Platform::current().userDefaults->standard()->text("orrelo_user_id");
+    setUser(QString::fromStdString(user.value_or("")));
+  });
+  if (clock_) return;
+  inbox_ = std::make_unique<NotificationInbox>(
+      service_.baseUrl(), service_.certificatePath().string(),
+      [this](const EventDictionary& payload) { notifications_.receive(payload); });
 }
 
 void Showroom::letConfigurationExpire() {
@@ -70,6 +85,10 @@ void Showroom::letConfigurationExpire() {
 
 void Showroom::letTheNextDayBegin() {
   if (clock_) clock_->advance(std::chrono::hours(24));
+}
+
+void Showroom::tickDisplay() {
+  if (display_) display_->tick();
 }
 
 QString Showroom::newsUrl() const {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "DevService.h"
+#include "FrameDisplay.h"
+#include "NotificationInbox.h"
+#include "Notifications.h"
 
 #include <orrelo/ORLDelegates.h>
 
@@ -33,12 +36,16 @@ class Showroom final : public QObject {
                     std::optional<std::chrono::system_clock::time_point> now = {});
 
   devservice::DevService& service() { return service_; }
+  Notifications& notifications() { return notifications_; }
   void setWindow(QQuickWindow* window) { window_ = window; }
   /// Lets the kit ask for its configuration again, if the time is fixed: moves the kit's clock on by more
   /// than the lifetime of the copy in its memory.
   void letConfigurationExpire();
   /// Moves the kit's clock on by a day, if the time is fixed.
   void letTheNextDayBegin();
+
+  /// Advances animated images by a tick of the display, if the time is fixed.
+  void tickDisplay();
 
   /// Empty if nobody is signed in.
   QString user() const { return user_; }
@@ -75,10 +82,15 @@ class Showroom final : public QObject {
 
   void setUser(const QString& user);
   void giveConsent();
+  void followNotifications();
 
   devservice::DevService service_;
-  /// Null if the time is not fixed.
+  Notifications notifications_;
+  /// Null if the time is fixed: such a showroom plays its notifications itself.
+  std::unique_ptr<NotificationInbox> inbox_;
+  /// Both are null if the time is not fixed.
   std::shared_ptr<StoppedClock> clock_;
+  std::shared_ptr<FrameDisplay> display_;
   QString serviceUrl_;
   QQuickWindow* window_ = nullptr;
   QString user_;

@@ -47,6 +47,7 @@ Tour::Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folde
 }
 
 void Tour::play() {
+  coldStart();
   signedOut();
   attendance();
   checkIn();
@@ -54,9 +55,11 @@ void Tour::play() {
   composedPage();
   webPage();
   otherKinds();
+  movingPictures();
   games();
   home();
   rewards();
+  notification();
   otherHomes();
   shopsOwnPage();
   failures();

@@ -37,6 +37,7 @@ class Tour {
   static inline const QString card = QStringLiteral("스크래치 복권, 누르면 결과가 나옵니다");
   static inline const QString confirm = QStringLiteral("확인");
 
+  void coldStart();
   void signedOut();
   void attendance();
   void checkIn();
@@ -44,9 +45,11 @@ class Tour {
   void composedPage();
   void webPage();
   void otherKinds();
+  void movingPictures();
   void games();
   void home();
   void rewards();
+  void notification();
   void otherHomes();
   void shopsOwnPage();
   void failures();
@@ -81,6 +84,8 @@ class Tour {
   void emptyPage();
   void gamesInSizes();
 
+  /// Lets the display tick, and waits before the last but one for what is being decoded.
+  void tick(int count);
   /// Opens home from the shop's page.
   void openHome();
   /// Runs the event loop until the screen shows an item with this name. Throws std::runtime_error on timeout,

@@ -3,7 +3,45 @@
 #include <orrelo/Orrelo.h>
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <condition_variable>
+#include <mutex>
+
 namespace orrelo::bench {
+
+/// The kit's worker pool, which can be waited for.
+class Stage::CountedWorkers final : public WorkerPool {
+ public:
+  explicit CountedWorkers(std::shared_ptr<WorkerPool> pool) : pool_(std::move(pool)) {}
+
+  void post(QualityOfService quality, Task task) override {
+    {
+      const std::lock_guard lock(mutex_);
+      ++running_;
+    }
+    pool_->post(quality, [this, task = std::move(task)] {
+      task();
+      const std::lock_guard lock(mutex_);
+      if (--running_ == 0) idle_.notify_all();
+    });
+  }
+  void postAfter(QualityOfService quality, std::chrono::microseconds delay, Task task) override {
+    pool_->postAfter(quality, delay, std::move(task));
+  }
+  void wait() {
+    std::unique_lock lock(mutex_);
+    idle_.wait(lock, [this] { return running_ == 0; });
+  }
+
+ private:
+  const std::shared_ptr<WorkerPool> pool_;
+  std::mutex mutex_;
+  std::condition_variable idle_;
+  int running_ = 0;
+};
+
+void Stage::waitForWorkers() {
+  workers_->wait();
+}
 
 Stage& Stage::shared() {
   static auto* const stage = new Stage;
@@ -15,6 +53,9 @@ Stage::Stage() {
       {.bundleIdentifier = "bench", .dataDirectory = folder_.path(), .cacheDirectory = folder_.path()});
   service_ = std::make_shared<test::Service>(platform.mainLoop);
   platform.urlSession = service_;
+  workers_ = std::make_shared<CountedWorkers>(platform.workers);
+  platform.workers = workers_;
+  platform.displayLink = display_;
   Platform::install(std::move(platform));
   Orrelo::initialize(ORLConfig("bench-app"));
   Orrelo::setUser(ORLUser("user-1", ORLMarketingStatus::unknown, {}));

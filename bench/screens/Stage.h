@@ -4,6 +4,7 @@
 #include "campaign/CampaignViewController.h"
 #include "quick/Service.h"
 #include "support/TemporaryFolder.h"
+#include "support/Twins.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -65,8 +66,16 @@ class Stage {
   /// The host's screen, from which the kit's screens are presented.
   std::shared_ptr<ViewController> host() const;
   test::Service& service() const { return *service_; }
+  /// The display, by whose ticks animated images play.
+  test::ManualDisplayLink& display() const { return *display_; }
+  /// The number of frames that the window has shown.
+  std::size_t frames() const { return frames_; }
+  /// Blocks until the worker pool has nothing to do.
+  void waitForWorkers();
 
  private:
+  class CountedWorkers;
+
   Stage();
   std::shared_ptr<CampaignViewController> screen() const;
   /// Waits for the first frame with content other than `content`. Returns the milliseconds since `start`.
@@ -74,6 +83,8 @@ class Stage {
 
   test::TemporaryFolder folder_;
   std::shared_ptr<test::Service> service_;
+  const std::shared_ptr<test::ManualDisplayLink> display_ = std::make_shared<test::ManualDisplayLink>();
+  std::shared_ptr<CountedWorkers> workers_;
   QQmlApplicationEngine engine_;
   QQuickWindow* window_ = nullptr;
   std::size_t frames_ = 0;

@@ -11,6 +11,7 @@ int main(int argumentCount, char** arguments) {
   const QGuiApplication application(argumentCount, arguments);
   addCampaignScreens();
   addCarousel();
+  addGifPlayback();
   addGifticonScreen();
   addHomeScreen();
   addPointHistory();

@@ -84,7 +84,7 @@ struct ORRELO_EXPORT Platform {
   std::shared_ptr<Bundle> mainBundle;
   std::shared_ptr<Bundle> kitBundle;
   std::shared_ptr<Application> application;
-  /// May be null, as in the POSIX defaults; then no image can be shown.
+  /// May be null, as in the POSIX defaults; then only GIF images can be shown.
   std::shared_ptr<ImageCodec> imageCodec;
   /// May be null, as in the POSIX defaults; then animated images show their first frame.
   std::shared_ptr<DisplayLink> displayLink;

@@ -30,13 +30,43 @@ class PictureNode final : public QSGNode {
 
 }  // namespace
 
+BitmapItem::~BitmapItem() {
+  if (source_) source_->removePlacement(*this);
+}
+
 void BitmapItem::setSource(ImageBridge* source) {
   if (source == source_) return;
-  if (source_) source_->disconnect(this);
+  tracker_.reset();
+  if (source_) {
+    source_->disconnect(this);
+    source_->removePlacement(*this);
+  }
   source_ = source;
-  if (source_) connect(source_, &ViewBridge::stateChanged, this, &QQuickItem::update);
+  if (source_) {
+    connect(source_, &ViewBridge::stateChanged, this, &QQuickItem::update);
+    connect(source_, &ImageBridge::frameChanged, this, &BitmapItem::showFrame);
+    showFrame();
+  }
   update();
   Q_EMIT sourceChanged();
+}
+
+void BitmapItem::setCornerRadius(double radius) {
+  if (radius == cornerRadius_) return;
+  cornerRadius_ = radius;
+  update();
+  Q_EMIT cornerRadiusChanged();
+}
+
+void BitmapItem::showFrame() {
+  if (!source_->isAnimated()) {
+    tracker_.reset();
+  } else if (!tracker_) {
+    tracker_ = std::make_unique<PlacementTracker>(*this, [this](ImageView::Placement placement) {
+      if (source_) source_->setPlacement(*this, placement);
+    });
+  }
+  update();
 }
 
 QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
@@ -47,8 +77,13 @@ QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
     return nullptr;
   }
   if (node == nullptr) node = new PictureNode(window()->createImageNode());
-  const auto pixels = (size() * window()->effectiveDevicePixelRatio()).toSize();
-  node->show(PictureTexture::of(*window(), image, pixels), boundingRect());
+  const double ratio = window()->effectiveDevicePixelRatio();
+  const auto pixels = (size() * ratio).toSize();
+  const auto use = source_->isAnimated() ? PictureTexture::Use::frame : PictureTexture::Use::picture;
+  node->show(cornerRadius_ > 0
+                 ? PictureTexture::rounded(*window(), image, pixels, qRound(cornerRadius_ * ratio))
+                 : PictureTexture::of(*window(), image, pixels, use),
+             boundingRect());
   return node;
 }
 

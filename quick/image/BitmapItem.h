@@ -1,32 +1,47 @@
 #pragma once
 
 #include "quick/image/ImageBridge.h"
+#include "quick/image/PlacementTracker.h"
 
 #include <QPointer>
 #include <QQuickItem>
+#include <memory>
 
 namespace orrelo::quick {
 
-/// Draws a loaded image stretched over the item's whole area.
+/// Draws a loaded image or a frame of an animation, stretched over the item's whole area. It reports where it
+/// is while the image is an animation.
 class BitmapItem : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(orrelo::quick::ImageBridge* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
+  /// If positive, the middle of the image covers the area in its own aspect ratio, with rounded corners of
+  /// this radius.
+  Q_PROPERTY(double cornerRadius READ cornerRadius WRITE setCornerRadius NOTIFY cornerRadiusChanged)
 
  public:
   explicit BitmapItem(QQuickItem* parent = nullptr) : QQuickItem(parent) { setFlag(ItemHasContents); }
+  ~BitmapItem() override;
 
   ImageBridge* source() const { return source_; }
   void setSource(ImageBridge* source);
+  double cornerRadius() const { return cornerRadius_; }
+  void setCornerRadius(double radius);
 
  Q_SIGNALS:
   void sourceChanged();
+  void cornerRadiusChanged();
 
  protected:
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
+  void showFrame();
+
   QPointer<ImageBridge> source_;
+  double cornerRadius_ = 0.0;
+  /// Null unless the image is an animation.
+  std::unique_ptr<PlacementTracker> tracker_;
 };
 
 }  // namespace orrelo::quick

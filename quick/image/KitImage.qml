@@ -1,19 +1,23 @@
 import QtQuick
 import Orrelo.Kit
 
-/// An image of the kit or of the service, centred and in its own aspect ratio. The item is invisible until
-/// the image has been loaded.
+/// An image of the kit or of the service, centred and in its own aspect ratio. The item is invisible until there is
+/// something to show: the image, or an activity indicator while an animation is being loaded.
 Item {
     id: view
 
     required property ImageBridge model
+    /// If positive, the middle of a loaded image covers the view, with rounded corners of this radius.
+    property real cornerRadius
     readonly property size bitmapSize: model.size
     readonly property real shrink: !model.fits ? 1 : Math.min(width / bitmapSize.width, height / bitmapSize.height)
+    /// True with a loaded image, and while an animation is being loaded.
+    readonly property bool hasBitmap: bitmapSize.width > 0 || model.showsSpinner
     /// The height of the loaded image at the view's width, for a view that adapts its height.
-    readonly property real heightForWidth: model.height
+    readonly property real heightForWidth: model.showsSpinner ? Math.max(model.height, 64) : model.height
 
     clip: !model.fits
-    visible: drawing.status === Image.Ready || bitmapSize.width > 0
+    visible: drawing.status === Image.Ready || hasBitmap
     Accessible.ignored: true
     onModelChanged: model?.reportSize(width, height)
     onWidthChanged: model?.reportSize(width, height)
@@ -27,10 +31,18 @@ Item {
         sourceSize { width: width * Screen.devicePixelRatio; height: height * Screen.devicePixelRatio }
     }
     BitmapItem {
+        id: bitmap
         anchors.centerIn: parent
         visible: view.bitmapSize.width > 0
-        width: visible ? view.bitmapSize.width * view.shrink : 0
-        height: visible ? view.bitmapSize.height * view.shrink : 0
+        width: !visible ? 0 : view.cornerRadius > 0 ? view.width : view.bitmapSize.width * view.shrink
+        height: !visible ? 0 : view.cornerRadius > 0 ? view.height : view.bitmapSize.height * view.shrink
+        cornerRadius: view.cornerRadius
         source: view.model
+    }
+    ImageOverlay {
+        anchors.centerIn: parent
+        width: bitmap.visible ? Math.min(bitmap.width, view.width) : view.width
+        height: bitmap.visible ? Math.min(bitmap.height, view.height) : view.height
+        model: view.model
     }
 }

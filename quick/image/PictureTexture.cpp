@@ -3,7 +3,10 @@
 #include <QImage>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
+#include <QPainter>
 #include <QSGRendererInterface>
+#include <QtEndian>
+#include <algorithm>
 #include <map>
 #include <mutex>
 #include <tuple>
@@ -24,6 +27,24 @@ QImage toQt(const ImagePtr& image) {
           new ImagePtr(image)};
 }
 
+// A copy in the format that the software renderer draws fastest. It costs less than drawing the bitmap's own
+// format once.
+QImage inScreenFormat(const Bitmap& bitmap) {
+  QImage copy(bitmap.width, bitmap.height, QImage::Format_ARGB32_Premultiplied);
+  const auto* from = bitmap.pixels.get();
+  quint32 alpha = 0xFF000000U;
+  for (int y = 0; y < bitmap.height; ++y) {
+    auto* const to = reinterpret_cast<quint32*>(copy.scanLine(y));
+    for (int x = 0; x < bitmap.width; ++x, from += Bitmap::bytesPerPixel) {
+      const auto pixel = qFromLittleEndian<quint32>(from);
+      alpha &= pixel;
+      to[x] = (pixel & 0xFF00FF00U) | (pixel & 0xFFU) << 16U | (pixel >> 16U & 0xFFU);
+    }
+  }
+  if (alpha == 0xFF000000U) copy.reinterpretAsFormat(QImage::Format_RGB32);
+  return copy;
+}
+
 // The longest side of a texture in the window's renderer. OpenGL is queried. Direct3D 11, Metal and the
 // software renderer, which has no textures, support the longest side of a bitmap; Vulkan guarantees 4096 on
 // every device.
@@ -41,6 +62,20 @@ int maximumTextureSide(const QQuickWindow& window) {
   return api == QSGRendererInterface::Vulkan ? least : Bitmap::maximumSide;
 }
 
+// The middle of the picture at this size, with transparent corners.
+QImage cover(const QImage& picture, QSize size, int radius) {
+  const auto scaled = picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+  QImage covered(size, QImage::Format_ARGB32_Premultiplied);
+  covered.fill(Qt::transparent);
+  QPainter painter(&covered);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(scaled);
+  painter.setBrushOrigin((size.width() - scaled.width()) / 2, (size.height() - scaled.height()) / 2);
+  painter.drawRoundedRect(covered.rect(), radius, radius);
+  return covered;
+}
+
 }  // namespace
 
 // The size is halved repeatedly instead of matching the item, so that an image is not rescaled in every frame
@@ -53,28 +88,41 @@ QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
   return size.expandedTo({1, 1});
 }
 
-PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size) : image_(std::move(image)) {
-  auto picture = toQt(image_);
-  if (picture.size() != size) {
-    picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  }
-  texture_.reset(window.createTextureFromImage(picture));
-}
+PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, const QImage& picture)
+    : image_(std::move(image)), texture_(window.createTextureFromImage(picture)) {}
 
 std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
-                                                         QSize pixels) {
-  using Key = std::tuple<const QQuickWindow*, const Image*, int, int>;
-  static auto* const mutex = new std::mutex;  // each window may render on its own thread
-  static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
+                                                         QSize pixels, Use use) {
   const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
                            maximumTextureSide(window));
+  return find(window, image, size, 0, [&] {
+    const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
+    const auto picture = use == Use::frame && isSoftware ? inScreenFormat(image->bitmap) : toQt(image);
+    return picture.size() == size ? picture
+                                  : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  });
+}
+
+std::shared_ptr<const PictureTexture> PictureTexture::rounded(QQuickWindow& window, const ImagePtr& image,
+                                                              QSize pixels, int radius) {
+  const int side = maximumTextureSide(window);
+  const auto size = pixels.boundedTo({side, side}).expandedTo({1, 1});
+  return find(window, image, size, std::max(1, radius), [&] { return cover(toQt(image), size, radius); });
+}
+
+std::shared_ptr<const PictureTexture> PictureTexture::find(QQuickWindow& window, const ImagePtr& image,
+                                                           QSize size, int radius,
+                                                           const std::function<QImage()>& draw) {
+  using Key = std::tuple<const QQuickWindow*, const Image*, int, int, int>;
+  static auto* const mutex = new std::mutex;  // each window may render on its own thread
+  static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
   const std::lock_guard lock(*mutex);
-  const Key key{&window, image.get(), size.width(), size.height()};
+  const Key key{&window, image.get(), size.width(), size.height(), radius};
   if (const auto found = known->find(key); found != known->end()) {
     if (auto texture = found->second.lock()) return texture;
   }
   std::erase_if(*known, [](const auto& entry) { return entry.second.expired(); });
-  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, size));
+  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, draw()));
   (*known)[key] = texture;
   return texture;
 }

@@ -2,9 +2,11 @@
 
 #include "image/Image.h"
 
+#include <QImage>
 #include <QQuickWindow>
 #include <QSGTexture>
 #include <QSize>
+#include <functional>
 #include <memory>
 
 namespace orrelo::quick {
@@ -14,7 +16,16 @@ namespace orrelo::quick {
 /// memory and is drawn smoothly, and not larger than the renderer's limit. Used on the render thread only.
 class PictureTexture {
  public:
-  static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels);
+  /// What the image is: one that stays, whose pixels are not copied if possible, or a frame of an animation.
+  enum class Use { picture, frame };
+
+  static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels,
+                                                  Use use = Use::picture);
+
+  /// The part of the image that covers `pixels` device pixels, with transparent corners of this radius. The
+  /// texture has exactly this size.
+  static std::shared_ptr<const PictureTexture> rounded(QQuickWindow& window, const ImagePtr& image,
+                                                       QSize pixels, int radius);
 
   /// The texture's size for an image that is shown in an item of `pixels` device pixels.
   static QSize sizeOf(QSize picture, QSize pixels, int maximumSide);
@@ -22,7 +33,10 @@ class PictureTexture {
   QSGTexture* texture() const { return texture_.get(); }
 
  private:
-  PictureTexture(QQuickWindow& window, ImagePtr image, QSize size);
+  PictureTexture(QQuickWindow& window, ImagePtr image, const QImage& picture);
+  /// The texture of this size and radius, made of what `draw` returns unless it exists.
+  static std::shared_ptr<const PictureTexture> find(QQuickWindow& window, const ImagePtr& image, QSize size,
+                                                    int radius, const std::function<QImage()>& draw);
 
   /// Kept alive because its address is part of the texture's key and must not be reused meanwhile.
   ImagePtr image_;

@@ -14,5 +14,3 @@ Kinds imageKinds() {
 }
 
 }  // namespace orrelo::quick
-
-#include "moc_ImageBridge.cpp"

@@ -13,6 +13,8 @@ class InAppMessageCellBridge final : public orrelo::quick::ViewBridge {
   Q_PROPERTY(QString accessibilityLabel MEMBER accessibilityLabel CONSTANT)
   Q_PROPERTY(double inset MEMBER inset CONSTANT)
   Q_PROPERTY(orrelo::quick::ImageBridge* image MEMBER image CONSTANT)
+  /// Shown in place of a picture that is missing.
+  Q_PROPERTY(QUrl placeholder MEMBER placeholder CONSTANT)
 
  public:
   InAppMessageCellBridge(const std::shared_ptr<InAppMessageViewCell>& view, QObject* parent)
@@ -24,6 +26,7 @@ class InAppMessageCellBridge final : public orrelo::quick::ViewBridge {
   const QString accessibilityLabel;
   const double inset = InAppMessageViewCell::inset;
   ImageBridge* const image;
+  const QUrl placeholder = assetFile(InAppMessageViewCell::placeholderAsset);
 
   Q_INVOKABLE void loadImage() { cell_.loadImage(); }
 

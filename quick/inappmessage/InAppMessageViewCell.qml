@@ -36,32 +36,34 @@ FocusScope {
         focus: true
         activeFocusOnTab: false
         focusColor: "white"
-        name: cell.modelData.accessibilityLabel
-        Accessible.ignored: !cell.isCurrent
+        // Pages out of sight are not to be read.
+        name: cell.isCurrent ? cell.modelData.accessibilityLabel : ""
         Accessible.onNextPageAction: cell.turned(1)
         Accessible.onPreviousPageAction: cell.turned(-1)
         onPressed: cell.pressed()
 
+        // Shown until there is a picture.
         Rectangle {
             anchors.fill: parent
             visible: drawing.bitmapSize.width <= 0
-            radius: Theme.cornerRadius
-            color: Qt.rgba(1, 1, 1, 0.12)
-        }
-        Item {
-            anchors.fill: parent
-            clip: true
+            radius: drawing.cornerRadius
+            color: "#5b5d60"
 
-            KitImage {
-                id: drawing
-
-                readonly property real enlargement: Math.max(parent.width / bitmapSize.width, parent.height / bitmapSize.height)
-
+            Image {
                 anchors.centerIn: parent
-                width: bitmapSize.width > 0 ? bitmapSize.width * enlargement : parent.width
-                height: bitmapSize.width > 0 ? bitmapSize.height * enlargement : parent.height
-                model: cell.modelData.image
+                width: Math.min(48, parent.width)
+                height: width
+                source: cell.modelData.placeholder
+                sourceSize { width: width * Screen.devicePixelRatio; height: height * Screen.devicePixelRatio }
             }
+        }
+        KitImage {
+            id: drawing
+            anchors.fill: parent
+            // Its play button is not to be reached on pages out of sight.
+            enabled: cell.isCurrent
+            cornerRadius: Theme.cornerRadius
+            model: cell.modelData.image
         }
     }
 }

@@ -11,7 +11,7 @@ FocusScope {
     readonly property real edge: 8
 
     function layOut() {
-        screen.layOut(width, height, skipTodayLabel.height + 20 + edge, bottomStack.height + 16 + edge)
+        screen?.layOut(width, height, skipTodayLabel.height + 20 + edge, bottomStack.height + 16 + edge)
     }
 
     focus: true
@@ -79,7 +79,7 @@ FocusScope {
             onPressedBeside: view.screen.close()
             onTurned: count => view.screen.turn(count)
         }
-        onActiveFocusChanged: view.screen.setFocused(activeFocus)
+        onActiveFocusChanged: view.screen?.setFocused(activeFocus)
         onContentXChanged: if (moving || slide.running) view.screen.didScroll(contentX, width)
         onMovementStarted: {
             slide.stop()

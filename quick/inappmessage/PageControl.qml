@@ -9,24 +9,26 @@ Item {
     required property int currentPage
     property color currentColor
     property real maximumWidth
+    /// A dot has 7 points and a distance of 9, both enlarged by half.
+    readonly property real dotSize: 10.5
+    readonly property real dotSpacing: 13.5
+    readonly property bool fits: count * (dotSize + dotSpacing) - dotSpacing <= maximumWidth
 
-    implicitWidth: dots.visible ? dots.width : number.implicitWidth
-    implicitHeight: dots.visible ? dots.height : number.implicitHeight
+    implicitWidth: fits ? dots.width : number.implicitWidth
+    implicitHeight: fits ? dots.height : number.implicitHeight
     Accessible.ignored: true
 
     Row {
         id: dots
-        visible: width <= control.maximumWidth
-        // 7 points each, enlarged by half.
-        spacing: 13.5
+        spacing: control.dotSpacing
 
         Repeater {
-            model: Math.min(control.count, 100)
+            model: control.fits ? control.count : 0
 
             Rectangle {
                 required property int index
 
-                width: 10.5
+                width: control.dotSize
                 height: width
                 radius: width / 2
                 color: index === control.currentPage ? control.currentColor : Qt.rgba(0, 0, 0, 0.55)
@@ -35,7 +37,7 @@ Item {
     }
     KitText {
         id: number
-        visible: !dots.visible
+        visible: !control.fits
         size: 15
         color: "white"
         text: (control.currentPage + 1) + " / " + control.count

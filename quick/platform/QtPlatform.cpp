@@ -2,6 +2,7 @@
 #include "platform/threads/KitThread.h"
 #include "quick/platform/MotionSetting.h"
 #include "quick/platform/QtApplication.h"
+#include "quick/platform/QtDisplayLink.h"
 #include "quick/platform/QtImageCodec.h"
 #include "quick/platform/QtMainLoop.h"
 #include "viewkit/ShareSheetViewController.h"
@@ -38,6 +39,7 @@ Platform platform(const HostApplication& host) {
   auto platform = Platform::posix(host);
   platform.mainLoop = std::make_shared<QtMainLoop>();
   platform.imageCodec = std::make_shared<QtImageCodec>();
+  platform.displayLink = std::make_shared<QtDisplayLink>(platform.clock);
   const auto application = std::make_shared<PosixApplication>();
   application->setUrlOpener(urlOpener(host.urlSchemes));
   application->setPasteboardWriter(

@@ -1,5 +1,6 @@
 #include "image/Image.h"
 
+#include "image/gif/GifCanvas.h"
 #include "platform/Application.h"
 #include "platform/WorkerPool.h"
 #include "platform/threads/KitThread.h"
@@ -7,6 +8,16 @@
 #include <utility>
 
 namespace orrelo {
+namespace {
+
+// The codec reads no GIF.
+std::optional<Bitmap> firstFrame(const Data& data) {
+  if (!GifFile::isGif(*data)) return std::nullopt;
+  auto file = GifFile::read(data);
+  return file ? GifCanvas(std::make_shared<const GifFile>(*std::move(file))).frame(0) : std::nullopt;
+}
+
+}  // namespace
 
 ImageConvertible::ImageConvertible(const Platform& platform)
     : codec_(platform.imageCodec), workers_(platform.workers), application_(platform.application) {}
@@ -38,6 +49,7 @@ void ImageConvertible::startNext() {
 ImagePtr ImageConvertible::decoded(const Data& data) const {
   try {
     auto bitmap = codec_ ? codec_->decode(*data) : std::nullopt;
+    if (!bitmap) bitmap = firstFrame(data);
     if (!bitmap) return nullptr;
     bitmap->scale = application_->screenScale();
     return std::make_shared<const Image>(Image{*std::move(bitmap), data});

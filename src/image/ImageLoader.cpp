@@ -3,6 +3,8 @@
 #include "base/Ascii.h"
 #include "base/Logger.h"
 #include "base/Utf8.h"
+#include "image/gif/GifLoad.h"
+#include "image/gif/GifPlaybackManager.h"
 
 #include <algorithm>
 #include <array>
@@ -50,8 +52,9 @@ bool ImageLoader::load(std::string_view urlString, const std::shared_ptr<ImageTa
     return false;
   }
   if (pathExtension(*url) == "gif") {
-    ImageLoad::setImage(imageView, std::nullopt);  // animations are not supported
-    return false;
+    loadAnimation(imageView, *url, GifPlaybackManager::shared(), *Platform::current().urlSession,
+                  {.completion = std::move(completion)});
+    return true;
   }
   ImageLoad::setImage(imageView, url, {.completion = std::move(completion)});
   return true;

@@ -1,5 +1,7 @@
 #include "image/ImageTarget.h"
 
+#include "image/gif/GifPlayback.h"
+
 #include <utility>
 
 namespace orrelo {
@@ -16,10 +18,21 @@ ImageTransformer transformerFor(const ImageTarget& view, const ImageLoadOptions&
 
 }  // namespace
 
+void ImageTarget::setPlacement(Placement placement) {
+  const bool isBack = placement.hasSuperview && !placement_.hasSuperview;
+  placement_ = placement;
+  if (isBack && playback_) playback_->resume();
+}
+
+void ImageTarget::play() {
+  if (playback_) playback_->play();
+}
+
 // Cancels only once: a completion that starts a new load on each cancellation would otherwise cause an
 // endless loop. A load that it starts here is detached from the view.
 void ImageLoad::end(ImageTarget& view) {
   if (const auto former = std::exchange(view.downloadTask_, std::nullopt)) former->cancel();
+  if (const auto playback = view.playback_) playback->end();
   view.downloadTask_.reset();
   view.currentUrl_.reset();
   view.isLoading_ = false;

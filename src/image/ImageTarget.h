@@ -3,23 +3,56 @@
 #include "image/ImagePipeline.h"
 #include "ui/Geometry.h"
 
+#include <orrelo/Export.h>
+
 namespace orrelo {
 
+class GifPlayback;
+
 /// The interface of a view that images can be loaded into. Must be used and destroyed on the main thread.
-class ImageTarget {
+class ORRELO_EXPORT ImageTarget {
  public:
+  /// Where the view is, as the front has laid it out.
+  struct Placement {
+    /// False once the view has been removed from its screen. A view that no front has placed yet counts as
+    /// part of one.
+    bool hasSuperview = true;
+    /// True if the view's window exists, the view is not hidden, and its bounds intersect the window.
+    bool isOnScreen = false;
+
+    friend bool operator==(const Placement&, const Placement&) = default;
+  };
+
   virtual ~ImageTarget() = default;
 
   /// Shows the image; null shows nothing.
   virtual void setImage(const ImagePtr& image) = 0;
+  /// Shows a frame of the animation whose first frame was given to `setImage`; an image without size shows
+  /// nothing.
+  virtual void setFrame(const ImagePtr& frame) { setImage(frame); }
+  /// Shows or removes an activity indicator over the view while an animation is being loaded.
+  virtual void setShowsSpinner(bool /*isShown*/) {}
+  /// Shows or removes a button that calls `play`.
+  virtual void setShowsPlayButton(bool /*isShown*/) {}
   /// In points.
   virtual Size boundsSize() const = 0;
   /// The scale of the view's screen, in pixels per point.
   virtual double scale() const = 0;
 
+  /// The front calls this after each change. An animation plays only on screen; it stops for good in a view
+  /// without a superview, and goes on if the view gets one again.
+  void setPlacement(Placement placement);
+  Placement placement() const { return placement_; }
+  /// Starts an animation that waits for the user because of reduced motion; does nothing otherwise.
+  void play();
+
  private:
+  friend class GifPlayback;
   friend class ImageLoad;
 
+  Placement placement_;
+  /// Created by the view's first animation.
+  std::shared_ptr<GifPlayback> playback_;
   std::optional<Url> currentUrl_;
   std::optional<DownloadTask<ImagePtr>> downloadTask_;
   unsigned loadCount_ = 0;
@@ -48,7 +81,7 @@ class ImageLoad {
   static std::optional<DownloadTask<ImagePtr>> setImage(const std::shared_ptr<ImageTarget>& view,
                                                         const std::optional<Url>& url,
                                                         const ImageLoadOptions& options = {});
-  /// Cancels a running load and leaves the view unchanged.
+  /// Cancels a running load, ends an animation and leaves the image as it is.
   static void end(ImageTarget& view);
 };
 

@@ -15,7 +15,13 @@ bool ImageView::load(std::string_view url, ImagePipeline::Completion completion)
 
 void ImageView::setAsset(const std::string& name) {
   ImageLoad::end(*this);
+  frame.set(nullptr);
   state.set({name, nullptr});
+}
+
+void ImageView::setImage(const ImagePtr& image) {
+  frame.set(nullptr);
+  state.set({"", image});
 }
 
 double ImageView::scale() const {

@@ -17,7 +17,7 @@ class ORRELO_EXPORT ImageView : public View, public ImageTarget {
   struct State {
     /// The name of one of the kit's images; empty if another image or none is shown.
     std::string asset;
-    /// The loaded image; null until it has been loaded.
+    /// The loaded image, or the first frame of an animation; null until it has been loaded.
     ImagePtr image;
 
     friend bool operator==(const State&, const State&) = default;
@@ -25,17 +25,28 @@ class ORRELO_EXPORT ImageView : public View, public ImageTarget {
 
   std::string_view kind() const override { return "ImageView"; }
 
-  /// Shows nothing until the image has been loaded, or if it cannot be loaded. Returns false if the URL is
-  /// not valid or names an animation, and `completion` is not called then.
+  /// Loads an image or, if the URL's path ends in ".gif", an animation, and shows it; see
+  /// `ImageLoader::load`. Returns false if the URL is not valid, and `completion` is not called then.
   bool load(std::string_view url, ImagePipeline::Completion completion = {});
   /// Shows one of the kit's own images and cancels a running load.
   void setAsset(const std::string& name);
 
-  void setImage(const ImagePtr& image) override { state.set({"", image}); }
+  void setImage(const ImagePtr& image) override;
+  void setFrame(const ImagePtr& image) override { frame.set(image); }
+  void setShowsSpinner(bool isShown) override { showsSpinner.set(isShown); }
+  void setShowsPlayButton(bool isShown) override { showsPlayButton.set(isShown); }
   Size boundsSize() const override { return size(); }
   double scale() const override;
 
   Followed<State> state;
+  /// The current frame of an animation, which is drawn in place of `state.image` and in its size; null if
+  /// there is none. It is apart from `state`, whose followers need not run at the rate of frames.
+  Followed<ImagePtr> frame;
+  /// True while an animation is being loaded.
+  Followed<bool> showsSpinner;
+  /// True while an animation shows only its first frame until `play` is called, because the user has enabled
+  /// reduced motion.
+  Followed<bool> showsPlayButton;
 };
 
 /// Receives the new size of an AutoLayoutImageView.

@@ -17,6 +17,7 @@ class ORRELO_EXPORT InAppMessageViewCell final : public View {
  public:
   /// How much narrower and lower than the cell its picture is.
   static constexpr double inset = 30.0;
+  static constexpr auto placeholderAsset = "orl_ic_picture";
 
   /// `position` counts from 0 among `count` pages.
   InAppMessageViewCell(const InAppMessage& message, std::size_t position, std::size_t count);

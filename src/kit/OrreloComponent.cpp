@@ -22,6 +22,7 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
       configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
   referralComponent_ = std::make_unique<ReferralComponent>(
       configComponent_->fetchConfigUseCase, campaignComponent_->fetchCampaignsUseCase, networkConfig);
+  pushComponent_ = std::make_unique<PushComponent>(networkConfig);
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
   inAppMessageComponent_ = std::make_unique<InAppMessageComponent>(
       configComponent_->fetchConfigUseCase, networkConfig, campaignComponent_->campaignNavigator);

@@ -8,6 +8,7 @@
 #include "kit/InAppMessageComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
+#include "kit/PushComponent.h"
 #include "kit/ReferralComponent.h"
 #include "kit/RewardComponent.h"
 #include "ui/RunningKit.h"
@@ -29,6 +30,7 @@ class OrreloComponent {
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
   const ExternalPointComponent& externalPointComponent() const { return *externalPointComponent_; }
+  const PushComponent& pushComponent() const { return *pushComponent_; }
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
   const InAppMessageComponent& inAppMessageComponent() const { return *inAppMessageComponent_; }
@@ -48,6 +50,7 @@ class OrreloComponent {
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<InAppMessageComponent> inAppMessageComponent_;
   std::unique_ptr<ReferralComponent> referralComponent_;
+  std::unique_ptr<PushComponent> pushComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
   std::unique_ptr<GifticonComponent> gifticonComponent_;
   std::unique_ptr<RewardComponent> rewardComponent_;

@@ -4,6 +4,7 @@
 #include "kit/InAppMessageComponent.h"
 #include "require.h"
 #include "support/FixedConfig.h"
+#include "support/NamedCampaigns.h"
 #include "support/TestPlatform.h"
 
 #include <algorithm>
@@ -13,21 +14,6 @@
 
 namespace orrelo::test {
 
-/// Opens empty screens in place of campaigns.
-class EmptyCampaigns final : public CampaignNavigator,
-                             public CampaignViewControllerFactory,
-                             public std::enable_shared_from_this<EmptyCampaigns> {
- public:
-  void showHome(const std::shared_ptr<ViewController>&, const std::optional<std::string>&) override {}
-  std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() const override {
-    return std::const_pointer_cast<EmptyCampaigns>(shared_from_this());
-  }
-  std::shared_ptr<ViewController> make(const std::string&) const override {
-    return std::make_shared<HostViewController>();
-  }
-  std::shared_ptr<ViewController> make(ORLCampaignType) const override { return nullptr; }
-};
-
 /// Shows the messages of a service's reply and drives the carousel as a front and a user do. `count` is the
 /// number of messages; nullopt if the reply cannot be read.
 inline void useMessages(TestPlatform& platform, const NetworkConfig& networkConfig,
@@ -35,7 +21,7 @@ inline void useMessages(TestPlatform& platform, const NetworkConfig& networkConf
   const auto host = std::make_shared<HostViewController>();
   host->appear(false);
   const InAppMessageComponent component(std::make_shared<FixedConfig>(), networkConfig,
-                                        std::make_shared<EmptyCampaigns>());
+                                        std::make_shared<NamedCampaigns>());
   component.navigator->show(host, "minji");
   platform.loop->run();
   const auto screen = std::dynamic_pointer_cast<InAppMessageViewController>(host->presentedViewController());

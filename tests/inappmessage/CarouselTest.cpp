@@ -1,5 +1,6 @@
 #include "inappmessage/InAppMessageViewController.h"
 #include "support/LogCapture.h"
+#include "support/NamedCampaigns.h"
 #include "support/Reports.h"
 #include "support/TestPlatform.h"
 #include "ui/NavigationController.h"
@@ -14,25 +15,6 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
-
-class NamedScreen final : public ViewController {
- public:
-  explicit NamedScreen(std::string id) : campaignId(std::move(id)) {}
-  std::string_view kind() const override { return "NamedScreen"; }
-  const std::string campaignId;
-};
-
-class Campaigns final : public CampaignNavigator, public CampaignViewControllerFactory {
- public:
-  void showHome(const std::shared_ptr<ViewController>&, const std::optional<std::string>&) override {}
-  std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() const override {
-    return std::make_shared<Campaigns>();
-  }
-  std::shared_ptr<ViewController> make(const std::string& id) const override {
-    return std::make_shared<NamedScreen>(id);
-  }
-  std::shared_ptr<ViewController> make(ORLCampaignType) const override { return nullptr; }
-};
 
 std::string campaignOf(const std::shared_ptr<ViewController>& screen) {
   const auto named = std::dynamic_pointer_cast<NamedScreen>(screen);
@@ -49,8 +31,8 @@ class CarouselTest : public testing::Test {
     const auto service =
         std::make_shared<InAppMessageSkipTimeCheckServiceImpl>(platform_.defaults->standard());
     return std::make_shared<InAppMessageViewController>(std::make_shared<InAppMessageViewModel>(service),
-                                                        std::make_shared<Campaigns>(), std::move(messages),
-                                                        interval, BrandTheme());
+                                                        std::make_shared<NamedCampaigns>(),
+                                                        std::move(messages), interval, BrandTheme());
   }
   /// Runs for the span, scrolls at once as told, and returns the pages that were scrolled to.
   std::vector<std::size_t> pagesWithin(InAppMessageViewController& screen, std::chrono::milliseconds span) {

@@ -57,13 +57,5 @@ TEST_F(SkipDayTest, ASkipHoldsWhileTheDevicesDateIsTheSame) {
   EXPECT_EQ(defaults_->text("inAppMessageLastSkipDay"), "2024-03-09") << "replaces the former day";
 }
 
-TEST_F(SkipDayTest, AStoredValueOfAnotherFormSuppressesNothing) {
-  at(skipped, "Asia/Seoul");
-  for (const DefaultsValue& value : {DefaultsValue("2024-3-10"), DefaultsValue(""), DefaultsValue(true)}) {
-    defaults_->set(InAppMessageSkipTimeCheckServiceImpl::key, value);
-    EXPECT_FALSE(service_.hasSkippedToday());
-  }
-}
-
 }  // namespace
 }  // namespace orrelo::test

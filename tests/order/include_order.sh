@@ -29,7 +29,7 @@ declare -A owner=(
   [Date]=base [EventValue]=base [Export]=base [ORLLogger]=base [Url]=base [Uuid]=base
   [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform [platform/DisplayLink]=platform
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
-  [ORLUserEvent]=model [UnsupportedEventValueException]=model
+  [ORLUserEvent]=model [NotificationResponse]=model [BackgroundFetchResult]=model [UnsupportedEventValueException]=model
   [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit
   [quick/ExternalPointEntryView]=quick/include [quick/ORLCampaignEntryView]=quick/include
   [quick/ORLCampaignFloatingActionButton]=quick/include [quick/OrreloQuick]=quick/include [quick/OrreloWeb]=quick/web)

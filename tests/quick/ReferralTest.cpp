@@ -32,7 +32,7 @@ class ReferralQuickTest : public QuickTest {
  protected:
   ReferralQuickTest() {
     Orrelo::setUserEventDelegate(reports_);
-    std::ifstream file(ORRELO_REFERRAL_PAGE);
+    std::ifstream file(ORRELO_TEST_DATA "/campaign/referral.json");
     const std::string campaign{std::istreambuf_iterator<char>(file), {}};
     service_->answers["/campaigns/c-1"] = {200, campaign};
     service_->answers["/campaigns"] = {200, "[" + campaign + "]"};

@@ -27,18 +27,15 @@ PressArea {
 
         KitImage {
             id: icon
-
-            readonly property bool hasIcon: bitmapSize.width > 0
-
             anchors { left: parent.left; leftMargin: panel.margin; verticalCenter: parent.verticalCenter }
-            width: hasIcon ? 32 : 0
+            width: hasBitmap ? 32 : 0
             height: 32
             model: view.model.icon
         }
         Column {
             id: lines
             anchors {
-                left: icon.right; leftMargin: icon.hasIcon ? panel.gap : 0
+                left: icon.right; leftMargin: icon.hasBitmap ? panel.gap : 0
                 right: arrow.left; rightMargin: panel.gap
                 verticalCenter: parent.verticalCenter
             }

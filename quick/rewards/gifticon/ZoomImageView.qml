@@ -41,6 +41,17 @@ Item {
         height: view.model.frame.height
         source: view.model.image
     }
+    ImageOverlay {
+        readonly property rect frame: view.model.frame
+        readonly property bool hasFrame: frame.width > 0
+
+        // The visible part of the picture, or the whole view until there is one.
+        x: hasFrame ? Math.max(0, frame.x) : 0
+        y: hasFrame ? Math.max(0, frame.y) : 0
+        width: hasFrame ? Math.min(view.width, frame.x + frame.width) - x : view.width
+        height: hasFrame ? Math.min(view.height, frame.y + frame.height) - y : view.height
+        model: view.model.image
+    }
     PinchHandler {
         target: null
         onActiveChanged: if (active) view.model.beginGesture(centroid.position.x, centroid.position.y)

@@ -1,0 +1,40 @@
+import QtQuick
+import Orrelo.Kit
+
+/// What an image shows above its picture: an activity indicator while an animation is being loaded, and a play button while
+/// it waits for the user.
+Loader {
+    id: overlay
+
+    required property ImageBridge model
+
+    active: model.showsSpinner || model.showsPlayButton
+
+    sourceComponent: Item {
+        Rectangle {
+            anchors.centerIn: parent
+            width: Math.min(36, parent.width, parent.height)
+            height: width
+            radius: width / 2
+            visible: indicator.isAnimating
+            // The indicator is visible on a dark background, too.
+            color: Qt.rgba(1, 1, 1, 0.85)
+
+            ActivityIndicator {
+                id: indicator
+                anchors { fill: parent; margins: 2 }
+                isAnimating: overlay.model.showsSpinner
+            }
+        }
+        // In the corner, so that a view beneath keeps its own taps on the rest of the picture.
+        Loader {
+            anchors { right: parent.right; bottom: parent.bottom }
+            active: overlay.model.showsPlayButton
+            sourceComponent: PlayButton {
+                width: Math.min(Theme.touchSize, overlay.width)
+                height: Math.min(Theme.touchSize, overlay.height)
+                model: overlay.model
+            }
+        }
+    }
+}
