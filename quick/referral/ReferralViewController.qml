@@ -24,7 +24,7 @@ ORLUIViewController {
         Flow {
             id: entry
 
-            readonly property bool isNarrow: width - verificationButton.width - spacing < placeholder.implicitWidth + 36
+            readonly property bool isNarrow: width - verificationButton.implicitWidth - spacing < placeholder.implicitWidth + 36
 
             width: parent.width
             spacing: 8
@@ -79,7 +79,7 @@ ORLUIViewController {
                 objectName: view.screen.verificationIdentifier
                 width: entry.isNarrow ? entry.width : implicitWidth
                 implicitWidth: 88 * Theme.textScale + 16
-                minimumHeight: codeTextFieldContainerView.height
+                minimumHeight: entry.isNarrow ? Theme.actionHeight : codeTextFieldContainerView.height
                 isEnabled: view.screen.canVerify
                 text: view.screen.verificationTitle
                 fill: view.screen.verificationFill
@@ -95,7 +95,7 @@ ORLUIViewController {
             fill: view.screen.authorizationFill
             textColor: view.screen.authorizationTextColor
             onPressed: view.screen.authorize()
-            // The button before it is disabled at the same moment and loses the keyboard's focus.
+            // The button that was pressed is disabled next and would lose the keyboard's focus.
             onIsEnabledChanged: if (isEnabled) forceActiveFocus()
         }
     }

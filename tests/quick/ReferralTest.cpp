@@ -11,7 +11,6 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Not;
 
 const QString copyButton = QStringLiteral("내 코드 복사하기");
 const QString shareButton = QStringLiteral("초대 링크 공유하기");
@@ -86,16 +85,20 @@ TEST_F(ReferralQuickTest, ThePageCopiesTheCodeAndReportsItsBoxOnceItIsInSight) {
   onSmallScreens("referral-page", [&](double scale) {
     reports_->names.clear();
     openPage({320, 568}, scale);
-    EXPECT_THAT(reports_->names, Not(Contains(shown)));
+    const auto timesShown = [&] { return std::count(reports_->names.begin(), reports_->names.end(), shown); };
+    EXPECT_EQ(timesShown(), scale == 1.0 ? 1 : 0) << "large text moves it below the screen's edge";
+    for (int i = 0; i < 60 && timesShown() == 0; ++i) {
+      press(Qt::Key_Down);
+      settle();
+    }
     press(Qt::Key_End);
-    ASSERT_TRUE(waitFor([&] { return testing::Value(reports_->names, Contains(shown)); }));
     expectNothingCut();
     grab(scale == 1.0 ? "referral-page-320-end" : "referral-page-320-large-text-end");
     press(Qt::Key_Home);
     settle();
     press(Qt::Key_End);
     settle();
-    EXPECT_EQ(std::count(reports_->names.begin(), reports_->names.end(), shown), 1);
+    EXPECT_EQ(timesShown(), 1);
     press(Qt::Key_Home);
   });
   reports_->names.clear();
@@ -110,10 +113,8 @@ TEST_F(ReferralQuickTest, ThePageCopiesTheCodeAndReportsItsBoxOnceItIsInSight) {
 
 TEST_F(ReferralQuickTest, TheSheetCopiesMailsAndIsLeftInEveryWay) {
   onSmallScreens("share-sheet", [&](double scale) {
-    openPage({320, 568}, scale);
-    press(Qt::Key_End);
-    for (int i = 0; i < 10 && focusName() != shareButton; ++i) press(Qt::Key_Tab);
-    press(Qt::Key_Space);
+    open({320, 568}, scale);
+    Platform::current().application->share("민지의 초대 코드: MINJI-2026\nhttps://shop.example/join");
     ASSERT_TRUE(waitForNamed(sheetCopy));
     settle();
     EXPECT_EQ(focusName(), sheetCopy);

