@@ -39,8 +39,8 @@ class ORRELO_EXPORT ImageTarget {
   /// The scale of the view's screen, in pixels per point.
   virtual double scale() const = 0;
 
-  /// The front calls this after each change. An animation plays only on screen; it stops for good in a view
-  /// without a superview, and goes on if the view gets one again.
+  /// The front calls this after each change. An animation plays only on screen; a view without a superview is
+  /// detached from its playing and attached again when it gets one.
   void setPlacement(Placement placement);
   Placement placement() const { return placement_; }
   /// Starts an animation that waits for the user because of reduced motion; does nothing otherwise.

@@ -1,5 +1,7 @@
 #include "image/gif/GifCanvas.h"
 
+#include "image/gif/GifReader.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -10,8 +12,9 @@ namespace orrelo {
 
 GifCanvas::GifCanvas(std::shared_ptr<const GifFile> file)
     : file_(std::move(file)),
-      buffers_(std::make_shared<FrameBuffers>(Bitmap::sizeOf(file_->width(), file_->height()))),
-      reader_(file_->bytes()) {}
+      buffers_(std::make_shared<FrameBuffers>(Bitmap::sizeOf(file_->width(), file_->height()))) {}
+
+GifCanvas::~GifCanvas() = default;
 
 std::optional<Bitmap> GifCanvas::frame(std::size_t index) {
   try {
@@ -86,7 +89,7 @@ void GifCanvas::keepForRestoring(const GifFrame& frame) {
 void GifCanvas::takeColors(const GifFrame& frame) {
   std::fill(std::begin(colors_), std::end(colors_), Pixel{0});
   auto* target = std::begin(colors_);
-  for (const auto& color : reader_.colors()) {
+  for (const auto& color : reader_->colors()) {
     const std::array<std::uint8_t, 4> bytes{color.Red, color.Green, color.Blue, 0xFF};
     std::memcpy(target++, bytes.data(), bytes.size());
   }
@@ -95,19 +98,23 @@ void GifCanvas::takeColors(const GifFrame& frame) {
 
 // The walk has read all of the frame before, so that nothing here fails but for want of memory.
 void GifCanvas::drawPixels(const GifFrame& frame) {
-  if (!isOpen_) isOpen_ = reader_.open();
-  reader_.seek(frame.place);
-  if (!isOpen_ || !reader_.readImage()) throw std::bad_alloc();
+  if (!reader_) {
+    auto reader = std::make_unique<GifReader>(file_->bytes());
+    if (!reader->open()) throw std::bad_alloc();
+    reader_ = std::move(reader);
+  }
+  reader_->seek(frame.place);
+  if (!reader_->readImage()) throw std::bad_alloc();
   ++decodeCount_;
   const auto area = areaOf(frame);
   if (area.left == area.right || area.top == area.bottom) return;
   takeColors(frame);
-  const bool isInterlaced = reader_.state().Image.Interlace;
+  const bool isInterlaced = reader_->state().Image.Interlace;
   // The rows below the canvas need not be decoded, unless those above follow after them.
   const int height = isInterlaced ? frame.height : area.bottom - area.top;
   const auto count = static_cast<std::size_t>(height) * static_cast<std::size_t>(frame.width);
   indices_.resize(std::max(indices_.size(), count + GifReader::slack));
-  reader_.readPixels(count, indices_.data());
+  reader_->readPixels(count, indices_.data());
   const auto* row = indices_.data();
   const auto drawRows = [&](int first, int step) {
     for (int y = first; y < height; y += step, row += frame.width) drawRow(frame, y, row);

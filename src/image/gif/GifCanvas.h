@@ -2,7 +2,6 @@
 
 #include "image/gif/FrameBuffers.h"
 #include "image/gif/GifFile.h"
-#include "image/gif/GifReader.h"
 #include "platform/Bitmap.h"
 
 #include <cstdint>
@@ -12,6 +11,8 @@
 
 namespace orrelo {
 
+class GifReader;
+
 /// Draws the frames of a file. In ascending order each frame costs the decoding of its own pixels and those
 /// of the frames that were left out; going back starts from the nearest frame that needs no earlier one. Not
 /// thread-safe; needs the memory of about one bitmap.
@@ -20,6 +21,7 @@ class GifCanvas {
   explicit GifCanvas(std::shared_ptr<const GifFile> file);
   GifCanvas(const GifCanvas&) = delete;
   GifCanvas& operator=(const GifCanvas&) = delete;
+  ~GifCanvas();
 
   /// The whole canvas after the frame was drawn; areas without a colour are transparent. Nullopt if the
   /// memory is exhausted.
@@ -46,8 +48,8 @@ class GifCanvas {
 
   std::shared_ptr<const GifFile> file_;
   std::shared_ptr<FrameBuffers> buffers_;
-  GifReader reader_;
-  bool isOpen_ = false;
+  /// Null until the first frame is drawn.
+  std::unique_ptr<GifReader> reader_;
   std::vector<Pixel> canvas_;
   /// The pixels below a frame that are restored before the next one.
   std::vector<Pixel> covered_;

@@ -5,7 +5,6 @@
 #include "image/gif/FrameSource.h"
 #include "image/gif/GifPlaybackDelegate.h"
 
-#include <functional>
 #include <memory>
 
 namespace orrelo {
