@@ -54,8 +54,10 @@ void BitmapItem::setSource(ImageBridge* source) {
 void BitmapItem::showFrame() {
   if (!source_->isAnimated()) {
     tracker_.reset();
+    frames_.clear();
   } else if (!tracker_) {
     tracker_ = std::make_unique<PlacementTracker>(*this, [this](ImageView::Placement placement) {
+      if (!placement.isOnScreen) frames_.clear();
       if (source_) source_->setPlacement(*this, placement);
     });
   }
@@ -71,8 +73,8 @@ QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
   }
   if (node == nullptr) node = new PictureNode(window()->createImageNode());
   const auto pixels = (size() * window()->effectiveDevicePixelRatio()).toSize();
-  const auto use = source_->isAnimated() ? PictureTexture::Use::frame : PictureTexture::Use::picture;
-  node->show(PictureTexture::of(*window(), image, pixels, use), boundingRect());
+  auto* const frames = source_->isAnimated() ? &frames_ : nullptr;
+  node->show(PictureTexture::of(*window(), image, pixels, frames), boundingRect());
   return node;
 }
 

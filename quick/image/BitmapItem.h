@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quick/image/FramePictures.h"
 #include "quick/image/ImageBridge.h"
 #include "quick/image/PlacementTracker.h"
 
@@ -35,6 +36,8 @@ class BitmapItem : public QQuickItem {
   QPointer<ImageBridge> source_;
   /// Null unless the image is an animation.
   std::unique_ptr<PlacementTracker> tracker_;
+  /// Empty while the animation cannot be seen.
+  FramePictures frames_;
 };
 
 }  // namespace orrelo::quick

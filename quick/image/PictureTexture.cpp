@@ -4,7 +4,6 @@
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QSGRendererInterface>
-#include <QtEndian>
 #include <map>
 #include <mutex>
 #include <tuple>
@@ -23,24 +22,6 @@ QImage toQt(const ImagePtr& image) {
           QImage::Format_RGBA8888_Premultiplied,
           [](void* kept) { delete static_cast<ImagePtr*>(kept); },
           new ImagePtr(image)};
-}
-
-// A copy in the format that the software renderer draws fastest. It costs less than drawing the bitmap's own
-// format once.
-QImage inScreenFormat(const Bitmap& bitmap) {
-  QImage copy(bitmap.width, bitmap.height, QImage::Format_ARGB32_Premultiplied);
-  const auto* from = bitmap.pixels.get();
-  quint32 alpha = 0xFF000000U;
-  for (int y = 0; y < bitmap.height; ++y) {
-    auto* const to = reinterpret_cast<quint32*>(copy.scanLine(y));
-    for (int x = 0; x < bitmap.width; ++x, from += Bitmap::bytesPerPixel) {
-      const auto pixel = qFromLittleEndian<quint32>(from);
-      alpha &= pixel;
-      to[x] = (pixel & 0xFF00FF00U) | (pixel & 0xFFU) << 16U | (pixel >> 16U & 0xFFU);
-    }
-  }
-  if (alpha == 0xFF000000U) copy.reinterpretAsFormat(QImage::Format_RGB32);
-  return copy;
 }
 
 // The longest side of a texture in the window's renderer. OpenGL is queried. Direct3D 11, Metal and the
@@ -72,10 +53,11 @@ QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
   return size.expandedTo({1, 1});
 }
 
-PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, Use use)
+PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size,
+                               FramePictures* frames)
     : image_(std::move(image)) {
   const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
-  auto picture = use == Use::frame && isSoftware ? inScreenFormat(image_->bitmap) : toQt(image_);
+  auto picture = frames != nullptr && isSoftware ? frames->of(image_) : toQt(image_);
   if (picture.size() != size) {
     picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
@@ -83,7 +65,7 @@ PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size,
 }
 
 std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
-                                                         QSize pixels, Use use) {
+                                                         QSize pixels, FramePictures* frames) {
   using Key = std::tuple<const QQuickWindow*, const Image*, int, int>;
   static auto* const mutex = new std::mutex;  // each window may render on its own thread
   static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
@@ -95,7 +77,7 @@ std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, c
     if (auto texture = found->second.lock()) return texture;
   }
   std::erase_if(*known, [](const auto& entry) { return entry.second.expired(); });
-  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, size, use));
+  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, size, frames));
   (*known)[key] = texture;
   return texture;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "image/Image.h"
+#include "quick/image/FramePictures.h"
 
 #include <QQuickWindow>
 #include <QSGTexture>
@@ -14,11 +15,10 @@ namespace orrelo::quick {
 /// memory and is drawn smoothly, and not larger than the renderer's limit. Used on the render thread only.
 class PictureTexture {
  public:
-  /// What the image is: one that stays, whose pixels are not copied if possible, or a frame of an animation.
-  enum class Use { picture, frame };
-
+  /// `frames` is null for an image that stays, whose pixels are not copied if possible; otherwise the image is a
+  /// frame of that animation.
   static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels,
-                                                  Use use = Use::picture);
+                                                  FramePictures* frames = nullptr);
 
   /// The texture's size for an image that is shown in an item of `pixels` device pixels.
   static QSize sizeOf(QSize picture, QSize pixels, int maximumSide);
@@ -26,7 +26,7 @@ class PictureTexture {
   QSGTexture* texture() const { return texture_.get(); }
 
  private:
-  PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, Use use);
+  PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, FramePictures* frames);
 
   /// Kept alive because its address is part of the texture's key and must not be reused meanwhile.
   ImagePtr image_;
