@@ -53,8 +53,7 @@ QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
   return size.expandedTo({1, 1});
 }
 
-PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size,
-                               FramePictures* frames)
+PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, FramePictures* frames)
     : image_(std::move(image)) {
   const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
   auto picture = frames != nullptr && isSoftware ? frames->of(image_) : toQt(image_);

@@ -15,8 +15,8 @@ namespace orrelo::quick {
 /// memory and is drawn smoothly, and not larger than the renderer's limit. Used on the render thread only.
 class PictureTexture {
  public:
-  /// `frames` is null for an image that stays, whose pixels are not copied if possible; otherwise the image is a
-  /// frame of that animation.
+  /// `frames` is null for an image that stays, whose pixels are not copied if possible; otherwise the image
+  /// is a frame of that animation.
   static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels,
                                                   FramePictures* frames = nullptr);
 
