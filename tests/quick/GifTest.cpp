@@ -175,8 +175,10 @@ TEST_F(GifTest, ReducedMotionWaitsForAButtonInTheCorner) {
     if (focusName() == back) press(Qt::Key_Tab);
     EXPECT_EQ(focusName().toStdString(), expected.toStdString());
   }
-  for (const auto& [key, expected] : {std::pair(Qt::Key_Backtab, play), {Qt::Key_Backtab, play},
-                                      {Qt::Key_Tab, entry}, {Qt::Key_Backtab, play}}) {
+  for (const auto& [key, expected] : {std::pair(Qt::Key_Backtab, play),
+                                      {Qt::Key_Backtab, play},
+                                      {Qt::Key_Tab, entry},
+                                      {Qt::Key_Backtab, play}}) {
     press(key);
     EXPECT_EQ(focusName().toStdString(), expected.toStdString());
   }
