@@ -13,5 +13,6 @@ void addCampaign();
 void addScratch();
 void addModular();
 void addWebKit();
+void addPush();
 
 }  // namespace orrelo::bench

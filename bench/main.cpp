@@ -13,6 +13,7 @@ int main(int argumentCount, char** arguments) {
   addScratch();
   addModular();
   addWebKit();
+  addPush();
   addInitialize();
   // The measurements below start a kit on the real platform, which keeps running in this process.
   addSave();

@@ -17,6 +17,7 @@ Kinds attendanceKinds();
 Kinds entryKinds();
 Kinds listKinds();
 Kinds optInMarketingKinds();
+Kinds referralCampaignKinds();
 Kinds resultKinds();
 Kinds stampKinds();
 Kinds updateKinds();
@@ -24,15 +25,19 @@ Kinds gifticonKinds();
 Kinds pointKinds();
 Kinds externalPointKinds();
 Kinds rewardsKinds();
+Kinds referralKinds();
+Kinds inAppMessageKinds();
 Kinds navigationKinds();
 Kinds hostKinds();
 
 std::span<const Kinds> allKinds() {
   static const std::array folders{
-      imageKinds(),          viewkitKinds(),       modularKinds(),    contentKinds(),    rouletteKinds(),
-      scratchKinds(),        campaignKinds(),      attendanceKinds(), entryKinds(),      listKinds(),
-      optInMarketingKinds(), resultKinds(),        stampKinds(),      updateKinds(),     gifticonKinds(),
-      pointKinds(),          externalPointKinds(), rewardsKinds(),    navigationKinds(), hostKinds(),
+      imageKinds(),        viewkitKinds(),       modularKinds(),        contentKinds(),
+      rouletteKinds(),     scratchKinds(),       campaignKinds(),       attendanceKinds(),
+      entryKinds(),        listKinds(),          optInMarketingKinds(), referralCampaignKinds(),
+      resultKinds(),       stampKinds(),         updateKinds(),         gifticonKinds(),
+      pointKinds(),        externalPointKinds(), rewardsKinds(),        referralKinds(),
+      inAppMessageKinds(), navigationKinds(),    hostKinds(),
   };
   return folders;
 }

@@ -1,11 +1,15 @@
 // A host application without screens that reads commands from standard input, one per line.
 #include "StoredEvents.h"
 #include "ValueParser.h"
+#include "readPayload.h"
 
 #include <orrelo/Orrelo.h>
 
+#include <algorithm>
+#include <charconv>
 #include <iostream>
 #include <map>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -14,16 +18,21 @@ namespace {
 using namespace orrelo;
 
 constexpr auto usage =
-    "orrelo-console [--app-key KEY] [--data DIR] [--service URL --certificate FILE]\n"
-    "  --app-key      names the application at the service (default: demo)\n"
-    "  --data         where the kit keeps its files (default: the user's data folder)\n"
-    "  --service      an https URL: the kit turns to it as its development service, from now on\n"
-    "  --certificate  the file of certificates to trust there\n";
+    "orrelo-console [--app-key KEY] [--data DIR] [--service URL --certificate FILE] [--notification FILE]\n"
+    "  --app-key       names the application at the service (default: demo)\n"
+    "  --data          where the kit keeps its files (default: the user's data folder)\n"
+    "  --service       an https URL: the kit turns to it as its development service, from now on\n"
+    "  --certificate   the file of certificates to trust there\n"
+    "  --notification  a JSON file: the notification whose tap has started this host\n";
 
 constexpr auto help =
     "signin ID [optin|optout] [key=value ...]   say who the user is\n"
     "signout                                    say that nobody is\n"
     "send NAME [key=value ...]                  report an event\n"
+    "token TEXT                                 give the kit a push token: the rest of the line\n"
+    "devicetoken HEX                            give it the bytes of a device token\n"
+    "notify FILE|JSON                           tap on a notification with this payload\n"
+    "arrive FILE|JSON                           let such a notification arrive\n"
     "stored                                     show the events that wait for the service\n"
     "user                                       show the last user that the kit remembers\n"
     "log                                        let the kit talk\n"
@@ -37,8 +46,8 @@ using Options = std::map<std::string, std::string, std::less<>>;
 bool readOptions(int count, char** words, Options& options) {
   for (int i = 1; i < count; i += 2) {
     const std::string name = words[i];
-    const bool isKnown =
-        name == "--app-key" || name == "--data" || name == "--service" || name == "--certificate";
+    const bool isKnown = name == "--app-key" || name == "--data" || name == "--service" ||
+                         name == "--certificate" || name == "--notification";
     if (!isKnown || i + 1 == count) return false;
     options[name] = words[i + 1];
   }
@@ -70,8 +79,55 @@ void sendEvent(const std::vector<std::string>& words) {
   Orrelo::sendEvent(words.front(), console::parseValues({words.begin() + 1, words.end()}));
 }
 
+std::vector<std::byte> bytesOf(std::string_view hex) {
+  std::vector<std::byte> bytes;
+  for (; !hex.empty(); hex.remove_prefix(2)) {
+    unsigned byte = 0;
+    const auto* const end = hex.data() + std::min<std::size_t>(hex.size(), 2);
+    const auto read = std::from_chars(hex.data(), end, byte, 16);
+    if (hex.size() < 2 || read.ec != std::errc() || read.ptr != end) {
+      throw console::SyntaxError("a device token is written as pairs of hexadecimal digits");
+    }
+    bytes.push_back(std::byte(byte));
+  }
+  return bytes;
+}
+
+// This host has no screen over which the kit could open the notification's page. The kit still tells by the
+// completion whether a notification is its own.
+void handleNotification(const EventDictionary& payload, bool isTap) {
+  bool isHandled = false;
+  if (isTap) {
+    Orrelo::userNotificationCenter({payload}, [&] { isHandled = true; });
+  } else {
+    Orrelo::application(payload, [&](BackgroundFetchResult) { isHandled = true; });
+  }
+  std::cout << (isHandled ? "the kit has handled it" : "not the kit's: left to this host") << std::endl;
+}
+
+EventDictionary payloadFrom(const std::string& argument) {
+  return argument.starts_with('{') ? notification::payloadOf(argument) : notification::readPayload(argument);
+}
+
+// Runs a command whose argument is the whole rest of the line. Returns false for any other command.
+bool runWithText(const std::string& command, const std::string& argument) {
+  if (command == "token") {
+    Orrelo::setPushToken(argument);
+  } else if (command == "devicetoken") {
+    Orrelo::setDeviceToken(bytesOf(argument));
+  } else if (command == "notify" || command == "arrive") {
+    handleNotification(payloadFrom(argument), command == "notify");
+  } else {
+    return false;
+  }
+  std::cout << "ok " << command << std::endl;
+  return true;
+}
+
 void run(const std::string& line) {
   try {
+    const auto blank = std::min(line.find(' '), line.size());
+    if (runWithText(line.substr(0, blank), line.substr(std::min(blank + 1, line.size())))) return;
     auto words = console::splitWords(line);
     if (words.empty()) return;
     const auto command = words.front();
@@ -109,6 +165,14 @@ int main(int count, char** words) {
     std::cerr << usage;
     return 2;
   }
+  std::optional<EventDictionary> notification;
+  try {
+    const auto file = options.find("--notification");
+    if (file != options.end()) notification = notification::readPayload(file->second);
+  } catch (const std::exception& exception) {
+    std::cerr << "orrelo-console: " << exception.what() << "\n";
+    return 2;
+  }
   auto& loop = RunLoop::main();
   Platform::install(Platform::posix({.bundleIdentifier = "com.example.orrelo-console",
                                      .shortVersion = "1.0",
@@ -118,6 +182,7 @@ int main(int count, char** words) {
   if (options.contains("--service")) chooseDevelopmentService(options);
   Orrelo::initialize(ORLConfig(options.contains("--app-key") ? options["--app-key"] : "demo"));
   std::cout << "ready; type help" << std::endl;
+  if (notification) loop.post([payload = *notification] { handleNotification(payload, true); });
 
   std::thread([&loop] {
     std::string line;

@@ -2,6 +2,7 @@
 
 #include "JsonText.h"
 #include "barcode/BarcodePicture.h"
+#include "scenario/MessagesFile.h"
 #include "scenario/Placeholders.h"
 
 #include <array>
@@ -85,7 +86,12 @@ std::string contentTypeOf(std::string_view name) {
 
 ServiceRoutes::ServiceRoutes(EventStore& store, UserDatabase& users, Wallets& wallets,
                              const Scenario& scenario)
-    : eventStore_(store), scenario_(scenario), wallets_(wallets), campaigns_(users, wallets, scenario) {}
+    : eventStore_(store),
+      scenario_(scenario),
+      wallets_(wallets),
+      referralBook_(users),
+      campaigns_(users, wallets, referralBook_, scenario),
+      referrals_(users, wallets, referralBook_, campaigns_) {}
 
 const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
   static const std::vector<Route> routes{
@@ -96,7 +102,10 @@ const std::vector<ServiceRoutes::Route>& ServiceRoutes::table() {
       {"GET", "/campaigns", &ServiceRoutes::listCampaigns},
       {"GET", "/campaigns/*", &ServiceRoutes::campaign},
       {"GET", "/campaigns/*/*", &ServiceRoutes::participate, true},
+      {"POST", "/referrals/*/verification", &ServiceRoutes::verifyCode, true},
+      {"POST", "/referrals/*/authorization", &ServiceRoutes::authorizeCode, true},
       {"GET", "/fab", &ServiceRoutes::floatingButton},
+      {"GET", "/in-app-message/banner", &ServiceRoutes::messages, true},
       {"GET", "/pointsystem/my-point", &ServiceRoutes::pointBalance, true},
       {"GET", "/pointsystem/point-redemption-history", &ServiceRoutes::pointHistory, true},
       {"GET", "/my-rewards", &ServiceRoutes::rewardCounts, true},
@@ -180,6 +189,11 @@ Reply ServiceRoutes::saveToken(const Call& call) {
   const auto userId = stringAt(json, "buid");
   if (!token || token->empty()) return errorReply(400, "\"token\" is missing");
   if (!userId) return errorReply(400, "\"buid\" is missing");
+  for (const auto& [key, text] : {std::pair("token", *token), std::pair("buid", *userId)}) {
+    if (text.size() <= longestToken) continue;
+    return errorReply(
+        400, "\"" + std::string(key) + "\" is longer than " + std::to_string(longestToken) + " bytes");
+  }
   eventStore_.saveToken(call.appKey, *userId, *token, now());
   return jsonReply(200, nlohmann::json::object());
 }
@@ -200,10 +214,25 @@ Reply ServiceRoutes::participate(const Call& call) {
   return campaigns_.participate(callerOf(call), call.parts.at(0), call.parts.at(1));
 }
 
+Reply ServiceRoutes::verifyCode(const Call& call) {
+  return referrals_.verify(callerOf(call), call.parts.at(0), call.http.body);
+}
+
+Reply ServiceRoutes::authorizeCode(const Call& call) {
+  return referrals_.authorize(callerOf(call), call.parts.at(0), call.http.body);
+}
+
 Reply ServiceRoutes::floatingButton(const Call& call) {
   const auto body = scenario_.floatingButton(call.appKey);
   if (!body) return errorReply(404, "the scenario has no fab.json");
   return Reply::text(200, fillIn(*body, callerOf(call), scenario_));
+}
+
+Reply ServiceRoutes::messages(const Call& call) {
+  const auto text = scenario_.messages(call.appKey);
+  if (!text) return jsonReply(200, noMessages());
+  return jsonReply(
+      200, messagesFromText(fillIn(*text, callerOf(call), scenario_), scenario_.campaigns(call.appKey)));
 }
 
 Reply ServiceRoutes::pointBalance(const Call& call) {

@@ -2,6 +2,7 @@
 
 #include "http/Reply.h"
 #include "scenario/Campaigns.h"
+#include "scenario/Referrals.h"
 #include "scenario/Scenario.h"
 #include "scenario/Wallets.h"
 #include "store/EventStore.h"
@@ -48,7 +49,10 @@ class ServiceRoutes {
   Reply listCampaigns(const Call& call);
   Reply campaign(const Call& call);
   Reply participate(const Call& call);
+  Reply verifyCode(const Call& call);
+  Reply authorizeCode(const Call& call);
   Reply floatingButton(const Call& call);
+  Reply messages(const Call& call);
   Reply pointBalance(const Call& call);
   Reply pointHistory(const Call& call);
   Reply rewardCounts(const Call& call);
@@ -62,7 +66,9 @@ class ServiceRoutes {
   EventStore& eventStore_;
   const Scenario& scenario_;
   Wallets& wallets_;
+  ReferralBook referralBook_;
   Campaigns campaigns_;
+  Referrals referrals_;
 };
 
 }  // namespace orrelo::devservice

@@ -113,6 +113,11 @@ Window {
                         onPressed: news.active = true
                     }
                 }
+                ShopButton {
+                    visible: showroom.user !== ""
+                    text: "오늘의 메시지 보기"
+                    onPressed: showroom.showMessages()
+                }
                 Rectangle {
                     width: parent.width
                     height: goods.height + 32
@@ -208,6 +213,16 @@ Window {
                         text: "행운의 동전 보기"
                         onPressed: showroom.openCampaign("coins")
                     }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "알림 받기"
+                        onPressed: notifications.play()
+                    }
+                    ShopButton {
+                        width: campaigns.cell
+                        text: "친구 초대하기"
+                        onPressed: showroom.openCampaign("referral")
+                    }
                 }
                 Text {
                     width: parent.width
@@ -244,5 +259,14 @@ Window {
                 function onClosed() { news.active = false }
             }
         }
+    }
+    NotificationBanner {
+        x: (root.width - width) / 2
+        width: Math.min(440, root.width - 24)
+        title: notifications.title
+        text: notifications.text
+        isShown: notifications.isShown
+        onOpened: notifications.open()
+        onRemoved: notifications.remove()
     }
 }

@@ -64,10 +64,27 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
   suite->set("ORRELO_DEVELOPMENT_CA", service_.certificatePath().string());
   Orrelo::initialize(ORLConfig("showroom"));
   Orrelo::setOptInMarketingCampaignDelegate(consent_);
+  followNotifications();
+}
+
+void Showroom::followNotifications() {
+  Orrelo::setPushToken("showroom-on-this-desktop");
+  connect(&notifications_, &Notifications::handled, this, [this] {
+    const auto user = Platform::current().userDefaults->standard()->text("orrelo_user_id");
+    setUser(QString::fromStdString(user.value_or("")));
+  });
+  if (clock_) return;
+  inbox_ = std::make_unique<NotificationInbox>(
+      service_.baseUrl(), service_.certificatePath().string(),
+      [this](const EventDictionary& payload) { notifications_.receive(payload); });
 }
 
 void Showroom::letConfigurationExpire() {
   if (clock_) clock_->advance(std::chrono::seconds(61));
+}
+
+void Showroom::letTheNextDayBegin() {
+  if (clock_) clock_->advance(std::chrono::hours(24));
 }
 
 void Showroom::tickDisplay() {
@@ -114,6 +131,10 @@ void Showroom::openPage(const QString& id) {
 
 void Showroom::openHome() {
   Orrelo::showHome(quick::hostViewController(window_));
+}
+
+void Showroom::showMessages() {
+  Orrelo::showInAppMessage(quick::hostViewController(window_));
 }
 
 void Showroom::didSignIn(const QString& user) {

@@ -2,6 +2,8 @@
 
 #include "DevService.h"
 #include "FrameDisplay.h"
+#include "NotificationInbox.h"
+#include "Notifications.h"
 
 #include <orrelo/ORLDelegates.h>
 
@@ -34,10 +36,13 @@ class Showroom final : public QObject {
                     std::optional<std::chrono::system_clock::time_point> now = {});
 
   devservice::DevService& service() { return service_; }
+  Notifications& notifications() { return notifications_; }
   void setWindow(QQuickWindow* window) { window_ = window; }
   /// Lets the kit ask for its configuration again, if the time is fixed: moves the kit's clock on by more
   /// than the lifetime of the copy in its memory.
   void letConfigurationExpire();
+  /// Moves the kit's clock on by a day, if the time is fixed.
+  void letTheNextDayBegin();
 
   /// Advances animated images by a tick of the display, if the time is fixed.
   void tickDisplay();
@@ -61,6 +66,8 @@ class Showroom final : public QObject {
   Q_INVOKABLE void presentAttendance();
   /// Pushes the kit's home onto the window's stack.
   Q_INVOKABLE void openHome();
+  /// Shows the service's messages over the window.
+  Q_INVOKABLE void showMessages();
   /// Takes over the user whom the shop's web page has signed in to the kit.
   Q_INVOKABLE void didSignIn(const QString& user);
 
@@ -75,8 +82,12 @@ class Showroom final : public QObject {
 
   void setUser(const QString& user);
   void giveConsent();
+  void followNotifications();
 
   devservice::DevService service_;
+  Notifications notifications_;
+  /// Null if the time is fixed: such a showroom plays its notifications itself.
+  std::unique_ptr<NotificationInbox> inbox_;
   /// Both are null if the time is not fixed.
   std::shared_ptr<StoppedClock> clock_;
   std::shared_ptr<FrameDisplay> display_;

@@ -47,6 +47,7 @@ Tour::Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folde
 }
 
 void Tour::play() {
+  coldStart();
   signedOut();
   attendance();
   checkIn();
@@ -58,10 +59,13 @@ void Tour::play() {
   games();
   home();
   rewards();
+  notification();
   otherHomes();
   shopsOwnPage();
   failures();
   sizes();
+  referral();
+  messages();  // moves the clock to the next day
   writePage();
 }
 
@@ -289,6 +293,15 @@ void Tour::press(Qt::Key key) {
   for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     QKeyEvent event(type, key, Qt::NoModifier);
     QCoreApplication::sendEvent(&window_, &event);
+  }
+}
+
+void Tour::type(const QString& text) {
+  for (const auto letter : text) {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent event(type, Qt::Key_unknown, Qt::NoModifier, letter);
+      QCoreApplication::sendEvent(&window_, &event);
+    }
   }
 }
 

@@ -37,6 +37,7 @@ class Tour {
   static inline const QString card = QStringLiteral("스크래치 복권, 누르면 결과가 나옵니다");
   static inline const QString confirm = QStringLiteral("확인");
 
+  void coldStart();
   void signedOut();
   void attendance();
   void checkIn();
@@ -48,10 +49,13 @@ class Tour {
   void games();
   void home();
   void rewards();
+  void notification();
   void otherHomes();
   void shopsOwnPage();
   void failures();
   void sizes();
+  void messages();
+  void referral();
 
   // Parts of `home`, `rewards` and `otherHomes`.
   void winFromHome();
@@ -62,6 +66,16 @@ class Tour {
   void homeInSizes();
   /// Lets the service answer with no plugins and these campaigns until the faults are cleared.
   void orderNoPluginsAnd(const std::string& campaigns);
+
+  // Parts of `messages`.
+  void threeMessages();
+  void oneMessage();
+  void skippedMessages();
+
+  // Parts of `referral`.
+  QString friendsCode();
+  void enterCode(const QString& code);
+  void friendsReward();
 
   // Parts of `games`.
   void roulette();
@@ -95,6 +109,8 @@ class Tour {
   /// Drags without a pause through points of the item with this name, each a share of its width and height.
   void drag(const QString& name, const QList<QPointF>& path);
   void press(Qt::Key key);
+  /// Types the text into the item with the focus.
+  void type(const QString& text);
   void close();
   void closeHome();
   /// Waits until the screens' animations have ended.

@@ -2,19 +2,23 @@
 // display.
 #include "Showroom.h"
 #include "Tour.h"
+#include "readPayload.h"
 
 #ifdef SHOWROOM_HAS_WEB
 #include <orrelo/quick/OrreloWeb.h>
 #endif
 
+#include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <QProcess>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <exception>
+#include <fstream>
 #include <iostream>
 #include <optional>
 #include <unistd.h>
@@ -23,9 +27,46 @@ namespace {
 
 using namespace orrelo::showroom;
 
-int playTour(Showroom& showroom, QQuickWindow& window, const std::string& folder) {
+const QString tourName = QStringLiteral("tour");
+const QString notificationName = QStringLiteral("notification");
+const QString visitName = QStringLiteral("visit");
+
+void readOptions(const QGuiApplication& application, QCommandLineParser& parser) {
+  QCommandLineOption visit(visitName, QStringLiteral("An earlier session of the tour."),
+                           QStringLiteral("folder"));
+  visit.setFlags(QCommandLineOption::HiddenFromHelp);
+  parser.addHelpOption();
+  parser.addOptions({{tourName, QStringLiteral("Plays a tour and writes its pictures to this folder."),
+                      QStringLiteral("folder")},
+                     {notificationName,
+                      QStringLiteral("The notification whose tap has started the application: a JSON file."),
+                      QStringLiteral("file")},
+                     visit});
+  parser.process(application);
+}
+
+// The tour starts like an application that a tapped notification has started. The user whom the notification
+// finds has signed in earlier, in another process with the same data.
+std::string prepareTour(const QString& folder) {
+  if (QProcess::execute(QCoreApplication::applicationFilePath(), {QStringLiteral("--visit"), folder}) != 0) {
+    throw std::runtime_error("the tour's earlier session failed");
+  }
+  const auto file = folder.toStdString() + "/notification.json";
+  std::ofstream(file) << R"({"Orrelo":true,"campaignId":"stamp"})";
+  return file;
+}
+
+int visit(const QString& folder) {
+  Showroom(folder.toStdString(), Tour::moment).signIn(QStringLiteral("minji"));
+  return 0;
+}
+
+int playTour(Showroom& showroom, QQuickWindow& window, const std::string& folder,
+             const orrelo::EventDictionary& notification) {
   try {
-    Tour(showroom, window, folder).play();
+    Tour tour(showroom, window, folder);
+    showroom.notifications().tap(notification);
+    tour.play();
     std::cout << "All of it on one page: " << folder << "/index.html" << std::endl;
     return 0;
   } catch (const std::exception& exception) {
@@ -34,6 +75,27 @@ int playTour(Showroom& showroom, QQuickWindow& window, const std::string& folder
     std::cerr << "The tour ends: " << exception.what() << "; see " << picture << std::endl;
     return 1;
   }
+}
+
+// `notification` is that whose tap has started the application.
+int run(Showroom& showroom, const QString& tourFolder,
+        const std::optional<orrelo::EventDictionary>& notification) {
+  QQmlApplicationEngine engine;
+  engine.rootContext()->setContextProperty(QStringLiteral("showroom"), &showroom);
+  engine.rootContext()->setContextProperty(QStringLiteral("notifications"), &showroom.notifications());
+  engine.load(QUrl(QStringLiteral("qrc:/showroom/Main.qml")));
+  auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
+  if (window == nullptr) return 1;
+  showroom.setWindow(window);
+  if (!tourFolder.isEmpty()) {
+    QTimer::singleShot(0, window, [&] {
+      QCoreApplication::exit(playTour(showroom, *window, tourFolder.toStdString(), *notification));
+    });
+  } else if (notification) {
+    // The kit opens the page over the window, which must therefore exist.
+    showroom.notifications().tap(*notification);
+  }
+  return QGuiApplication::exec();
 }
 
 }  // namespace
@@ -48,30 +110,20 @@ int main(int argc, char** argv) {
 #endif
   QGuiApplication application(argc, argv);
   application.setApplicationName(QStringLiteral("orrelo-showroom"));
-  const auto arguments = application.arguments();
-  const bool isTour = arguments.size() == 3 && arguments[1] == QStringLiteral("--tour");
-  if (arguments.size() > 1 && !isTour) {
-    std::cerr << "orrelo-showroom [--tour FOLDER]\n";
-    return 2;
-  }
+  QCommandLineParser parser;
+  readOptions(application, parser);
+  const auto tourFolder = parser.value(tourName);
+  const bool isTour = !tourFolder.isEmpty();
   const QTemporaryDir temporary;
   const auto folder =
       isTour ? temporary.path() : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
   try {
-    const auto now = isTour ? std::optional(Tour::moment) : std::nullopt;
-    Showroom showroom(folder.toStdString(), now);
-    QQmlApplicationEngine engine;
-    engine.rootContext()->setContextProperty(QStringLiteral("showroom"), &showroom);
-    engine.load(QUrl(QStringLiteral("qrc:/showroom/Main.qml")));
-    auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
-    if (window == nullptr) return 1;
-    showroom.setWindow(window);
-    if (isTour) {
-      QTimer::singleShot(0, &application, [&] {
-        QCoreApplication::exit(playTour(showroom, *window, arguments[2].toStdString()));
-      });
-    }
-    return QGuiApplication::exec();
+    if (parser.isSet(visitName)) return visit(parser.value(visitName));
+    const auto file = isTour ? prepareTour(folder) : parser.value(notificationName).toStdString();
+    std::optional<orrelo::EventDictionary> notification;
+    if (!file.empty()) notification = orrelo::notification::readPayload(file);
+    Showroom showroom(folder.toStdString(), isTour ? std::optional(Tour::moment) : std::nullopt);
+    return run(showroom, tourFolder, notification);
   } catch (const std::exception& exception) {
     std::cerr << "orrelo-showroom: " << exception.what() << "\n";
     return 1;

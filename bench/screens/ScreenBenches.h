@@ -3,6 +3,7 @@
 namespace orrelo::bench {
 
 void addCampaignScreens();
+void addCarousel();
 void addGifPlayback();
 void addGifticonScreen();
 void addHomeScreen();

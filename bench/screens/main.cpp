@@ -10,6 +10,7 @@ int main(int argumentCount, char** arguments) {
   using namespace orrelo::bench;
   const QGuiApplication application(argumentCount, arguments);
   addCampaignScreens();
+  addCarousel();
   addGifPlayback();
   addGifticonScreen();
   addHomeScreen();

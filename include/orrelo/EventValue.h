@@ -79,6 +79,15 @@ class ORRELO_EXPORT EventValue {
   EventValue(EventDictionary dictionary) : value_(std::move(dictionary)) {}
   EventValue(EventBytes bytes) : value_(std::move(bytes)) {}
 
+  EventValue(const EventValue&) = default;
+  EventValue(EventValue&&) noexcept = default;
+  EventValue& operator=(const EventValue&) = default;
+  EventValue& operator=(EventValue&&) noexcept = default;
+  /// Needs no more stack for nested collections, however deep.
+  ~EventValue() {
+    if (isCollection()) flatten();
+  }
+
   /// Stands for a value of any other type; only the type's name is kept.
   template <class T>
   static EventValue other(const T&) {
@@ -91,6 +100,15 @@ class ORRELO_EXPORT EventValue {
   friend ORRELO_EXPORT bool operator==(const EventValue& a, const EventValue& b);
 
  private:
+  bool isCollection() const {
+    return std::holds_alternative<EventDictionary>(value_) || std::holds_alternative<EventArray>(value_) ||
+           std::holds_alternative<EventSet>(value_);
+  }
+  /// Destroys all collections in this collection.
+  void flatten() noexcept;
+  /// Moves the collections in this collection to `out`.
+  void takeCollections(EventArray& out);
+
   static double toDouble(float value);
   static double toDouble(double value) { return value; }
   static double toDouble(long double value) { return static_cast<double>(value); }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <orrelo/BackgroundFetchResult.h>
 #include <orrelo/EventValue.h>
 #include <orrelo/Export.h>
+#include <orrelo/NotificationResponse.h>
 #include <orrelo/ORLCampaignType.h>
 #include <orrelo/ORLConfig.h>
 #include <orrelo/ORLDelegates.h>
@@ -18,14 +20,6 @@
 namespace orrelo {
 
 class ViewController;
-
-/// A notification that the user tapped, as the platform hands it to the host.
-struct NotificationResponse {
-  EventDictionary userInfo;
-};
-
-/// The result of a background fetch, as reported to the platform.
-enum class BackgroundFetchResult { newData, noData, failed };
 
 /// The operations of Orrelo as an interface, for hosts that inject or mock it. `Orrelo::asInterface()`
 /// returns the kit's implementation. The operations are documented in Orrelo.

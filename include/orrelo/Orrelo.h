@@ -24,13 +24,12 @@ namespace orrelo {
 ///
 /// Threads: any thread may call any operation, except the `get…ViewController` operations, which must be
 /// called on the main thread. The `show…` operations show their screen on the main thread: immediately when
-/// called there, otherwise in a task posted to the main loop; `showPage` and `showHome` ask the service
-/// first. No operation waits for a file or for the network, except that `initialize` and `setUser` read and
-/// write small settings files. Call `initialize` once and early.
+/// called there, otherwise in a task posted to the main loop; `showPage`, `showHome` and `showInAppMessage`
+/// ask the service first. `userNotificationCenter` and `application` do their work on the main thread in the
+/// same way. No operation waits for a file or for the network, except that `initialize`, `setUser` and the
+/// opening of a notification read and write small settings files. Call `initialize` once and early.
 ///
-/// These operations are not implemented yet, and only write a log line when called before `initialize`:
-/// `showInAppMessage`, `setDeviceToken`, `setPushToken`, `userNotificationCenter` and `application`. The last
-/// two do not call their completions.
+/// Before `initialize`, an operation that needs it does nothing but write a log line.
 ///
 /// Errors: an event value of an unsupported type throws UnsupportedEventValueException; no other exception is
 /// ever thrown. Internal failures are reported through ORLLogger only.
@@ -98,14 +97,25 @@ class ORRELO_EXPORT Orrelo final {
   /// Opens the page that the service's configuration assigns to `id`, over the current screen: a campaign, a
   /// screen of the kit, or a deep link of the host. A page that cannot be opened is reported in the log.
   static void showPage(std::string_view id);
+  /// Presents the banners that the service has for the current user over the host's screen `with`: pictures
+  /// that lead to campaigns. Shows nothing if nobody is signed in, if the user has declined messages today,
+  /// if there are none, or if the service cannot be reached; also if `with` presents another screen by then.
   static void showInAppMessage(const std::shared_ptr<ViewController>& with);
 
-  /// The platform's raw device token.
+  /// Sets the platform's raw device token, as `setPushToken` does with its lower-case hexadecimal digits.
   static void setDeviceToken(const std::vector<std::byte>& token);
+  /// Sets the token under which the platform's push service knows this installation. Each new token and each
+  /// further `setUser` with a user uploads the latest of both, once both were set after `initialize`. A
+  /// failed upload is logged, and ends the uploading until the next `initialize`. A malformed sequence of
+  /// UTF-8 becomes U+FFFD. See docs/push.md.
   static void setPushToken(std::string_view token);
-  /// Handles a notification that the user tapped. Before `initialize` the completion is not called.
+  /// Handles a notification that the user tapped. If its payload has the key "Orrelo", makes the last user
+  /// the current one, opens the page that the payload names over the topmost screen, and calls `completion`
+  /// on the main thread. Without a window no page opens. A payload without the key is left to the host, and
+  /// so is every payload before `initialize`: the completion is not called then.
   static void userNotificationCenter(const NotificationResponse& response, std::function<void()> completion);
-  /// Handles a notification that arrived. Before `initialize` the completion is not called.
+  /// Handles a notification that arrived: like `userNotificationCenter`, and so opens the page too. The
+  /// completion gets `noData`.
   static void application(const EventDictionary& userInfo, IOrrelo::FetchCompletion completion);
 
   /// Held weakly; may be set before `initialize`.

@@ -38,7 +38,7 @@ class ScreenBridge : public QObject {
   const std::shared_ptr<ViewController>& screen() const { return screen_; }
   QUrl delegate() const;
   QString title() const { return toQt(screen_->title().value_or("")); }
-  bool isOver() const { return screen_->modalPresentationStyle == ModalPresentationStyle::overFullScreen; }
+  bool isOver() const { return screen_->modalPresentationStyle != ModalPresentationStyle::fullScreen; }
 
   bool fades() const {
     return isOver() || screen_->modalTransitionStyle == ModalTransitionStyle::crossDissolve;

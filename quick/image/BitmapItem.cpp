@@ -51,6 +51,13 @@ void BitmapItem::setSource(ImageBridge* source) {
   Q_EMIT sourceChanged();
 }
 
+void BitmapItem::setCornerRadius(double radius) {
+  if (radius == cornerRadius_) return;
+  cornerRadius_ = radius;
+  update();
+  Q_EMIT cornerRadiusChanged();
+}
+
 void BitmapItem::showFrame() {
   if (!source_->isAnimated()) {
     tracker_.reset();
@@ -72,9 +79,13 @@ QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
     return nullptr;
   }
   if (node == nullptr) node = new PictureNode(window()->createImageNode());
-  const auto pixels = (size() * window()->effectiveDevicePixelRatio()).toSize();
+  const double ratio = window()->effectiveDevicePixelRatio();
+  const auto pixels = (size() * ratio).toSize();
   auto* const frames = source_->isAnimated() ? &frames_ : nullptr;
-  node->show(PictureTexture::of(*window(), image, pixels, frames), boundingRect());
+  node->show(cornerRadius_ > 0
+                 ? PictureTexture::rounded(*window(), image, pixels, qRound(cornerRadius_ * ratio))
+                 : PictureTexture::of(*window(), image, pixels, frames),
+             boundingRect());
   return node;
 }
 

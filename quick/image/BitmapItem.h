@@ -16,6 +16,9 @@ class BitmapItem : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(orrelo::quick::ImageBridge* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
+  /// If positive, the middle of the image covers the area in its own aspect ratio, with rounded corners of
+  /// this radius.
+  Q_PROPERTY(double cornerRadius READ cornerRadius WRITE setCornerRadius NOTIFY cornerRadiusChanged)
 
  public:
   explicit BitmapItem(QQuickItem* parent = nullptr) : QQuickItem(parent) { setFlag(ItemHasContents); }
@@ -23,9 +26,12 @@ class BitmapItem : public QQuickItem {
 
   ImageBridge* source() const { return source_; }
   void setSource(ImageBridge* source);
+  double cornerRadius() const { return cornerRadius_; }
+  void setCornerRadius(double radius);
 
  Q_SIGNALS:
   void sourceChanged();
+  void cornerRadiusChanged();
 
  protected:
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
@@ -34,6 +40,7 @@ class BitmapItem : public QQuickItem {
   void showFrame();
 
   QPointer<ImageBridge> source_;
+  double cornerRadius_ = 0.0;
   /// Null unless the image is an animation.
   std::unique_ptr<PlacementTracker> tracker_;
   /// Empty while the animation cannot be seen.

@@ -7,6 +7,8 @@ Item {
     id: view
 
     required property ImageBridge model
+    /// If positive, the middle of a loaded image covers the view, with rounded corners of this radius.
+    property real cornerRadius
     readonly property size bitmapSize: model.size
     readonly property real shrink: !model.fits ? 1 : Math.min(width / bitmapSize.width, height / bitmapSize.height)
     /// True with a loaded image, and while an animation is being loaded.
@@ -32,8 +34,9 @@ Item {
         id: bitmap
         anchors.centerIn: parent
         visible: view.bitmapSize.width > 0
-        width: visible ? view.bitmapSize.width * view.shrink : 0
-        height: visible ? view.bitmapSize.height * view.shrink : 0
+        width: !visible ? 0 : view.cornerRadius > 0 ? view.width : view.bitmapSize.width * view.shrink
+        height: !visible ? 0 : view.cornerRadius > 0 ? view.height : view.bitmapSize.height * view.shrink
+        cornerRadius: view.cornerRadius
         source: view.model
     }
     ImageOverlay {

@@ -3,7 +3,9 @@
 #include <QImage>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
+#include <QPainter>
 #include <QSGRendererInterface>
+#include <algorithm>
 #include <map>
 #include <mutex>
 #include <tuple>
@@ -41,6 +43,20 @@ int maximumTextureSide(const QQuickWindow& window) {
   return api == QSGRendererInterface::Vulkan ? least : Bitmap::maximumSide;
 }
 
+// The middle of the picture at this size, with transparent corners.
+QImage cover(const QImage& picture, QSize size, int radius) {
+  const auto scaled = picture.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+  QImage covered(size, QImage::Format_ARGB32_Premultiplied);
+  covered.fill(Qt::transparent);
+  QPainter painter(&covered);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(scaled);
+  painter.setBrushOrigin((size.width() - scaled.width()) / 2, (size.height() - scaled.height()) / 2);
+  painter.drawRoundedRect(covered.rect(), radius, radius);
+  return covered;
+}
+
 }  // namespace
 
 // The size is halved repeatedly instead of matching the item, so that an image is not rescaled in every frame
@@ -53,30 +69,41 @@ QSize PictureTexture::sizeOf(QSize picture, QSize pixels, int maximumSide) {
   return size.expandedTo({1, 1});
 }
 
-PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, FramePictures* frames)
-    : image_(std::move(image)) {
-  const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
-  auto picture = frames != nullptr && isSoftware ? frames->of(image_) : toQt(image_);
-  if (picture.size() != size) {
-    picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  }
-  texture_.reset(window.createTextureFromImage(picture));
-}
+PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, const QImage& picture)
+    : image_(std::move(image)), texture_(window.createTextureFromImage(picture)) {}
 
 std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
                                                          QSize pixels, FramePictures* frames) {
-  using Key = std::tuple<const QQuickWindow*, const Image*, int, int>;
-  static auto* const mutex = new std::mutex;  // each window may render on its own thread
-  static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
   const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
                            maximumTextureSide(window));
+  return find(window, image, size, 0, [&] {
+    const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
+    const auto picture = frames != nullptr && isSoftware ? frames->of(image) : toQt(image);
+    return picture.size() == size ? picture
+                                  : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  });
+}
+
+std::shared_ptr<const PictureTexture> PictureTexture::rounded(QQuickWindow& window, const ImagePtr& image,
+                                                              QSize pixels, int radius) {
+  const int side = maximumTextureSide(window);
+  const auto size = pixels.boundedTo({side, side}).expandedTo({1, 1});
+  return find(window, image, size, std::max(1, radius), [&] { return cover(toQt(image), size, radius); });
+}
+
+std::shared_ptr<const PictureTexture> PictureTexture::find(QQuickWindow& window, const ImagePtr& image,
+                                                           QSize size, int radius,
+                                                           const std::function<QImage()>& draw) {
+  using Key = std::tuple<const QQuickWindow*, const Image*, int, int, int>;
+  static auto* const mutex = new std::mutex;  // each window may render on its own thread
+  static auto* const known = new std::map<Key, std::weak_ptr<const PictureTexture>>;
   const std::lock_guard lock(*mutex);
-  const Key key{&window, image.get(), size.width(), size.height()};
+  const Key key{&window, image.get(), size.width(), size.height(), radius};
   if (const auto found = known->find(key); found != known->end()) {
     if (auto texture = found->second.lock()) return texture;
   }
   std::erase_if(*known, [](const auto& entry) { return entry.second.expired(); });
-  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, size, frames));
+  const std::shared_ptr<const PictureTexture> texture(new PictureTexture(window, image, draw()));
   (*known)[key] = texture;
   return texture;
 }

@@ -3,9 +3,11 @@
 #include "image/Image.h"
 #include "quick/image/FramePictures.h"
 
+#include <QImage>
 #include <QQuickWindow>
 #include <QSGTexture>
 #include <QSize>
+#include <functional>
 #include <memory>
 
 namespace orrelo::quick {
@@ -20,13 +22,21 @@ class PictureTexture {
   static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels,
                                                   FramePictures* frames = nullptr);
 
+  /// The part of the image that covers `pixels` device pixels, with transparent corners of this radius. The
+  /// texture has exactly this size.
+  static std::shared_ptr<const PictureTexture> rounded(QQuickWindow& window, const ImagePtr& image,
+                                                       QSize pixels, int radius);
+
   /// The texture's size for an image that is shown in an item of `pixels` device pixels.
   static QSize sizeOf(QSize picture, QSize pixels, int maximumSide);
 
   QSGTexture* texture() const { return texture_.get(); }
 
  private:
-  PictureTexture(QQuickWindow& window, ImagePtr image, QSize size, FramePictures* frames);
+  PictureTexture(QQuickWindow& window, ImagePtr image, const QImage& picture);
+  /// The texture of this size and radius, made of what `draw` returns unless it exists.
+  static std::shared_ptr<const PictureTexture> find(QQuickWindow& window, const ImagePtr& image, QSize size,
+                                                    int radius, const std::function<QImage()>& draw);
 
   /// Kept alive because its address is part of the texture's key and must not be reused meanwhile.
   ImagePtr image_;

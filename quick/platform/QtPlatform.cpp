@@ -5,9 +5,11 @@
 #include "quick/platform/QtDisplayLink.h"
 #include "quick/platform/QtImageCodec.h"
 #include "quick/platform/QtMainLoop.h"
+#include "viewkit/ShareSheetViewController.h"
 
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QUrl>
@@ -40,6 +42,9 @@ Platform platform(const HostApplication& host) {
   platform.displayLink = std::make_shared<QtDisplayLink>(platform.clock);
   const auto application = std::make_shared<PosixApplication>();
   application->setUrlOpener(urlOpener(host.urlSchemes));
+  application->setPasteboardWriter(
+      [](const std::string& text) { QGuiApplication::clipboard()->setText(QString::fromStdString(text)); });
+  application->setSharer(&ShareSheetViewController::share);
   platform.application = application;
   new QtApplication(application, qGuiApp);
   // Waits for the work on the kit's threads before Qt destroys the image readers that it uses.

@@ -6,6 +6,7 @@
 #include "quick/viewkit/NoticeBridge.h"
 #include "quick/viewkit/PopUpDialogScreenBridge.h"
 #include "quick/viewkit/RewardScreenBridge.h"
+#include "quick/viewkit/ShareSheetScreenBridge.h"
 #include "quick/viewkit/WebBridge.h"
 
 #include <array>
@@ -23,6 +24,7 @@ Kinds viewkitKinds() {
       screenKind<CampaignRewardViewController, RewardScreenBridge>(),
       screenKind<ErrorViewController, ErrorScreenBridge>(),
       screenKind<PopUpDialogViewController, PopUpDialogScreenBridge>(),
+      screenKind<ShareSheetViewController, ShareSheetScreenBridge>(),
   };
   return {.views = views, .screens = screens};
 }

@@ -9,6 +9,7 @@
 #include "moc_PageBridge.cpp"
 #include "moc_PopUpDialogScreenBridge.cpp"
 #include "moc_RewardScreenBridge.cpp"
+#include "moc_ShareSheetScreenBridge.cpp"
 #include "moc_ToastBridge.cpp"
 #include "moc_TooltipBridge.cpp"
 #include "moc_WebBridge.cpp"

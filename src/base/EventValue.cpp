@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cxxabi.h>
 #include <memory>
+#include <utility>
 
 namespace orrelo {
 
@@ -32,6 +33,29 @@ EventValue EventValue::other(const std::type_info& type) {
   EventValue value;
   value.value_ = EventOther{demangled ? demangled.get() : type.name()};
   return value;
+}
+
+void EventValue::takeCollections(EventArray& out) {
+  const auto take = [&out](EventValue& value) {
+    if (value.isCollection()) out.push_back(std::exchange(value, EventValue()));
+  };
+  if (auto* const dictionary = std::get_if<EventDictionary>(&value_)) {
+    for (auto& [key, value] : *dictionary) take(value);
+  } else if (auto* const array = std::get_if<EventArray>(&value_)) {
+    for (auto& value : *array) take(value);
+  } else if (auto* const set = std::get_if<EventSet>(&value_)) {
+    for (auto& value : set->elements) take(value);
+  }
+}
+
+void EventValue::flatten() noexcept {
+  EventArray waiting;
+  takeCollections(waiting);
+  while (!waiting.empty()) {
+    auto value = std::move(waiting.back());
+    waiting.pop_back();
+    value.takeCollections(waiting);
+  }
 }
 
 bool operator==(const EventValue& a, const EventValue& b) {

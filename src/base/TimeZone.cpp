@@ -67,6 +67,7 @@ TimeZone TimeZone::utc() {
 }
 
 TimeZone TimeZone::current() {
+  tzset();  // localtime_r alone keeps the zone of its first call
   return {Kind::current, currentIdentifier()};
 }
 

@@ -11,7 +11,7 @@ namespace orrelo {
 class TimeZone {
  public:
   static TimeZone utc();
-  /// The zone of the environment variable TZ, or else of the system's local time.
+  /// The zone of the environment variable TZ, or else of the system's local time, as it is now.
   static TimeZone current();
   /// A zone by its identifier; behaves as UTC if the database has no such zone.
   static TimeZone named(std::string identifier);

@@ -6,7 +6,6 @@
 #include "campaign/CampaignViewControllerFactoryImpl.h"
 #include "campaign/FetchCampaignStateUseCase.h"
 #include "campaign/FetchCampaignUseCase.h"
-#include "campaign/FetchCampaignsUseCase.h"
 #include "campaign/SaveCampaignStateUseCase.h"
 #include "campaign/entry/CampaignViewPropertyRepository.h"
 #include "navigation/CampaignNavigatorImpl.h"
@@ -58,7 +57,8 @@ CampaignComponent::CampaignComponent(const std::shared_ptr<FetchConfigUseCase>& 
 
 CampaignComponent::CampaignComponent(const CampaignUseCases& useCases, const NetworkConfig& networkConfig,
                                      const std::shared_ptr<PageRouter>& pageRouter)
-    : campaignViewControllerFactory(
+    : fetchCampaignsUseCase(useCases.fetchCampaignsUseCase),
+      campaignViewControllerFactory(
           std::make_shared<CampaignViewControllerFactoryImpl>(useCases, pageRouter)),
       campaignNavigator(CampaignNavigatorImpl::create(
           useCases.fetchCampaignsUseCase, useCases.fetchConfigUseCase, campaignViewControllerFactory)),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "campaign/CampaignViewModel.h"
+#include "campaign/FetchCampaignsUseCase.h"
 #include "campaign/entry/FetchFloatingActionButtonPropertyUseCase.h"
 #include "campaign/list/CampaignListViewModel.h"
 #include "config/FetchConfigUseCase.h"
@@ -22,6 +23,7 @@ class CampaignComponent {
                     const NetworkConfig& networkConfig, const std::string& storeUrl,
                     const std::shared_ptr<PageRouter>& pageRouter);
 
+  const FetchCampaignsUseCase fetchCampaignsUseCase;
   const std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory;
   const std::shared_ptr<CampaignNavigator> campaignNavigator;
   const std::shared_ptr<const CampaignListViewModel> campaignListViewModel;

@@ -69,8 +69,10 @@ void InitializedOrrelo::makeCurrent(std::shared_ptr<InitializedOrrelo> instance)
     const std::lock_guard lock(slot().mutex);
     std::swap(slot().instance, instance);
   }
-  // A worker may still hold the former instance for its queued events.
-  if (instance) instance->component->eventComponent().saveEventUseCase.stopSending();
+  // Another thread may still hold the former instance, such as a worker for its queued events.
+  if (!instance) return;
+  instance->component->eventComponent().saveEventUseCase.stopSending();
+  instance->component->pushComponent().orreloPush->stopSending();
 }
 
 void InitializedOrrelo::enqueue(std::string_view name, EventValues&& values) {

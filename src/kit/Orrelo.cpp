@@ -28,6 +28,21 @@ std::shared_ptr<CampaignViewControllerFactory> campaignViewControllerFactory() {
   return RunningKit::current()->campaignNavigator->campaignViewControllerFactory();
 }
 
+std::shared_ptr<OrreloPush> orreloPush() {
+  return InitializedOrrelo::current()->component->pushComponent().orreloPush;
+}
+
+std::string hexText(const std::vector<std::byte>& bytes) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string text;
+  text.reserve(2 * bytes.size());
+  for (const auto byte : bytes) {
+    text += digits[std::to_integer<std::size_t>(byte >> 4)];
+    text += digits[std::to_integer<std::size_t>(byte & std::byte{0xF})];
+  }
+  return text;
+}
+
 std::shared_ptr<ViewController> makeErrorScreen() {
   // This text deliberately differs from the text of an error.
   return std::make_shared<ErrorViewController>("잠시 후 다시 시도해주세요.");
@@ -132,24 +147,35 @@ void Orrelo::showPage(std::string_view id) {
   InitializedOrrelo::current()->component->pageComponent().useCase->execute(std::string(id));
 }
 
-void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>&) {
-  RunningKit::isInitialized("showInAppMessage(with:)");
+void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>& with) {
+  if (!RunningKit::isInitialized("showInAppMessage(with:)")) return;
+  const auto navigator = InitializedOrrelo::current()->component->inAppMessageComponent().navigator;
+  const auto userId = currentUserId();
+  if (!userId || navigator->skipTimeCheckService->hasSkippedToday()) return;
+  onMain(*Platform::current().mainLoop,
+         [navigator, with, userId = *userId] { navigator->show(with, userId); });
 }
 
-void Orrelo::setDeviceToken(const std::vector<std::byte>&) {
-  RunningKit::isInitialized("setDeviceToken(_:)");
+void Orrelo::setDeviceToken(const std::vector<std::byte>& token) {
+  if (!RunningKit::isInitialized("setDeviceToken(_:)")) return;
+  orreloPush()->setToken({hexText(token)});
 }
 
-void Orrelo::setPushToken(std::string_view) {
-  RunningKit::isInitialized("setPushToken(_:)");
+void Orrelo::setPushToken(std::string_view token) {
+  if (!RunningKit::isInitialized("setPushToken(_:)")) return;
+  orreloPush()->setToken({utf8::repaired(token)});
 }
 
-void Orrelo::userNotificationCenter(const NotificationResponse&, std::function<void()>) {
-  RunningKit::isInitialized("userNotificationCenter(_:didReceive:withCompletionHandler:)");
+void Orrelo::userNotificationCenter(const NotificationResponse& response, std::function<void()> completion) {
+  if (!RunningKit::isInitialized("userNotificationCenter(_:didReceive:withCompletionHandler:)")) return;
+  orreloPush()->handle(response, std::move(completion));
 }
 
-void Orrelo::application(const EventDictionary&, IOrrelo::FetchCompletion) {
-  RunningKit::isInitialized("application(_:didReceiveRemoteNotification:fetchCompletionHandler:)");
+void Orrelo::application(const EventDictionary& userInfo, IOrrelo::FetchCompletion completion) {
+  if (!RunningKit::isInitialized("application(_:didReceiveRemoteNotification:fetchCompletionHandler:)")) {
+    return;
+  }
+  orreloPush()->handle(userInfo, std::move(completion));
 }
 
 std::shared_ptr<ORLUserEventDelegate> Orrelo::userEventDelegate() {

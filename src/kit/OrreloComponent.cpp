@@ -20,7 +20,12 @@ OrreloComponent::OrreloComponent(const ORLConfig& config, const std::string& bas
   pageComponent_ = std::make_unique<PageComponent>(configComponent_->fetchConfigUseCase);
   campaignComponent_ = std::make_unique<CampaignComponent>(
       configComponent_->fetchConfigUseCase, networkConfig, storeUrl, pageComponent_->pageRouter);
+  referralComponent_ = std::make_unique<ReferralComponent>(
+      configComponent_->fetchConfigUseCase, campaignComponent_->fetchCampaignsUseCase, networkConfig);
+  pushComponent_ = std::make_unique<PushComponent>(networkConfig);
   eventComponent_ = std::make_unique<EventComponent>(networkConfig);
+  inAppMessageComponent_ = std::make_unique<InAppMessageComponent>(
+      configComponent_->fetchConfigUseCase, networkConfig, campaignComponent_->campaignNavigator);
 }
 
 RunningKit OrreloComponent::runningKit() const {
@@ -35,6 +40,7 @@ RunningKit OrreloComponent::runningKit() const {
           {
               {Page::Fixed::pointRedemptionHistory, pointComponent_->router},
               {Page::Fixed::gifticon, gifticonComponent_->router},
+              {Page::Fixed::referral, referralComponent_->router},
               {Page::Fixed::externalPointExchange, externalPointComponent_->router},
           },
   };

@@ -5,8 +5,11 @@
 #include "kit/EventComponent.h"
 #include "kit/ExternalPointComponent.h"
 #include "kit/GifticonComponent.h"
+#include "kit/InAppMessageComponent.h"
 #include "kit/PageComponent.h"
 #include "kit/PointComponent.h"
+#include "kit/PushComponent.h"
+#include "kit/ReferralComponent.h"
 #include "kit/RewardComponent.h"
 #include "ui/RunningKit.h"
 
@@ -27,8 +30,11 @@ class OrreloComponent {
 
   const ConfigComponent& configComponent() const { return *configComponent_; }
   const ExternalPointComponent& externalPointComponent() const { return *externalPointComponent_; }
+  const PushComponent& pushComponent() const { return *pushComponent_; }
   const PointComponent& pointComponent() const { return *pointComponent_; }
   const CampaignComponent& campaignComponent() const { return *campaignComponent_; }
+  const InAppMessageComponent& inAppMessageComponent() const { return *inAppMessageComponent_; }
+  const ReferralComponent& referralComponent() const { return *referralComponent_; }
   const EventComponent& eventComponent() const { return *eventComponent_; }
   const GifticonComponent& gifticonComponent() const { return *gifticonComponent_; }
   const RewardComponent& rewardComponent() const { return *rewardComponent_; }
@@ -42,6 +48,9 @@ class OrreloComponent {
   std::unique_ptr<ExternalPointComponent> externalPointComponent_;
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
+  std::unique_ptr<InAppMessageComponent> inAppMessageComponent_;
+  std::unique_ptr<ReferralComponent> referralComponent_;
+  std::unique_ptr<PushComponent> pushComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
   std::unique_ptr<GifticonComponent> gifticonComponent_;
   std::unique_ptr<RewardComponent> rewardComponent_;

@@ -10,6 +10,8 @@
 namespace orrelo {
 namespace {
 
+constexpr auto storedKey = "orrelo_user_id";
+
 struct CurrentUser {
   std::mutex mutex;
   std::optional<std::string> id;
@@ -54,7 +56,11 @@ const reactive::PublishSubject<std::optional<std::string>>& userIdStream() {
 
 void UserManager::setUserId(const std::optional<std::string>& userId) const {
   userIdStream().onNext(userId);
-  if (userId) Platform::current().userDefaults->standard()->set("orrelo_user_id", *userId);
+  if (userId) Platform::current().userDefaults->standard()->set(storedKey, *userId);
+}
+
+std::optional<std::string> UserManager::storedUserId() {
+  return Platform::current().userDefaults->standard()->text(storedKey);
 }
 
 }  // namespace orrelo

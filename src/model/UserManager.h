@@ -21,6 +21,8 @@ class UserManager {
   /// Publishes the id and stores it in the standard defaults under "orrelo_user_id". An absent id is only
   /// published: the stored id deliberately survives a sign-out.
   void setUserId(const std::optional<std::string>& userId) const;
+  /// The stored id: that of the last user who was ever set, in this process or an earlier one.
+  static std::optional<std::string> storedUserId();
 };
 
 }  // namespace orrelo

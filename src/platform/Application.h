@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace orrelo {
 
@@ -22,6 +23,11 @@ class Application {
   /// True if the machine or the host can open this URL; `open` opens it. Main thread only.
   virtual bool canOpen(const Url& url) const = 0;
   virtual void open(const Url& url) = 0;
+  /// Replaces the content of the general pasteboard with this text. Main thread only.
+  virtual void setPasteboard(const std::string& text) = 0;
+  /// Offers the user the machine's ways to send this text to somebody. Returns at once; the user may decline.
+  /// Main thread only.
+  virtual void share(const std::string& text) = 0;
   /// The main screen's scale, in pixels per point. Any thread.
   virtual double screenScale() const = 0;
   /// True if the user has enabled reduced motion in the system's settings. Any thread.

@@ -20,7 +20,9 @@ enum class ModalPresentationStyle {
   /// Covers everything; the screens beneath disappear.
   fullScreen = 0,
   /// The screens beneath stay visible and are not notified.
-  overFullScreen = 5
+  overFullScreen = 5,
+  /// As `overFullScreen`; the kit's screens always fill their window.
+  overCurrentContext = 6
 };
 
 /// How a presented screen arrives and leaves when that is animated. The values are those of the platform.

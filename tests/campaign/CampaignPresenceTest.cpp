@@ -36,6 +36,11 @@ std::vector<Kind> kinds() {
            {"main_image_url", "sub_image_url", "first_title", "second_title", "guide_message", "notice"}},
           {Json::parse(storedReply("marketing.json")),
            {"image_url", "button_enable", "button_text", "button_visibility", "color", "notice"},
+           {}},
+          {Json::parse(storedReply("referral.json")),
+           {"first_title", "second_title", "status_message", "button_text", "code", "code_description",
+            "navigate_enable", "referral_message", "notice", "color", "highlight_color", "guide_message",
+            "input_url", "validate_url", "error_message", "current_registered"},
            {}}};
 }
 

@@ -67,6 +67,44 @@ TEST_F(AdminTest, RefusesFaultsThatCannotBe) {
   EXPECT_TRUE(service_->faults().empty());
 }
 
+TEST_F(AdminTest, ANotificationWaitsForItsUserAndIsHandedOutOnce) {
+  const auto pathOf = [](const std::string& user) { return "/admin/notifications?app=app&user=" + user; };
+  const auto put = [&](const std::string& payload, const std::string& user = "mina") {
+    return client_->Post(pathOf(user), payload, "application/json");
+  };
+  const auto take = [&](const std::string& user) {
+    const auto reply = client_->Delete(pathOf(user));
+    return reply->status == 200 ? json::parse(reply->body) : json();
+  };
+  post(onApp("/event"), event("E-1", "opened", {{"user_id", "mina"}}));
+  EXPECT_EQ(put(R"({"Orrelo":1,"campaignId":"wheel"})")->status, 201);
+  EXPECT_EQ(put(" {\"deeplink\":\"shop://ü\"}\n")->body, R"({"waiting":2})");
+  put(R"({"for":"joon"})", "joon");
+  service_.reset();
+  startService();
+  EXPECT_EQ(state()["users"][0]["notifications"], 2);
+  EXPECT_EQ(take("mina"), (json{{{"Orrelo", 1}, {"campaignId", "wheel"}}, {{"deeplink", "shop://ü"}}}));
+  EXPECT_EQ(take("mina"), json::array());
+  EXPECT_EQ(take("joon").size(), 1u);
+  EXPECT_EQ(state()["users"][0]["notifications"], 0);
+
+  const auto nested = R"({"a":)" + std::string(10'000, '[') + std::string(10'000, ']') + "}";
+  EXPECT_EQ(put(nested)->status, 201) << "to test hosts with";
+  EXPECT_EQ(client_->Delete(pathOf("mina"))->body, "[" + nested + "]");
+  for (const auto& payload :
+       {std::string("{"), std::string("[]"), std::string(" "), std::string("{\"a\":\"\xff\"}"),
+        R"({"a":")" + std::string(64 << 10, 'x') + R"("})"}) {
+    EXPECT_EQ(put(payload)->status, 400) << payload.substr(0, 20);
+  }
+  for (int number = 0; number < 100; ++number) put("{}");
+  EXPECT_EQ(put("{}")->status, 409);
+  EXPECT_EQ(client_->Delete(pathOf("mina"), httplib::Headers{{"Origin", "https://example.com"}})->status,
+            403);
+  EXPECT_EQ(take("mina").size(), 100u);
+  EXPECT_EQ(client_->Get(pathOf("mina"))->status, 405);
+  EXPECT_EQ(client_->Delete("/admin/notifications?user=mina")->status, 400);
+}
+
 TEST_F(AdminTest, AnotherSitesPageCannotOrderFaults) {
   const auto body = json{{"kind", "drop"}};
   EXPECT_EQ(post("/admin/faults", body, {{"Origin", "https://example.com"}})->status, 403);

@@ -71,7 +71,12 @@ TEST_F(EventIntakeTest, RefusesBadBodies) {
     EXPECT_EQ(status("/event", body), 400) << body;
   }
   EXPECT_EQ(status("/events", event("1").dump()), 400);
-  EXPECT_EQ(status("/token", R"({"token":"t"})"), 400);
+  for (const auto& token :
+       {json(), json{{"token", "t"}}, json{{"buid", "u"}}, json{{"token", ""}, {"buid", "u"}},
+        json{{"token", 5}, {"buid", "u"}}, json{{"token", std::string(1 << 20, 't')}, {"buid", "u"}},
+        json{{"token", "t"}, {"buid", std::string(4097, 'u')}}}) {
+    EXPECT_EQ(status("/token", token.dump()), 400) << token.dump().substr(0, 40);
+  }
   EXPECT_EQ(service_->eventCount(), 0);
   EXPECT_TRUE(service_->tokens().empty());
 }
@@ -106,6 +111,21 @@ TEST_F(EventIntakeTest, KnowsUsersAndTheirTokens) {
   ASSERT_EQ(tokens.size(), 2U);
   EXPECT_EQ(tokens[1].token, "T");
   EXPECT_EQ(tokens[1].saves, 2);
+}
+
+TEST_F(EventIntakeTest, KeepsTheTokensThatAUserSavedLast) {
+  const auto save = [&](int number) {
+    return post(onApp("/token"),
+                {{"token", std::string(4000, 'T') + std::to_string(number)}, {"buid", "mina"}})
+        ->status;
+  };
+  for (int number = 0; number < 25; ++number) EXPECT_EQ(save(number), 200);
+  service_.reset();
+  startService();
+  const auto tokens = service_->tokens();
+  ASSERT_EQ(tokens.size(), 20U);
+  EXPECT_EQ(tokens.front().token.substr(4000), "24");
+  EXPECT_EQ(getJson("/admin/state")["tokens"][0]["token"], tokens.front().token);
 }
 
 TEST_F(EventIntakeTest, TakesManyClientsAtOnce) {

@@ -12,24 +12,16 @@
 #include "modular/content/TooltipInformationView.h"
 #include "modular/roulette/RouletteView.h"
 #include "modular/scratch/ScratchLotteryView.h"
+#include "require.h"
 #include "support/Twins.h"
 #include "viewkit/CampaignRewardViewController.h"
 #include "viewkit/WebView.h"
 
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
 namespace orrelo::test {
-
-/// Ends the process unless `holds`.
-inline void require(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "broken invariant: %s\n", what);
-  std::abort();
-}
 
 /// Counts what a page asks of its screen.
 class Requests final : public ModularCampaignViewDelegate {

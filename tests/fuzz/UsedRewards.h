@@ -3,6 +3,7 @@
 #include "kit/GifticonComponent.h"
 #include "kit/PointComponent.h"
 #include "kit/RewardComponent.h"
+#include "require.h"
 #include "rewards/RewardViewController.h"
 #include "rewards/gifticon/GifticonDetailViewController.h"
 #include "rewards/gifticon/GifticonViewController.h"
@@ -11,20 +12,11 @@
 #include "support/TestPlatform.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace orrelo::test {
-
-/// Ends the process unless `holds`.
-inline void require(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "broken invariant: %s\n", what);
-  std::abort();
-}
 
 /// Opens the screens of rewards over a service's replies, and drives them as a front and a user do.
 class UsedRewards {

@@ -1,11 +1,17 @@
+#include "image/GifFiles.h"
 #include "image/ImageLoader.h"
+#include "image/ImageView.h"
+#include "image/gif/GifPlayback.h"
+#include "image/gif/GifPlaybackManager.h"
 #include "network/RawServer.h"
 #include "platform/posix/PosixApplication.h"
 #include "support/PlainImageCodec.h"
 #include "support/TemporaryFolder.h"
+#include "support/TestPlatform.h"
 
 #include <atomic>
 #include <gmock/gmock.h>
+#include <set>
 #include <thread>
 
 namespace orrelo::test {
@@ -62,6 +68,31 @@ TEST(ImageThreadsTest, EveryLoadEndsOnceOnTheMainThread) {
   EXPECT_EQ(ended, threadCount * loadsEach);
   EXPECT_EQ(elsewhere, 0);
   EXPECT_EQ(unexpected, 0);
+}
+
+// Workers decode for views that come on screen, leave it and go while frames are on their way.
+TEST(ImageThreadsTest, FramesAreDecodedWhileOthersAreShown) {
+  const TestPlatform platform;
+  auto services = Platform::current();
+  services.workers = Platform::posix().workers;
+  const auto image = std::get<0>(AnimatedImage::create(makeData(blinkingGif({2, 2, 2, 2})), 0.8F, 60, 1.0));
+  for (const int memoryLimit : {-1, 50}) {  // decoded as they are needed, and kept
+    const auto manager = std::make_shared<GifPlaybackManager>(memoryLimit, services);
+    std::vector<std::shared_ptr<ImageView>> views(4);
+    std::set<std::string> shown;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    for (unsigned i = 0; (i < 1000 || shown.size() < 4) && std::chrono::steady_clock::now() < end; ++i) {
+      auto& view = views[i % views.size()];
+      if (i % 100 < views.size()) {
+        view = std::make_shared<ImageView>();
+        GifPlayback::of(view).playAnimation(image, manager, GifPlayback::forever);
+      }
+      view->setPlacement({true, i % 20 < 16});
+      platform.displayLink->tick();
+      if (const auto& frame = view->frame.value()) shown.insert(textOf(frame->bitmap));
+    }
+    EXPECT_THAT(shown, testing::ElementsAre("0", "1", "2", "3")) << memoryLimit;
+  }
 }
 
 }  // namespace

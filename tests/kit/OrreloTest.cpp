@@ -6,6 +6,7 @@
 #include "support/LogCapture.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
+#include "ui/KeyWindow.h"
 #include "ui/ViewController.h"
 
 #include <orrelo/Orrelo.h>
@@ -233,6 +234,47 @@ TEST_F(OrreloTest, UnsupportedValuesLeaveAsTheOneException) {
   EXPECT_EQ(field(bodies[0], "event_name"), "e\uFFFD");
 }
 
+TEST_F(OrreloTest, TokensBelongToTheInitializationAfterWhichTheyWereSet) {
+  Orrelo::setPushToken("before");
+  initialize("first");
+  Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
+  Orrelo::setDeviceToken({std::byte{0x00}, std::byte{0x0F}, std::byte{0xA5}});
+  Orrelo::setPushToken("\xFF");
+  platform_.loop->run();
+  const auto former = InitializedOrrelo::current();
+  initialize("second");
+  Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
+  platform_.loop->run();
+  Orrelo::asInterface().setPushToken("again");
+  platform_.loop->run();
+  std::vector<std::string> uploads;
+  for (const auto& request : platform_.session->requestsTo("/token")) {
+    const auto path = request.url.path();
+    uploads.push_back(std::string(path.substr(path.find("/sdk/"))) + " " + *field(*request.body, "token"));
+  }
+  EXPECT_THAT(uploads,
+              ElementsAre("/sdk/first/token 000fa5", "/sdk/first/token \uFFFD", "/sdk/second/token again"));
+}
+
+TEST_F(OrreloTest, ANotificationBringsTheLastUserBackAndOpensItsCampaign) {
+  platform_.defaults->standard()->set("orrelo_user_id", std::string("minji"));
+  initialize();
+  const auto host = std::make_shared<HostViewController>();
+  setKeyWindowRootViewController(host);
+  host->appear(false);
+  std::string kind;
+  Orrelo::userNotificationCenter({{{"Orrelo", 1}, {"campaignId", "c-1"}}},
+                                 [&] { kind = host->presentedViewController()->kind(); });
+  EXPECT_EQ(kind, "CampaignViewController") << "the completion follows the route";
+  platform_.loop->run();
+  EXPECT_EQ(platform_.session->requestsTo("/campaigns/c-1").at(0).headers.at("buid"), "minji");
+  std::optional<BackgroundFetchResult> result;
+  Orrelo::application({{"campaignId", "c-1"}}, [&](auto given) { result = given; });
+  EXPECT_FALSE(result.has_value());
+  Orrelo::application({{"Orrelo", nullptr}}, [&](auto given) { result = given; });
+  EXPECT_EQ(result, BackgroundFetchResult::noData);
+}
+
 TEST_F(OrreloTest, EightThreadsAtOnce) {
   initialize();
   std::vector<std::jthread> threads;
@@ -243,6 +285,8 @@ TEST_F(OrreloTest, EightThreadsAtOnce) {
         Orrelo::setUser(ORLUser("u" + std::to_string(i), ORLMarketingStatus::optIn, {}));
         Orrelo::setUserEventDelegate(nullptr);
         Orrelo::setPushToken("t");
+        Orrelo::setDeviceToken({std::byte(n)});
+        Orrelo::application({{"Orrelo", n}}, nullptr);
         if (n == 25 && i < 2) Orrelo::initialize(ORLConfig("again"));
       }
     });
@@ -250,6 +294,7 @@ TEST_F(OrreloTest, EightThreadsAtOnce) {
   threads.clear();
   platform_.loop->run();
   EXPECT_FALSE(platform_.session->requestsTo("/event").empty());
+  EXPECT_FALSE(platform_.session->requestsTo("/token").empty());
 }
 
 TEST(OrreloObjects, BuildersStopWithoutTheirRequiredFieldAndTakeAnyText) {

@@ -8,7 +8,7 @@ layers=(base platform reactive "model page" network config events ui image viewk
   "rewards referral inappmessage push" navigation kit)
 # The front's folders lie above all of them. `quick` itself has the list of the kinds and stands above their folders.
 features="quick/campaign/attendance quick/campaign/entry quick/campaign/list quick/campaign/optinmarketing
-  quick/campaign/result quick/campaign/stamp"
+  quick/campaign/referral quick/campaign/result quick/campaign/stamp"
 layers+=(quick/include quick/platform quick/bridge quick/image quick/viewkit quick/modular
   "quick/modular/content quick/modular/roulette quick/modular/scratch" quick/campaign "$features quick/campaign/update"
   "quick/rewards/externalpoint quick/rewards/gifticon quick/rewards/point" "quick/rewards quick/referral quick/inappmessage"
@@ -29,7 +29,7 @@ declare -A owner=(
   [Date]=base [EventValue]=base [Export]=base [ORLLogger]=base [Url]=base [Uuid]=base
   [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform [platform/DisplayLink]=platform
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
-  [ORLUserEvent]=model [UnsupportedEventValueException]=model
+  [ORLUserEvent]=model [NotificationResponse]=model [BackgroundFetchResult]=model [UnsupportedEventValueException]=model
   [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit
   [quick/ExternalPointEntryView]=quick/include [quick/ORLCampaignEntryView]=quick/include
   [quick/ORLCampaignFloatingActionButton]=quick/include [quick/OrreloQuick]=quick/include [quick/OrreloWeb]=quick/web)

@@ -168,6 +168,50 @@ TEST_F(AdminPageTest, APersonChangesAUsersWallet) {
   EXPECT_EQ(window_->property("errors").toList(), QVariantList());
 }
 
+TEST_F(AdminPageTest, APersonSendsANotification) {
+  const auto text = QStringLiteral("#notify [name=payload]");
+  const auto choose = [&](const char* preset) {
+    valueOf(QStringLiteral("notifyForm.elements.preset.value = '%1';"
+                           "notifyForm.elements.preset.dispatchEvent(new Event('change'))")
+                .arg(QString::fromLatin1(preset)));
+    return valueOf(QStringLiteral("notifyForm.elements.payload.value")).toString();
+  };
+  const auto waiting = QStringLiteral("#notify-waiting");
+  const auto token = QStringLiteral("T").repeated(300);
+  replyTo(QStringLiteral("/my-rewards"));
+  valueOf(QStringLiteral("fetch('/orreloservice/sdk/shop/token', {method: 'POST', body: JSON.stringify("
+                         "{token: '%1', buid: 'minji'})})")
+              .arg(token));
+  ASSERT_TRUE(shows(users, token));
+  ASSERT_TRUE(shows(users, QStringLiteral("No notification waiting")));
+
+  click(QStringLiteral("[aria-label='Notify of minji']"));
+  ASSERT_TRUE(shows(QStringLiteral("#notify-title"), QStringLiteral("Notification to minji")));
+  for (const auto* const preset : {"home", "deeplink", "destination", "unmarked", "campaign"}) {
+    const auto payload = choose(preset);
+    EXPECT_EQ(payload.contains(QStringLiteral("Orrelo\"")), std::string_view(preset) != "unmarked");
+  }
+  click(QStringLiteral("#notify .main"));
+  EXPECT_TRUE(shows(waiting, QStringLiteral("1 waiting.")));
+  grab(QStringLiteral("admin-notify"));
+  valueOf(QStringLiteral("document.querySelector(`%1`).value = ''").arg(text));
+  type(text, "[5]");
+  click(QStringLiteral("#notify .main"));
+  EXPECT_TRUE(shows(QStringLiteral("#notify-problem"), QStringLiteral("the payload must be an object")));
+  QTest::keyClick(window_, Qt::Key_Escape);
+  EXPECT_TRUE(shows(users, QStringLiteral("1 notification waiting")));
+  EXPECT_EQ(valueOf(QStringLiteral("document.activeElement.innerText")), QStringLiteral("Notify"));
+
+  valueOf(
+      QStringLiteral("fetch('/admin/notifications?app=shop&user=minji', {method: 'DELETE'})"
+                     ".then(r => r.json()).then(list => taken = list)"));
+  EXPECT_TRUE(waitFor([&] {
+    return valueOf(QStringLiteral("window.taken?.[0]?.campaignId")) == QStringLiteral("roulette");
+  }));
+  EXPECT_TRUE(shows(users, QStringLiteral("No notification waiting")));
+  EXPECT_EQ(window_->property("errors").toList(), QVariantList());
+}
+
 TEST_F(AdminPageTest, AnOpenWalletFollowsWhatTheUserDoes) {
   window_->resize(400, 800);
   replyTo(QStringLiteral("/my-rewards"), QStringLiteral("jun"));

@@ -19,6 +19,8 @@ TestPlatform::TestPlatform() {
                                          {"CFBundleVersion", "21"}});
   platform.kitBundle = std::make_shared<FixedBundle>(
       std::map<std::string, std::string>{{"CFBundleShortVersionString", "1.0.0"}, {"ORLBuildNumber", "1"}});
+  application->setPasteboardWriter([to = texts](const auto& text) { to->pasteboard.push_back(text); });
+  application->setSharer([to = texts](const auto& text) { to->shared.push_back(text); });
   platform.application = application;
   platform.imageCodec = codec;
   platform.displayLink = displayLink;

@@ -10,6 +10,8 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace orrelo::test {
 
@@ -27,6 +29,12 @@ class TestPlatform {
   std::shared_ptr<MemoryDefaultsFactory> defaults = std::make_shared<MemoryDefaultsFactory>();
   std::shared_ptr<FixedDevice> device = std::make_shared<FixedDevice>();
   std::shared_ptr<PosixApplication> application = std::make_shared<PosixApplication>();
+  /// The texts that the kit has put on the pasteboard and shared, in order.
+  struct Texts {
+    std::vector<std::string> pasteboard;
+    std::vector<std::string> shared;
+  };
+  std::shared_ptr<Texts> texts = std::make_shared<Texts>();
   std::shared_ptr<ManualDisplayLink> displayLink = std::make_shared<ManualDisplayLink>();
   std::shared_ptr<PlainImageCodec> codec = std::make_shared<PlainImageCodec>();
 };

@@ -17,6 +17,8 @@ using std::chrono::seconds;
 // The kit sends one stored event every 10 seconds while nothing else happens.
 constexpr seconds deliveryTimeout{60};
 
+constexpr auto token = "a push token of minji's device";
+
 // All events of the session. Each names minji as its "user_id"; the first profile event has it among its own
 // values.
 const std::multiset<std::string> expectedEvents{
@@ -70,9 +72,11 @@ void Session::online() {
   step("the campaign service answers at " + service_.baseUrl() + " (open it in a browser)");
   console_ = launch();
   console_->command("signin minji optin level=3");
+  console_->command(std::string("token ") + token);
   console_->command("send opened screen=home");
-  step("the console is up: minji signed in and opened the home screen");
+  step("the console is up: minji signed in, can be notified and opened the home screen");
   require(service_.waitForEvents(2, deliveryTimeout), "the first events did not arrive");
+  require(service_.waitForRequests("/token", 1, deliveryTimeout), "the push token did not arrive");
 }
 
 void Session::offline() {
@@ -135,6 +139,10 @@ void Session::accounted() {
     require(names.count(name) == expectedEvents.count(name),
             "\"" + name + "\" did not come as often as it happened");
   }
+  const auto tokens = service_.tokens();
+  require(std::ranges::any_of(tokens,
+                              [](const auto& each) { return each.userId == "minji" && each.token == token; }),
+          "minji's push token was not kept");
   for (const auto& id : storedIds_) {
     require(std::any_of(events.begin(), events.end(), [&](const auto& event) { return event.eventId == id; }),
             "the stored event " + id + " came under another id or not at all");

@@ -20,6 +20,7 @@ using nlohmann::json;
 
 constexpr int eventsPerPage = 500;
 constexpr int listedUsers = 200;
+constexpr std::size_t longestPayload = std::size_t{64} * 1024;
 constexpr std::string_view faultsPath = "/admin/faults";
 
 std::optional<std::uint64_t> toNumber(std::string_view text) {
@@ -57,7 +58,7 @@ json summaryJson(const WalletSummary& wallet) {
 
 /// The users who were seen last, then those who are known by their wallet alone, up to `listedUsers`. A user
 /// without a wallet has null there.
-json usersJson(const EventStore& store, const WalletBook& book) {
+json usersJson(const EventStore& store, const WalletBook& book, const NotificationBook& notifications) {
   auto result = json::array();
   std::set<WalletOwner> listed;
   for (const auto& user : store.users(listedUsers)) {
@@ -69,6 +70,7 @@ json usersJson(const EventStore& store, const WalletBook& book) {
                       {"events", user.events},
                       {"firstSeen", milliseconds(user.firstSeen)},
                       {"lastSeen", milliseconds(user.lastSeen)},
+                      {"notifications", notifications.waiting(owner)},
                       {"wallet", wallet ? summaryJson(*wallet) : json()}});
   }
   for (const auto& [owner, wallet] : book.latest(listedUsers)) {
@@ -79,6 +81,7 @@ json usersJson(const EventStore& store, const WalletBook& book) {
                       {"events", 0},
                       {"firstSeen", nullptr},
                       {"lastSeen", nullptr},
+                      {"notifications", notifications.waiting(owner)},
                       {"wallet", summaryJson(wallet)}});
   }
   return result;
@@ -116,15 +119,28 @@ bool isCrossOrigin(const httplib::Request& request) {
          request.get_header_value("Origin") != "https://" + request.get_header_value("Host");
 }
 
+bool hasOwner(const httplib::Request& request) {
+  return request.has_param("app") && request.has_param("user");
+}
+
+Reply noOwner() {
+  return errorReply(400, "the query needs \"app\" and \"user\"");
+}
+
 Reply wrongMethod() {
   return errorReply(405, "this path does not take this method");
 }
 
 }  // namespace
 
-AdminRoutes::AdminRoutes(const EventStore& store, Wallets& wallets, const Scenario& scenario,
-                         const RequestLog& requests, FaultBook& faults)
-    : store_(store), wallets_(wallets), scenario_(scenario), requests_(requests), faults_(faults) {}
+AdminRoutes::AdminRoutes(const EventStore& store, UserDatabase& users, Wallets& wallets,
+                         const Scenario& scenario, const RequestLog& requests, FaultBook& faults)
+    : store_(store),
+      notifications_(users),
+      wallets_(wallets),
+      scenario_(scenario),
+      requests_(requests),
+      faults_(faults) {}
 
 bool AdminRoutes::isAdmin(const httplib::Request& request) {
   return request.path == "/" || request.path == "/favicon.ico" || request.path.starts_with("/admin/");
@@ -137,6 +153,9 @@ Reply AdminRoutes::answer(const httplib::Request& request) {
   if (path == "/") return method == "GET" ? pageReply() : wrongMethod();
   if (path == "/admin/state") return method == "GET" ? state(request) : wrongMethod();
   if (path == "/admin/wallet") return method == "GET" || method == "POST" ? wallet(request) : wrongMethod();
+  if (path == "/admin/notifications") {
+    return method == "POST" || method == "DELETE" ? notifications(request) : wrongMethod();
+  }
   if (path == faultsPath) {
     if (method == "GET") return listFaults();
     if (method == "POST") return orderFault(request.body);
@@ -173,18 +192,38 @@ Reply AdminRoutes::state(const httplib::Request& request) const {
                          {"next", lastOnPage},
                          {"more", lastOnPage < page.revision},
                          {"events", std::move(events)},
-                         {"users", usersJson(store_, wallets_.book())},
+                         {"users", usersJson(store_, wallets_.book(), notifications_)},
                          {"tokens", tokensJson(store_)},
                          {"faults", faultsJson(faults_)}});
 }
 
 Reply AdminRoutes::wallet(const httplib::Request& request) {
-  if (!request.has_param("app") || !request.has_param("user")) {
-    return errorReply(400, "the query needs \"app\" and \"user\"");
-  }
+  if (!hasOwner(request)) return noOwner();
   const Caller caller{request.get_param_value("app"), request.get_param_value("user"),
                       "https://" + request.get_header_value("Host")};
   return request.method == "GET" ? wallets_.show(caller) : wallets_.change(caller, request.body);
+}
+
+Reply AdminRoutes::notifications(const httplib::Request& request) {
+  if (!hasOwner(request)) return noOwner();
+  const WalletOwner user{request.get_param_value("app"), request.get_param_value("user")};
+  if (request.method == "POST") {
+    // Stays text: a payload may be nested so deeply that no recursive writer can handle it.
+    const auto& payload = request.body;
+    if (payload.size() > longestPayload) {
+      return errorReply(400, "a payload has at most " + std::to_string(longestPayload) + " bytes");
+    }
+    const auto first = payload.find_first_not_of(" \t\r\n");
+    if (!json::accept(payload)) return errorReply(400, "the payload is not JSON");
+    if (payload[first] != '{') return errorReply(400, "the payload must be an object");
+    if (!notifications_.add(user, payload)) {
+      return errorReply(409, std::to_string(mostNotifications) + " notifications are already waiting");
+    }
+    return jsonReply(201, {{"waiting", notifications_.waiting(user)}});
+  }
+  std::string list;
+  for (const auto& payload : notifications_.take(user)) list.append(list.empty() ? "" : ",").append(payload);
+  return Reply::text(200, "[" + list + "]");
 }
 
 Reply AdminRoutes::listFaults() const {

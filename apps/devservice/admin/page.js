@@ -235,21 +235,40 @@ function userView(user, tokens) {
   const side = element('span', 'side', counted(user.events, 'event', 'events'));
   const seen = user.lastSeen === null ? '' : ` · last seen ${timeText(user.lastSeen)}`;
   item.append(element('b', '', user.userId === '' ? '(empty)' : user.userId), side,
-    element('small', '', user.appKey + seen), walletRow(user));
+    element('small', '', user.appKey + seen), walletRow(user), notifyRow(user));
   for (const token of known) {
-    item.append(element('small', 'mono', `Token ${token.token}${token.saves > 1 ? ` ×${token.saves}` : ''}`));
+    const row = element('small', 'mono token', `Token ${token.saves > 1 ? `×${token.saves} ` : ''}${token.token}`);
+    row.title = `${token.token}\nlast saved ${dayAndTime(token.lastSaved)}`;
+    item.append(row);
   }
   return item;
 }
+
+// A row of the list with a text and a button that opens a dialog about the user.
+function userRow(user, name, text, open) {
+  const row = element('small', 'purse');
+  const button = element('button', 'plain', name);
+  button.type = 'button';
+  button.dataset.owner = ownerKey(user);
+  button.setAttribute('aria-label', `${name} of ${user.userId}`);
+  button.addEventListener('click', () => open(user));
+  row.append(element('span', '', text), button);
+  return row;
+}
+
+const ownerKey = owner => JSON.stringify([owner.appKey, owner.userId]);
+// The list is made anew at each change, so the focus finds its button by what the button is for.
+const userButton = (key, name) => [...document.querySelectorAll('[data-owner]')]
+  .find(each => each.dataset.owner === key && each.textContent === name);
 
 let shownUsers = '';
 function showUsers(users, tokens) {
   const text = JSON.stringify([users, tokens]);
   if (text === shownUsers) return;
   shownUsers = text;
-  const focused = document.activeElement.dataset.owner;
+  const focused = document.activeElement;
   byId('users').replaceChildren(...users.map(user => userView(user, tokens)));
-  if (focused !== undefined) walletButton(focused)?.focus();
+  if (focused.dataset.owner) userButton(focused.dataset.owner, focused.textContent)?.focus();
   byId('no-users').hidden = users.length > 0;
 }
 
@@ -281,6 +300,7 @@ function take(state) {
   showCounts(state.counts);
   showFaults(state.faults);
   showUsers(state.users, state.tokens);
+  showWaiting(state.users);
   byId('scenario').textContent = state.scenario.split(/[\\/]/).filter(Boolean).pop() ?? '';
   byId('scenario').title = state.scenario;
   return true;

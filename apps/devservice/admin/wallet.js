@@ -6,8 +6,6 @@ let shownWallet = '';  // empty until the owner's wallet is shown
 
 const walletForms = document.querySelectorAll('#wallet form');
 const walletPath = owner => `/admin/wallet?${new URLSearchParams({app: owner.appKey, user: owner.userId})}`;
-const ownerKey = owner => JSON.stringify([owner.appKey, owner.userId]);
-const walletButton = key => [...document.querySelectorAll('[data-owner]')].find(each => each.dataset.owner === key);
 
 function walletText(wallet) {
   return [counted(wallet.points, 'point', 'points'), counted(wallet.tickets, 'ticket', 'tickets'),
@@ -15,16 +13,8 @@ function walletText(wallet) {
 }
 
 // What a user's row in the list says of the wallet.
-function walletRow(user) {
-  const row = element('small', 'purse');
-  const open = element('button', 'plain', 'Wallet');
-  open.type = 'button';
-  open.dataset.owner = ownerKey(user);
-  open.setAttribute('aria-label', `Wallet of ${user.userId}`);
-  open.addEventListener('click', () => openWallet(user));
-  row.append(element('span', '', user.wallet ? walletText(user.wallet) : 'No wallet yet'), open);
-  return row;
-}
+const walletRow = user =>
+  userRow(user, 'Wallet', user.wallet ? walletText(user.wallet) : 'No wallet yet', openWallet);
 
 function voucherView(voucher) {
   const item = element('li');
@@ -140,6 +130,6 @@ for (const form of walletForms) form.addEventListener('submit', submitWallet);
 byId('wallet-close').addEventListener('click', () => byId('wallet').close());
 byId('wallet').addEventListener('close', () => {
   // The list may have been made anew since, so the browser cannot give the focus back.
-  walletButton(ownerKey(walletOwner))?.focus();
+  userButton(ownerKey(walletOwner), 'Wallet')?.focus();
   walletOwner = null;
 });

@@ -53,7 +53,7 @@ Dispatcher::Dispatcher(EventStore& store, UserDatabase& users, const Scenario& s
                        FaultBook& faults)
     : wallets_(users, scenario),
       service_(store, users, wallets_, scenario),
-      admin_(store, wallets_, scenario, requests, faults),
+      admin_(store, users, wallets_, scenario, requests, faults),
       requests_(requests),
       faults_(faults) {}
 

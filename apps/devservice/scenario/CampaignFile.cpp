@@ -14,6 +14,9 @@ namespace {
 
 using nlohmann::json;
 
+constexpr std::string_view codePlaceholder = "{{code}}";
+constexpr std::string_view friendsPlaceholder = "{{friends}}";
+
 /// The action in the placeholder "{{days of ACTION}}"; empty if the element is no such placeholder.
 std::string actionOfDays(const json& element) {
   constexpr std::string_view opening = "{{days of ";
@@ -34,11 +37,12 @@ CampaignFile::CampaignFile(const std::string& name, const std::string& text) : n
   original_ = file["campaign"];
   readStates(file);
   readActions(file);
+  readReferral(file);
   // Builds the campaign in every state and after every action, to report wrong paths and placeholders now.
-  const auto noDays = [](const std::string&) { return std::vector<std::string>(); };
-  campaign(first_, noDays);
-  for (const auto& [state, changes] : states_) campaign(state, noDays);
-  for (const auto& [action, step] : actions_) campaign(step.to, noDays, step.reply);
+  const User nobody{.days = [](const std::string&) { return std::vector<std::string>(); }};
+  campaign(first_, nobody);
+  for (const auto& [state, changes] : states_) campaign(state, nobody);
+  for (const auto& [action, step] : actions_) campaign(step.to, nobody, step.reply);
 }
 
 const CampaignFile::Action* CampaignFile::action(const std::string& action) const {
@@ -46,14 +50,16 @@ const CampaignFile::Action* CampaignFile::action(const std::string& action) cons
   return found == actions_.end() ? nullptr : &found->second;
 }
 
-json CampaignFile::campaign(const std::string& state, const Days& days, const json& reply) const {
+json CampaignFile::campaign(const std::string& state, const User& user, const json& reply) const {
   auto result = original_;
+  const auto page = result.find("page");
+  if (page == result.end()) return result;
   const auto changes = states_.find(state);
-  if (changes == states_.end()) return result;
-  auto& page = result["page"];
-  change(page, changes->second);
-  change(page, reply);
-  fillInDays(page, days);
+  if (changes != states_.end()) {
+    change(*page, changes->second);
+    change(*page, reply);
+  }
+  fillInUser(*page, user);
   return result;
 }
 
@@ -75,16 +81,33 @@ void CampaignFile::readActions(const json& file) {
   for (const auto& [action, step] : all.items()) {
     if (!step.is_object()) refuse("the action \"" + action + "\" is no object");
     const auto of = "the action \"" + action + "\"";
-    actions_.emplace(action, Action{stateNamedBy(step, "from", of), stateNamedBy(step, "to", of),
-                                    step.value("reply", json::object()), givenBy(step, of)});
+    actions_.emplace(
+        action, Action{stateNamedBy(step, "from", of), stateNamedBy(step, "to", of),
+                       step.value("reply", json::object()),
+                       step.contains("gives") ? std::optional(changeFrom(step, "gives", of)) : std::nullopt});
   }
 }
 
-std::optional<WalletChange> CampaignFile::givenBy(const json& step, const std::string& of) const {
-  const auto gives = step.find("gives");
-  if (gives == step.end()) return std::nullopt;
-  auto change = walletChangeFromJson(*gives);
-  if (const auto* problem = std::get_if<std::string>(&change)) refuse("\"gives\" of " + of + ": " + *problem);
+void CampaignFile::readReferral(const json& file) {
+  const auto found = file.find("referral");
+  if (found == file.end()) return;
+  if (!found->is_object()) refuse("\"referral\" is no object");
+  const std::string of = "\"referral\"";
+  const auto message = found->value("reward_message", json());
+  for (const auto* key : {"title", "body", "button_text"}) {
+    if (!message.is_object() || !stringAt(message, key)) {
+      refuse("\"reward_message\" of " + of + " needs a \"" + key + "\"");
+    }
+  }
+  referral_ = Referral{stateNamedBy(*found, "to", of), changeFrom(*found, "gives", of),
+                       changeFrom(*found, "gives_inviter", of), message};
+}
+
+WalletChange CampaignFile::changeFrom(const json& step, const char* key, const std::string& of) const {
+  auto change = walletChangeFromJson(step.value(key, json()));
+  if (const auto* problem = std::get_if<std::string>(&change)) {
+    refuse("\"" + std::string(key) + "\" of " + of + ": " + *problem);
+  }
   return std::get<WalletChange>(std::move(change));
 }
 
@@ -111,22 +134,38 @@ void CampaignFile::change(json& page, const json& changes) const {
   }
 }
 
-void CampaignFile::fillInDays(json& value, const Days& days) const {
-  if (value.is_object()) {
-    for (auto& member : value) fillInDays(member, days);
+void CampaignFile::fillInUser(json& value, const User& user) const {
+  if (value.is_string()) {
+    // Clients need a number where the placeholder stands alone.
+    const bool isNumber = value == friendsPlaceholder;
+    fillInUser(value.get_ref<std::string&>(), user);
+    if (isNumber) value = user.friends;
+  } else if (value.is_object()) {
+    for (auto& member : value) fillInUser(member, user);
   } else if (value.is_array()) {
     auto filled = json::array();
     for (auto& element : value) {
-      fillInDays(element, days);
+      fillInUser(element, user);
       const auto action = actionOfDays(element);
       if (action.empty()) {
         filled.push_back(std::move(element));
         continue;
       }
       if (!actions_.contains(action)) refuse("there is no action \"" + action + "\" to have days");
-      for (auto& day : days(action)) filled.push_back(std::move(day));
+      for (auto& day : user.days(action)) filled.push_back(std::move(day));
     }
     value = std::move(filled);
+  }
+}
+
+void CampaignFile::fillInUser(std::string& text, const User& user) const {
+  for (const auto& [placeholder, value] :
+       {std::pair(codePlaceholder, user.code), std::pair(friendsPlaceholder, std::to_string(user.friends))}) {
+    for (auto at = text.find(placeholder); at != std::string::npos; at = text.find(placeholder, at)) {
+      if (!referral_) refuse("\"" + std::string(placeholder) + "\" needs a \"referral\"");
+      text.replace(at, placeholder.size(), value);
+      at += value.size();
+    }
   }
 }
 

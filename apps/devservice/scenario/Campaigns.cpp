@@ -9,8 +9,8 @@ namespace orrelo::devservice {
 
 using nlohmann::json;
 
-Campaigns::Campaigns(UserDatabase& users, Wallets& wallets, const Scenario& scenario)
-    : users_(users), participations_(users), wallets_(wallets), scenario_(scenario) {}
+Campaigns::Campaigns(UserDatabase& users, Wallets& wallets, ReferralBook& referrals, const Scenario& scenario)
+    : users_(users), participations_(users), wallets_(wallets), referrals_(referrals), scenario_(scenario) {}
 
 Reply Campaigns::list(const Caller& caller) const {
   auto all = json::array();
@@ -38,9 +38,14 @@ Reply Campaigns::participate(const Caller& caller, const std::string& id, const 
     reply.headers.emplace_back("Orrelo-Note", *problem);
     return reply;
   }
-  participations_.add(change, user, {action, step->to, dayOf(scenario_)});
+  enter(change, caller, id, action, step->to);
   change.commit();
-  return jsonReply(200, file->campaign(step->to, daysOf(user), step->reply)["page"]);
+  return jsonReply(200, file->campaign(step->to, userOf(*file, user), step->reply)["page"]);
+}
+
+void Campaigns::enter(const UserDatabase::Change& change, const Caller& caller, const std::string& id,
+                      const std::string& action, const std::string& state) {
+  participations_.add(change, {caller.appKey, caller.userId, id}, {action, state, dayOf(scenario_)});
 }
 
 std::optional<CampaignFile> Campaigns::load(const Caller& caller, const std::string& id) const {
@@ -56,12 +61,19 @@ std::string Campaigns::stateOf(const CampaignFile& file, const ParticipationBook
   return file.resetsDaily() && last->day != dayOf(scenario_) ? file.firstState() : last->state;
 }
 
-CampaignFile::Days Campaigns::daysOf(const ParticipationBook::Key& user) const {
-  return [this, user](const std::string& action) { return participations_.days(user, action); };
+CampaignFile::User Campaigns::userOf(const CampaignFile& file, const ParticipationBook::Key& key) const {
+  CampaignFile::User user{
+      .days = [this, key](const std::string& action) { return participations_.days(key, action); }};
+  // Nobody is signed in without a user id, and nobody can invite then.
+  if (file.referral() != nullptr && !key.userId.empty()) {
+    user.code = referrals_.codeOf({key.appKey, key.userId});
+    user.friends = referrals_.friendsOf({key.appKey, key.userId}, key.campaignId);
+  }
+  return user;
 }
 
 json Campaigns::render(const CampaignFile& file, const ParticipationBook::Key& user) const {
-  return file.campaign(stateOf(file, user), daysOf(user));
+  return file.campaign(stateOf(file, user), userOf(file, user));
 }
 
 }  // namespace orrelo::devservice

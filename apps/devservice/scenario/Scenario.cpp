@@ -57,6 +57,10 @@ std::optional<std::string> Scenario::floatingButton(const std::string& appKey) c
   return read(appKey, "fab.json");
 }
 
+std::optional<std::string> Scenario::messages(const std::string& appKey) const {
+  return read(appKey, "messages.json");
+}
+
 std::optional<std::string> Scenario::lookup() const {
   return readFile(root_ / "lookup.json");
 }

@@ -29,6 +29,9 @@ class Scenario {
   std::optional<std::string> wallet(const std::string& appKey) const;
   /// The bytes of `fab.json`, the look of the floating button, looked up like `config`.
   std::optional<std::string> floatingButton(const std::string& appKey) const;
+  /// The bytes of `messages.json`, the messages that a client shows over its host's page, looked up like
+  /// `config`.
+  std::optional<std::string> messages(const std::string& appKey) const;
   /// The bytes of `lookup.json`, the app store's reply to a lookup of the application.
   std::optional<std::string> lookup() const;
   /// The bytes of a file in `images`.

@@ -30,14 +30,6 @@ constexpr auto schema = R"sql(
     first_seen INTEGER NOT NULL,
     last_seen INTEGER NOT NULL,
     PRIMARY KEY(app_key, user_id)) WITHOUT ROWID;
-  CREATE TABLE IF NOT EXISTS tokens(
-    app_key TEXT NOT NULL,
-    user_id TEXT NOT NULL,
-    token TEXT NOT NULL,
-    saves INTEGER NOT NULL,
-    first_saved INTEGER NOT NULL,
-    last_saved INTEGER NOT NULL,
-    PRIMARY KEY(app_key, user_id, token)) WITHOUT ROWID;
 )sql";
 
 constexpr auto insertEventSql = R"sql(
@@ -51,10 +43,6 @@ constexpr auto insertEventSql = R"sql(
 constexpr auto upsertUserSql = R"sql(
   INSERT INTO users(app_key, user_id, events, first_seen, last_seen) VALUES(?1, ?2, ?3, ?4, ?4)
   ON CONFLICT DO UPDATE SET events = events + excluded.events, last_seen = excluded.last_seen)sql";
-
-constexpr auto upsertTokenSql = R"sql(
-  INSERT INTO tokens(app_key, user_id, token, saves, first_saved, last_saved) VALUES(?1, ?2, ?3, 1, ?4, ?4)
-  ON CONFLICT DO UPDATE SET saves = saves + 1, last_saved = excluded.last_saved)sql";
 
 constexpr const char* eventColumns =
     "id, revision, event_id, app_key, user_id, event_name, event_time, path, body, headers, deliveries, "
@@ -132,7 +120,7 @@ EventStore::EventStore(const std::filesystem::path& file)
     : database_(openDatabase(file)),
       insertEvent_(database_, insertEventSql),
       upsertUser_(database_, upsertUserSql),
-      upsertToken_(database_, upsertTokenSql),
+      tokens_(database_),
       revision_(number("SELECT coalesce(max(revision), 0) FROM events")),
       eventCount_(number("SELECT count(*) FROM events")),
       deliveryCount_(number("SELECT coalesce(sum(deliveries), 0) FROM events")) {}
@@ -205,14 +193,7 @@ void EventStore::saveToken(const std::string& appKey, const std::string& userId,
   const std::lock_guard lock(mutex_);
   SQLite::Transaction transaction(database_);
   touchUser(appKey, userId, 0, now);
-  {
-    const StatementUse use(upsertToken_);
-    upsertToken_.bind(1, appKey);
-    upsertToken_.bind(2, userId);
-    upsertToken_.bind(3, token);
-    upsertToken_.bind(4, toStored(now));
-    upsertToken_.exec();
-  }
+  tokens_.save(appKey, userId, token, now);
   transaction.commit();
 }
 
@@ -264,23 +245,12 @@ std::vector<KnownUser> EventStore::users(int limit) const {
 
 std::vector<SavedToken> EventStore::tokens(int limit) const {
   const std::lock_guard lock(mutex_);
-  SQLite::Statement query(database_,
-                          "SELECT app_key, user_id, token, saves, first_saved, last_saved FROM tokens "
-                          "ORDER BY last_saved DESC, token LIMIT ?1");
-  query.bind(1, limit);
-  std::vector<SavedToken> result;
-  while (query.executeStep()) {
-    result.push_back({query.getColumn(0).getString(), query.getColumn(1).getString(),
-                      query.getColumn(2).getString(), query.getColumn(3).getInt64(),
-                      fromStored(query.getColumn(4).getInt64()), fromStored(query.getColumn(5).getInt64())});
-  }
-  return result;
+  return tokens_.latest(limit);
 }
 
 StoreCounts EventStore::counts() const {
   const std::lock_guard lock(mutex_);
-  return {eventCount_, deliveryCount_, number("SELECT count(*) FROM users"),
-          number("SELECT count(*) FROM tokens")};
+  return {eventCount_, deliveryCount_, number("SELECT count(*) FROM users"), tokens_.count()};
 }
 
 bool EventStore::waitFor(const std::function<bool()>& satisfied, std::chrono::milliseconds timeout) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Records.h"
+#include "store/TokenBook.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <chrono>
@@ -92,7 +93,7 @@ class EventStore {
   mutable SQLite::Database database_;
   SQLite::Statement insertEvent_;
   SQLite::Statement upsertUser_;
-  SQLite::Statement upsertToken_;
+  TokenBook tokens_;
   std::int64_t revision_ = 0;
   std::int64_t eventCount_ = 0;
   std::int64_t deliveryCount_ = 0;

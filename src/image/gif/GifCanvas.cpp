@@ -8,7 +8,10 @@
 
 namespace orrelo {
 
-GifCanvas::GifCanvas(std::shared_ptr<const GifFile> file) : file_(std::move(file)), reader_(file_->bytes()) {}
+GifCanvas::GifCanvas(std::shared_ptr<const GifFile> file)
+    : file_(std::move(file)),
+      buffers_(std::make_shared<FrameBuffers>(Bitmap::sizeOf(file_->width(), file_->height()))),
+      reader_(file_->bytes()) {}
 
 std::optional<Bitmap> GifCanvas::frame(std::size_t index) {
   try {
@@ -39,7 +42,7 @@ Bitmap GifCanvas::draw(std::size_t index) {
     }
   }
   Bitmap bitmap{file_->width(), file_->height(), 1.0, {}};
-  const auto pixels = std::make_shared_for_overwrite<std::uint8_t[]>(bitmap.size());
+  const auto pixels = buffers_->take();
   std::memcpy(pixels.get(), canvas_.data(), bitmap.size());
   bitmap.pixels = pixels;
   return bitmap;

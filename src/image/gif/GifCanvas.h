@@ -1,5 +1,6 @@
 #pragma once
 
+#include "image/gif/FrameBuffers.h"
 #include "image/gif/GifFile.h"
 #include "image/gif/GifReader.h"
 #include "platform/Bitmap.h"
@@ -44,6 +45,7 @@ class GifCanvas {
   void takeColors(const GifFrame& frame);
 
   std::shared_ptr<const GifFile> file_;
+  std::shared_ptr<FrameBuffers> buffers_;
   GifReader reader_;
   bool isOpen_ = false;
   std::vector<Pixel> canvas_;

@@ -76,7 +76,7 @@ void GifPlayback::detach() {
   if (std::exchange(isWaiting_, false) && view) view->setShowsPlayButton(false);
   playing_ = false;
   onScreen_ = false;
-  haveCache_ = false;
+  refillFrameCache();
   animatedImage_.reset();
   cache_.reset();
 }
@@ -96,7 +96,8 @@ void GifPlayback::tick(ImageTarget& view) {
 }
 
 bool GifPlayback::isDisplayed(const ImageTarget& view) const {
-  return loopsLeft_ != 0 && playing_ && view.placement().isOnScreen;
+  const auto placement = view.placement();
+  return loopsLeft_ != 0 && playing_ && placement.hasSuperview && placement.isOnScreen;
 }
 
 void GifPlayback::stepFrame(ImageTarget& view) {

@@ -1,5 +1,7 @@
 #include "platform/posix/PosixApplication.h"
 
+#include "base/Logger.h"
+
 namespace orrelo {
 
 Application::Registration PosixApplication::observe(Signal signal, std::function<void()> callback) {
@@ -8,6 +10,16 @@ Application::Registration PosixApplication::observe(Signal signal, std::function
   std::erase_if(observers_, [](const auto& weak) { return weak.expired(); });
   observers_.push_back(observer);
   return observer;
+}
+
+void PosixApplication::setPasteboard(const std::string& text) {
+  if (pasteboardWriter_) return pasteboardWriter_(text);
+  log(LogLevel::WARNING, "This host has no pasteboard");
+}
+
+void PosixApplication::share(const std::string& text) {
+  if (sharer_) return sharer_(text);
+  log(LogLevel::WARNING, "This host cannot share texts");
 }
 
 void PosixApplication::send(Signal signal) {

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <mutex>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,9 @@ class ORRELO_EXPORT PosixApplication final : public Application {
   void open(const Url& url) override {
     if (opener_.open) opener_.open(url);
   }
+  /// Logs a warning until a function is set, like `share`.
+  void setPasteboard(const std::string& text) override;
+  void share(const std::string& text) override;
   double screenScale() const override { return screenScale_; }
   bool prefersReducedMotion() const override { return prefersReducedMotion_; }
 
@@ -29,6 +33,12 @@ class ORRELO_EXPORT PosixApplication final : public Application {
     std::function<void(const Url&)> open;
   };
   void setUrlOpener(UrlOpener opener) { opener_ = std::move(opener); }
+
+  /// The functions that take a text to the pasteboard and to somebody else. Must be set before the kit is
+  /// used; a later call replaces the former function.
+  using TextTaker = std::function<void(const std::string& text)>;
+  void setPasteboardWriter(TextTaker writer) { pasteboardWriter_ = std::move(writer); }
+  void setSharer(TextTaker sharer) { sharer_ = std::move(sharer); }
 
   /// Calls the observers in the order of their registration. Main thread only.
   void send(Signal signal);
@@ -42,6 +52,8 @@ class ORRELO_EXPORT PosixApplication final : public Application {
   };
 
   UrlOpener opener_;
+  TextTaker pasteboardWriter_;
+  TextTaker sharer_;
   std::atomic<double> screenScale_ = 1.0;
   std::atomic<bool> prefersReducedMotion_ = false;
   std::mutex mutex_;

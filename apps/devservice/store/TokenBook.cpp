@@ -1,0 +1,71 @@
+#include "store/TokenBook.h"
+
+#include <chrono>
+
+namespace orrelo::devservice {
+
+namespace {
+
+constexpr auto schema = R"sql(
+  CREATE TABLE IF NOT EXISTS tokens(
+    app_key TEXT NOT NULL,
+    user_id TEXT NOT NULL,
+    token TEXT NOT NULL,
+    saves INTEGER NOT NULL,
+    first_saved INTEGER NOT NULL,
+    last_saved INTEGER NOT NULL,
+    PRIMARY KEY(app_key, user_id, token)) WITHOUT ROWID;
+)sql";
+
+constexpr auto upsertSql = R"sql(
+  INSERT INTO tokens(app_key, user_id, token, saves, first_saved, last_saved) VALUES(?1, ?2, ?3, 1, ?4, ?4)
+  ON CONFLICT DO UPDATE SET saves = saves + 1, last_saved = excluded.last_saved)sql";
+
+/// Never removes the token that was just saved, also if the clock stands still.
+constexpr auto trimSql = R"sql(
+  DELETE FROM tokens WHERE app_key = ?1 AND user_id = ?2 AND token IN (
+    SELECT token FROM tokens WHERE app_key = ?1 AND user_id = ?2
+      ORDER BY token = ?3 DESC, last_saved DESC, token LIMIT -1 OFFSET ?4))sql";
+
+}  // namespace
+
+TokenBook::TokenBook(SQLite::Database& database) : database_(database) {
+  database_.exec(schema);
+}
+
+void TokenBook::save(const std::string& appKey, const std::string& userId, const std::string& token,
+                     TimePoint now) {
+  SQLite::Statement upsert(database_, upsertSql);
+  SQLite::Statement trim(database_, trimSql);
+  for (auto* const statement : {&upsert, &trim}) {
+    statement->bind(1, appKey);
+    statement->bind(2, userId);
+    statement->bind(3, token);
+  }
+  upsert.bind(4, static_cast<std::int64_t>(now.time_since_epoch().count()));
+  trim.bind(4, mostTokens);
+  upsert.exec();
+  trim.exec();
+}
+
+std::vector<SavedToken> TokenBook::latest(int limit) const {
+  SQLite::Statement query(database_,
+                          "SELECT app_key, user_id, token, saves, first_saved, last_saved FROM tokens "
+                          "ORDER BY last_saved DESC, token LIMIT ?1");
+  query.bind(1, limit);
+  const auto time = [&](int column) {
+    return TimePoint(std::chrono::milliseconds(query.getColumn(column).getInt64()));
+  };
+  std::vector<SavedToken> result;
+  while (query.executeStep()) {
+    result.push_back({query.getColumn(0).getString(), query.getColumn(1).getString(),
+                      query.getColumn(2).getString(), query.getColumn(3).getInt64(), time(4), time(5)});
+  }
+  return result;
+}
+
+std::int64_t TokenBook::count() const {
+  return database_.execAndGet("SELECT count(*) FROM tokens").getInt64();
+}
+
+}  // namespace orrelo::devservice

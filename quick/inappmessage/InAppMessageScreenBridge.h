@@ -1,0 +1,79 @@
+#pragma once
+
+#include "inappmessage/InAppMessageViewController.h"
+#include "quick/bridge/ScreenBridge.h"
+
+#include <QAccessible>
+#include <QColor>
+#include <QRectF>
+#include <QVariant>
+
+namespace orrelo::quick {
+
+class InAppMessageScreenBridge final : public orrelo::quick::ScreenBridge,
+                                       private QAccessible::ActivationObserver {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("")
+  /// An InAppMessageCellBridge for each message.
+  Q_PROPERTY(QVariantList cells MEMBER cells CONSTANT)
+  Q_PROPERTY(QString confirmText MEMBER confirmText CONSTANT)
+  Q_PROPERTY(QString skipTodayText MEMBER skipTodayText CONSTANT)
+  Q_PROPERTY(QUrl closeAsset MEMBER closeAsset CONSTANT)
+  Q_PROPERTY(QColor currentPageColor MEMBER currentPageColor CONSTANT)
+  Q_PROPERTY(int currentPage READ currentPage NOTIFY stateChanged)
+  Q_PROPERTY(bool showsPageControl READ showsPageControl NOTIFY stateChanged)
+  /// The square in which the pages show their pictures.
+  Q_PROPERTY(QRectF container READ container NOTIFY stateChanged)
+
+ public:
+  InAppMessageScreenBridge(const std::shared_ptr<InAppMessageViewController>& screen, QObject* parent);
+  ~InAppMessageScreenBridge() override;
+
+  const QVariantList cells;
+  const QString confirmText = toQt(InAppMessageViewController::confirmText);
+  const QString skipTodayText = toQt(InAppMessageViewController::skipTodayText);
+  const QUrl closeAsset = assetFile(InAppMessageViewController::closeAsset);
+  const QColor currentPageColor;
+
+  int currentPage() const { return static_cast<int>(messages_.state.value().currentPage); }
+  bool showsPageControl() const { return messages_.state.value().showsPageControl; }
+  QRectF container() const {
+    const auto& frame = messages_.state.value().container;
+    return {frame.x, frame.y, frame.width, frame.height};
+  }
+
+  Q_INVOKABLE void layOut(double width, double height, double roomAbove, double roomBelow) {
+    messages_.layOut({width, height}, roomAbove, roomBelow);
+  }
+  Q_INVOKABLE void didScroll(double offset, double pageWidth) { messages_.didScroll(offset, pageWidth); }
+  Q_INVOKABLE void didEndScrolling() { messages_.didEndScrolling(); }
+  Q_INVOKABLE void setPressed(bool isPressed) { messages_.setPressed(isPressed); }
+  /// Called when a page of the carousel receives or loses the focus.
+  Q_INVOKABLE void setFocused(bool hasFocus);
+  Q_INVOKABLE void turn(int count) { messages_.turn(count); }
+  Q_INVOKABLE void turnWheel(double notches) { messages_.turnWheel(notches); }
+  Q_INVOKABLE void didSelect(int item) {
+    const auto keep = screen();  // leaving may delete this bridge, which owns the screen
+    messages_.didSelect(static_cast<std::size_t>(item));
+  }
+  Q_INVOKABLE void skipToday() {
+    const auto keep = screen();
+    messages_.skipToday();
+  }
+
+ Q_SIGNALS:
+  /// The carousel has to move to a page.
+  void scrollsTo(int item, bool animated);
+
+ private:
+  void accessibilityActiveChanged(bool isActive) override;
+  void requestScroll();
+
+  InAppMessageViewController& messages_;
+  unsigned scrollNumber_ = 0;
+  bool hasFocus_ = false;
+  Subscriptions scrolls_;
+};
+
+}  // namespace orrelo::quick

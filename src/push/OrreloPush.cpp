@@ -1,0 +1,69 @@
+#include "push/OrreloPush.h"
+
+#include "base/Logger.h"
+#include "platform/threads/onMain.h"
+#include "reactive/Combining.h"
+
+#include <orrelo/Platform.h>
+
+#include <optional>
+#include <utility>
+
+namespace orrelo {
+
+OrreloPush::OrreloPush(std::shared_ptr<PushTokenRepository> pushTokenRepository,
+                       std::shared_ptr<PushRouter> router, reactive::SchedulerPtr concurrentScheduler)
+    : pushTokenRepository_(std::move(pushTokenRepository)),
+      router_(std::move(router)),
+      concurrentScheduler_(std::move(concurrentScheduler)) {
+  startSending();
+}
+
+void OrreloPush::startSending() {
+  const auto tokens = tokenStream_.asObservable().doOn({.onNext = [](const PushToken& token) {
+    log(LogLevel::TRACE, [&] { return "token:" + description(token) + " is set"; });
+  }});
+  const auto userIds = userIdStream().asObservable().compactMap(
+      [](const std::optional<std::string>& userId) { return userId; });
+  reactive::combineLatest(tokens, userIds)
+      .observeOn(concurrentScheduler_)  // the host's threads do not build requests
+      .flatMap([repository = pushTokenRepository_](const TokenOfUser& pair) {
+        return repository->saveToken(std::get<0>(pair), std::get<1>(pair)).map([pair](reactive::Unit) {
+          return pair;
+        });
+      })
+      .subscribe({.onNext =
+                      [](const TokenOfUser& pair) {
+                        log(LogLevel::DEBUG, [&] {
+                          return "Token save success. token:" + description(std::get<0>(pair)) +
+                                 ", userId:" + std::get<1>(pair);
+                        });
+                      },
+                  .onError =
+                      [](const Error& error) {
+                        log(LogLevel::ERROR, [&] { return "Token save failure: " + error.description(); });
+                      }})
+      .disposedBy(disposeBag_);
+}
+
+void OrreloPush::handle(const NotificationResponse& response, std::function<void()> completion) const {
+  open(response.userInfo, std::move(completion));
+}
+
+void OrreloPush::handle(const EventDictionary& userInfo,
+                        std::function<void(BackgroundFetchResult)> completion) const {
+  open(userInfo, [completion = std::move(completion)] {
+    if (completion) completion(BackgroundFetchResult::noData);
+  });
+}
+
+void OrreloPush::open(const EventDictionary& userInfo, std::function<void()> completion) const {
+  if (!userInfo.contains("Orrelo")) return;
+  onMain(*Platform::current().mainLoop,
+         [router = router_, page = Page::fromUserInfo(userInfo), completion = std::move(completion)] {
+           router->route(page);
+           if (completion) runGuarded(completion);
+         });
+}
+
+}  // namespace orrelo
