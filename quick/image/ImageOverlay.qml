@@ -9,6 +9,8 @@ Loader {
     required property ImageBridge model
 
     active: model.showsSpinner || model.showsPlayButton
+    // A focus scope around it would otherwise hand its focus to the play button again and could not be focused itself.
+    onActiveFocusChanged: if (!activeFocus) focus = false
 
     sourceComponent: Item {
         Rectangle {
@@ -30,6 +32,7 @@ Loader {
         Loader {
             anchors { right: parent.right; bottom: parent.bottom }
             active: overlay.model.showsPlayButton
+            onActiveFocusChanged: if (!activeFocus) focus = false
             sourceComponent: PlayButton {
                 width: Math.min(Theme.touchSize, overlay.width)
                 height: Math.min(Theme.touchSize, overlay.height)

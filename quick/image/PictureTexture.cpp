@@ -5,7 +5,6 @@
 #include <QOpenGLFunctions>
 #include <QPainter>
 #include <QSGRendererInterface>
-#include <QtEndian>
 #include <algorithm>
 #include <map>
 #include <mutex>
@@ -25,24 +24,6 @@ QImage toQt(const ImagePtr& image) {
           QImage::Format_RGBA8888_Premultiplied,
           [](void* kept) { delete static_cast<ImagePtr*>(kept); },
           new ImagePtr(image)};
-}
-
-// A copy in the format that the software renderer draws fastest. It costs less than drawing the bitmap's own
-// format once.
-QImage inScreenFormat(const Bitmap& bitmap) {
-  QImage copy(bitmap.width, bitmap.height, QImage::Format_ARGB32_Premultiplied);
-  const auto* from = bitmap.pixels.get();
-  quint32 alpha = 0xFF000000U;
-  for (int y = 0; y < bitmap.height; ++y) {
-    auto* const to = reinterpret_cast<quint32*>(copy.scanLine(y));
-    for (int x = 0; x < bitmap.width; ++x, from += Bitmap::bytesPerPixel) {
-      const auto pixel = qFromLittleEndian<quint32>(from);
-      alpha &= pixel;
-      to[x] = (pixel & 0xFF00FF00U) | (pixel & 0xFFU) << 16U | (pixel >> 16U & 0xFFU);
-    }
-  }
-  if (alpha == 0xFF000000U) copy.reinterpretAsFormat(QImage::Format_RGB32);
-  return copy;
 }
 
 // The longest side of a texture in the window's renderer. OpenGL is queried. Direct3D 11, Metal and the
@@ -92,12 +73,12 @@ PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, const QImag
     : image_(std::move(image)), texture_(window.createTextureFromImage(picture)) {}
 
 std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
-                                                         QSize pixels, Use use) {
+                                                         QSize pixels, FramePictures* frames) {
   const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
                            maximumTextureSide(window));
   return find(window, image, size, 0, [&] {
     const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
-    const auto picture = use == Use::frame && isSoftware ? inScreenFormat(image->bitmap) : toQt(image);
+    const auto picture = frames != nullptr && isSoftware ? frames->of(image) : toQt(image);
     return picture.size() == size ? picture
                                   : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "image/Image.h"
+#include "quick/image/FramePictures.h"
 
 #include <QImage>
 #include <QQuickWindow>
@@ -16,11 +17,10 @@ namespace orrelo::quick {
 /// memory and is drawn smoothly, and not larger than the renderer's limit. Used on the render thread only.
 class PictureTexture {
  public:
-  /// What the image is: one that stays, whose pixels are not copied if possible, or a frame of an animation.
-  enum class Use { picture, frame };
-
+  /// `frames` is null for an image that stays, whose pixels are not copied if possible; otherwise the image
+  /// is a frame of that animation.
   static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels,
-                                                  Use use = Use::picture);
+                                                  FramePictures* frames = nullptr);
 
   /// The part of the image that covers `pixels` device pixels, with transparent corners of this radius. The
   /// texture has exactly this size.

@@ -12,7 +12,6 @@ PressArea {
     focusFrame: icon
     focusRadius: icon.width / 2
     onPressed: model.play()
-    // A focus scope around it would otherwise hand its focus to the button again and could not be focused itself.
     onActiveFocusChanged: if (!activeFocus) focus = false
 
     Image {
