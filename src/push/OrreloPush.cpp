@@ -6,10 +6,16 @@
 
 #include <orrelo/Platform.h>
 
+#include <cstddef>
 #include <optional>
 #include <utility>
 
 namespace orrelo {
+namespace {
+
+constexpr std::size_t simultaneousUploads = 4;
+
+}  // namespace
 
 OrreloPush::OrreloPush(std::shared_ptr<PushTokenRepository> pushTokenRepository,
                        std::shared_ptr<PushRouter> router, reactive::SchedulerPtr concurrentScheduler)
@@ -20,22 +26,33 @@ OrreloPush::OrreloPush(std::shared_ptr<PushTokenRepository> pushTokenRepository,
 }
 
 void OrreloPush::startSending() {
-  const auto tokens = tokenStream_.asObservable().doOn({.onNext = [](const PushToken& token) {
-    log(LogLevel::TRACE, [&] { return "token:" + description(token) + " is set"; });
-  }});
+  // The line is deliberately logged on the host's thread: a subject attaches its observers at once, and only
+  // the pairs change to the scheduler.
+  const auto tokens =
+      tokenStream_.asObservable()
+          .doOn({.onNext =
+                     [](const SharedToken& token) {
+                       log(LogLevel::TRACE, [&] { return "token:" + description(*token) + " is set"; });
+                     }})
+          .map([last = SharedToken()](const SharedToken& token) mutable {
+            if (!last || last->rawValue != token->rawValue) last = token;
+            return last;
+          });
   const auto userIds = userIdStream().asObservable().compactMap(
       [](const std::optional<std::string>& userId) { return userId; });
   reactive::combineLatest(tokens, userIds)
       .observeOn(concurrentScheduler_)  // the host's threads do not build requests
-      .flatMap([repository = pushTokenRepository_](const TokenOfUser& pair) {
-        return repository->saveToken(std::get<0>(pair), std::get<1>(pair)).map([pair](reactive::Unit) {
-          return pair;
-        });
-      })
+      .flatMap(
+          [repository = pushTokenRepository_](const TokenOfUser& pair) {
+            return repository->saveToken(*std::get<0>(pair), std::get<1>(pair)).map([pair](reactive::Unit) {
+              return pair;
+            });
+          },
+          simultaneousUploads)
       .subscribe({.onNext =
                       [](const TokenOfUser& pair) {
                         log(LogLevel::DEBUG, [&] {
-                          return "Token save success. token:" + description(std::get<0>(pair)) +
+                          return "Token save success. token:" + description(*std::get<0>(pair)) +
                                  ", userId:" + std::get<1>(pair);
                         });
                       },

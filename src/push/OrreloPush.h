@@ -13,14 +13,16 @@
 #include <memory>
 #include <string>
 #include <tuple>
+#include <utility>
 
 namespace orrelo {
 
 /// Uploads the push token for the current user, and handles notifications.
 ///
 /// Each new token and each new user uploads the latest of both, once both were given after the construction;
-/// an absent user uploads nothing. Uploads run concurrently. The first one that fails cancels the others and
-/// ends the uploading for the lifetime of this object.
+/// an absent user uploads nothing. At most four uploads run at a time; the others wait in order, and equal
+/// tokens that wait share their memory. The first upload that fails cancels the others and ends the uploading
+/// for the lifetime of this object.
 class OrreloPush final {
  public:
   /// Tokens are uploaded on `concurrentScheduler`.
@@ -29,7 +31,9 @@ class OrreloPush final {
                  std::make_shared<reactive::ConcurrentDispatchQueueScheduler>(QualityOfService::utility));
 
   /// The text must be valid UTF-8. Any thread.
-  void setToken(PushToken token) const { tokenStream_.onNext(token); }
+  void setToken(PushToken token) const {
+    tokenStream_.onNext(std::make_shared<const PushToken>(std::move(token)));
+  }
   /// Ends the uploading. Any thread.
   void stopSending() { disposeBag_.dispose(); }
 
@@ -40,7 +44,8 @@ class OrreloPush final {
   void handle(const EventDictionary& userInfo, std::function<void(BackgroundFetchResult)> completion) const;
 
  private:
-  using TokenOfUser = std::tuple<PushToken, std::string>;
+  using SharedToken = std::shared_ptr<const PushToken>;
+  using TokenOfUser = std::tuple<SharedToken, std::string>;
 
   void startSending();
   void open(const EventDictionary& userInfo, std::function<void()> completion) const;
@@ -49,7 +54,7 @@ class OrreloPush final {
   reactive::DisposeBag disposeBag_;
   std::shared_ptr<PushRouter> router_;
   reactive::SchedulerPtr concurrentScheduler_;
-  reactive::PublishSubject<PushToken> tokenStream_;
+  reactive::PublishSubject<SharedToken> tokenStream_;
 };
 
 }  // namespace orrelo

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <concepts>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -67,10 +68,14 @@ class Observable {
   /// Merges the inner streams.
   template <class F>
   auto flatMap(F transform) const -> std::invoke_result_t<F&, const T&>;
+  /// Runs at most `limit` inner streams at a time, which must be at least 1, and starts them in order;
+  /// elements that arrive meanwhile are queued.
+  template <class F>
+  auto flatMap(F transform, std::size_t limit) const -> std::invoke_result_t<F&, const T&>;
   /// Disposes the current inner stream when a new element arrives.
   template <class F>
   auto flatMapLatest(F transform) const -> std::invoke_result_t<F&, const T&>;
-  /// Runs one inner stream at a time, in order; elements that arrive meanwhile are queued.
+  /// Like flatMap with the limit 1.
   template <class F>
   auto concatMap(F transform) const -> std::invoke_result_t<F&, const T&>;
 

@@ -124,6 +124,21 @@ TEST_F(PushTokenTest, AFailureEndsTheUploadsUntilTheNextStart) {
   EXPECT_THAT(uploaded(), IsEmpty());
 }
 
+TEST_F(PushTokenTest, AtMostFourUploadsRunAtATimeAndTheOthersFollowInOrder) {
+  Texts steps{"user:m"};
+  for (int i = 0; i < 50; ++i) steps.push_back("token:" + std::to_string(i / 2));
+  give(steps);
+  auto& session = *platform_.session;
+  for (std::size_t answered = 0; answered < 50; ++answered) {
+    EXPECT_EQ(session.waiting.size(), std::min<std::size_t>(4, 50 - answered));
+    session.answer(ScriptedURLSession::reply(204));
+    platform_.loop->run();
+  }
+  const auto pairs = uploaded();
+  ASSERT_EQ(pairs.size(), 50U);
+  for (std::size_t i = 0; i < 50; ++i) EXPECT_THAT(pairs[i], Pair(std::to_string(i / 2), "m"));
+}
+
 TEST_F(PushTokenTest, EightThreadsChangeOneOfBothAtATime) {
   platform_.session->responder = [](const URLRequest&) { return ScriptedURLSession::reply(204); };
   give({"token:first", "user:first"});

@@ -91,6 +91,7 @@ std::vector<OperatorCase> operatorsWithCallbacks() {
       add("doOnNext", three, failed,
           [](Stream in, auto& s) { return in.doOn({.onNext = [f = s.callback](int) { f(); }}); }),
       add("flatMap", three, failed, [=](Stream in, auto& s) { return in.flatMap(inner(s)); }),
+      add("flatMapOfTwo", three, failed, [=](Stream in, auto& s) { return in.flatMap(inner(s), 2); }),
       add("flatMapLatest", three, failed, [=](Stream in, auto& s) { return in.flatMapLatest(inner(s)); }),
       add("concatMap", three, failed, [=](Stream in, auto& s) { return in.concatMap(inner(s)); }),
       add("maybeMap", tooMany, failed,

@@ -8,7 +8,7 @@
 namespace orrelo::reactive {
 
 /// How many inner streams run concurrently, and how new ones are handled meanwhile.
-enum class FlatteningRule { mergeAll, latestOnly, oneByOne };
+enum class FlatteningRule { mergeAll, latestOnly, limited };
 
 /// The observer of the outer stream of flatMap, flatMapLatest and concatMap. It is owned by the source and by
 /// the observers of the inner streams. The handle given downstream is `upstreams_`, which only references the
@@ -19,8 +19,13 @@ class FlatteningNode final : public Observer<In>,
  public:
   using Transform = std::function<Observable<Out>(const In&)>;
 
-  FlatteningNode(FlatteningRule rule, ObserverPtr<Out> downstream, Transform transform)
-      : rule_(rule), observer_(downstream), gate_(std::move(downstream)), transform_(std::move(transform)) {}
+  /// `limit` is how many inner streams of the rule `limited` run at once.
+  FlatteningNode(FlatteningRule rule, std::size_t limit, ObserverPtr<Out> downstream, Transform transform)
+      : rule_(rule),
+        limit_(limit),
+        observer_(downstream),
+        gate_(std::move(downstream)),
+        transform_(std::move(transform)) {}
 
   void onSubscribe(Disposable upstream) override {
     upstreams_->insert(std::move(upstream));
@@ -30,10 +35,10 @@ class FlatteningNode final : public Observer<In>,
 
   void onNext(const In& element) override {
     if (upstreams_->isDisposed()) return;
-    if (rule_ == FlatteningRule::oneByOne && !tryStart(element)) return;
+    if (rule_ == FlatteningRule::limited && !tryStart(element)) return;
     if (rule_ == FlatteningRule::latestOnly) exchangeLatest({}).dispose();
     start(element);
-    if (rule_ == FlatteningRule::oneByOne) startWaiting();
+    if (rule_ == FlatteningRule::limited) startWaiting();
   }
 
   void onError(const Error& error) override { fail(error); }
@@ -74,10 +79,10 @@ class FlatteningNode final : public Observer<In>,
     std::uint64_t generation_;
   };
 
-  // oneByOne: returns false and queues the element if another inner stream is running.
+  // limited: returns false and queues the element if it is not its turn.
   bool tryStart(const In& element) {
     const std::lock_guard lock(mutex_);
-    if (running_ == 0 && waiting_.empty() && !starting_) return starting_ = true;
+    if (running_ < limit_ && waiting_.empty() && !starting_) return starting_ = true;
     waiting_.push(Event<In>::next(element));
     return false;
   }
@@ -97,7 +102,7 @@ class FlatteningNode final : public Observer<In>,
       {
         const std::lock_guard lock(mutex_);
         if (upstreams_->isDisposed()) waiting_.clear();
-        if (running_ == 0 && !waiting_.empty()) {
+        if (running_ < limit_ && !waiting_.empty()) {
           next = waiting_.pop();
         } else {
           starting_ = false;
@@ -160,7 +165,7 @@ class FlatteningNode final : public Observer<In>,
       if (!isCurrent(generation)) return;
       --running_;
       isLast = hasNothingLeft();
-      mayStart = running_ == 0 && !starting_ && !waiting_.empty();
+      mayStart = running_ < limit_ && !starting_ && !waiting_.empty();
       starting_ = starting_ || mayStart;
     }
     if (isLast) return complete();
@@ -179,6 +184,7 @@ class FlatteningNode final : public Observer<In>,
   }
 
   const FlatteningRule rule_;
+  const std::size_t limit_;
   ObserverPtr<Out> observer_;
   SerialGate<Out> gate_;
   Transform transform_;
@@ -193,19 +199,26 @@ class FlatteningNode final : public Observer<In>,
 };
 
 template <class T, class F>
-auto flattened(FlatteningRule rule, const Observable<T>& upstream, F transform) {
+auto flattened(FlatteningRule rule, const Observable<T>& upstream, F transform, std::size_t limit = 1) {
   using Out = typename std::invoke_result_t<F&, const T&>::Element;
   using Node = FlatteningNode<T, Out>;
-  return makeOperator<Out>(upstream, [rule, transform = typename Node::Transform(std::move(transform))](
-                                         ObserverPtr<Out> downstream) {
-    return std::make_shared<Node>(rule, std::move(downstream), transform);
-  });
+  return makeOperator<Out>(
+      upstream,
+      [rule, limit, transform = typename Node::Transform(std::move(transform))](ObserverPtr<Out> downstream) {
+        return std::make_shared<Node>(rule, limit, std::move(downstream), transform);
+      });
 }
 
 template <class T>
 template <class F>
 auto Observable<T>::flatMap(F transform) const -> std::invoke_result_t<F&, const T&> {
   return flattened(FlatteningRule::mergeAll, *this, std::move(transform));
+}
+
+template <class T>
+template <class F>
+auto Observable<T>::flatMap(F transform, std::size_t limit) const -> std::invoke_result_t<F&, const T&> {
+  return flattened(FlatteningRule::limited, *this, std::move(transform), limit);
 }
 
 template <class T>
@@ -217,7 +230,7 @@ auto Observable<T>::flatMapLatest(F transform) const -> std::invoke_result_t<F&,
 template <class T>
 template <class F>
 auto Observable<T>::concatMap(F transform) const -> std::invoke_result_t<F&, const T&> {
-  return flattened(FlatteningRule::oneByOne, *this, std::move(transform));
+  return flattened(FlatteningRule::limited, *this, std::move(transform));
 }
 
 }  // namespace orrelo::reactive
