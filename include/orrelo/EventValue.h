@@ -52,6 +52,9 @@ inline constexpr bool isCharacter =
 /// One value of a host event. It can hold null, bytes and values of unknown types, so that a host can pass
 /// any value, but Orrelo::sendEvent rejects an event that holds one of them at its top level.
 ///
+/// Copying and comparing need stack for each level of nested collections. The kit neither copies nor compares
+/// the payload of a notification.
+///
 ///     EventValues values{{"item", "Blue shoes"}, {"price", 39.9}, {"sizes", EventArray{41, 42}}};
 class ORRELO_EXPORT EventValue {
  public:
@@ -83,7 +86,7 @@ class ORRELO_EXPORT EventValue {
   EventValue(EventValue&&) noexcept = default;
   EventValue& operator=(const EventValue&) = default;
   EventValue& operator=(EventValue&&) noexcept = default;
-  /// Needs no more stack for nested collections, however deep.
+  /// Needs no more stack for nested collections, however deep, unless memory has run out.
   ~EventValue() {
     if (isCollection()) flatten();
   }
@@ -104,7 +107,7 @@ class ORRELO_EXPORT EventValue {
     return std::holds_alternative<EventDictionary>(value_) || std::holds_alternative<EventArray>(value_) ||
            std::holds_alternative<EventSet>(value_);
   }
-  /// Destroys all collections in this collection.
+  /// Destroys all collections in this collection, or some of them if memory has run out.
   void flatten() noexcept;
   /// Moves the collections in this collection to `out`.
   void takeCollections(EventArray& out);

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cxxabi.h>
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace orrelo {
@@ -50,11 +51,15 @@ void EventValue::takeCollections(EventArray& out) {
 
 void EventValue::flatten() noexcept {
   EventArray waiting;
-  takeCollections(waiting);
-  while (!waiting.empty()) {
-    auto value = std::move(waiting.back());
-    waiting.pop_back();
-    value.takeCollections(waiting);
+  try {
+    takeCollections(waiting);
+    while (!waiting.empty()) {
+      auto value = std::move(waiting.back());
+      waiting.pop_back();
+      value.takeCollections(waiting);
+    }
+  } catch (const std::bad_alloc&) {
+    // The values that are left destroy their own collections, one level of the stack for each level of them.
   }
 }
 
