@@ -24,13 +24,15 @@ NotificationInbox::NotificationInbox(const std::string& serviceUrl, const std::s
   request_.setSslConfiguration(tls);
   request_.setTransferTimeout();
   connect(&timer_, &QTimer::timeout, this, &NotificationInbox::ask);
+  timer_.setSingleShot(true);
   timer_.start(std::chrono::seconds(2));
 }
 
 void NotificationInbox::ask() {
-  // Also after a sign-out: the service keeps the last user's token, as a push service would.
+  // A user who has signed out is asked for too: the service keeps the last user's token, as a push service
+  // would.
   const auto user = Platform::current().userDefaults->standard()->text("orrelo_user_id");
-  if (!user) return;
+  if (!user) return timer_.start();
   QUrl url(serviceUrl_ + QStringLiteral("/admin/notifications"));
   QUrlQuery query;
   query.addQueryItem(QStringLiteral("app"), QStringLiteral("showroom"));
@@ -40,6 +42,7 @@ void NotificationInbox::ask() {
   request_.setUrl(url);
   auto* const reply = network_.deleteResource(request_);
   connect(reply, &QNetworkReply::finished, this, [this, reply] {
+    timer_.start();
     reply->deleteLater();
     if (reply->error() != QNetworkReply::NoError) return;
     try {

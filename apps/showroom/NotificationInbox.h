@@ -12,8 +12,8 @@
 
 namespace orrelo::showroom {
 
-/// Stands in for a push service: asks the campaign service every two seconds for the notifications that a
-/// person has put on its admin page for the last user.
+/// Stands in for a push service: asks the campaign service for the notifications that a person has put on its
+/// admin page for the last user, two seconds after each reply.
 class NotificationInbox final : public QObject {
   Q_OBJECT
 

@@ -26,7 +26,7 @@ class Notifications final : public QObject {
   void tap(const EventDictionary& payload);
 
   bool isShown() const { return !waiting_.empty(); }
-  /// Of the notification in the banner, or of the last one there.
+  /// The texts of the notification in the banner, or of the last one there.
   QString title() const { return title_; }
   QString text() const { return text_; }
 
