@@ -46,11 +46,11 @@ class OrreloComponent {
  private:
   std::unique_ptr<ConfigComponent> configComponent_;
   std::unique_ptr<ExternalPointComponent> externalPointComponent_;
+  std::unique_ptr<PushComponent> pushComponent_;
   std::unique_ptr<PointComponent> pointComponent_;
   std::unique_ptr<CampaignComponent> campaignComponent_;
   std::unique_ptr<InAppMessageComponent> inAppMessageComponent_;
   std::unique_ptr<ReferralComponent> referralComponent_;
-  std::unique_ptr<PushComponent> pushComponent_;
   std::unique_ptr<EventComponent> eventComponent_;
   std::unique_ptr<GifticonComponent> gifticonComponent_;
   std::unique_ptr<RewardComponent> rewardComponent_;
