@@ -8,6 +8,7 @@ namespace {
 
 QImage converted(const Bitmap& bitmap) {
   QImage picture(bitmap.width, bitmap.height, QImage::Format_ARGB32_Premultiplied);
+  if (picture.isNull()) return picture;
   const auto* from = bitmap.pixels.get();
   quint32 alpha = 0xFF000000U;
   for (int y = 0; y < bitmap.height; ++y) {
@@ -31,8 +32,9 @@ QImage FramePictures::of(const ImagePtr& frame) {
   };
   const auto found = std::find_if(entries_.begin(), entries_.end(), isOfFrame);
   if (found != entries_.end()) return found->picture;
-  entries_.push_back({frame, converted(frame->bitmap)});
-  return entries_.back().picture;
+  auto picture = converted(frame->bitmap);
+  if (!picture.isNull()) entries_.push_back({frame, picture});
+  return picture;
 }
 
 }  // namespace orrelo::quick

@@ -12,6 +12,7 @@ namespace orrelo::quick {
 /// keeps is converted once.
 class FramePictures {
  public:
+  /// Null if memory is exhausted.
   QImage of(const ImagePtr& frame);
   void clear() { entries_.clear(); }
 

@@ -1,8 +1,8 @@
 import QtQuick
 import Orrelo.Kit
 
-/// What an image shows above its picture: an activity indicator while an animation is being loaded, and a play button while
-/// it waits for the user.
+/// The overlay shows an activity indicator above an image while its animation is being loaded, and a play button while the
+/// animation waits for the user.
 Loader {
     id: overlay
 

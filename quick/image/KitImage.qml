@@ -12,12 +12,14 @@ Item {
     readonly property size bitmapSize: model.size
     readonly property real shrink: !model.fits ? 1 : Math.min(width / bitmapSize.width, height / bitmapSize.height)
     /// True with a loaded image, and while an animation is being loaded.
-    readonly property bool hasBitmap: bitmapSize.width > 0 || model.showsSpinner
+    readonly property bool hasContent: bitmapSize.width > 0 || model.showsSpinner
+    /// The least height while an animation is being loaded, for a view that adapts its height.
+    readonly property real loadingHeight: 64
     /// The height of the loaded image at the view's width, for a view that adapts its height.
-    readonly property real heightForWidth: model.showsSpinner ? Math.max(model.height, 64) : model.height
+    readonly property real heightForWidth: model.showsSpinner ? Math.max(model.height, loadingHeight) : model.height
 
     clip: !model.fits
-    visible: drawing.status === Image.Ready || hasBitmap
+    visible: drawing.status === Image.Ready || hasContent
     Accessible.ignored: true
     onModelChanged: model?.reportSize(width, height)
     onWidthChanged: model?.reportSize(width, height)

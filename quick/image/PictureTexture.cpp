@@ -78,7 +78,9 @@ std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, c
                            maximumTextureSide(window));
   return find(window, image, size, 0, [&] {
     const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
-    const auto picture = frames != nullptr && isSoftware ? frames->of(image) : toQt(image);
+    QImage picture;
+    if (frames != nullptr && isSoftware) picture = frames->of(image);
+    if (picture.isNull()) picture = toQt(image);
     return picture.size() == size ? picture
                                   : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   });

@@ -20,18 +20,12 @@ class InAppMessageCellBridge final : public orrelo::quick::ViewBridge {
   InAppMessageCellBridge(const std::shared_ptr<InAppMessageViewCell>& view, QObject* parent)
       : ViewBridge(view, parent),
         accessibilityLabel(toQt(view->accessibilityLabel)),
-        image(new ImageBridge(view->imageView, this)),
-        cell_(*view) {}
+        image(new ImageBridge(view->imageView, this)) {}
 
   const QString accessibilityLabel;
   const double inset = InAppMessageViewCell::inset;
   ImageBridge* const image;
   const QUrl placeholder = assetFile(InAppMessageViewCell::placeholderAsset);
-
-  Q_INVOKABLE void loadImage() { cell_.loadImage(); }
-
- private:
-  InAppMessageViewCell& cell_;
 };
 
 }  // namespace orrelo::quick

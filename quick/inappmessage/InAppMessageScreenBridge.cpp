@@ -20,6 +20,8 @@ InAppMessageScreenBridge::InAppMessageScreenBridge(const std::shared_ptr<InAppMe
 
 InAppMessageScreenBridge::~InAppMessageScreenBridge() {
   QAccessible::removeActivationObserver(this);
+  messages_.setPressed(false);
+  messages_.setReaderFocus(false);
 }
 
 void InAppMessageScreenBridge::setFocused(bool hasFocus) {

@@ -16,8 +16,6 @@ FocusScope {
     signal pressedBeside()
     signal turned(int count)
 
-    Component.onCompleted: modelData.loadImage()
-
     MouseArea {
         anchors.fill: parent
         onClicked: cell.pressedBeside()

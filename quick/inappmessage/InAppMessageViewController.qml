@@ -16,7 +16,7 @@ FocusScope {
 
     focus: true
     Accessible.role: Accessible.Dialog
-    Accessible.name: "이벤트 메시지"
+    Accessible.name: screen?.accessibilityLabel ?? ""
     Component.onCompleted: layOut()
     onWidthChanged: layOut()
     onHeightChanged: layOut()
@@ -41,6 +41,7 @@ FocusScope {
 
         function scrollTo(item, animated) {
             slide.stop()
+            keeping.stop()
             cancelFlick()
             if (!animated) return place(item)
             slide.from = contentX
@@ -80,25 +81,17 @@ FocusScope {
             onTurned: count => view.screen.turn(count)
         }
         onActiveFocusChanged: view.screen?.setFocused(activeFocus)
-        onContentXChanged: if (moving || slide.running) view.screen.didScroll(contentX - originX, width)
+        onContentXChanged: if ((moving || slide.running) && !keeping.running) view.screen.didScroll(contentX - originX, width)
         onMovementStarted: {
             slide.stop()
             view.screen.didEndScrolling()
         }
         onWidthChanged: keeping.restart()
-        Component.onCompleted: view.screen.setFocused(activeFocus)
+        onContentWidthChanged: if (!moving && !slide.running) keeping.restart()
+        Component.onCompleted: view.screen?.setFocused(activeFocus)
 
         PointHandler {
             onActiveChanged: view.screen.setPressed(active)
-        }
-        WheelHandler {
-            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-            onWheel: event => view.screen.turnWheel(-event.angleDelta.y / 120)
-        }
-        WheelHandler {
-            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-            orientation: Qt.Horizontal
-            onWheel: event => view.screen.turnWheel(-event.angleDelta.x / 120)
         }
         // Keeps the page in a window of another size. The pages take their new width after the list.
         Timer {
@@ -115,9 +108,18 @@ FocusScope {
             onFinished: view.screen.didEndScrolling()
         }
     }
+    // Above the list, which would scroll by itself.
+    MouseArea {
+        anchors.fill: imageCollectionView
+        acceptedButtons: Qt.NoButton
+        onWheel: event => {
+            view.screen.turnWheel(event.angleDelta.x, event.angleDelta.y, event.phase === Qt.ScrollMomentum)
+        }
+    }
     PressArea {
         id: skipTodayLabel
         objectName: "skipTodayLabel"
+        // In a wide window the label stays with the picture.
         x: Math.max(view.edge, view.container.x + view.container.width - 15 - width)
         y: view.container.y - 20 - height
         width: Math.min(skipText.implicitWidth, view.width - 2 * view.edge)
@@ -148,7 +150,7 @@ FocusScope {
         y: view.container.y + margin
         source: view.screen.closeAsset
         focusColor: "white"
-        name: "배너 닫기"
+        name: view.screen.closeLabel
         gesturePolicy: TapHandler.ReleaseWithinBounds
         onPressed: view.screen.close()
 
@@ -173,9 +175,7 @@ FocusScope {
         PageControl {
             anchors.horizontalCenter: parent.horizontalCenter
             visible: view.screen.showsPageControl
-            count: view.screen.cells.length
-            currentPage: view.screen.currentPage
-            currentColor: view.screen.currentPageColor
+            screen: view.screen
             maximumWidth: view.width - 2 * Theme.margin
         }
         PressArea {

@@ -5,14 +5,10 @@ import Orrelo.Kit
 Item {
     id: control
 
-    required property int count
-    required property int currentPage
-    property color currentColor
+    required property InAppMessageScreenBridge screen
     property real maximumWidth
-    /// A dot has 7 points and a distance of 9, both enlarged by half.
-    readonly property real dotSize: 10.5
-    readonly property real dotSpacing: 13.5
-    readonly property bool fits: count * (dotSize + dotSpacing) - dotSpacing <= maximumWidth
+    readonly property int count: screen.cells.length
+    readonly property bool fits: screen.showsDots(maximumWidth)
 
     implicitWidth: fits ? dots.width : number.implicitWidth
     implicitHeight: fits ? dots.height : number.implicitHeight
@@ -20,7 +16,7 @@ Item {
 
     Row {
         id: dots
-        spacing: control.dotSpacing
+        spacing: control.screen.dotSpacing
 
         Repeater {
             model: control.fits ? control.count : 0
@@ -28,10 +24,10 @@ Item {
             Rectangle {
                 required property int index
 
-                width: control.dotSize
+                width: control.screen.dotSize
                 height: width
                 radius: width / 2
-                color: index === control.currentPage ? control.currentColor : Qt.rgba(0, 0, 0, 0.55)
+                color: index === control.screen.currentPage ? control.screen.currentPageColor : Qt.rgba(0, 0, 0, 0.55)
             }
         }
     }
@@ -40,7 +36,7 @@ Item {
         visible: !control.fits
         size: 15
         color: "white"
-        text: (control.currentPage + 1) + " / " + control.count
+        text: (control.screen.currentPage + 1) + " / " + control.count
         Accessible.ignored: true
     }
 }

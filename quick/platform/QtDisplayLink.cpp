@@ -23,20 +23,32 @@ bool isAnyWindowExposed() {
 
 }  // namespace
 
-QtDisplayLink::QtDisplayLink(std::shared_ptr<const Clock> clock) : clock_(std::move(clock)) {
+QtDisplayLink::QtDisplayLink(std::shared_ptr<const Clock> clock, std::function<double()> refreshRate)
+    : clock_(std::move(clock)), refreshRate_(std::move(refreshRate)) {
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, [this] { callDue(); });
 }
 
-int QtDisplayLink::ticksPerSecond() const {
+double QtDisplayLink::refreshRateOfMainScreen() {
   const auto* const screen = QGuiApplication::primaryScreen();
-  return screen != nullptr && screen->refreshRate() == 120.0 ? 120 : 60;
+  return screen != nullptr ? screen->refreshRate() : 0;
+}
+
+int QtDisplayLink::ticksPerSecond() const {
+  const bool isFollowed =
+      std::any_of(ticks_.begin(), ticks_.end(), [](const auto& tick) { return !tick.expired(); });
+  if (isFollowed) return rate_;
+  return refreshRate_() == 120.0 ? 120 : 60;
 }
 
 DisplayLink::Registration QtDisplayLink::start(Tick tick) {
+  const int rate = ticksPerSecond();
+  const bool isNewRate = std::exchange(rate_, rate) != rate;
   auto registration = std::make_shared<const Tick>(std::move(tick));
   ticks_.push_back(registration);
+  // The link may still be ticking for the former registrations.
+  if (isTicking_ && isNewRate) startAnew();
   update();
   return registration;
 }
@@ -61,7 +73,6 @@ void QtDisplayLink::update() {
 
 void QtDisplayLink::startAnew() {
   beginning_ = clock_->steady();
-  rate_ = ticksPerSecond();
   given_ = 0;
   arm();
 }
@@ -76,7 +87,7 @@ void QtDisplayLink::arm() {
 void QtDisplayLink::callDue() {
   const auto beginning = beginning_;
   const auto due = (clock_->steady() - beginning).count() * rate_ / second;
-  if (due - given_ > longestStall.count() * rate_ || rate_ != ticksPerSecond()) return startAnew();
+  if (due - given_ > longestStall.count() * rate_) return startAnew();
   while (isTicking_ && beginning_ == beginning && given_ < due) {
     ++given_;
     callAll();

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -19,7 +20,11 @@ class QtDisplayLink final : public QObject, public DisplayLink {
  public:
   static constexpr std::chrono::seconds longestStall{1};
 
-  explicit QtDisplayLink(std::shared_ptr<const Clock> clock);
+  /// `refreshRate` returns the main screen's refresh rate in Hz.
+  explicit QtDisplayLink(std::shared_ptr<const Clock> clock,
+                         std::function<double()> refreshRate = refreshRateOfMainScreen);
+  /// Zero without a screen.
+  static double refreshRateOfMainScreen();
 
   int ticksPerSecond() const override;
   [[nodiscard]] Registration start(Tick tick) override;
@@ -37,15 +42,17 @@ class QtDisplayLink final : public QObject, public DisplayLink {
   void callAll();
 
   const std::shared_ptr<const Clock> clock_;
+  const std::function<double()> refreshRate_;
   QTimer timer_;
   std::vector<std::weak_ptr<const Tick>> ticks_;
   /// True while there is a registration and windows are watched.
   bool isWatching_ = false;
   /// True while a window is exposed, too.
   bool isTicking_ = false;
-  /// The moment from which ticks are counted, the rate since then, and the number of ticks given since then.
-  std::chrono::microseconds beginning_{0};
+  /// Fixed while there is a registration, since an animation counts in ticks of the rate it began with.
   int rate_ = 0;
+  /// The moment from which ticks are counted, and the number of ticks given since then.
+  std::chrono::microseconds beginning_{0};
   std::int64_t given_ = 0;
 };
 

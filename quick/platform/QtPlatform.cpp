@@ -1,3 +1,4 @@
+#include "base/Logger.h"
 #include "base/preconditionFailure.h"
 #include "platform/threads/KitThread.h"
 #include "quick/platform/MotionSetting.h"
@@ -26,8 +27,14 @@ PosixApplication::UrlOpener urlOpener(std::vector<std::string> schemes) {
     const auto scheme = QByteArray(url.scheme().data(), static_cast<qsizetype>(url.scheme().size()));
     return std::find(schemes.begin(), schemes.end(), scheme.toLower().toStdString()) != schemes.end();
   };
-  return {canOpen,
-          [](const Url& url) { QDesktopServices::openUrl(QUrl(QString::fromStdString(url.text()))); }};
+  const auto open = [](const Url& url) {
+    if (QDesktopServices::openUrl(QUrl(QString::fromStdString(url.text())))) return;
+    // Only the scheme, since the rest may be the user's own text.
+    log(LogLevel::WARNING, [&] {
+      return "This machine has no program for URLs with the scheme \"" + std::string(url.scheme()) + "\"";
+    });
+  };
+  return {canOpen, open};
 }
 
 }  // namespace

@@ -15,6 +15,7 @@ class ReferralScreenBridge final : public orrelo::quick::PageBridge {
   Q_PROPERTY(QString placeholder MEMBER placeholder CONSTANT)
   Q_PROPERTY(QString codeIdentifier MEMBER codeIdentifier CONSTANT)
   Q_PROPERTY(QString verificationIdentifier MEMBER verificationIdentifier CONSTANT)
+  Q_PROPERTY(QString code READ code NOTIFY stateChanged)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY stateChanged)
   Q_PROPERTY(bool isCodeEditable READ isCodeEditable NOTIFY stateChanged)
   Q_PROPERTY(QColor codeColor READ codeColor NOTIFY stateChanged)
@@ -42,6 +43,7 @@ class ReferralScreenBridge final : public orrelo::quick::PageBridge {
   const QString codeIdentifier = toQt(ReferralViewController::codeTextFieldIdentifier);
   const QString verificationIdentifier;
 
+  QString code() const { return toQt(referral_.code()); }
   bool isLoading() const { return referral_.state().isLoading; }
   bool isCodeEditable() const { return referral_.state().isCodeEditable; }
   QColor codeColor() const { return toQt(referral_.state().codeColor); }

@@ -64,6 +64,8 @@ ORLUIViewController {
                     color: view.screen.codeColor
                     selectionColor: Theme.focus
                     inputMethodHints: Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
+                    // The screen may have a code already, if this item is not its first.
+                    Component.onCompleted: text = view.screen.code
                     onTextChanged: view.screen.setCode(text)
                     onAccepted: view.screen.verify()
                     Accessible.role: Accessible.EditableText

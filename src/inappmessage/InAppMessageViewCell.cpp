@@ -1,5 +1,7 @@
 #include "inappmessage/InAppMessageViewCell.h"
 
+#include <utility>
+
 namespace orrelo {
 namespace {
 
@@ -17,8 +19,13 @@ InAppMessageViewCell::InAppMessageViewCell(const InAppMessage& message, std::siz
   accessibilityIdentifier = message.campaignId;
 }
 
-void InAppMessageViewCell::loadImage() {
-  if (!imageView->state.value().image) imageView->load(imageUrl);
+void InAppMessageViewCell::setNear(bool isNear) {
+  if (std::exchange(isNear_, isNear) == isNear) return;
+  if (isNear) {
+    imageView->load(imageUrl);
+  } else {
+    imageView->setAsset("");
+  }
 }
 
 }  // namespace orrelo

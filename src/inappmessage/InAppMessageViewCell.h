@@ -29,8 +29,11 @@ class ORRELO_EXPORT InAppMessageViewCell final : public View {
   const std::string accessibilityLabel;
   const std::shared_ptr<ImageView> imageView = std::make_shared<ImageView>();
 
-  /// Loads the picture unless it has been loaded. Called when the page comes near the visible one.
-  void loadImage();
+  /// Loads the picture when the page comes near the visible one, and drops it when the page leaves.
+  void setNear(bool isNear);
+
+ private:
+  bool isNear_ = false;
 };
 
 }  // namespace orrelo

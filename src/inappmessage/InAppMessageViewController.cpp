@@ -8,6 +8,7 @@
 #include "ui/showScreen.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <algorithm>
 #include <chrono>
@@ -59,6 +60,15 @@ InAppMessageViewController::InAppMessageViewController(std::shared_ptr<InAppMess
 
 void InAppMessageViewController::viewDidLoad() {
   track(UserEventName::campaignEntryPointShow);
+  keepPicturesNear();
+}
+
+void InAppMessageViewController::keepPicturesNear() {
+  const auto current = state.value().currentPage;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const auto distance = i > current ? i - current : current - i;
+    cells[i]->setNear(std::min(distance, cells.size() - distance) <= pictureDistance);
+  }
 }
 
 void InAppMessageViewController::viewWillAppear(bool) {
@@ -96,6 +106,10 @@ Rect InAppMessageViewController::containerFrame(Size screen, double roomAbove, d
   return {(screen.width - side) / 2, std::clamp((screen.height - side) / 2, roomAbove, lowest), side, side};
 }
 
+bool InAppMessageViewController::showsDots(std::size_t count, double width) {
+  return static_cast<double>(count) * (dotSize + dotSpacing) - dotSpacing <= width;
+}
+
 void InAppMessageViewController::layOut(Size screen, double roomAbove, double roomBelow) {
   const auto frame = containerFrame(screen, roomAbove, roomBelow);
   state.change([&frame](State& changed) { changed.container = frame; });
@@ -106,6 +120,7 @@ void InAppMessageViewController::didScroll(double contentOffset, double pageWidt
   if (!std::isfinite(page)) return;
   const auto current = static_cast<std::size_t>(std::clamp(page, 0.0, static_cast<double>(cells.size() - 1)));
   state.change([current](State& changed) { changed.currentPage = current; });
+  keepPicturesNear();
 }
 
 void InAppMessageViewController::turn(int count) {
@@ -115,10 +130,19 @@ void InAppMessageViewController::turn(int count) {
   if (to != from) scrollTo(static_cast<std::size_t>(to));
 }
 
-void InAppMessageViewController::turnWheel(double notches) {
-  if (target_) return;  // a touch pad sends many events for one movement
+void InAppMessageViewController::turnWheel(double dx, double dy, bool isMomentum) {
+  if (isMomentum) return;
+  const double notches = -(std::abs(dx) > std::abs(dy) ? dx : dy) / 120.0;
+  const auto now = Platform::current().clock->steady();
+  if (now < wheelHeldUntil_) {
+    // Not every system tells the momentum from the movement, which may last longer than the fixed time.
+    if (std::abs(notches) < 1.0)
+      wheelHeldUntil_ = std::max<std::chrono::microseconds>(wheelHeldUntil_, now + wheelPause);
+    return;
+  }
   wheel_ = notches * wheel_ < 0 ? notches : wheel_ + notches;
   if (std::abs(wheel_) < 1.0) return;
+  wheelHeldUntil_ = now + wheelHold;
   turn(std::exchange(wheel_, 0.0) > 0 ? 1 : -1);
 }
 

@@ -11,6 +11,7 @@
 
 #include <orrelo/Export.h>
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -44,8 +45,19 @@ class ORRELO_EXPORT InAppMessageViewController final : public ViewController {
   };
   static constexpr auto confirmText = "닫기";
   static constexpr auto skipTodayText = "오늘 하루 그만 보기";
+  static constexpr auto accessibilityLabel = "이벤트 메시지";
+  static constexpr auto closeLabel = "배너 닫기";
   static constexpr auto closeAsset = "orl_ic_close_white";
   static constexpr auto entryPointName = "in_app_message";
+  /// Pages within this distance have their pictures in memory; the last page is next to the first one.
+  static constexpr std::size_t pictureDistance = 2;
+  /// In points: a dot of 7 with a distance of 9, both enlarged by half.
+  static constexpr double dotSize = 10.5;
+  static constexpr double dotSpacing = 13.5;
+  /// The time after a turn by the wheel in which the wheel does not turn again.
+  static constexpr std::chrono::milliseconds wheelHold{400};
+  /// A touch pad's movement lasts until it has sent nothing for this time.
+  static constexpr std::chrono::milliseconds wheelPause{120};
 
   /// `messages` must not be empty.
   InAppMessageViewController(std::shared_ptr<InAppMessageViewModel> viewModel,
@@ -68,6 +80,8 @@ class ORRELO_EXPORT InAppMessageViewController final : public ViewController {
   /// The largest square that leaves room for the labels above and below it. It is as wide as the screen where
   /// the screen is high enough, and as near to the middle as the labels allow.
   static Rect containerFrame(Size screen, double roomAbove, double roomBelow);
+  /// Whether a row of dots, one for each page, fits into this width. Otherwise the page's number is shown.
+  static bool showsDots(std::size_t count, double width);
   /// Called when the screen or the labels have changed their size.
   void layOut(Size screen, double roomAbove, double roomBelow);
   /// Called for each change of the position, in points from the first page.
@@ -80,9 +94,10 @@ class ORRELO_EXPORT InAppMessageViewController final : public ViewController {
   void setReaderFocus(bool hasFocus) { hasReaderFocus_ = hasFocus; }
   /// Turns by `count` pages, at most to the first or the last one. Called for the keys.
   void turn(int count);
-  /// `notches` is the movement of a wheel, positive towards the last page; touch pads send fractions. Each
-  /// movement turns one page at a time.
-  void turnWheel(double notches);
+  /// The movement of a wheel or a touch pad in eighths of a degree, negative towards the last page; the
+  /// longer axis counts. A notch is 120, touch pads send parts of it. Each movement turns one page, and the
+  /// momentum of a touch pad none.
+  void turnWheel(double dx, double dy, bool isMomentum);
 
   /// Opens the campaign of a message in place of this screen.
   void didSelect(std::size_t item);
@@ -97,6 +112,7 @@ class ORRELO_EXPORT InAppMessageViewController final : public ViewController {
   void startAutoSwipe();
   void swipe();
   void scrollTo(std::size_t item);
+  void keepPicturesNear();
 
   const std::shared_ptr<InAppMessageViewModel> viewModel_;
   const std::shared_ptr<CampaignNavigator> campaignNavigator_;
@@ -105,6 +121,8 @@ class ORRELO_EXPORT InAppMessageViewController final : public ViewController {
   /// The page that the carousel is moving to.
   std::optional<std::size_t> target_;
   double wheel_ = 0.0;
+  /// By the steady clock.
+  std::chrono::microseconds wheelHeldUntil_{0};
   reactive::DisposeBag disposeBag_;
 };
 

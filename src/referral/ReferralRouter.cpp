@@ -12,11 +12,13 @@ void ReferralRouter::route(const std::shared_ptr<ViewController>& from, std::fun
                         onSuccess = std::move(onSuccess), onFailure](const BrandTheme& theme) {
     const auto self = weak.lock();
     const auto presenting = weakFrom.lock();
-    if (!self || !presenting) return onFailure(makeError(OrreloError::referenceDeallocation));
+    if (!self) return onFailure(makeError(OrreloError::referenceDeallocation));
+    if (!presenting) return onFailure(makeError(ReferenceError::deallocated));
     presenting->present(self->referralViewControllerFactory_->make(theme), true);
     onSuccess();
   };
-  // In no bag of this router: a route that is under way when the router is destroyed must report its failure.
+  // The subscription is not held in a bag, since a route under way must report its failure when the router is
+  // destroyed.
   fetchConfigUseCase_->fetch()
       .map([](const Config& config) { return config.brandTheme; })
       .subscribeOn(schedulers.background)

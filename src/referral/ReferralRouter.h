@@ -17,8 +17,8 @@ class ReferralRouter final : public Router, public std::enable_shared_from_this<
       : referralViewControllerFactory_(std::move(referralViewControllerFactory)),
         fetchConfigUseCase_(std::move(fetchConfigUseCase)) {}
 
-  /// Fails with the error of the configuration, and with OrreloError referenceDeallocation if this router or
-  /// `from` is destroyed meanwhile. Both callbacks must be set.
+  /// Fails with the error of the configuration, with OrreloError referenceDeallocation if this router is
+  /// destroyed meanwhile, and with ReferenceError deallocated if `from` is. Both callbacks must be set.
   void route(const std::shared_ptr<ViewController>& from, std::function<void()> onSuccess,
              std::function<void(const Error&)> onFailure) override;
 

@@ -30,7 +30,6 @@ inline void useMessages(TestPlatform& platform, const NetworkConfig& networkConf
   require(screen->cells.size() == *count, "each message has its page");
   require(screen->state.value().showsPageControl == (*count > 1), "a single page needs no dots");
   for (std::size_t page = 0; page < std::min<std::size_t>(*count, 40); ++page) {
-    screen->cells[page]->loadImage();
     screen->didScroll(static_cast<double>(page) * 390.0, 390.0);
     require(screen->state.value().currentPage == page, "the current page is the one that is shown");
   }

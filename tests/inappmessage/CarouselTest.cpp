@@ -92,26 +92,19 @@ TEST_F(CarouselTest, EachAppearanceAddsATimerThatEndsWithTheScreen) {
   screen.reset();
   platform_.loop->runFor(10s);
   EXPECT_EQ(platform_.loop->pending(), 0U);
-  const auto single = make(1, 0);
-  const LogCapture log;
-  single->appear(false);
-  platform_.loop->run();
-  EXPECT_FALSE(single->state.value().showsPageControl);
-  EXPECT_EQ(platform_.loop->pending(), 0U);
-  EXPECT_THAT(log.lines(), testing::Not(testing::Contains(testing::HasSubstr("Failure"))));
-}
-
-TEST_F(CarouselTest, AnIntervalThatIsNotPositiveIsLoggedAndAnyOtherIsAccepted) {
-  for (const auto interval : {std::int64_t{0}, std::int64_t{-1}, std::numeric_limits<std::int64_t>::min()}) {
-    const auto screen = make(2, interval);
+  for (const auto interval : {std::int64_t{0}, std::numeric_limits<std::int64_t>::min()}) {
     const LogCapture log;
-    screen->appear(false);
+    const auto single = make(1, interval);
+    single->appear(false);
+    platform_.loop->run();
+    EXPECT_FALSE(single->state.value().showsPageControl);
+    EXPECT_THAT(log.lines(), testing::Not(testing::Contains(testing::HasSubstr("Failure"))));
+    const auto still = make(2, interval);
+    still->appear(false);
     platform_.loop->run();
     EXPECT_THAT(log.lines(),
                 testing::Contains(EndsWith(" InAppMessage Auto Swipe Failure: TimerError.invalidPeriod")));
     EXPECT_EQ(platform_.loop->pending(), 0U);
-    screen->turn(1);
-    EXPECT_EQ(screen->scroll.value().item, 1U) << "the screen stays usable";
   }
   const auto patient = make(2, std::numeric_limits<std::int64_t>::max());
   patient->appear(false);
@@ -150,27 +143,56 @@ TEST_F(CarouselTest, ThePicturesSquareLeavesTheLabelsRoom) {
     EXPECT_EQ(InAppMessageViewController::containerFrame(screen, 60, 100), square)
         << screen.width << " by " << screen.height;
   }
+  EXPECT_TRUE(InAppMessageViewController::showsDots(15, 346.5));
+  EXPECT_FALSE(InAppMessageViewController::showsDots(15, 346.4));
 }
 
 TEST_F(CarouselTest, KeysAndTheWheelTurnOnePageEach) {
-  const auto screen = make(4);
+  const auto screen = make(6);
   screen->turn(-1);
   EXPECT_EQ(screen->scroll.value().number, 0U) << "there is no page before the first";
   screen->turn(1);
   screen->turn(1);
   EXPECT_EQ(screen->scroll.value().item, 2U) << "counts from the page that it is moving to";
-  screen->turnWheel(1.0);
-  EXPECT_EQ(screen->scroll.value().item, 2U) << "one movement of a touch pad has many events";
-  screen->didScroll(780, 390);
-  screen->didEndScrolling();
-  for (const double notches : {0.6, -0.6, -0.3}) screen->turnWheel(notches);
-  EXPECT_EQ(screen->scroll.value().item, 2U);
-  screen->turnWheel(-0.2);
-  EXPECT_EQ(screen->scroll.value().item, 1U);
-  screen->didScroll(390, 390);
-  screen->didEndScrolling();
+  struct Movement {
+    std::chrono::milliseconds pause;
+    double dx, dy;
+    bool isMomentum;
+    std::size_t item;
+  };
+  for (const auto& [pause, dx, dy, isMomentum, item] : {
+           Movement{0ms, 0, -120, false, 3},
+           Movement{399ms, 0, -120, false, 3},  // too soon
+           Movement{1ms, -120, 90, false, 4},   // the longer axis counts
+           Movement{390ms, 0, -100, false, 4},  // one long movement of a touch pad
+           Movement{110ms, 0, -100, false, 4},
+           Movement{119ms, 0, -100, false, 4},
+           Movement{120ms, 0, -119, false, 4},  // parts of a notch add up
+           Movement{0ms, 0, -120, true, 4},
+           Movement{0ms, 0, 60, false, 4},  // another direction starts anew
+           Movement{500ms, 0, 61, false, 3},
+       }) {
+    platform_.loop->runFor(pause);
+    screen->didScroll(static_cast<double>(screen->scroll.value().item) * 390.0, 390.0);
+    screen->didEndScrolling();
+    screen->turnWheel(dx, dy, isMomentum);
+    EXPECT_EQ(screen->scroll.value().item, item) << pause.count() << ": " << dx << ", " << dy;
+  }
   screen->turn(9);
-  EXPECT_EQ(screen->scroll.value().item, 3U);
+  EXPECT_EQ(screen->scroll.value().item, 5U);
+}
+
+TEST_F(CarouselTest, PicturesOfPagesFarAwayAreDropped) {
+  const auto screen = make(7);
+  screen->loadViewIfNeeded();
+  screen->didScroll(3 * 390.0, 390.0);
+  for (const auto& cell : screen->cells) cell->imageView->setImage(std::make_shared<const Image>());
+  screen->didScroll(390.0, 390.0);
+  std::vector<std::size_t> kept;
+  for (std::size_t i = 0; i < screen->cells.size(); ++i)
+    if (screen->cells[i]->imageView->state.value().image) kept.push_back(i);
+  // 0 and 6, next to the first, are loaded anew; 4 and 5 are too far away.
+  EXPECT_THAT(kept, ElementsAre(1, 2, 3));
 }
 
 TEST_F(CarouselTest, APictureOpensItsCampaignInPlaceOfTheMessages) {
@@ -197,21 +219,6 @@ TEST_F(CarouselTest, APictureOpensItsCampaignInPlaceOfTheMessages) {
   second->didSelect(0);
   EXPECT_FALSE(stack->presentedViewController());
   EXPECT_EQ(campaignOf(stack->topViewController()), "c-0") << "pushed onto the host's stack";
-}
-
-TEST_F(CarouselTest, ItIsClosedOrSkippedWithoutAnEvent) {
-  const auto closed = make(1);
-  host_->present(closed, false);
-  closed->close();
-  EXPECT_FALSE(host_->presentedViewController());
-  EXPECT_TRUE(host_->presented().animated);
-  EXPECT_EQ(platform_.defaults->standard()->text("inAppMessageLastSkipDay"), std::nullopt);
-  const auto skipped = make(1);
-  host_->present(skipped, false);
-  skipped->skipToday();
-  EXPECT_FALSE(host_->presentedViewController());
-  EXPECT_NE(platform_.defaults->standard()->text("inAppMessageLastSkipDay"), std::nullopt);
-  EXPECT_EQ(reports_->names.size(), 2U) << "both were shown";
 }
 
 }  // namespace

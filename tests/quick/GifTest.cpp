@@ -8,6 +8,7 @@
 #include "support/Twins.h"
 
 #include <QFile>
+#include <algorithm>
 
 namespace orrelo::test {
 namespace {
@@ -62,7 +63,10 @@ class GifTest : public QuickTest {
   void openPage(const Service::Answer& picture) {
     service_->answers["/" + name_] = picture;
     openPage();
-    ASSERT_TRUE(waitFor([&] { return views().front()->state.value().image != nullptr; }));
+    ASSERT_TRUE(waitFor([&] {
+      return std::ranges::all_of(views(),
+                                 [](const auto& view) { return view->state.value().image != nullptr; });
+    }));
     settle();
   }
   void openPage() {
@@ -186,6 +190,8 @@ TEST_F(GifTest, ReducedMotionWaitsForAButtonInTheCorner) {
   ASSERT_EQ(drawnBy("PlayButton").size(), 1U);
   EXPECT_TRUE(moves());
   EXPECT_EQ(views().back()->frame.value(), nullptr) << "the entry's icon still waits";
+  press(Qt::Key_Tab);
+  EXPECT_EQ(focusName(), entry) << "the keyboard goes on from where the button was";
   const auto asked = service_->asked.size();
   const auto icon = sceneRect(drawnBy("PlayButton").front());
   QTest::mouseClick(window_, Qt::LeftButton, {}, icon.center().toPoint());

@@ -29,7 +29,8 @@ class QtDisplayLinkTest : public testing::Test {
   }
 
   std::shared_ptr<ManualClock> clock_ = std::make_shared<ManualClock>();
-  quick::QtDisplayLink link_{clock_};
+  double refreshRate_ = 60;
+  quick::QtDisplayLink link_{clock_, [this] { return refreshRate_; }};
   int ticks_ = 0;
 };
 
@@ -37,7 +38,6 @@ TEST_F(QtDisplayLinkTest, TicksByTimeHoweverLateTheTimerIs) {
   QWindow window;
   show(window);
   const auto registration = follow();
-  ASSERT_EQ(link_.ticksPerSecond(), 60);
   EXPECT_EQ(after(16ms), 0);
   EXPECT_EQ(after(1ms), 1);
   EXPECT_EQ(after(83ms), 5);
@@ -49,6 +49,25 @@ TEST_F(QtDisplayLinkTest, TicksByTimeHoweverLateTheTimerIs) {
   EXPECT_EQ(after(17ms), 1);
 }
 
+TEST_F(QtDisplayLinkTest, FollowsTheScreensRateFromItsFirstRegistrationOn) {
+  for (const auto& [refreshRate, expected] : {std::pair(0.0, 60), {59.94, 60}, {119.88, 60}, {144.0, 60}}) {
+    refreshRate_ = refreshRate;
+    EXPECT_EQ(link_.ticksPerSecond(), expected) << refreshRate;
+  }
+  QWindow window;
+  show(window);
+  refreshRate_ = 120;
+  auto registration = follow();
+  EXPECT_EQ(after(100ms), 12);
+  refreshRate_ = 60;
+  EXPECT_EQ(link_.ticksPerSecond(), 120) << "an animation keeps the rate that it began with";
+  EXPECT_EQ(after(100ms), 12);
+  registration.reset();
+  registration = follow();
+  EXPECT_EQ(link_.ticksPerSecond(), 60);
+  EXPECT_EQ(after(100ms), 6);
+}
+
 TEST_F(QtDisplayLinkTest, TheTimerRunsWhileSomebodyListensAndAWindowIsExposed) {
   auto registration = follow();
   EXPECT_FALSE(link_.isRunning()) << "no window";
@@ -58,6 +77,7 @@ TEST_F(QtDisplayLinkTest, TheTimerRunsWhileSomebodyListensAndAWindowIsExposed) {
   show(other);
   EXPECT_TRUE(QTest::qWaitFor([&] { return link_.isRunning(); }, 20'000));
   other.hide();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !other.isExposed(); }, 20'000));
   QCoreApplication::processEvents();
   EXPECT_TRUE(link_.isRunning());
   window.hide();

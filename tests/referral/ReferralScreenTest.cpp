@@ -228,8 +228,8 @@ TEST_F(ReferralScreenTest, ARouteFailsWithTheConfigurationOrWhenItsPartsAreGone)
   route();
   host_ = nullptr;
   platform_.loop->run();
-  EXPECT_THAT(routed_, ElementsAre("Test.offline", "OrreloError.referenceDeallocation",
-                                   "OrreloError.referenceDeallocation"));
+  EXPECT_THAT(routed_,
+              ElementsAre("Test.offline", "OrreloError.referenceDeallocation", "ReferenceError.deallocated"));
 }
 
 }  // namespace

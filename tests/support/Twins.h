@@ -216,9 +216,10 @@ class ManualDisplayLink final : public DisplayLink {
     return registration;
   }
 
-  /// Calls what runs `count` times.
+  /// Calls every living registration, `count` times.
   void tick(int count = 1) {
     for (int i = 0; i < count; ++i) {
+      eraseDead();
       const auto running = running_;
       for (const auto& weak : running) {
         if (const auto registration = weak.lock()) (*registration)();
@@ -227,13 +228,17 @@ class ManualDisplayLink final : public DisplayLink {
   }
   /// The number of registrations that are alive.
   std::size_t runningCount() {
-    std::erase_if(running_, [](const auto& weak) { return weak.expired(); });
+    eraseDead();
     return running_.size();
   }
 
   int rate = 60;
 
  private:
+  void eraseDead() {
+    std::erase_if(running_, [](const auto& weak) { return weak.expired(); });
+  }
+
   std::vector<std::weak_ptr<const Tick>> running_;
 };
 

@@ -193,7 +193,7 @@ FocusScope {
         anchors.fill: parent
         model: view.model.toasts
     }
-    // Each frame, since the items have their final places only then.
+    // Asked at each frame, after the layout, until the box has been seen.
     Connections {
         target: view.Window.window
         enabled: view.model.awaitsNavigateView

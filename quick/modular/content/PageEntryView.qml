@@ -28,14 +28,14 @@ PressArea {
         KitImage {
             id: icon
             anchors { left: parent.left; leftMargin: panel.margin; verticalCenter: parent.verticalCenter }
-            width: hasBitmap ? 32 : 0
+            width: hasContent ? 32 : 0
             height: 32
             model: view.model.icon
         }
         Column {
             id: lines
             anchors {
-                left: icon.right; leftMargin: icon.hasBitmap ? panel.gap : 0
+                left: icon.right; leftMargin: icon.hasContent ? panel.gap : 0
                 right: arrow.left; rightMargin: panel.gap
                 verticalCenter: parent.verticalCenter
             }

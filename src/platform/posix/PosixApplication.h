@@ -34,11 +34,14 @@ class ORRELO_EXPORT PosixApplication final : public Application {
   };
   void setUrlOpener(UrlOpener opener) { opener_ = std::move(opener); }
 
-  /// The functions that take a text to the pasteboard and to somebody else. Must be set before the kit is
+  /// Called on the main thread.
+  using TextHandler = std::function<void(const std::string& text)>;
+  /// Sets the function that replaces the pasteboard's content with a text. Must be called before the kit is
   /// used; a later call replaces the former function.
-  using TextTaker = std::function<void(const std::string& text)>;
-  void setPasteboardWriter(TextTaker writer) { pasteboardWriter_ = std::move(writer); }
-  void setSharer(TextTaker sharer) { sharer_ = std::move(sharer); }
+  void setPasteboardWriter(TextHandler writer) { pasteboardWriter_ = std::move(writer); }
+  /// Sets the function that offers the user ways to send a text to somebody. Must be called before the kit is
+  /// used; a later call replaces the former function.
+  void setSharer(TextHandler sharer) { sharer_ = std::move(sharer); }
 
   /// Calls the observers in the order of their registration. Main thread only.
   void send(Signal signal);
@@ -52,8 +55,8 @@ class ORRELO_EXPORT PosixApplication final : public Application {
   };
 
   UrlOpener opener_;
-  TextTaker pasteboardWriter_;
-  TextTaker sharer_;
+  TextHandler pasteboardWriter_;
+  TextHandler sharer_;
   std::atomic<double> screenScale_ = 1.0;
   std::atomic<bool> prefersReducedMotion_ = false;
   std::mutex mutex_;
