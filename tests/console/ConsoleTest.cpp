@@ -2,6 +2,7 @@
 #include "DevService.h"
 #include "support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -29,35 +30,41 @@ class ConsoleTest : public testing::Test {
     std::ofstream(path) << content;
     return path;
   }
-  /// Sends commands until the kit's log has a line with this end.
-  static bool awaitLine(console::ConsoleProcess& console, const std::string& end) {
+  /// Sends a command and keeps its answer: a line of the kit's log may come before or after the command's
+  /// end.
+  void send(console::ConsoleProcess& console, const std::string& line) {
+    const auto answer = console.command(line);
+    lines_.insert(lines_.end(), answer.begin(), answer.end());
+  }
+  /// Sends commands until the kit's log has had a line with this end.
+  bool awaitLine(console::ConsoleProcess& console, const std::string& end) {
+    const auto isThere = [&] {
+      return std::any_of(lines_.begin(), lines_.end(), [&](const auto& line) { return line.ends_with(end); });
+    };
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (std::chrono::steady_clock::now() < deadline) {
-      for (const auto& line : console.command("user")) {
-        if (line.ends_with(end)) return true;
-      }
-    }
-    return false;
+    while (!isThere() && std::chrono::steady_clock::now() < deadline) send(console, "user");
+    return isThere();
   }
 
+  std::vector<std::string> lines_;
   TemporaryFolder folder_;
   devservice::DevService service_{{.dataDirectory = folder_.path() / "service"}};
 };
 
 TEST_F(ConsoleTest, TokensReachTheServiceUnderTheirUsers) {
   console::ConsoleProcess console(options());
-  console.command("log");
-  console.command("token a b \"c\"");
-  console.command("signin minji");
+  send(console, "log");
+  send(console, "token a b \"c\"");
+  send(console, "signin minji");
   ASSERT_TRUE(awaitLine(console, "token:PushToken(rawValue: a b \"c\"), userId:minji"));
-  console.command("devicetoken 000fA5");
+  send(console, "devicetoken 000fA5");
   ASSERT_TRUE(awaitLine(console, "token:PushToken(rawValue: 000fa5), userId:minji"));
-  console.command("signin hana");
+  send(console, "signin hana");
   ASSERT_TRUE(awaitLine(console, "token:PushToken(rawValue: 000fa5), userId:hana"));
   std::vector<std::string> saved;
   for (const auto& token : service_.tokens()) saved.push_back(token.userId + " " + token.token);
   EXPECT_THAT(saved, testing::UnorderedElementsAre("minji a b \"c\"", "minji 000fa5", "hana 000fa5"));
-  console.command("token ");  // the service refuses an empty token
+  send(console, "token ");  // the service refuses an empty token
   EXPECT_TRUE(awaitLine(console, "Token save failure: NetworkError.invalidHttpStatusCode"));
   for (const auto* const bad :
        {"devicetoken 0", "devicetoken xy", "notify", "notify [1]", "notify /none.json"}) {
