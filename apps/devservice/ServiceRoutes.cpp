@@ -82,6 +82,12 @@ std::string contentTypeOf(std::string_view name) {
   return "application/octet-stream";
 }
 
+/// The reply to a user id or token that is too long to be stored.
+std::optional<Reply> tooLong(const std::string& key, const std::string& text) {
+  if (text.size() <= longestToken) return std::nullopt;
+  return errorReply(400, "\"" + key + "\" is longer than " + std::to_string(longestToken) + " bytes");
+}
+
 }  // namespace
 
 ServiceRoutes::ServiceRoutes(EventStore& store, UserDatabase& users, Wallets& wallets,
@@ -139,6 +145,7 @@ Reply ServiceRoutes::answer(const httplib::Request& request) {
     call.parts = std::move(*parts);
     if (request.method == route.method) {
       if (route.needsUser && !request.has_header("buid")) return errorReply(400, "\"buid\" is missing");
+      if (auto reply = tooLong("buid", request.get_header_value("buid"))) return *std::move(reply);
       return (this->*route.handler)(call);
     }
     auto reply = errorReply(405, "this path takes " + std::string(route.method));
@@ -189,11 +196,8 @@ Reply ServiceRoutes::saveToken(const Call& call) {
   const auto userId = stringAt(json, "buid");
   if (!token || token->empty()) return errorReply(400, "\"token\" is missing");
   if (!userId) return errorReply(400, "\"buid\" is missing");
-  for (const auto& [key, text] : {std::pair("token", *token), std::pair("buid", *userId)}) {
-    if (text.size() <= longestToken) continue;
-    return errorReply(
-        400, "\"" + std::string(key) + "\" is longer than " + std::to_string(longestToken) + " bytes");
-  }
+  if (auto reply = tooLong("token", *token)) return *std::move(reply);
+  if (auto reply = tooLong("buid", *userId)) return *std::move(reply);
   eventStore_.saveToken(call.appKey, *userId, *token, now());
   return jsonReply(200, nlohmann::json::object());
 }

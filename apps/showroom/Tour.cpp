@@ -6,9 +6,11 @@
 #include <QColor>
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineF>
 #include <QMouseEvent>
+#include <QStyleHints>
 #include <algorithm>
 #include <fstream>
 #include <iostream>
@@ -43,6 +45,7 @@ bool isNear(const QColor& a, const QColor& b) {
 Tour::Tour(Showroom& showroom, QQuickWindow& window, std::filesystem::path folder)
     : showroom_(showroom), window_(window), folder_(std::move(folder)) {
   QAccessible::setActive(true);
+  QGuiApplication::styleHints()->setCursorFlashTime(0);  // it would blink by real time
   std::filesystem::create_directories(folder_);
 }
 

@@ -69,12 +69,14 @@ void Tour::skippedMessages() {
   const auto requests = service.requestCount("/in-app-message/banner");
   click(show);
   picture(QStringLiteral("Declined for today: the messages stay away"));
-  require(find(skip) == nullptr && service.requestCount("/in-app-message/banner") == requests,
-          QStringLiteral("the messages came although they were declined"));
+  require(find(skip) == nullptr, QStringLiteral("the messages came although they were declined"));
   showroom_.letTheNextDayBegin();
   click(show);
   await(banner(1));
   picture(QStringLiteral("The next day they are there again"));
+  // A request of the declined show would have been sent by now.
+  require(service.requestCount("/in-app-message/banner") == requests + 1,
+          QStringLiteral("the service was asked for messages that were declined"));
   press(Qt::Key_Escape);
   awaitGone(skip);
 }

@@ -125,7 +125,13 @@ TEST_F(EventIntakeTest, KeepsTheTokensThatAUserSavedLast) {
   const auto tokens = service_->tokens();
   ASSERT_EQ(tokens.size(), 20U);
   EXPECT_EQ(tokens.front().token.substr(4000), "24");
-  EXPECT_EQ(getJson("/admin/state")["tokens"][0]["token"], tokens.front().token);
+  const auto listed = getJson("/admin/state")["users"][0]["tokens"];
+  EXPECT_EQ(listed["count"], 20);
+  ASSERT_EQ(listed["latest"].size(), 3u);
+  // The bytes 255 to 257 are one character.
+  const auto text = std::string(254, '8') + "가";
+  EXPECT_EQ(post(onApp("/token"), {{"token", text + text}, {"buid", "mina"}})->status, 200);
+  EXPECT_EQ(getJson("/admin/state")["users"][0]["tokens"]["latest"][0]["token"], std::string(254, '8') + "…");
 }
 
 TEST_F(EventIntakeTest, TakesManyClientsAtOnce) {

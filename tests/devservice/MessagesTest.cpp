@@ -41,9 +41,10 @@ TEST_F(OwnMessagesTest, AMistakeInTheFileIsToldAndWithoutTheFileThereAreNone) {
   const std::vector<std::pair<const char*, const char*>> mistakes{
       {"[", "the file is no object"},
       {R"({"type":"t"})", "\"items\" must be a list of at most 100"},
-      {R"({"items":[]})", "the file needs a \"type\""},
+      {R"({"items":[]})", "\"type\" is missing in the file"},
       {R"({"type":"t","items":[7]})", "item 0 is no object"},
-      {R"({"type":"t","items":[{"campaign_id":"wheel","image_url":5}]})", "item 0 needs a \"image_url\""},
+      {R"({"type":"t","items":[{"campaign_id":"wheel","image_url":5}]})",
+       "\"image_url\" is missing in item 0"},
       {R"({"type":"t","items":[{"campaign_id":"wheel","image_url":"u"},{"campaign_id":"gone","image_url":"u"}]})",
        "there is no campaign \"gone\" for item 1 to lead to"},
   };

@@ -145,6 +145,8 @@ TEST_F(ReferralTest, AMistakeInTheFileIsTold) {
   EXPECT_EQ(error(referral), "none");
   EXPECT_EQ(as("minji", "/campaigns/friends")["page"]["count"], (json{0, "0 of 9"}));
   EXPECT_EQ(as("", "/campaigns/friends")["page"]["code"], "") << "nobody is signed in";
+  EXPECT_EQ(as(std::string(4'097, 'u'), "/campaigns/friends").value("error", "none"),
+            "\"buid\" is longer than 4096 bytes");
   EXPECT_EQ(error(json()), "campaigns/friends.json: \"{{code}}\" needs a \"referral\"");
   for (const auto* key : {"to", "gives", "gives_inviter", "reward_message"}) {
     auto without = referral;

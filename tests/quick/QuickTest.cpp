@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QStyleHints>
 #include <QTest>
 #include <algorithm>
 #include <cstdlib>
@@ -117,6 +118,7 @@ QRectF shownRect(const QQuickItem* item) {
 
 WindowTest::WindowTest() {
   QAccessible::setActive(true);
+  QGuiApplication::styleHints()->setCursorFlashTime(0);  // it would blink by real time
 }
 
 WindowTest::~WindowTest() = default;

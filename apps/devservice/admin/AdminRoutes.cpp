@@ -4,12 +4,14 @@
 #include "admin/AdminPage.h"
 #include "faults/FaultJson.h"
 
+#include <algorithm>
 #include <charconv>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <variant>
 
 namespace orrelo::devservice {
@@ -20,6 +22,8 @@ using nlohmann::json;
 
 constexpr int eventsPerPage = 500;
 constexpr int listedUsers = 200;
+constexpr int listedTokens = 3;
+constexpr std::size_t longestListedToken = 256;
 constexpr std::size_t longestPayload = std::size_t{64} * 1024;
 constexpr std::string_view faultsPath = "/admin/faults";
 
@@ -56,45 +60,53 @@ json summaryJson(const WalletSummary& wallet) {
   return {{"points", wallet.points}, {"tickets", wallet.tickets}, {"usableVouchers", wallet.usableVouchers}};
 }
 
+/// The first characters of a long text.
+std::string beginningOf(const std::string& text) {
+  auto length = std::min(text.size(), longestListedToken);
+  if (length == text.size()) return text;
+  const auto isWithinCharacter = [&] { return (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U; };
+  while (length > 0 && isWithinCharacter()) --length;
+  return text.substr(0, length) + "…";
+}
+
+json tokensJson(const EventStore& store, const WalletOwner& user) {
+  const auto [tokens, count] = store.tokensOf(user.appKey, user.userId, listedTokens);
+  auto latest = json::array();
+  for (const auto& token : tokens) {
+    latest.push_back({{"token", beginningOf(token.token)},
+                      {"saves", token.saves},
+                      {"lastSaved", milliseconds(token.lastSaved)}});
+  }
+  return {{"count", count}, {"latest", std::move(latest)}};
+}
+
 /// The users who were seen last, then those who are known by their wallet alone, up to `listedUsers`. A user
 /// without a wallet has null there.
 json usersJson(const EventStore& store, const WalletBook& book, const NotificationBook& notifications) {
   auto result = json::array();
   std::set<WalletOwner> listed;
-  for (const auto& user : store.users(listedUsers)) {
-    const WalletOwner owner{user.appKey, user.userId};
+  const auto add = [&](const WalletOwner& owner, const std::optional<WalletSummary>& wallet) -> json& {
     listed.insert(owner);
-    const auto wallet = book.find(owner);
-    result.push_back({{"appKey", user.appKey},
-                      {"userId", user.userId},
-                      {"events", user.events},
-                      {"firstSeen", milliseconds(user.firstSeen)},
-                      {"lastSeen", milliseconds(user.lastSeen)},
-                      {"notifications", notifications.waiting(owner)},
-                      {"wallet", wallet ? summaryJson(*wallet) : json()}});
-  }
-  for (const auto& [owner, wallet] : book.latest(listedUsers)) {
-    if (result.size() == listedUsers) break;
-    if (listed.contains(owner)) continue;
     result.push_back({{"appKey", owner.appKey},
                       {"userId", owner.userId},
                       {"events", 0},
                       {"firstSeen", nullptr},
                       {"lastSeen", nullptr},
                       {"notifications", notifications.waiting(owner)},
-                      {"wallet", summaryJson(wallet)}});
+                      {"tokens", tokensJson(store, owner)},
+                      {"wallet", wallet ? summaryJson(*wallet) : json()}});
+    return result.back();
+  };
+  for (const auto& user : store.users(listedUsers)) {
+    const WalletOwner owner{user.appKey, user.userId};
+    add(owner, book.find(owner))
+        .update({{"events", user.events},
+                 {"firstSeen", milliseconds(user.firstSeen)},
+                 {"lastSeen", milliseconds(user.lastSeen)}});
   }
-  return result;
-}
-
-json tokensJson(const EventStore& store) {
-  auto result = json::array();
-  for (const auto& token : store.tokens(listedUsers)) {
-    result.push_back({{"appKey", token.appKey},
-                      {"userId", token.userId},
-                      {"token", token.token},
-                      {"saves", token.saves},
-                      {"lastSaved", milliseconds(token.lastSaved)}});
+  for (const auto& [owner, wallet] : book.latest(listedUsers)) {
+    if (result.size() == listedUsers) break;
+    if (!listed.contains(owner)) add(owner, wallet);
   }
   return result;
 }
@@ -193,7 +205,6 @@ Reply AdminRoutes::state(const httplib::Request& request) const {
                          {"more", lastOnPage < page.revision},
                          {"events", std::move(events)},
                          {"users", usersJson(store_, wallets_.book(), notifications_)},
-                         {"tokens", tokensJson(store_)},
                          {"faults", faultsJson(faults_)}});
 }
 

@@ -14,7 +14,7 @@ const presets = {
 const notifyForm = document.querySelector('#notify form');
 let notifyOwner = null;  // the user whom the open dialog is about; an object of its own for each opening
 
-const notifyRow = user => userRow(user, 'Notify',
+const notifyRow = user => userRow(user, 'Notify', `Notify ${userName(user)}`,
   user.notifications ? `${counted(user.notifications, 'notification', 'notifications')} waiting` : 'No notification waiting',
   openNotify);
 
@@ -35,7 +35,7 @@ function tellOfNotify(problem) {
 
 function openNotify(owner) {
   notifyOwner = {...owner};
-  byId('notify-user').textContent = owner.userId === '' ? '(empty)' : owner.userId;
+  byId('notify-user').textContent = userName(owner);
   byId('notify-app').textContent = owner.appKey;
   notifyForm.reset();
   notifyForm.querySelector('.main').disabled = false;

@@ -229,28 +229,36 @@ async function submitFault(submission) {
 
 // --- Users and counts
 
-function userView(user, tokens) {
+const userName = user => user.userId === '' ? '(empty)' : user.userId;
+const shortened = text => text.length > 80 ? `${text.slice(0, 80)}…` : text;
+
+function userView(user) {
   const item = element('li');
-  const known = tokens.filter(token => token.userId === user.userId && token.appKey === user.appKey);
   const side = element('span', 'side', counted(user.events, 'event', 'events'));
   const seen = user.lastSeen === null ? '' : ` · last seen ${timeText(user.lastSeen)}`;
-  item.append(element('b', '', user.userId === '' ? '(empty)' : user.userId), side,
+  item.append(element('b', '', userName(user)), side,
     element('small', '', user.appKey + seen), walletRow(user), notifyRow(user));
-  for (const token of known) {
-    const row = element('small', 'mono token', `Token ${token.saves > 1 ? `×${token.saves} ` : ''}${token.token}`);
+  const {latest, count} = user.tokens;
+  for (const token of latest) {
+    const saves = token.saves > 1 ? `×${token.saves} ` : '';
+    const row = element('small', 'mono token', `Token ${saves}${shortened(token.token)}`);
     row.title = `${token.token}\nlast saved ${dayAndTime(token.lastSaved)}`;
     item.append(row);
+  }
+  if (count > latest.length) {
+    item.append(element('small', 'token', counted(count - latest.length, 'earlier token', 'earlier tokens')));
   }
   return item;
 }
 
-// A row of the list with a text and a button that opens a dialog about the user.
-function userRow(user, name, text, open) {
+// A row of the list with a text and a button that opens a dialog about the user. The button's accessible name
+// begins with its text.
+function userRow(user, buttonText, buttonName, text, open) {
   const row = element('small', 'purse');
-  const button = element('button', 'plain', name);
+  const button = element('button', 'plain', buttonText);
   button.type = 'button';
   button.dataset.owner = ownerKey(user);
-  button.setAttribute('aria-label', `${name} of ${user.userId}`);
+  button.setAttribute('aria-label', buttonName);
   button.addEventListener('click', () => open(user));
   row.append(element('span', '', text), button);
   return row;
@@ -262,12 +270,12 @@ const userButton = (key, name) => [...document.querySelectorAll('[data-owner]')]
   .find(each => each.dataset.owner === key && each.textContent === name);
 
 let shownUsers = '';
-function showUsers(users, tokens) {
-  const text = JSON.stringify([users, tokens]);
+function showUsers(users) {
+  const text = JSON.stringify(users);
   if (text === shownUsers) return;
   shownUsers = text;
   const focused = document.activeElement;
-  byId('users').replaceChildren(...users.map(user => userView(user, tokens)));
+  byId('users').replaceChildren(...users.map(userView));
   if (focused.dataset.owner) userButton(focused.dataset.owner, focused.textContent)?.focus();
   byId('no-users').hidden = users.length > 0;
 }
@@ -299,7 +307,7 @@ function take(state) {
   if (state.events.length || !fresh) showEvents(fresh);
   showCounts(state.counts);
   showFaults(state.faults);
-  showUsers(state.users, state.tokens);
+  showUsers(state.users);
   showWaiting(state.users);
   byId('scenario').textContent = state.scenario.split(/[\\/]/).filter(Boolean).pop() ?? '';
   byId('scenario').title = state.scenario;

@@ -14,7 +14,8 @@ function walletText(wallet) {
 
 // What a user's row in the list says of the wallet.
 const walletRow = user =>
-  userRow(user, 'Wallet', user.wallet ? walletText(user.wallet) : 'No wallet yet', openWallet);
+  userRow(user, 'Wallet', `Wallet of ${userName(user)}`, user.wallet ? walletText(user.wallet) : 'No wallet yet',
+    openWallet);
 
 function voucherView(voucher) {
   const item = element('li');

@@ -64,7 +64,7 @@ std::string Campaigns::stateOf(const CampaignFile& file, const ParticipationBook
 CampaignFile::User Campaigns::userOf(const CampaignFile& file, const ParticipationBook::Key& key) const {
   CampaignFile::User user{
       .days = [this, key](const std::string& action) { return participations_.days(key, action); }};
-  // Nobody is signed in without a user id, and nobody can invite then.
+  // A request without a user id has no code.
   if (file.referral() != nullptr && !key.userId.empty()) {
     user.code = referrals_.codeOf({key.appKey, key.userId});
     user.friends = referrals_.friendsOf({key.appKey, key.userId}, key.campaignId);

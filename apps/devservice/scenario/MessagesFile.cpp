@@ -20,7 +20,7 @@ constexpr std::size_t mostMessages = 100;
 
 std::string textOf(const json& object, const char* key, const std::string& what) {
   const auto text = stringAt(object, key);
-  if (!text || text->empty()) refuse(what + " needs a \"" + key + "\"");
+  if (!text || text->empty()) refuse("\"" + std::string(key) + "\" is missing in " + what);
   return *text;
 }
 

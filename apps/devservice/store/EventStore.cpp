@@ -243,9 +243,16 @@ std::vector<KnownUser> EventStore::users(int limit) const {
   return result;
 }
 
-std::vector<SavedToken> EventStore::tokens(int limit) const {
+std::vector<SavedToken> EventStore::tokens() const {
   const std::lock_guard lock(mutex_);
-  return tokens_.latest(limit);
+  return tokens_.all();
+}
+
+std::pair<std::vector<SavedToken>, std::int64_t> EventStore::tokensOf(const std::string& appKey,
+                                                                      const std::string& userId,
+                                                                      int limit) const {
+  const std::lock_guard lock(mutex_);
+  return tokens_.latestOf(appKey, userId, limit);
 }
 
 StoreCounts EventStore::counts() const {

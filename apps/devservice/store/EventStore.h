@@ -12,6 +12,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orrelo::devservice {
@@ -73,9 +74,12 @@ class EventStore {
   EventPage changesAfter(std::int64_t revision, int limit) const;
   /// The events that changed last, in the order of their changes.
   EventPage lastChanges(int limit) const;
-  /// Users last seen first, and tokens last saved first. A negative limit returns all.
+  /// The last seen first. A negative limit returns all.
   std::vector<KnownUser> users(int limit = -1) const;
-  std::vector<SavedToken> tokens(int limit = -1) const;
+  /// As those of TokenBook.
+  std::vector<SavedToken> tokens() const;
+  std::pair<std::vector<SavedToken>, std::int64_t> tokensOf(const std::string& appKey,
+                                                            const std::string& userId, int limit) const;
   StoreCounts counts() const;
 
   /// Waits until `satisfied` holds, and evaluates it at once and after each commit of `add`, on the calling

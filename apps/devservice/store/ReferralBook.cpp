@@ -1,10 +1,13 @@
 #include "store/ReferralBook.h"
 
+#include <stdexcept>
 #include <string_view>
 
 namespace orrelo::devservice {
 
 namespace {
+
+constexpr int mostAttempts = 100;
 
 constexpr auto schema = R"sql(
   CREATE TABLE IF NOT EXISTS codes(
@@ -24,7 +27,7 @@ constexpr auto schema = R"sql(
 
 /// Computed from the user's name, so that a session that is played again has the same codes.
 std::string codeFor(const WalletOwner& user, int attempt) {
-  // Without the digits and letters that people take for each other.
+  // Digits and letters that people confuse are left out.
   constexpr std::string_view digits = "23456789ABCDEFGHJKLMNPQRSTUVWXYZ";
   constexpr int length = 8;
   std::uint64_t hash = 0xCBF29CE484222325U;
@@ -50,16 +53,18 @@ std::string ReferralBook::codeOf(const WalletOwner& user) {
     select.bind(1, user.appKey);
     select.bind(2, user.userId);
     if (select.executeStep()) return select.getColumn(0).getString();
-    for (int attempt = 0;; ++attempt) {
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
       auto code = codeFor(user, attempt);
       SQLite::Statement insert(database,
-                               "INSERT OR IGNORE INTO codes(app_key, user_id, code) VALUES(?1, ?2, ?3)");
+                               "INSERT INTO codes(app_key, user_id, code) VALUES(?1, ?2, ?3) "
+                               "ON CONFLICT(app_key, code) DO NOTHING");
       insert.bind(1, user.appKey);
       insert.bind(2, user.userId);
       insert.bind(3, code);
       // Nothing is inserted if another user has this code.
       if (insert.exec() == 1) return code;
     }
+    throw std::runtime_error("no invitation code is free");
   });
 }
 

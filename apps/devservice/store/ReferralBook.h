@@ -16,7 +16,8 @@ class ReferralBook {
   explicit ReferralBook(UserDatabase& users);
 
   /// The user's own code of 8 letters and digits, made when it is first asked for. No other user of the app
-  /// has the same code, and a user gets the same one from an empty database as well.
+  /// has the same code, and a user gets the same one from an empty database as well. Throws
+  /// std::runtime_error if others have all codes that this user could get.
   std::string codeOf(const WalletOwner& user);
   /// The user of the app whose code this is; absent if nobody has been given this code.
   std::optional<std::string> ownerOf(const std::string& appKey, const std::string& code) const;

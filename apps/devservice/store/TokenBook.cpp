@@ -27,6 +27,20 @@ constexpr auto trimSql = R"sql(
     SELECT token FROM tokens WHERE app_key = ?1 AND user_id = ?2
       ORDER BY token = ?3 DESC, last_saved DESC, token LIMIT -1 OFFSET ?4))sql";
 
+constexpr auto selectSql = "SELECT app_key, user_id, token, saves, first_saved, last_saved FROM tokens ";
+
+std::vector<SavedToken> read(SQLite::Statement& query) {
+  const auto time = [&](int column) {
+    return TimePoint(std::chrono::milliseconds(query.getColumn(column).getInt64()));
+  };
+  std::vector<SavedToken> result;
+  while (query.executeStep()) {
+    result.push_back({query.getColumn(0).getString(), query.getColumn(1).getString(),
+                      query.getColumn(2).getString(), query.getColumn(3).getInt64(), time(4), time(5)});
+  }
+  return result;
+}
+
 }  // namespace
 
 TokenBook::TokenBook(SQLite::Database& database) : database_(database) {
@@ -48,20 +62,25 @@ void TokenBook::save(const std::string& appKey, const std::string& userId, const
   trim.exec();
 }
 
-std::vector<SavedToken> TokenBook::latest(int limit) const {
+std::vector<SavedToken> TokenBook::all() const {
+  SQLite::Statement query(database_, std::string(selectSql) + "ORDER BY last_saved DESC, token");
+  return read(query);
+}
+
+std::pair<std::vector<SavedToken>, std::int64_t> TokenBook::latestOf(const std::string& appKey,
+                                                                     const std::string& userId,
+                                                                     int limit) const {
+  constexpr auto ofUser = "WHERE app_key = ?1 AND user_id = ?2 ";
   SQLite::Statement query(database_,
-                          "SELECT app_key, user_id, token, saves, first_saved, last_saved FROM tokens "
-                          "ORDER BY last_saved DESC, token LIMIT ?1");
-  query.bind(1, limit);
-  const auto time = [&](int column) {
-    return TimePoint(std::chrono::milliseconds(query.getColumn(column).getInt64()));
-  };
-  std::vector<SavedToken> result;
-  while (query.executeStep()) {
-    result.push_back({query.getColumn(0).getString(), query.getColumn(1).getString(),
-                      query.getColumn(2).getString(), query.getColumn(3).getInt64(), time(4), time(5)});
+                          std::string(selectSql) + ofUser + "ORDER BY last_saved DESC, token LIMIT ?3");
+  SQLite::Statement count(database_, std::string("SELECT count(*) FROM tokens ") + ofUser);
+  for (auto* const statement : {&query, &count}) {
+    statement->bind(1, appKey);
+    statement->bind(2, userId);
   }
-  return result;
+  query.bind(3, limit);
+  count.executeStep();
+  return {read(query), count.getColumn(0).getInt64()};
 }
 
 std::int64_t TokenBook::count() const {

@@ -5,11 +5,12 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orrelo::devservice {
 
-/// The longest push token, in bytes.
+/// The longest push token and user id, in bytes.
 constexpr std::size_t longestToken = 4'096;
 /// The most tokens that are kept for a user: those that were saved last.
 constexpr int mostTokens = 20;
@@ -21,8 +22,11 @@ class TokenBook {
 
   /// Counts a further save of a token that the user already has.
   void save(const std::string& appKey, const std::string& userId, const std::string& token, TimePoint now);
-  /// The tokens that were saved last, the last one first. A negative limit returns all.
-  std::vector<SavedToken> latest(int limit) const;
+  /// The last saved first.
+  std::vector<SavedToken> all() const;
+  /// The user's tokens that were saved last, the last one first, and the number of all that the user has.
+  std::pair<std::vector<SavedToken>, std::int64_t> latestOf(const std::string& appKey,
+                                                            const std::string& userId, int limit) const;
   std::int64_t count() const;
 
  private:
