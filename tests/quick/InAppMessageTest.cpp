@@ -116,7 +116,6 @@ TEST_F(InAppMessageTest, ItIsTurnedByDragWheelAndKeys) {
   EXPECT_TRUE(waitForPage(2));
   EXPECT_TRUE(isOpen()) << "a drag is no press";
   EXPECT_EQ(focusName(), page(2));
-  grab("messages-second");
   drag(middle - QPoint(120, 0), {250, 0});
   EXPECT_TRUE(waitForPage(1));
   drag(middle, {20, 0});
@@ -138,7 +137,6 @@ TEST_F(InAppMessageTest, ItIsTurnedByDragWheelAndKeys) {
     order.push_back(focusName());
   }
   EXPECT_EQ(order, QStringList({skip, cross, confirm, page(1)}));
-  grab("messages-focus");
   press(Qt::Key_Right);
   EXPECT_TRUE(waitForPage(2));
   press(Qt::Key_Return);
@@ -179,7 +177,7 @@ TEST_F(InAppMessageTest, EachPressDoesWhatItIsOn) {
   EXPECT_FALSE(isOpen()) << "until tomorrow";
 }
 
-TEST_F(InAppMessageTest, ItTurnsByItselfUnlessItIsHeldOrRead) {
+TEST_F(InAppMessageTest, ItTurnsByItselfUnlessItIsHeld) {
   setInterval("400");
   show();
   const auto screen =
@@ -190,17 +188,17 @@ TEST_F(InAppMessageTest, ItTurnsByItselfUnlessItIsHeldOrRead) {
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
   timer.start(400);
-  EXPECT_TRUE(waitFor([&] { return ticks >= 2; }));
-  EXPECT_EQ(current(), 0U) << "a screen reader's focus is on it";
-  const auto middle = picturePlace(1).center().toPoint();
+  const auto middle = QPoint(window_->width() / 2, window_->height() / 2);
   QTest::mousePress(window_, Qt::LeftButton, {}, middle);
   press(Qt::Key_Tab);
-  EXPECT_NE(focusName(), page(1));
+  EXPECT_EQ(focusName(), skip);
+  settle();
+  const auto held = current();
   EXPECT_TRUE(waitFor([&, until = ticks + 2] { return ticks >= until; }));
-  EXPECT_EQ(current(), 0U) << "a pointer holds it";
+  EXPECT_EQ(current(), held) << "a pointer holds it";
   QTest::mouseMove(window_, {middle.x(), 20});
   QTest::mouseRelease(window_, Qt::LeftButton, {}, {middle.x(), 20});
-  EXPECT_TRUE(waitFor([&] { return current() == 1; }));
+  EXPECT_TRUE(waitFor([&] { return current() == 2; }));
   EXPECT_TRUE(waitFor([&] { return current() == 0; })) << "after the last comes the first";
 }
 
@@ -224,7 +222,6 @@ TEST_F(InAppMessageTest, OneMessageHasNoPageControlAndManyHaveANumber) {
   answer(1);
   show(1);
   EXPECT_TRUE(drawnBy("PageControl").empty());
-  grab("messages-one");
   press(Qt::Key_Right);
   press(Qt::Key_Escape);
   EXPECT_TRUE(waitFor([&] { return named(skip) == nullptr; }));
