@@ -27,9 +27,9 @@ struct Image {
 using ImagePtr = std::shared_ptr<const Image>;
 
 /// Decodes files to images at the main screen's scale, and encodes images. Of a GIF it gives the first frame,
-/// also without a codec. Files are decoded on the worker
-/// pool, two at a time, which limits the memory that the codec uses in addition to the bitmaps of live
-/// images. Data whose image is still alive is not decoded again.
+/// also without a codec. Files are decoded on the worker pool, two at a time, which limits the memory that
+/// the codec uses in addition to the bitmaps of live images. Data whose image is still alive is not decoded
+/// again.
 class ImageConvertible final : public DataConvertible<ImagePtr>,
                                public std::enable_shared_from_this<ImageConvertible> {
  public:

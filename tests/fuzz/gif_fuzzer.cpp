@@ -3,10 +3,9 @@
 #include "image/gif/AnimatedImage.h"
 #include "image/gif/GifCanvas.h"
 #include "image/gif/GifParseError.h"
+#include "require.h"
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace orrelo::test {
@@ -14,12 +13,6 @@ namespace {
 
 // Larger files are only walked, since drawing them takes seconds without showing anything new.
 constexpr std::size_t maximumDrawnBytes = std::size_t{4} * 1024 * 1024;
-
-void require(bool isTrue, const char* what) {
-  if (isTrue) return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
 
 void draw(const AnimatedImage& image) {
   const auto& file = *image.frameDecoder;

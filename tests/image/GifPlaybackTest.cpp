@@ -6,6 +6,7 @@
 #include "image/gif/GifPlaybackManager.h"
 #include "support/TestPlatform.h"
 
+#include <deque>
 #include <gmock/gmock.h>
 
 namespace orrelo::test {
@@ -19,6 +20,26 @@ class PoolAtOnce final : public WorkerPool {
  public:
   void post(QualityOfService, Task task) override { task(); }
   void postAfter(QualityOfService, std::chrono::microseconds, Task task) override { task(); }
+};
+
+/// Each task takes nine ticks.
+class SlowPool final : public WorkerPool {
+ public:
+  void post(QualityOfService, Task task) override { tasks_.emplace_back(now_ + 9, std::move(task)); }
+  void postAfter(QualityOfService quality, std::chrono::microseconds, Task task) override {
+    post(quality, std::move(task));
+  }
+  void tick() {
+    ++now_;
+    while (!tasks_.empty() && tasks_.front().first <= now_) {
+      std::exchange(tasks_.front().second, nullptr)();
+      tasks_.pop_front();
+    }
+  }
+
+ private:
+  int now_ = 0;
+  std::deque<std::pair<int, Task>> tasks_;
 };
 
 class GifPlaybackTest : public testing::Test, public GifPlaybackDelegate {
@@ -197,8 +218,26 @@ TEST_F(GifPlaybackTest, ALateFrameLeavesTheFormer) {
   platform_.loop->run();  // the next one, ahead of its time
   EXPECT_EQ(cache.decodeCount(), 2);
   EXPECT_EQ(shownIn(view, 30), "1" + std::string(29, '2'));
-  EXPECT_EQ(platform_.loop->pending(), 0u) << "nothing is asked for after the end";
-  EXPECT_EQ(cache.decodeCount(), 2);
+  platform_.loop->run();
+  EXPECT_EQ(cache.decodeCount(), 2) << "nothing is asked for after the end";
+}
+
+TEST_F(GifPlaybackTest, AnAnimationMovesAlthoughDecodingIsTooSlow) {
+  const auto pool = std::make_shared<SlowPool>();
+  useWorkers(pool);
+  const auto view = play(4, blinkingGif({10, 10, 10, 10}));
+  std::string shown;
+  for (int i = 0; i < 48; ++i) {
+    pool->tick();
+    shown += shownIn(view, 1);
+  }
+  EXPECT_EQ(shown,
+            "00000000000"
+            "111111111"
+            "222222"
+            "000000000000000"
+            "2222222")
+      << "a late frame is shown, though not after those that follow it";
 }
 
 TEST_F(GifPlaybackTest, ADelegateMayReplaceOrReleaseTheView) {
@@ -304,6 +343,7 @@ TEST_F(GifPlaybackTest, ALaterLoadEndsTheFormer) {
   reply(blinkingGif({10, 10}));
   reply(blinkingGif({10, 10}));
   EXPECT_EQ(shownBy(view), "-") << "both came too late";
+  EXPECT_EQ(events_.size(), 2u);
   load(view, "https://a/4.gif");
   EXPECT_EQ(events_.back(), "canceled");
   platform_.session->waiting.pop_front();
@@ -318,6 +358,14 @@ TEST_F(GifPlaybackTest, ALaterLoadEndsTheFormer) {
   gone.reset();
   reply(blinkingGif({10, 10}));
   EXPECT_EQ(events_.back(), "0") << "the completion runs without the view too";
+}
+
+TEST_F(GifPlaybackTest, ALoadThatACancellationBeginsIsReplacedToo) {
+  const auto view = makeView();
+  view->load("https://a/1.gif", [&](const auto&) { load(view, "https://a/2.gif"); });
+  load(view, "https://a/3.png");
+  EXPECT_FALSE(view->showsSpinner.value());
+  EXPECT_EQ(platform_.session->cancelled, 2);
 }
 
 TEST_F(GifPlaybackTest, AGifUnderAnotherNameShowsItsFirstFrame) {

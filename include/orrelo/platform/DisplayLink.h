@@ -17,7 +17,8 @@ class ORRELO_EXPORT DisplayLink {
   virtual ~DisplayLink() = default;
 
   /// The ticks per second of time: 120 if the main screen's refresh rate is exactly 120 Hz, otherwise 60,
-  /// whatever frames a window draws. It stays the same while there is a registration. Main thread only.
+  /// whatever frames a window draws. It does not change while a registration lives: the kit maps an animation
+  /// onto this rate when it loads the animation. Main thread only.
   virtual int ticksPerSecond() const = 0;
   /// Calls `tick` at that rate on the main thread while a window of the application is exposed; without one
   /// there are no ticks. Main thread only.

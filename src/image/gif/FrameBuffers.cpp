@@ -7,7 +7,17 @@ namespace orrelo {
 std::shared_ptr<std::uint8_t[]> FrameBuffers::take() {
   auto buffer = takeFree();
   if (!buffer) buffer = std::make_unique_for_overwrite<std::uint8_t[]>(size_);
-  return {buffer.release(), [self = shared_from_this()](std::uint8_t* bytes) { self->give(Buffer(bytes)); }};
+  return {buffer.release(), [weak = weak_from_this()](std::uint8_t* bytes) {
+            Buffer released(bytes);
+            if (const auto self = weak.lock()) self->give(std::move(released));
+          }};
+}
+
+void FrameBuffers::releaseFree() {
+  std::vector<Buffer> released;
+  released.reserve(maximumFree);
+  const std::lock_guard lock(mutex_);
+  released.swap(free_);
 }
 
 FrameBuffers::Buffer FrameBuffers::takeFree() {

@@ -13,11 +13,13 @@ namespace orrelo {
 /// Any thread.
 class FrameBuffers : public std::enable_shared_from_this<FrameBuffers> {
  public:
-  /// In bytes of a frame.
+  /// `size` is that of one frame in bytes.
   explicit FrameBuffers(std::size_t size) : size_(size) { free_.reserve(maximumFree); }
 
-  /// Its content is arbitrary. Throws std::bad_alloc.
+  /// A buffer with arbitrary content, which may outlive this object. Throws std::bad_alloc.
   std::shared_ptr<std::uint8_t[]> take();
+  /// Returns the buffers that no frame uses to the system.
+  void releaseFree();
 
  private:
   using Buffer = std::unique_ptr<std::uint8_t[]>;

@@ -10,19 +10,18 @@ FrameSource::FrameSource(std::shared_ptr<const AnimatedImage> image, std::shared
 
 ImagePtr FrameSource::known(int index) const {
   if (index == 0) return image_->firstFrame;
-  if (ready_ && readyIndex_ == index) return ready_;
+  if (ready_ && ready_->index == index) return ready_->image;
   const auto run = image_->stepFrames.runShowing(index);
   return run && !kept_.empty() ? kept_[*run] : nullptr;
 }
 
-std::optional<ImagePtr> FrameSource::frame(int index) {
-  for (int attempt = 0; attempt < 2; ++attempt) {
-    std::unique_lock lock(mutex_);
-    if (auto image = known(index)) return image;
-    wanted_ = index;
-    start(std::move(lock));  // the frame is ready at once if the pool runs its tasks at once
-  }
-  return std::nullopt;
+std::optional<FrameSource::Frame> FrameSource::frame(int index) {
+  std::unique_lock lock(mutex_);
+  if (auto image = known(index)) return Frame{index, std::move(image)};
+  wanted_ = index;
+  start(std::move(lock));
+  const std::lock_guard again(mutex_);
+  return ready_;  // the frame itself if the pool runs its tasks at once
 }
 
 void FrameSource::prepare(int index) {
@@ -32,9 +31,11 @@ void FrameSource::prepare(int index) {
   start(std::move(lock));
 }
 
-void FrameSource::cancel() {
-  const std::lock_guard lock(mutex_);
+void FrameSource::rest() {
+  std::unique_lock lock(mutex_);
   wanted_.reset();
+  isResting_ = true;
+  start(std::move(lock));
 }
 
 void FrameSource::fill() {
@@ -87,14 +88,22 @@ std::optional<int> FrameSource::nextFrame() {
 void FrameSource::work() {
   std::unique_lock lock(mutex_);
   const auto index = nextFrame();
+  const bool isRequested = wanted_.has_value();
+  const bool wasResting = std::exchange(isResting_, false);
   if (index) {
     lock.unlock();
     const auto image = decoded(*index);
     lock.lock();
-    take(*index, image);
+    take(*index, image, isRequested);
+  } else if (wasResting) {
+    auto dropped = std::exchange(ready_, std::nullopt);
+    lock.unlock();
+    dropped.reset();
+    canvas_.releaseUnused();
+    lock.lock();
   }
   isRunning_ = false;
-  if (nextFrame()) start(std::move(lock));
+  if (isResting_ || nextFrame()) start(std::move(lock));
 }
 
 ImagePtr FrameSource::decoded(int index) {
@@ -109,7 +118,7 @@ ImagePtr FrameSource::decoded(int index) {
   }
 }
 
-void FrameSource::take(int index, const ImagePtr& image) {
+void FrameSource::take(int index, const ImagePtr& image, bool isRequested) {
   decodeCount_ = canvas_.decodeCount();
   if (const auto run = image_->stepFrames.runShowing(index)) {
     nextRun_ = *run;
@@ -118,10 +127,9 @@ void FrameSource::take(int index, const ImagePtr& image) {
       ++keptCount_;
     }
   }
-  if (wanted_ != index) return;
-  wanted_.reset();
-  ready_ = image;
-  readyIndex_ = index;
+  if (!isRequested || !wanted_) return;  // `rest` has dropped the request meanwhile
+  ready_ = Frame{index, image};
+  if (wanted_ == index) wanted_.reset();
 }
 
 }  // namespace orrelo

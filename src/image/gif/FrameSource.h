@@ -17,13 +17,19 @@ class FrameSource : public std::enable_shared_from_this<FrameSource> {
  public:
   FrameSource(std::shared_ptr<const AnimatedImage> image, std::shared_ptr<WorkerPool> workers);
 
-  /// The frame, an image without size if it cannot be decoded; nullopt if it is not ready. Then it is decoded
-  /// next and replaces an earlier request.
-  std::optional<ImagePtr> frame(int index);
+  struct Frame {
+    int index;
+    /// An image without size if the frame cannot be decoded.
+    ImagePtr image;
+  };
+
+  /// The frame if it is ready. Otherwise it is decoded next and replaces an earlier request, and the one that
+  /// was decoded last on request is returned; nullopt if there is none.
+  std::optional<Frame> frame(int index);
   /// Decodes the frame, which will be asked for next, unless another one is being decoded.
   void prepare(int index);
-  /// Drops a request that has not begun.
-  void cancel();
+  /// Drops the request, and the memory that is not needed while no frames are asked for.
+  void rest();
 
   /// Decodes all frames that the steps show, and keeps them.
   void fill();
@@ -40,7 +46,7 @@ class FrameSource : public std::enable_shared_from_this<FrameSource> {
   void start(std::unique_lock<std::mutex> lock);
   void work();
   ImagePtr decoded(int index);
-  void take(int index, const ImagePtr& image);
+  void take(int index, const ImagePtr& image, bool isRequested);
 
   const std::shared_ptr<const AnimatedImage> image_;
   const std::shared_ptr<WorkerPool> workers_;
@@ -51,10 +57,10 @@ class FrameSource : public std::enable_shared_from_this<FrameSource> {
   mutable std::mutex mutex_;
   bool isRunning_ = false;
   std::optional<int> wanted_;
-  int readyIndex_ = 0;
-  /// The last frame that was decoded on request.
-  ImagePtr ready_;
-  /// By the runs of `stepFrames`; empty while no frames are kept.
+  bool isResting_ = false;
+  /// The frame that was decoded last on request.
+  std::optional<Frame> ready_;
+  /// One frame for each run of `stepFrames`, null until it is decoded; empty while no frames are kept.
   std::vector<ImagePtr> kept_;
   std::size_t keptCount_ = 0;
   /// The run at which the search for a frame to keep begins.

@@ -51,6 +51,13 @@ Bitmap GifCanvas::draw(std::size_t index) {
   return bitmap;
 }
 
+void GifCanvas::releaseUnused() {
+  buffers_->releaseFree();
+  indices_ = {};
+  const bool restores = drawn_ && file_->frames()[*drawn_].disposal == GifDisposal::previous;
+  if (!restores) covered_ = {};
+}
+
 GifCanvas::Area GifCanvas::areaOf(const GifFrame& frame) const {
   return {std::min(frame.left, file_->width()), std::min(frame.top, file_->height()),
           std::min(frame.left + frame.width, file_->width()),

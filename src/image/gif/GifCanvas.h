@@ -26,6 +26,8 @@ class GifCanvas {
   /// The whole canvas after the frame was drawn; areas without a colour are transparent. Nullopt if the
   /// memory is exhausted.
   std::optional<Bitmap> frame(std::size_t index);
+  /// Releases the memory that is only reused, and keeps what the next frame needs.
+  void releaseUnused();
   /// The number of frames whose pixels have been decoded.
   int decodeCount() const { return decodeCount_; }
 

@@ -103,7 +103,7 @@ class GifFile::Walk {
 
   GifFile& file_;
   GifReader reader_;
-  /// What the last graphic control extension says about the next frame.
+  /// The next frame's description, as far as the last graphic control extension gives it.
   GifFrame control_;
 };
 

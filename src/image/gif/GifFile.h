@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// What happens to a frame's area before the next frame is drawn.
+/// The treatment of a frame's area before the next frame is drawn.
 enum class GifDisposal { keep, background, previous };
 
 /// A frame's description; its pixels stay in the file.
@@ -52,7 +52,6 @@ class GifFile {
   /// At least one.
   const std::vector<GifFrame>& frames() const { return frames_; }
   std::string_view bytes() const { return *data_; }
-  const Data& data() const { return data_; }
 
  private:
   class Walk;

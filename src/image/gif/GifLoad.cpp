@@ -68,9 +68,14 @@ std::shared_ptr<URLSessionTask> GifLoad::begin(URLSession& session) {
   return task;
 }
 
-void GifLoad::cancel() {
+void GifLoad::stop() {
   if (task_) task_->cancel();
   if (const auto target = view_.lock(); target && options_.showsSpinner) target->setShowsSpinner(false);
+}
+
+void GifLoad::cancel() {
+  isCanceled_ = true;
+  stop();
   complete_(makeError(DownloaderError::canceled));
 }
 
@@ -83,7 +88,7 @@ void GifLoad::didFetch(URLSessionResult result) {
   if (result.error) return fail(*result.error);
   const auto bytes = makeData(*std::move(result.data));
   manager_->remoteCache().insert(url_.text(), bytes);
-  read(bytes);
+  if (!isCanceled_) read(bytes);
 }
 
 void GifLoad::read(const Data& bytes) {
@@ -92,8 +97,9 @@ void GifLoad::read(const Data& bytes) {
   platform.workers->post(QualityOfService::userInteractive, [self = shared_from_this(), bytes,
                                                              rate]() mutable {
     const auto& services = self->manager_->platform();
-    auto parsed = AnimatedImage::create(bytes, self->options_.frameKeepRatio, rate,
-                                        services.application->screenScale());
+    auto parsed = self->isCanceled_ ? Parsed(makeError(DownloaderError::canceled))
+                                    : AnimatedImage::create(bytes, self->options_.frameKeepRatio, rate,
+                                                            services.application->screenScale());
     services.mainLoop->post([self = std::move(self), parsed = std::move(parsed)] { self->didRead(parsed); });
   });
 }

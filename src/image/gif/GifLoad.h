@@ -9,6 +9,7 @@
 #include <orrelo/Export.h>
 #include <orrelo/Url.h>
 
+#include <atomic>
 #include <memory>
 
 namespace orrelo {
@@ -34,7 +35,10 @@ class GifLoad : public std::enable_shared_from_this<GifLoad> {
 
   /// Returns the transfer; null if the file is in the manager's cache.
   std::shared_ptr<URLSessionTask> begin(URLSession& session);
+  /// Stops and completes with `canceled`.
   void cancel();
+  /// Cancels the transfer, whose end completes the load, and removes the spinner.
+  void stop();
 
  private:
   using Parsed = Result<std::shared_ptr<const AnimatedImage>>;
@@ -55,6 +59,7 @@ class GifLoad : public std::enable_shared_from_this<GifLoad> {
   const MainCompletion<Result<ImagePtr>> complete_;
   std::shared_ptr<URLSessionTask> task_;
   bool isFromCache_ = false;
+  std::atomic<bool> isCanceled_ = false;
 };
 
 /// Loads the file from the manager's cache or the network and plays it in the view, whose current load or

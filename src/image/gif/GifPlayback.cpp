@@ -15,6 +15,7 @@ GifPlayback& GifPlayback::of(const std::shared_ptr<ImageTarget>& view) {
 
 GifPlayback::~GifPlayback() {
   if (isAttached_) manager_->viewIsGone(*this);
+  if (haveCache_) cache_->clear();
 }
 
 std::int64_t GifPlayback::decodedMegabytes() const {
@@ -66,7 +67,7 @@ void GifPlayback::play() {
 }
 
 void GifPlayback::resume() {
-  if (const auto view = view_.lock(); view && playing_) manager_->attachView(view);
+  if (const auto view = view_.lock(); view && playing_ && loopsLeft_ != 0) manager_->attachView(view);
 }
 
 void GifPlayback::detach() {
@@ -83,9 +84,9 @@ void GifPlayback::detach() {
 
 void GifPlayback::end() {
   detach();
-  // A load that is begun by the completion is not the view's: what has called this comes after it.
   if (const auto former = std::exchange(load, nullptr)) former->cancel();
-  load.reset();
+  // The completion may begin another load; the caller's own load replaces it.
+  if (const auto replaced = std::exchange(load, nullptr)) replaced->stop();
 }
 
 void GifPlayback::tick(ImageTarget& view) {
@@ -115,19 +116,26 @@ void GifPlayback::stepFrame(ImageTarget& view) {
   if (play != plays_ || isDisplayed(view)) return;
   onScreen_ = false;
   refillFrameCache();
-  cache_->cancel();
+  cache_->rest();
 }
 
-// Keeps the former frame while the one of this step is not ready.
+// While the frame of this step is not ready, shows the last one that is, which may be the former.
 void GifPlayback::advanceShownFrame() {
   const auto run = animatedImage_->stepFrames.runOf(stepIndex_);
   const int index = animatedImage_->stepFrames.runs()[run].frame;
   if (index == shownIndex_) return;
   auto frame = cache_->frame(index);
-  if (!frame) return;
-  shownFrame_ = *std::move(frame);
-  shownIndex_ = index;
-  prepareNextFrame(run);
+  if (!frame || !isAhead(frame->index, index)) return;
+  shownFrame_ = std::move(frame->image);
+  shownIndex_ = frame->index;
+  if (shownIndex_ == index) prepareNextFrame(run);
+}
+
+// True if a loop comes from the shown frame to the one with the index before it is past the due one.
+bool GifPlayback::isAhead(int index, int dueIndex) const {
+  const auto count = static_cast<int>(animatedImage_->frameDecoder->frames().size());
+  const auto distanceTo = [&](int frame) { return (frame - shownIndex_ + count) % count; };
+  return distanceTo(index) <= distanceTo(dueIndex);
 }
 
 void GifPlayback::prepareNextFrame(std::size_t run) {

@@ -42,11 +42,11 @@ class GifPlayback {
   /// Attaches the view again if it was detached, while it played, for want of a superview.
   void resume();
 
-  /// The view's current load, or null; its end ends with `load == nullptr`.
+  /// The view's current load. Null after its end.
   std::shared_ptr<GifLoad> load;
 
-  // For the manager.
-  /// What one tick of the display does to the view.
+  // The manager calls the following functions.
+  /// Shows the chosen frame and advances the animation by one tick of the display.
   void tick(ImageTarget& view);
   void refillFrameCache();
   /// 0 if there is no animation.
@@ -71,6 +71,7 @@ class GifPlayback {
   void stepFrame(ImageTarget& view);
   void advanceShownFrame();
   void prepareNextFrame(std::size_t run);
+  bool isAhead(int index, int dueIndex) const;
   void advanceStep();
   bool isDisplayed(const ImageTarget& view) const;
   void tell(void (GifPlaybackDelegate::*event)(const GifPlaybackDelegate::Sender&));

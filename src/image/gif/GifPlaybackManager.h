@@ -12,7 +12,6 @@
 
 namespace orrelo {
 
-class Application;
 class GifPlayback;
 class ImageTarget;
 
@@ -20,7 +19,7 @@ class ImageTarget;
 /// Main thread only.
 class ORRELO_EXPORT GifPlaybackManager : public std::enable_shared_from_this<GifPlaybackManager> {
  public:
-  /// Of the shared manager, in megabytes.
+  /// The limit of the shared manager in megabytes.
   static constexpr std::int64_t defaultMemoryLimit = 50;
   static constexpr std::size_t remoteCacheBudget = std::size_t{32} * 1024 * 1024;
 

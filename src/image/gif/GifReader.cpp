@@ -24,7 +24,7 @@ void copy(std::uint8_t* pixels, std::size_t to, Run run) {
     return;
   }
   for (std::size_t i = 0; i < run.length; i += GifReader::slack) {
-    std::memcpy(pixels + to + i, pixels + run.from + i, GifReader::slack);
+    std::memmove(pixels + to + i, pixels + run.from + i, GifReader::slack);  // a step may reach its own copy
   }
 }
 
@@ -40,6 +40,7 @@ int GifReader::read(GifFileType* file, GifByteType* target, int count) {
 }
 
 bool GifReader::open() {
+  place_ = 0;
   int error = D_GIF_SUCCEEDED;
   state_.reset(DGifOpen(this, &GifReader::read, &error));
   if (error == D_GIF_ERR_NOT_ENOUGH_MEM) throw std::bad_alloc();

@@ -9,7 +9,8 @@
 namespace orrelo {
 namespace {
 
-// In ticks, from the coarsest to the finest; 120 comes before them on a display with 120 ticks a second.
+// The grids' steps in ticks, from the coarsest to the finest; 120 comes before them on a display with 120
+// ticks a second.
 constexpr int stepFactors[] = {60, 30, 20, 15, 12, 10, 6, 5, 4, 3, 2, 1};
 constexpr int fastRate = 120;
 
