@@ -11,6 +11,15 @@ Loader {
     active: model.showsSpinner || model.showsPlayButton
     // A focus scope around it would otherwise hand its focus to the play button again and could not be focused itself.
     onActiveFocusChanged: if (!activeFocus) focus = false
+    // The focus stays here when the play button goes. Without these, Tab would begin with the first item of the window.
+    Keys.onTabPressed: leave(true, Qt.TabFocusReason)
+    Keys.onBacktabPressed: leave(false, Qt.BacktabFocusReason)
+
+    function leave(isForward, reason) {
+        const next = nextItemInFocusChain(isForward)
+        focus = false
+        next.forceActiveFocus(reason)
+    }
 
     sourceComponent: Item {
         Rectangle {
