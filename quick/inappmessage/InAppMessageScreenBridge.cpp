@@ -26,11 +26,12 @@ InAppMessageScreenBridge::~InAppMessageScreenBridge() {
 
 void InAppMessageScreenBridge::setFocused(bool hasFocus) {
   hasFocus_ = hasFocus;
-  messages_.setReaderFocus(hasFocus_ && QAccessible::isActive());
+  messages_.setReaderFocus(hasFocus_ && hasReader_);
 }
 
 void InAppMessageScreenBridge::accessibilityActiveChanged(bool isActive) {
-  messages_.setReaderFocus(hasFocus_ && isActive);
+  hasReader_ = isActive;
+  messages_.setReaderFocus(hasFocus_ && hasReader_);
 }
 
 void InAppMessageScreenBridge::requestScroll() {

@@ -86,6 +86,7 @@ class InAppMessageScreenBridge final : public orrelo::quick::ScreenBridge,
   InAppMessageViewController& messages_;
   unsigned scrollNumber_ = 0;
   bool hasFocus_ = false;
+  bool hasReader_ = QAccessible::isActive();
   Subscriptions scrolls_;
 };
 
