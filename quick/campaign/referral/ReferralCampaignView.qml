@@ -7,6 +7,8 @@ FocusScope {
 
     required property ReferralCampaignBridge model
 
+    focus: true
+
     component Heading: KitText {
         width: parent.width
         size: 16
