@@ -9,7 +9,7 @@ namespace {
 
 constexpr int mostAttempts = 100;
 
-constexpr auto schema = R"sql(
+constexpr auto referralSchema = R"sql(
   CREATE TABLE IF NOT EXISTS codes(
     app_key TEXT NOT NULL,
     user_id TEXT NOT NULL,
@@ -44,7 +44,7 @@ std::string codeFor(const WalletOwner& user, int attempt) {
 }  // namespace
 
 ReferralBook::ReferralBook(UserDatabase& users) : users_(users) {
-  users_.use([](SQLite::Database& database) { database.exec(schema); });
+  users_.use([](SQLite::Database& database) { database.exec(referralSchema); });
 }
 
 std::string ReferralBook::codeOf(const WalletOwner& user) {

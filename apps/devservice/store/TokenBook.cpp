@@ -6,7 +6,7 @@ namespace orrelo::devservice {
 
 namespace {
 
-constexpr auto schema = R"sql(
+constexpr auto tokenSchema = R"sql(
   CREATE TABLE IF NOT EXISTS tokens(
     app_key TEXT NOT NULL,
     user_id TEXT NOT NULL,
@@ -44,7 +44,7 @@ std::vector<SavedToken> read(SQLite::Statement& query) {
 }  // namespace
 
 TokenBook::TokenBook(SQLite::Database& database) : database_(database) {
-  database_.exec(schema);
+  database_.exec(tokenSchema);
 }
 
 void TokenBook::save(const std::string& appKey, const std::string& userId, const std::string& token,

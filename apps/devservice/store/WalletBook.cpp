@@ -7,7 +7,7 @@ namespace orrelo::devservice {
 
 namespace {
 
-constexpr auto schema = R"sql(
+constexpr auto walletSchema = R"sql(
   CREATE TABLE IF NOT EXISTS wallets(
     app_key TEXT NOT NULL,
     user_id TEXT NOT NULL,
@@ -67,7 +67,7 @@ std::optional<std::string> balanceProblem(const std::string& what, std::int64_t 
 }  // namespace
 
 WalletBook::WalletBook(UserDatabase& users) : users_(users) {
-  users_.use([](SQLite::Database& database) { database.exec(schema); });
+  users_.use([](SQLite::Database& database) { database.exec(walletSchema); });
 }
 
 void WalletBook::open(const UserDatabase::Change&, const WalletOwner& owner,
