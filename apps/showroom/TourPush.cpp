@@ -5,7 +5,7 @@ namespace {
 
 const QString signIn = QStringLiteral("민지로 로그인");
 const QString mission = QStringLiteral("생일 등록하기");
-const QString banner = QStringLiteral("알림, 스탬프가 기다려요, 세 개만 더 모으면 선물을 드려요");
+const QString shopBanner = QStringLiteral("알림, 스탬프가 기다려요, 세 개만 더 모으면 선물을 드려요");
 
 }  // namespace
 
@@ -22,11 +22,11 @@ void Tour::coldStart() {
 
 void Tour::notification() {
   click(QStringLiteral("알림 받기"));
-  await(banner);
+  await(shopBanner);
   picture(QStringLiteral("A notification arrives, in the host's own design"));
-  click(banner);
+  click(shopBanner);
   await(mission);
-  awaitGone(banner);
+  awaitGone(shopBanner);
   picture(QStringLiteral("Its tap opens the campaign"));
   close();
 }

@@ -17,7 +17,7 @@ const QString verify = QStringLiteral("인증");
 const QString verified = QStringLiteral("인증 완료");
 const QString authorize = QStringLiteral("친구 코드 입력 완료");
 const QString wrong = QStringLiteral("없는 초대 코드예요. 다시 확인해 주세요.");
-const QString reward = QStringLiteral("친구 초대 완료!");
+const QString friendReward = QStringLiteral("친구 초대 완료!");
 const QString once = QStringLiteral("초대 코드는 한 번만 입력할 수 있어요.");
 
 }  // namespace
@@ -70,10 +70,10 @@ void Tour::enterCode(const QString& code) {
   await(verified);
   picture(QStringLiteral("The friend's code is verified and stays as it is"));
   click(authorize);
-  await(reward);
+  await(friendReward);
   picture(QStringLiteral("It has earned both of them a reward"));
   click(confirm);
-  awaitGone(reward);
+  awaitGone(friendReward);
   await(box);
   require(find(field) == nullptr, QStringLiteral("the screen for the code is still there"));
   click(box);
