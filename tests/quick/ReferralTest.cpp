@@ -74,7 +74,9 @@ class ReferralQuickTest : public QuickTest {
     delete drawnBy("OrreloHost").at(0);
     QQmlComponent host(engine_.get());
     host.setData("import QtQuick\nimport Orrelo\nOrreloHost { anchors.fill: parent }", {});
-    host.createWithInitialProperties({{"parent", QVariant::fromValue(window_->contentItem())}});
+    auto* const item =
+        host.createWithInitialProperties({{"parent", QVariant::fromValue(window_->contentItem())}});
+    item->setParent(window_->contentItem());  // its owner
   }
   /// Checks and saves the screen at the smallest size with both text scales.
   void onSmallScreens(const QString& name, const std::function<void(double)>& look) {

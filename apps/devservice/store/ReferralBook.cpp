@@ -31,8 +31,8 @@ std::string codeFor(const WalletOwner& user, int attempt) {
   constexpr std::string_view digits = "23456789ABCDEFGHJKLMNPQRSTUVWXYZ";
   constexpr int length = 8;
   std::uint64_t hash = 0xCBF29CE484222325U;
-  for (const unsigned char byte : user.appKey + '\0' + user.userId + '\0' + std::to_string(attempt)) {
-    hash = (hash ^ byte) * 0x100000001B3U;
+  for (const char byte : user.appKey + '\0' + user.userId + '\0' + std::to_string(attempt)) {
+    hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
   }
   std::string code;
   // The upper bits depend on all bytes.

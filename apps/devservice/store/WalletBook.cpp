@@ -1,7 +1,6 @@
 #include "store/WalletBook.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace orrelo::devservice {
 
@@ -75,11 +74,11 @@ void WalletBook::open(const UserDatabase::Change&, const WalletOwner& owner,
   users_.use([&](SQLite::Database& database) {
     std::int64_t points = 0;
     // The newest is added last and gets the largest id.
-    for (const auto& movement : beginning.movements | std::views::reverse) {
-      points += movement.amount;
-      addMovement(owner, movement);
+    for (auto movement = beginning.movements.rbegin(); movement != beginning.movements.rend(); ++movement) {
+      points += movement->amount;
+      addMovement(owner, *movement);
     }
-    for (const auto& voucher : beginning.vouchers | std::views::reverse) addVoucher(owner, voucher);
+    addVouchers(owner, beginning.vouchers);
     auto insert = about(
         database, owner,
         std::string(
@@ -100,8 +99,8 @@ std::optional<std::string> WalletBook::problemWith(const WalletOwner& owner,
     return "the user has " + std::to_string(has.usableVouchers) + " usable vouchers";
   }
   // Used, expired and canceled vouchers stay for ever and must not prevent new ones.
-  const auto added =
-      std::ranges::count_if(wanted.vouchers, [](const Voucher& each) { return isUsable(each.state); });
+  const auto added = std::count_if(wanted.vouchers.begin(), wanted.vouchers.end(),
+                                   [](const Voucher& each) { return isUsable(each.state); });
   if (has.usableVouchers + added > mostVouchers) {
     return "a user has at most " + std::to_string(mostVouchers) + " usable vouchers";
   }
@@ -121,7 +120,7 @@ std::optional<std::string> WalletBook::apply(const UserDatabase::Change&, const 
     update.bind(4, wanted.tickets);
     update.exec();
     if (wanted.points != 0) addMovement(owner, {0, wanted.title, wanted.body, date, wanted.points});
-    for (const auto& voucher : wanted.vouchers | std::views::reverse) addVoucher(owner, voucher);
+    addVouchers(owner, wanted.vouchers);
     if (wanted.redeemed > 0) {
       auto redeem =
           about(database, owner,
@@ -145,6 +144,10 @@ void WalletBook::addMovement(const WalletOwner& owner, const PointMovement& move
     insert.bind(6, movement.amount);
     insert.exec();
   });
+}
+
+void WalletBook::addVouchers(const WalletOwner& owner, const std::vector<Voucher>& vouchers) {
+  for (auto voucher = vouchers.rbegin(); voucher != vouchers.rend(); ++voucher) addVoucher(owner, *voucher);
 }
 
 void WalletBook::addVoucher(const WalletOwner& owner, const Voucher& voucher) {

@@ -41,6 +41,8 @@ class WalletBook {
  private:
   std::optional<std::string> problemWith(const WalletOwner& owner, const WalletChange& wanted) const;
   void addMovement(const WalletOwner& owner, const PointMovement& movement);
+  /// Adds vouchers that are listed from the newest to the oldest.
+  void addVouchers(const WalletOwner& owner, const std::vector<Voucher>& vouchers);
   void addVoucher(const WalletOwner& owner, const Voucher& voucher);
 
   UserDatabase& users_;
