@@ -41,6 +41,14 @@ std::string bannerFile(int number) {
   return file.data().toStdString();
 }
 
+const QQuickItem* itemNamed(const QQuickItem& item, const QString& objectName) {
+  if (item.objectName() == objectName) return &item;
+  for (const auto* const child : item.childItems()) {
+    if (const auto* const found = itemNamed(*child, objectName)) return found;
+  }
+  return nullptr;
+}
+
 void answerBanners(test::Service& service) {
   std::string items;
   for (int i = 1; i <= pageCount; ++i) {
@@ -102,7 +110,7 @@ std::vector<double> measure() {
   };
   const QQuickItem* list = nullptr;
   runUntil([&] {
-    list = stage.window().contentItem()->findChild<QQuickItem*>(QStringLiteral("imageCollectionView"));
+    list = itemNamed(*stage.window().contentItem(), QStringLiteral("imageCollectionView"));
     return screen() && list != nullptr &&
            std::all_of(screen()->cells.begin(), screen()->cells.end(),
                        [](const auto& cell) { return cell->imageView->state.value().image != nullptr; });
