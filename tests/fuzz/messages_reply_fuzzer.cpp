@@ -1,18 +1,17 @@
 // Takes the first byte as the call and the others as its reply: the banners ('0'), the detail of a referral
 // campaign's page ('1'), the verification of a friend's code ('2') or its authorization ('3'). The other
 // calls have good replies. A failure must be a value, and the screens must show what can be read.
+#include "ScriptedReplies.h"
 #include "UsedMessages.h"
 #include "UsedReferral.h"
 #include "base/Error.h"
 #include "campaign/CampaignMapper.h"
 #include "inappmessage/FetchInAppMessageResponse.h"
-#include "model/UserManager.h"
 #include "referral/ReferralAuthorizationResultDTO.h"
 #include "referral/ReferralVerificationResultDTO.h"
 
 #include <chrono>
 #include <cstdint>
-#include <map>
 #include <string_view>
 
 namespace orrelo::test {
@@ -23,7 +22,7 @@ constexpr auto goodCampaigns = R"([{"id":"r","label":"","name":"","icon":"","pag
   "code":"ABC123","code_description":"","navigate_enable":true,"referral_message":"","notice":[],
   "color":"#112233","highlight_color":"#112233","guide_message":"","input_url":"/verify",
   "validate_url":"/authorize","error_message":"","current_registered":3}}}])";
-const std::map<std::string, std::string, std::less<>> goodReplies{
+const ScriptedReplies goodReplies{
     {"/campaigns", goodCampaigns},
     {"/in-app-message/banner", R"({"type":"","items":[]})"},
     {"/verify", R"({"result":true,"message":null})"},
@@ -31,25 +30,9 @@ const std::map<std::string, std::string, std::less<>> goodReplies{
        "reward_message":{"title":"축하해요","body":"100 P","button_text":"확인"}})"},
 };
 
-std::map<std::string, std::string, std::less<>> replies;
+ScriptedReplies replies;
 
-// Its network has no pictures.
-TestPlatform& device() {
-  static TestPlatform platform;
-  [[maybe_unused]] static const bool isReady = [] {
-    platform.session->responder = [](const URLRequest& request) {
-      for (const auto& [path, body] : replies) {
-        if (request.url.path().ends_with(path)) return ScriptedURLSession::reply(200, body);
-      }
-      return ScriptedURLSession::reply(404);
-    };
-    setCurrentUserId("minji");
-    return true;
-  }();
-  return platform;
-}
-
-/// What `read` returns; a default value if it throws the error that a reply may cause.
+/// The result of `read`; a default value if it throws the error that a reply may cause.
 template <class Read>
 auto attempt(Read read) -> decltype(read()) {
   try {
@@ -68,11 +51,11 @@ void showReferralPage(std::string_view detail) {
   });
   if (!campaign) return;
   if (const auto* const referral = std::get_if<ReferralCampaign>(&campaign->type))
-    useReferralPage(*referral, *device().loop);
+    useReferralPage(*referral, *platformWith(replies).loop);
 }
 
 void replayMessages(unsigned call, std::string_view reply) {
-  auto& platform = device();
+  auto& platform = platformWith(replies);
   const NetworkConfig networkConfig{"https://api.example", {}};
   replies = goodReplies;
   if (call == 0) {

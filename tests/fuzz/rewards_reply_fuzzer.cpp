@@ -1,9 +1,9 @@
 // Takes the first byte as the call and the others as its reply: the list of vouchers ('0'), the list after
 // one was issued ('1'), the balance ('2'), a page of the history ('3') or the counts of rewards ('4'). The
 // other calls have good replies. A failure must be a value, and the screens must show what can be read.
+#include "ScriptedReplies.h"
 #include "UsedRewards.h"
 #include "base/Error.h"
-#include "model/UserManager.h"
 #include "rewards/RewardCountDTO.h"
 #include "rewards/gifticon/GifticonRemoteDTO.h"
 #include "rewards/point/FetchPointResponse.h"
@@ -11,13 +11,12 @@
 
 #include <chrono>
 #include <cstdint>
-#include <map>
 #include <string_view>
 
 namespace orrelo::test {
 namespace {
 
-const std::map<std::string, std::string, std::less<>> goodReplies{
+const ScriptedReplies goodReplies{
     {"/gifticons",
      R"([{"id":"g","tag_text":"","title":"라떼","date":"2026-12-31T00:00:00Z","state":"idle"}])"},
     {"/gifticons/download", "[]"},
@@ -29,25 +28,9 @@ const std::map<std::string, std::string, std::less<>> goodReplies{
 constexpr const char* calls[] = {"/gifticons", "/gifticons/download", "/my-point",
                                  "/point-redemption-history", "/my-rewards"};
 
-std::map<std::string, std::string, std::less<>> replies;
+ScriptedReplies replies;
 
-// Its network has no pictures.
-TestPlatform& machine() {
-  static TestPlatform platform;
-  [[maybe_unused]] static const bool isReady = [] {
-    platform.session->responder = [](const URLRequest& request) {
-      for (const auto& [path, body] : replies) {
-        if (request.url.path().ends_with(path)) return ScriptedURLSession::reply(200, body);
-      }
-      return ScriptedURLSession::reply(404);
-    };
-    setCurrentUserId("minji");
-    return true;
-  }();
-  return platform;
-}
-
-/// What `read` returns; nullopt if it throws one of the errors that a reply may cause.
+/// The result of `read`; nullopt if it throws one of the errors that a reply may cause.
 template <class Read>
 auto attempt(Read read) -> std::optional<decltype(read())> {
   try {
@@ -65,7 +48,7 @@ std::size_t countOf(const std::string& vouchers) {
 }
 
 void replay(std::string_view call, std::string_view reply) {
-  auto& platform = machine();
+  auto& platform = platformWith(replies);
   replies = goodReplies;
   replies.find(call)->second = reply;
   UsedRewards rewards(platform, {"https://api.example", {}});
