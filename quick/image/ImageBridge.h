@@ -46,7 +46,8 @@ class ImageBridge final : public orrelo::quick::ViewBridge {
   /// Starts an animation that waits because the user prefers reduced motion.
   Q_INVOKABLE void play() { image_.play(); }
 
-  /// What is drawn now: the current frame of an animation, or else the image. Null if there is none.
+  /// The image that is drawn now: the current frame of an animation, or else the image. Null if there is
+  /// none.
   ImagePtr image() const;
   /// True from an animation's first frame on.
   bool isAnimated() const { return image_.frame.value() != nullptr; }

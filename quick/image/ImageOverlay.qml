@@ -37,7 +37,7 @@ Loader {
                 isAnimating: overlay.model.showsSpinner
             }
         }
-        // In the corner, so that a view beneath keeps its own taps on the rest of the picture.
+        // The button is in the corner, so that a view beneath keeps its own taps on the rest of the picture.
         Loader {
             anchors { right: parent.right; bottom: parent.bottom }
             active: overlay.model.showsPlayButton

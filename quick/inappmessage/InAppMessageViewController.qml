@@ -119,7 +119,7 @@ FocusScope {
     PressArea {
         id: skipTodayLabel
         objectName: "skipTodayLabel"
-        // In a wide window the label stays with the picture.
+        // The label stays with the picture in a wide window.
         x: Math.max(view.edge, view.container.x + view.container.width - 15 - width)
         y: view.container.y - 20 - height
         width: Math.min(skipText.implicitWidth, view.width - 2 * view.edge)

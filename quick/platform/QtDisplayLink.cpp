@@ -14,7 +14,7 @@ using std::chrono::microseconds;
 
 constexpr std::int64_t second = microseconds(std::chrono::seconds(1)).count();
 
-// Not only top-level windows: a window may be embedded in one of another process.
+// Embedded windows count too: a window may be embedded in one of another process.
 bool isAnyWindowExposed() {
   const auto windows = QGuiApplication::allWindows();
   return std::any_of(windows.begin(), windows.end(),

@@ -135,7 +135,7 @@ void InAppMessageViewController::turnWheel(double dx, double dy, bool isMomentum
   const double notches = -(std::abs(dx) > std::abs(dy) ? dx : dy) / 120.0;
   const auto now = Platform::current().clock->steady();
   if (now < wheelHeldUntil_) {
-    // Not every system tells the momentum from the movement, which may last longer than the fixed time.
+    // Some systems do not tell the momentum from the movement, which may last longer than the fixed time.
     if (std::abs(notches) < 1.0)
       wheelHeldUntil_ = std::max<std::chrono::microseconds>(wheelHeldUntil_, now + wheelPause);
     return;

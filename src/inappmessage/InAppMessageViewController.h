@@ -121,7 +121,7 @@ class ORRELO_EXPORT InAppMessageViewController final : public ViewController {
   /// The page that the carousel is moving to.
   std::optional<std::size_t> target_;
   double wheel_ = 0.0;
-  /// By the steady clock.
+  /// A time of the steady clock.
   std::chrono::microseconds wheelHeldUntil_{0};
   reactive::DisposeBag disposeBag_;
 };

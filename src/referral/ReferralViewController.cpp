@@ -83,7 +83,7 @@ void ReferralViewController::show(const ReferralError& error) {
 }
 
 void ReferralViewController::setVerified(bool isVerified) {
-  // In this order, so that the front can move the keyboard's focus before a button is disabled.
+  // The order lets the front move the keyboard's focus before a button is disabled.
   authorizationButton->state.set({authorize, isVerified});
   verificationButton->state.set({isVerified ? verified : verify, !isVerified});
   state_.change([isVerified](State& state) {

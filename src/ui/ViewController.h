@@ -21,7 +21,7 @@ enum class ModalPresentationStyle {
   fullScreen = 0,
   /// The screens beneath stay visible and are not notified.
   overFullScreen = 5,
-  /// As `overFullScreen`; the kit's screens always fill their window.
+  /// Drawn as `overFullScreen`; the kit's screens always fill their window.
   overCurrentContext = 6
 };
 

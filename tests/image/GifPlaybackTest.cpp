@@ -82,7 +82,7 @@ class GifPlaybackTest : public testing::Test, public GifPlaybackDelegate {
     return view;
   }
   static std::shared_ptr<GifPlaybackManager> manager() { return GifPlaybackManager::shared(); }
-  /// What the view shows at each of the next ticks.
+  /// The frames that the view shows at the next ticks.
   std::string shownIn(const std::shared_ptr<ImageView>& view, int ticks) {
     std::string shown;
     for (int i = 0; i < ticks; ++i) {

@@ -31,7 +31,7 @@ TEST(StepGridTest, TakesTheCoarsestGridThatLosesFewEnoughFrames) {
       {{0.1F, 0.1F, 0.1F}, 0.8F, 144, "6 x 3: 0 1 2"},
       {{1.0F, 2.0F}, 0.8F, 120, "120 x 3: 0 1 1"},
       {{0.5F, 0.5F, 1.0F}, 0.8F, 60, "30 x 4: 0 1 2 2"},
-      // Of five frames none may be lost: 5 * (1 - 0.8F) is a little less than 1. Of six, one may.
+      // No frame of five may be lost, since 5 * (1 - 0.8F) is a little less than 1; one of six may.
       {{1.0F, 1.0F, 1.0F, 0.5F, 1.0F}, 0.8F, 60, "30 x 9: 0 0 1 1 2 2 3 4 4"},
       {{1.0F, 1.0F, 1.0F, 0.5F, 1.0F, 1.0F}, 0.8F, 60, "60 x 5: 0 1 2 4 5"},
       {{1.0F, 1.0F, 1.0F, 0.5F, 1.0F, 1.0F}, 1.0F, 60, "30 x 11: 0 0 1 1 2 2 3 4 4 5 5"},

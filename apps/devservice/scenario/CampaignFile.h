@@ -24,17 +24,17 @@ class CampaignFile {
     /// What the action gives the user or takes.
     std::optional<WalletChange> gives;
   };
-  /// What users get who redeem a friend's invitation code.
+  /// The reward of a user who redeems a friend's invitation code.
   struct Referral {
     /// The state that the user enters.
     std::string to;
     WalletChange gives;
-    /// What the user gets whose code it is.
+    /// The reward of the user who owns the code.
     WalletChange givesInviter;
-    /// What the user is told, as clients get it.
+    /// The message to the user, in the form of the reply.
     nlohmann::json rewardMessage;
   };
-  /// What the campaign's placeholders say about its user.
+  /// The values of the campaign's placeholders for its user.
   struct User {
     /// The days on which the user carried out an action.
     std::function<std::vector<std::string>(const std::string& action)> days;

@@ -76,7 +76,7 @@ class EventStore {
   EventPage lastChanges(int limit) const;
   /// The last seen first. A negative limit returns all.
   std::vector<KnownUser> users(int limit = -1) const;
-  /// As those of TokenBook.
+  /// The same limits as those of TokenBook.
   std::vector<SavedToken> tokens() const;
   std::pair<std::vector<SavedToken>, std::int64_t> tokensOf(const std::string& appKey,
                                                             const std::string& userId, int limit) const;
