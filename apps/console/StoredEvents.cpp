@@ -1,12 +1,12 @@
 #include "StoredEvents.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <string>
+#include <sstream>
 
 namespace orrelo::console {
 namespace {
 
-int printStore(const std::filesystem::path& file, std::ostream& out) {
+int listStore(const std::filesystem::path& file, std::ostream& out) {
   int count = 0;
   if (!std::filesystem::exists(file)) return count;
   const SQLite::Database database(file.string(), SQLite::OPEN_READONLY, 1000);
@@ -24,14 +24,16 @@ int printStore(const std::filesystem::path& file, std::ostream& out) {
 
 }  // namespace
 
-void printStoredEvents(const std::filesystem::path& dataDirectory, std::ostream& out) {
+std::string storedEvents(const std::filesystem::path& dataDirectory) {
+  std::ostringstream out;
   try {
-    const int hostCount = printStore(dataDirectory / "OLSCoreDataEvent.sqlite", out);
-    const int kitCount = printStore(dataDirectory / "BIEventCoreData.sqlite", out);
-    out << "stored: " << hostCount << " of the host's, " << kitCount << " of the kit's" << std::endl;
+    const int hostCount = listStore(dataDirectory / "OLSCoreDataEvent.sqlite", out);
+    const int kitCount = listStore(dataDirectory / "BIEventCoreData.sqlite", out);
+    out << "stored: " << hostCount << " of the host's, " << kitCount << " of the kit's";
   } catch (const SQLite::Exception& exception) {
-    out << "the stores cannot be read now: " << exception.what() << std::endl;
+    out << "the stores cannot be read now: " << exception.what();
   }
+  return out.str();
 }
 
 }  // namespace orrelo::console

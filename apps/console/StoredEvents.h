@@ -1,12 +1,12 @@
 #pragma once
 
 #include <filesystem>
-#include <ostream>
+#include <string>
 
 namespace orrelo::console {
 
-/// Prints the events in the kit's two stores, one per line with its id, then the counts. Opens the stores
+/// Lists the events in the kit's two stores, one per line with its id, then the counts. Opens the stores
 /// read-only.
-void printStoredEvents(const std::filesystem::path& dataDirectory, std::ostream& out);
+std::string storedEvents(const std::filesystem::path& dataDirectory);
 
 }  // namespace orrelo::console

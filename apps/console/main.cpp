@@ -41,6 +41,11 @@ constexpr auto help =
     "Values: null true 3 3.5 text \"a text\" [1, 2] set[1, 2] {key: value} date(2026-01-02T03:04:05Z) "
     "uuid(...) url(...)\n";
 
+// Writes a line in one call, so that a line of the kit's log from another thread cannot come between its parts.
+void print(const std::string& line) {
+  std::cout << line + '\n' << std::flush;
+}
+
 using Options = std::map<std::string, std::string, std::less<>>;
 
 bool readOptions(int count, char** words, Options& options) {
@@ -102,7 +107,7 @@ void handleNotification(const EventDictionary& payload, bool isTap) {
   } else {
     Orrelo::application(payload, [&](BackgroundFetchResult) { isHandled = true; });
   }
-  std::cout << (isHandled ? "the kit has handled it" : "not the kit's: left to this host") << std::endl;
+  print(isHandled ? "the kit has handled it" : "not the kit's: left to this host");
 }
 
 EventDictionary payloadFrom(const std::string& argument) {
@@ -120,7 +125,7 @@ bool runWithText(const std::string& command, const std::string& argument) {
   } else {
     return false;
   }
-  std::cout << "ok " << command << std::endl;
+  print("ok " + command);
   return true;
 }
 
@@ -139,10 +144,9 @@ void run(const std::string& line) {
     } else if (command == "send") {
       sendEvent(words);
     } else if (command == "stored") {
-      console::printStoredEvents(Platform::current().directories->data(), std::cout);
+      print(console::storedEvents(Platform::current().directories->data()));
     } else if (command == "user") {
-      std::cout << Platform::current().userDefaults->standard()->text("orrelo_user_id").value_or("-")
-                << std::endl;
+      print(Platform::current().userDefaults->standard()->text("orrelo_user_id").value_or("-"));
     } else if (command == "log") {
       ORLLogger::enable();
     } else if (command == "quit") {
@@ -151,9 +155,9 @@ void run(const std::string& line) {
       std::cout << help << std::flush;
       return;
     }
-    std::cout << "ok " << command << std::endl;
+    print("ok " + command);
   } catch (const std::exception& exception) {
-    std::cout << "no: " << exception.what() << std::endl;
+    print(std::string("no: ") + exception.what());
   }
 }
 
@@ -181,7 +185,7 @@ int main(int count, char** words) {
                                      .cacheDirectory = options["--data"]}));
   if (options.contains("--service")) chooseDevelopmentService(options);
   Orrelo::initialize(ORLConfig(options.contains("--app-key") ? options["--app-key"] : "demo"));
-  std::cout << "ready; type help" << std::endl;
+  print("ready; type help");
   if (notification) loop.post([payload = *notification] { handleNotification(payload, true); });
 
   std::thread([&loop] {
