@@ -41,7 +41,8 @@ constexpr auto help =
     "Values: null true 3 3.5 text \"a text\" [1, 2] set[1, 2] {key: value} date(2026-01-02T03:04:05Z) "
     "uuid(...) url(...)\n";
 
-// Writes a line in one call, so that a line of the kit's log from another thread cannot come between its parts.
+// Writes a line in one call, so that a line of the kit's log from another thread cannot come between its
+// parts.
 void print(const std::string& line) {
   std::cout << line + '\n' << std::flush;
 }

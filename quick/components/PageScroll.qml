@@ -18,6 +18,7 @@ Flickable {
     contentHeight: column.y + column.height + bottomPadding
     boundsBehavior: Flickable.DragAndOvershootBounds
     flickableDirection: Flickable.VerticalFlick
+    pixelAligned: Screen.devicePixelRatio === 1  // text and images are not resampled while the page scrolls
     clip: true
     focus: true
 

@@ -61,10 +61,8 @@ void BitmapItem::setCornerRadius(double radius) {
 void BitmapItem::showFrame() {
   if (!source_->isAnimated()) {
     tracker_.reset();
-    frames_.clear();
   } else if (!tracker_) {
     tracker_ = std::make_unique<PlacementTracker>(*this, [this](ImageView::Placement placement) {
-      if (!placement.isOnScreen) frames_.clear();
       if (source_) source_->setPlacement(*this, placement);
     });
   }
@@ -81,10 +79,9 @@ QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
   if (node == nullptr) node = new PictureNode(window()->createImageNode());
   const double ratio = window()->effectiveDevicePixelRatio();
   const auto pixels = (size() * ratio).toSize();
-  auto* const frames = source_->isAnimated() ? &frames_ : nullptr;
   node->show(cornerRadius_ > 0
                  ? PictureTexture::rounded(*window(), image, pixels, qRound(cornerRadius_ * ratio))
-                 : PictureTexture::of(*window(), image, pixels, frames),
+                 : PictureTexture::of(*window(), image, pixels),
              boundingRect());
   return node;
 }

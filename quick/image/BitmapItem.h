@@ -1,6 +1,5 @@
 #pragma once
 
-#include "quick/image/FramePictures.h"
 #include "quick/image/ImageBridge.h"
 #include "quick/image/PlacementTracker.h"
 
@@ -43,8 +42,6 @@ class BitmapItem : public QQuickItem {
   double cornerRadius_ = 0.0;
   /// Null unless the image is an animation.
   std::unique_ptr<PlacementTracker> tracker_;
-  /// Empty while the animation cannot be seen.
-  FramePictures frames_;
 };
 
 }  // namespace orrelo::quick

@@ -18,6 +18,11 @@ Item {
     /// The height of the loaded image at the view's width, for a view that adapts its height.
     readonly property real heightForWidth: model.showsSpinner ? Math.max(model.height, loadingHeight) : model.height
 
+    // An image in its own size is drawn without resampling only at a whole number of device pixels.
+    function inDevicePixels(position) {
+        return Math.round(position * Screen.devicePixelRatio) / Screen.devicePixelRatio
+    }
+
     clip: !model.fits
     visible: drawing.status === Image.Ready || hasContent
     Accessible.ignored: true
@@ -34,7 +39,8 @@ Item {
     }
     BitmapItem {
         id: bitmap
-        anchors.centerIn: parent
+        x: view.inDevicePixels((view.width - width) / 2)
+        y: view.inDevicePixels((view.height - height) / 2)
         visible: view.bitmapSize.width > 0
         width: !visible ? 0 : view.cornerRadius > 0 ? view.width : view.bitmapSize.width * view.shrink
         height: !visible ? 0 : view.cornerRadius > 0 ? view.height : view.bitmapSize.height * view.shrink

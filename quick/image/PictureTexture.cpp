@@ -21,7 +21,7 @@ QImage toQt(const ImagePtr& image) {
           bitmap.width,
           bitmap.height,
           qsizetype{bitmap.width} * Bitmap::bytesPerPixel,
-          QImage::Format_RGBA8888_Premultiplied,
+          bitmap.isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied,
           [](void* kept) { delete static_cast<ImagePtr*>(kept); },
           new ImagePtr(image)};
 }
@@ -73,14 +73,11 @@ PictureTexture::PictureTexture(QQuickWindow& window, ImagePtr image, const QImag
     : image_(std::move(image)), texture_(window.createTextureFromImage(picture)) {}
 
 std::shared_ptr<const PictureTexture> PictureTexture::of(QQuickWindow& window, const ImagePtr& image,
-                                                         QSize pixels, FramePictures* frames) {
+                                                         QSize pixels) {
   const auto size = sizeOf({image->bitmap.width, image->bitmap.height}, pixels.expandedTo({1, 1}),
                            maximumTextureSide(window));
   return find(window, image, size, 0, [&] {
-    const bool isSoftware = window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
-    QImage picture;
-    if (frames != nullptr && isSoftware) picture = frames->of(image);
-    if (picture.isNull()) picture = toQt(image);
+    const auto picture = toQt(image);
     return picture.size() == size ? picture
                                   : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   });

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "image/Image.h"
-#include "quick/image/FramePictures.h"
 
 #include <QImage>
 #include <QQuickWindow>
@@ -17,10 +16,8 @@ namespace orrelo::quick {
 /// memory and is drawn smoothly, and not larger than the renderer's limit. Used on the render thread only.
 class PictureTexture {
  public:
-  /// `frames` is null for an image that stays, whose pixels are not copied if possible; otherwise the image
-  /// is a frame of that animation.
-  static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels,
-                                                  FramePictures* frames = nullptr);
+  /// The pixels are not copied if possible.
+  static std::shared_ptr<const PictureTexture> of(QQuickWindow& window, const ImagePtr& image, QSize pixels);
 
   /// The part of the image that covers `pixels` device pixels, with transparent corners of this radius. The
   /// texture has exactly this size.

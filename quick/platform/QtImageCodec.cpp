@@ -15,7 +15,9 @@
 namespace orrelo::quick {
 namespace {
 
-constexpr auto bitmapFormat = QImage::Format_RGBA8888_Premultiplied;
+// Without an alpha channel Qt's readers fill the alpha byte with 0xFF, so that both are a bitmap's format.
+constexpr auto bitmapFormat = QImage::Format_ARGB32_Premultiplied;
+constexpr auto opaqueBitmapFormat = QImage::Format_RGB32;
 
 // Checks the size in the file's header, also in the reader's own format, which may exceed 32 bits per pixel.
 bool isAllowed(const QImageReader& reader) {
@@ -60,6 +62,7 @@ QImage makeImage(QSize size, QImage::Format format) {
 // Converts the image in place if its pixels have the same size. This is done row by row because Qt converts
 // in place only images that it has allocated itself.
 QImage inBitmapFormat(QImage image) {
+  if (image.format() == bitmapFormat || image.format() == opaqueBitmapFormat) return image;
   const bool isInPlace = image.depth() == 8 * Bitmap::bytesPerPixel;
   auto converted = isInPlace ? QImage(image.width(), 1, bitmapFormat) : makeImage(image.size(), bitmapFormat);
   if (converted.isNull()) return converted;
@@ -97,13 +100,14 @@ std::optional<Bitmap> QtImageCodec::decode(std::string_view bytes) {
   if (image->isNull() || !Bitmap::isAllowed(image->width(), image->height())) return std::nullopt;
   // Rows are contiguous because a pixel has four bytes.
   return Bitmap{image->width(), image->height(), 1.0,
-                std::shared_ptr<const std::uint8_t[]>(image, image->constBits())};
+                std::shared_ptr<const std::uint8_t[]>(image, image->constBits()),
+                image->format() == opaqueBitmapFormat};
 }
 
 std::optional<std::string> QtImageCodec::encode(const Bitmap& bitmap) {
   if (!Bitmap::isAllowed(bitmap.width, bitmap.height)) return std::nullopt;
   const QImage image(bitmap.pixels.get(), bitmap.width, bitmap.height, bitmap.width * Bitmap::bytesPerPixel,
-                     bitmapFormat);
+                     bitmap.isOpaque ? opaqueBitmapFormat : bitmapFormat);
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);
   if (!QImageWriter(&buffer, "png").write(image)) return std::nullopt;

@@ -16,9 +16,12 @@ Column {
             required property var modelData
             readonly property Item block: loader.item as Item
             readonly property bool hasBlock: block?.visible ?? false
+            readonly property real exactHeight: (hasBlock ? block.height : 0) + modelData.spacingAfter
 
             width: stack.width
-            height: (hasBlock ? block.height : 0) + modelData.spacingAfter
+            // In whole device pixels, so that images further down are drawn without resampling. Rounded down, so that
+            // images without spacing leave no gap.
+            height: Math.floor(exactHeight * Screen.devicePixelRatio) / Screen.devicePixelRatio
             z: block?.z ?? 0
 
             Loader {

@@ -49,6 +49,7 @@ Bitmap downsampled(const Bitmap& bitmap, int width, int height) {
     for (const float value : row) *out++ = static_cast<std::uint8_t>(std::min(value + 0.5F, 255.0F));
   }
   result.pixels = pixels;
+  result.isOpaque = bitmap.isOpaque;
   return result;
 }
 

@@ -16,8 +16,11 @@ struct Bitmap {
   int height = 0;
   /// In pixels per point.
   double scale = 1.0;
-  /// Tightly packed rows from top to bottom, in RGBA with premultiplied alpha.
+  /// Tightly packed rows from top to bottom. A pixel is an integer 0xAARRGGBB in the machine's byte order
+  /// with premultiplied alpha, which software renderers draw without converting it.
   std::shared_ptr<const std::uint8_t[]> pixels;
+  /// True only if every pixel is known to be opaque.
+  bool isOpaque = false;
 
   /// The size of the pixels in bytes.
   static constexpr std::size_t sizeOf(int width, int height) {

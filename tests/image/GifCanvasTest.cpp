@@ -27,7 +27,7 @@ std::string dataFile(const std::string& name) {
 }
 const std::vector<std::string> realFiles{"gradient", "optimized", "background", "previous", "interlaced"};
 
-/// The bytes of all frames, one after the other.
+/// The red, green, blue and alpha bytes of all frames, one after the other.
 std::string pixelsOf(const std::string& bytes) {
   std::string pixels;
   const auto file = fileOf(bytes);
@@ -36,7 +36,11 @@ std::string pixelsOf(const std::string& bytes) {
   for (std::size_t i = 0; i < file->frames().size(); ++i) {
     const auto bitmap = canvas.frame(i);
     if (!bitmap || bitmap->width != file->width() || bitmap->height != file->height()) return "not drawn";
-    pixels.append(reinterpret_cast<const char*>(bitmap->pixels.get()), bitmap->size());
+    for (std::size_t pixel = 0; pixel < bitmap->size(); pixel += 4) {
+      std::uint32_t color = 0;
+      std::memcpy(&color, bitmap->pixels.get() + pixel, sizeof(color));
+      for (const int shift : {16, 8, 0, 24}) pixels += static_cast<char>(color >> shift & 0xFFU);
+    }
   }
   return pixels;
 }

@@ -2,6 +2,8 @@
 
 #include "image/Image.h"
 
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -82,10 +84,11 @@ inline std::string gifFile(int width, int height, const std::vector<GifFrameText
 /// The rows of a bitmap of such a file, with '.' for transparent pixels, separated by '/'.
 inline std::string textOf(const Bitmap& bitmap) {
   std::string text;
-  const auto* const pixels = bitmap.pixels.get();
   for (std::size_t i = 0; i < bitmap.size(); i += 4) {
     if (i > 0 && i / 4 % static_cast<std::size_t>(bitmap.width) == 0) text += '/';
-    text += pixels[i + 3] == 0 ? '.' : static_cast<char>(pixels[i]);
+    std::uint32_t color = 0;
+    std::memcpy(&color, bitmap.pixels.get() + i, sizeof(color));
+    text += color == 0 ? '.' : static_cast<char>(color >> 16U & 0xFFU);
   }
   return text;
 }

@@ -5,6 +5,7 @@
 #include <QtGui/QImageWriter>
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <fstream>
 #include <gmock/gmock.h>
 
@@ -34,9 +35,11 @@ std::string file(const QImage& image, const char* format, QImageIOHandler::Trans
   return buffer.data().toStdString();
 }
 
+/// Red, green, blue and alpha.
 std::vector<int> pixel(const Bitmap& bitmap, int x, int y) {
-  const auto* const bytes = bitmap.pixels.get() + std::ptrdiff_t{4} * (y * bitmap.width + x);
-  return {bytes, bytes + 4};
+  QRgb color = 0;
+  std::memcpy(&color, bitmap.pixels.get() + std::ptrdiff_t{4} * (y * bitmap.width + x), sizeof(color));
+  return {qRed(color), qGreen(color), qBlue(color), qAlpha(color)};
 }
 
 auto near(std::vector<int> colour) {

@@ -3,7 +3,6 @@
 #include "image/gif/GifReader.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -48,6 +47,7 @@ Bitmap GifCanvas::draw(std::size_t index) {
   const auto pixels = buffers_->take();
   std::memcpy(pixels.get(), canvas_.data(), bitmap.size());
   bitmap.pixels = pixels;
+  bitmap.isOpaque = std::find(canvas_.begin(), canvas_.end(), Pixel{0}) == canvas_.end();
   return bitmap;
 }
 
@@ -92,13 +92,11 @@ void GifCanvas::keepForRestoring(const GifFrame& frame) {
   changeRows(frame, [&](const Pixel* row, int count) { covered_.insert(covered_.end(), row, row + count); });
 }
 
-// The bytes of a colour lie as they do in a bitmap, whatever the byte order of the machine.
 void GifCanvas::takeColors(const GifFrame& frame) {
   std::fill(std::begin(colors_), std::end(colors_), Pixel{0});
   auto* target = std::begin(colors_);
   for (const auto& color : reader_->colors()) {
-    const std::array<std::uint8_t, 4> bytes{color.Red, color.Green, color.Blue, 0xFF};
-    std::memcpy(target++, bytes.data(), bytes.size());
+    *target++ = 0xFF000000U | Pixel{color.Red} << 16U | Pixel{color.Green} << 8U | Pixel{color.Blue};
   }
   if (frame.transparent >= 0) colors_[frame.transparent] = 0;
 }

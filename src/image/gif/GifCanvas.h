@@ -32,7 +32,7 @@ class GifCanvas {
   int decodeCount() const { return decodeCount_; }
 
  private:
-  /// Four bytes of a bitmap.
+  /// A pixel of a bitmap.
   using Pixel = std::uint32_t;
   struct Area {
     int left, top, right, bottom;
