@@ -17,6 +17,7 @@ class Application;
 class Clock;
 class DisplayLink;
 class EventDatabaseFactory;
+class EventJournal;
 class ImageCodec;
 class Random;
 class URLSession;
@@ -79,6 +80,7 @@ struct ORRELO_EXPORT Platform {
   std::shared_ptr<URLSession> urlSession;
   std::shared_ptr<UserDefaultsFactory> userDefaults;
   std::shared_ptr<EventDatabaseFactory> eventDatabases;
+  std::shared_ptr<EventJournal> eventJournal;
   std::shared_ptr<Directories> directories;
   std::shared_ptr<Device> device;
   std::shared_ptr<Bundle> mainBundle;
