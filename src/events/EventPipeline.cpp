@@ -19,11 +19,14 @@ std::shared_ptr<EventPipeline> EventPipeline::create(EventDao dao, Options optio
   return pipeline;
 }
 
-void EventPipeline::save(const Event& event) {
-  dao_.insert(event, [weak = weak_from_this()](const auto& result) {
-    if (result.index() != 0) return;
-    if (const auto self = weak.lock()) self->queueSource_.onNext({});
-  });
+void EventPipeline::save(const Event& event, bool mayBeStored, SaveCompletion completion) {
+  dao_.insert(event, mayBeStored,
+              [weak = weak_from_this(), completion = std::move(completion)](const auto& result) {
+                const auto* const failure = std::get_if<Error>(&result);
+                const auto self = weak.lock();
+                if (failure == nullptr && self) self->queueSource_.onNext({});
+                if (completion) completion(failure == nullptr ? std::nullopt : std::optional(*failure));
+              });
 }
 
 void EventPipeline::start() {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace orrelo {
@@ -48,8 +49,13 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
 
   static std::shared_ptr<EventPipeline> create(EventDao dao, Options options);
 
-  /// Returns at once. An event that the store rejects is lost silently. Any thread.
-  void save(const Event& event);
+  /// Called once, on the stores' thread: after the commit, or with the reason for which the store has refused
+  /// the event.
+  using SaveCompletion = std::function<void(const std::optional<Error>& failure)>;
+
+  /// Returns at once. `mayBeStored` looks for the event in the store before inserting it. Without a
+  /// completion an event that the store refuses is lost silently. Any thread.
+  void save(const Event& event, bool mayBeStored, SaveCompletion completion);
 
   /// Stops sending, so that another pipeline can take over; `save` continues to store events. Any thread.
   void stop();
