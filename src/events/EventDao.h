@@ -32,10 +32,6 @@ class EventDao {
     mayBeStored ? database_->insertOnce(std::move(row), std::move(completion))
                 : database_->insert(std::move(row), std::move(completion));
   }
-  /// Does nothing if an event with the same time and id is already stored.
-  void insertOnce(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
-    database_->insertOnce(mapper_.toRow(event), std::move(completion));
-  }
   /// Fetches the oldest events, sorted by time. The rows are converted on `scheduler`, on which the stream
   /// also emits; an empty list is emitted on the stores' thread. Aborts the process if a row is not a valid
   /// event, since only the kit writes the store.
