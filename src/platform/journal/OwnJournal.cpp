@@ -274,8 +274,8 @@ void OwnJournal::maintain(std::function<void(const std::string& ownName)> next) 
 }
 
 void OwnJournal::examine(const FilePtr& file, bool hasWriter) {
+  const bool isUsable = hasWriter && file->hasKeeper() && file->isWhole();
   writeReleases(file);
-  const bool isUsable = hasWriter && file->isWhole();
   {
     const std::lock_guard lock(mutex_);
     if (file != file_) return;  // a new one has just taken its place
