@@ -155,13 +155,14 @@ TEST_F(FileEventJournalTest, leavesToTheNextProcessWhatIsNotReleased) {
   EXPECT_THAT(textsOf(adopted), ElementsAre("a", "", "e"));
   EXPECT_THAT(adopt(*adopter), IsEmpty());
   EXPECT_THAT(left(), IsEmpty());
-  adopter->release({adopted[0].begin()->first});
+  adopter->release({adopted.at(0).begin()->first});
   adopter.reset();
   EXPECT_THAT(left(), ElementsAre("", "e"));
 
   adopter = open();
   append(*adopter, "own");
-  for (const auto& [position, content] : adopt(*adopter).at(0)) adopter->release({position, position});
+  adopted = adopt(*adopter);
+  for (const auto& [position, content] : adopted.at(0)) adopter->release({position, position});
   EXPECT_THAT(files(), SizeIs(1));
   adopter.reset();
   EXPECT_THAT(left(), ElementsAre("own"));
