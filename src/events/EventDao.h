@@ -28,10 +28,6 @@ class EventDao {
   void insert(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
     database_->insert(mapper_.toRow(event), std::move(completion));
   }
-  /// Does nothing if an event with the same time and id is already stored.
-  void insertOnce(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
-    database_->insertOnce(mapper_.toRow(event), std::move(completion));
-  }
   /// Fetches the oldest events, sorted by time. The rows are converted on `scheduler`, on which the stream
   /// also emits; an empty list is emitted on the stores' thread. Aborts the process if a row is not a valid
   /// event, since only the kit writes the store.

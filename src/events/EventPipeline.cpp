@@ -39,7 +39,7 @@ void EventPipeline::start() {
       .buffer(options_.timeSpan, options_.count, options_.mainScheduler)
       .map([](const std::vector<Unit>&) { return Unit{}; })  // one tick, regardless of the number of signals
       .subscribeOn(options_.concurrentScheduler)
-      .observeOn(options_.concurrentScheduler)
+      // An idle tick starts on the main thread, without waking another one: the store's steps return at once.
       .concatMap([weak, deallocated](const Unit&) {
         const auto self = weak.lock();
         return self ? self->acquireSending() : reactive::error<Unit>(deallocated);
@@ -92,7 +92,8 @@ Observable<Unit> EventPipeline::acceptSending(const std::shared_ptr<const void>&
 
 template <class T>
 Observable<T> EventPipeline::inStore(Observable<T> step, const char* name) const {
-  return waitingOutRefusals(std::move(step), dao_.location() + ": " + name, options_.concurrentScheduler);
+  const auto describe = [dao = dao_, name] { return dao.location() + ": " + name; };
+  return waitingOutRefusals(std::move(step), describe, options_.concurrentScheduler);
 }
 
 Observable<Unit> EventPipeline::removeStale() {
