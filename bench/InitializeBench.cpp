@@ -1,5 +1,5 @@
-// Measures `Orrelo::initialize` with existing stores and the journal of an ended process, each sample in its own
-// process.
+// Measures `Orrelo::initialize` with existing stores and the journal of an ended process, each sample in its
+// own process.
 #include "Benches.h"
 #include "DevService.h"
 #include "Targets.h"
@@ -35,8 +35,8 @@ void leaveJournal(const std::filesystem::path& data) {
   FileEventJournal journal({platform.directories, platform.clock, platform.random,
                             std::make_shared<WriterQueue>(), platform.workers});
   for (int i = 0; i < 1000; ++i) {
-    const auto record = EventRecord::encode(platform.random->uuid(), platform.clock->now(), "user-1", "purchase",
-                                            {{"item", "blue shoes"}, {"price", 39.9}});
+    const auto record = EventRecord::encode(platform.random->uuid(), platform.clock->now(), "user-1",
+                                            "purchase", {{"item", "blue shoes"}, {"price", 39.9}});
     if (journal.append(record).index() != 0) throw std::runtime_error("the journal is not written");
   }
 }
