@@ -25,7 +25,7 @@ class EventDao {
 
   /// Takes a callback instead of returning a stream: there may be hundreds of thousands of inserts, and a
   /// stream for each would cost more than the row. `completion` runs on the stores' thread, after the commit.
-  /// `mayBeStored` looks for the event before inserting it.
+  /// `mayBeStored` looks for an event with the same time and id before inserting it.
   void insert(const Event& event, bool mayBeStored,
               EventDatabase::Completion<std::monostate> completion) const {
     auto row = mapper_.toRow(event);
