@@ -16,6 +16,7 @@
 #include <orrelo/platform/Clock.h>
 
 #include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <map>
 #include <mutex>
@@ -84,6 +85,10 @@ struct EventIntake::State {
   std::mutex mutex;
   std::shared_ptr<Connection> connection;
   std::size_t connectionCount = 0;
+  /// FetchConfigUseCase::disabled of the connection. The caller's thread reads it without a lock, so that the
+  /// former ones, a few bytes each, stay alive.
+  std::atomic<const std::atomic<bool>*> disabled = nullptr;
+  std::vector<std::shared_ptr<const std::atomic<bool>>> keptDisabled;
   std::vector<std::vector<Queued>> adopted;
   std::vector<Queued> queue;
   /// True while a task is posted or running that will process the queues.
@@ -116,6 +121,8 @@ void EventIntake::connect(Destination destination) {
     const std::lock_guard lock(state_.mutex);
     former = std::exchange(state_.connection, std::make_shared<State::Connection>(std::move(destination)));
     connection = ++state_.connectionCount;
+    state_.keptDisabled.push_back(state_.connection->destination.fetchConfigUseCase->disabled());
+    state_.disabled = state_.keptDisabled.back().get();
     questions.swap(state_.questions);
     // The tasks may have been posted to another platform's pool, which runs no more.
     state_.isScheduled = true;
@@ -142,12 +149,16 @@ void EventIntake::accept(const BIEvent& event) {
 }
 
 bool EventIntake::isDisabled() const {
+  const auto* const disabled = state_.disabled.load(std::memory_order_acquire);
+  if (disabled == nullptr || !disabled->load(std::memory_order_relaxed)) return false;
   std::shared_ptr<State::Connection> connection;
   {
     const std::lock_guard lock(state_.mutex);
     connection = state_.connection;
   }
-  return connection && connection->destination.fetchConfigUseCase->isDisabled();
+  if (!connection) return false;
+  const auto config = connection->destination.fetchConfigUseCase->freshConfig();
+  return config && !config->sdkEnable;
 }
 
 void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record, EventValues&& values) {
