@@ -431,7 +431,27 @@ TEST_P(JournalForkTest, givesAForkedChildAJournalOfItsOwn) {
   }
   isDone = true;
   writer.join();
-  EXPECT_THAT(adopt(*open()), AllOf(SizeIs(children)));
+  EXPECT_THAT(adopt(*open()), SizeIs(children));
+}
+
+TEST_P(JournalForkTest, leavesNoLockToAChildThatOutlivesIt) {
+  std::array<int, 2> pipeEnds{};
+  ASSERT_EQ(pipe(pipeEnds.data()), 0);
+  const auto host = forked([&] {
+    const auto journal = openWithThreads();
+    append(*journal, "a");
+    const auto child = GetParam()();
+    while (child == 0) pause();
+    if (write(pipeEnds[1], &child, sizeof(child)) == ssize_t{sizeof(child)}) kill(getpid(), SIGKILL);
+    return false;
+  });
+  pid_t child = 0;
+  ASSERT_EQ(read(pipeEnds[0], &child, sizeof(child)), ssize_t{sizeof(child)});
+  waitpid(host, nullptr, 0);
+  EXPECT_THAT(left(), ElementsAre("a"));
+  kill(child, SIGKILL);
+  close(pipeEnds[0]);
+  close(pipeEnds[1]);
 }
 
 }  // namespace
