@@ -38,14 +38,20 @@ using Positions = std::vector<EventJournal::Position>;
 using Refusal = EventJournal::Refusal;
 using Texts = std::vector<std::string>;
 
-/// Runs each task inside `post`, so that a test sees its effects at once.
+/// Runs each task inside `post`, so that a test sees its effects at once, unless the workers are held.
 class ImmediateExecutor final : public SerialExecutor, public WorkerPool {
  public:
   void post(SerialExecutor::Task task) override { task(); }
-  void post(QualityOfService, WorkerPool::Task task) override { task(); }
+  void post(QualityOfService, WorkerPool::Task task) override {
+    if (holdsWorkers) return held.push_back(std::move(task));
+    task();
+  }
   void postAfter(QualityOfService, std::chrono::microseconds, WorkerPool::Task) override {
     FAIL() << "not used";
   }
+
+  bool holdsWorkers = false;
+  std::vector<WorkerPool::Task> held;
 };
 
 std::shared_ptr<std::string> recordOf(const std::string& content) {
@@ -327,6 +333,25 @@ TEST_F(FileEventJournalTest, freesTheBytesOfReleasedRecords) {
   EXPECT_THAT(bytesInFolder(), AllOf(HasSubstr("first"), HasSubstr("second")));
   journal->release({first});
   EXPECT_THAT(left(), IsEmpty());
+}
+
+TEST_F(FileEventJournalTest, carriesWhatChangesWhileItsFileIsReplaced) {
+  auto journal = open();
+  append(*journal, "kept");
+  const auto gone = append(*journal, "gone");
+  Positions positions;
+  for (int n = 0; n < 10; ++n) positions.push_back(append(*journal, std::string(200'000, 'x')));
+  executor_->holdsWorkers = true;
+  journal->release(positions);
+  const auto added = append(*journal, "added and gone");
+  append(*journal, "added");
+  journal->release({gone, added});
+  ASSERT_THAT(executor_->held, SizeIs(1));
+  for (const auto& task : executor_->held) task();
+  EXPECT_LT(bytesInFolder().size(), 1000U);
+  append(*journal, "later");
+  journal.reset();
+  EXPECT_THAT(left(), ElementsAre("kept", "added", "later"));
 }
 
 int descriptorOf(const std::filesystem::path& path) {
