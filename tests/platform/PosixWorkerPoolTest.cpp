@@ -1,7 +1,9 @@
 #include "base/Utf8.h"
+#include "platform/store/WriterQueue.h"
 #include "platform/threads/KitThread.h"
 #include "platform/threads/PosixWorkerPool.h"
 
+#include <array>
 #include <atomic>
 #include <cstdlib>
 #include <future>
@@ -13,6 +15,8 @@
 #include <mutex>
 #include <stdexcept>
 #include <string>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <vector>
 
 namespace orrelo::test {
@@ -46,6 +50,27 @@ class PosixWorkerPoolTest : public ::testing::Test {
   std::vector<std::string> notes_;
   std::unique_ptr<WorkerPool> pool_ = std::make_unique<PosixWorkerPool>();
 };
+
+// A thread shares the descriptors of the thread that starts it, and those of the stores' thread are separate.
+TEST_F(PosixWorkerPoolTest, runsTheTasksOfTheStoresThreadWithTheDescriptorsOfTheProcess) {
+  std::array<int, 2> pipeEnds{};
+  ASSERT_EQ(pipe(pipeEnds.data()), 0);
+  const auto inodeHere = [number = pipeEnds[0]] {
+    struct stat status {};
+    return fstat(number, &status) == 0 ? status.st_ino : ino_t{0};
+  };
+  std::latch posted{1};
+  std::promise<ino_t> inode;
+  WriterQueue stores;
+  pool_->post(QualityOfService::standard, [&] { posted.wait(); });  // the only thread is busy
+  stores.post([&] {
+    pool_->post(QualityOfService::standard, [&] { inode.set_value(inodeHere()); });
+    posted.count_down();
+  });
+  EXPECT_EQ(inode.get_future().get(), inodeHere());
+  close(pipeEnds[0]);
+  close(pipeEnds[1]);
+}
 
 TEST_F(PosixWorkerPoolTest, startsUrgentTasksFirstAndOldOnesFirstWithinAClass) {
   occupy();

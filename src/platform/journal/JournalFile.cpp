@@ -76,6 +76,7 @@ JournalFile::Attempt JournalFile::make(Maker maker) {
   const bool isLocked = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
   if (!isLocked || !identity || FileIdentity::of(temporaryPath_) != identity) {
     const bool isTaken = isLocked || errno == EWOULDBLOCK;
+    if (!isTaken) ::unlink(temporaryPath_.c_str());  // this file system has no locks
     closeIfOpen(descriptor);
     return isTaken ? Attempt::nameTaken : Attempt::failed;
   }

@@ -3,6 +3,7 @@
 #include "base/Logger.h"
 #include "platform/journal/JournalFormat.h"
 #include "platform/journal/createJournalFile.h"
+#include "platform/threads/KitThread.h"
 
 #include <chrono>
 #include <utility>
@@ -78,8 +79,9 @@ bool OwnJournal::acquireFile(Lock& lock) {
   if (environment_.clock->steady() < nextCreation_) return false;
   isCreating_ = true;
   lock.unlock();
-  auto file = createJournalFile(
-      environment_, kind_ == Kind::ofProcess ? JournalFile::Maker::keeper : JournalFile::Maker::writer);
+  FilePtr file;
+  const auto maker = kind_ == Kind::ofProcess ? JournalFile::Maker::keeper : JournalFile::Maker::writer;
+  runGuarded([&] { file = createJournalFile(environment_, maker); });
   lock.lock();
   isCreating_ = false;
   file_ = std::move(file);

@@ -25,6 +25,8 @@ struct Creation {
 };
 
 FilePtr createOnExecutor(const JournalEnvironment& environment) {
+  // A worker must exist before the executor posts to the pool, since no thread can be started there.
+  environment.workers->post(QualityOfService::background, [] {});
   const auto creation = std::make_shared<Creation>();
   environment.executor->post([environment, creation] {
     std::unique_lock lock(creation->mutex);

@@ -11,11 +11,21 @@
 #endif
 
 namespace orrelo {
+namespace {
+
+thread_local bool isSeparate = false;
+
+}  // namespace
+
+bool hasSeparateDescriptors() {
+  return isSeparate;
+}
 
 void separateDescriptors() {
 #ifdef __linux__
   // A copy of a descriptor would keep open what the host closes. Log lines need the standard streams.
   if (close_range(3, std::numeric_limits<unsigned>::max(), CLOSE_RANGE_UNSHARE) != 0) return;
+  isSeparate = true;
   // The low numbers are occupied: a descriptor of another thread that is used here by mistake (a wake-up of
   // the network's thread when a request is cancelled) must not write into a store.
   constexpr rlim_t mostReserved = 512;

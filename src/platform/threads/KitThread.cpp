@@ -4,6 +4,7 @@
 #include "base/Logger.h"
 #include "base/Utf8.h"
 #include "platform/posix/ForkedChild.h"
+#include "platform/store/separateDescriptors.h"
 
 #include <atomic>
 #include <chrono>
@@ -11,6 +12,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <pthread.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -74,6 +76,9 @@ ExitBlocker::~ExitBlocker() {
 }
 
 std::thread startKitThread(const char* name, std::function<void()> body) {
+  // A new thread shares the table of its creator, in which the numbers of the process mean other files.
+  if (hasSeparateDescriptors())
+    throw std::system_error(std::make_error_code(std::errc::operation_not_permitted));
   const auto generation = processGeneration();
   const auto former = threadsGeneration.exchange(generation);
   // In a forked child: what the parent's threads are doing does not end here.

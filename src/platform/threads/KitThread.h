@@ -27,7 +27,7 @@ class ExitBlocker {
 };
 
 /// Starts a thread that blocks the host's signals. Its name may have at most 15 characters. Throws
-/// std::system_error if no thread can be created.
+/// std::system_error if no thread can be created, and on the stores' thread, whose descriptors are separate.
 std::thread startKitThread(const char* name, std::function<void()> body);
 
 /// True on a thread that `startKitThread` has started.

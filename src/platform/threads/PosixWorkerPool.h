@@ -6,8 +6,8 @@
 
 namespace orrelo {
 
-/// A pool of at most four threads, which are started on demand. Tasks that have not started when the process
-/// begins to exit are not run.
+/// A pool of at most four threads, which are started on demand, but not by posts of the stores' thread. Tasks
+/// that have not started when the process begins to exit are not run.
 class PosixWorkerPool final : public WorkerPool {
  public:
   PosixWorkerPool();
