@@ -9,6 +9,7 @@
 
 #include <orrelo/Date.h>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -24,6 +25,8 @@ class ConfigRepository {
   virtual reactive::Observable<Config> fetch() = 0;
   /// The configuration that `fetch` would emit at once; null if it would ask the service. Any thread.
   virtual std::shared_ptr<const Config> freshConfig() const = 0;
+  /// True if `freshConfig` disables the kit. Every event calls this. Any thread.
+  virtual bool isDisabled() const = 0;
 };
 
 /// Caches the service's reply in memory for 60 seconds, then asks the service again. If that fails, falls
@@ -43,6 +46,7 @@ class ConfigRepositoryImpl final : public ConfigRepository,
 
   reactive::Observable<Config> fetch() override;
   std::shared_ptr<const Config> freshConfig() const override;
+  bool isDisabled() const override { return isCacheDisabled_ && freshConfig() != nullptr; }
 
  private:
   ConfigRepositoryImpl(ConfigLocalDataSource localDataSource, ConfigRemoteDataSource remoteDataSource,
@@ -53,6 +57,7 @@ class ConfigRepositoryImpl final : public ConfigRepository,
   mutable std::mutex mutex_;
   std::shared_ptr<const Config> cachedConfig_;
   std::optional<Date> cacheExpiredDate_;
+  std::atomic<bool> isCacheDisabled_ = false;
   ConfigLocalDataSource localDataSource_;
   ConfigRemoteDataSource remoteDataSource_;
   CurrentDateGenerator currentDateGenerator_;

@@ -18,6 +18,8 @@ class FetchConfigUseCase {
   virtual reactive::Observable<Config> fetch() = 0;
   /// See ConfigRepository::freshConfig.
   virtual std::shared_ptr<const Config> freshConfig() const = 0;
+  /// See ConfigRepository::isDisabled.
+  virtual bool isDisabled() const = 0;
 };
 
 class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
@@ -27,6 +29,7 @@ class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
 
   reactive::Observable<Config> fetch() override { return repository_->fetch(); }
   std::shared_ptr<const Config> freshConfig() const override { return repository_->freshConfig(); }
+  bool isDisabled() const override { return repository_->isDisabled(); }
 
  private:
   std::shared_ptr<ConfigRepository> repository_;

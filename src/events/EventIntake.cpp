@@ -55,6 +55,8 @@ struct EventIntake::Queued {
   std::optional<EventJournal::Position> position;
   FlushWaiters::Ticket ticket;
   bool isAdopted;
+  /// Kept only to be destroyed by the worker, since that takes a tenth of the time of the host's call.
+  EventValues values;
 };
 
 /// An event on its way to the store.
@@ -128,14 +130,15 @@ void EventIntake::connect(Destination destination) {
   });
 }
 
-void EventIntake::accept(std::string_view name, const EventValues& values) {
+void EventIntake::accept(std::string_view name, EventValues&& values) {
   if (!isForkedChild() && isDisabled()) return;
   const auto& platform = Platform::current();
-  accept(EventRecord::encode(platform.random->uuid(), platform.clock->now(), currentUserId(), name, values));
+  accept(EventRecord::encode(platform.random->uuid(), platform.clock->now(), currentUserId(), name, values),
+         std::move(values));
 }
 
 void EventIntake::accept(const BIEvent& event) {
-  accept(EventRecord::encode(event));
+  accept(EventRecord::encode(event), {});
 }
 
 bool EventIntake::isDisabled() const {
@@ -144,12 +147,10 @@ bool EventIntake::isDisabled() const {
     const std::lock_guard lock(state_.mutex);
     connection = state_.connection;
   }
-  if (!connection) return false;
-  const auto config = connection->destination.fetchConfigUseCase->freshConfig();
-  return config && !config->sdkEnable;
+  return connection && connection->destination.fetchConfigUseCase->isDisabled();
 }
 
-void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record) {
+void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record, EventValues&& values) {
   const auto& platform = Platform::current();
   const auto& journal = platform.eventJournal;
   auto appended =
@@ -164,7 +165,7 @@ void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record) {
     const std::lock_guard lock(state_.mutex);
     if (position != nullptr) state_.reportedRefusal.reset();
     state_.queue.push_back(
-        {record, position == nullptr ? std::nullopt : std::optional(*position), state_.waiters.add(), false});
+        {record, position == nullptr ? std::nullopt : std::optional(*position), state_.waiters.add(), false, std::move(values)});
     if (std::exchange(state_.isScheduled, true)) return;
   }
   platform.workers->post(QualityOfService::utility, &processShared);
@@ -380,7 +381,7 @@ void EventIntake::adopt(std::vector<EventJournal::Adopted> records) {
   {
     const std::lock_guard lock(state_.mutex);
     for (auto& record : records) {
-      group.push_back({std::move(record.record), record.position, state_.waiters.add(), true});
+      group.push_back({std::move(record.record), record.position, state_.waiters.add(), true, {}});
     }
     state_.adopted.push_back(std::move(group));
     if (std::exchange(state_.isScheduled, true)) return;

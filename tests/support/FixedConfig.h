@@ -19,6 +19,7 @@ class FixedConfig final : public FetchConfigUseCase {
   }
 
   std::shared_ptr<const Config> freshConfig() const override { return nullptr; }
+  bool isDisabled() const override { return false; }
 
   Config config;
   std::optional<Error> error;
