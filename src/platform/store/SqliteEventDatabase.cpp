@@ -4,6 +4,7 @@
 #include "platform/store/EventTable.h"
 #include "platform/store/FileLock.h"
 #include "platform/store/FileNames.h"
+#include "platform/store/StoreOperation.h"
 #include "platform/threads/KitThread.h"
 
 #include <chrono>
@@ -18,74 +19,13 @@ namespace {
 constexpr std::size_t maximumBatchSize = 4096;
 constexpr std::chrono::milliseconds maximumBusyTimeout{250};
 
-template <class T>
-struct Pending {
-  EventDatabase::Completion<T> completion;
-  T result{};
-};
-
-struct Insert : Pending<std::monostate> {
-  EventRow row;
-  bool isOnce;
-
-  void run(EventTable& table) { isOnce ? table.insertOnce(row) : table.insert(row); }
-};
-
-struct Fetch : Pending<std::vector<EventRow>> {
-  std::size_t limit;
-
-  void run(EventTable& table) { result = table.fetchOldest(limit); }
-};
-
-struct DeleteRows : Pending<std::size_t> {
-  std::vector<std::string> eventIds;
-
-  void run(EventTable& table) {
-    result = 0;
-    for (const auto& id : eventIds) result += table.deleteRow(id);
-  }
-};
-
-struct DeleteUpTo : Pending<std::size_t> {
-  StoredTime time;
-
-  void run(EventTable& table) { result = table.deleteRowsUpTo(time); }
-};
-
-struct Operation {
-  std::variant<Insert, Fetch, DeleteRows, DeleteUpTo> work;
-  std::unique_ptr<Error> failure;
-
-  bool writes() const { return !std::holds_alternative<Fetch>(work); }
-  /// True if the operation is a single statement, which needs no explicit transaction.
-  bool isAtomic() const {
-    const auto* deletion = std::get_if<DeleteRows>(&work);
-    return deletion == nullptr || deletion->eventIds.size() <= 1;
-  }
-
-  void run(EventTable& table) {
-    std::visit([&](auto& kind) { kind.run(table); }, work);
-  }
-
-  void complete() {
-    std::visit(
-        [&](auto& kind) {
-          if (!kind.completion) return;
-          runGuarded([&] {
-            if (failure) return kind.completion(*failure);
-            kind.completion(std::move(kind.result));
-          });
-        },
-        work);
-  }
-};
-
 // A descriptor that was opened on the executor's thread must be closed there.
 template <class T>
 void releaseOnExecutor(const std::shared_ptr<SerialExecutor>& executor, std::shared_ptr<T> object) {
   executor->post([object = std::move(object)]() mutable { object.reset(); });
 }
 
+using Operation = StoreOperation;
 using Batch = std::vector<Operation>;
 
 class SqliteEventDatabase final : public EventDatabase,
@@ -105,23 +45,23 @@ class SqliteEventDatabase final : public EventDatabase,
   }
 
   void insert(EventRow row, Completion<std::monostate> completion) override {
-    enqueue(Insert{{std::move(completion)}, std::move(row), false});
+    enqueue(Operation::Insert{{std::move(completion)}, std::move(row), false});
   }
 
   void insertOnce(EventRow row, Completion<std::monostate> completion) override {
-    enqueue(Insert{{std::move(completion)}, std::move(row), true});
+    enqueue(Operation::Insert{{std::move(completion)}, std::move(row), true});
   }
 
   void fetchOldest(std::size_t limit, Completion<std::vector<EventRow>> completion) override {
-    enqueue(Fetch{{std::move(completion)}, limit});
+    enqueue(Operation::Fetch{{std::move(completion)}, limit});
   }
 
   void deleteRows(std::vector<std::string> eventIds, Completion<std::size_t> completion) override {
-    enqueue(DeleteRows{{std::move(completion)}, std::move(eventIds)});
+    enqueue(Operation::DeleteRows{{std::move(completion)}, std::move(eventIds)});
   }
 
   void deleteRowsUpTo(StoredTime time, Completion<std::size_t> completion) override {
-    enqueue(DeleteUpTo{{std::move(completion)}, std::move(time)});
+    enqueue(Operation::DeleteUpTo{{std::move(completion)}, std::move(time)});
   }
 
   std::string location() const override { return path().string(); }
