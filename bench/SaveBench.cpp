@@ -59,7 +59,7 @@ class KitStore {
         [clock = platform.clock] { return clock->now(); }, [](const Event&) {}, [](const Error&) {});
   }
 
-  void save(const Event& event) { repository_->save(event); }
+  void save(const Event& event) { repository_->save(event, false, nullptr); }
 
   // Waits for `count` more commits and returns the time of the last one.
   std::chrono::steady_clock::time_point waitForCommits(std::size_t count) {

@@ -81,6 +81,7 @@ class ORRELO_EXPORT EventValue {
   EventValue(EventSet set) : value_(std::move(set)) {}
   EventValue(EventDictionary dictionary) : value_(std::move(dictionary)) {}
   EventValue(EventBytes bytes) : value_(std::move(bytes)) {}
+  EventValue(EventOther other) : value_(std::move(other)) {}
 
   EventValue(const EventValue&) = default;
   EventValue(EventValue&&) noexcept = default;

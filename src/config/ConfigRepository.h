@@ -22,6 +22,8 @@ class ConfigRepository {
 
   /// Emits one configuration and completes; never fails. Any thread.
   virtual reactive::Observable<Config> fetch() = 0;
+  /// The configuration that `fetch` would emit at once; null if it would ask the service. Any thread.
+  virtual std::shared_ptr<const Config> freshConfig() const = 0;
 };
 
 /// Caches the service's reply in memory for 60 seconds, then asks the service again. If that fails, falls
@@ -40,12 +42,12 @@ class ConfigRepositoryImpl final : public ConfigRepository,
                                                       reactive::SchedulerPtr scheduler);
 
   reactive::Observable<Config> fetch() override;
+  std::shared_ptr<const Config> freshConfig() const override;
 
  private:
   ConfigRepositoryImpl(ConfigLocalDataSource localDataSource, ConfigRemoteDataSource remoteDataSource,
                        CurrentDateGenerator currentDateGenerator, reactive::SchedulerPtr scheduler);
 
-  std::shared_ptr<const Config> freshConfig() const;
   void save(const Config& config);
 
   mutable std::mutex mutex_;

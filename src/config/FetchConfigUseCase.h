@@ -16,6 +16,8 @@ class FetchConfigUseCase {
 
   /// See ConfigRepository::fetch.
   virtual reactive::Observable<Config> fetch() = 0;
+  /// See ConfigRepository::freshConfig.
+  virtual std::shared_ptr<const Config> freshConfig() const = 0;
 };
 
 class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
@@ -24,6 +26,7 @@ class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
       : repository_(std::move(repository)) {}
 
   reactive::Observable<Config> fetch() override { return repository_->fetch(); }
+  std::shared_ptr<const Config> freshConfig() const override { return repository_->freshConfig(); }
 
  private:
   std::shared_ptr<ConfigRepository> repository_;

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace orrelo {
 
@@ -13,7 +14,7 @@ class BIEventRepository {
   virtual ~BIEventRepository() = default;
 
   /// Returns at once; see EventPipeline::save. Any thread.
-  virtual void save(const BIEvent& event) = 0;
+  virtual void save(const BIEvent& event, bool mayBeStored, EventPipeline::SaveCompletion completion) = 0;
   /// See EventPipeline::stop. Any thread.
   virtual void stopSending() = 0;
 };
@@ -24,7 +25,9 @@ class BIEventRepositoryImpl final : public BIEventRepository {
   BIEventRepositoryImpl(EventDao local, BIEventRemoteDataSource remote, reactive::SchedulerPtr mainScheduler,
                         reactive::SchedulerPtr concurrentScheduler, std::function<Date()> currentDate);
 
-  void save(const BIEvent& event) override { pipeline_->save(event); }
+  void save(const BIEvent& event, bool mayBeStored, EventPipeline::SaveCompletion completion) override {
+    pipeline_->save(event, mayBeStored, std::move(completion));
+  }
   void stopSending() override { pipeline_->stop(); }
 
  private:

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <utility>
 
 namespace orrelo {
@@ -28,13 +29,15 @@ Observable<T> operation(Start start) {
   });
 }
 
-// Deletes several rows. Any failure ends the stream with the same error; the cause is only logged.
+// Deletes several rows. Any failure but a refusal ends the stream with the same error; the cause is only
+// logged.
 template <class Start>
 Observable<Unit> batchDelete(Start start) {
   return operation<Unit>([start](auto completion) {
     start([completion](const std::variant<std::size_t, Error>& result) {
       const auto* const failure = std::get_if<Error>(&result);
       if (failure == nullptr) return completion(Unit{});
+      if (isStoreRefusal(*failure)) return completion(*failure);
       log(LogLevel::WARNING, [&] { return "The event store deleted nothing: " + failure->description(); });
       completion(makeError(CoreDataError::invalidArgument, "batch delete result does not have objectIds"));
     });
@@ -52,14 +55,25 @@ Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit,
   const auto rows = operation<std::vector<EventRow>>([database = database_, limit](auto completion) {
     database->fetchOldest(limit, std::move(completion));
   });
-  return rows.observeOn(std::move(scheduler))
-      .map([mapper = mapper_, database = database_](const std::vector<EventRow>& found) {
-        try {
-          return mapper.toEvents(found);
-        } catch (const Error& error) {
-          preconditionFailure(error.description() + " in " + database->location());
-        }
-      });
+  const auto toEvents = [mapper = mapper_, database = database_](const std::vector<EventRow>& found) {
+    try {
+      return mapper.toEvents(found);
+    } catch (const Error& error) {
+      preconditionFailure(error.description() + " in " + database->location());
+    }
+  };
+  return rows.concatMap([scheduler = std::move(scheduler), toEvents](const std::vector<EventRow>& found) {
+    // An idle tick finds nothing and need not wake another thread.
+    if (found.empty()) return reactive::just(std::vector<Event>());
+    return reactive::just(std::make_shared<const std::vector<EventRow>>(found))
+        .observeOn(scheduler)
+        .map([toEvents](const auto& batch) { return toEvents(*batch); });
+  });
+}
+
+Observable<std::shared_ptr<const void>> EventDao::acquireSending() const {
+  return operation<std::shared_ptr<const void>>(
+      [database = database_](auto completion) { database->acquireSending(std::move(completion)); });
 }
 
 Observable<Unit> EventDao::remove(const Event& event) const {

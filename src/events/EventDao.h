@@ -6,6 +6,7 @@
 #include "reactive/Scheduler.h"
 
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -24,23 +25,35 @@ class EventDao {
 
   /// Takes a callback instead of returning a stream: there may be hundreds of thousands of inserts, and a
   /// stream for each would cost more than the row. `completion` runs on the stores' thread, after the commit.
-  void insert(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
-    database_->insert(mapper_.toRow(event), std::move(completion));
+  /// `mayBeStored` looks for the event before inserting it.
+  void insert(const Event& event, bool mayBeStored,
+              EventDatabase::Completion<std::monostate> completion) const {
+    auto row = mapper_.toRow(event);
+    mayBeStored ? database_->insertOnce(std::move(row), std::move(completion))
+                : database_->insert(std::move(row), std::move(completion));
+  }
+  /// Does nothing if an event with the same time and id is already stored.
+  void insertOnce(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
+    database_->insertOnce(mapper_.toRow(event), std::move(completion));
   }
   /// Fetches the oldest events, sorted by time. The rows are converted on `scheduler`, on which the stream
-  /// also emits. Aborts the process if a row is not a valid event, since only the kit writes the store.
+  /// also emits; an empty list is emitted on the stores' thread. Aborts the process if a row is not a valid
+  /// event, since only the kit writes the store.
   reactive::Observable<std::vector<Event>> fetchOldest(std::size_t limit,
                                                        reactive::SchedulerPtr scheduler) const;
   /// Fails with CoreDataError invalidArgument if no row has the event's id.
   reactive::Observable<reactive::Unit> remove(const Event& event) const;
-  /// Ignores ids that no row has. Fails with CoreDataError invalidArgument if the store rejects the
-  /// operation, as does `removeUpTo`.
+  /// Ignores ids that no row has. Fails with CoreDataError invalidArgument if the store cannot delete rows,
+  /// and with the store's error if that is a refusal, as does `removeUpTo`.
   reactive::Observable<reactive::Unit> remove(const std::vector<Event>& events) const;
   /// Removes the events at or before `date`.
   reactive::Observable<reactive::Unit> removeUpTo(Date date) const;
 
   /// See EventDatabase::acquireSending.
-  std::shared_ptr<const void> acquireSending() const { return database_->acquireSending(); }
+  reactive::Observable<std::shared_ptr<const void>> acquireSending() const;
+
+  /// See EventDatabase::location.
+  std::string location() const { return database_->location(); }
 
  private:
   std::shared_ptr<EventDatabase> database_;

@@ -1,5 +1,6 @@
 #include "events/EventPipeline.h"
 
+#include "events/RefusalWait.h"
 #include "reactive/Observable.h"
 
 #include <utility>
@@ -18,11 +19,14 @@ std::shared_ptr<EventPipeline> EventPipeline::create(EventDao dao, Options optio
   return pipeline;
 }
 
-void EventPipeline::save(const Event& event) {
-  dao_.insert(event, [weak = weak_from_this()](const auto& result) {
-    if (result.index() != 0) return;
-    if (const auto self = weak.lock()) self->queueSource_.onNext({});
-  });
+void EventPipeline::save(const Event& event, bool mayBeStored, SaveCompletion completion) {
+  dao_.insert(event, mayBeStored,
+              [weak = weak_from_this(), completion = std::move(completion)](const auto& result) {
+                const auto* const failure = std::get_if<Error>(&result);
+                const auto self = weak.lock();
+                if (failure == nullptr && self) self->queueSource_.onNext({});
+                if (completion) completion(failure == nullptr ? std::nullopt : std::optional(*failure));
+              });
 }
 
 void EventPipeline::start() {
@@ -36,6 +40,10 @@ void EventPipeline::start() {
       .map([](const std::vector<Unit>&) { return Unit{}; })  // one tick, regardless of the number of signals
       .subscribeOn(options_.concurrentScheduler)
       .observeOn(options_.concurrentScheduler)
+      .concatMap([weak, deallocated](const Unit&) {
+        const auto self = weak.lock();
+        return self ? self->acquireSending() : reactive::error<Unit>(deallocated);
+      })
       .concatMap([weak, deallocated](const Unit&) {
         const auto self = weak.lock();
         return self ? self->removeStale() : reactive::error<Unit>(deallocated);
@@ -61,26 +69,47 @@ void EventPipeline::stop() {
   senderLock_.reset();
 }
 
-bool EventPipeline::maySend() {
-  const std::lock_guard lock(sendingMutex_);
-  if (!isStopped_ && !senderLock_) senderLock_ = dao_.acquireSending();
-  return senderLock_ != nullptr;
+Observable<Unit> EventPipeline::acquireSending() {
+  {
+    const std::lock_guard lock(sendingMutex_);
+    if (isStopped_) return reactive::empty<Unit>();
+    if (senderLock_) return reactive::just(Unit{});
+  }
+  return inStore(dao_.acquireSending(), "acquiring the right to send")
+      .concatMap([weak = weak_from_this()](const std::shared_ptr<const void>& lock) {
+        const auto self = weak.lock();
+        return self ? self->acceptSending(lock) : reactive::empty<Unit>();
+      });
+}
+
+Observable<Unit> EventPipeline::acceptSending(const std::shared_ptr<const void>& lock) {
+  const std::lock_guard guard(sendingMutex_);
+  // Only one owner of the store may send; for the others the tick ends here.
+  if (isStopped_ || !lock) return reactive::empty<Unit>();
+  senderLock_ = lock;
+  return reactive::just(Unit{});
+}
+
+template <class T>
+Observable<T> EventPipeline::inStore(Observable<T> step, const char* name) const {
+  return waitingOutRefusals(std::move(step), dao_.location() + ": " + name, options_.concurrentScheduler);
 }
 
 Observable<Unit> EventPipeline::removeStale() {
-  // Only one owner of the store may send; for the others the tick ends here.
-  if (!maySend()) return reactive::empty<Unit>();
-  return dao_.removeUpTo(options_.currentDate() - maximumAge);
+  return inStore(dao_.removeUpTo(options_.currentDate() - maximumAge), "deleting expired events");
 }
 
 Observable<std::vector<Event>> EventPipeline::sendOldest() const {
-  return dao_.fetchOldest(options_.fetchLimit, options_.concurrentScheduler)
+  return inStore(dao_.fetchOldest(options_.fetchLimit, options_.concurrentScheduler), "reading events")
       .filter([](const std::vector<Event>& events) { return !events.empty(); })
       .concatMap([send = options_.send](const std::vector<Event>& events) {
         return send(events).map([events](const Unit&) { return events; });
       })
-      .concatMap([remove = options_.remove](const std::vector<Event>& events) {
-        return remove(events).map([events](const Unit&) { return events; });
+      .concatMap([weak = weak_from_this(), remove = options_.remove](const std::vector<Event>& events) {
+        const auto self = weak.lock();
+        auto removal = remove(events);
+        if (self) removal = self->inStore(std::move(removal), "deleting sent events");
+        return removal.map([events](const Unit&) { return events; });
       });
 }
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace orrelo {
@@ -18,9 +19,11 @@ namespace orrelo {
 /// request at a time. If the process dies between sending and deleting an event, the event is sent again with
 /// the same id.
 ///
-/// The first failure of a step is retried by resubscribing; the events stay stored for the next tick. The
-/// second failure, however much later, ends the pipeline permanently. This is deliberate: `save` continues to
-/// store events, and the next launch or the next `Orrelo::initialize` sends them.
+/// A step that the store refuses for now (busy, full, read-only) waits and asks again, after pauses that grow
+/// from 0.1 to 30 seconds. The first other failure of a step is retried by resubscribing; the events stay
+/// stored for the next tick. The second one, however much later, ends the pipeline permanently. This is
+/// deliberate: `save` continues to store events, and the next launch or the next `Orrelo::initialize` sends
+/// them.
 class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
  public:
   struct Options {
@@ -46,8 +49,13 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
 
   static std::shared_ptr<EventPipeline> create(EventDao dao, Options options);
 
-  /// Returns at once. An event that the store rejects is lost silently. Any thread.
-  void save(const Event& event);
+  /// Called once, on the stores' thread: after the commit, or with the reason for which the store has refused
+  /// the event.
+  using SaveCompletion = std::function<void(const std::optional<Error>& failure)>;
+
+  /// Returns at once. `mayBeStored` looks for the event in the store before inserting it. Without a
+  /// completion an event that the store refuses is lost silently. Any thread.
+  void save(const Event& event, bool mayBeStored, SaveCompletion completion);
 
   /// Stops sending, so that another pipeline can take over; `save` continues to store events. Any thread.
   void stop();
@@ -56,9 +64,14 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
   EventPipeline(EventDao dao, Options options);
 
   void start();
-  bool maySend();
+  /// Acquires the right to send, unless it is already held. Emits nothing if another owner holds it.
+  reactive::Observable<reactive::Unit> acquireSending();
+  reactive::Observable<reactive::Unit> acceptSending(const std::shared_ptr<const void>& lock);
   reactive::Observable<reactive::Unit> removeStale();
   reactive::Observable<std::vector<Event>> sendOldest() const;
+  /// A step of the store, in which a refusal is a wait.
+  template <class T>
+  reactive::Observable<T> inStore(reactive::Observable<T> step, const char* name) const;
 
   EventDao dao_;
   Options options_;

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace orrelo {
 
@@ -13,7 +14,7 @@ class EventRepository {
   virtual ~EventRepository() = default;
 
   /// Returns at once; see EventPipeline::save. Any thread.
-  virtual void save(const Event& event) = 0;
+  virtual void save(const Event& event, bool mayBeStored, EventPipeline::SaveCompletion completion) = 0;
   /// See EventPipeline::stop. Any thread.
   virtual void stopSending() = 0;
 };
@@ -28,7 +29,9 @@ class EventRepositoryImpl final : public EventRepository {
                       reactive::SchedulerPtr concurrentScheduler, std::function<Date()> currentDate,
                       OnNextHandler eventQueueOnNextHandler, OnErrorHandler eventQueueOnErrorHandler);
 
-  void save(const Event& event) override { pipeline_->save(event); }
+  void save(const Event& event, bool mayBeStored, EventPipeline::SaveCompletion completion) override {
+    pipeline_->save(event, mayBeStored, std::move(completion));
+  }
   void stopSending() override { pipeline_->stop(); }
 
  private:

@@ -1,6 +1,7 @@
 #include "events/KelsoInsight.h"
 
 #include "base/Utf8.h"
+#include "events/EventIntake.h"
 #include "events/OLSEventMapper.h"
 
 #include <mutex>
@@ -40,11 +41,14 @@ std::shared_ptr<KelsoInsight> KelsoInsight::instance() {
 }
 
 void KelsoInsight::track(const std::string& name, const StringDictionary& values) {
-  const auto insight = instance();
-  if (!insight) return;
+  if (!instance()) return;
   StringDictionary texts;
   for (const auto& [key, value] : values) texts.set(utf8::repaired(key), utf8::repaired(value));
-  insight->save(makeEvent(utf8::repaired(name), std::move(texts)));
+  EventIntake::shared().accept(makeEvent(utf8::repaired(name), std::move(texts)));
+}
+
+void KelsoInsight::track(const ORLUserEvent& event) {
+  if (instance()) EventIntake::shared().accept(toBIEvent(event));
 }
 
 }  // namespace orrelo

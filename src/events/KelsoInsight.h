@@ -26,11 +26,16 @@ class KelsoInsight {
 
   /// Reports an event with the current time and the current user. Does nothing before `makeCurrent`.
   static void track(const std::string& name, const StringDictionary& values);
+  /// Reports an event of a screen.
+  static void track(const ORLUserEvent& event);
 
   explicit KelsoInsight(SaveBIEventUseCase saveBIEventUseCase)
       : saveBIEventUseCase_(std::move(saveBIEventUseCase)) {}
 
-  void save(const BIEvent& event) const { saveBIEventUseCase_.save(event); }
+  /// Called by the EventIntake; see EventPipeline::save.
+  void save(const BIEvent& event, bool mayBeStored, EventPipeline::SaveCompletion completion) const {
+    saveBIEventUseCase_.save(event, mayBeStored, std::move(completion));
+  }
   void stopSending() const { saveBIEventUseCase_.stopSending(); }
 
  private:

@@ -13,7 +13,11 @@ class SaveBIEventUseCase {
   explicit SaveBIEventUseCase(std::shared_ptr<BIEventRepository> repository)
       : repository_(std::move(repository)) {}
 
-  void save(const BIEvent& event) const { repository_->save(event); }
+  /// See EventPipeline::save. Any thread.
+  void save(const BIEvent& event, bool mayBeStored = false,
+            EventPipeline::SaveCompletion completion = nullptr) const {
+    repository_->save(event, mayBeStored, std::move(completion));
+  }
   void stopSending() const { repository_->stopSending(); }
 
  private:

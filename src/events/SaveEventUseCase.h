@@ -13,7 +13,11 @@ class SaveEventUseCase {
   explicit SaveEventUseCase(std::shared_ptr<EventRepository> repository)
       : repository_(std::move(repository)) {}
 
-  void save(const Event& event) const { repository_->save(event); }
+  /// See EventPipeline::save. Any thread.
+  void save(const Event& event, bool mayBeStored = false,
+            EventPipeline::SaveCompletion completion = nullptr) const {
+    repository_->save(event, mayBeStored, std::move(completion));
+  }
   void stopSending() const { repository_->stopSending(); }
 
  private:

@@ -77,7 +77,7 @@ void UserEventTracker::track(const ORLUserEvent& event, bool skipBI) {
   });
   if (const auto delegate = userEventDelegate()) delegate->userEventDidOccur(event);
   if (skipBI) return;
-  if (const auto insight = KelsoInsight::instance()) insight->save(toBIEvent(event));
+  KelsoInsight::track(event);
 }
 
 }  // namespace orrelo

@@ -1,8 +1,10 @@
 #include "base/Logger.h"
 #include "base/Utf8.h"
 #include "campaign/ItunesAPIService.h"
+#include "events/EventIntake.h"
 #include "events/EventValueDescription.h"
 #include "events/KelsoInsight.h"
+#include "events/OLSEventMapper.h"
 #include "kit/BIEventComponent.h"
 #include "kit/InitializedOrrelo.h"
 #include "model/Delegates.h"
@@ -17,6 +19,7 @@
 #include "viewkit/ErrorViewController.h"
 
 #include <orrelo/Orrelo.h>
+#include <orrelo/platform/EventJournal.h>
 
 #include <string>
 #include <utility>
@@ -53,6 +56,7 @@ std::shared_ptr<ViewController> makeErrorScreen() {
 void Orrelo::initialize(const ORLConfig& config) {
   const auto& platform = Platform::current();
   platform.userDefaults->refresh();
+  if (platform.eventJournal) platform.eventJournal->prepare();
   const KelsoMutator mutator(platform.userDefaults->suite(KelsoMutator::suiteName));
   const auto serviceUrl = mutator.serviceUrl();
   if (const auto file = mutator.certificateFile()) platform.urlSession->trust(serviceUrl, *file);
@@ -61,11 +65,15 @@ void Orrelo::initialize(const ORLConfig& config) {
   // The development service also replaces the store's lookup.
   const auto storeUrl = mutator.isDevelopment() ? serviceUrl : ItunesAPIServiceImpl::storeUrl;
   auto component = std::make_unique<OrreloComponent>(config, baseUrl, storeUrl);
+  const EventIntake::Destination events{component->configComponent().fetchConfigUseCase,
+                                        component->eventComponent().saveEventUseCase};
   const auto runningKit = std::make_shared<const RunningKit>(component->runningKit());
   InitializedOrrelo::makeCurrent(std::make_shared<InitializedOrrelo>(std::move(component)));
   RunningKit::makeCurrent(runningKit);
   KelsoInsight::makeCurrent(
       std::make_shared<KelsoInsight>(BIEventComponent(config.appKey(), baseUrl).saveBIEventUseCase));
+  // Last, because adopted events of the kit go to the insight.
+  EventIntake::shared().connect(events);
 }
 
 void Orrelo::setUser(const std::optional<ORLUser>& user) {
@@ -94,7 +102,15 @@ void Orrelo::sendEvent(std::string_view name, EventValues values) {
   });
   if (!RunningKit::isInitialized("sendEvent(_:values:)")) return;
   OLSEventMapper::requireSupported(values);
-  InitializedOrrelo::enqueue(name, std::move(values));
+  EventIntake::shared().accept(name, values);
+}
+
+bool Orrelo::flush(std::chrono::milliseconds timeout) {
+  return EventIntake::shared().flush(timeout);
+}
+
+void Orrelo::flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion) {
+  EventIntake::shared().flush(timeout, std::move(completion));
 }
 
 void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {

@@ -37,10 +37,12 @@ enum class EventTimeStorage { text, date };
 ///
 /// Every operation returns at once and runs on the stores' own thread, in the order of the calls. Operations
 /// that wait in the queue together are committed in one transaction; each completion runs on that thread
-/// after the commit. If the file rejects an operation (busy, full, read-only), only that operation fails, and
-/// the next one tries again. A corrupt file is renamed with a date suffix and replaced by an empty one, on
-/// which the operation is repeated; if the replacement cannot be opened, the process is aborted. Completions
-/// must be short and must not throw. Any thread.
+/// after the commit. If the file rejects an operation for now (busy, full, read-only), only that operation
+/// fails, with an error that `isStoreRefusal` recognises, and the next one tries again. A corrupt file is
+/// renamed with a date suffix and replaced by an empty one, on which the operation is repeated; if the
+/// replacement cannot be opened, the process is aborted. Operations that have not started when the process
+/// begins to exit are not run. Completions must be short, must not throw, and must not use file descriptors
+/// of other threads (see WriterQueue). Any thread.
 class EventDatabase {
  public:
   template <class T>
@@ -49,6 +51,8 @@ class EventDatabase {
   virtual ~EventDatabase() = default;
 
   virtual void insert(EventRow row, Completion<std::monostate> completion) = 0;
+  /// Inserts the row unless there is one with the same `eventTime` and `eventId`.
+  virtual void insertOnce(EventRow row, Completion<std::monostate> completion) = 0;
   /// Fetches at most `limit` rows in ascending order of `eventTime`.
   virtual void fetchOldest(std::size_t limit, Completion<std::vector<EventRow>> completion) = 0;
   /// Deletes, for each id, the oldest row with that id. Completes with the number of deleted rows.
@@ -60,10 +64,15 @@ class EventDatabase {
   /// The path of the store's file, for messages.
   virtual std::string location() const = 0;
 
-  /// Acquires the exclusive right to send the stored events, which the returned object holds until it is
-  /// destroyed. Null while another owner holds it, in this process or in another one that shares the file.
-  virtual std::shared_ptr<const void> acquireSending() = 0;
+  /// Acquires the exclusive right to send the stored events, which the object that it completes with holds
+  /// until it is destroyed. Null while another owner holds it, in this process or in another one that shares
+  /// the file. A forked child does not hold it.
+  virtual void acquireSending(Completion<std::shared_ptr<const void>> completion) = 0;
 };
+
+/// True if the store has rejected an operation only for now: the file is busy, full, read-only or forbidden,
+/// the device reports an error, or memory has run out. The same operation may succeed later.
+bool isStoreRefusal(const Error& error);
 
 /// Opens event stores in the data directory. Requests for the same name return the same store.
 class EventDatabaseFactory {

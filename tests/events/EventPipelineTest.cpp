@@ -1,9 +1,11 @@
 #include "base/Json.h"
 #include "events/Event.h"
+#include "events/RefusalWait.h"
 #include "kit/EventComponent.h"
 #include "support/LogCapture.h"
 #include "support/TestPlatform.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
 namespace orrelo::test {
@@ -13,8 +15,10 @@ using std::chrono::milliseconds;
 using std::chrono::seconds;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 
 class EventPipelineTest : public testing::Test {
  protected:
@@ -172,6 +176,64 @@ TEST_F(EventPipelineTest, TheSecondFailureEndsItHoweverMuchLater) {
   restart();
   platform_.loop->runFor(seconds(20));
   EXPECT_THAT(sentNames(), ElementsAre("a", "a", "b", "b", "c"));
+}
+
+TEST_F(EventPipelineTest, AStoreThatRefusesAStepIsAskedAgainAndIsNoFailure) {
+  SQLite::Database other((platform_.folder.path() / "OLSCoreDataEvent.sqlite").string(),
+                         SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  std::vector<std::string> names;
+  for (const auto* name : {"a", "b", "c"}) {
+    names.emplace_back(name);
+    save(name);
+    other.exec("BEGIN IMMEDIATE");  // the deletion is refused
+    platform_.session->answer(ScriptedURLSession::reply(200));
+    platform_.loop->runFor(milliseconds(600));
+    other.exec("ROLLBACK");
+    platform_.loop->runFor(seconds(30));
+  }
+  EXPECT_THAT(sentNames(), ElementsAreArray(names));
+  EXPECT_THAT(log_.lines(), Not(Contains(HasSubstr("Failure"))));
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("OLSCoreDataEvent.sqlite: deleting sent events")).Times(3));
+}
+
+TEST(RefusalWait, GrowsItsPausesUntilTheStepSucceedsFailsOrIsCancelled) {
+  const auto clock = std::make_shared<ManualClock>();
+  const auto loop = std::make_shared<ManualLoop>(clock);
+  const auto scheduler = std::make_shared<reactive::MainScheduler>(loop);
+  const LogCapture log;
+  std::vector<std::int64_t> attempts;
+  std::optional<Error> answer = Error("SQLite", "full");
+  const auto step = reactive::create<int>([&](const reactive::AnyObserver<int>& observer) {
+    attempts.push_back(clock->steady().count() / 100'000);
+    answer ? observer.onError(*answer) : (observer.onNext(1), observer.onCompleted());
+    return reactive::Disposables::create();
+  });
+  std::string outcome;
+  const auto subscribe = [&] {
+    clock->advance(-clock->steady());
+    attempts.clear();
+    return waitingOutRefusals(step, "step", scheduler)
+        .subscribe({.onNext = [&](int) { outcome += "next "; },
+                    .onError = [&](const Error& error) { outcome += error.caseName() + ' '; },
+                    .onCompleted = [&] { outcome += "completed "; }});
+  };
+  subscribe();
+  loop->runFor(seconds(130));
+  EXPECT_THAT(attempts, ElementsAre(0, 1, 3, 7, 15, 31, 63, 127, 255, 511, 811, 1111));
+  EXPECT_EQ(log.lines().size(), 1u);
+  answer.reset();
+  loop->runFor(seconds(30));
+  EXPECT_EQ(outcome, "next completed ");
+
+  answer = Error("SQLite", "readOnly");
+  const auto cancelled = subscribe();
+  cancelled.dispose();
+  loop->runFor(seconds(30));
+  EXPECT_THAT(attempts, ElementsAre(0));
+  subscribe();
+  answer = Error("SQLite", "corrupt");
+  loop->runFor(seconds(30));
+  EXPECT_EQ(outcome, "next completed corrupt ");
 }
 
 TEST_F(EventPipelineTest, DropsWhatIsADayOldUnsent) {

@@ -28,6 +28,7 @@ declare -A ground=(
 declare -A owner=(
   [Date]=base [EventValue]=base [Export]=base [ORLLogger]=base [Url]=base [Uuid]=base
   [MainLoop]=platform [Platform]=platform [UserDefaults]=platform [platform/Clock]=platform [platform/DisplayLink]=platform
+  [platform/EventJournal]=platform
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
   [ORLUserEvent]=model [NotificationResponse]=model [BackgroundFetchResult]=model [UnsupportedEventValueException]=model
   [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit

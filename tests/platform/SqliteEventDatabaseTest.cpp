@@ -1,4 +1,5 @@
 #include "platform/StoreSupport.h"
+#include "platform/store/FileLock.h"
 
 #include <fstream>
 #include <sys/wait.h>
@@ -22,7 +23,10 @@ class SqliteEventDatabaseTest : public ::testing::Test {
     return factory_->open("store", storage);
   }
   /// Closes the connection, as the end of the process would.
-  void reopen() { factory_ = std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_); }
+  void reopen() {
+    factory_ = std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_);
+    executor_->runAll();
+  }
 
   /// Runs an operation; returns what it completed with.
   template <class T, class... Given, class... Arguments>
@@ -192,6 +196,21 @@ TEST_F(SqliteEventDatabaseTest, startsAnewWhenTheFileIsRemovedWhileOpen) {
   EXPECT_THAT(ids(fetch()), Contains("2"));
 }
 
+TEST_F(SqliteEventDatabaseTest, insertsOnceWhatHasTheSameTimeAndId) {
+  const auto insertOnce = [&](EventRow row) {
+    return run<std::monostate>(&EventDatabase::insertOnce, std::move(row)).index() == 0;
+  };
+  insert(eventRow("a", 1));
+  EXPECT_TRUE(insertOnce(eventRow("a", 1)));
+  EXPECT_TRUE(insertOnce(eventRow("a", 2)));
+  EXPECT_TRUE(insertOnce(eventRow("b", 1)));
+  EXPECT_TRUE(insertOnce({}));
+  reopen();
+  EXPECT_TRUE(insertOnce({}));
+  EXPECT_TRUE(insertOnce(eventRow("b", 1)));
+  EXPECT_THAT(ids(fetch()), ElementsAre("absent", "a", "b", "a"));
+}
+
 // -- Damaged files
 
 using Damage = std::function<void(const std::filesystem::path&)>;
@@ -285,25 +304,33 @@ bool succeeded(pid_t child) {
 }
 
 TEST_F(SqliteEventDatabaseTest, letsOneSendUntilItLetsGoOrEnds) {
-  const auto other = factory_->open("other", EventTimeStorage::date);
-  auto right = open()->acquireSending();
+  const auto acquire = [&](const std::string& name) {
+    std::shared_ptr<const void> right;
+    factory_->open(name, EventTimeStorage::date)->acquireSending([&](auto result) {
+      right = std::get<0>(std::move(result));
+    });
+    executor_->runAll();
+    return right;
+  };
+  auto right = acquire("store");
   ASSERT_TRUE(right);
-  EXPECT_FALSE(open()->acquireSending());
+  EXPECT_FALSE(acquire("store"));
   EXPECT_TRUE(succeeded(inChild([&] {
-    static const auto held = other->acquireSending();
-    return !open()->acquireSending() && held;
+    static const auto held = acquire("other");
+    return !acquire("store") && held;
   })));
-  EXPECT_TRUE(other->acquireSending());
+  EXPECT_TRUE(acquire("other"));
   right.reset();
-  EXPECT_TRUE(succeeded(inChild([&] { return open()->acquireSending() != nullptr; })));
+  EXPECT_FALSE(FileLock::acquire(folder_ / "store.sqlite.lock")) << "released by a task of the executor";
+  executor_->runAll();
+  EXPECT_TRUE(succeeded(inChild([&] { return acquire("store") != nullptr; })));
 }
 
 TEST_F(SqliteEventDatabaseTest, sharesTheFileWithAnotherProcess) {
   constexpr int each = 200;
   const auto fill = [&](const std::string& name) {
-    bool isFine = true;
-    for (int n = 0; n < each; ++n) isFine = insert(eventRow(name, n)) && isFine;
-    return isFine;
+    for (int n = 0; n < each;) n += insert(eventRow(name, n)) ? 1 : 0;  // refused while the other one writes
+    return true;
   };
   const auto first = inChild([&] { return fill("first"); });
   const auto second = inChild([&] { return fill("second"); });

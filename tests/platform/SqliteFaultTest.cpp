@@ -99,7 +99,10 @@ class Life {
     return failed;
   }
 
-  void reopen() { factory_ = std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_); }
+  void reopen() {
+    factory_ = std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_);
+    executor_->runAll();
+  }
 
   /// The ids in the current file and in the files set aside.
   std::set<std::string> idsAnywhere() {

@@ -1,3 +1,4 @@
+#include "platform/posix/ForkedChild.h"
 #include "platform/posix/PosixDevice.h"
 #include "platform/posix/PosixDirectories.h"
 #include "platform/posix/SystemRandom.h"
@@ -59,17 +60,44 @@ TEST(SystemRandomTest, neverRepeatsItself) {
   EXPECT_GT(std::count_if(large.end() - 1000, large.end(), [](auto byte) { return byte != 0; }), 900);
 }
 
-TEST(SystemRandomTest, givesAForkedChildOtherBytes) {
+/// `_Fork` calls no handlers, unlike `fork`.
+class ForkTest : public ::testing::TestWithParam<pid_t (*)()> {};
+INSTANTIATE_TEST_SUITE_P(, ForkTest, ::testing::Values(&fork, &_Fork));
+
+TEST_P(ForkTest, givesEachProcessBytesAndAGenerationOfItsOwn) {
+  struct Report {
+    Uuid::Bytes bytes;
+    std::uint64_t generation;
+    bool isChild;
+  };
   SystemRandom random;
-  random.uuid();
+  const auto report = [&] { return Report{random.uuid().bytes(), processGeneration(), isForkedChild()}; };
+  const auto before = report();
+  EXPECT_FALSE(before.isChild);
   std::array<int, 2> pipeEnds{};
   ASSERT_EQ(pipe(pipeEnds.data()), 0);
-  const auto child = fork();
-  const auto bytes = random.uuid().bytes();
-  if (child == 0) _exit(write(pipeEnds[1], bytes.data(), bytes.size()) == ssize_t{16} ? 0 : 1);
-  Uuid::Bytes childBytes{};
-  EXPECT_EQ(read(pipeEnds[0], childBytes.data(), childBytes.size()), 16);
-  EXPECT_NE(bytes, childBytes);
+  // The child reports, then its own child.
+  const auto child = GetParam()();
+  if (child == 0) {
+    auto mine = report();
+    bool isWritten = write(pipeEnds[1], &mine, sizeof(mine)) == ssize_t{sizeof(mine)};
+    const auto grandchild = GetParam()();
+    if (grandchild != 0) _exit(waitpid(grandchild, nullptr, 0) == grandchild && isWritten ? 0 : 1);
+    mine = report();
+    isWritten = write(pipeEnds[1], &mine, sizeof(mine)) == ssize_t{sizeof(mine)};
+    _exit(isWritten ? 0 : 1);
+  }
+  std::set<Uuid::Bytes> bytes{before.bytes, report().bytes};
+  std::set<std::uint64_t> generations{before.generation, report().generation};
+  for (int n = 0; n < 2; ++n) {
+    Report got{};
+    ASSERT_EQ(read(pipeEnds[0], &got, sizeof(got)), ssize_t{sizeof(got)});
+    EXPECT_TRUE(got.isChild);
+    bytes.insert(got.bytes);
+    generations.insert(got.generation);
+  }
+  EXPECT_EQ(bytes.size(), 4U);
+  EXPECT_EQ(generations.size(), 3U);
   waitpid(child, nullptr, 0);
   close(pipeEnds[0]);
   close(pipeEnds[1]);

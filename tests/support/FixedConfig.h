@@ -4,6 +4,7 @@
 #include "config/FetchConfigUseCase.h"
 #include "reactive/Observable.h"
 
+#include <memory>
 #include <optional>
 
 namespace orrelo::test {
@@ -16,6 +17,8 @@ class FixedConfig final : public FetchConfigUseCase {
   reactive::Observable<Config> fetch() override {
     return error ? reactive::error<Config>(*error) : reactive::just(config);
   }
+
+  std::shared_ptr<const Config> freshConfig() const override { return nullptr; }
 
   Config config;
   std::optional<Error> error;

@@ -19,12 +19,12 @@ class ObservedDatabase final : public EventDatabase {
   std::function<void(const std::vector<std::string>& eventIds)> onDeleted;
 
   void insert(EventRow row, Completion<std::monostate> completion) override {
-    auto id = row.eventId.value_or("");
-    database_->insert(std::move(row),
-                      [this, id = std::move(id), completion = std::move(completion)](const auto& result) {
-                        if (onInserted && result.index() == 0) onInserted(id);
-                        completion(result);
-                      });
+    auto observed = observedInsert(row, std::move(completion));
+    database_->insert(std::move(row), std::move(observed));
+  }
+  void insertOnce(EventRow row, Completion<std::monostate> completion) override {
+    auto observed = observedInsert(row, std::move(completion));
+    database_->insertOnce(std::move(row), std::move(observed));
   }
   void fetchOldest(std::size_t limit, Completion<std::vector<EventRow>> completion) override {
     database_->fetchOldest(limit, std::move(completion));
@@ -39,9 +39,18 @@ class ObservedDatabase final : public EventDatabase {
     database_->deleteRowsUpTo(std::move(time), std::move(completion));
   }
   std::string location() const override { return database_->location(); }
-  std::shared_ptr<const void> acquireSending() override { return database_->acquireSending(); }
+  void acquireSending(Completion<std::shared_ptr<const void>> completion) override {
+    database_->acquireSending(std::move(completion));
+  }
 
  private:
+  Completion<std::monostate> observedInsert(const EventRow& row, Completion<std::monostate> completion) {
+    return [this, id = row.eventId.value_or(""), completion = std::move(completion)](const auto& result) {
+      if (onInserted && result.index() == 0) onInserted(id);
+      completion(result);
+    };
+  }
+
   std::shared_ptr<EventDatabase> database_;
 };
 

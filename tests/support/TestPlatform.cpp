@@ -12,6 +12,7 @@ TestPlatform::TestPlatform() {
   platform.userDefaults = defaults;
   platform.directories = std::make_shared<FolderDirectories>(folder.path());
   platform.eventDatabases = std::make_shared<SqliteEventDatabaseFactory>(platform.directories, clock, loop);
+  platform.eventJournal = journal;
   platform.device = device;
   platform.mainBundle = std::make_shared<FixedBundle>(
       std::map<std::string, std::string>{{"CFBundleIdentifier", "com.example.shop"},

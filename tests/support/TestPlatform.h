@@ -2,6 +2,7 @@
 
 #include "platform/posix/PosixApplication.h"
 #include "platform/store/SqliteEventDatabase.h"
+#include "support/MemoryEventJournal.h"
 #include "support/PlainImageCodec.h"
 #include "support/TemporaryFolder.h"
 #include "support/Twins.h"
@@ -27,6 +28,7 @@ class TestPlatform {
   std::shared_ptr<ManualLoop> loop = std::make_shared<ManualLoop>(clock);
   std::shared_ptr<ScriptedURLSession> session = std::make_shared<ScriptedURLSession>();
   std::shared_ptr<MemoryDefaultsFactory> defaults = std::make_shared<MemoryDefaultsFactory>();
+  std::shared_ptr<MemoryEventJournal> journal = std::make_shared<MemoryEventJournal>();
   std::shared_ptr<FixedDevice> device = std::make_shared<FixedDevice>();
   std::shared_ptr<PosixApplication> application = std::make_shared<PosixApplication>();
   /// The texts that the kit has put on the pasteboard and shared, in order.

@@ -1,10 +1,10 @@
 #include "platform/posix/SystemRandom.h"
 
+#include "platform/posix/ForkedChild.h"
+
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cerrno>
-#include <pthread.h>
 #include <random>
 #include <sys/random.h>
 
@@ -15,17 +15,8 @@ namespace {
 struct Store {
   std::array<std::uint8_t, 4096> bytes;
   std::size_t used = sizeof(bytes);
-  unsigned generation = 0;
+  std::uint64_t generation = 0;  // of the process that has filled it
 };
-
-/// Counts the forks that led to this process, so that a child discards the bytes buffered by its parent.
-std::atomic<unsigned> generation = 0;
-
-unsigned currentGeneration() {
-  [[maybe_unused]] static const int registered =
-      pthread_atfork(nullptr, nullptr, [] { generation.fetch_add(1, std::memory_order_relaxed); });
-  return generation.load(std::memory_order_relaxed);
-}
 
 void fillFromSystem(std::span<std::uint8_t> bytes) {
   while (!bytes.empty()) {
@@ -46,7 +37,7 @@ void fillFromSystem(std::span<std::uint8_t> bytes) {
 void SystemRandom::fill(std::span<std::uint8_t> bytes) {
   thread_local Store store;
   if (bytes.size() > store.bytes.size()) return fillFromSystem(bytes);
-  const auto now = currentGeneration();
+  const auto now = processGeneration();
   if (store.generation != now || store.bytes.size() - store.used < bytes.size()) {
     fillFromSystem(store.bytes);
     store.used = 0;

@@ -75,12 +75,26 @@ bool EventTable::rollback() {
 }
 
 void EventTable::insert(const EventRow& row) {
-  bindText(insert_, 1, row.eventId);
-  bindText(insert_, 2, row.userId);
-  bindText(insert_, 3, row.eventName);
-  bindTime(insert_, 4, row.eventTime);
-  bindText(insert_, 5, row.eventValues);
-  file_.step(insert_);
+  runInsert(insert_, row);
+}
+
+void EventTable::insertOnce(const EventRow& row) {
+  if (!insertOnce_) {
+    // The index on the time finds the few rows whose ids are compared.
+    insertOnce_ = file_.prepare(
+        "INSERT INTO events (eventId, userId, eventName, eventTime, eventValues) SELECT ?1, ?2, ?3, ?4, ?5 "
+        "WHERE NOT EXISTS (SELECT 1 FROM events WHERE eventTime IS ?4 AND eventId IS ?1)");
+  }
+  runInsert(*insertOnce_, row);
+}
+
+void EventTable::runInsert(SQLite::Statement& statement, const EventRow& row) {
+  bindText(statement, 1, row.eventId);
+  bindText(statement, 2, row.userId);
+  bindText(statement, 3, row.eventName);
+  bindTime(statement, 4, row.eventTime);
+  bindText(statement, 5, row.eventValues);
+  file_.step(statement);
 }
 
 std::vector<EventRow> EventTable::fetchOldest(std::size_t limit) {

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,11 +28,14 @@ class EventTable {
   void skipCheckpointOnClose() { file_.skipCheckpointOnClose(); }
 
   void insert(const EventRow& row);
+  /// Inserts the row unless there is one with the same time and id.
+  void insertOnce(const EventRow& row);
   std::vector<EventRow> fetchOldest(std::size_t limit);
   std::size_t deleteRow(const std::string& eventId);
   std::size_t deleteRowsUpTo(const StoredTime& time);
 
  private:
+  void runInsert(SQLite::Statement& statement, const EventRow& row);
   StoredTime readTime(int column) const;
 
   EventTimeStorage timeStorage_;
@@ -40,6 +44,7 @@ class EventTable {
   SQLite::Statement beginWriting_;
   SQLite::Statement commit_;
   SQLite::Statement insert_;
+  std::optional<SQLite::Statement> insertOnce_;  // prepared by its first use, since few rows need it
   SQLite::Statement fetch_;
   SQLite::Statement deleteRow_;
   SQLite::Statement deleteUpTo_;

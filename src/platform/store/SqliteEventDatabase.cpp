@@ -26,8 +26,9 @@ struct Pending {
 
 struct Insert : Pending<std::monostate> {
   EventRow row;
+  bool isOnce;
 
-  void run(EventTable& table) { table.insert(row); }
+  void run(EventTable& table) { isOnce ? table.insertOnce(row) : table.insert(row); }
 };
 
 struct Fetch : Pending<std::vector<EventRow>> {
@@ -79,6 +80,12 @@ struct Operation {
   }
 };
 
+// A descriptor that was opened on the executor's thread must be closed there.
+template <class T>
+void releaseOnExecutor(const std::shared_ptr<SerialExecutor>& executor, std::shared_ptr<T> object) {
+  executor->post([object = std::move(object)]() mutable { object.reset(); });
+}
+
 using Batch = std::vector<Operation>;
 
 class SqliteEventDatabase final : public EventDatabase,
@@ -93,8 +100,16 @@ class SqliteEventDatabase final : public EventDatabase,
         clock_(std::move(clock)),
         executor_(std::move(executor)) {}
 
+  ~SqliteEventDatabase() override {
+    if (table_) releaseOnExecutor(executor_, std::move(table_));
+  }
+
   void insert(EventRow row, Completion<std::monostate> completion) override {
-    enqueue(Insert{{std::move(completion)}, std::move(row)});
+    enqueue(Insert{{std::move(completion)}, std::move(row), false});
+  }
+
+  void insertOnce(EventRow row, Completion<std::monostate> completion) override {
+    enqueue(Insert{{std::move(completion)}, std::move(row), true});
   }
 
   void fetchOldest(std::size_t limit, Completion<std::vector<EventRow>> completion) override {
@@ -111,12 +126,29 @@ class SqliteEventDatabase final : public EventDatabase,
 
   std::string location() const override { return path().string(); }
 
-  std::shared_ptr<const void> acquireSending() override { return FileLock::acquire(path() += ".lock"); }
+  void acquireSending(Completion<std::shared_ptr<const void>> completion) override {
+    executor_->post([self = shared_from_this(), completion = std::move(completion)] {
+      runGuarded([&] { completion(self->lockSending()); });
+    });
+  }
 
  private:
   /// Waits for a busy file only once per batch.
   std::chrono::milliseconds busyTimeout() const {
     return wasBusy_ ? std::chrono::milliseconds(0) : maximumBusyTimeout;
+  }
+
+  std::variant<std::shared_ptr<const void>, Error> lockSending() const {
+    try {
+      auto lock = FileLock::acquire(path() += ".lock");
+      if (!lock) return nullptr;
+      const std::shared_ptr<FileLock> held = std::move(lock);
+      return std::shared_ptr<const void>(held.get(), [held, executor = executor_](const void*) mutable {
+        releaseOnExecutor(executor, std::move(held));
+      });
+    } catch (const SqliteFailure& failure) {
+      return failure.error();
+    }
   }
 
   std::filesystem::path path() const { return directories_->data() / fileName_; }
@@ -208,7 +240,7 @@ class SqliteEventDatabase final : public EventDatabase,
   }
 
   void commitTogether(std::span<Operation> batch) {
-    if (!table_) table_.emplace(path(), timeStorage_, busyTimeout());
+    if (!table_) table_ = std::make_shared<EventTable>(path(), timeStorage_, busyTimeout());
     table_->setBusyTimeout(busyTimeout());
     if (batch.size() == 1 && batch.front().isAtomic()) return batch.front().run(*table_);
     bool writes = false;
@@ -229,7 +261,7 @@ class SqliteEventDatabase final : public EventDatabase,
     replaced_ = true;
     mustReopen_ = false;
     try {
-      table_.emplace(file, timeStorage_, busyTimeout());
+      table_ = std::make_shared<EventTable>(file, timeStorage_, busyTimeout());
     } catch (const SqliteFailure& failure) {
       if (failure.isRefusal()) return true;
       preconditionFailure("Unresolved error " + failure.error().description() + ", " + file.string());
@@ -248,7 +280,7 @@ class SqliteEventDatabase final : public EventDatabase,
   bool isDraining_ = false;
 
   // Accessed only in the executor's tasks.
-  std::optional<EventTable> table_;
+  std::shared_ptr<EventTable> table_;
   bool wasBusy_ = false;
   bool replaced_ = false;
   bool mustReopen_ = false;

@@ -2,39 +2,42 @@
 
 #include "base/DateFormat.h"
 #include "base/Logger.h"
+#include "platform/EventDatabase.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <new>
 #include <sqlite3.h>
+#include <string_view>
 
 namespace orrelo {
 namespace {
 
-const char* caseName(int code) {
-  switch (code) {
-    case SQLITE_BUSY:
-      return "busy";
-    case SQLITE_LOCKED:
-      return "locked";
-    case SQLITE_FULL:
-      return "full";
-    case SQLITE_READONLY:
-      return "readOnly";
-    case SQLITE_IOERR:
-      return "ioError";
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-      return "corrupt";
-    case SQLITE_CANTOPEN:
-      return "cantOpen";
-    case SQLITE_NOMEM:
-      return "noMemory";
-    case SQLITE_TOOBIG:
-      return "tooBig";
-    default:
-      return "unknown";
-  }
-}
+constexpr std::string_view domain = "SQLite";
+
+struct Case {
+  int code;
+  const char* name;
+  /// The operation may succeed later, on the same file.
+  bool isRefusal;
+};
+
+// The first one is for a file that cannot be opened because of the system.
+constexpr std::array<Case, 14> cases{{{SQLITE_CANTOPEN, "unavailable", true},
+                                      {SQLITE_CANTOPEN, "cantOpen", false},
+                                      {SQLITE_BUSY, "busy", true},
+                                      {SQLITE_LOCKED, "locked", true},
+                                      {SQLITE_PROTOCOL, "locked", true},
+                                      {SQLITE_FULL, "full", true},
+                                      {SQLITE_READONLY, "readOnly", true},
+                                      {SQLITE_PERM, "forbidden", true},
+                                      {SQLITE_IOERR, "ioError", true},
+                                      {SQLITE_NOMEM, "noMemory", true},
+                                      {SQLITE_CORRUPT, "corrupt", false},
+                                      {SQLITE_NOTADB, "corrupt", false},
+                                      {SQLITE_TOOBIG, "tooBig", false},
+                                      {SQLITE_INTERNAL, "unknown", false}}};
 
 /// True if opening failed because of the system and the file itself may be intact.
 bool isEnvironment(int systemError) {
@@ -116,12 +119,20 @@ bool SqliteFailure::isUnusableFile() const {
 }
 
 bool SqliteFailure::isRefusal() const {
-  return isBusy() || code_ == SQLITE_FULL || code_ == SQLITE_READONLY || code_ == SQLITE_NOMEM ||
-         (code_ == SQLITE_CANTOPEN && isEnvironment(systemError_));
+  return isStoreRefusal(error());
 }
 
 Error SqliteFailure::error() const {
-  return {"SQLite", caseName(code_), what()};
+  const bool isUnavailable = code_ == SQLITE_CANTOPEN && isEnvironment(systemError_);
+  const auto found = std::find_if(isUnavailable ? cases.begin() : cases.begin() + 1, cases.end() - 1,
+                                  [this](const Case& known) { return known.code == code_; });
+  return {std::string(domain), found->name, what()};
+}
+
+bool isStoreRefusal(const Error& error) {
+  return error.domain() == domain && std::any_of(cases.begin(), cases.end(), [&](const Case& known) {
+           return known.isRefusal && error.caseName() == known.name;
+         });
 }
 
 SqliteFile::SqliteFile(const std::filesystem::path& path, Missing missing)

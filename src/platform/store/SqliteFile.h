@@ -27,7 +27,7 @@ class SqliteFailure : public std::runtime_error {
   /// True if the file must be replaced: it is damaged, is not a database, has a foreign schema, or is not a
   /// regular file.
   bool isUnusableFile() const;
-  /// True if the system rejects the operation for now: busy, full, read-only, out of memory, or forbidden.
+  /// True if the same operation may succeed later; see `isStoreRefusal`.
   bool isRefusal() const;
   /// The failure as an Error in the domain "SQLite".
   Error error() const;

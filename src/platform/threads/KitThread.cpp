@@ -19,6 +19,7 @@ std::atomic<bool> exitBegan = false;
 std::atomic<int> activeTasks = 0;
 // Excluded from the wait in `beginExit`, since a task itself may end the process.
 thread_local int activeTasksHere = 0;
+thread_local bool isStartedHere = false;
 
 int registerExit() {
   // Exit handlers and destructors of static objects run in reverse order. Using simdjson here creates its
@@ -67,7 +68,10 @@ std::thread startKitThread(const char* name, std::function<void()> body) {
   pthread_sigmask(SIG_SETMASK, &blocked, &before);
   std::thread thread;
   try {
-    thread = std::thread(std::move(body));
+    thread = std::thread([body = std::move(body)] {
+      isStartedHere = true;
+      body();
+    });
   } catch (...) {
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     throw;
@@ -75,6 +79,10 @@ std::thread startKitThread(const char* name, std::function<void()> body) {
   pthread_sigmask(SIG_SETMASK, &before, nullptr);
   pthread_setname_np(thread.native_handle(), name);
   return thread;
+}
+
+bool isKitThread() {
+  return isStartedHere;
 }
 
 void runTask(std::function<void()> task) {

@@ -29,6 +29,9 @@ class ExitBlocker {
 /// std::system_error if no thread can be created.
 std::thread startKitThread(const char* name, std::function<void()> body);
 
+/// True on a thread that `startKitThread` has started.
+bool isKitThread();
+
 /// Runs `task` on the calling thread of the kit. The exit waits for the task and for the destruction of its
 /// captures. If the process is already exiting, the thread is suspended forever and keeps the task, because
 /// destroying its captures may access objects that no longer exist.

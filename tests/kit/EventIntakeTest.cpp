@@ -1,0 +1,192 @@
+#include "events/EventIntake.h"
+#include "base/Json.h"
+#include "events/EventMapper.h"
+#include "events/KelsoInsight.h"
+#include "events/OLSEventMapper.h"
+#include "support/LogCapture.h"
+#include "support/ServiceReplies.h"
+#include "support/TestPlatform.h"
+
+#include <orrelo/Orrelo.h>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+
+namespace orrelo::test {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(EventRecordTest, KeepsEachTypeOfValueAndReadsNothingElse) {
+  const EventValues values{{"array", EventArray{1, "two", EventArray{EventDictionary{{"k", nullptr}}}}},
+                           {"date", Date::fromSeconds(1'700'000'000)},
+                           {"dictionary", EventDictionary{{"b", 1.5}, {"a", true}}},
+                           {"integer", std::int64_t{-5}},
+                           {"malformed \xFF", "\xFF"},
+                           {"no JSON form", EventArray{EventBytes(3), EventValue::other(0)}},
+                           {"number", 0.1},
+                           {"set", EventSet{1, 1, "2"}},
+                           {"text", std::string(300, 'v')},
+                           {"url", *Url::parse("https://a.example/b")},
+                           {"uuid", Uuid::fromRandom({1, 2, 3})},
+                           {"yes", false}};
+  const auto id = Uuid::fromRandom({4, 5, 6});
+  const auto record = EventRecord::encode(id, Date::fromSeconds(-3), "minji", "n\xFF", values);
+  const auto content = EventRecord::decode(*record);
+  ASSERT_TRUE(content);
+  EXPECT_EQ(content->origin, EventOrigin::host);
+  EXPECT_EQ(content->event,
+            (Event{id, "minji", "n\uFFFD", OLSEventMapper().map(values), Date::fromSeconds(-3)}));
+  const BIEvent own{id, std::nullopt, "ol_visit", {{"b", "1"}, {"a", ""}}, Date::fromSeconds(7)};
+  EXPECT_EQ(EventRecord::decode(*EventRecord::encode(own))->event, own);
+
+  for (std::size_t size = 0; size < record->size(); ++size) {
+    EXPECT_FALSE(EventRecord::decode(record->substr(0, size))) << size;
+  }
+  EXPECT_FALSE(EventRecord::decode(*record + "x"));
+  EventValue deep = 1;
+  for (int i = 0; i < 10'000; ++i) deep = EventArray{std::move(deep)};
+  EXPECT_TRUE(EventRecord::decode(*EventRecord::encode(id, {}, {}, "deep", {{"k", std::move(deep)}})));
+}
+
+// The intake is a global of the process, so every test runs in its own process (see gtest_discover_tests).
+class EventIntakeTest : public testing::Test {
+ protected:
+  EventIntakeTest() {
+    platform_.session->responder = [this](const URLRequest& request) {
+      if (request.url.path().ends_with("/config")) return configReply_;
+      return std::optional<URLSessionResult>();
+    };
+  }
+
+  void initialize(const std::string& appKey = "shop") {
+    Orrelo::initialize(ORLConfig(appKey));
+    platform_.loop->run();
+  }
+  void report(const std::string& name) {
+    Orrelo::sendEvent(name, {{"k", 1}});
+    platform_.loop->run();
+  }
+  std::vector<std::string> stored() const {
+    const auto path = (platform_.folder.path() / "OLSCoreDataEvent.sqlite").string();
+    if (!std::filesystem::exists(path)) return {};
+    const SQLite::Database database(path);
+    SQLite::Statement rows(database, "SELECT eventName || ' of ' || userId FROM events ORDER BY eventName");
+    std::vector<std::string> names;
+    while (rows.executeStep()) names.push_back(rows.getColumn(0).getString());
+    return names;
+  }
+  std::size_t waiting() const { return platform_.journal->records().size(); }
+  std::size_t questions() const { return platform_.session->requestsTo("/config").size(); }
+  std::optional<bool> flushed(milliseconds timeout) {
+    std::optional<bool> result;
+    Orrelo::flush(timeout, [&](bool isFlushed) { result = isFlushed; });
+    platform_.loop->runFor(timeout);
+    return result;
+  }
+
+  TestPlatform platform_;
+  const LogCapture log_;
+  std::optional<URLSessionResult> configReply_ = ScriptedURLSession::reply(200, configReply());
+};
+
+TEST_F(EventIntakeTest, WhatAnEndedProcessLeavesAsksOnceAndKeepsItsUserAndTime) {
+  Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
+  configReply_ = std::nullopt;
+  initialize();
+  EXPECT_TRUE(platform_.journal->isPrepared());
+  for (const auto* const name : {"a", "b", "c"}) report(name);
+  KelsoInsight::track("ol_visit", {});
+  EXPECT_THAT(stored(), IsEmpty());
+  EXPECT_EQ(waiting(), 4u);
+  EXPECT_EQ(flushed(milliseconds(100)), false);
+  platform_.loop->run();
+  EXPECT_EQ(waiting(), 3u) << "the kit's own event asks nobody";
+
+  platform_.journal->abandon();
+  platform_.clock->advance(seconds(86'399));
+  Orrelo::setUser(ORLUser("hana", ORLMarketingStatus::unknown, {}));
+  const auto before = questions();
+  initialize("next");
+  EXPECT_EQ(questions(), before + 2) << "the first fetch and one question";
+  initialize("third");
+  EXPECT_EQ(waiting(), 3u) << "an adopted event asks again";
+  configReply_ = ScriptedURLSession::reply(200, configReply());
+  initialize("fourth");
+  EXPECT_THAT(stored(), ElementsAre("a of minji", "b of minji", "c of minji"));
+  EXPECT_EQ(waiting(), 0u);
+  EXPECT_TRUE(Orrelo::flush(milliseconds(0)));
+}
+
+TEST_F(EventIntakeTest, AnAnswerOfNoAndASecondInitializeDropWhatWaits) {
+  configReply_ = std::nullopt;
+  initialize();
+  report("cut off");
+  EXPECT_EQ(waiting(), 1u);
+  configReply_ = ScriptedURLSession::reply(200, configReply(false));
+  initialize("second");
+  EXPECT_EQ(waiting(), 0u);
+  platform_.journal->leave({EventRecord::encode({}, platform_.clock->now(), {}, "left", {}),
+                            EventRecord::encode({}, platform_.clock->now() - seconds(86'400), {}, "old", {}),
+                            std::make_shared<EventJournal::Record>("no event, but longer than a header")});
+  platform_.loop->runFor(seconds(61));
+  report("asked");  // the configuration is no longer fresh
+  EXPECT_EQ(waiting(), 0u);
+  platform_.journal->refuse(EventJournal::Refusal::unwritable);
+  report("not even written");
+  EXPECT_THAT(stored(), IsEmpty());
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("1 records of the journal are no events")));
+  EXPECT_THAT(log_.lines(), testing::Not(Contains(HasSubstr("cannot be written"))));
+  EXPECT_EQ(flushed(milliseconds(1)), true);
+}
+
+TEST_F(EventIntakeTest, AStoreThatRefusesIsAskedAgainUntilItTakesTheEventOnce) {
+  Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
+  initialize();
+  report("first");
+  {
+    SQLite::Database other((platform_.folder.path() / "OLSCoreDataEvent.sqlite").string(),
+                           SQLite::OPEN_READWRITE);
+    other.exec("BEGIN IMMEDIATE");
+    report("second");
+    report("third");
+    platform_.loop->runFor(seconds(3));
+    EXPECT_EQ(waiting(), 2u);
+    EXPECT_EQ(flushed(milliseconds(10)), false);
+    other.exec("COMMIT");
+  }
+  EXPECT_EQ(flushed(seconds(30)), true);
+  EXPECT_EQ(waiting(), 0u);
+  EXPECT_THAT(stored(), ElementsAre("first of minji", "second of minji", "third of minji"));
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("A store refuses events for now")).Times(1));
+}
+
+TEST_F(EventIntakeTest, WithoutAJournalEventsWaitInMemoryUpToItsBound) {
+  Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
+  configReply_ = std::nullopt;
+  initialize();
+  platform_.journal->refuse(EventJournal::Refusal::full);
+  const std::string large(1'000'000, 'v');
+  for (int i = 0; i < 17; ++i) Orrelo::sendEvent("e" + std::to_string(10 + i), {{"k", large}});
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("events wait in memory alone")).Times(1));
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("the event is refused")).Times(1));
+  platform_.loop->runFor(seconds(61));
+  configReply_ = ScriptedURLSession::reply(200, configReply());
+  platform_.journal->refuse(std::nullopt);
+  report("written");
+  EXPECT_EQ(stored().size(), 1u) << "the others wait for the answers to their own questions";
+  while (!platform_.session->waiting.empty()) {
+    platform_.session->answer(ScriptedURLSession::reply(200, configReply()));
+  }
+  platform_.loop->run();
+  EXPECT_EQ(stored().size(), 17u);
+  EXPECT_TRUE(Orrelo::flush(milliseconds(0)));
+}
+
+}  // namespace
+}  // namespace orrelo::test
