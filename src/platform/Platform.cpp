@@ -1,5 +1,6 @@
 #include "base/Logger.h"
 #include "platform/http/CurlURLSession.h"
+#include "platform/journal/FileEventJournal.h"
 #include "platform/posix/PosixApplication.h"
 #include "platform/posix/PosixBundle.h"
 #include "platform/posix/PosixDevice.h"
@@ -45,8 +46,11 @@ Platform Platform::posix(const HostApplication& host) {
   platform.directories = std::make_shared<PosixDirectories>(host);
   platform.userDefaults = std::make_shared<SqliteUserDefaultsFactory>(platform.directories, platform.clock,
                                                                       bundleIdentifier(host));
+  const auto writer = std::make_shared<WriterQueue>();
   platform.eventDatabases =
-      std::make_shared<SqliteEventDatabaseFactory>(platform.directories, platform.clock);
+      std::make_shared<SqliteEventDatabaseFactory>(platform.directories, platform.clock, writer);
+  platform.eventJournal = std::make_shared<FileEventJournal>(
+      JournalEnvironment{platform.directories, platform.clock, platform.random, writer, platform.workers});
   platform.device = std::make_shared<PosixDevice>();
   platform.mainBundle = PosixBundle::main(host);
   platform.kitBundle = PosixBundle::kit();

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/journal/OwnJournal.h"
+
+#include <orrelo/platform/EventJournal.h>
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <variant>
+#include <vector>
+
+namespace orrelo {
+
+class LeftJournals;
+
+/// A journal in files of the data folder, one for each process.
+class FileEventJournal final : public EventJournal {
+ public:
+  explicit FileEventJournal(JournalEnvironment environment);
+  /// Leaves the files to be adopted, as the end of the process does.
+  ~FileEventJournal() override;
+  FileEventJournal(const FileEventJournal&) = delete;
+  FileEventJournal& operator=(const FileEventJournal&) = delete;
+
+  void prepare() override;
+  std::variant<Position, Refusal> append(const std::shared_ptr<Record>& record) override;
+  /// Does nothing in a forked child, as `maintain`.
+  void release(std::vector<Position> positions) override;
+  void maintain(Adopter adopt) override;
+
+ private:
+  struct Child;
+
+  OwnJournal& current();
+
+  const JournalEnvironment environment_;
+  const std::uint64_t generation_;
+  const std::shared_ptr<OwnJournal> own_;
+  const std::shared_ptr<LeftJournals> left_;
+  /// The journal of this process if it is a forked child.
+  std::atomic<Child*> child_ = nullptr;
+};
+
+}  // namespace orrelo

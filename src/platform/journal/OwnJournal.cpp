@@ -1,0 +1,302 @@
+#include "platform/journal/OwnJournal.h"
+
+#include "base/Logger.h"
+#include "platform/journal/JournalFormat.h"
+#include "platform/threads/KitThread.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace orrelo {
+namespace {
+
+using namespace std::chrono_literals;
+using Refusal = EventJournal::Refusal;
+
+constexpr auto maximumWaitForExecutor = 1s;
+constexpr auto pauseAfterFailure = 1s;
+/// A file whose records are all released is replaced at once if it is larger, else by `maintain`.
+constexpr std::size_t maximumReleasedSize = std::size_t{128} * 1024;
+constexpr std::size_t maximumMostlyReleasedSize = std::size_t{1024} * 1024;
+constexpr std::size_t fillSize = std::size_t{256} * 1024;
+
+/// Hands a new file from the executor to a thread that waits for it.
+struct Creation {
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::shared_ptr<JournalFile> file;
+  bool isDone = false;
+  bool isAbandoned = false;
+};
+
+}  // namespace
+
+OwnJournal::OwnJournal(JournalEnvironment environment, Kind kind, Position firstPosition)
+    : environment_(std::move(environment)), kind_(kind), last_(firstPosition) {}
+
+void OwnJournal::prepare() {
+  Lock lock(mutex_);
+  acquireFile(lock);
+}
+
+std::variant<EventJournal::Position, Refusal> OwnJournal::append(
+    const std::shared_ptr<EventJournal::Record>& record) {
+  if (record->size() > EventJournal::maximumRecordSize) return Refusal::tooLarge;
+  Lock lock(mutex_);
+  if (!acquireFile(lock)) return Refusal::unwritable;
+  if (liveSize_ + othersSize_ + record->size() > EventJournal::maximumLiveSize) return Refusal::full;
+  const auto position = ++last_;
+  journal::seal(*record, file_->seed(), position, journal::RecordKind::event);
+  if (!file_->append(*record)) return Refusal::unwritable;
+  if (kind_ == Kind::ofProcess) live_.emplace_hint(live_.end(), position, record);
+  liveSize_ += record->size();
+  return position;
+}
+
+OwnJournal::Position OwnJournal::reservePositions(std::size_t count) {
+  const std::lock_guard lock(mutex_);
+  return std::exchange(last_, last_ + count) + 1;
+}
+
+std::vector<OwnJournal::Position> OwnJournal::release(const std::vector<Position>& positions) {
+  std::vector<Position> unknown;
+  std::vector<RecordPtr> forgotten;  // destroyed after the lock
+  bool mustPost = false;
+  {
+    const std::lock_guard lock(mutex_);
+    for (const auto position : positions) {
+      auto found = live_.extract(position);
+      if (found.empty()) {
+        unknown.push_back(position);
+        continue;
+      }
+      liveSize_ -= found.mapped()->size();
+      forgotten.push_back(std::move(found.mapped()));
+      released_.push_back(position);
+    }
+    mustPost = !released_.empty() && !std::exchange(isFlushPosted_, true);
+  }
+  if (mustPost) environment_.executor->post([self = shared_from_this()] { self->flush(); });
+  return unknown;
+}
+
+// -- The first file
+
+bool OwnJournal::acquireFile(Lock& lock) {
+  created_.wait(lock, [this] { return !isCreating_; });
+  if (file_) return true;
+  if (environment_.clock->steady() < nextCreation_) return false;
+  isCreating_ = true;
+  lock.unlock();
+  auto file = createFile();
+  lock.lock();
+  isCreating_ = false;
+  file_ = std::move(file);
+  if (!file_) nextCreation_ = environment_.clock->steady() + pauseAfterFailure;
+  created_.notify_all();
+  return file_ != nullptr;
+}
+
+OwnJournal::FilePtr OwnJournal::createFile() {
+  const bool hasExecutor = kind_ == Kind::ofProcess && !isExiting();
+  auto file = hasExecutor ? createOnExecutor()
+                          : JournalFile::create(environment_.directories->data(), *environment_.random,
+                                                JournalFile::Maker::writer);
+  if (!file || (file->openWriter() && file->publish())) return file;
+  discard(file);
+  return nullptr;
+}
+
+OwnJournal::FilePtr OwnJournal::createOnExecutor() {
+  const auto creation = std::make_shared<Creation>();
+  environment_.executor->post([self = shared_from_this(), creation] {
+    Lock lock(creation->mutex);
+    if (creation->isAbandoned) return;
+    lock.unlock();
+    auto file = JournalFile::create(self->environment_.directories->data(), *self->environment_.random,
+                                    JournalFile::Maker::keeper);
+    lock.lock();
+    creation->isDone = true;
+    creation->file = file;
+    creation->changed.notify_one();
+    if (creation->isAbandoned && file) self->discard(file);
+  });
+  Lock lock(creation->mutex);
+  if (creation->changed.wait_for(lock, maximumWaitForExecutor, [&] { return creation->isDone; })) {
+    return std::move(creation->file);
+  }
+  // The stores are busy. The calling thread makes the file; a forked child will inherit its lock.
+  creation->isAbandoned = true;
+  lock.unlock();
+  return JournalFile::create(environment_.directories->data(), *environment_.random,
+                             JournalFile::Maker::writer);
+}
+
+/// Removes a file that is not used. Its keeper is closed by the executor.
+void OwnJournal::discard(const FilePtr& file) {
+  file->remove();
+  file->closeWriter();
+  // A forked child must not touch the executor.
+  if (file->maker() == JournalFile::Maker::writer) return;
+  environment_.executor->post([file] { file->closeKeeper(); });
+}
+
+// -- Released records
+
+void OwnJournal::flush() {
+  std::vector<Position> released;
+  FilePtr file;
+  {
+    const std::lock_guard lock(mutex_);
+    released = std::exchange(released_, {});
+    isFlushPosted_ = false;
+    file = file_;
+  }
+  for (const auto position : released) unwritten_.add(position, position);
+  if (!file) return;
+  writeReleases(file);
+  renew(Renewal::ifDue);
+}
+
+void OwnJournal::writeReleases(const FilePtr& file) {
+  const auto records = journal::releaseRecords(unwritten_, file->seed());
+  // What cannot be written now is written with the next records that are released.
+  if (records.empty() || file->appendByKeeper(records)) unwritten_.clear();
+}
+
+// -- A new file in the place of the old one
+
+bool OwnJournal::isRenewalDue(Renewal renewal) const {
+  if (!file_ || isRenewing_) return false;
+  if (renewal == Renewal::always) return true;
+  const auto size = file_->size();
+  if (renewal == Renewal::ifReleased) return live_.empty() && size > sizeof(journal::FileHeader);
+  if (isRenewalRefused_) return false;
+  return live_.empty() ? size > maximumReleasedSize
+                       : size > maximumMostlyReleasedSize && liveSize_ < size / 2;
+}
+
+void OwnJournal::renew(Renewal renewal) {
+  Records records;
+  {
+    const std::lock_guard lock(mutex_);
+    if (!isRenewalDue(renewal)) return;
+    isRenewing_ = true;
+    records.assign(live_.begin(), live_.end());
+  }
+  const auto next =
+      JournalFile::create(environment_.directories->data(), *environment_.random, JournalFile::Maker::keeper);
+  if (next && fill(*next, records)) {
+    environment_.workers->post(
+        QualityOfService::utility,
+        [self = shared_from_this(), next, records = std::move(records)] { self->replaceBy(next, records); });
+    return;
+  }
+  if (next) discard(next);
+  const std::lock_guard lock(mutex_);
+  isRenewing_ = false;
+  isRenewalRefused_ = true;
+}
+
+bool OwnJournal::fill(JournalFile& file, const Records& records) {
+  std::string bytes;
+  std::string sealed;
+  for (const auto& [position, record] : records) {
+    sealed = *record;  // the record itself may be in use by other threads
+    journal::seal(sealed, file.seed(), position, journal::RecordKind::event);
+    bytes += sealed;
+    if (bytes.size() < fillSize) continue;
+    if (!file.fill(bytes)) return false;
+    bytes.clear();
+  }
+  return file.fill(bytes);
+}
+
+void OwnJournal::replaceBy(const FilePtr& next, const Records& written) {
+  bool isReady = next->openWriter();
+  FilePtr old;
+  {
+    const std::lock_guard lock(mutex_);
+    isRenewing_ = false;
+    if (isReady) {
+      const auto changes = changesSince(written, next->seed());
+      isReady = file_ && (changes.empty() || next->append(changes)) && next->publish();
+    }
+    if (isReady) {
+      old = std::exchange(file_, next);
+    } else {
+      isRenewalRefused_ = true;
+    }
+  }
+  if (!isReady) return discard(next);
+  old->remove();
+  old->closeWriter();
+  environment_.executor->post([old, next] {
+    old->closeKeeper();
+    next->reserve();  // a full disk may have room now
+  });
+}
+
+/// The records that a file lacks which was filled with `written` before.
+std::string OwnJournal::changesSince(const Records& written, std::uint64_t seed) const {
+  SequenceRanges released;
+  for (const auto& [position, record] : written) {
+    if (!live_.contains(position)) released.add(position, position);
+  }
+  auto changes = journal::releaseRecords(released, seed);
+  std::string sealed;
+  for (auto added = live_.upper_bound(written.empty() ? 0 : written.back().first); added != live_.end();
+       ++added) {
+    sealed = *added->second;
+    journal::seal(sealed, seed, added->first, journal::RecordKind::event);
+    changes += sealed;
+  }
+  return changes;
+}
+
+void OwnJournal::maintain(std::function<void(const std::string& ownName)> next) {
+  // The writer can be examined only on a thread of the process, the rest only in a task of the executor.
+  environment_.workers->post(QualityOfService::utility, [self = shared_from_this(), next = std::move(next)] {
+    FilePtr file;
+    bool hasWriter = false;
+    {
+      const std::lock_guard lock(self->mutex_);
+      file = self->file_;
+      hasWriter = file && file->hasWriter();
+      self->isRenewalRefused_ = false;
+    }
+    self->environment_.executor->post([self, file, hasWriter, next] {
+      if (file) self->examine(file, hasWriter);
+      next(file ? file->name() : "");
+    });
+  });
+}
+
+void OwnJournal::examine(const FilePtr& file, bool hasWriter) {
+  writeReleases(file);
+  const bool isUsable = hasWriter && file->isWhole();
+  {
+    const std::lock_guard lock(mutex_);
+    if (file != file_) return;  // a new one has just taken its place
+  }
+  if (!isUsable) {
+    log(LogLevel::WARNING,
+        "The journal of events was removed, changed or closed by another program and is written anew: " +
+            file->path().string());
+  }
+  renew(isUsable ? Renewal::ifReleased : Renewal::always);
+}
+
+void OwnJournal::close() {
+  FilePtr file;
+  {
+    const std::lock_guard lock(mutex_);
+    file = std::exchange(file_, nullptr);
+  }
+  if (!file) return;
+  file->closeWriter();
+  environment_.executor->post([file] { file->closeKeeper(); });
+}
+
+}  // namespace orrelo
