@@ -1,5 +1,5 @@
-// Compares `sendEvent` on the caller's thread with the least that it must do: a bare post to the same worker pool and
-// one bare write of a record of the same size to a file, while uploads run.
+// Compares `sendEvent` on the caller's thread with the least that it must do: a bare post to the same worker
+// pool and one bare write of a record of the same size to a file, while uploads run.
 #include "Benches.h"
 #include "DevService.h"
 #include "Targets.h"

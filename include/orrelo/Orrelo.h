@@ -30,7 +30,8 @@ namespace orrelo {
 /// ask the service first. `userNotificationCenter` and `application` do their work on the main thread in the
 /// same way. No operation waits for a file or for the network, except that `initialize`, `setUser` and the
 /// opening of a notification read and write small settings files, that an event's record is written to the
-/// system's memory of a file, and that `flush` waits as long as it is told to. Call `initialize` once and early.
+/// system's memory of a file, and that `flush` waits as long as it is told to. Call `initialize` once and
+/// early.
 ///
 /// Before `initialize`, an operation that needs it does nothing but write a log line.
 ///
@@ -69,8 +70,9 @@ class ORRELO_EXPORT Orrelo final {
   static void setUser(const std::optional<ORLUser>& user);
 
   /// Reports an action of the user. The event carries the current time and the current user. When the call
-  /// returns, the event survives the end of the process, however it ends (see docs/events.md). It is stored and
-  /// sent in the background, unless the service has disabled the kit or its configuration was never fetched.
+  /// returns, the event survives the end of the process, however it ends (see docs/events.md). It is stored
+  /// and sent in the background, unless the service has disabled the kit or its configuration was never
+  /// fetched.
   static void sendEvent(std::string_view name);
   /// The values are converted to texts in the background; moving them in avoids a copy. Throws
   /// UnsupportedEventValueException for null, bytes and unknown types at the top level. A collection that
@@ -79,12 +81,12 @@ class ORRELO_EXPORT Orrelo final {
 
   /// Waits until all events that were reported before the call, the kit's own included, are committed to the
   /// store or dropped by the configuration; it does not send them. True at once if nothing is on its way, as
-  /// before `initialize`. False at the timeout, which must not be negative, and at once on a thread of the kit,
-  /// such as that of a completion, and in a forked child. A host needs it before it copies or removes the
-  /// kit's files, not in order to exit.
+  /// before `initialize`. False at the timeout, which must not be negative, and at once on a thread of the
+  /// kit, such as that of a completion, and in a forked child. A host needs it before it copies or removes
+  /// the kit's files, not in order to exit.
   static bool flush(std::chrono::milliseconds timeout);
-  /// Returns at once and calls `completion` with the result, once, on a thread of the kit; never if the process
-  /// ends before.
+  /// Returns at once and calls `completion` with the result, once, on a thread of the kit; never if the
+  /// process ends before.
   static void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion);
 
   /// Opens home for the current user from the host's screen `with`: the user's rewards above the list of

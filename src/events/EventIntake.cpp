@@ -152,9 +152,10 @@ bool EventIntake::isDisabled() const {
 void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record) {
   const auto& platform = Platform::current();
   const auto& journal = platform.eventJournal;
-  auto appended = journal ? journal->append(record)
-                          : std::variant<EventJournal::Position, EventJournal::Refusal>(
-                                EventJournal::Refusal::unwritable);
+  auto appended =
+      journal
+          ? journal->append(record)
+          : std::variant<EventJournal::Position, EventJournal::Refusal>(EventJournal::Refusal::unwritable);
   // Neither the locks nor the threads of the parent can be used; its next launch or tick adopts the record.
   if (isForkedChild()) return;
   const auto* const position = std::get_if<EventJournal::Position>(&appended);
@@ -162,8 +163,8 @@ void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record) {
   {
     const std::lock_guard lock(state_.mutex);
     if (position != nullptr) state_.reportedRefusal.reset();
-    state_.queue.push_back({record, position == nullptr ? std::nullopt : std::optional(*position),
-                            state_.waiters.add(), false});
+    state_.queue.push_back(
+        {record, position == nullptr ? std::nullopt : std::optional(*position), state_.waiters.add(), false});
     if (std::exchange(state_.isScheduled, true)) return;
   }
   platform.workers->post(QualityOfService::utility, &processShared);
@@ -185,8 +186,9 @@ bool EventIntake::reserveHeap(std::size_t size, EventJournal::Refusal refusal) {
     });
   } else if (isNew) {
     log(LogLevel::WARNING, [&] {
-      return reasonOf(refusal) + ": events wait in memory alone until they are stored. A process that is killed "
-                                 "before that loses them.";
+      return reasonOf(refusal) +
+             ": events wait in memory alone until they are stored. A process that is killed "
+             "before that loses them.";
     });
   }
   return hasRoom;
@@ -240,8 +242,9 @@ void EventIntake::enter(std::span<const Queued> records) {
     }
   }
   if (unreadable > 0) {
-    log(LogLevel::ERROR,
-        [&] { return std::to_string(unreadable) + " records of the journal are no events and are dropped."; });
+    log(LogLevel::ERROR, [&] {
+      return std::to_string(unreadable) + " records of the journal are no events and are dropped.";
+    });
   }
   settle(dropped);
   if (!asking.empty()) ask(std::move(asking));

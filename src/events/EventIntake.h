@@ -17,10 +17,10 @@
 namespace orrelo {
 
 /// Takes accepted events into the stores, so that none is lost from the moment at which `accept` returns. The
-/// caller's thread writes a record to the journal. A worker then asks the configuration whether a host's event
-/// may be stored, hands it to the store, and releases the record after the commit. An event that a store
-/// refuses is tried again with growing pauses until it is a day old. Where the journal refuses a record, the
-/// event takes the same way from memory alone. There is one intake per process. Any thread.
+/// caller's thread writes a record to the journal. A worker then asks the configuration whether a host's
+/// event may be stored, hands it to the store, and releases the record after the commit. An event that a
+/// store refuses is tried again with growing pauses until it is a day old. Where the journal refuses a
+/// record, the event takes the same way from memory alone. There is one intake per process. Any thread.
 class EventIntake {
  public:
   /// The events that may wait in memory alone.

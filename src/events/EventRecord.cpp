@@ -117,9 +117,15 @@ class Writer {
     tag(Tag::url);
     text(value.text());
   }
-  void put(const EventArray& value) { nested(Tag::array, [&] { elements(value); }); }
-  void put(const EventSet& value) { nested(Tag::set, [&] { elements(value.elements); }); }
-  void put(const EventDictionary& value) { nested(Tag::dictionary, [&] { dictionary(value); }); }
+  void put(const EventArray& value) {
+    nested(Tag::array, [&] { elements(value); });
+  }
+  void put(const EventSet& value) {
+    nested(Tag::set, [&] { elements(value.elements); });
+  }
+  void put(const EventDictionary& value) {
+    nested(Tag::dictionary, [&] { dictionary(value); });
+  }
   // Bytes and unknown types stand only within collections, which then have no JSON form.
   void put(const EventBytes&) { other("Bytes"); }
   void put(const EventOther& value) { other(value.typeName); }
@@ -299,7 +305,8 @@ std::optional<EventRecord::Content> EventRecord::decode(std::string_view record)
     return content;
   } catch (const Reader::ReadFailure&) {
     return std::nullopt;
-  } catch (const UnsupportedEventValueException&) {  // `sendEvent` refuses such values, so that nobody wrote it
+  } catch (
+      const UnsupportedEventValueException&) {  // `sendEvent` refuses such values, so that nobody wrote it
     return std::nullopt;
   }
 }

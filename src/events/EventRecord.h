@@ -15,8 +15,8 @@ namespace orrelo {
 /// The pipeline that sends an event.
 enum class EventOrigin : std::uint8_t { host = 1, kit = 2 };
 
-/// An event as a record of the journal: its id, time, user, name and values. The values of a host's event keep
-/// their types, because converting them to texts would take too long on the host's thread.
+/// An event as a record of the journal: its id, time, user, name and values. The values of a host's event
+/// keep their types, because converting them to texts would take too long on the host's thread.
 struct EventRecord {
   /// What a record holds once its values are texts.
   struct Content {

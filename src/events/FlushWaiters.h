@@ -38,8 +38,8 @@ class FlushWaiters {
     }
   }
 
-  /// Calls `completion` once all events that are on their way now have arrived. Nullopt if there are none; the
-  /// completion is dropped then.
+  /// Calls `completion` once all events that are on their way now have arrived. Nullopt if there are none;
+  /// the completion is dropped then.
   std::optional<std::size_t> wait(Completion completion) {
     if (unsettled_ == 0) return std::nullopt;
     waiters_.emplace(++lastWaiter_, Waiter{lastTicket_, unsettled_, std::move(completion)});

@@ -44,7 +44,7 @@ int main(int count, char** words) {
     while (underWay > 32) std::this_thread::yield();
     ++underWay;
     repository.save(
-        {platform.random->uuid(), "user", "saved", {{"k", std::string(200, 'v')}}, platform.clock->now()}, false,
-        nullptr);
+        {platform.random->uuid(), "user", "saved", {{"k", std::string(200, 'v')}}, platform.clock->now()},
+        false, nullptr);
   }
 }

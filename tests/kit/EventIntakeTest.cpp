@@ -1,5 +1,5 @@
-#include "events/EventIntake.h"
 #include "base/Json.h"
+#include "events/EventIntake.h"
 #include "events/EventMapper.h"
 #include "events/KelsoInsight.h"
 #include "events/OLSEventMapper.h"

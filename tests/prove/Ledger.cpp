@@ -15,7 +15,8 @@ std::string numberOf(const std::string& values) {
 }
 
 bool isStore(const std::string& name) {
-  const bool isCompanion = name.ends_with("-wal") || name.ends_with("-shm") || name.ends_with(".lock");
+  const bool isCompanion = name.ends_with("-wal") || name.ends_with("-shm") || name.ends_with("-journal") ||
+                           name.ends_with(".lock");
   return !isCompanion && (name.starts_with("OLSCoreDataEvent") || name.starts_with("BIEventCoreData"));
 }
 
@@ -57,6 +58,12 @@ void Ledger::addFoundOf(const Ledger& other) {
 std::set<std::string> Ledger::ids() const {
   std::set<std::string> all;
   for (const auto& [number, ids] : found_) all.insert(ids.begin(), ids.end());
+  return all;
+}
+
+std::set<std::string> Ledger::numbers() const {
+  std::set<std::string> all;
+  for (const auto& [number, ids] : found_) all.insert(number);
   return all;
 }
 

@@ -25,8 +25,9 @@ class Ledger {
   void addFoundOf(const Ledger& other);
 
   std::size_t told() const { return told_.size(); }
-  /// All ids that were found.
+  /// All that was found.
   std::set<std::string> ids() const;
+  std::set<std::string> numbers() const;
   std::vector<std::string> lost() const;
   /// The events that were found under more than one id.
   std::vector<std::string> underTwoIds() const;

@@ -106,6 +106,11 @@ void Disk::apply(const Change& change) {
   }
 }
 
+void Disk::sync() {
+  apply({.kind = Kind::sync});
+  for (const auto& [inode, file] : inodes_) apply({.kind = Kind::sync, .inode = inode});
+}
+
 void Disk::applyName(Names& names, const Change& change, const std::shared_ptr<File>& file) const {
   if (change.kind == Kind::create && !change.path.empty()) names[change.path] = file;
   if (change.kind == Kind::link) names[change.newPath] = file;

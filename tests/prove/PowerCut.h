@@ -20,6 +20,8 @@ class Disk {
   explicit Disk(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   void apply(const Change& change);
+  /// Writes everything back, as the system does with changes that are old enough.
+  void sync();
 
   /// Writes the folder to `target` as it would be without a power cut.
   void writeWhole(const std::filesystem::path& target) const;

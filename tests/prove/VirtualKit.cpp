@@ -1,5 +1,6 @@
 #include "prove/VirtualKit.h"
 
+#include "platform/journal/FileEventJournal.h"
 #include "platform/store/SqliteEventDatabase.h"
 
 #include <orrelo/Orrelo.h>
@@ -20,6 +21,12 @@ constexpr auto configuration = R"({"sdk_enable": true, "notification_polling_int
               "naverpay": {"is_enabled": false, "entry_view_message": "", "exchange_text": "", "landing_url": ""}},
   "entries": []})";
 
+/// The journal waits for its first file, so its tasks cannot wait for the loop.
+class ImmediateExecutor final : public SerialExecutor {
+ public:
+  void post(Task task) override { task(); }
+};
+
 }  // namespace
 
 VirtualKit::VirtualKit(const std::filesystem::path& folder, int start)
@@ -35,6 +42,8 @@ VirtualKit::VirtualKit(const std::filesystem::path& folder, int start)
   platform.clock = clock;
   platform.urlSession = session;
   platform.eventDatabases = std::make_shared<SqliteEventDatabaseFactory>(platform.directories, clock, loop);
+  platform.eventJournal = std::make_shared<FileEventJournal>(JournalEnvironment{
+      platform.directories, clock, platform.random, std::make_shared<ImmediateExecutor>(), loop});
   session->responder = [this](const URLRequest& request) { return answer(request); };
   Platform::install(std::move(platform));
 }

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <sstream>
 
 namespace orrelo::prove {
 namespace {
@@ -20,19 +21,26 @@ namespace {
 namespace fs = std::filesystem;
 using Kind = Change::Kind;
 
-/// A host that reports enough events for several checkpoints; some are delivered, and some stay in the store.
+/// The system writes changes back after 30 seconds, and looks for them every 5.
+constexpr int writeBackSeconds = 35;
+constexpr int eventsPerSecond = 15;
+
+/// A host that reports enough events for several checkpoints. Some are delivered, some stay in the store, and
+/// some wait for the configuration while the journal is replaced.
 void busyLife(const fs::path& folder, const std::string& prefix, int start, int events) {
   using namespace std::chrono_literals;
   VirtualKit kit(folder, start);
   kit.onSent = [](const std::string& number, const std::string& id) {
-    FileCalls::note(number + " " + id);
+    FileCalls::note("sent " + number + " " + id);
     writeLine("sent " + number + " " + id);
   };
   Orrelo::initialize(ORLConfig("prove"));
   kit.run(1s);
   for (int i = 0; i < events; ++i) {
     if (i == events / 3) kit.eventStatus = 503;
+    kit.configStatus = i >= events / 2 && i < events / 2 + 10 ? 0 : 200;
     kit.report(prefix + std::to_string(i), std::string(static_cast<std::size_t>(i % 7) * 700, 'v'));
+    FileCalls::note("told " + prefix + std::to_string(i));
     if (i % 3 == 0) kit.run(200ms);
   }
 }
@@ -58,7 +66,7 @@ Recorded record(const fs::path& folder, const fs::path& scratch) {
     const auto ended = runInChild(scratch / "errors", [&] {
       FileCalls::watch(live);
       FileCalls::record(folder / "log");
-      busyLife(live, std::to_string(life) + "-", life * 600, 1500);
+      busyLife(live, std::to_string(life) + "-", life * 600, 2400);
     });
     if (!ended.isWell())
       throw std::runtime_error("the recorded host has failed: " + textOf(scratch / "errors"));
@@ -83,17 +91,42 @@ Recorded record(const fs::path& folder, const fs::path& scratch) {
   return recorded;
 }
 
-/// The ids that a cut before the change `position` must leave: in the store at its last sync, or delivered.
-std::size_t lostIds(const Recorded& recorded, std::size_t position, const std::set<std::string>& found) {
-  const auto last = recorded.syncedIds.lower_bound(position);
-  if (last == recorded.syncedIds.begin()) return 0;
-  std::set<std::string> delivered;
+/// What a cut has left: the ids and numbers in the files, and those that were delivered before or afterwards.
+struct Left {
+  std::set<std::string> ids;
+  std::set<std::string> numbers;
+};
+
+/// The first change that may not have been written back when the power fails before the change `position`.
+std::size_t writeBackEnd(const Recorded& recorded, std::size_t position) {
+  int told = 0;
+  std::size_t at = position;
+  while (at > 0 && told < writeBackSeconds * eventsPerSecond) {
+    --at;
+    if (recorded.changes[at].bytes.starts_with("told ")) ++told;
+  }
+  return at;
+}
+
+/// The events that a cut must leave but has not: those in the store at its last sync, and those told before
+/// `writtenBack`.
+std::size_t lostEvents(const Recorded& recorded, std::size_t position, std::size_t writtenBack, Left left) {
+  std::set<std::string> wanted;
   for (std::size_t i = 0; i < position; ++i) {
-    const auto& change = recorded.changes[i];
-    if (change.kind == Kind::note) delivered.insert(change.bytes.substr(change.bytes.find(' ') + 1));
+    std::istringstream note(recorded.changes[i].kind == Kind::note ? recorded.changes[i].bytes : "");
+    std::string kind, number, id;
+    note >> kind >> number >> id;
+    if (kind == "told" && i < writtenBack) wanted.insert(number);
+    if (kind == "sent") {
+      left.ids.insert(id);
+      left.numbers.insert(number);
+    }
   }
   std::size_t lost = 0;
-  for (const auto& id : std::prev(last)->second) lost += found.contains(id) || delivered.contains(id) ? 0 : 1;
+  for (const auto& number : wanted) lost += left.numbers.contains(number) ? 0 : 1;
+  const auto last = recorded.syncedIds.lower_bound(position);
+  if (last == recorded.syncedIds.begin()) return lost;
+  for (const auto& id : std::prev(last)->second) lost += left.ids.contains(id) ? 0 : 1;
   return lost;
 }
 
@@ -118,7 +151,11 @@ bool provePowerCuts(int cuts) {
   for (int i = 0; i < cuts; ++i) {
     const auto position = std::uniform_int_distribution<std::size_t>(1, recorded.changes.size())(random);
     Disk disk(folder / "live");
-    for (std::size_t at = 0; at < position; ++at) disk.apply(recorded.changes[at]);
+    const auto writtenBack = writeBackEnd(recorded, position);
+    for (std::size_t at = 0; at < position; ++at) {
+      if (at == writtenBack) disk.sync();
+      disk.apply(recorded.changes[at]);
+    }
     const test::TemporaryFolder machine;
     disk.writeCut(machine.path(), kept[static_cast<std::size_t>(i) % kept.size()], random);
 
@@ -126,11 +163,11 @@ bool provePowerCuts(int cuts) {
         runInChild(machine / "errors", [&] { settleLife(machine.path(), "after-" + std::to_string(i)); });
     Ledger ledger;
     ledger.addLines(ended.output);  // what was told in this life must not be lost either
-    auto ids = ledger.addStores(machine / "data");
-    ids.merge(ledger.ids());
-    const auto lost = lostIds(recorded, position, ids) + ledger.lost().size();
+    ledger.addStores(machine / "data");
+    const auto lost =
+        lostEvents(recorded, position, writtenBack, {ledger.ids(), ledger.numbers()}) + ledger.lost().size();
     line.lost += lost;
-    line.tried += ids.size();
+    line.tried += ledger.numbers().size();
     line.repeats += ledger.repeats;
     ++line.runs;
     setAside += isSetAside(machine / "data") ? 1 : 0;
@@ -143,8 +180,11 @@ bool provePowerCuts(int cuts) {
   }
   line.underTwoIds = recorded.ledger.underTwoIds().size();
   if (crashes != 0) line.outcome = std::to_string(crashes) + " crashes";
-  line.remark = std::to_string(recorded.changes.size()) + " changes, " +
-                std::to_string(recorded.syncedIds.size()) + " syncs, stores set aside " +
+  std::size_t replaced = 0;
+  for (const auto& change : recorded.changes)
+    replaced += change.kind == Kind::unlink && change.path.ends_with(".journal");
+  line.remark = std::to_string(replaced) + " replaced journals, " + std::to_string(recorded.changes.size()) +
+                " changes, " + std::to_string(recorded.syncedIds.size()) + " syncs, stores set aside " +
                 std::to_string(setAside);
   line.print();
   return line.isGood();

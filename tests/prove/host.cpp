@@ -39,7 +39,10 @@ int runHost(const std::vector<std::string>& words) {
   suite->set("ORRELO_DEVELOPMENT_CA", words[2]);
   writeLine("pid " + std::to_string(getpid()));
   Orrelo::initialize(ORLConfig("prove"));
-  if (!prefix.empty()) {
+  if (prefix.empty()) {
+    Orrelo::flush(std::chrono::hours(1),
+                  [](bool isFlushed) { writeLine(isFlushed ? "flushed" : "not flushed"); });
+  } else {
     std::thread([&] { reportForever(prefix, std::chrono::microseconds(std::stoi(words[4]))); }).detach();
   }
   RunLoop::main().run();
