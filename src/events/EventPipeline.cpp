@@ -20,13 +20,13 @@ std::shared_ptr<EventPipeline> EventPipeline::create(EventDao dao, Options optio
 }
 
 void EventPipeline::save(const Event& event, bool mayBeStored, SaveCompletion completion) {
-  dao_.insert(event, mayBeStored,
-              [weak = weak_from_this(), completion = std::move(completion)](const auto& result) {
-                const auto* const failure = std::get_if<Error>(&result);
-                const auto self = weak.lock();
-                if (failure == nullptr && self) self->queueSource_.onNext({});
-                if (completion) completion(failure == nullptr ? std::nullopt : std::optional(*failure));
-              });
+  auto saved = [weak = weak_from_this(), completion = std::move(completion)](const auto& result) {
+    const auto* const failure = std::get_if<Error>(&result);
+    const auto self = weak.lock();
+    if (failure == nullptr && self) self->queueSource_.onNext({});
+    if (completion) completion(failure == nullptr ? std::nullopt : std::optional(*failure));
+  };
+  mayBeStored ? dao_.insertOnce(event, std::move(saved)) : dao_.insert(event, std::move(saved));
 }
 
 void EventPipeline::start() {
