@@ -26,6 +26,7 @@ void Ledger::addLines(const std::string& output) {
   std::istringstream lines(output.substr(0, output.rfind('\n') + 1));  // a kill may cut the last line
   for (std::string word, number, id; lines >> word;) {
     if (word == "told" && lines >> number) addTold(number);
+    if (word == "memory" && lines >> number) inMemory_.insert(number);
     if (word == "sent" && lines >> number >> id) addFound(number, id);
   }
 }
@@ -53,6 +54,12 @@ std::set<std::string> Ledger::addStores(const std::filesystem::path& data) {
 
 void Ledger::addFoundOf(const Ledger& other) {
   for (const auto& [number, ids] : other.found_) found_[number].insert(ids.begin(), ids.end());
+}
+
+std::size_t Ledger::goneFromMemory() const {
+  std::size_t gone = 0;
+  for (const auto& number : inMemory_) gone += found_.contains(number) ? 0 : 1;
+  return gone;
 }
 
 std::set<std::string> Ledger::ids() const {

@@ -15,7 +15,7 @@ class Ledger {
  public:
   /// The host's call for this event has returned.
   void addTold(const std::string& number) { told_.insert(number); }
-  /// Reads the lines of a host: "told <number>" and "sent <number> <id>".
+  /// Reads the lines of a host: "told <number>", "sent <number> <id>" and "memory <number>".
   void addLines(const std::string& output);
   /// An event was delivered, or lies in a store.
   void addFound(const std::string& number, const std::string& eventId) { found_[number].insert(eventId); }
@@ -25,6 +25,8 @@ class Ledger {
   void addFoundOf(const Ledger& other);
 
   std::size_t told() const { return told_.size(); }
+  /// The events that waited in memory alone and were gone after the end of the process, as documented.
+  std::size_t goneFromMemory() const;
   /// All that was found.
   std::set<std::string> ids() const;
   std::set<std::string> numbers() const;
@@ -36,6 +38,7 @@ class Ledger {
 
  private:
   std::set<std::string> told_;
+  std::set<std::string> inMemory_;
   std::map<std::string, std::set<std::string>> found_;
 };
 

@@ -16,7 +16,7 @@ class VirtualKit {
   /// Starts the kit on the folder, with the clock at `start` seconds of the script.
   VirtualKit(const std::filesystem::path& folder, int start);
 
-  /// Reports an event and writes "told <number>".
+  /// Reports an event and writes "told <number>", or "memory <number>" if a file has failed meanwhile.
   void report(const std::string& number, const std::string& text = "text");
   void run(std::chrono::microseconds span) { loop->runFor(span); }
 

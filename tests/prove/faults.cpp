@@ -54,8 +54,14 @@ Day runDay(std::size_t failing, int number, int variant) {
   return day;
 }
 
+/// What the line has no column for.
+struct Others {
+  std::size_t crashes = 0;
+  std::size_t goneFromMemory = 0;
+};
+
 /// Prints what one fault has done. The line gathers the numbers.
-void judge(const Day& day, std::size_t life, int number, Line& line, std::size_t& crashes) {
+void judge(const Day& day, std::size_t life, int number, Line& line, Others& others) {
   const auto lost = day.ledger.lost();
   const auto doubled = day.ledger.underTwoIds();
   ++line.runs;
@@ -63,7 +69,8 @@ void judge(const Day& day, std::size_t life, int number, Line& line, std::size_t
   line.lost += lost.size();
   line.underTwoIds += doubled.size();
   line.repeats += day.ledger.repeats;
-  if (!day.crash.empty()) ++crashes;
+  others.crashes += day.crash.empty() ? 0 : 1;
+  others.goneFromMemory += day.ledger.goneFromMemory();
   if (lost.empty() && doubled.empty() && day.crash.empty()) return;
   std::fprintf(stderr, "life %zu, call %d (%s):", life + 1, number, day.fault.c_str());
   for (const auto& event : lost) std::fprintf(stderr, " lost %s", event.c_str());
@@ -76,8 +83,8 @@ void judge(const Day& day, std::size_t life, int number, Line& line, std::size_t
 bool proveFaults(int every) {
   const auto calm = runDay(lives.size(), 0, 0);
   Line line{.name = "a system call fails"};
-  std::size_t crashes = 0;
-  judge(calm, 0, 0, line, crashes);
+  Others others;
+  judge(calm, 0, 0, line, others);
   for (std::size_t life = 0; life < 2; ++life) {
     for (int number = 1; number <= calm.calls[life]; number += every) {
       std::string first;
@@ -85,12 +92,13 @@ bool proveFaults(int every) {
         const auto day = runDay(life, number, variant);
         if (day.fault == first) break;  // all kinds of this call's failures are through
         if (variant == 0) first = day.fault;
-        judge(day, life, number, line, crashes);
+        judge(day, life, number, line, others);
       }
     }
   }
-  if (crashes != 0) line.outcome = std::to_string(crashes) + " crashes";
-  line.remark = std::to_string(calm.calls[0] + calm.calls[1]) + " calls";
+  if (others.crashes != 0) line.outcome = std::to_string(others.crashes) + " crashes";
+  line.remark = std::to_string(calm.calls[0] + calm.calls[1]) + " calls; " + std::to_string(others.goneFromMemory) +
+                " events waited in memory when their process was killed";
   line.print();
   return line.isGood();
 }
