@@ -25,12 +25,12 @@ class EventDao {
 
   /// Takes a callback instead of returning a stream: there may be hundreds of thousands of inserts, and a
   /// stream for each would cost more than the row. `completion` runs on the stores' thread, after the commit.
-  void insert(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
-    database_->insert(mapper_.toRow(event), std::move(completion));
-  }
-  /// Does nothing if an event with the same time and id is already stored.
-  void insertOnce(const Event& event, EventDatabase::Completion<std::monostate> completion) const {
-    database_->insertOnce(mapper_.toRow(event), std::move(completion));
+  /// `mayBeStored` looks for an event with the same time and id before inserting it.
+  void insert(const Event& event, bool mayBeStored,
+              EventDatabase::Completion<std::monostate> completion) const {
+    auto row = mapper_.toRow(event);
+    mayBeStored ? database_->insertOnce(std::move(row), std::move(completion))
+                : database_->insert(std::move(row), std::move(completion));
   }
   /// Fetches the oldest events, sorted by time. The rows are converted on `scheduler`, on which the stream
   /// also emits; an empty list is emitted on the stores' thread. Aborts the process if a row is not a valid

@@ -20,13 +20,13 @@ std::shared_ptr<EventPipeline> EventPipeline::create(EventDao dao, Options optio
 }
 
 void EventPipeline::save(const Event& event, bool mayBeStored, SaveCompletion completion) {
-  auto saved = [weak = weak_from_this(), completion = std::move(completion)](const auto& result) {
-    const auto* const failure = std::get_if<Error>(&result);
-    const auto self = weak.lock();
-    if (failure == nullptr && self) self->queueSource_.onNext({});
-    if (completion) completion(failure == nullptr ? std::nullopt : std::optional(*failure));
-  };
-  mayBeStored ? dao_.insertOnce(event, std::move(saved)) : dao_.insert(event, std::move(saved));
+  dao_.insert(event, mayBeStored,
+              [weak = weak_from_this(), completion = std::move(completion)](const auto& result) {
+                const auto* const failure = std::get_if<Error>(&result);
+                const auto self = weak.lock();
+                if (failure == nullptr && self) self->queueSource_.onNext({});
+                if (completion) completion(failure == nullptr ? std::nullopt : std::optional(*failure));
+              });
 }
 
 void EventPipeline::start() {
@@ -39,7 +39,7 @@ void EventPipeline::start() {
       .buffer(options_.timeSpan, options_.count, options_.mainScheduler)
       .map([](const std::vector<Unit>&) { return Unit{}; })  // one tick, regardless of the number of signals
       .subscribeOn(options_.concurrentScheduler)
-      .observeOn(options_.concurrentScheduler)
+      // An idle tick starts on the main thread, without waking another one: the store's steps return at once.
       .concatMap([weak, deallocated](const Unit&) {
         const auto self = weak.lock();
         return self ? self->acquireSending() : reactive::error<Unit>(deallocated);
@@ -92,7 +92,8 @@ Observable<Unit> EventPipeline::acceptSending(const std::shared_ptr<const void>&
 
 template <class T>
 Observable<T> EventPipeline::inStore(Observable<T> step, const char* name) const {
-  return waitingOutRefusals(std::move(step), dao_.location() + ": " + name, options_.concurrentScheduler);
+  const auto describe = [dao = dao_, name] { return dao.location() + ": " + name; };
+  return waitingOutRefusals(std::move(step), describe, options_.concurrentScheduler);
 }
 
 Observable<Unit> EventPipeline::removeStale() {

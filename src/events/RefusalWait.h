@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -17,10 +18,10 @@ namespace orrelo {
 template <class T>
 class RefusalWait final : public reactive::Cancelable, public std::enable_shared_from_this<RefusalWait<T>> {
  public:
-  RefusalWait(reactive::Observable<T> step, std::string name, reactive::SchedulerPtr scheduler,
-              reactive::AnyObserver<T> observer)
+  RefusalWait(reactive::Observable<T> step, std::function<std::string()> describe,
+              reactive::SchedulerPtr scheduler, reactive::AnyObserver<T> observer)
       : step_(std::move(step)),
-        name_(std::move(name)),
+        describe_(std::move(describe)),
         scheduler_(std::move(scheduler)),
         observer_(std::move(observer)) {}
 
@@ -42,7 +43,7 @@ class RefusalWait final : public reactive::Cancelable, public std::enable_shared
     if (!isStoreRefusal(error)) return observer_.onError(error);
     if (pause_ == firstPause) {
       log(LogLevel::WARNING,
-          [&] { return name_ + " fails for now and is tried again: " + error.description(); });
+          [&] { return describe_() + " fails for now and is tried again: " + error.description(); });
     }
     scheduler_->scheduleAfter(pause_, [weak = this->weak_from_this()] {
       const auto self = weak.lock();
@@ -52,21 +53,22 @@ class RefusalWait final : public reactive::Cancelable, public std::enable_shared
   }
 
   const reactive::Observable<T> step_;
-  const std::string name_;
+  const std::function<std::string()> describe_;
   const reactive::SchedulerPtr scheduler_;
   const reactive::AnyObserver<T> observer_;
   reactive::SerialDisposable current_;
   std::chrono::milliseconds pause_ = firstPause;
 };
 
-/// The stream of `step`, in which a refusal of the store is no failure but a wait on `scheduler`. `name` says
-/// in the log what fails.
+/// The stream of `step`, in which a refusal of the store is no failure but a wait on `scheduler`. `describe`
+/// says in the log what fails.
 template <class T>
-reactive::Observable<T> waitingOutRefusals(reactive::Observable<T> step, std::string name,
+reactive::Observable<T> waitingOutRefusals(reactive::Observable<T> step,
+                                           std::function<std::string()> describe,
                                            reactive::SchedulerPtr scheduler) {
-  return reactive::create<T>([step = std::move(step), name = std::move(name),
+  return reactive::create<T>([step = std::move(step), describe = std::move(describe),
                               scheduler = std::move(scheduler)](const reactive::AnyObserver<T>& observer) {
-    const auto wait = std::make_shared<RefusalWait<T>>(step, name, scheduler, observer);
+    const auto wait = std::make_shared<RefusalWait<T>>(step, describe, scheduler, observer);
     wait->start();
     return reactive::Disposable(wait);
   });

@@ -26,7 +26,7 @@ class EventDaoTest : public testing::TestWithParam<EventTimeStorage> {
 
   void insert(const Event& event) {
     bool isStored = false;
-    dao_.insert(event, [&](const auto& result) { isStored = result.index() == 0; });
+    dao_.insert(event, false, [&](const auto& result) { isStored = result.index() == 0; });
     EXPECT_FALSE(isStored);
     platform_.loop->run();
     EXPECT_TRUE(isStored);

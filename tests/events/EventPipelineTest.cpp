@@ -212,7 +212,8 @@ TEST(RefusalWait, GrowsItsPausesUntilTheStepSucceedsFailsOrIsCancelled) {
   const auto subscribe = [&] {
     clock->advance(-clock->steady());
     attempts.clear();
-    return waitingOutRefusals(step, "step", scheduler)
+    return waitingOutRefusals(
+               step, [] { return std::string("step"); }, scheduler)
         .subscribe({.onNext = [&](int) { outcome += "next "; },
                     .onError = [&](const Error& error) { outcome += error.caseName() + ' '; },
                     .onCompleted = [&] { outcome += "completed "; }});

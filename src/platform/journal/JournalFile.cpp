@@ -113,7 +113,7 @@ bool JournalFile::sync() {
 
 bool JournalFile::openWriter() {
   if (writer_ < 0) writer_ = ::open(temporaryPath_.c_str(), openFlags);
-  return hasWriter();
+  return isOpen(writer_);
 }
 
 bool JournalFile::publish() {
@@ -131,25 +131,27 @@ bool JournalFile::append(std::string_view bytes) {
   return appendTo(writer_, bytes);
 }
 
-bool JournalFile::hasWriter() const {
-  return writer_ >= 0 && FileIdentity::of(writer_) == identity_;
+bool JournalFile::isOpen(int descriptor) const {
+  return descriptor >= 0 && FileIdentity::of(descriptor) == identity_;
 }
 
-void JournalFile::closeWriter() {
+void JournalFile::closeOwn(int& descriptor) const {
   // The host may have closed the descriptor; then its number may be one of the host's files.
-  if (!hasWriter()) writer_ = -1;
-  closeIfOpen(writer_);
+  if (isOpen(descriptor)) ::close(descriptor);
+  descriptor = -1;
 }
 
-bool JournalFile::openKeeper() {
-  if (keeper_ >= 0) return true;
+bool JournalFile::hasKeeper() {
+  if (isOpen(keeper_)) return true;
+  const bool isLost = keeper_ >= 0;
   keeper_ = ::open(path_.c_str(), openFlags);
-  if (keeper_ >= 0 && FileIdentity::of(keeper_) != identity_) closeIfOpen(keeper_);
-  return keeper_ >= 0;
+  if (!isOpen(keeper_)) closeIfOpen(keeper_);
+  return keeper_ >= 0 && !isLost;
 }
 
 bool JournalFile::appendByKeeper(std::string_view bytes) {
-  return openKeeper() && appendTo(keeper_, bytes);
+  hasKeeper();
+  return keeper_ >= 0 && appendTo(keeper_, bytes);
 }
 
 bool JournalFile::isWhole() const {
@@ -157,10 +159,6 @@ bool JournalFile::isWhole() const {
   struct stat status {};
   const auto identity = identityOf(::lstat(path_.c_str(), &status), status);
   return identity == identity_ && static_cast<std::size_t>(status.st_size) >= expected;
-}
-
-void JournalFile::closeKeeper() {
-  closeIfOpen(keeper_);
 }
 
 void JournalFile::remove() const {

@@ -65,14 +65,16 @@ class JournalFile {
   /// Appends through the writer with one system call; false unless all of it was written.
   bool append(std::string_view bytes);
   /// Whether the writer still refers to this file, which the host may have closed.
-  bool hasWriter() const;
-  void closeWriter();
+  bool hasWriter() const { return isOpen(writer_); }
+  void closeWriter() { closeOwn(writer_); }
 
-  /// The same through the keeper, which is opened if the writer made the file.
+  /// The same through the keeper, which is opened if it is not open.
   bool appendByKeeper(std::string_view bytes);
   /// Allocates the first part of the file through the keeper, if that has failed before.
   void reserve();
-  void closeKeeper();
+  /// Whether the keeper is open and still holds the lock that it took.
+  bool hasKeeper();
+  void closeKeeper() { closeOwn(keeper_); }
 
   /// Whether the name refers to this file, and the file has all its bytes. Any thread.
   bool isWhole() const;
@@ -85,9 +87,10 @@ class JournalFile {
   /// The outcome of one attempt to make the file.
   enum class Attempt { made, nameTaken, failed };
   Attempt make(Maker maker);
-  bool openKeeper();
   void allocate(int descriptor);
   bool appendTo(int descriptor, std::string_view bytes);
+  bool isOpen(int descriptor) const;
+  void closeOwn(int& descriptor) const;
 
   const std::uint64_t seed_;
   const std::filesystem::path path_;

@@ -2,9 +2,8 @@
 
 #include "base/Logger.h"
 #include "platform/journal/JournalFormat.h"
-#include "platform/threads/KitThread.h"
+#include "platform/journal/createJournalFile.h"
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -14,21 +13,11 @@ namespace {
 using namespace std::chrono_literals;
 using Refusal = EventJournal::Refusal;
 
-constexpr auto maximumWaitForExecutor = 1s;
 constexpr auto pauseAfterFailure = 1s;
 /// A file whose records are all released is replaced at once if it is larger, else by `maintain`.
 constexpr std::size_t maximumReleasedSize = std::size_t{128} * 1024;
 constexpr std::size_t maximumMostlyReleasedSize = std::size_t{1024} * 1024;
 constexpr std::size_t fillSize = std::size_t{256} * 1024;
-
-/// Hands a new file from the executor to a thread that waits for it.
-struct Creation {
-  std::mutex mutex;
-  std::condition_variable changed;
-  std::shared_ptr<JournalFile> file;
-  bool isDone = false;
-  bool isAbandoned = false;
-};
 
 }  // namespace
 
@@ -89,57 +78,14 @@ bool OwnJournal::acquireFile(Lock& lock) {
   if (environment_.clock->steady() < nextCreation_) return false;
   isCreating_ = true;
   lock.unlock();
-  auto file = createFile();
+  auto file = createJournalFile(
+      environment_, kind_ == Kind::ofProcess ? JournalFile::Maker::keeper : JournalFile::Maker::writer);
   lock.lock();
   isCreating_ = false;
   file_ = std::move(file);
   if (!file_) nextCreation_ = environment_.clock->steady() + pauseAfterFailure;
   created_.notify_all();
   return file_ != nullptr;
-}
-
-OwnJournal::FilePtr OwnJournal::createFile() {
-  const bool hasExecutor = kind_ == Kind::ofProcess && !isExiting();
-  auto file = hasExecutor ? createOnExecutor()
-                          : JournalFile::create(environment_.directories->data(), *environment_.random,
-                                                JournalFile::Maker::writer);
-  if (!file || (file->openWriter() && file->publish())) return file;
-  discard(file);
-  return nullptr;
-}
-
-OwnJournal::FilePtr OwnJournal::createOnExecutor() {
-  const auto creation = std::make_shared<Creation>();
-  environment_.executor->post([self = shared_from_this(), creation] {
-    Lock lock(creation->mutex);
-    if (creation->isAbandoned) return;
-    lock.unlock();
-    auto file = JournalFile::create(self->environment_.directories->data(), *self->environment_.random,
-                                    JournalFile::Maker::keeper);
-    lock.lock();
-    creation->isDone = true;
-    creation->file = file;
-    creation->changed.notify_one();
-    if (creation->isAbandoned && file) self->discard(file);
-  });
-  Lock lock(creation->mutex);
-  if (creation->changed.wait_for(lock, maximumWaitForExecutor, [&] { return creation->isDone; })) {
-    return std::move(creation->file);
-  }
-  // The stores are busy. The calling thread makes the file; a forked child will inherit its lock.
-  creation->isAbandoned = true;
-  lock.unlock();
-  return JournalFile::create(environment_.directories->data(), *environment_.random,
-                             JournalFile::Maker::writer);
-}
-
-/// Removes a file that is not used. Its keeper is closed by the executor.
-void OwnJournal::discard(const FilePtr& file) {
-  file->remove();
-  file->closeWriter();
-  // A forked child must not touch the executor.
-  if (file->maker() == JournalFile::Maker::writer) return;
-  environment_.executor->post([file] { file->closeKeeper(); });
 }
 
 // -- Released records
@@ -193,7 +139,7 @@ void OwnJournal::renew(Renewal renewal) {
         [self = shared_from_this(), next, records = std::move(records)] { self->replaceBy(next, records); });
     return;
   }
-  if (next) discard(next);
+  if (next) discard(environment_, next);
   const std::lock_guard lock(mutex_);
   isRenewing_ = false;
   isRenewalRefused_ = true;
@@ -230,7 +176,7 @@ void OwnJournal::replaceBy(const FilePtr& next, const Records& written) {
       isRenewalRefused_ = true;
     }
   }
-  if (!isReady) return discard(next);
+  if (!isReady) return discard(environment_, next);
   old->remove();
   old->closeWriter();
   environment_.executor->post([old, next] {
@@ -275,8 +221,8 @@ void OwnJournal::maintain(std::function<void(const std::string& ownName)> next) 
 }
 
 void OwnJournal::examine(const FilePtr& file, bool hasWriter) {
+  const bool isUsable = hasWriter && file->hasKeeper() && file->isWhole();
   writeReleases(file);
-  const bool isUsable = hasWriter && file->isWhole();
   {
     const std::lock_guard lock(mutex_);
     if (file != file_) return;  // a new one has just taken its place

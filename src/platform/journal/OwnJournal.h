@@ -1,13 +1,9 @@
 #pragma once
 
-#include "platform/Random.h"
-#include "platform/WorkerPool.h"
+#include "platform/journal/JournalEnvironment.h"
 #include "platform/journal/JournalFile.h"
 #include "platform/journal/SequenceRanges.h"
-#include "platform/store/WriterQueue.h"
 
-#include <orrelo/Platform.h>
-#include <orrelo/platform/Clock.h>
 #include <orrelo/platform/EventJournal.h>
 
 #include <atomic>
@@ -20,17 +16,6 @@
 #include <vector>
 
 namespace orrelo {
-
-/// What a journal uses of the machine.
-struct JournalEnvironment {
-  std::shared_ptr<Directories> directories;
-  std::shared_ptr<Clock> clock;
-  std::shared_ptr<Random> random;
-  /// The stores' thread. It takes the locks, writes what is released, and makes new files.
-  std::shared_ptr<SerialExecutor> executor;
-  /// New files are taken into use on its threads.
-  std::shared_ptr<WorkerPool> workers;
-};
 
 /// The journal that one process writes: its current file, and in memory the records that are not released,
 /// with which a new file can take the place of the old one. Any thread, unless stated otherwise.
@@ -68,9 +53,6 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
   enum class Renewal { ifDue, ifReleased, always };
 
   bool acquireFile(Lock& lock);
-  FilePtr createFile();
-  FilePtr createOnExecutor();
-  void discard(const FilePtr& file);
 
   void flush();
   void writeReleases(const FilePtr& file);

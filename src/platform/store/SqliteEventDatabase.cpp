@@ -140,7 +140,7 @@ class SqliteEventDatabase final : public EventDatabase,
 
   std::variant<std::shared_ptr<const void>, Error> lockSending() const {
     try {
-      auto lock = FileLock::acquire(path() += ".lock");
+      auto lock = acquireLock(path() += ".lock");
       if (!lock) return nullptr;
       const std::shared_ptr<FileLock> held = std::move(lock);
       return std::shared_ptr<const void>(held.get(), [held, executor = executor_](const void*) mutable {
@@ -151,11 +151,19 @@ class SqliteEventDatabase final : public EventDatabase,
     }
   }
 
+  std::unique_ptr<FileLock> acquireLock(const std::filesystem::path& file) const {
+    try {
+      return FileLock::acquire(file);
+    } catch (const SqliteFailure& failure) {
+      if (!failure.isUnusableFile() || !quarantine(file, clock_->now(), failure)) throw;
+      return FileLock::acquire(file);
+    }
+  }
+
   std::filesystem::path path() const { return directories_->data() / fileName_; }
 
   template <class Work>
   void enqueue(Work work) {
-    if (isExiting()) return;
     {
       const std::lock_guard lock(mutex_);
       if (waiting_.empty() || waiting_.back().size() == maximumBatchSize) waiting_.emplace_back();
@@ -169,12 +177,9 @@ class SqliteEventDatabase final : public EventDatabase,
     executor_->post([self = shared_from_this()] { self->drain(); });
   }
 
-  /// Runs one batch and posts itself again, so that the stores take turns. When the process is exiting, the
-  /// executor accepts no more tasks, so all remaining batches run at once.
+  /// Runs one batch and posts itself again, so that the stores take turns.
   void drain() {
-    while (drainBatch()) {
-      if (!isExiting()) return postDrain();
-    }
+    if (drainBatch()) postDrain();
   }
 
   /// True if more batches are waiting.

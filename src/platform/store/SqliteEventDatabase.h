@@ -14,11 +14,11 @@
 
 namespace orrelo {
 
-/// Event stores in SQLite files. All stores share one executor, by default a thread of their own.
+/// Event stores in SQLite files. All stores share one executor, by default the thread of this process.
 class SqliteEventDatabaseFactory final : public EventDatabaseFactory {
  public:
   SqliteEventDatabaseFactory(std::shared_ptr<Directories> directories, std::shared_ptr<Clock> clock,
-                             std::shared_ptr<SerialExecutor> executor = std::make_shared<WriterQueue>());
+                             std::shared_ptr<SerialExecutor> executor = WriterQueue::shared());
 
   std::shared_ptr<EventDatabase> open(std::string_view name, EventTimeStorage timeStorage) override;
 

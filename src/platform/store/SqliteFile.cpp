@@ -7,9 +7,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <fcntl.h>
 #include <new>
 #include <sqlite3.h>
 #include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace orrelo {
 namespace {
@@ -71,7 +74,24 @@ SqliteFailure openingFailure(const std::filesystem::path& path, int flags, const
   return {first.getErrorCode(), systemError, first.what()};
 }
 
+/// Creates a missing file and restricts it to its owner: SQLite gives the files beside it the same mode.
+/// Throws if the path names something that SQLite cannot use, such as a pipe.
+void prepareFile(const std::filesystem::path& path, SqliteFile::Missing missing) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) == 0) {
+    if (!S_ISREG(status.st_mode)) throw SqliteFailure(SQLITE_CANTOPEN, 0, "not a regular file");
+    if ((status.st_mode & 077) == 0 || status.st_uid != geteuid()) return;
+    for (const char* companion : {"-wal", "-shm", ""}) ::chmod((path.string() + companion).c_str(), 0600);
+    return;
+  }
+  if (::lstat(path.c_str(), &status) == 0) throw SqliteFailure(SQLITE_CANTOPEN, 0, "a link to nothing");
+  if (errno != ENOENT || missing == SqliteFile::Missing::fail) return;
+  const int created = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  if (created >= 0) ::close(created);
+}
+
 SQLite::Database openDatabase(const std::filesystem::path& path, SqliteFile::Missing missing) {
+  prepareFile(path, missing);
   int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
   if (missing == SqliteFile::Missing::create) flags |= SQLITE_OPEN_CREATE;
   try {

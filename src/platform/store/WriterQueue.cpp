@@ -1,14 +1,16 @@
 #include "platform/store/WriterQueue.h"
 
 #include "base/Logger.h"
+#include "platform/posix/ForkedChild.h"
+#include "platform/store/separateDescriptors.h"
 #include "platform/threads/KitThread.h"
 
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -26,24 +28,28 @@ struct WriterQueue::State {
   std::condition_variable arrived;
   std::deque<Task> tasks;
   std::thread thread;
-  std::optional<ExitBlocker> exitBlocker;  // set while there are tasks
+  /// The process that the thread belongs to; 0 before its start.
+  std::atomic<std::uint64_t> generation = 0;
   std::atomic<bool> hasArrived = false;
   bool sleeping = false;
   bool stopping = false;
 
+  bool belongsToParent() const { return generation != 0 && generation != processGeneration(); }
+
   void start(const std::shared_ptr<State>& self) {
     try {
       thread = startKitThread("orrelo-writer", [self] { self->work(); });
+      generation = processGeneration();
     } catch (const std::system_error& error) {
       log(LogLevel::ERROR, std::string("The stores have no thread yet: ") + error.what());
     }
   }
 
   void work() {
+    separateDescriptors();
     std::unique_lock lock(mutex);
     while (true) {
       if (tasks.empty()) {
-        exitBlocker.reset();
         if (stopping) return;
         waitForTask(lock);
         continue;
@@ -51,8 +57,7 @@ struct WriterQueue::State {
       auto task = std::move(tasks.front());
       tasks.pop_front();
       lock.unlock();
-      runGuarded(task);  // not runTask: the exit waits for all queued tasks
-      task = nullptr;
+      runTask(std::move(task));
       lock.lock();
     }
   }
@@ -71,9 +76,26 @@ struct WriterQueue::State {
   }
 };
 
+std::shared_ptr<WriterQueue> WriterQueue::shared() {
+  // No mutex guards it, since that could stay locked in a forked child.
+  static std::atomic<const std::shared_ptr<WriterQueue>*> current = nullptr;
+  const auto* found = current.load();
+  while (found == nullptr || (*found)->state_->belongsToParent()) {
+    const auto* const made = new auto(std::make_shared<WriterQueue>());
+    if (current.compare_exchange_strong(found, made)) return *made;
+    delete made;
+  }
+  return *found;
+}
+
 WriterQueue::WriterQueue() : state_(std::make_shared<State>()) {}
 
 WriterQueue::~WriterQueue() {
+  if (state_->belongsToParent()) {
+    // Its destruction would wait for a thread that does not exist here, and its mutex may be locked.
+    static_cast<void>(new std::shared_ptr<State>(std::move(state_)));
+    return;
+  }
   {
     const std::lock_guard lock(state_->mutex);
     state_->stopping = true;
@@ -84,13 +106,17 @@ WriterQueue::~WriterQueue() {
 }
 
 void WriterQueue::post(Task task) {
-  const ExitBlocker blocker;
-  if (isExiting()) return;
+  if (state_->belongsToParent()) {
+    // Destroying the task could close a descriptor that has another meaning in this process.
+    static_cast<void>(new Task(std::move(task)));
+    return;
+  }
+  const bool isOver = isExiting();
   bool wake = false;
   {
     const std::lock_guard lock(state_->mutex);
     state_->tasks.push_back(std::move(task));
-    if (!state_->exitBlocker) state_->exitBlocker.emplace();
+    if (isOver) return;
     state_->hasArrived = true;
     if (!state_->thread.joinable()) state_->start(state_);
     wake = std::exchange(state_->sleeping, false);

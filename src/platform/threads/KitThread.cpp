@@ -3,10 +3,12 @@
 #include "base/Error.h"
 #include "base/Logger.h"
 #include "base/Utf8.h"
+#include "platform/posix/ForkedChild.h"
 
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <pthread.h>
 #include <unistd.h>
@@ -16,7 +18,10 @@ namespace orrelo {
 namespace {
 
 std::atomic<bool> exitBegan = false;
+std::atomic<int> blockers = 0;
 std::atomic<int> activeTasks = 0;
+// The process that the kit's threads belong to; 0 before the first one. A forked child has none of them.
+std::atomic<std::uint64_t> threadsGeneration = 0;
 // Excluded from the wait in `beginExit`, since a task itself may end the process.
 thread_local int activeTasksHere = 0;
 thread_local bool isStartedHere = false;
@@ -25,7 +30,12 @@ int registerExit() {
   // Exit handlers and destructors of static objects run in reverse order. Using simdjson here creates its
   // static objects before `beginExit` is registered, so that they outlive the tasks that it waits for.
   static_cast<void>(utf8::isValid({}));
+  std::at_quick_exit(beginExit);
   return std::atexit(beginExit);
+}
+
+bool hasThreads() {
+  return threadsGeneration == processGeneration();
 }
 
 [[noreturn]] void suspendForever() {
@@ -36,11 +46,18 @@ int registerExit() {
 
 void beginExit() {
   constexpr std::chrono::seconds timeout{1};
-  if (exitBegan.exchange(true)) return;
+  static std::atomic<bool> isCalled = false;
+  if (isCalled.exchange(true)) return;
   const auto end = std::chrono::steady_clock::now() + timeout;
-  while (activeTasks > activeTasksHere && std::chrono::steady_clock::now() < end) {
-    std::this_thread::sleep_for(std::chrono::microseconds(100));
-  }
+  const auto waitWhile = [end](const auto& condition) {
+    while (hasThreads() && condition() && std::chrono::steady_clock::now() < end) {
+      std::this_thread::sleep_for(std::chrono::microseconds(100));
+    }
+  };
+  // What a blocker waits for is done by tasks, which therefore still start.
+  waitWhile([] { return blockers > 0; });
+  exitBegan = true;
+  waitWhile([] { return activeTasks > activeTasksHere; });
 }
 
 bool isExiting() {
@@ -49,14 +66,21 @@ bool isExiting() {
 }
 
 ExitBlocker::ExitBlocker() {
-  ++activeTasks;
+  ++blockers;
 }
 
 ExitBlocker::~ExitBlocker() {
-  --activeTasks;
+  --blockers;
 }
 
 std::thread startKitThread(const char* name, std::function<void()> body) {
+  const auto generation = processGeneration();
+  const auto former = threadsGeneration.exchange(generation);
+  // In a forked child: what the parent's threads are doing does not end here.
+  if (former != 0 && former != generation) {
+    blockers = 0;
+    activeTasks = activeTasksHere;
+  }
   // The host's signals must not be handled on the kit's threads. Signals that a thread raises by its own
   // fault and SIGPROF stay unblocked, since crash reporters and profilers depend on them.
   sigset_t blocked;
@@ -86,17 +110,16 @@ bool isKitThread() {
 }
 
 void runTask(std::function<void()> task) {
-  {
-    const ExitBlocker blocker;
-    if (!isExiting()) {
-      ++activeTasksHere;
-      runGuarded(task);
-      task = nullptr;
-      --activeTasksHere;
-      return;
-    }
+  ++activeTasks;  // before the check, or else the exit may begin in between
+  if (isExiting()) {
+    --activeTasks;
+    suspendForever();
   }
-  suspendForever();
+  ++activeTasksHere;
+  runGuarded(task);
+  task = nullptr;
+  --activeTasksHere;
+  --activeTasks;
 }
 
 void runGuarded(const std::function<void()>& task) {
@@ -109,7 +132,7 @@ void runGuarded(const std::function<void()>& task) {
 
 void finish(std::thread& thread) {
   if (!thread.joinable()) return;
-  if (isExiting() || thread.get_id() == std::this_thread::get_id()) {
+  if (isExiting() || !hasThreads() || thread.get_id() == std::this_thread::get_id()) {
     thread.detach();
   } else {
     thread.join();

@@ -11,12 +11,13 @@ namespace orrelo {
 /// that a task uses may already be destroyed.
 bool isExiting();
 
-/// Stops the kit's threads: waits for their current tasks, at most one second. An exit handler calls it; code
-/// that destroys objects used by tasks earlier must call it before that. Further calls do nothing.
+/// Stops the kit's threads: waits until there is no ExitBlocker, then for the current tasks, at most one
+/// second in all. In a forked child, which has none of the threads, it does not wait. An exit handler calls
+/// it; code that destroys objects used by tasks earlier must call it before that. Further calls do nothing.
 ORRELO_EXPORT void beginExit();
 
-/// Delays the exit of the process while an instance exists. Create it before calling `isExiting`; otherwise
-/// the exit may begin in between.
+/// Delays the exit of the process, for at most a second, while an instance exists. Tasks still start until
+/// then, so that they can do what the blocker waits for.
 class ExitBlocker {
  public:
   ExitBlocker();
