@@ -122,7 +122,8 @@ std::set<std::string> numbersInStores(const Disk& disk) {
 /// The events that a cut must leave: those told before `writtenBack`, without those that were taken from the
 /// journal into a store later.
 std::set<std::string> wantedNumbers(const Recorded& recorded, std::size_t writtenBack,
-                                    const std::set<std::string>& storedEarly, const std::set<std::string>& stored) {
+                                    const std::set<std::string>& storedEarly,
+                                    const std::set<std::string>& stored) {
   std::set<std::string> wanted;
   for (std::size_t i = 0; i < writtenBack; ++i) {
     const auto& text = recorded.changes[i].bytes;
@@ -145,11 +146,13 @@ std::vector<std::string> lostEvents(const Recorded& recorded, std::size_t positi
     left.numbers.insert(number);
   }
   std::vector<std::string> lost;
-  std::set_difference(wanted.begin(), wanted.end(), left.numbers.begin(), left.numbers.end(), std::back_inserter(lost));
+  std::set_difference(wanted.begin(), wanted.end(), left.numbers.begin(), left.numbers.end(),
+                      std::back_inserter(lost));
   const auto last = recorded.syncedIds.lower_bound(position);
   if (last == recorded.syncedIds.begin()) return lost;
   const auto& synced = std::prev(last)->second;
-  std::set_difference(synced.begin(), synced.end(), left.ids.begin(), left.ids.end(), std::back_inserter(lost));
+  std::set_difference(synced.begin(), synced.end(), left.ids.begin(), left.ids.end(),
+                      std::back_inserter(lost));
   return lost;
 }
 
@@ -178,8 +181,9 @@ bool provePowerCuts(int cuts) {
   std::size_t crashes = 0;
   std::size_t setAside = 0;
   for (int i = 0; i < cuts; ++i) {
-    const auto position = i % 2 == 0 ? std::uniform_int_distribution<std::size_t>(1, recorded.changes.size())(random)
-                                     : replacements[random() % replacements.size()] + random() % 20;
+    const auto position = i % 2 == 0
+                              ? std::uniform_int_distribution<std::size_t>(1, recorded.changes.size())(random)
+                              : replacements[random() % replacements.size()] + random() % 20;
     Disk disk(folder / "live");
     const auto writtenBack = writeBackEnd(recorded, position);
     std::set<std::string> storedEarly;
@@ -209,8 +213,9 @@ bool provePowerCuts(int cuts) {
     recorded.ledger.addFoundOf(ledger);
     if (!ended.isWell()) ++crashes;
     if (lost.empty() && ended.isWell()) continue;
-    std::fprintf(stderr, "cut %d before change %zu: status %d, lost %zu, first %s\n%s\n", i, position, ended.status,
-                 lost.size(), lost.empty() ? "-" : lost.front().c_str(), textOf(machine / "errors").c_str());
+    std::fprintf(stderr, "cut %d before change %zu: status %d, lost %zu, first %s\n%s\n", i, position,
+                 ended.status, lost.size(), lost.empty() ? "-" : lost.front().c_str(),
+                 textOf(machine / "errors").c_str());
   }
   line.underTwoIds = recorded.ledger.underTwoIds().size();
   if (crashes != 0) line.outcome = std::to_string(crashes) + " crashes";

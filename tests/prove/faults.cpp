@@ -97,7 +97,8 @@ bool proveFaults(int every) {
     }
   }
   if (others.crashes != 0) line.outcome = std::to_string(others.crashes) + " crashes";
-  line.remark = std::to_string(calm.calls[0] + calm.calls[1]) + " calls; " + std::to_string(others.goneFromMemory) +
+  line.remark = std::to_string(calm.calls[0] + calm.calls[1]) + " calls; " +
+                std::to_string(others.goneFromMemory) +
                 " events waited in memory when their process was killed";
   line.print();
   return line.isGood();
