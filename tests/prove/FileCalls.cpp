@@ -16,7 +16,6 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/uio.h>
 #include <unistd.h>
 
 namespace orrelo::prove {
@@ -91,15 +90,25 @@ std::uint64_t inodeOf(const char* path) {
   return inodeOf(AT_FDCWD, path, AT_SYMLINK_NOFOLLOW);
 }
 
-void recordWrite(int file, std::string_view path, const char* bytes, ssize_t size, off_t at) {
-  if (size <= 0 || !isRecorded(path)) return;
+std::uint64_t sizeOf(int file) {
+  struct stat status {};
+  fstatat(file, "", &status, AT_EMPTY_PATH);
+  return static_cast<std::uint64_t>(status.st_size);
+}
+
+std::string wholePath(int folder, const char* path) {
+  return *path == '/' ? std::string(path) : pathOf(folder) + "/" + path;
+}
+
+void recordWrite(int file, const char* bytes, ssize_t size, off_t at) {
   append({Kind::write, inodeOf(file), static_cast<std::uint64_t>(at), "", "",
           std::string(bytes, static_cast<std::size_t>(size))});
 }
 
 void recordOpen(int file, const char* path, int flags, bool isNew) {
   if (file < 0 || !isRecorded(path)) return;
-  if (isNew) append({Kind::create, inodeOf(file), 0, (flags & O_TMPFILE) == O_TMPFILE ? "" : path});
+  const bool isNameless = (flags & O_TMPFILE) == O_TMPFILE;
+  if (isNew || isNameless) append({Kind::create, inodeOf(file), 0, isNameless ? "" : path});
   if ((flags & O_TRUNC) != 0 && !isNew) append({Kind::resize, inodeOf(file), 0});
 }
 
@@ -136,278 +145,123 @@ std::string FileCalls::failed() {
 }  // namespace orrelo::prove
 
 // NOLINTBEGIN: these are the C library's own names.
+// clang-format off
 using namespace orrelo::prove;
 
 #define DEFINE extern "C" __attribute__((visibility("default")))
 #define NEXT(name) static const auto next = reinterpret_cast<decltype(&::name)>(dlsym(RTLD_NEXT, #name))
-// Leaves the function with `result` if this call must fail.
-#define FAIL(path, result, ...)                                         \
-  if (const int error = due(__func__, path, __VA_ARGS__); error != 0) { \
-    errno = error;                                                      \
-    return result;                                                      \
+// Leaves the function with `failed` if this call must fail.
+#define FAIL(path, failed, ...) \
+  if (const int error = due(__func__, path, {__VA_ARGS__}); error != 0) { errno = error; return failed; }
+// A call that changes no file.
+#define READING(type, name, parameters, arguments, path, failed, ...) \
+  DEFINE type name parameters { NEXT(name); FAIL(path, failed, __VA_ARGS__) return next arguments; }
+// A call that is recorded as `...` if it succeeds; `at` is the file's path.
+#define CHANGING(name, parameters, arguments, path, first, second, ...) \
+  DEFINE int name parameters { \
+    NEXT(name); \
+    const std::string at = path; \
+    FAIL(at, -1, first, second) \
+    const int result = next arguments; \
+    if (result == 0 && isRecorded(at)) append({__VA_ARGS__}); \
+    return result; \
   }
-#define OPEN_ERRORS \
-  { EACCES, EMFILE, ENOSPC }
 
-#define DEFINE_OPEN(name)                                                     \
-  DEFINE int name(const char* path, int flags, ...) {                         \
-    NEXT(name);                                                               \
-    va_list more;                                                             \
-    va_start(more, flags);                                                    \
-    const auto mode = va_arg(more, mode_t);                                   \
-    va_end(more);                                                             \
-    FAIL(path, -1, OPEN_ERRORS);                                              \
-    const bool isNew = (flags & O_CREAT) != 0 && inodeOf(path) == 0;          \
-    const int file = next(path, flags, mode);                                 \
-    recordOpen(file, path, flags, isNew || (flags & O_TMPFILE) == O_TMPFILE); \
-    return file;                                                              \
+READING(ssize_t, read, (int file, void* bytes, size_t size), (file, bytes, size), pathOf(file), -1, EIO, EINTR)
+READING(ssize_t, pread, (int file, void* bytes, size_t size, off_t at), (file, bytes, size, at), pathOf(file), -1, EIO, EINTR)
+READING(ssize_t, pread64, (int file, void* bytes, size_t size, off_t at), (file, bytes, size, at), pathOf(file), -1, EIO, EINTR)
+READING(int, stat, (const char* path, struct stat* status) noexcept, (path, status), path, -1, EACCES, EIO)
+READING(int, stat64, (const char* path, struct stat64* status) noexcept, (path, status), path, -1, EACCES, EIO)
+READING(int, lstat, (const char* path, struct stat* status) noexcept, (path, status), path, -1, EACCES, EIO)
+READING(int, lstat64, (const char* path, struct stat64* status) noexcept, (path, status), path, -1, EACCES, EIO)
+READING(int, fstat, (int file, struct stat* status) noexcept, (file, status), pathOf(file), -1, EIO)
+READING(int, fstat64, (int file, struct stat64* status) noexcept, (file, status), pathOf(file), -1, EIO)
+READING(int, access, (const char* path, int mode) noexcept, (path, mode), path, -1, EACCES, EIO)
+READING(DIR*, opendir, (const char* path), (path), path, nullptr, EACCES, EMFILE)
+READING(int, chmod, (const char* path, mode_t mode) noexcept, (path, mode), path, -1, EPERM, EIO)
+READING(int, fchmod, (int file, mode_t mode) noexcept, (file, mode), pathOf(file), -1, EPERM, EIO)
+READING(int, flock, (int file, int operation) noexcept, (file, operation), pathOf(file), -1, EWOULDBLOCK, ENOLCK, EINTR)
+READING(void*, mmap, (void* to, size_t size, int protection, int flags, int file, off_t from) noexcept,
+        (to, size, protection, flags, file, from), file < 0 ? "" : pathOf(file), MAP_FAILED, ENOMEM, EACCES)
+READING(void*, mmap64, (void* to, size_t size, int protection, int flags, int file, off_t from) noexcept,
+        (to, size, protection, flags, file, from), file < 0 ? "" : pathOf(file), MAP_FAILED, ENOMEM, EACCES)
+
+CHANGING(mkdir, (const char* path, mode_t mode) noexcept, (path, mode), path, EACCES, ENOSPC, Kind::makeFolder, 0, 0, at)
+CHANGING(unlink, (const char* path) noexcept, (path), path, EACCES, EIO, Kind::unlink, 0, 0, at)
+CHANGING(unlinkat, (int folder, const char* path, int flags) noexcept, (folder, path, flags), wholePath(folder, path),
+         EACCES, EIO, Kind::unlink, 0, 0, at)
+CHANGING(rename, (const char* path, const char* to) noexcept, (path, to), path, EACCES, EIO, Kind::rename, 0, 0, at, to)
+CHANGING(link, (const char* path, const char* to) noexcept, (path, to), to, EACCES, ENOSPC, Kind::link, inodeOf(to), 0, "", at)
+CHANGING(linkat, (int folder, const char* path, int toFolder, const char* to, int flags) noexcept,
+         (folder, path, toFolder, to, flags), wholePath(toFolder, to), EACCES, ENOSPC, Kind::link, inodeOf(at.c_str()), 0, "", at)
+CHANGING(fsync, (int file), (file), pathOf(file), EIO, ENOSPC, Kind::sync, inodeOf(file), 0, at)
+CHANGING(fdatasync, (int file), (file), pathOf(file), EIO, ENOSPC, Kind::sync, inodeOf(file), 0, at)
+CHANGING(ftruncate, (int file, off_t size) noexcept, (file, size), pathOf(file), EIO, ENOSPC, Kind::resize, inodeOf(file), sizeOf(file))
+CHANGING(ftruncate64, (int file, off_t size) noexcept, (file, size), pathOf(file), EIO, ENOSPC, Kind::resize, inodeOf(file), sizeOf(file))
+CHANGING(fallocate, (int file, int mode, off_t from, off_t size), (file, mode, from, size), pathOf(file), ENOSPC, EIO,
+         Kind::resize, inodeOf(file), sizeOf(file))
+
+#define DEFINE_OPEN(name) \
+  DEFINE int name(const char* path, int flags, ...) { \
+    NEXT(name); \
+    va_list more; \
+    va_start(more, flags); \
+    const auto mode = va_arg(more, mode_t); \
+    va_end(more); \
+    FAIL(path, -1, EACCES, EMFILE, ENOSPC) \
+    const bool isNew = (flags & O_CREAT) != 0 && inodeOf(path) == 0; \
+    const int file = next(path, flags, mode); \
+    recordOpen(file, path, flags, isNew); \
+    return file; \
   }
 DEFINE_OPEN(open)
 DEFINE_OPEN(open64)
 
-#define DEFINE_OPENAT(name)                                                            \
-  DEFINE int name(int folder, const char* path, int flags, ...) {                      \
-    NEXT(name);                                                                        \
-    va_list more;                                                                      \
-    va_start(more, flags);                                                             \
-    const auto mode = va_arg(more, mode_t);                                            \
-    va_end(more);                                                                      \
-    const auto whole = *path == '/' ? path : pathOf(folder) + "/" + path;              \
-    FAIL(whole, -1, OPEN_ERRORS);                                                      \
-    const bool isNew = (flags & O_CREAT) != 0 && inodeOf(whole.c_str()) == 0;          \
-    const int file = next(folder, path, flags, mode);                                  \
-    recordOpen(file, whole.c_str(), flags, isNew || (flags & O_TMPFILE) == O_TMPFILE); \
-    return file;                                                                       \
+#define DEFINE_OPENAT(name) \
+  DEFINE int name(int folder, const char* path, int flags, ...) { \
+    NEXT(name); \
+    va_list more; \
+    va_start(more, flags); \
+    const auto mode = va_arg(more, mode_t); \
+    va_end(more); \
+    const auto whole = wholePath(folder, path); \
+    FAIL(whole, -1, EACCES, EMFILE, ENOSPC) \
+    const bool isNew = (flags & O_CREAT) != 0 && inodeOf(whole.c_str()) == 0; \
+    const int file = next(folder, path, flags, mode); \
+    recordOpen(file, whole.c_str(), flags, isNew); \
+    return file; \
   }
 DEFINE_OPENAT(openat)
 DEFINE_OPENAT(openat64)
 
-DEFINE ssize_t write(int file, const void* bytes, size_t size) {
-  NEXT(write);
-  const auto path = pathOf(file);
-  const int error = due(__func__, path, {ENOSPC, EIO, half});
-  if (error > 0) {
-    errno = error;
-    return -1;
+#define DEFINE_WRITE(name, parameters, arguments, position) \
+  DEFINE ssize_t name parameters { \
+    NEXT(name); \
+    const auto path = pathOf(file); \
+    const int error = due(__func__, path, {ENOSPC, EIO, half}); \
+    if (error == half) size /= 2; \
+    if (error > 0) { errno = error; return -1; } \
+    const auto written = next arguments; \
+    if (written > 0 && isRecorded(path)) recordWrite(file, static_cast<const char*>(bytes), written, position); \
+    return written; \
   }
-  const auto written = next(file, bytes, error == half ? size / 2 : size);
-  if (isRecorded(path))
-    recordWrite(file, path, static_cast<const char*>(bytes), written, lseek(file, 0, SEEK_CUR) - written);
-  return written;
-}
+DEFINE_WRITE(write, (int file, const void* bytes, size_t size), (file, bytes, size), lseek(file, 0, SEEK_CUR) - written)
+DEFINE_WRITE(pwrite, (int file, const void* bytes, size_t size, off_t at), (file, bytes, size, at), at)
+DEFINE_WRITE(pwrite64, (int file, const void* bytes, size_t size, off_t at), (file, bytes, size, at), at)
 
-DEFINE ssize_t writev(int file, const iovec* parts, int count) {
-  std::string bytes;
-  NEXT(writev);
-  if (!isWatching) return next(file, parts, count);
-  for (int i = 0; i < count; ++i) bytes.append(static_cast<const char*>(parts[i].iov_base), parts[i].iov_len);
-  return write(file, bytes.data(), bytes.size());
-}
-
-#define DEFINE_PWRITE(name)                                                      \
-  DEFINE ssize_t name(int file, const void* bytes, size_t size, off_t at) {      \
-    NEXT(name);                                                                  \
-    const auto path = pathOf(file);                                              \
-    const int error = due(__func__, path, {ENOSPC, EIO, half});                  \
-    if (error > 0) {                                                             \
-      errno = error;                                                             \
-      return -1;                                                                 \
-    }                                                                            \
-    const auto written = next(file, bytes, error == half ? size / 2 : size, at); \
-    recordWrite(file, path, static_cast<const char*>(bytes), written, at);       \
-    return written;                                                              \
-  }
-DEFINE_PWRITE(pwrite)
-DEFINE_PWRITE(pwrite64)
-
-DEFINE ssize_t read(int file, void* bytes, size_t size) {
-  NEXT(read);
-  FAIL(pathOf(file), -1, {EIO, EINTR});
-  return next(file, bytes, size);
-}
-
-#define DEFINE_PREAD(name)                                            \
-  DEFINE ssize_t name(int file, void* bytes, size_t size, off_t at) { \
-    NEXT(name);                                                       \
-    FAIL(pathOf(file), -1, {EIO, EINTR});                             \
-    return next(file, bytes, size, at);                               \
-  }
-DEFINE_PREAD(pread)
-DEFINE_PREAD(pread64)
-
-#define DEFINE_SYNC(name)                                               \
-  DEFINE int name(int file) {                                           \
-    NEXT(name);                                                         \
-    const auto path = pathOf(file);                                     \
-    FAIL(path, -1, {EIO, ENOSPC});                                      \
-    if (isRecorded(path)) append({Kind::sync, inodeOf(file), 0, path}); \
-    /* No machine loses its power here. */                              \
-    return isWatched(path) ? 0 : next(file);                            \
-  }
-DEFINE_SYNC(fsync)
-DEFINE_SYNC(fdatasync)
-
-#define DEFINE_TRUNCATE(name)                                                  \
-  DEFINE int name(int file, off_t size) noexcept {                             \
-    NEXT(name);                                                                \
-    const auto path = pathOf(file);                                            \
-    FAIL(path, -1, {EIO, ENOSPC});                                             \
-    const int result = next(file, size);                                       \
-    if (result == 0 && isRecorded(path))                                       \
-      append({Kind::resize, inodeOf(file), static_cast<std::uint64_t>(size)}); \
-    return result;                                                             \
-  }
-DEFINE_TRUNCATE(ftruncate)
-DEFINE_TRUNCATE(ftruncate64)
-
-static void recordAllocation(int file, const std::string& path, int mode) {
-  struct stat status {};
-  if (!isRecorded(path) || (mode & FALLOC_FL_KEEP_SIZE) != 0) return;
-  if (fstatat(file, "", &status, AT_EMPTY_PATH) != 0) return;
-  append({Kind::resize, status.st_ino, static_cast<std::uint64_t>(status.st_size)});
-}
-
-#define DEFINE_ALLOCATE(name)                                 \
-  DEFINE int name(int file, int mode, off_t at, off_t size) { \
-    NEXT(name);                                               \
-    const auto path = pathOf(file);                           \
-    FAIL(path, -1, {ENOSPC, EIO});                            \
-    const int result = next(file, mode, at, size);            \
-    if (result == 0) recordAllocation(file, path, mode);      \
-    return result;                                            \
-  }
-DEFINE_ALLOCATE(fallocate)
-DEFINE_ALLOCATE(fallocate64)
-
-#define DEFINE_POSIX_ALLOCATE(name)                                         \
-  DEFINE int name(int file, off_t at, off_t size) {                         \
-    NEXT(name);                                                             \
-    const auto path = pathOf(file);                                         \
-    if (const int error = due(__func__, path, {ENOSPC, EIO})) return error; \
-    const int result = next(file, at, size);                                \
-    if (result == 0) recordAllocation(file, path, 0);                       \
-    return result;                                                          \
-  }
-DEFINE_POSIX_ALLOCATE(posix_fallocate)
-DEFINE_POSIX_ALLOCATE(posix_fallocate64)
-
-#define DEFINE_FCNTL(name)                                                                     \
-  DEFINE int name(int file, int command, ...) {                                                \
-    NEXT(name);                                                                                \
-    va_list more;                                                                              \
-    va_start(more, command);                                                                   \
-    void* const argument = va_arg(more, void*);                                                \
-    va_end(more);                                                                              \
-    const auto* const lock = static_cast<const struct flock*>(argument);                       \
-    const bool locks = command == F_SETLK || command == F_OFD_SETLK || command == F_SETLKW;    \
-    if (isWatching && locks && lock->l_type != F_UNLCK) FAIL(pathOf(file), -1, {EAGAIN, EIO}); \
-    return next(file, command, argument);                                                      \
+#define DEFINE_FCNTL(name) \
+  DEFINE int name(int file, int command, ...) { \
+    NEXT(name); \
+    va_list more; \
+    va_start(more, command); \
+    void* const argument = va_arg(more, void*); \
+    va_end(more); \
+    const bool locks = command == F_SETLK || command == F_OFD_SETLK || command == F_SETLKW; \
+    if (isWatching && locks && static_cast<const struct flock*>(argument)->l_type != F_UNLCK) \
+      FAIL(pathOf(file), -1, EAGAIN, EIO) \
+    return next(file, command, argument); \
   }
 DEFINE_FCNTL(fcntl)
 DEFINE_FCNTL(fcntl64)
-
-DEFINE int flock(int file, int operation) noexcept {
-  NEXT(flock);
-  if ((operation & LOCK_UN) == 0) FAIL(pathOf(file), -1, {EWOULDBLOCK, ENOLCK, EINTR});
-  return next(file, operation);
-}
-
-#define DEFINE_MMAP(name)                                                                              \
-  DEFINE void* name(void* at, size_t size, int protection, int flags, int file, off_t from) noexcept { \
-    NEXT(name);                                                                                        \
-    if (file >= 0) FAIL(pathOf(file), MAP_FAILED, {ENOMEM, EACCES});                                   \
-    return next(at, size, protection, flags, file, from);                                              \
-  }
-DEFINE_MMAP(mmap)
-DEFINE_MMAP(mmap64)
-
-#define DEFINE_STAT(name, type)                                     \
-  DEFINE int name(const char* path, struct type* status) noexcept { \
-    NEXT(name);                                                     \
-    FAIL(path, -1, {EACCES, EIO});                                  \
-    return next(path, status);                                      \
-  }
-DEFINE_STAT(stat, stat)
-DEFINE_STAT(stat64, stat64)
-DEFINE_STAT(lstat, stat)
-DEFINE_STAT(lstat64, stat64)
-
-#define DEFINE_FSTAT(name, type)                            \
-  DEFINE int name(int file, struct type* status) noexcept { \
-    NEXT(name);                                             \
-    FAIL(pathOf(file), -1, {EIO});                          \
-    return next(file, status);                              \
-  }
-DEFINE_FSTAT(fstat, stat)
-DEFINE_FSTAT(fstat64, stat64)
-
-DEFINE int access(const char* path, int mode) noexcept {
-  NEXT(access);
-  FAIL(path, -1, {EACCES, EIO});
-  return next(path, mode);
-}
-
-DEFINE int mkdir(const char* path, mode_t mode) noexcept {
-  NEXT(mkdir);
-  FAIL(path, -1, {EACCES, ENOSPC});
-  const int result = next(path, mode);
-  if (result == 0 && isRecorded(path)) append({Kind::makeFolder, 0, 0, path});
-  return result;
-}
-
-DEFINE int unlink(const char* path) noexcept {
-  NEXT(unlink);
-  FAIL(path, -1, {EACCES, EIO});
-  const int result = next(path);
-  if (result == 0 && isRecorded(path)) append({Kind::unlink, 0, 0, path});
-  return result;
-}
-
-DEFINE int rename(const char* path, const char* to) noexcept {
-  NEXT(rename);
-  FAIL(path, -1, {EACCES, EIO});
-  const int result = next(path, to);
-  if (result == 0 && isRecorded(path)) append({Kind::rename, 0, 0, path, to});
-  return result;
-}
-
-DEFINE int linkat(int folder, const char* path, int toFolder, const char* to, int flags) noexcept {
-  NEXT(linkat);
-  const auto whole = *to == '/' ? to : pathOf(toFolder) + "/" + to;
-  FAIL(whole, -1, {EACCES, ENOSPC, EIO});
-  const int result = next(folder, path, toFolder, to, flags);
-  if (result == 0 && isRecorded(whole)) append({Kind::link, inodeOf(whole.c_str()), 0, "", whole});
-  return result;
-}
-
-DEFINE int link(const char* path, const char* to) noexcept {
-  NEXT(link);
-  if (!isWatching) return next(path, to);
-  return linkat(AT_FDCWD, path, AT_FDCWD, to, 0);
-}
-
-DEFINE int unlinkat(int folder, const char* path, int flags) noexcept {
-  NEXT(unlinkat);
-  const auto whole = *path == '/' ? path : pathOf(folder) + "/" + path;
-  FAIL(whole, -1, {EACCES, EIO});
-  const int result = next(folder, path, flags);
-  if (result == 0 && isRecorded(whole)) append({Kind::unlink, 0, 0, whole});
-  return result;
-}
-
-DEFINE int renameat(int folder, const char* path, int toFolder, const char* to) noexcept {
-  NEXT(renameat);
-  const auto whole = *path == '/' ? path : pathOf(folder) + "/" + path;
-  const auto wholeTo = *to == '/' ? to : pathOf(toFolder) + "/" + to;
-  FAIL(whole, -1, {EACCES, EIO});
-  const int result = next(folder, path, toFolder, to);
-  if (result == 0 && isRecorded(whole)) append({Kind::rename, 0, 0, whole, wholeTo});
-  return result;
-}
-
-DEFINE DIR* opendir(const char* path) {
-  NEXT(opendir);
-  FAIL(path, nullptr, {EACCES, EMFILE});
-  return next(path);
-}
+// clang-format on
 // NOLINTEND
