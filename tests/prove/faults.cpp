@@ -24,6 +24,8 @@ struct Day {
   std::array<int, lives.size()> calls{};
   std::string fault;
   std::string crash;
+  /// No single failure makes a file unusable, so that its rows would not be sent any more.
+  bool isSetAside = false;
 };
 
 /// Runs the script in a new folder; the call `number` of the life `failing` fails, if that is not 0.
@@ -51,12 +53,15 @@ Day runDay(std::size_t failing, int number, int variant) {
     }
   }
   day.ledger.addStores(folder / "data");
+  for (const auto& entry : std::filesystem::directory_iterator(folder / "data"))
+    day.isSetAside = day.isSetAside || entry.path().string().find(".corrupt-") != std::string::npos;
   return day;
 }
 
 /// What the line has no column for.
 struct Others {
   std::size_t crashes = 0;
+  std::size_t setAside = 0;
   std::size_t goneFromMemory = 0;
 };
 
@@ -70,12 +75,14 @@ void judge(const Day& day, std::size_t life, int number, Line& line, Others& oth
   line.underTwoIds += doubled.size();
   line.repeats += day.ledger.repeats;
   others.crashes += day.crash.empty() ? 0 : 1;
+  others.setAside += day.isSetAside ? 1 : 0;
   others.goneFromMemory += day.ledger.goneFromMemory();
-  if (lost.empty() && doubled.empty() && day.crash.empty()) return;
+  if (lost.empty() && doubled.empty() && day.crash.empty() && !day.isSetAside) return;
   std::fprintf(stderr, "life %zu, call %d (%s):", life + 1, number, day.fault.c_str());
   for (const auto& event : lost) std::fprintf(stderr, " lost %s", event.c_str());
   for (const auto& event : doubled) std::fprintf(stderr, " %s has two ids", event.c_str());
-  std::fprintf(stderr, " %s\n", day.crash.c_str());
+  std::fprintf(stderr, "%s %s\n", day.isSetAside ? " a file was set aside" : "",
+               day.crash.c_str());
 }
 
 }  // namespace
@@ -97,6 +104,7 @@ bool proveFaults(int every) {
     }
   }
   if (others.crashes != 0) line.outcome = std::to_string(others.crashes) + " crashes";
+  if (others.setAside != 0) line.outcome += " " + std::to_string(others.setAside) + " files set aside";
   line.remark = std::to_string(calm.calls[0] + calm.calls[1]) + " calls; " +
                 std::to_string(others.goneFromMemory) +
                 " events waited in memory when their process was killed";

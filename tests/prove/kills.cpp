@@ -106,9 +106,10 @@ bool proveProcesses(const std::string& program, std::chrono::seconds duration) {
       const auto output = runs.runAndKill(prefix, 30ms, longest, random);
       const std::lock_guard lock(mutex);
       runs.ledger.addLines(output);
+      ++lives;
+      if (!output.starts_with("pid ")) continue;  // it was killed before it could send
       deaths[output.substr(4, output.find('\n') - 4)] =
           std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
-      ++lives;
     }
   };
   std::vector<std::thread> threads;
