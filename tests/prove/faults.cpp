@@ -81,8 +81,7 @@ void judge(const Day& day, std::size_t life, int number, Line& line, Others& oth
   std::fprintf(stderr, "life %zu, call %d (%s):", life + 1, number, day.fault.c_str());
   for (const auto& event : lost) std::fprintf(stderr, " lost %s", event.c_str());
   for (const auto& event : doubled) std::fprintf(stderr, " %s has two ids", event.c_str());
-  std::fprintf(stderr, "%s %s\n", day.isSetAside ? " a file was set aside" : "",
-               day.crash.c_str());
+  std::fprintf(stderr, "%s %s\n", day.isSetAside ? " a file was set aside" : "", day.crash.c_str());
 }
 
 }  // namespace

@@ -99,10 +99,11 @@ class SqliteUserDefaults final : public UserDefaults {
         break;
       } catch (...) {
         const auto failure = SqliteFailure::fromCurrentException();
-        if (failure.isUnusableFile() && replace(failure)) break;
+        if (isRetry && failure.isUnusableFile() && replace(failure)) break;
         file_.reset();
-        // A failure may last for one call only, and a value that is missing for a moment may cost events. A
-        // file that is unreadable for longer is loaded by the next read.
+        // A failure may last for one call only, and SQLite reports a failed read as corruption, but a value
+        // that is missing for a moment may cost events. A file that is unreadable for longer is loaded by the
+        // next read.
         if (isRetry || failure.isBusy()) return;
       }
     }
