@@ -108,6 +108,10 @@ bool JournalFile::fill(std::string_view bytes) {
   return true;
 }
 
+bool JournalFile::sync() {
+  return ::fdatasync(maker_ == Maker::keeper ? keeper_ : writer_) == 0;
+}
+
 bool JournalFile::openWriter() {
   if (writer_ < 0) writer_ = ::open(temporaryPath_.c_str(), openFlags);
   return isOpen(writer_);

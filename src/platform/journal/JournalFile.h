@@ -55,6 +55,8 @@ class JournalFile {
 
   /// Writes all of `bytes` through the descriptor that made the file, before it is published.
   bool fill(std::string_view bytes);
+  /// Waits until what was filled in has reached the disk.
+  bool sync();
   /// Opens the writer if the keeper made the file.
   bool openWriter();
   /// Gives the file its lasting name.

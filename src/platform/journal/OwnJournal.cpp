@@ -160,7 +160,8 @@ bool OwnJournal::fill(JournalFile& file, const Records& records) {
     if (!file.fill(bytes)) return false;
     bytes.clear();
   }
-  return file.fill(bytes);
+  // The old file, which is removed soon, may have reached the disk long ago.
+  return file.fill(bytes) && (records.empty() || file.sync());
 }
 
 void OwnJournal::replaceBy(const FilePtr& next, const Records& written) {

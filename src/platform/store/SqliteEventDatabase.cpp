@@ -148,6 +148,7 @@ class SqliteEventDatabase final : public EventDatabase,
   void run(Batch& batch) {
     wasBusy_ = false;
     replaced_ = false;
+    isSuspect_ = false;
     mustReopen_ = table_ && table_->hasMoved();
     if (mustReopen_) table_.reset();
 
@@ -179,7 +180,13 @@ class SqliteEventDatabase final : public EventDatabase,
           return failure;
         }
         mustReopen_ = true;
-        if (!failure.isUnusableFile() || replaced_ || !replace(failure)) return failure;
+        if (!failure.isUnusableFile() || replaced_) return failure;
+        // SQLite reports a failed read as corruption, so the file is opened and read once more.
+        if (!std::exchange(isSuspect_, true)) {
+          table_.reset();
+          continue;
+        }
+        if (!replace(failure)) return failure;
       }
     }
   }
@@ -228,6 +235,8 @@ class SqliteEventDatabase final : public EventDatabase,
   std::shared_ptr<EventTable> table_;
   bool wasBusy_ = false;
   bool replaced_ = false;
+  /// The file has been found unusable once in this batch.
+  bool isSuspect_ = false;
   bool mustReopen_ = false;
 };
 

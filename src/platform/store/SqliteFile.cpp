@@ -84,6 +84,7 @@ void prepareFile(const std::filesystem::path& path, SqliteFile::Missing missing)
     for (const char* companion : {"-wal", "-shm", ""}) ::chmod((path.string() + companion).c_str(), 0600);
     return;
   }
+  if (errno != ENOENT) return;  // a failure of the system, which says nothing about the file
   if (::lstat(path.c_str(), &status) == 0) throw SqliteFailure(SQLITE_CANTOPEN, 0, "a link to nothing");
   if (errno != ENOENT || missing == SqliteFile::Missing::fail) return;
   const int created = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);

@@ -91,16 +91,20 @@ class SqliteUserDefaults final : public UserDefaults {
   void load() const {
     if (isLoaded_) return;
     std::optional<DefaultsValues> stored;
-    try {
-      if (file_ && file_->hasMoved()) file_.reset();
-      if (!file_) file_ = DefaultsFile::openExisting(path());
-      if (file_) stored = file_->read();
-    } catch (...) {
-      const auto failure = SqliteFailure::fromCurrentException();
-      // A file that is temporarily unreadable is loaded by the next read.
-      if (!failure.isUnusableFile() || !replace(failure)) {
+    for (bool isRetry = false;; isRetry = true) {
+      try {
+        if (file_ && file_->hasMoved()) file_.reset();
+        if (!file_) file_ = DefaultsFile::openExisting(path());
+        if (file_) stored = file_->read();
+        break;
+      } catch (...) {
+        const auto failure = SqliteFailure::fromCurrentException();
+        if (isRetry && failure.isUnusableFile() && replace(failure)) break;
         file_.reset();
-        return;
+        // A failure may last for one call only, and SQLite reports a failed read as corruption, but a value
+        // that is missing for a moment may cost events. A file that is unreadable for longer is loaded by the
+        // next read.
+        if (isRetry || failure.isBusy()) return;
       }
     }
     const std::lock_guard memory(memoryMutex_);
