@@ -19,10 +19,11 @@ if(ORRELO_FUZZ)
   target_compile_options(orrelo_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# orrelo_exports(<target>): exports only the kit's own symbols from a shared library.
+# orrelo_exports(<target>): exports only the kit's own symbols from a shared library. It stays loaded after
+# `dlclose`, since the kit's threads run its code.
 function(orrelo_exports target)
   set(map ${PROJECT_SOURCE_DIR}/cmake/exports.map)
-  target_link_options(${target} PRIVATE -Wl,--version-script=${map})
+  target_link_options(${target} PRIVATE -Wl,--version-script=${map} -Wl,-z,nodelete)
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${map})
 endfunction()
 

@@ -11,11 +11,15 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace {
 
 using namespace orrelo;
+
+// The only option of a process that lists the stores.
+constexpr auto listStored = "--list-stored";
 
 constexpr auto usage =
     "orrelo-console [--app-key KEY] [--data DIR] [--service URL --certificate FILE] [--notification FILE]\n"
@@ -145,7 +149,7 @@ void run(const std::string& line) {
     } else if (command == "send") {
       sendEvent(words);
     } else if (command == "stored") {
-      print(console::storedEvents(Platform::current().directories->data()));
+      print(console::storedEventsFromProcess(listStored, Platform::current().directories->data()));
     } else if (command == "user") {
       print(Platform::current().userDefaults->standard()->text("orrelo_user_id").value_or("-"));
     } else if (command == "log") {
@@ -165,6 +169,10 @@ void run(const std::string& line) {
 }  // namespace
 
 int main(int count, char** words) {
+  if (count == 3 && std::string_view(words[1]) == listStored) {
+    std::cout << console::storedEvents(words[2]) << std::flush;
+    return 0;
+  }
   Options options;
   if (!readOptions(count, words, options)) {
     std::cerr << usage;

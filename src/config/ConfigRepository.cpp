@@ -62,6 +62,7 @@ void ConfigRepositoryImpl::save(const Config& config) {
   const auto expiry = currentDateGenerator_() + cacheLifetime;
   const std::lock_guard lock(mutex_);
   cachedConfig_ = remembered;
+  *disabled_ = !config.sdkEnable;
   cacheExpiredDate_ = expiry;
 }
 

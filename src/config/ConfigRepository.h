@@ -9,6 +9,7 @@
 
 #include <orrelo/Date.h>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -24,6 +25,9 @@ class ConfigRepository {
   virtual reactive::Observable<Config> fetch() = 0;
   /// The configuration that `fetch` would emit at once; null if it would ask the service. Any thread.
   virtual std::shared_ptr<const Config> freshConfig() const = 0;
+  /// True as long as the last configuration from the service disables the kit, fresh or not. It can be read
+  /// without a lock, since every event needs it.
+  virtual std::shared_ptr<const std::atomic<bool>> disabled() const = 0;
 };
 
 /// Caches the service's reply in memory for 60 seconds, then asks the service again. If that fails, falls
@@ -43,6 +47,7 @@ class ConfigRepositoryImpl final : public ConfigRepository,
 
   reactive::Observable<Config> fetch() override;
   std::shared_ptr<const Config> freshConfig() const override;
+  std::shared_ptr<const std::atomic<bool>> disabled() const override { return disabled_; }
 
  private:
   ConfigRepositoryImpl(ConfigLocalDataSource localDataSource, ConfigRemoteDataSource remoteDataSource,
@@ -53,6 +58,7 @@ class ConfigRepositoryImpl final : public ConfigRepository,
   mutable std::mutex mutex_;
   std::shared_ptr<const Config> cachedConfig_;
   std::optional<Date> cacheExpiredDate_;
+  const std::shared_ptr<std::atomic<bool>> disabled_ = std::make_shared<std::atomic<bool>>(false);
   ConfigLocalDataSource localDataSource_;
   ConfigRemoteDataSource remoteDataSource_;
   CurrentDateGenerator currentDateGenerator_;

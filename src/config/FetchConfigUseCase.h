@@ -4,6 +4,7 @@
 #include "config/ConfigRepository.h"
 #include "reactive/ObservableType.h"
 
+#include <atomic>
 #include <memory>
 #include <utility>
 
@@ -18,6 +19,8 @@ class FetchConfigUseCase {
   virtual reactive::Observable<Config> fetch() = 0;
   /// See ConfigRepository::freshConfig.
   virtual std::shared_ptr<const Config> freshConfig() const = 0;
+  /// See ConfigRepository::disabled.
+  virtual std::shared_ptr<const std::atomic<bool>> disabled() const = 0;
 };
 
 class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
@@ -27,6 +30,7 @@ class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
 
   reactive::Observable<Config> fetch() override { return repository_->fetch(); }
   std::shared_ptr<const Config> freshConfig() const override { return repository_->freshConfig(); }
+  std::shared_ptr<const std::atomic<bool>> disabled() const override { return repository_->disabled(); }
 
  private:
   std::shared_ptr<ConfigRepository> repository_;

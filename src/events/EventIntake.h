@@ -42,7 +42,7 @@ class EventIntake {
   /// Accepts an event of the host at the current time for the current user. It writes nothing if the
   /// configuration in memory has disabled the kit. An event that neither the journal nor the memory has room
   /// for is refused with a log line.
-  void accept(std::string_view name, const EventValues& values);
+  void accept(std::string_view name, EventValues&& values);
   /// Accepts an event of the kit, which no configuration can disable.
   void accept(const BIEvent& event);
 
@@ -64,7 +64,7 @@ class EventIntake {
   static void processShared();
 
   bool isDisabled() const;
-  void accept(const std::shared_ptr<EventJournal::Record>& record);
+  void accept(const std::shared_ptr<EventJournal::Record>& record, EventValues&& values);
   bool reserveHeap(std::size_t size, EventJournal::Refusal refusal);
   void process();
   void enter(std::span<const Queued> records);

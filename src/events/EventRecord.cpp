@@ -38,7 +38,7 @@ constexpr int maximumDepth = 513;
 class Writer {
  public:
   Writer() : record_(std::make_shared<EventJournal::Record>()) {
-    constexpr std::size_t usualSize = 384;
+    constexpr std::size_t usualSize = 208;
     record_->reserve(usualSize);
     record_->resize(EventJournal::headerSize);
   }

@@ -102,7 +102,7 @@ void Orrelo::sendEvent(std::string_view name, EventValues values) {
   });
   if (!RunningKit::isInitialized("sendEvent(_:values:)")) return;
   OLSEventMapper::requireSupported(values);
-  EventIntake::shared().accept(name, values);
+  EventIntake::shared().accept(name, std::move(values));
 }
 
 bool Orrelo::flush(std::chrono::milliseconds timeout) {

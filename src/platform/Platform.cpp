@@ -46,7 +46,7 @@ Platform Platform::posix(const HostApplication& host) {
   platform.directories = std::make_shared<PosixDirectories>(host);
   platform.userDefaults = std::make_shared<SqliteUserDefaultsFactory>(platform.directories, platform.clock,
                                                                       bundleIdentifier(host));
-  const auto writer = std::make_shared<WriterQueue>();
+  const auto writer = WriterQueue::shared();
   platform.eventDatabases =
       std::make_shared<SqliteEventDatabaseFactory>(platform.directories, platform.clock, writer);
   platform.eventJournal = std::make_shared<FileEventJournal>(

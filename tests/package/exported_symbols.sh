@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Fails, with their names, if a library exports a symbol that is not the kit's own, or none at all.
+# Fails, with their names, if a library exports a symbol that is not the kit's own, or none at all, or if `dlclose` would
+# unload it.
 # Usage: exported_symbols.sh <library>...
 set -euo pipefail
 own='^_Z(T[VIST]|T[hv][0-9n_]+|Tc.*|GV)?Z?NK?6orrelo'
@@ -10,6 +11,10 @@ for library in "$@"; do
   echo "$library: ${#symbols[@]} symbols"
   if [ ${#symbols[@]} -eq 0 ] || [ -n "$foreign" ]; then
     printf '  not the kit'\''s own: %s\n' "${foreign:-the table is empty}"
+    isClean=1
+  fi
+  if ! readelf --dynamic "$library" | grep -q 'FLAGS_1.*NODELETE'; then
+    echo "  dlclose unloads it"
     isClean=1
   fi
 done

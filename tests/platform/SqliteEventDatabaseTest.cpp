@@ -2,6 +2,8 @@
 #include "platform/store/FileLock.h"
 
 #include <fstream>
+#include <map>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -211,6 +213,27 @@ TEST_F(SqliteEventDatabaseTest, insertsOnceWhatHasTheSameTimeAndId) {
   EXPECT_THAT(ids(fetch()), ElementsAre("absent", "a", "b", "a"));
 }
 
+TEST_F(SqliteEventDatabaseTest, letsNobodyElseReadItsFiles) {
+  const auto modes = [&] {
+    std::map<std::string, mode_t> found;
+    for (const auto& name : fileNames(folder_.path())) {
+      struct stat status {};
+      ::stat((folder_ / name).c_str(), &status);
+      found[name] = status.st_mode & 0777;
+    }
+    return found;
+  };
+  const std::map<std::string, mode_t> own{
+      {"store.sqlite", 0600}, {"store.sqlite-shm", 0600}, {"store.sqlite-wal", 0600}};
+  insert(eventRow("1"));
+  EXPECT_EQ(modes(), own);
+  for (const auto& name : fileNames(folder_.path())) ::chmod((folder_ / name).c_str(), 0644);
+  const auto first =
+      std::exchange(factory_, std::make_unique<SqliteEventDatabaseFactory>(directories_, clock_, executor_));
+  EXPECT_THAT(ids(fetch()), ElementsAre("1"));
+  EXPECT_EQ(modes(), own) << "files of an earlier version";
+}
+
 // -- Damaged files
 
 using Damage = std::function<void(const std::filesystem::path&)>;
@@ -252,6 +275,14 @@ const std::vector<Damage> damages{
     [](const auto& path) {
       std::filesystem::remove(path);
       std::filesystem::create_directories(path / "in the way");
+    },
+    [](const auto& path) {
+      std::filesystem::remove(path);
+      ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    },
+    [](const auto& path) {
+      std::filesystem::remove(path);
+      std::filesystem::create_symlink("nowhere/store", path);
     },
     [](const auto& path) { execute(path, "DROP TABLE events; CREATE TABLE events (eventId, eventTime)"); },
     [](const auto& path) {

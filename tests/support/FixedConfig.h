@@ -4,6 +4,7 @@
 #include "config/FetchConfigUseCase.h"
 #include "reactive/Observable.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -19,6 +20,7 @@ class FixedConfig final : public FetchConfigUseCase {
   }
 
   std::shared_ptr<const Config> freshConfig() const override { return nullptr; }
+  std::shared_ptr<const std::atomic<bool>> disabled() const override { return nullptr; }
 
   Config config;
   std::optional<Error> error;

@@ -39,7 +39,7 @@ std::variant<EventJournal::Position, Refusal> OwnJournal::append(
   const auto position = ++last_;
   journal::seal(*record, file_->seed(), position, journal::RecordKind::event);
   if (!file_->append(*record)) return Refusal::unwritable;
-  if (kind_ == Kind::ofProcess) live_.emplace_hint(live_.end(), position, record);
+  if (kind_ == Kind::ofProcess) live_.add(position, record);
   liveSize_ += record->size();
   return position;
 }
@@ -56,13 +56,13 @@ std::vector<OwnJournal::Position> OwnJournal::release(const std::vector<Position
   {
     const std::lock_guard lock(mutex_);
     for (const auto position : positions) {
-      auto found = live_.extract(position);
-      if (found.empty()) {
+      auto record = live_.take(position);
+      if (!record) {
         unknown.push_back(position);
         continue;
       }
-      liveSize_ -= found.mapped()->size();
-      forgotten.push_back(std::move(found.mapped()));
+      liveSize_ -= record->size();
+      forgotten.push_back(std::move(record));
       released_.push_back(position);
     }
     mustPost = !released_.empty() && !std::exchange(isFlushPosted_, true);
@@ -131,7 +131,8 @@ void OwnJournal::renew(Renewal renewal) {
     const std::lock_guard lock(mutex_);
     if (!isRenewalDue(renewal)) return;
     isRenewing_ = true;
-    records.assign(live_.begin(), live_.end());
+    live_.visitAfter(
+        0, [&](Position position, const RecordPtr& record) { records.emplace_back(position, record); });
   }
   const auto next =
       JournalFile::create(environment_.directories->data(), *environment_.random, JournalFile::Maker::keeper);
@@ -194,12 +195,12 @@ std::string OwnJournal::changesSince(const Records& written, std::uint64_t seed)
   }
   auto changes = journal::releaseRecords(released, seed);
   std::string sealed;
-  for (auto added = live_.upper_bound(written.empty() ? 0 : written.back().first); added != live_.end();
-       ++added) {
-    sealed = *added->second;
-    journal::seal(sealed, seed, added->first, journal::RecordKind::event);
-    changes += sealed;
-  }
+  live_.visitAfter(written.empty() ? 0 : written.back().first,
+                   [&](Position position, const RecordPtr& record) {
+                     sealed = *record;
+                     journal::seal(sealed, seed, position, journal::RecordKind::event);
+                     changes += sealed;
+                   });
   return changes;
 }
 

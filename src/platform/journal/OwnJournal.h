@@ -2,13 +2,13 @@
 
 #include "platform/journal/JournalEnvironment.h"
 #include "platform/journal/JournalFile.h"
+#include "platform/journal/LiveRecords.h"
 #include "platform/journal/SequenceRanges.h"
 
 #include <orrelo/platform/EventJournal.h>
 
 #include <atomic>
 #include <condition_variable>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -74,7 +74,7 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
   /// No file is made before this moment, after one could not be made.
   std::chrono::microseconds nextCreation_{0};
   Position last_;
-  std::map<Position, RecordPtr> live_;
+  LiveRecords live_;
   std::size_t liveSize_ = 0;
   /// Released, but not yet passed to the executor.
   std::vector<Position> released_;
