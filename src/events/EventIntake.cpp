@@ -175,8 +175,8 @@ void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record, Ev
   {
     const std::lock_guard lock(state_.mutex);
     if (position != nullptr) state_.reportedRefusal.reset();
-    state_.queue.push_back(
-        {record, position == nullptr ? std::nullopt : std::optional(*position), state_.waiters.add(), false, std::move(values)});
+    state_.queue.push_back({record, position == nullptr ? std::nullopt : std::optional(*position),
+                            state_.waiters.add(), false, std::move(values)});
     if (std::exchange(state_.isScheduled, true)) return;
   }
   platform.workers->post(QualityOfService::utility, &processShared);

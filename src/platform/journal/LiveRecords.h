@@ -8,8 +8,8 @@
 
 namespace orrelo {
 
-/// The records of a journal that are not released, by position. Adding one in ascending order and releasing the
-/// first ones takes constant time and seldom allocates. Not thread-safe.
+/// The records of a journal that are not released, by position. Adding one in ascending order and releasing
+/// the first ones takes constant time and seldom allocates. Not thread-safe.
 class LiveRecords {
  public:
   using Position = EventJournal::Position;

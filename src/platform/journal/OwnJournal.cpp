@@ -131,9 +131,8 @@ void OwnJournal::renew(Renewal renewal) {
     const std::lock_guard lock(mutex_);
     if (!isRenewalDue(renewal)) return;
     isRenewing_ = true;
-    live_.visitAfter(0, [&](Position position, const RecordPtr& record) {
-      records.emplace_back(position, record);
-    });
+    live_.visitAfter(
+        0, [&](Position position, const RecordPtr& record) { records.emplace_back(position, record); });
   }
   const auto next =
       JournalFile::create(environment_.directories->data(), *environment_.random, JournalFile::Maker::keeper);
