@@ -32,7 +32,7 @@ void sendEvent(EventValues& values) {
 /// A file that is opened as the journal's is, and a record of the size of the event's.
 struct BareFile {
   test::TemporaryFolder folder;
-  const std::string record = *EventRecord::encode({}, {}, "user-1", "purchase", fiveValues());
+  const std::string record{EventRecord::encode({}, {}, "user-1", "purchase", fiveValues()).view()};
   const int descriptor =
       open((folder.path() / "bare").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
 };

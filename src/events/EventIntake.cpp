@@ -52,7 +52,7 @@ std::string reasonOf(EventJournal::Refusal refusal) {
 
 /// An event as the caller's thread leaves it. It waits in memory alone if it has no position in the journal.
 struct EventIntake::Queued {
-  EventJournal::RecordPtr record;
+  EventJournal::Record record;
   std::optional<EventJournal::Position> position;
   FlushWaiters::Ticket ticket;
   bool isAdopted;
@@ -161,7 +161,7 @@ bool EventIntake::isDisabled() const {
   return config && !config->sdkEnable;
 }
 
-void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record, EventValues&& values) {
+void EventIntake::accept(const EventJournal::Record& record, EventValues&& values) {
   const auto& platform = Platform::current();
   const auto& journal = platform.eventJournal;
   auto appended =
@@ -171,7 +171,7 @@ void EventIntake::accept(const std::shared_ptr<EventJournal::Record>& record, Ev
   // Neither the locks nor the threads of the parent can be used; its next launch or tick adopts the record.
   if (isForkedChild()) return;
   const auto* const position = std::get_if<EventJournal::Position>(&appended);
-  if (position == nullptr && !reserveHeap(record->size(), std::get<EventJournal::Refusal>(appended))) return;
+  if (position == nullptr && !reserveHeap(record.size(), std::get<EventJournal::Refusal>(appended))) return;
   {
     const std::lock_guard lock(state_.mutex);
     if (position != nullptr) state_.reportedRefusal.reset();
@@ -238,11 +238,11 @@ void EventIntake::enter(std::span<const Queued> records) {
   Group dropped;
   std::size_t unreadable = 0;
   for (const auto& record : records) {
-    auto content = EventRecord::decode(*record.record);
+    auto content = EventRecord::decode(record.record.view());
     const bool isReadable = content.has_value();
     if (!content) content.emplace();
     const auto pending = std::make_shared<Pending>(
-        Pending{record.position, record.position ? 0 : record.record->size(), record.ticket, record.isAdopted,
+        Pending{record.position, record.position ? 0 : record.record.size(), record.ticket, record.isAdopted,
                 record.isAdopted, content->origin, std::move(content->event)});
     unreadable += isReadable ? 0 : 1;
     if (!isReadable || (record.isAdopted && isTooOld(pending->event))) {

@@ -64,7 +64,7 @@ class EventIntake {
   static void processShared();
 
   bool isDisabled() const;
-  void accept(const std::shared_ptr<EventJournal::Record>& record, EventValues&& values);
+  void accept(const EventJournal::Record& record, EventValues&& values);
   bool reserveHeap(std::size_t size, EventJournal::Refusal refusal);
   void process();
   void enter(std::span<const Queued> records);

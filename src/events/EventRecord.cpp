@@ -5,6 +5,7 @@
 
 #include <orrelo/UnsupportedEventValueException.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
@@ -37,13 +38,8 @@ constexpr int maximumDepth = 513;
 // Integers are little-endian; lengths and counts have seven bits to a byte, the lowest first.
 class Writer {
  public:
-  Writer() : record_(std::make_shared<EventJournal::Record>()) {
-    constexpr std::size_t usualSize = 208;
-    record_->reserve(usualSize);
-    record_->resize(EventJournal::headerSize);
-  }
-
-  std::shared_ptr<EventJournal::Record> result() && { return std::move(record_); }
+  /// Uses `bytes` only to reuse its memory.
+  explicit Writer(std::string& bytes) : record_(&bytes) { bytes.assign(EventJournal::headerSize, '\0'); }
 
   void byte(std::uint8_t value) { record_->push_back(static_cast<char>(value)); }
   void word(std::uint64_t value) {
@@ -149,9 +145,36 @@ class Writer {
     --depth_;
   }
 
-  std::shared_ptr<EventJournal::Record> record_;
+  std::string* const record_;
   int depth_ = 0;
 };
+
+// The host's threads write each record here first, since its size is not known before.
+std::string& scratch() {
+  thread_local std::string bytes;
+  constexpr std::size_t maximumKept = 4096;
+  if (bytes.capacity() > maximumKept) bytes = {};
+  return bytes;
+}
+
+// Cuts small records from blocks. Memory that one thread allocates and another one frees costs the host's
+// call far more than the bytes that a block keeps alive for its last record.
+EventJournal::Record recordOf(std::string_view bytes) {
+  struct Block {
+    std::shared_ptr<char[]> memory;
+    std::size_t used = 0;
+  };
+  thread_local Block block;
+  constexpr std::size_t blockSize = 4096;
+  if (bytes.size() > blockSize / 4) return EventJournal::Record::copyOf(bytes);
+  if (!block.memory || block.used + bytes.size() > blockSize) {
+    block = {std::make_shared_for_overwrite<char[]>(blockSize), 0};
+  }
+  auto* const start = block.memory.get() + block.used;
+  std::copy(bytes.begin(), bytes.end(), start);
+  block.used += bytes.size();
+  return {std::shared_ptr<char[]>(block.memory, start), bytes.size()};
+}
 
 /// Reads what Writer has written. Bytes of any other origin end in a ReadFailure.
 class Reader {
@@ -261,24 +284,25 @@ class Reader {
 
 }  // namespace
 
-std::shared_ptr<EventJournal::Record> EventRecord::encode(const Uuid& id, Date time,
-                                                          const std::optional<std::string>& userId,
-                                                          std::string_view name, const EventValues& values) {
-  Writer writer;
+EventJournal::Record EventRecord::encode(const Uuid& id, Date time, const std::optional<std::string>& userId,
+                                         std::string_view name, const EventValues& values) {
+  auto& bytes = scratch();
+  Writer writer(bytes);
   writer.head(EventOrigin::host, id, time, userId, name);
   writer.dictionary(values);
-  return std::move(writer).result();
+  return recordOf(bytes);
 }
 
-std::shared_ptr<EventJournal::Record> EventRecord::encode(const BIEvent& event) {
-  Writer writer;
+EventJournal::Record EventRecord::encode(const BIEvent& event) {
+  auto& bytes = scratch();
+  Writer writer(bytes);
   writer.head(EventOrigin::kit, event.id, event.eventTime, event.userId, event.eventName);
   writer.size(event.eventValues.size());
   for (const auto& [key, value] : event.eventValues) {
     writer.text(key);
     writer.text(value);
   }
-  return std::move(writer).result();
+  return recordOf(bytes);
 }
 
 std::optional<EventRecord::Content> EventRecord::decode(std::string_view record) {

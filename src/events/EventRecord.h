@@ -24,12 +24,11 @@ struct EventRecord {
     Event event;
   };
 
-  /// Reserves the space of the journal's header. Collections that are nested deeper than any that have a JSON
-  /// form are left out.
-  static std::shared_ptr<EventJournal::Record> encode(const Uuid& id, Date time,
-                                                      const std::optional<std::string>& userId,
-                                                      std::string_view name, const EventValues& values);
-  static std::shared_ptr<EventJournal::Record> encode(const BIEvent& event);
+  /// Reserves the space of the journal's header. Small records of a thread share an allocation. Collections
+  /// that are nested deeper than any that have a JSON form are left out.
+  static EventJournal::Record encode(const Uuid& id, Date time, const std::optional<std::string>& userId,
+                                     std::string_view name, const EventValues& values);
+  static EventJournal::Record encode(const BIEvent& event);
 
   /// Nullopt if the bytes are no record of an event. Malformed UTF-8 is repaired.
   static std::optional<Content> decode(std::string_view record);

@@ -30,7 +30,7 @@ void replay(std::string_view bytes) {
   require(!content->isLaterVersion || content->live.empty(), "a later version is not read");
   const JournalContent::Entry* last = nullptr;
   for (const auto& entry : content->live) {
-    const auto& record = *entry.record;
+    const auto record = entry.record.view();
     require(record.size() >= EventJournal::headerSize && record.size() <= EventJournal::maximumRecordSize,
             "a record's size");
     const auto header = journal::readRecordHeader(record);
@@ -57,7 +57,7 @@ std::string withRightSums(std::string_view input) {
       ++at;
       continue;
     }
-    journal::seal(record, seedOfName, header.sequence, header.kind);
+    journal::seal(record.data(), record.size(), seedOfName, header.sequence, header.kind);
     bytes.replace(at, record.size(), record);
     at += record.size();
   }

@@ -37,18 +37,18 @@ TEST(EventRecordTest, KeepsEachTypeOfValueAndReadsNothingElse) {
                            {"yes", false}};
   const auto id = Uuid::fromRandom({4, 5, 6});
   const auto record = EventRecord::encode(id, Date::fromSeconds(-3), "minji", "n\xFF", values);
-  const auto content = EventRecord::decode(*record);
+  const auto content = EventRecord::decode(record.view());
   ASSERT_TRUE(content);
   EXPECT_EQ(content->origin, EventOrigin::host);
   EXPECT_EQ(content->event,
             (Event{id, "minji", "n\uFFFD", OLSEventMapper().map(values), Date::fromSeconds(-3)}));
   const BIEvent own{id, std::nullopt, "ol_visit", {{"b", "1"}, {"a", ""}}, Date::fromSeconds(7)};
-  EXPECT_EQ(EventRecord::decode(*EventRecord::encode(own))->event, own);
+  EXPECT_EQ(EventRecord::decode(EventRecord::encode(own).view())->event, own);
 
-  for (std::size_t size = 0; size < record->size(); ++size) {
-    EXPECT_FALSE(EventRecord::decode(record->substr(0, size))) << size;
+  for (std::size_t size = 0; size < record.size(); ++size) {
+    EXPECT_FALSE(EventRecord::decode(record.view().substr(0, size))) << size;
   }
-  EXPECT_FALSE(EventRecord::decode(*record + "x"));
+  EXPECT_FALSE(EventRecord::decode(std::string(record.view()) + "x"));
   EventValues deep;
   deep["k"] = 1;
   for (int i = 0; i < 10'000; ++i) {
@@ -56,7 +56,7 @@ TEST(EventRecordTest, KeepsEachTypeOfValueAndReadsNothingElse) {
     outer.push_back(std::move(deep["k"]));
     deep["k"] = std::move(outer);
   }
-  EXPECT_TRUE(EventRecord::decode(*EventRecord::encode(id, {}, {}, "deep", deep)));
+  EXPECT_TRUE(EventRecord::decode(EventRecord::encode(id, {}, {}, "deep", deep).view()));
 }
 
 // The intake is a global of the process, so every test runs in its own process (see gtest_discover_tests).
@@ -139,7 +139,7 @@ TEST_F(EventIntakeTest, AnAnswerOfNoAndASecondInitializeDropWhatWaits) {
   EXPECT_EQ(waiting(), 0u);
   platform_.journal->leave({EventRecord::encode({}, platform_.clock->now(), {}, "left", {}),
                             EventRecord::encode({}, platform_.clock->now() - seconds(86'400), {}, "old", {}),
-                            std::make_shared<EventJournal::Record>("no event, but longer than a header")});
+                            EventJournal::Record::copyOf("no event, but longer than a header")});
   platform_.loop->runFor(seconds(61));
   report("asked");  // the configuration is no longer fresh
   EXPECT_EQ(waiting(), 0u);

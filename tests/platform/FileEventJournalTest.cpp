@@ -54,8 +54,8 @@ class ImmediateExecutor final : public SerialExecutor, public WorkerPool {
   std::vector<WorkerPool::Task> held;
 };
 
-std::shared_ptr<std::string> recordOf(const std::string& content) {
-  return std::make_shared<std::string>(std::string(EventJournal::headerSize, '-') + content);
+EventJournal::Record recordOf(const std::string& content) {
+  return EventJournal::Record::copyOf(std::string(EventJournal::headerSize, '-') + content);
 }
 
 class FileEventJournalTest : public ::testing::Test {
@@ -95,7 +95,7 @@ class FileEventJournalTest : public ::testing::Test {
     journal.maintain([&](std::vector<EventJournal::Adopted> records) {
       auto& contents = all.emplace_back();
       for (const auto& [position, record] : records) {
-        contents.emplace(position, record->substr(EventJournal::headerSize));
+        contents.emplace(position, record.view().substr(EventJournal::headerSize));
       }
     });
     return all;

@@ -24,7 +24,7 @@ constexpr std::uint64_t seed = 0x0123'4567'89AB'CDEF;
 
 std::string sealedRecord(std::uint64_t sequence, const std::string& content, std::uint64_t sealSeed = seed) {
   auto record = std::string(EventJournal::headerSize, '-') + content;
-  journal::seal(record, sealSeed, sequence, journal::RecordKind::event);
+  journal::seal(record.data(), record.size(), sealSeed, sequence, journal::RecordKind::event);
   return record;
 }
 
@@ -48,7 +48,8 @@ JournalContent contentOf(const std::string& bytes) {
 
 Strings liveIn(const JournalContent& content) {
   Strings live;
-  for (const auto& entry : content.live) live.push_back(entry.record->substr(EventJournal::headerSize));
+  for (const auto& entry : content.live)
+    live.emplace_back(entry.record.view().substr(EventJournal::headerSize));
   return live;
 }
 

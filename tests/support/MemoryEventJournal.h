@@ -19,9 +19,9 @@ class MemoryEventJournal final : public EventJournal {
     isPrepared_ = true;
   }
 
-  std::variant<Position, Refusal> append(const std::shared_ptr<Record>& record) override {
+  std::variant<Position, Refusal> append(const Record& record) override {
     const std::lock_guard lock(mutex_);
-    if (record->size() > maximumRecordSize) return Refusal::tooLarge;
+    if (record.size() > maximumRecordSize) return Refusal::tooLarge;
     if (refusal_) return *refusal_;
     return add(record);
   }
@@ -51,7 +51,7 @@ class MemoryEventJournal final : public EventJournal {
   }
   /// Adds the journal of an ended process for the next `maintain`. Each record begins with `headerSize`
   /// bytes.
-  void leave(std::vector<RecordPtr> records) {
+  void leave(std::vector<Record> records) {
     const std::lock_guard lock(mutex_);
     left_.push_back(std::move(records));
   }
@@ -75,15 +75,15 @@ class MemoryEventJournal final : public EventJournal {
   }
 
  private:
-  Position add(RecordPtr record) {
+  Position add(Record record) {
     records_.emplace(++last_, std::move(record));
     return last_;
   }
 
   mutable std::mutex mutex_;
   Position last_ = 0;
-  std::map<Position, RecordPtr> records_;
-  std::vector<std::vector<RecordPtr>> left_;
+  std::map<Position, Record> records_;
+  std::vector<std::vector<Record>> left_;
   std::optional<Refusal> refusal_;
   bool isPrepared_ = false;
 };

@@ -6,7 +6,8 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <string>
+#include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -21,11 +22,32 @@ class ORRELO_EXPORT EventJournal {
   /// Identifies a record within this process. Positions ascend in the order of the appends and are never
   /// reused.
   using Position = std::uint64_t;
-  /// The content begins after the first `headerSize` bytes, in which a journal may store what it needs.
-  using Record = std::string;
-  using RecordPtr = std::shared_ptr<const Record>;
-
   static constexpr std::size_t headerSize = 24;
+
+  /// The bytes of an event, which copies share. The content begins after the first `headerSize` bytes, in
+  /// which a journal may store what it needs.
+  class Record {
+   public:
+    Record() = default;
+    /// `bytes` may belong to a larger allocation, which lives as long as the record.
+    Record(std::shared_ptr<char[]> bytes, std::size_t size) : bytes_(std::move(bytes)), size_(size) {}
+    /// Copies bytes that begin with a header.
+    static Record copyOf(std::string_view bytes) {
+      Record record(std::make_shared<char[]>(bytes.size()), bytes.size());
+      bytes.copy(record.data(), bytes.size());
+      return record;
+    }
+
+    explicit operator bool() const { return bytes_ != nullptr; }
+    char* data() const { return bytes_.get(); }
+    std::size_t size() const { return size_; }
+    std::string_view view() const { return {bytes_.get(), size_}; }
+
+   private:
+    std::shared_ptr<char[]> bytes_;
+    std::size_t size_ = 0;
+  };
+
   /// The size of the largest record, with its header.
   static constexpr std::size_t maximumRecordSize = std::size_t{256} * 1024;
   /// The size of all records that are not released, in the journals of all processes together.
@@ -42,7 +64,7 @@ class ORRELO_EXPORT EventJournal {
 
   struct Adopted {
     Position position;
-    RecordPtr record;
+    Record record;
   };
   /// The records of one ended process, in the order of its appends.
   using Adopter = std::function<void(std::vector<Adopted> records)>;
@@ -56,7 +78,7 @@ class ORRELO_EXPORT EventJournal {
   /// position; otherwise nothing of it counts as written. `record` must begin with `headerSize` bytes of
   /// arbitrary content; the journal keeps it until it is released, and nobody may change it after the call.
   /// In a forked child the record goes to a journal of the child's own.
-  virtual std::variant<Position, Refusal> append(const std::shared_ptr<Record>& record) = 0;
+  virtual std::variant<Position, Refusal> append(const Record& record) = 0;
 
   /// Removes records, adopted ones too. Positions that are unknown are ignored. Returns at once; if the
   /// process ends soon afterwards, a record may still be adopted by a later one.

@@ -52,8 +52,7 @@ void FileEventJournal::prepare() {
   current().prepare();
 }
 
-std::variant<EventJournal::Position, EventJournal::Refusal> FileEventJournal::append(
-    const std::shared_ptr<Record>& record) {
+std::variant<EventJournal::Position, EventJournal::Refusal> FileEventJournal::append(const Record& record) {
   return current().append(record);
 }
 

@@ -24,7 +24,7 @@ class FileEventJournal final : public EventJournal {
   FileEventJournal& operator=(const FileEventJournal&) = delete;
 
   void prepare() override;
-  std::variant<Position, Refusal> append(const std::shared_ptr<Record>& record) override;
+  std::variant<Position, Refusal> append(const Record& record) override;
   /// Does nothing in a forked child, as `maintain`.
   void release(std::vector<Position> positions) override;
   void maintain(Adopter adopt) override;

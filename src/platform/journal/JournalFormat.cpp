@@ -53,15 +53,15 @@ std::optional<FileHeader> readFileHeader(std::string_view bytes) {
   return header;
 }
 
-void seal(std::string& record, std::uint64_t seed, std::uint64_t sequence, RecordKind kind) {
-  const auto content = std::string_view(record).substr(EventJournal::headerSize);
+void seal(char* record, std::size_t size, std::uint64_t seed, std::uint64_t sequence, RecordKind kind) {
+  const std::string_view content(record + EventJournal::headerSize, size - EventJournal::headerSize);
   RecordHeader header{.marker = marker(seed),
                       .length = static_cast<std::uint32_t>(content.size()),
                       .sequence = sequence,
                       .kind = kind,
                       .sum = 0};
   header.sum = sumOf(header, content, seed);
-  std::memcpy(record.data(), &header, sizeof(header));
+  std::memcpy(record, &header, sizeof(header));
 }
 
 RecordHeader readRecordHeader(std::string_view bytes) {
@@ -81,7 +81,7 @@ std::string releaseRecords(const SequenceRanges& numbers, std::uint64_t seed) {
   std::string record;
   std::size_t pairs = 0;
   const auto finish = [&] {
-    seal(record, seed, 0, RecordKind::released);
+    seal(record.data(), record.size(), seed, 0, RecordKind::released);
     records += record;
     pairs = 0;
   };

@@ -49,8 +49,8 @@ std::string fileHeader(std::uint64_t seed);
 /// nullopt if `bytes` does not begin with a whole header of any version.
 std::optional<FileHeader> readFileHeader(std::string_view bytes);
 
-/// Writes the header into the first `headerSize` bytes of `record`.
-void seal(std::string& record, std::uint64_t seed, std::uint64_t sequence, RecordKind kind);
+/// Writes the header into the first `headerSize` bytes of the record at `record`.
+void seal(char* record, std::size_t size, std::uint64_t seed, std::uint64_t sequence, RecordKind kind);
 /// The header at the start of `bytes`, which must hold one. Its fields are not checked.
 RecordHeader readRecordHeader(std::string_view bytes);
 /// Whether `record`, a header and its content, has the right sum.

@@ -99,7 +99,7 @@ class Reader {
 
   void keep(std::uint64_t sequence, std::string_view record) {
     if (released_.contains(sequence)) return;
-    live_.try_emplace(sequence, std::make_shared<const std::string>(record));
+    live_.try_emplace(sequence, EventJournal::Record::copyOf(record));
   }
 
   void release(std::string_view pairs) {
@@ -139,7 +139,7 @@ class Reader {
   std::size_t at_ = 0;
   JournalContent content_;
   SequenceRanges released_;
-  std::map<std::uint64_t, EventJournal::RecordPtr> live_;
+  std::map<std::uint64_t, EventJournal::Record> live_;
 };
 
 }  // namespace

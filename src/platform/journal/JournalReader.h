@@ -14,7 +14,7 @@ namespace orrelo {
 struct JournalContent {
   struct Entry {
     std::uint64_t sequence;
-    EventJournal::RecordPtr record;
+    EventJournal::Record record;
   };
 
   /// The seed of the file's records.

@@ -17,16 +17,16 @@ class LiveRecords {
   bool empty() const { return count_ == 0; }
 
   /// `position` must be larger than all former ones.
-  void add(Position position, EventJournal::RecordPtr record) {
+  void add(Position position, EventJournal::Record record) {
     if (records_.empty()) first_ = position;
     records_.resize(static_cast<std::size_t>(position - first_));
     records_.push_back(std::move(record));
     ++count_;
   }
 
-  /// Removes and returns the record; null if there is none at this position.
-  EventJournal::RecordPtr take(Position position) {
-    if (!contains(position)) return nullptr;
+  /// Removes and returns the record; an empty one if there is none at this position.
+  EventJournal::Record take(Position position) {
+    if (!contains(position)) return {};
     auto record = std::move(records_[static_cast<std::size_t>(position - first_)]);
     --count_;
     for (; !records_.empty() && !records_.front(); ++first_) records_.pop_front();
@@ -35,7 +35,7 @@ class LiveRecords {
 
   bool contains(Position position) const {
     return position >= first_ && position - first_ < records_.size() &&
-           records_[static_cast<std::size_t>(position - first_)];
+           static_cast<bool>(records_[static_cast<std::size_t>(position - first_)]);
   }
 
   /// Calls `visit` with each position after `after` and its record, in ascending order.
@@ -48,8 +48,8 @@ class LiveRecords {
   }
 
  private:
-  /// Null where a record is released, or where a position belongs to no record.
-  std::deque<EventJournal::RecordPtr> records_;
+  /// Empty where a record is released, or where a position belongs to no record.
+  std::deque<EventJournal::Record> records_;
   Position first_ = 0;
   std::size_t count_ = 0;
 };

@@ -30,17 +30,16 @@ void OwnJournal::prepare() {
   acquireFile(lock);
 }
 
-std::variant<EventJournal::Position, Refusal> OwnJournal::append(
-    const std::shared_ptr<EventJournal::Record>& record) {
-  if (record->size() > EventJournal::maximumRecordSize) return Refusal::tooLarge;
+std::variant<EventJournal::Position, Refusal> OwnJournal::append(const Record& record) {
+  if (record.size() > EventJournal::maximumRecordSize) return Refusal::tooLarge;
   Lock lock(mutex_);
   if (!acquireFile(lock)) return Refusal::unwritable;
-  if (liveSize_ + othersSize_ + record->size() > EventJournal::maximumLiveSize) return Refusal::full;
+  if (liveSize_ + othersSize_ + record.size() > EventJournal::maximumLiveSize) return Refusal::full;
   const auto position = ++last_;
-  journal::seal(*record, file_->seed(), position, journal::RecordKind::event);
-  if (!file_->append(*record)) return Refusal::unwritable;
+  journal::seal(record.data(), record.size(), file_->seed(), position, journal::RecordKind::event);
+  if (!file_->append(record.view())) return Refusal::unwritable;
   if (kind_ == Kind::ofProcess) live_.add(position, record);
-  liveSize_ += record->size();
+  liveSize_ += record.size();
   return position;
 }
 
@@ -51,7 +50,7 @@ OwnJournal::Position OwnJournal::reservePositions(std::size_t count) {
 
 std::vector<OwnJournal::Position> OwnJournal::release(const std::vector<Position>& positions) {
   std::vector<Position> unknown;
-  std::vector<RecordPtr> forgotten;  // destroyed after the lock
+  std::vector<Record> forgotten;  // destroyed after the lock
   bool mustPost = false;
   {
     const std::lock_guard lock(mutex_);
@@ -61,7 +60,7 @@ std::vector<OwnJournal::Position> OwnJournal::release(const std::vector<Position
         unknown.push_back(position);
         continue;
       }
-      liveSize_ -= record->size();
+      liveSize_ -= record.size();
       forgotten.push_back(std::move(record));
       released_.push_back(position);
     }
@@ -132,7 +131,7 @@ void OwnJournal::renew(Renewal renewal) {
     if (!isRenewalDue(renewal)) return;
     isRenewing_ = true;
     live_.visitAfter(
-        0, [&](Position position, const RecordPtr& record) { records.emplace_back(position, record); });
+        0, [&](Position position, const Record& record) { records.emplace_back(position, record); });
   }
   const auto next =
       JournalFile::create(environment_.directories->data(), *environment_.random, JournalFile::Maker::keeper);
@@ -152,8 +151,8 @@ bool OwnJournal::fill(JournalFile& file, const Records& records) {
   std::string bytes;
   std::string sealed;
   for (const auto& [position, record] : records) {
-    sealed = *record;  // the record itself may be in use by other threads
-    journal::seal(sealed, file.seed(), position, journal::RecordKind::event);
+    sealed = record.view();  // the record itself may be in use by other threads
+    journal::seal(sealed.data(), sealed.size(), file.seed(), position, journal::RecordKind::event);
     bytes += sealed;
     if (bytes.size() < fillSize) continue;
     if (!file.fill(bytes)) return false;
@@ -196,12 +195,11 @@ std::string OwnJournal::changesSince(const Records& written, std::uint64_t seed)
   }
   auto changes = journal::releaseRecords(released, seed);
   std::string sealed;
-  live_.visitAfter(written.empty() ? 0 : written.back().first,
-                   [&](Position position, const RecordPtr& record) {
-                     sealed = *record;
-                     journal::seal(sealed, seed, position, journal::RecordKind::event);
-                     changes += sealed;
-                   });
+  live_.visitAfter(written.empty() ? 0 : written.back().first, [&](Position position, const Record& record) {
+    sealed = record.view();
+    journal::seal(sealed.data(), sealed.size(), seed, position, journal::RecordKind::event);
+    changes += sealed;
+  });
   return changes;
 }
 

@@ -22,7 +22,7 @@ namespace orrelo {
 class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
  public:
   using Position = EventJournal::Position;
-  using RecordPtr = EventJournal::RecordPtr;
+  using Record = EventJournal::Record;
 
   /// A forked child has no threads of the kit. Its journal writes on the calling thread alone and keeps no
   /// records in memory, since nothing releases them there.
@@ -31,7 +31,7 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
   OwnJournal(JournalEnvironment environment, Kind kind, Position firstPosition);
 
   void prepare();
-  std::variant<Position, EventJournal::Refusal> append(const std::shared_ptr<EventJournal::Record>& record);
+  std::variant<Position, EventJournal::Refusal> append(const Record& record);
   /// Forgets the records at once and writes this soon. Returns the positions that it does not know.
   std::vector<Position> release(const std::vector<Position>& positions);
   /// Reserves `count` positions for records of other journals; returns the first one.
@@ -49,7 +49,7 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
  private:
   using Lock = std::unique_lock<std::mutex>;
   using FilePtr = std::shared_ptr<JournalFile>;
-  using Records = std::vector<std::pair<Position, RecordPtr>>;
+  using Records = std::vector<std::pair<Position, Record>>;
   enum class Renewal { ifDue, ifReleased, always };
 
   bool acquireFile(Lock& lock);
