@@ -9,6 +9,7 @@
 #include <orrelo/ORLDelegates.h>
 #include <orrelo/ORLUser.h>
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -33,6 +34,8 @@ class ORRELO_EXPORT IOrrelo {
   virtual void setUser(const std::optional<ORLUser>& user) = 0;
   virtual void sendEvent(std::string_view name) = 0;
   virtual void sendEvent(std::string_view name, EventValues values) = 0;
+  virtual bool flush(std::chrono::milliseconds timeout) = 0;
+  virtual void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion) = 0;
 
   virtual void showHome(const std::shared_ptr<ViewController>& with) = 0;
   virtual std::shared_ptr<ViewController> getHomeViewController() = 0;

@@ -14,6 +14,10 @@ class OrreloInterface final : public IOrrelo {
   void sendEvent(std::string_view name, EventValues values) override {
     Orrelo::sendEvent(name, std::move(values));
   }
+  bool flush(std::chrono::milliseconds timeout) override { return Orrelo::flush(timeout); }
+  void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion) override {
+    Orrelo::flush(timeout, std::move(completion));
+  }
   void showHome(const std::shared_ptr<ViewController>& with) override { Orrelo::showHome(with); }
   std::shared_ptr<ViewController> getHomeViewController() override { return Orrelo::getHomeViewController(); }
   void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) override {

@@ -1,6 +1,7 @@
 // Takes the input as a journal, then as one whose sums are right, which no mutation finds. Each record that
 // is read must stand in the input with its right sum, in ascending order and once; each byte is read at most
 // once.
+#include "events/EventRecord.h"
 #include "platform/journal/JournalFormat.h"
 #include "platform/journal/JournalReader.h"
 #include "require.h"
@@ -38,6 +39,7 @@ void replay(std::string_view bytes) {
                 header.kind == journal::RecordKind::event,
             "a record's header");
     require(journal::hasRightSum(record, content->seed), "a record's sum");
+    static_cast<void>(EventRecord::decode(record));
     require(bytes.find(record) != std::string_view::npos, "a record stands in the file");
     require(last == nullptr || last->sequence < entry.sequence, "the records ascend");
     last = &entry;

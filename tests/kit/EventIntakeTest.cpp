@@ -10,7 +10,9 @@
 #include <orrelo/Orrelo.h>
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <fstream>
 #include <gmock/gmock.h>
+#include <map>
 
 namespace orrelo::test {
 namespace {
@@ -57,6 +59,33 @@ TEST(EventRecordTest, KeepsEachTypeOfValueAndReadsNothingElse) {
     deep["k"] = std::move(outer);
   }
   EXPECT_TRUE(EventRecord::decode(EventRecord::encode(id, {}, {}, "deep", deep).view()));
+}
+
+/// The number of reading and writing system calls of the calling thread so far.
+std::pair<long, long> callsOfThisThread() {
+  std::ifstream counts("/proc/thread-self/io");
+  std::string name;
+  std::map<std::string, long> values;
+  for (long value = 0; counts >> name >> value;) values[name] = value;
+  return {values["syscr:"], values["syscw:"]};
+}
+
+TEST(EventIntakeOnFilesTest, ACallWritesOnceAndReadsNothing) {
+  const TemporaryFolder folder;
+  Platform::install(Platform::posix(
+      {.bundleIdentifier = "shop", .dataDirectory = folder.path(), .cacheDirectory = folder.path()}));
+  const auto suite = Platform::current().userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane");
+  suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
+  suite->set("ORRELO_DEVELOPMENT_URL", std::string("https://localhost:1"));
+  Orrelo::initialize(ORLConfig("shop"));
+  Orrelo::sendEvent("first");
+  const auto before = callsOfThisThread();
+  constexpr int count = 200;
+  for (int i = 0; i < count; ++i) Orrelo::sendEvent("e", {{"item", "blue shoes"}, {"price", 39.9}});
+  const auto after = callsOfThisThread();
+  constexpr long ofTheCheck = 2;  // reading the counts: the file's text and its end
+  EXPECT_LE(after.first - before.first, ofTheCheck);
+  EXPECT_EQ(after.second - before.second, count);
 }
 
 // The intake is a global of the process, so every test runs in its own process (see gtest_discover_tests).
