@@ -72,8 +72,9 @@ std::pair<long, long> callsOfThisThread() {
 
 TEST(EventIntakeOnFilesTest, ACallWritesOnceAndReadsNothing) {
   const TemporaryFolder folder;
-  Platform::install(Platform::posix(
-      {.bundleIdentifier = "shop", .dataDirectory = folder.path(), .cacheDirectory = folder.path()}));
+  Platform::install(Platform::posix({.bundleIdentifier = "com.example.shop",
+                                     .dataDirectory = folder.path(),
+                                     .cacheDirectory = folder.path()}));
   const auto suite = Platform::current().userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane");
   suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
   suite->set("ORRELO_DEVELOPMENT_URL", std::string("https://localhost:1"));

@@ -18,7 +18,12 @@ constexpr auto tokenSchema = R"sql(
 )sql";
 
 constexpr auto upsertSql = R"sql(
-  INSERT INTO tokens(app_key, user_id, token, saves, first_saved, last_saved) VALUES(?1, ?2, ?3, 1, ?4, ?4)
+  INSERT INTO tokens(app_key, user_id, token, saves, first_saved, last_saved)
+    SELECT ?1, ?2, ?3, 1, time, time FROM (
+      -- Tokens that are saved within one millisecond keep their order.
+      SELECT max(?4, coalesce(max(last_saved) + 1, 0)) AS time FROM tokens
+        WHERE app_key = ?1 AND user_id = ?2 AND token <> ?3)
+    WHERE true
   ON CONFLICT DO UPDATE SET saves = saves + 1, last_saved = excluded.last_saved)sql";
 
 /// Never removes the token that was just saved, also if the clock stands still.
