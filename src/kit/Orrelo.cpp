@@ -21,6 +21,7 @@
 #include <orrelo/Orrelo.h>
 #include <orrelo/platform/EventJournal.h>
 
+#include <mutex>
 #include <string>
 #include <utility>
 
@@ -68,6 +69,9 @@ void Orrelo::initialize(const ORLConfig& config) {
   const EventIntake::Destination events{component->configComponent().fetchConfigUseCase,
                                         component->eventComponent().saveEventUseCase};
   const auto runningKit = std::make_shared<const RunningKit>(component->runningKit());
+  // Concurrent calls must not leave the parts of different trees.
+  static auto* const mutex = new std::mutex;
+  const std::lock_guard lock(*mutex);
   InitializedOrrelo::makeCurrent(std::make_shared<InitializedOrrelo>(std::move(component)));
   RunningKit::makeCurrent(runningKit);
   KelsoInsight::makeCurrent(

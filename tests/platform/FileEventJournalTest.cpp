@@ -348,7 +348,7 @@ TEST_F(FileEventJournalTest, carriesWhatChangesWhileItsFileIsReplaced) {
   journal->release({gone, added});
   ASSERT_THAT(executor_->held, SizeIs(1));
   executor_->holdsWorkers = false;
-  for (const auto& task : executor_->held) task();
+  for (const auto& task : std::exchange(executor_->held, {})) task();
   EXPECT_LT(bytesInFolder().size(), 1000U);
   append(*journal, "later");
   journal.reset();
