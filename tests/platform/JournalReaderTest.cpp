@@ -179,7 +179,7 @@ TEST(JournalReaderTest, givesUpOnAFileFullOfMarkers) {
 
 TEST(JournalReaderTest, failsIfTheSourceDoes) {
   const auto bytes = start + a + b + d;
-  for (const std::size_t failing : {0, 1, 2}) {
+  for (const std::size_t failing : {0U, 1U, 2U}) {
     std::size_t calls = 0;
     const auto source = [&](std::size_t offset, char* to, std::size_t size) -> std::optional<std::size_t> {
       if (calls++ == failing) return std::nullopt;

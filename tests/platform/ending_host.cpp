@@ -16,9 +16,9 @@
 // The address sanitizer finds this function by its name. A forked child deliberately keeps what it cannot
 // destroy, which would be reported as a leak.
 extern "C" {
-ORRELO_EXPORT const char* __asan_default_options();
+ORRELO_EXPORT const char* __asan_default_options();  // NOLINT(readability-identifier-naming)
 
-const char* __asan_default_options() {
+const char* __asan_default_options() {  // NOLINT(readability-identifier-naming)
   return "detect_leaks=0";
 }
 }

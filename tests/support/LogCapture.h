@@ -2,17 +2,21 @@
 
 #include "base/Logger.h"
 
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace orrelo::test {
 
-/// Captures the lines of the log while it lives.
+/// Captures the lines of the log, of all threads, while it lives.
 class LogCapture {
  public:
   LogCapture() {
-    setLogSink([this](std::string_view line) { lines_.emplace_back(line); });
+    setLogSink([this](std::string_view line) {
+      const std::lock_guard lock(mutex_);
+      lines_.emplace_back(line);
+    });
   }
   ~LogCapture() {
     setLogSink([](std::string_view) {}, false);
@@ -21,9 +25,13 @@ class LogCapture {
   LogCapture(const LogCapture&) = delete;
   LogCapture& operator=(const LogCapture&) = delete;
 
-  const std::vector<std::string>& lines() const { return lines_; }
+  std::vector<std::string> lines() const {
+    const std::lock_guard lock(mutex_);
+    return lines_;
+  }
 
  private:
+  mutable std::mutex mutex_;
   std::vector<std::string> lines_;
 };
 
