@@ -35,7 +35,7 @@ class OrreloWebKitTest : public testing::Test {
   std::vector<std::string> calls() {
     std::vector<std::string> found;
     for (; seen_ < log_.lines().size(); ++seen_) {
-      const auto& line = log_.lines()[seen_];
+      const auto line = log_.lines()[seen_];
       for (const std::string_view start : {"name:", "before "}) {
         if (const auto at = line.find(start); at != std::string::npos) {
           found.push_back(line.substr(at + start.size()));
