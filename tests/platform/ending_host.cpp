@@ -13,13 +13,17 @@
 #include <thread>
 #include <unistd.h>
 
-// The address sanitizer finds this function by its name. A forked child deliberately keeps what it cannot
-// destroy, which would be reported as a leak.
+// The sanitizers find these functions by their names. A forked child deliberately keeps what it cannot
+// destroy, which would be reported as a leak, and starts a thread, which the thread sanitizer forbids.
 extern "C" {
+ORRELO_EXPORT const char* __tsan_default_options();  // NOLINT(readability-identifier-naming)
 ORRELO_EXPORT const char* __asan_default_options();  // NOLINT(readability-identifier-naming)
 
 const char* __asan_default_options() {  // NOLINT(readability-identifier-naming)
   return "detect_leaks=0";
+}
+const char* __tsan_default_options() {  // NOLINT(readability-identifier-naming)
+  return "die_after_fork=0";
 }
 }
 
