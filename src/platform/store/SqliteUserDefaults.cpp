@@ -121,6 +121,7 @@ class SqliteUserDefaults final : public UserDefaults {
 
   void save() {
     bool replaced = false;
+    bool isRetry = false;
     while (true) {
       try {
         const bool moved = file_ && file_->hasMoved();
@@ -132,6 +133,11 @@ class SqliteUserDefaults final : public UserDefaults {
         return;
       } catch (...) {
         const auto failure = SqliteFailure::fromCurrentException();
+        if (!isRetry && failure.isUnusableFile()) {  // see `load`
+          isRetry = true;
+          file_.reset();
+          continue;
+        }
         if (!replaced && failure.isUnusableFile() && replace(failure)) {
           replaced = true;
           continue;
