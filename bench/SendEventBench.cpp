@@ -2,15 +2,20 @@
 // pool and one bare write of a record of the same size to a file, while uploads run.
 #include "Benches.h"
 #include "DevService.h"
+#include "PlainStore.h"
 #include "Targets.h"
 #include "events/EventRecord.h"
+#include "platform/Random.h"
 #include "platform/WorkerPool.h"
 #include "support/TemporaryFolder.h"
 
 #include <orrelo/Orrelo.h>
+#include <orrelo/platform/Clock.h>
 
+#include <csignal>
 #include <fcntl.h>
 #include <string>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -96,6 +101,50 @@ std::vector<double> measurePaced() {
   return ratios(events, posts);
 }
 
+// Returns the 99.9th percentile in microseconds, one call each 5 ms, beside a process that writes and syncs
+// all the time.
+double measureBesideSync() {
+  const test::TemporaryFolder folder;
+  const auto file = (folder.path() / "synced").string();
+  const auto command =
+      "while dd if=/dev/zero of='" + file + "' bs=1M count=8 conv=fsync 2>/dev/null; do :; done";
+  const auto writer = fork();
+  if (writer == 0) {
+    setpgid(0, 0);
+    execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+    _exit(127);
+  }
+  std::vector<double> events;
+  auto next = Clock::now();
+  for (int turn = 0; turn < 2000; ++turn) {
+    std::this_thread::sleep_until(next += std::chrono::milliseconds(5));
+    auto values = fiveValues();
+    events.push_back(timed([&values] { sendEvent(values); }));
+  }
+  kill(-writer, SIGKILL);
+  waitpid(writer, nullptr, 0);
+  return quantile(events, 0.999) / 1e3;
+}
+
+// Reports events as fast as possible and waits until all of them are committed.
+std::vector<double> measureBurst() {
+  constexpr int kitCount = 100'000;
+  constexpr int plainCount = 30'000;
+  const test::TemporaryFolder folder;
+  const std::string text(200, 'v');
+  PlainStore plain(folder);
+  const auto& platform = Platform::current();
+  auto start = Clock::now();
+  for (int i = 0; i < plainCount; ++i) {
+    plain.save({platform.random->uuid(), "user-1", "purchase", {{"value", text}}, platform.clock->now()});
+  }
+  const double plainRate = plainCount / secondsSince(start);
+  start = Clock::now();
+  for (int i = 0; i < kitCount; ++i) Orrelo::sendEvent("purchase", {{"value", text}});
+  if (!Orrelo::flush(std::chrono::minutes(1))) std::abort();
+  return {kitCount / secondsSince(start) / plainRate, plainRate};
+}
+
 // The kit, sending to a service, for the lifetime of the process.
 struct Kit {
   Kit();
@@ -146,6 +195,16 @@ void addSendEvent() {
       [] {
         startKit();
         return measurePaced();
+      });
+  add({{"sendEvent beside a process that writes and syncs: p99.9", "us"}}, [] {
+    startKit();
+    return std::vector{measureBesideSync()};
+  });
+  add({{"burst of 100,000 events, stored, rate against plain SQLite", "x", 4, true},
+       {"plain SQLite beside the burst, rows a second", "1/s"}},
+      [] {
+        startKit();
+        return measureBurst();
       });
 }
 

@@ -40,8 +40,7 @@ constexpr auto help =
     "stored                                     show the events that wait for the service\n"
     "user                                       show the last user that the kit remembers\n"
     "log                                        let the kit talk\n"
-    "quit                                       end at once; what was sent just before may not be stored "
-    "yet\n"
+    "quit                                       end at once\n"
     "Values: null true 3 3.5 text \"a text\" [1, 2] set[1, 2] {key: value} date(2026-01-02T03:04:05Z) "
     "uuid(...) url(...)\n";
 

@@ -14,7 +14,7 @@
 
 namespace orrelo {
 
-/// Which file a name or a descriptor refers to.
+/// Identifies the file to which a name or a descriptor refers.
 struct FileIdentity {
   dev_t device = 0;
   ino_t inode = 0;
