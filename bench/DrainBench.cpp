@@ -147,6 +147,8 @@ std::vector<double> measureDrain() {
                                      .dataDirectory = folder.path() / "kit",
                                      .cacheDirectory = folder.path() / "kit"}));
   Platform::current().urlSession->trust(service.baseUrl(), service.certificatePath().string());
+  // Starts a worker, as `initialize` does; the stores' thread, which posts here first, cannot start one.
+  Platform::current().workers->post(QualityOfService::background, [] {});
   BareClient bare(service.baseUrl(), service.certificatePath().string());
 
   std::vector<double> bareTimes;
