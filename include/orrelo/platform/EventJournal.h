@@ -71,7 +71,8 @@ class ORRELO_EXPORT EventJournal {
 
   virtual ~EventJournal() = default;
 
-  /// Makes what the first append of this process needs, so that it takes no longer than the next ones.
+  /// Makes what the first append of this process needs, so that it takes no longer than the next ones. Called
+  /// on a worker after `Orrelo::initialize`; an append that comes earlier makes it, or waits for it.
   virtual void prepare() = 0;
 
   /// Writes the record with one system call. It survives the end of the process once this returns its

@@ -64,7 +64,7 @@ std::uint32_t portableCrc32c(std::string_view bytes, std::uint32_t sum) {
 
 std::uint32_t crc32c(std::string_view bytes, std::uint32_t sum) {
 #if defined(__x86_64__)
-  static const bool isAccelerated = __builtin_cpu_supports("sse4.2") != 0;
+  const bool isAccelerated = __builtin_cpu_supports("sse4.2") != 0;  // reads a variable
   return isAccelerated ? acceleratedCrc32c(bytes, sum) : portableCrc32c(bytes, sum);
 #elif defined(__ARM_FEATURE_CRC32)
   return acceleratedCrc32c(bytes, sum);

@@ -3,6 +3,7 @@
 #include "platform/journal/LeftJournals.h"
 #include "platform/posix/ForkedChild.h"
 
+#include <mutex>
 #include <utility>
 
 namespace orrelo {
@@ -20,12 +21,21 @@ struct FileEventJournal::Child {
   std::shared_ptr<OwnJournal> journal;
 };
 
+/// Collects the released positions of many events for one task, so that the callers of `append` seldom wait
+/// for a release.
+struct FileEventJournal::Releases {
+  std::mutex mutex;
+  std::vector<Position> positions;
+  bool isPosted = false;
+};
+
 FileEventJournal::FileEventJournal(JournalEnvironment environment)
     : environment_(std::move(environment)),
       generation_(processGeneration()),
       own_(std::make_shared<OwnJournal>(environment_, OwnJournal::Kind::ofProcess,
                                         firstPosition(generation_))),
-      left_(std::make_shared<LeftJournals>(environment_, own_)) {}
+      left_(std::make_shared<LeftJournals>(environment_, own_)),
+      releases_(std::make_shared<Releases>()) {}
 
 FileEventJournal::~FileEventJournal() {
   if (processGeneration() != generation_) return;
@@ -58,9 +68,21 @@ std::variant<EventJournal::Position, EventJournal::Refusal> FileEventJournal::ap
 
 void FileEventJournal::release(std::vector<Position> positions) {
   if (processGeneration() != generation_) return;
-  auto others = own_->release(positions);
-  if (others.empty()) return;
-  environment_.executor->post([left = left_, others = std::move(others)] { left->release(others); });
+  {
+    const std::lock_guard lock(releases_->mutex);
+    releases_->positions.insert(releases_->positions.end(), positions.begin(), positions.end());
+    if (std::exchange(releases_->isPosted, true)) return;
+  }
+  environment_.executor->post([releases = releases_, own = own_, left = left_] {
+    std::vector<Position> released;
+    {
+      const std::lock_guard lock(releases->mutex);
+      released.swap(releases->positions);
+      releases->isPosted = false;
+    }
+    const auto others = own->release(released);
+    if (!others.empty()) left->release(others);
+  });
 }
 
 void FileEventJournal::maintain(Adopter adopt) {

@@ -31,6 +31,7 @@ class FileEventJournal final : public EventJournal {
 
  private:
   struct Child;
+  struct Releases;
 
   OwnJournal& current();
 
@@ -38,6 +39,7 @@ class FileEventJournal final : public EventJournal {
   const std::uint64_t generation_;
   const std::shared_ptr<OwnJournal> own_;
   const std::shared_ptr<LeftJournals> left_;
+  const std::shared_ptr<Releases> releases_;
   /// The journal of this process if it is a forked child.
   std::atomic<Child*> child_ = nullptr;
 };

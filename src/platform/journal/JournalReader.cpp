@@ -12,7 +12,7 @@
 namespace orrelo {
 namespace {
 
-constexpr std::size_t chunkSize = std::size_t{64} * 1024;
+constexpr std::size_t chunkSize = std::size_t{16} * 1024;
 constexpr auto maximumRecordSize = EventJournal::maximumRecordSize;
 constexpr auto headerSize = EventJournal::headerSize;
 

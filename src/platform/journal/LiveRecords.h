@@ -19,7 +19,8 @@ class LiveRecords {
   /// `position` must be larger than all former ones.
   void add(Position position, EventJournal::Record record) {
     if (records_.empty()) first_ = position;
-    records_.resize(static_cast<std::size_t>(position - first_));
+    const auto index = static_cast<std::size_t>(position - first_);
+    if (index > records_.size()) records_.resize(index);
     records_.push_back(std::move(record));
     ++count_;
   }

@@ -5,7 +5,10 @@
 #include "platform/journal/createJournalFile.h"
 #include "platform/threads/KitThread.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
+#include <span>
 #include <utility>
 
 namespace orrelo {
@@ -48,26 +51,47 @@ OwnJournal::Position OwnJournal::reservePositions(std::size_t count) {
   return std::exchange(last_, last_ + count) + 1;
 }
 
+// -- Released records
+
 std::vector<OwnJournal::Position> OwnJournal::release(const std::vector<Position>& positions) {
+  // Callers of `append` wait for the lock, so that it is held for a few records at a time.
+  constexpr std::size_t recordsAtATime = 64;
   std::vector<Position> unknown;
-  std::vector<Record> forgotten;  // destroyed after the lock
-  bool mustPost = false;
+  std::array<Record, recordsAtATime> forgotten;  // destroyed without the lock
+  for (auto rest = std::span(positions); !rest.empty();) {
+    const auto part = rest.first(std::min(rest.size(), recordsAtATime));
+    {
+      const std::lock_guard lock(mutex_);
+      for (std::size_t i = 0; i < part.size(); ++i) {
+        forgotten[i] = live_.take(part[i]);
+        liveSize_ -= forgotten[i].size();
+      }
+    }
+    for (std::size_t i = 0; i < part.size(); ++i) {
+      if (std::exchange(forgotten[i], {})) {
+        unwritten_.add(part[i], part[i]);
+      } else {
+        unknown.push_back(part[i]);
+      }
+    }
+    rest = rest.subspan(part.size());
+  }
+  FilePtr file;
   {
     const std::lock_guard lock(mutex_);
-    for (const auto position : positions) {
-      auto record = live_.take(position);
-      if (!record) {
-        unknown.push_back(position);
-        continue;
-      }
-      liveSize_ -= record.size();
-      forgotten.push_back(std::move(record));
-      released_.push_back(position);
-    }
-    mustPost = !released_.empty() && !std::exchange(isFlushPosted_, true);
+    file = file_;
   }
-  if (mustPost) environment_.executor->post([self = shared_from_this()] { self->flush(); });
+  if (file && unknown.size() < positions.size()) {
+    writeReleases(file);
+    renew(Renewal::ifDue);
+  }
   return unknown;
+}
+
+void OwnJournal::writeReleases(const FilePtr& file) {
+  const auto records = journal::releaseRecords(unwritten_, file->seed());
+  // What cannot be written now is written with the next records that are released.
+  if (records.empty() || file->appendByKeeper(records)) unwritten_.clear();
 }
 
 // -- The first file
@@ -87,29 +111,6 @@ bool OwnJournal::acquireFile(Lock& lock) {
   if (!file_) nextCreation_ = environment_.clock->steady() + pauseAfterFailure;
   created_.notify_all();
   return file_ != nullptr;
-}
-
-// -- Released records
-
-void OwnJournal::flush() {
-  std::vector<Position> released;
-  FilePtr file;
-  {
-    const std::lock_guard lock(mutex_);
-    released = std::exchange(released_, {});
-    isFlushPosted_ = false;
-    file = file_;
-  }
-  for (const auto position : released) unwritten_.add(position, position);
-  if (!file) return;
-  writeReleases(file);
-  renew(Renewal::ifDue);
-}
-
-void OwnJournal::writeReleases(const FilePtr& file) {
-  const auto records = journal::releaseRecords(unwritten_, file->seed());
-  // What cannot be written now is written with the next records that are released.
-  if (records.empty() || file->appendByKeeper(records)) unwritten_.clear();
 }
 
 // -- A new file in the place of the old one

@@ -32,7 +32,8 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
 
   void prepare();
   std::variant<Position, EventJournal::Refusal> append(const Record& record);
-  /// Forgets the records at once and writes this soon. Returns the positions that it does not know.
+  /// Forgets the records and writes this. Returns the positions that it does not know. In a task of the
+  /// executor.
   std::vector<Position> release(const std::vector<Position>& positions);
   /// Reserves `count` positions for records of other journals; returns the first one.
   Position reservePositions(std::size_t count);
@@ -54,7 +55,6 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
 
   bool acquireFile(Lock& lock);
 
-  void flush();
   void writeReleases(const FilePtr& file);
   bool isRenewalDue(Renewal renewal) const;
   void renew(Renewal renewal);
@@ -76,9 +76,6 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
   Position last_;
   LiveRecords live_;
   std::size_t liveSize_ = 0;
-  /// Released, but not yet passed to the executor.
-  std::vector<Position> released_;
-  bool isFlushPosted_ = false;
   bool isRenewing_ = false;
   /// A renewal has failed; the next one is tried by `maintain`.
   bool isRenewalRefused_ = false;
