@@ -50,24 +50,27 @@ Error makeError(CoreDataError, std::string message) {
   return Error("CoreDataError", "invalidArgument", std::move(message));
 }
 
-Observable<std::vector<Event>> EventDao::fetchOldest(std::size_t limit,
-                                                     reactive::SchedulerPtr scheduler) const {
-  const auto rows = operation<std::vector<EventRow>>([database = database_, limit](auto completion) {
-    database->fetchOldest(limit, std::move(completion));
+Observable<EventBatch> EventDao::fetchOldest(std::size_t limit, reactive::SchedulerPtr scheduler) const {
+  using Rows = std::shared_ptr<std::vector<EventRow>>;
+  const auto rows = operation<Rows>([database = database_, limit](auto completion) {
+    database->fetchOldest(limit, [completion](std::variant<std::vector<EventRow>, Error> result) {
+      if (const auto* const failure = std::get_if<Error>(&result)) return completion(*failure);
+      completion(std::make_shared<std::vector<EventRow>>(std::get<0>(std::move(result))));
+    });
   });
-  const auto toEvents = [mapper = mapper_, database = database_](const std::vector<EventRow>& found) {
+  const auto toEvents = [mapper = mapper_, database = database_](const Rows& found) -> EventBatch {
     try {
-      return mapper.toEvents(found);
+      auto events = mapper.toEvents(*found);
+      *found = {};  // the stream keeps its elements longer than their memory is needed
+      return std::make_shared<const std::vector<Event>>(std::move(events));
     } catch (const Error& error) {
       preconditionFailure(error.description() + " in " + database->location());
     }
   };
-  return rows.concatMap([scheduler = std::move(scheduler), toEvents](const std::vector<EventRow>& found) {
+  return rows.concatMap([scheduler = std::move(scheduler), toEvents](const Rows& found) {
     // An idle tick finds nothing and need not wake another thread.
-    if (found.empty()) return reactive::just(std::vector<Event>());
-    return reactive::just(std::make_shared<const std::vector<EventRow>>(found))
-        .observeOn(scheduler)
-        .map([toEvents](const auto& batch) { return toEvents(*batch); });
+    if (found->empty()) return reactive::just(EventBatch(std::make_shared<const std::vector<Event>>()));
+    return reactive::just(found).observeOn(scheduler).map(toEvents);
   });
 }
 

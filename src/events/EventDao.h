@@ -15,6 +15,10 @@ namespace orrelo {
 enum class CoreDataError { invalidArgument };
 Error makeError(CoreDataError error, std::string message);
 
+/// Events that are sent together; never null. Streams copy their elements, which would be costly for hundreds
+/// of events.
+using EventBatch = std::shared_ptr<const std::vector<Event>>;
+
 /// Accesses a store of events. The streams are cold, emit one element after the store has committed, and
 /// complete. Unless stated otherwise, they emit on the stores' own thread. Disposing of a stream does not
 /// cancel an operation that has started.
@@ -35,8 +39,7 @@ class EventDao {
   /// Fetches the oldest events, sorted by time. The rows are converted on `scheduler`, on which the stream
   /// also emits; an empty list is emitted on the stores' thread. Aborts the process if a row is not a valid
   /// event, since only the kit writes the store.
-  reactive::Observable<std::vector<Event>> fetchOldest(std::size_t limit,
-                                                       reactive::SchedulerPtr scheduler) const;
+  reactive::Observable<EventBatch> fetchOldest(std::size_t limit, reactive::SchedulerPtr scheduler) const;
   /// Fails with CoreDataError invalidArgument if no row has the event's id.
   reactive::Observable<reactive::Unit> remove(const Event& event) const;
   /// Ignores ids that no row has. Fails with CoreDataError invalidArgument if the store cannot delete rows,

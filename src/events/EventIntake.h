@@ -1,16 +1,13 @@
 #pragma once
 
-#include "config/FetchConfigUseCase.h"
+#include "events/EventGate.h"
 #include "events/EventRecord.h"
-#include "events/SaveEventUseCase.h"
 
 #include <orrelo/platform/EventJournal.h>
 
 #include <chrono>
 #include <cstddef>
 #include <functional>
-#include <memory>
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -23,16 +20,9 @@ namespace orrelo {
 /// record, the event takes the same way from memory alone. There is one intake per process. Any thread.
 class EventIntake {
  public:
-  /// The events that may wait in memory alone.
-  static constexpr std::size_t maximumHeapSize = std::size_t{16} * 1024 * 1024;
-
   static EventIntake& shared();
 
-  /// What `Orrelo::initialize` provides.
-  struct Destination {
-    std::shared_ptr<FetchConfigUseCase> fetchConfigUseCase;
-    SaveEventUseCase saveEventUseCase;
-  };
+  using Destination = EventGate::Destination;
 
   /// Replaces the destination and adopts the events that ended processes have left, now and once a minute.
   /// Events whose question of the configuration has no answer yet are dropped, except adopted ones, which ask
@@ -53,28 +43,16 @@ class EventIntake {
   void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion);
 
  private:
-  struct Queued;
-  struct Pending;
   struct State;
-  using PendingPtr = std::shared_ptr<Pending>;
-  using Group = std::vector<PendingPtr>;
 
   EventIntake();
 
   static void processShared();
 
-  bool isDisabled() const;
-  void accept(const EventJournal::Record& record, EventValues&& values);
-  bool reserveHeap(std::size_t size, EventJournal::Refusal refusal);
+  void accept(EventJournal::Record record, EventValues&& values);
   void process();
-  void enter(std::span<const Queued> records);
-  void ask(Group group);
-  void answer(std::size_t question, bool mayStore);
-  void finish(const Group& group, bool mayStore);
-  void store(const PendingPtr& pending);
-  void onRefused(const PendingPtr& pending, const Error& failure);
-  void retry();
-  void settle(const Group& group);
+  /// Ends the rest of the worker.
+  void hurry();
   void maintain(std::size_t connection);
   void adopt(std::vector<EventJournal::Adopted> records);
 

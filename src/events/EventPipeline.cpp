@@ -50,10 +50,10 @@ void EventPipeline::start() {
       })
       .concatMap([weak, deallocated](const Unit&) {
         const auto self = weak.lock();
-        return self ? self->sendOldest() : reactive::error<std::vector<Event>>(deallocated);
+        return self ? self->sendOldest() : reactive::error<EventBatch>(deallocated);
       })
       .retry(2)
-      .subscribe({.onNext = options_.onSent,
+      .subscribe({.onNext = [onSent = options_.onSent](const EventBatch& events) { onSent(*events); },
                   .onError =
                       [weak, onEnded = options_.onEnded](const Error& error) {
                         if (const auto self = weak.lock()) self->stop();
@@ -100,15 +100,15 @@ Observable<Unit> EventPipeline::removeStale() {
   return inStore(dao_.removeUpTo(options_.currentDate() - maximumAge), "deleting expired events");
 }
 
-Observable<std::vector<Event>> EventPipeline::sendOldest() const {
+Observable<EventBatch> EventPipeline::sendOldest() const {
   return inStore(dao_.fetchOldest(options_.fetchLimit, options_.concurrentScheduler), "reading events")
-      .filter([](const std::vector<Event>& events) { return !events.empty(); })
-      .concatMap([send = options_.send](const std::vector<Event>& events) {
-        return send(events).map([events](const Unit&) { return events; });
+      .filter([](const EventBatch& events) { return !events->empty(); })
+      .concatMap([send = options_.send](const EventBatch& events) {
+        return send(*events).map([events](const Unit&) { return events; });
       })
-      .concatMap([weak = weak_from_this(), remove = options_.remove](const std::vector<Event>& events) {
+      .concatMap([weak = weak_from_this(), remove = options_.remove](const EventBatch& events) {
         const auto self = weak.lock();
-        auto removal = remove(events);
+        auto removal = remove(*events);
         if (self) removal = self->inStore(std::move(removal), "deleting sent events");
         return removal.map([events](const Unit&) { return events; });
       });

@@ -68,7 +68,7 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
   reactive::Observable<reactive::Unit> acquireSending();
   reactive::Observable<reactive::Unit> acceptSending(const std::shared_ptr<const void>& lock);
   reactive::Observable<reactive::Unit> removeStale();
-  reactive::Observable<std::vector<Event>> sendOldest() const;
+  reactive::Observable<EventBatch> sendOldest() const;
   /// A step of the store, in which a refusal is a wait.
   template <class T>
   reactive::Observable<T> inStore(reactive::Observable<T> step, const char* name) const;

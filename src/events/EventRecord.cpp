@@ -2,11 +2,11 @@
 
 #include "base/Utf8.h"
 #include "events/OLSEventMapper.h"
+#include "events/RecordBuffer.h"
 
 #include <orrelo/UnsupportedEventValueException.h>
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -38,17 +38,14 @@ constexpr int maximumDepth = 513;
 // Integers are little-endian; lengths and counts have seven bits to a byte, the lowest first.
 class Writer {
  public:
-  /// Uses `bytes` only to reuse its memory.
-  explicit Writer(std::string& bytes) : record_(&bytes) { bytes.assign(EventJournal::headerSize, '\0'); }
+  Writer() { buffer_.extend(EventJournal::headerSize); }
 
-  void byte(std::uint8_t value) { record_->push_back(static_cast<char>(value)); }
+  EventJournal::Record finish() { return buffer_.finish(); }
+
+  void byte(std::uint8_t value) { *buffer_.extend(1) = static_cast<char>(value); }
   void word(std::uint64_t value) {
-    std::array<char, sizeof(value)> bytes{};
-    for (auto& each : bytes) {
-      each = static_cast<char>(value);
-      value >>= 8U;
-    }
-    record_->append(bytes.data(), bytes.size());
+    char* const bytes = buffer_.extend(sizeof(value));
+    for (std::size_t i = 0; i < sizeof(value); ++i) bytes[i] = static_cast<char>(value >> 8 * i);
   }
   void size(std::size_t value) {
     for (; value >= 0x80U; value >>= 7U) byte(static_cast<std::uint8_t>(value | 0x80U));
@@ -56,11 +53,11 @@ class Writer {
   }
   void text(std::string_view value) {
     size(value.size());
-    record_->append(value);
+    if (!value.empty()) std::memcpy(buffer_.extend(value.size()), value.data(), value.size());
   }
   void date(Date value) { word(static_cast<std::uint64_t>(value.sinceEpoch().count())); }
   void uuid(const Uuid& value) {
-    record_->append(reinterpret_cast<const char*>(value.bytes().data()), value.bytes().size());
+    std::memcpy(buffer_.extend(value.bytes().size()), value.bytes().data(), value.bytes().size());
   }
 
   void head(EventOrigin origin, const Uuid& id, Date time, const std::optional<std::string>& userId,
@@ -74,7 +71,13 @@ class Writer {
   }
 
   void value(const EventValue& value) {
-    std::visit([this](const auto& alternative) { put(alternative); }, value.variant());
+    // The usual types need no jump through the table of std::visit.
+    const auto& variant = value.variant();
+    if (const auto* const text = std::get_if<std::string>(&variant)) return put(*text);
+    if (const auto* const integer = std::get_if<std::int64_t>(&variant)) return put(*integer);
+    if (const auto* const number = std::get_if<double>(&variant)) return put(*number);
+    if (const auto* const boolean = std::get_if<bool>(&variant)) return put(*boolean);
+    std::visit([this](const auto& alternative) { put(alternative); }, variant);
   }
   void dictionary(const EventDictionary& values) {
     size(values.size());
@@ -145,36 +148,9 @@ class Writer {
     --depth_;
   }
 
-  std::string* const record_;
+  RecordBuffer buffer_;
   int depth_ = 0;
 };
-
-// The host's threads write each record here first, since its size is not known before.
-std::string& scratch() {
-  thread_local std::string bytes;
-  constexpr std::size_t maximumKept = 4096;
-  if (bytes.capacity() > maximumKept) bytes = {};
-  return bytes;
-}
-
-// Cuts small records from blocks. Memory that one thread allocates and another one frees costs the host's
-// call far more than the bytes that a block keeps alive for its last record.
-EventJournal::Record recordOf(std::string_view bytes) {
-  struct Block {
-    std::shared_ptr<char[]> memory;
-    std::size_t used = 0;
-  };
-  thread_local Block block;
-  constexpr std::size_t blockSize = 4096;
-  if (bytes.size() > blockSize / 4) return EventJournal::Record::copyOf(bytes);
-  if (!block.memory || block.used + bytes.size() > blockSize) {
-    block = {std::make_shared_for_overwrite<char[]>(blockSize), 0};
-  }
-  auto* const start = block.memory.get() + block.used;
-  std::copy(bytes.begin(), bytes.end(), start);
-  block.used += bytes.size();
-  return {std::shared_ptr<char[]>(block.memory, start), bytes.size()};
-}
 
 /// Reads what Writer has written. Bytes of any other origin end in a ReadFailure.
 class Reader {
@@ -286,23 +262,26 @@ class Reader {
 
 EventJournal::Record EventRecord::encode(const Uuid& id, Date time, const std::optional<std::string>& userId,
                                          std::string_view name, const EventValues& values) {
-  auto& bytes = scratch();
-  Writer writer(bytes);
+  Writer writer;
   writer.head(EventOrigin::host, id, time, userId, name);
   writer.dictionary(values);
-  return recordOf(bytes);
+  return writer.finish();
 }
 
 EventJournal::Record EventRecord::encode(const BIEvent& event) {
-  auto& bytes = scratch();
-  Writer writer(bytes);
+  Writer writer;
   writer.head(EventOrigin::kit, event.id, event.eventTime, event.userId, event.eventName);
   writer.size(event.eventValues.size());
   for (const auto& [key, value] : event.eventValues) {
     writer.text(key);
     writer.text(value);
   }
-  return recordOf(bytes);
+  return writer.finish();
+}
+
+EventOrigin EventRecord::origin(std::string_view record) {
+  return record.size() > EventJournal::headerSize ? EventOrigin(record[EventJournal::headerSize])
+                                                  : EventOrigin::host;
 }
 
 std::optional<EventRecord::Content> EventRecord::decode(std::string_view record) {

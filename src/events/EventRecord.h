@@ -30,6 +30,8 @@ struct EventRecord {
                                      std::string_view name, const EventValues& values);
   static EventJournal::Record encode(const BIEvent& event);
 
+  /// The origin of the event that a record holds; arbitrary if the bytes are no record of an event.
+  static EventOrigin origin(std::string_view record);
   /// Nullopt if the bytes are no record of an event. Malformed UTF-8 is repaired.
   static std::optional<Content> decode(std::string_view record);
 };

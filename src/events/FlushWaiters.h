@@ -1,52 +1,41 @@
 #pragma once
 
+#include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <utility>
 #include <vector>
 
 namespace orrelo {
 
-/// Counts the events that are on their way and tells waiters when all that were on their way at some moment
-/// have arrived. Not thread-safe.
+/// Counts the events that are on their way to a store and tells waiters when all that were on their way at
+/// some moment have arrived. Any thread.
 class FlushWaiters {
  public:
   using Ticket = std::uint64_t;
   using Completion = std::function<void(bool)>;
 
-  /// A ticket for an event that sets out.
-  Ticket add() {
-    ++unsettled_;
-    return ++lastTicket_;
-  }
+  /// A ticket for an event that sets out. Takes no lock, since the host's thread calls it for each event.
+  Ticket add() { return lastTicket_.fetch_add(1, std::memory_order_relaxed) + 1; }
 
-  /// Ends the way of an event, once for each ticket. Appends the completions that have nothing left to wait
+  /// Ends the way of an event, once for each ticket, and calls the completions that have nothing left to wait
   /// for.
-  void settle(Ticket ticket, std::vector<Completion>& reached) {
-    if (unsettled_ > 0) --unsettled_;
-    for (auto each = waiters_.begin(); each != waiters_.end();) {
-      auto& waiter = each->second;
-      if (ticket <= waiter.last && --waiter.remaining == 0) {
-        reached.push_back(std::move(waiter.completion));
-        each = waiters_.erase(each);
-      } else {
-        ++each;
-      }
-    }
-  }
+  void settle(Ticket ticket);
+
+  /// Waits until all events that are on their way now have arrived; false at the timeout. Must not be called
+  /// on a thread of the kit.
+  bool wait(std::chrono::milliseconds timeout);
 
   /// Calls `completion` once all events that are on their way now have arrived. Nullopt if there are none;
   /// the completion is dropped then.
-  std::optional<std::size_t> wait(Completion completion) {
-    if (unsettled_ == 0) return std::nullopt;
-    waiters_.emplace(++lastWaiter_, Waiter{lastTicket_, unsettled_, std::move(completion)});
-    return lastWaiter_;
-  }
-  /// False if the waiter's completion has been handed out.
-  bool cancel(std::size_t waiter) { return waiters_.erase(waiter) > 0; }
+  std::optional<std::size_t> add(Completion completion);
+  /// False if the waiter's completion has been called or is about to be.
+  bool cancel(std::size_t waiter);
 
  private:
   struct Waiter {
@@ -55,8 +44,10 @@ class FlushWaiters {
     Completion completion;
   };
 
-  Ticket lastTicket_ = 0;
-  std::size_t unsettled_ = 0;
+  std::atomic<Ticket> lastTicket_ = 0;
+
+  std::mutex mutex_;
+  std::size_t settled_ = 0;
   std::size_t lastWaiter_ = 0;
   std::map<std::size_t, Waiter> waiters_;
 };

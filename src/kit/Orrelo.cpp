@@ -57,7 +57,6 @@ std::shared_ptr<ViewController> makeErrorScreen() {
 void Orrelo::initialize(const ORLConfig& config) {
   const auto& platform = Platform::current();
   platform.userDefaults->refresh();
-  if (platform.eventJournal) platform.eventJournal->prepare();
   const KelsoMutator mutator(platform.userDefaults->suite(KelsoMutator::suiteName));
   const auto serviceUrl = mutator.serviceUrl();
   if (const auto file = mutator.certificateFile()) platform.urlSession->trust(serviceUrl, *file);

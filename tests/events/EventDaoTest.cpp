@@ -33,7 +33,7 @@ class EventDaoTest : public testing::TestWithParam<EventTimeStorage> {
   }
 
   std::vector<Event> stored(std::size_t limit) {
-    return std::get<1>(result(dao_.fetchOldest(limit, scheduler_)));
+    return *std::get<1>(result(dao_.fetchOldest(limit, scheduler_)));
   }
 
   Event event(const std::string& name, std::chrono::microseconds offset) {

@@ -168,17 +168,36 @@ TEST_F(EventIntakeTest, AnAnswerOfNoAndASecondInitializeDropWhatWaits) {
   initialize("second");
   EXPECT_EQ(waiting(), 0u);
   platform_.journal->leave({EventRecord::encode({}, platform_.clock->now(), {}, "left", {}),
-                            EventRecord::encode({}, platform_.clock->now() - seconds(86'400), {}, "old", {}),
-                            EventJournal::Record::copyOf("no event, but longer than a header")});
+                            EventRecord::encode({}, platform_.clock->now(), {}, "too", {})});
   platform_.loop->runFor(seconds(61));
   report("asked");  // the configuration is no longer fresh
   EXPECT_EQ(waiting(), 0u);
   platform_.journal->refuse(EventJournal::Refusal::unwritable);
   report("not even written");
   EXPECT_THAT(stored(), IsEmpty());
-  EXPECT_THAT(log_.lines(), Contains(HasSubstr("1 records of the journal are no events")));
   EXPECT_THAT(log_.lines(), testing::Not(Contains(HasSubstr("cannot be written"))));
   EXPECT_EQ(flushed(milliseconds(1)), true);
+}
+
+TEST_F(EventIntakeTest, ALongJournalIsStoredInOrderWithoutWhatIsTooOldOrNoEvent) {
+  initialize();
+  const auto record = [&](const std::string& name, seconds age = {}) {
+    return EventRecord::encode(Platform::current().random->uuid(), platform_.clock->now() - age, "minji",
+                               name, {});
+  };
+  std::vector<EventJournal::Record> records{
+      record("old", seconds(86'400)), EventJournal::Record::copyOf("no event, but longer than a header")};
+  std::vector<std::string> expected;
+  for (int i = 100; i < 300; ++i) {
+    records.push_back(record(std::to_string(i), seconds(300 - i)));
+    expected.push_back(std::to_string(i) + " of minji");
+  }
+  platform_.journal->leave(records);
+  platform_.loop->runFor(seconds(61));
+  EXPECT_EQ(flushed(milliseconds(10)), true);
+  EXPECT_EQ(stored(), expected);
+  EXPECT_EQ(waiting(), 0u);
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("A record of the journal is no event")));
 }
 
 TEST_F(EventIntakeTest, AStoreThatRefusesIsAskedAgainUntilItTakesTheEventOnce) {
