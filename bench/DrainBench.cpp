@@ -6,14 +6,14 @@
 #include "events/BIEventRemoteDataSource.h"
 #include "events/BIEventRepository.h"
 #include "events/EventRemoteDTO.h"
-#include "platform/Random.h"
-#include "platform/URLSession.h"
 #include "support/ObservedDatabase.h"
 #include "support/TemporaryFolder.h"
 #include "support/Twins.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/Random.h>
+#include <orrelo/platform/URLSession.h>
 
 #include <curl/curl.h>
 #include <future>

@@ -4,12 +4,12 @@
 #include "Targets.h"
 #include "events/EventRemoteDataSource.h"
 #include "events/EventRepository.h"
-#include "platform/Random.h"
 #include "support/ObservedDatabase.h"
 #include "support/TemporaryFolder.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/Random.h>
 
 #include <condition_variable>
 #include <mutex>

@@ -5,12 +5,12 @@
 #include "PlainStore.h"
 #include "Targets.h"
 #include "events/EventRecord.h"
-#include "platform/Random.h"
-#include "platform/WorkerPool.h"
 #include "support/TemporaryFolder.h"
 
 #include <orrelo/Orrelo.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/Random.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <csignal>
 #include <fcntl.h>

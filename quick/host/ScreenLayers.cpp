@@ -1,9 +1,9 @@
 #include "quick/host/ScreenLayers.h"
 
-#include "platform/Application.h"
 #include "quick/bridge/Kinds.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 
 #include <algorithm>
 

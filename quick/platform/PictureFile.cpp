@@ -1,6 +1,6 @@
 #include "quick/platform/PictureFile.h"
 
-#include "platform/Bitmap.h"
+#include <orrelo/platform/Bitmap.h>
 
 #include <algorithm>
 #include <array>

@@ -2,10 +2,10 @@
 
 #include "model/UserManager.h"
 #include "network/RFC3339DateParser.h"
-#include "platform/Random.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/Random.h>
 
 #include <utility>
 

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "events/EventMapper.h"
-#include "platform/EventDatabase.h"
 #include "reactive/ObservableType.h"
 #include "reactive/Scheduler.h"
+
+#include <orrelo/platform/EventDatabase.h>
 
 #include <memory>
 #include <string>

@@ -3,11 +3,11 @@
 #include "base/Logger.h"
 #include "events/EventPipeline.h"
 #include "events/KelsoInsight.h"
-#include "platform/WorkerPool.h"
 #include "reactive/Observable.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <algorithm>
 #include <iterator>

@@ -3,13 +3,13 @@
 #include "events/FlushWaiters.h"
 #include "events/UnwrittenEvents.h"
 #include "model/UserManager.h"
-#include "platform/Random.h"
-#include "platform/WorkerPool.h"
 #include "platform/posix/ForkedChild.h"
 #include "platform/threads/KitThread.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/Random.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <mutex>
 #include <utility>

@@ -2,7 +2,8 @@
 
 #include "base/Json.h"
 #include "events/Event.h"
-#include "platform/EventDatabase.h"
+
+#include <orrelo/platform/EventDatabase.h>
 
 #include <optional>
 #include <vector>

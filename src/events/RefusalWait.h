@@ -1,8 +1,9 @@
 #pragma once
 
 #include "base/Logger.h"
-#include "platform/EventDatabase.h"
 #include "reactive/Observable.h"
+
+#include <orrelo/platform/EventDatabase.h>
 
 #include <algorithm>
 #include <chrono>

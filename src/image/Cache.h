@@ -2,7 +2,8 @@
 
 #include "image/DiskCache.h"
 #include "image/MemoryCache.h"
-#include "platform/Application.h"
+
+#include <orrelo/platform/Application.h>
 
 #include <array>
 

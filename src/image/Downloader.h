@@ -1,11 +1,11 @@
 #pragma once
 
 #include "image/Data.h"
-#include "platform/URLSession.h"
 #include "platform/threads/KitThread.h"
 #include "platform/threads/onMain.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/URLSession.h>
 
 #include <atomic>
 #include <map>

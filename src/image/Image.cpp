@@ -1,9 +1,10 @@
 #include "image/Image.h"
 
 #include "image/gif/GifCanvas.h"
-#include "platform/Application.h"
-#include "platform/WorkerPool.h"
 #include "platform/threads/KitThread.h"
+
+#include <orrelo/platform/Application.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <utility>
 

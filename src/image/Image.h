@@ -1,10 +1,10 @@
 #pragma once
 
 #include "image/Data.h"
-#include "platform/Bitmap.h"
-#include "platform/ImageCodec.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Bitmap.h>
+#include <orrelo/platform/ImageCodec.h>
 
 #include <deque>
 #include <map>

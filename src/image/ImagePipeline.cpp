@@ -1,6 +1,6 @@
 #include "image/ImagePipeline.h"
 
-#include "platform/WorkerPool.h"
+#include <orrelo/platform/WorkerPool.h>
 
 #include <mutex>
 #include <utility>

@@ -1,7 +1,8 @@
 #include "image/ImageView.h"
 
 #include "image/ImageLoader.h"
-#include "platform/Application.h"
+
+#include <orrelo/platform/Application.h>
 
 #include <memory>
 #include <utility>

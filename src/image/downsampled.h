@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Bitmap.h"
+#include <orrelo/platform/Bitmap.h>
 
 namespace orrelo {
 

@@ -2,12 +2,12 @@
 
 #include "base/Logger.h"
 #include "events/UserEventTracker.h"
-#include "platform/Application.h"
 #include "reactive/Observable.h"
 #include "ui/followOnMain.h"
 #include "ui/showScreen.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 #include <orrelo/platform/Clock.h>
 
 #include <algorithm>

@@ -4,10 +4,10 @@
 #include "events/BIEventRepository.h"
 #include "kit/applicationSuite.h"
 #include "network/HttpHeaderGenerator.h"
-#include "platform/EventDatabase.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/EventDatabase.h>
 
 namespace orrelo {
 namespace {

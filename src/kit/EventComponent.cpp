@@ -3,10 +3,10 @@
 #include "base/Logger.h"
 #include "events/EventRemoteDataSource.h"
 #include "events/EventRepository.h"
-#include "platform/EventDatabase.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/EventDatabase.h>
 
 namespace orrelo {
 namespace {

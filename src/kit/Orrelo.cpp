@@ -11,7 +11,6 @@
 #include "model/UserManager.h"
 #include "navigation/HomeViewController.h"
 #include "network/KelsoMutator.h"
-#include "platform/URLSession.h"
 #include "platform/threads/onMain.h"
 #include "ui/CampaignViewControllerFactory.h"
 #include "ui/RunningKit.h"
@@ -20,6 +19,7 @@
 
 #include <orrelo/Orrelo.h>
 #include <orrelo/platform/EventJournal.h>
+#include <orrelo/platform/URLSession.h>
 
 #include <mutex>
 #include <string>

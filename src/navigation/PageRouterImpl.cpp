@@ -1,11 +1,11 @@
 #include "navigation/PageRouterImpl.h"
 
 #include "base/Logger.h"
-#include "platform/Application.h"
 #include "ui/Router.h"
 #include "ui/RunningKit.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 
 namespace orrelo {
 namespace {

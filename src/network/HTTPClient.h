@@ -1,8 +1,9 @@
 #pragma once
 
 #include "network/URLRequestBuilder.h"
-#include "platform/URLSession.h"
 #include "reactive/ObservableType.h"
+
+#include <orrelo/platform/URLSession.h>
 
 #include <string>
 

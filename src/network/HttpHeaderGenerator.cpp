@@ -1,8 +1,7 @@
 #include "network/HttpHeaderGenerator.h"
 
-#include "platform/Random.h"
-
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Random.h>
 
 namespace orrelo {
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/URLSession.h"
-
 #include <orrelo/UserDefaults.h>
+#include <orrelo/platform/URLSession.h>
 
 #include <memory>
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "network/NetworkError.h"
-#include "platform/URLSession.h"
+
+#include <orrelo/platform/URLSession.h>
 
 #include <optional>
 #include <string>

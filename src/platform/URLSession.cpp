@@ -1,6 +1,6 @@
-#include "platform/URLSession.h"
-
 #include "base/EnumTexts.h"
+
+#include <orrelo/platform/URLSession.h>
 
 #include <utility>
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/WorkerPool.h"
-
 #include <orrelo/MainLoop.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <chrono>
 #include <functional>

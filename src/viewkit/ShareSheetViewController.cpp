@@ -1,11 +1,11 @@
 #include "viewkit/ShareSheetViewController.h"
 
 #include "base/Logger.h"
-#include "platform/Application.h"
 #include "ui/KeyWindow.h"
 #include "viewkit/mailtoUrl.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 
 namespace orrelo {
 

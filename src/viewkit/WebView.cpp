@@ -1,10 +1,10 @@
 #include "viewkit/WebView.h"
 
 #include "base/Ascii.h"
-#include "platform/Application.h"
 #include "platform/http/HttpUrl.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 #include <orrelo/platform/Clock.h>
 
 #include <memory>

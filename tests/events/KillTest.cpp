@@ -1,9 +1,9 @@
 #include "DevService.h"
-#include "platform/EventDatabase.h"
 #include "support/Program.h"
 #include "support/TemporaryFolder.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/EventDatabase.h>
 
 #include <cstdio>
 #include <cstdlib>

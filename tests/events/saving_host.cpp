@@ -2,12 +2,12 @@
 // Usage: saving_host <data folder> <service URL> <certificate file>
 #include "events/EventRemoteDataSource.h"
 #include "events/EventRepository.h"
-#include "platform/Random.h"
-#include "platform/URLSession.h"
 #include "support/ObservedDatabase.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/Random.h>
+#include <orrelo/platform/URLSession.h>
 
 #include <atomic>
 #include <thread>

@@ -1,9 +1,9 @@
 #include "QuickTest.h"
 
 #include "accessibleItems.h"
-#include "platform/WorkerPool.h"
 
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <QAccessible>
 #include <QBuffer>

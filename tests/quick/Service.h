@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/URLSession.h"
 #include "support/ServiceReplies.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/URLSession.h>
 
 #include <algorithm>
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/EventDatabase.h"
+#include <orrelo/platform/EventDatabase.h>
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ImageCodec.h"
+#include <orrelo/platform/ImageCodec.h>
 
 #include <algorithm>
 #include <array>

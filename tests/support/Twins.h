@@ -1,8 +1,5 @@
 #pragma once
 
-#include "platform/Random.h"
-#include "platform/URLSession.h"
-#include "platform/WorkerPool.h"
 #include "platform/store/WriterQueue.h"
 
 #include <orrelo/MainLoop.h>
@@ -10,6 +7,9 @@
 #include <orrelo/UserDefaults.h>
 #include <orrelo/platform/Clock.h>
 #include <orrelo/platform/DisplayLink.h>
+#include <orrelo/platform/Random.h>
+#include <orrelo/platform/URLSession.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <algorithm>
 #include <deque>

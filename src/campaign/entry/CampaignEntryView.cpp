@@ -2,12 +2,12 @@
 
 #include "events/UserEventTracker.h"
 #include "model/UserManager.h"
-#include "platform/Application.h"
 #include "ui/KeyWindow.h"
 #include "ui/RunningKit.h"
 #include "ui/followOnMain.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 
 namespace orrelo {
 namespace {

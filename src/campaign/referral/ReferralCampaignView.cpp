@@ -1,9 +1,9 @@
 #include "campaign/referral/ReferralCampaignView.h"
 
 #include "events/UserEventTracker.h"
-#include "platform/Application.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 
 #include <utility>
 #include <vector>

@@ -1,9 +1,9 @@
 #include "campaign/update/InduceUpdateView.h"
 
 #include "events/UserEventTracker.h"
-#include "platform/Application.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 
 #include <utility>
 

@@ -2,7 +2,8 @@
 
 #include "image/gif/AnimatedImage.h"
 #include "image/gif/GifCanvas.h"
-#include "platform/WorkerPool.h"
+
+#include <orrelo/platform/WorkerPool.h>
 
 #include <memory>
 #include <mutex>

@@ -2,7 +2,8 @@
 
 #include "image/gif/FrameBuffers.h"
 #include "image/gif/GifFile.h"
-#include "platform/Bitmap.h"
+
+#include <orrelo/platform/Bitmap.h>
 
 #include <cstdint>
 #include <memory>

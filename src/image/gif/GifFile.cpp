@@ -1,7 +1,8 @@
 #include "image/gif/GifFile.h"
 
 #include "image/gif/GifReader.h"
-#include "platform/Bitmap.h"
+
+#include <orrelo/platform/Bitmap.h>
 
 #include <new>
 #include <utility>

@@ -3,10 +3,10 @@
 #include "image/gif/GifParseError.h"
 #include "image/gif/GifPlayback.h"
 #include "image/gif/GifPlaybackManager.h"
-#include "platform/Application.h"
-#include "platform/WorkerPool.h"
 
+#include <orrelo/platform/Application.h>
 #include <orrelo/platform/DisplayLink.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <utility>
 

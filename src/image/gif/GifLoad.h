@@ -3,11 +3,11 @@
 #include "image/ImagePipeline.h"
 #include "image/ImageTarget.h"
 #include "image/gif/AnimatedImage.h"
-#include "platform/URLSession.h"
 #include "platform/threads/onMain.h"
 
 #include <orrelo/Export.h>
 #include <orrelo/Url.h>
+#include <orrelo/platform/URLSession.h>
 
 #include <atomic>
 #include <memory>

@@ -2,7 +2,8 @@
 
 #include "image/gif/GifLoad.h"
 #include "image/gif/GifPlaybackManager.h"
-#include "platform/Application.h"
+
+#include <orrelo/platform/Application.h>
 
 #include <utility>
 

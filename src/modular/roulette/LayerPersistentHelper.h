@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Application.h"
+#include <orrelo/platform/Application.h>
 
 #include <memory>
 

@@ -1,9 +1,8 @@
 #include "modular/scratch/ScratchMaskView.h"
 
-#include "platform/Application.h"
-#include "platform/WorkerPool.h"
-
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/URLSession.h"
 #include "platform/http/HttpUrl.h"
+
+#include <orrelo/platform/URLSession.h>
 
 #include <chrono>
 #include <curl/curl.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/URLSession.h"
+#include <orrelo/platform/URLSession.h>
 
 #include <memory>
 

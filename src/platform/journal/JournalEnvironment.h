@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/Random.h"
-#include "platform/WorkerPool.h"
 #include "platform/store/WriterQueue.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/Random.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <memory>
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/Application.h"
-
 #include <orrelo/Export.h>
+#include <orrelo/platform/Application.h>
 
 #include <atomic>
 #include <mutex>

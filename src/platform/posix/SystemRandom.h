@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Random.h"
+#include <orrelo/platform/Random.h>
 
 namespace orrelo {
 

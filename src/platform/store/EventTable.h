@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/EventDatabase.h"
 #include "platform/store/SqliteFile.h"
+
+#include <orrelo/platform/EventDatabase.h>
 
 #include <chrono>
 #include <cstddef>

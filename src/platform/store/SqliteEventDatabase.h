@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/EventDatabase.h"
 #include "platform/store/WriterQueue.h"
 
 #include <orrelo/Platform.h>
 #include <orrelo/platform/Clock.h>
+#include <orrelo/platform/EventDatabase.h>
 
 #include <map>
 #include <memory>

@@ -2,7 +2,8 @@
 
 #include "base/DateFormat.h"
 #include "base/Logger.h"
-#include "platform/EventDatabase.h"
+
+#include <orrelo/platform/EventDatabase.h>
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "platform/EventDatabase.h"
 #include "platform/store/EventTable.h"
 #include "platform/threads/KitThread.h"
+
+#include <orrelo/platform/EventDatabase.h>
 
 #include <cstddef>
 #include <memory>

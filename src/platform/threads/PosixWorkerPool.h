@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/WorkerPool.h"
+#include <orrelo/platform/WorkerPool.h>
 
 #include <memory>
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/WorkerPool.h"
 #include "platform/store/WriterQueue.h"
+
+#include <orrelo/platform/WorkerPool.h>
 
 #include <chrono>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "base/Error.h"
-
+#include <orrelo/Error.h>
+#include <orrelo/Export.h>
 #include <orrelo/Url.h>
 
 #include <chrono>
@@ -17,7 +17,7 @@ namespace orrelo {
 
 using HTTPHeaders = std::map<std::string, std::string>;
 
-struct URLRequest {
+struct ORRELO_EXPORT URLRequest {
   Url url;
   std::string method = "GET";
   /// Sent as given, including empty values, except that control characters become spaces and surrounding
@@ -33,7 +33,7 @@ struct URLRequest {
   std::size_t maximumReplySize = std::size_t{8} * 1024 * 1024;
 };
 
-struct HTTPURLResponse {
+struct ORRELO_EXPORT HTTPURLResponse {
   int statusCode = 0;
   /// Keyed by lower-case name; the last one wins if a header is repeated.
   HTTPHeaders headers;
@@ -41,7 +41,7 @@ struct HTTPURLResponse {
 
 /// The result of a task: an error, or the reply's bytes and response. A reply that is not HTTP has no error,
 /// no bytes and no response.
-struct URLSessionResult {
+struct ORRELO_EXPORT URLSessionResult {
   std::optional<Error> error;
   std::optional<std::string> data;
   std::optional<HTTPURLResponse> response;
@@ -61,9 +61,9 @@ enum class URLError {
   cannotDecodeContentData,
   dataLengthExceedsMaximum
 };
-Error makeError(URLError error, std::optional<std::string> message = {});
+ORRELO_EXPORT Error makeError(URLError error, std::optional<std::string> message = {});
 
-class URLSessionTask {
+class ORRELO_EXPORT URLSessionTask {
  public:
   virtual ~URLSessionTask() = default;
 
@@ -74,7 +74,7 @@ class URLSessionTask {
 };
 
 /// Receives a reply in pieces as they arrive. Called on the session's own thread, one call at a time.
-class URLSessionDataDelegate {
+class ORRELO_EXPORT URLSessionDataDelegate {
  public:
   virtual ~URLSessionDataDelegate() = default;
 
@@ -90,7 +90,7 @@ class URLSessionDataDelegate {
 ///
 /// The session runs at most 64 requests at the same time, and at most 6 per host. Requests with an idle
 /// timeout may run forever, so they are limited to 48 in total and 4 per host and cannot block the others.
-class URLSession {
+class ORRELO_EXPORT URLSession {
  public:
   /// Called once, on the session's own thread.
   using Completion = std::function<void(URLSessionResult)>;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/Bitmap.h"
+#include <orrelo/Export.h>
+#include <orrelo/platform/Bitmap.h>
 
 #include <optional>
 #include <string>
@@ -9,7 +10,7 @@
 namespace orrelo {
 
 /// Decodes and encodes image files. Any thread, also concurrently.
-class ImageCodec {
+class ORRELO_EXPORT ImageCodec {
  public:
   virtual ~ImageCodec() = default;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <orrelo/Export.h>
 #include <orrelo/Uuid.h>
 
 #include <cstdint>
@@ -8,7 +9,7 @@
 namespace orrelo {
 
 /// The source of random numbers. Any thread.
-class Random {
+class ORRELO_EXPORT Random {
  public:
   virtual ~Random() = default;
 

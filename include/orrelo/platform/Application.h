@@ -1,5 +1,6 @@
 #pragma once
 
+#include <orrelo/Export.h>
 #include <orrelo/Url.h>
 
 #include <functional>
@@ -9,7 +10,7 @@
 namespace orrelo {
 
 /// The application that the kit runs in.
-class Application {
+class ORRELO_EXPORT Application {
  public:
   enum class Signal { didEnterBackground, willEnterForeground, willTerminate };
   /// Keeps an observation alive until its last copy is released. A callback that is running by then

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <orrelo/Export.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -7,7 +9,7 @@
 namespace orrelo {
 
 /// A decoded image. Copies share the pixels, which are immutable.
-struct Bitmap {
+struct ORRELO_EXPORT Bitmap {
   static constexpr int maximumSide = 16'384;
   static constexpr int bytesPerPixel = 4;
   static constexpr std::size_t maximumSize = std::size_t{64} * 1024 * 1024;

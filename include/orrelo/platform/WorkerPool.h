@@ -1,5 +1,7 @@
 #pragma once
 
+#include <orrelo/Export.h>
+
 #include <chrono>
 #include <functional>
 
@@ -10,7 +12,7 @@ enum class QualityOfService { userInteractive, userInitiated, standard, utility,
 
 /// Threads for background work. Tasks start in order of priority, and within a priority in the order in which
 /// they were posted. A task never runs inside the `post` that queued it. Any thread.
-class WorkerPool {
+class ORRELO_EXPORT WorkerPool {
  public:
   using Task = std::function<void()>;
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "base/Error.h"
-
 #include <orrelo/Date.h>
+#include <orrelo/Error.h>
+#include <orrelo/Export.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -20,7 +20,7 @@ namespace orrelo {
 using StoredTime = std::variant<std::monostate, std::string, Date>;
 
 /// A row as it is stored. Every column is optional; the reader validates the row.
-struct EventRow {
+struct ORRELO_EXPORT EventRow {
   std::optional<std::string> eventId;
   std::optional<std::string> userId;
   std::optional<std::string> eventName;
@@ -43,7 +43,7 @@ enum class EventTimeStorage { text, date };
 /// replacement cannot be opened, the process is aborted. Operations that have not started when the process
 /// begins to exit are not run. Completions must be short, must not throw, and must not use file descriptors
 /// of other threads (see WriterQueue). Any thread.
-class EventDatabase {
+class ORRELO_EXPORT EventDatabase {
  public:
   template <class T>
   using Completion = std::function<void(std::variant<T, Error>)>;
@@ -72,10 +72,10 @@ class EventDatabase {
 
 /// True if the store has rejected an operation only for now: the file is busy, full, read-only or forbidden,
 /// the device reports an error, or memory has run out. The same operation may succeed later.
-bool isStoreRefusal(const Error& error);
+ORRELO_EXPORT bool isStoreRefusal(const Error& error);
 
 /// Opens event stores in the data directory. Requests for the same name return the same store.
-class EventDatabaseFactory {
+class ORRELO_EXPORT EventDatabaseFactory {
  public:
   virtual ~EventDatabaseFactory() = default;
 
