@@ -8,7 +8,7 @@ PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name orrelosdk.pc)")
 export PKG_CONFIG_PATH
 read -ra options <<<"$(pkg-config --cflags orrelosdk-quick)"
 mkdir -p "$work"
-for document in screens entryviews testing; do
+for document in screens entryviews; do
   # A block is complete if it begins with its includes or imports.
   awk -v prefix="$work/$document" '
     /^```/ { if (file) { close(file); file = "" } else { kind = substr($0, 4); first = 1 }; next }
