@@ -12,7 +12,7 @@ for document in screens entryviews; do
   # A block is complete if it begins with its includes or imports.
   awk -v prefix="$work/$document" '
     /^```/ { if (file) { close(file); file = "" } else { kind = substr($0, 4); first = 1 }; next }
-    first && (kind == "cpp" && /^#include/ || kind == "qml" && /^import/) { file = prefix ++count "." kind }
+    first && (kind == "cpp" && /^#include/ || kind == "qml" && /^import/) { count++; file = prefix count "." kind }
     { first = 0 } file { print > file }' "$docs/$document.md"
 done
 for source in "$work"/*.cpp; do
