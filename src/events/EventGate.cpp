@@ -1,13 +1,10 @@
 #include "events/EventGate.h"
 
-#include "base/Logger.h"
-#include "events/EventPipeline.h"
+#include "events/EventRecord.h"
 #include "events/KelsoInsight.h"
 #include "reactive/Observable.h"
 
 #include <orrelo/Platform.h>
-#include <orrelo/platform/Clock.h>
-#include <orrelo/platform/WorkerPool.h>
 
 #include <algorithm>
 #include <iterator>
@@ -15,14 +12,6 @@
 
 namespace orrelo {
 namespace {
-
-/// The events of a group that are decoded and stored together. The others wait as they stand in the journal,
-/// which takes a quarter of the memory.
-constexpr std::size_t partSize = 16;
-
-bool isTooOld(const Event& event) {
-  return Platform::current().clock->now() - event.eventTime >= EventPipeline::maximumAge;
-}
 
 bool isOfHost(const AcceptedEvent& accepted) {
   return EventRecord::origin(accepted.record.view()) != EventOrigin::kit;
@@ -37,22 +26,22 @@ struct EventGate::Connection {
   reactive::DisposeBag disposeBag;
 };
 
-/// An event on its way to the store.
-struct EventGate::Pending {
-  EventPlace place;
-  /// True if an earlier commit may have succeeded, or may have been reported as failed after it succeeded.
-  bool mayBeStored;
-  EventOrigin origin;
-  Event event;
-  /// Shared by the events of one part of a group; the next part is stored when it is destroyed.
-  std::shared_ptr<const void> part;
-};
-
-/// The events of a group that are not decoded yet.
-struct EventGate::Rest {
-  Group group;
-  std::size_t next = 0;
-};
+EventGate::EventGate(FlushWaiters& waiters, UnwrittenEvents& unwritten)
+    : waiters_(waiters),
+      unwritten_(unwritten),
+      ofHost_([this](const Event& event, bool mayBeStored,
+                     auto completion) { save(event, mayBeStored, std::move(completion)); },
+              [this](const EventPlace& place) {
+                settle({&place, 1});
+              }),
+      ofKit_(
+          [](const Event& event, bool mayBeStored, auto completion) {
+            const auto insight = KelsoInsight::instance();
+            insight ? insight->save(event, mayBeStored, std::move(completion)) : completion(std::nullopt);
+          },
+          [this](const EventPlace& place) {
+            settle({&place, 1});
+          }) {}
 
 void EventGate::connect(Destination destination) {
   std::map<std::size_t, Group> questions;
@@ -63,7 +52,6 @@ void EventGate::connect(Destination destination) {
     keptDisabled_.push_back(connection_->destination.fetchConfigUseCase->disabled());
     disabled_ = keptDisabled_.back().get();
     questions.swap(questions_);
-    isRetryScheduled_ = true;  // the task may have been posted to another platform's pool, which runs no more
   }
   if (former) former->disposeBag.dispose();
   for (auto& [number, group] : questions) {
@@ -89,7 +77,7 @@ void EventGate::enter(Group group) {
   const auto firstOfKit = std::stable_partition(group.begin(), group.end(), isOfHost);
   Group ofKit(std::make_move_iterator(firstOfKit), std::make_move_iterator(group.end()));
   group.erase(firstOfKit, group.end());
-  if (!ofKit.empty()) finish(std::move(ofKit), true);
+  if (!ofKit.empty()) ofKit_.store(std::move(ofKit));
   if (!group.empty()) ask(std::move(group));
 }
 
@@ -130,79 +118,23 @@ void EventGate::answer(std::size_t question, bool mayStore) {
 }
 
 void EventGate::finish(Group group, bool mayStore) {
-  if (!mayStore) return settle(group);
-  if (group.size() == 1) return store(group.front(), nullptr);
-  storeNext(std::make_shared<Rest>(Rest{std::move(group)}));
+  mayStore ? ofHost_.store(std::move(group)) : settle(group);
 }
 
-void EventGate::storeNext(const std::shared_ptr<Rest>& rest) {
-  const auto end = std::min(rest->next + partSize, rest->group.size());
-  // Destroyed when all events of the part are settled, on the stores' thread.
-  const std::shared_ptr<const void> part(nullptr, [this, rest](const void*) {
-    if (rest->next == rest->group.size()) return;
-    Platform::current().workers->post(QualityOfService::utility, [this, rest] { storeNext(rest); });
-  });
-  while (rest->next < end) store(std::exchange(rest->group[rest->next++], {}), part);
+void EventGate::restart() {
+  ofHost_.restart();
+  ofKit_.restart();
 }
 
-void EventGate::store(const AcceptedEvent& accepted, const std::shared_ptr<const void>& part) {
-  auto content = EventRecord::decode(accepted.record.view());
-  if (!content) log(LogLevel::ERROR, "A record of the journal is no event and is dropped.");
-  if (!content || (accepted.isAdopted && isTooOld(content->event))) return settle({&accepted.place, 1});
-  store(std::make_shared<Pending>(
-      Pending{accepted.place, accepted.isAdopted, content->origin, std::move(content->event), part}));
-}
-
-void EventGate::store(const PendingPtr& pending) {
-  const auto completion = [this, pending](const std::optional<Error>& failure) {
-    if (failure) return onRefused(pending, *failure);
-    settle({&pending->place, 1});
-  };
-  if (pending->origin == EventOrigin::kit) {
-    const auto insight = KelsoInsight::instance();
-    return insight ? insight->save(pending->event, pending->mayBeStored, completion)
-                   : completion(std::nullopt);
-  }
+void EventGate::save(const Event& event, bool mayBeStored, EventPipeline::SaveCompletion completion) const {
   const auto current = connection();
   if (!current) return completion(std::nullopt);
-  current->destination.saveEventUseCase.save(pending->event, pending->mayBeStored, completion);
+  current->destination.saveEventUseCase.save(event, mayBeStored, std::move(completion));
 }
 
-void EventGate::onRefused(const PendingPtr& pending, const Error& failure) {
-  pending->mayBeStored = true;
-  std::chrono::milliseconds pause{};
-  bool isFirst = false;
-  {
-    const std::lock_guard lock(mutex_);
-    refused_.push_back(pending);
-    if (std::exchange(isRetryScheduled_, true)) return;
-    isFirst = pause_ == firstPause;
-    pause = std::exchange(pause_, std::min(2 * pause_, longestPause));
-  }
-  if (isFirst) {
-    log(LogLevel::WARNING, [&] {
-      return "A store refuses events for now: " + failure.description() +
-             ". They are kept, and tried again with growing pauses for a day.";
-    });
-  }
-  Platform::current().workers->postAfter(QualityOfService::utility, pause, [this] { retry(); });
-}
-
-void EventGate::retry() {
-  std::vector<PendingPtr> refused;
-  {
-    const std::lock_guard lock(mutex_);
-    refused.swap(refused_);
-    isRetryScheduled_ = false;
-  }
-  for (const auto& pending : refused) {
-    isTooOld(pending->event) ? settle({&pending->place, 1}) : store(pending);
-  }
-}
-
-void EventGate::settle(const Group& group) {
+void EventGate::settle(std::span<const AcceptedEvent> events) {
   std::vector<EventPlace> places;
-  for (const auto& accepted : group) places.push_back(accepted.place);
+  for (const auto& event : events) places.push_back(event.place);
   settle(places);
 }
 
@@ -211,10 +143,6 @@ void EventGate::settle(std::span<const EventPlace> places) {
   for (const auto& place : places) {
     if (place.position) positions.push_back(*place.position);
     if (place.reservedSize > 0) unwritten_.release(place.reservedSize);
-  }
-  {
-    const std::lock_guard lock(mutex_);
-    if (refused_.empty()) pause_ = firstPause;
   }
   const auto& journal = Platform::current().eventJournal;
   if (!positions.empty() && journal) journal->release(std::move(positions));

@@ -1,16 +1,13 @@
 #pragma once
 
 #include "config/FetchConfigUseCase.h"
-#include "events/EventRecord.h"
-#include "events/FlushWaiters.h"
+#include "events/AcceptedEvent.h"
 #include "events/SaveEventUseCase.h"
+#include "events/StoreQueue.h"
 #include "events/UnwrittenEvents.h"
 #include "reactive/Disposable.h"
 
-#include <orrelo/platform/EventJournal.h>
-
 #include <atomic>
-#include <chrono>
 #include <cstddef>
 #include <map>
 #include <memory>
@@ -21,26 +18,8 @@
 
 namespace orrelo {
 
-/// What an event occupies until it is settled.
-struct EventPlace {
-  /// In the journal; absent if the event waits in memory alone.
-  std::optional<EventJournal::Position> position;
-  /// The size that UnwrittenEvents has reserved for it.
-  std::size_t reservedSize = 0;
-  FlushWaiters::Ticket ticket = 0;
-};
-
-/// An event that the intake has accepted and that is not settled yet.
-struct AcceptedEvent {
-  EventJournal::Record record;
-  EventPlace place;
-  /// An ended process has accepted it.
-  bool isAdopted = false;
-};
-
-/// Asks the configuration whether events may be stored, hands them to their store, and settles them: releases
-/// their records once they are committed or dropped. An event that its store refuses is tried again with
-/// growing pauses until it is a day old. Any thread, unless stated otherwise.
+/// Asks the configuration whether events may be stored, hands them to the queue of their store, and settles
+/// them: releases their records once they are committed or dropped. Any thread, unless stated otherwise.
 class EventGate {
  public:
   /// What `Orrelo::initialize` provides.
@@ -52,40 +31,30 @@ class EventGate {
   /// The events that share one question of the configuration.
   using Group = std::vector<AcceptedEvent>;
 
-  EventGate(FlushWaiters& waiters, UnwrittenEvents& unwritten) : waiters_(waiters), unwritten_(unwritten) {}
+  EventGate(FlushWaiters& waiters, UnwrittenEvents& unwritten);
 
   /// Replaces the destination. Events whose question has no answer yet are dropped, except adopted ones,
-  /// which ask again. `retry` must be called afterwards on a thread of the new platform.
+  /// which ask again. `restart` must be called afterwards on a thread of the new platform.
   void connect(Destination destination);
 
   /// True if the configuration in memory is fresh and has disabled the kit.
   bool isDisabled() const;
 
   /// Stores the events once their question is answered; those of the kit are stored without a question.
-  /// Events of one thread are stored in the order of its calls.
   void enter(Group group);
 
-  /// Stores the events again that a store has refused.
-  void retry();
+  /// Continues with the events that wait for a store.
+  void restart();
 
  private:
-  static constexpr std::chrono::milliseconds firstPause{100};
-  static constexpr std::chrono::milliseconds longestPause{30'000};
-
   struct Connection;
-  struct Pending;
-  struct Rest;
-  using PendingPtr = std::shared_ptr<Pending>;
 
   std::shared_ptr<Connection> connection() const;
   void ask(Group group);
   void answer(std::size_t question, bool mayStore);
   void finish(Group group, bool mayStore);
-  void storeNext(const std::shared_ptr<Rest>& rest);
-  void store(const AcceptedEvent& accepted, const std::shared_ptr<const void>& part);
-  void store(const PendingPtr& pending);
-  void onRefused(const PendingPtr& pending, const Error& failure);
-  void settle(const Group& group);
+  void save(const Event& event, bool mayBeStored, EventPipeline::SaveCompletion completion) const;
+  void settle(std::span<const AcceptedEvent> events);
   void settle(std::span<const EventPlace> places);
 
   FlushWaiters& waiters_;
@@ -101,9 +70,9 @@ class EventGate {
   std::vector<std::shared_ptr<const std::atomic<bool>>> keptDisabled_;
   std::map<std::size_t, Group> questions_;
   std::size_t questionCount_ = 0;
-  std::vector<PendingPtr> refused_;
-  std::chrono::milliseconds pause_ = firstPause;
-  bool isRetryScheduled_ = false;
+
+  StoreQueue ofHost_;
+  StoreQueue ofKit_;
 };
 
 }  // namespace orrelo

@@ -1,5 +1,6 @@
 #include "events/EventIntake.h"
 
+#include "base/Logger.h"
 #include "events/FlushWaiters.h"
 #include "events/UnwrittenEvents.h"
 #include "model/UserManager.h"
@@ -11,6 +12,7 @@
 #include <orrelo/platform/Random.h>
 #include <orrelo/platform/WorkerPool.h>
 
+#include <algorithm>
 #include <mutex>
 #include <utility>
 
@@ -21,11 +23,16 @@ constexpr std::size_t maximumKeptCapacity = 1024;
 constexpr std::chrono::seconds maintenanceInterval{60};
 /// The worker rests this long between two runs. What the journal holds is safe meanwhile, and a host that
 /// reports many events shares the processor with fewer runs.
-constexpr std::chrono::milliseconds rest{20};
+constexpr std::chrono::milliseconds pauseBetweenRuns{20};
+/// Far below what the clocks of a wait can add.
+constexpr std::chrono::milliseconds maximumTimeout = std::chrono::hours(24 * 365);
 
 }  // namespace
 
 struct EventIntake::State {
+  /// The process that has initialised the kit.
+  OwnerProcess owner;
+
   /// An event as the caller's thread leaves it.
   struct Queued {
     AcceptedEvent event;
@@ -58,7 +65,12 @@ EventIntake& EventIntake::shared() {
 EventIntake::EventIntake() : state_(*new State) {}
 
 void EventIntake::connect(Destination destination) {
-  processGeneration();  // a fork can only be recognised after this call
+  if (!state_.owner.claim()) {
+    log(LogLevel::ERROR,
+        "Orrelo.initialize() was called before this process was forked. Its events are left to the journal; "
+        "call it in the child alone to send them from there.");
+    return;
+  }
   state_.gate.connect(std::move(destination));
   std::size_t connection = 0;
   {
@@ -72,13 +84,13 @@ void EventIntake::connect(Destination destination) {
     const auto& journal = Platform::current().eventJournal;
     if (journal) journal->prepare();
     process();
-    state_.gate.retry();
+    state_.gate.restart();
     maintain(connection);
   });
 }
 
 void EventIntake::accept(std::string_view name, EventValues&& values) {
-  if (!isForkedChild() && state_.gate.isDisabled()) return;
+  if (!state_.owner.isParent() && state_.gate.isDisabled()) return;
   const auto& platform = Platform::current();
   accept(EventRecord::encode(platform.random->uuid(), platform.clock->now(), currentUserId(), name, values),
          std::move(values));
@@ -95,10 +107,16 @@ void EventIntake::accept(EventJournal::Record record, EventValues&& values) {
       journal
           ? journal->append(record)
           : std::variant<EventJournal::Position, EventJournal::Refusal>(EventJournal::Refusal::unwritable);
-  // Neither the locks nor the threads of the parent can be used; its next launch or tick adopts the record.
-  if (isForkedChild()) return;
+  const auto* const refusal = std::get_if<EventJournal::Refusal>(&appended);
+  if (state_.owner.isParent()) {
+    // Neither the locks nor the threads of the parent can be used; its next launch or tick adopts the record.
+    if (refusal != nullptr) {
+      log(LogLevel::ERROR, "The journal of a forked process refuses an event, which is lost.");
+    }
+    return;
+  }
   EventPlace place;
-  if (const auto* const refusal = std::get_if<EventJournal::Refusal>(&appended)) {
+  if (refusal != nullptr) {
     place.reservedSize = record.size();
     if (!state_.unwritten.reserve(place.reservedSize, *refusal)) return;
   } else {
@@ -109,7 +127,7 @@ void EventIntake::accept(EventJournal::Record record, EventValues&& values) {
   bool isScheduled = false;
   {
     const std::lock_guard lock(state_.mutex);
-    state_.queue.push_back({{std::move(record), place, false}, std::move(values)});
+    state_.queue.push_back({{std::move(record), place}, std::move(values)});
     isScheduled = std::exchange(state_.isScheduled, true);
   }
   if (!isScheduled) return platform.workers->post(QualityOfService::utility, &processShared);
@@ -147,7 +165,7 @@ void EventIntake::process() {
     state_.isResting = mustRest;
     number = ++state_.restCount;
   }
-  Platform::current().workers->postAfter(QualityOfService::utility, rest, [this, number] {
+  Platform::current().workers->postAfter(QualityOfService::utility, pauseBetweenRuns, [this, number] {
     {
       const std::lock_guard lock(state_.mutex);
       if (number != state_.restCount || !std::exchange(state_.isResting, false)) return;
@@ -182,7 +200,7 @@ void EventIntake::adopt(std::vector<EventJournal::Adopted> records) {
   EventGate::Group group;
   group.reserve(records.size());
   for (auto& record : records) {
-    group.push_back({std::move(record.record), {record.position, 0, state_.waiters.add()}, true});
+    group.push_back({std::move(record.record), {record.position, 0, state_.waiters.add()}, true, true});
   }
   {
     const std::lock_guard lock(state_.mutex);
@@ -193,13 +211,13 @@ void EventIntake::adopt(std::vector<EventJournal::Adopted> records) {
 }
 
 bool EventIntake::flush(std::chrono::milliseconds timeout) {
-  if (isKitThread() || isForkedChild()) return false;
+  if (isKitThread() || state_.owner.isParent()) return false;
   hurry();
-  return state_.waiters.wait(timeout);
+  return state_.waiters.wait(std::min(timeout, maximumTimeout));
 }
 
 void EventIntake::flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion) {
-  if (isForkedChild()) return;
+  if (state_.owner.isParent()) return;
   const auto workers = Platform::current().workers;
   // The stores' thread must not be blocked by the host.
   const auto finish = [workers, completion = std::move(completion)](bool isFlushed) {
@@ -208,9 +226,10 @@ void EventIntake::flush(std::chrono::milliseconds timeout, std::function<void(bo
   const auto waiter = state_.waiters.add(finish);
   if (!waiter) return finish(true);
   hurry();
-  workers->postAfter(QualityOfService::utility, timeout, [this, finish, waiter = *waiter] {
-    if (state_.waiters.cancel(waiter)) finish(false);
-  });
+  workers->postAfter(QualityOfService::utility, std::min(timeout, maximumTimeout),
+                     [this, finish, waiter = *waiter] {
+                       if (state_.waiters.cancel(waiter)) finish(false);
+                     });
 }
 
 }  // namespace orrelo

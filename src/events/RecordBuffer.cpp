@@ -26,11 +26,18 @@ struct Block {
   }
 };
 
-thread_local Block block;
+/// True once the thread's block is destroyed: a static object of the host may report an event even then.
+thread_local bool isBlockGone = false;
+
+struct OwnBlock : Block {
+  ~OwnBlock() { isBlockGone = true; }
+};
+thread_local OwnBlock block;
 
 }  // namespace
 
 RecordBuffer::RecordBuffer() {
+  if (isBlockGone) return;
   if (block.rest() < minimumRest) block.renew();
   begin_ = next_ = block.memory.get() + block.used;
   end_ = begin_ + block.rest();
@@ -39,7 +46,7 @@ RecordBuffer::RecordBuffer() {
 EventJournal::Record RecordBuffer::finish() {
   const auto size = static_cast<std::size_t>(next_ - begin_);
   if (!overflow_) return block.take(size);
-  if (size > maximumSmallSize) return EventJournal::Record::copyOf({begin_, size});
+  if (size > maximumSmallSize || isBlockGone) return EventJournal::Record::copyOf({begin_, size});
   block.renew();
   auto record = block.take(size);
   std::copy(begin_, next_, record.data());

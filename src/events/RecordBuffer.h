@@ -27,9 +27,9 @@ class RecordBuffer {
  private:
   void grow(std::size_t size);
 
-  char* begin_;
-  char* next_;
-  char* end_;
+  char* begin_ = nullptr;
+  char* next_ = nullptr;
+  char* end_ = nullptr;
   /// Holds the bytes that do not fit into the rest of the thread's block.
   std::unique_ptr<char[]> overflow_;
 };

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <deque>
 #include <mutex>
 #include <utility>
 
@@ -17,11 +18,18 @@ struct CurrentUser {
   std::optional<std::string> id;
   /// The number of changes of `id`.
   std::atomic<std::uint64_t> version = 0;
+  /// Copies for threads that are ending; the process ends soon, too.
+  std::deque<std::optional<std::string>> lateCopies;
 };
+
+/// True once the thread's copy is destroyed: a static object of the host may report an event even then.
+thread_local bool isCopyGone = false;
 
 struct CurrentUserCopy {
   std::optional<std::string> id;
   std::uint64_t version = 0;
+
+  ~CurrentUserCopy() { isCopyGone = true; }
 };
 
 CurrentUser& currentUser() {
@@ -32,12 +40,17 @@ CurrentUser& currentUser() {
 }  // namespace
 
 const std::optional<std::string>& currentUserId() {
+  auto& user = currentUser();
+  if (isCopyGone) {
+    const std::lock_guard lock(user.mutex);
+    return user.lateCopies.emplace_back(user.id);
+  }
   // Called for every event, so each thread caches a copy and locks the mutex only after a change.
   thread_local CurrentUserCopy copy;
-  auto& user = currentUser();
   if (copy.version != user.version.load(std::memory_order_acquire)) {
     const std::lock_guard lock(user.mutex);
-    copy = {user.id, user.version};
+    copy.id = user.id;
+    copy.version = user.version;
   }
   return copy.id;
 }

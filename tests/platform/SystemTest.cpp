@@ -71,7 +71,12 @@ TEST_P(ForkTest, givesEachProcessBytesAndAGenerationOfItsOwn) {
     bool isChild;
   };
   SystemRandom random;
-  const auto report = [&] { return Report{random.uuid().bytes(), processGeneration(), isForkedChild()}; };
+  OwnerProcess owner;
+  EXPECT_FALSE(owner.isParent()) << "nobody owns it yet";
+  EXPECT_TRUE(owner.claim());
+  const auto report = [&] {
+    return Report{random.uuid().bytes(), processGeneration(), owner.isParent() && !owner.claim()};
+  };
   const auto before = report();
   EXPECT_FALSE(before.isChild);
   std::array<int, 2> pipeEnds{};

@@ -31,21 +31,20 @@ struct FileEventJournal::Releases {
 
 FileEventJournal::FileEventJournal(JournalEnvironment environment)
     : environment_(std::move(environment)),
-      generation_(processGeneration()),
       own_(std::make_shared<OwnJournal>(environment_, OwnJournal::Kind::ofProcess,
-                                        firstPosition(generation_))),
+                                        firstPosition(processGeneration()))),
       left_(std::make_shared<LeftJournals>(environment_, own_)),
       releases_(std::make_shared<Releases>()) {}
 
 FileEventJournal::~FileEventJournal() {
-  if (processGeneration() != generation_) return;
+  if (owner_.isParent()) return;
   own_->close();
   environment_.executor->post([left = left_] { left->close(); });
 }
 
 OwnJournal& FileEventJournal::current() {
+  if (owner_.claim()) return *own_;
   const auto generation = processGeneration();
-  if (generation == generation_) return *own_;
   // Another thread may have held any lock of the parent at the fork, so the child starts without one. What a
   // child has from a parent that was a child itself is never freed.
   auto* child = child_.load(std::memory_order_acquire);
@@ -67,7 +66,7 @@ std::variant<EventJournal::Position, EventJournal::Refusal> FileEventJournal::ap
 }
 
 void FileEventJournal::release(std::vector<Position> positions) {
-  if (processGeneration() != generation_) return;
+  if (owner_.isParent()) return;
   {
     const std::lock_guard lock(releases_->mutex);
     releases_->positions.insert(releases_->positions.end(), positions.begin(), positions.end());
@@ -86,7 +85,7 @@ void FileEventJournal::release(std::vector<Position> positions) {
 }
 
 void FileEventJournal::maintain(Adopter adopt) {
-  if (processGeneration() != generation_) return;
+  if (!owner_.claim()) return;
   own_->maintain([left = left_, adopt = std::move(adopt)](const std::string& ownName) {
     left->takeOver(ownName, adopt);
   });

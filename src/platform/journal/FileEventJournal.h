@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/journal/OwnJournal.h"
+#include "platform/posix/ForkedChild.h"
 
 #include <orrelo/platform/EventJournal.h>
 
 #include <atomic>
-#include <cstdint>
 #include <memory>
 #include <variant>
 #include <vector>
@@ -36,11 +36,12 @@ class FileEventJournal final : public EventJournal {
   OwnJournal& current();
 
   const JournalEnvironment environment_;
-  const std::uint64_t generation_;
+  /// A host may fork after it has made the platform and initialise the kit in the child.
+  OwnerProcess owner_;
   const std::shared_ptr<OwnJournal> own_;
   const std::shared_ptr<LeftJournals> left_;
   const std::shared_ptr<Releases> releases_;
-  /// The journal of this process if it is a forked child.
+  /// The journal of this process if it was forked from the owner.
   std::atomic<Child*> child_ = nullptr;
 };
 

@@ -234,7 +234,9 @@ void OwnJournal::examine(const FilePtr& file, bool hasWriter) {
         "The journal of events was removed, changed or closed by another program and is written anew: " +
             file->path().string());
   }
-  renew(isUsable ? Renewal::ifReleased : Renewal::always);
+  // A file that was made while the stores were busy has a lock that forked children hold, too.
+  const bool isInherited = file->maker() == JournalFile::Maker::writer;
+  renew(isUsable && !isInherited ? Renewal::ifReleased : Renewal::always);
 }
 
 void OwnJournal::close() {

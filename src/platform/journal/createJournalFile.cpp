@@ -13,7 +13,7 @@ namespace {
 using FilePtr = std::shared_ptr<JournalFile>;
 using Maker = JournalFile::Maker;
 
-constexpr std::chrono::seconds maximumWait{1};
+constexpr std::chrono::milliseconds maximumWait{50};
 
 /// Hands a new file from the executor to a thread that waits for it.
 struct Creation {
@@ -43,7 +43,7 @@ FilePtr createOnExecutor(const JournalEnvironment& environment) {
   if (creation->changed.wait_for(lock, maximumWait, [&] { return creation->isDone; })) {
     return std::move(creation->file);
   }
-  // The stores are busy. A forked child will inherit the lock.
+  // The stores are busy. A forked child inherits the lock until the next renewal, within a minute.
   creation->isAbandoned = true;
   lock.unlock();
   return createTemporaryJournal(environment, Maker::writer);

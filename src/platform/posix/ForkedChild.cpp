@@ -14,7 +14,6 @@ Generation notCleared = 0;
 std::atomic<Generation*> generation = nullptr;
 /// The latest generation, which a fork copies, so that the child's is larger.
 Generation latest = 0;
-Generation first = 0;
 
 Generation* mapCleared() {
   const auto size = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
@@ -48,16 +47,18 @@ std::uint64_t processGeneration() {
     const auto next = ++latest;
     current = here->compare_exchange_strong(current, next) ? next : current;
   }
-  if (first.load(std::memory_order_relaxed) == 0) {
-    std::uint64_t none = 0;
-    first.compare_exchange_strong(none, current);
-  }
   return current;
 }
 
-bool isForkedChild() {
+bool OwnerProcess::claim() {
   const auto current = processGeneration();
-  return current != first.load(std::memory_order_relaxed);
+  std::uint64_t owner = 0;
+  return generation_.compare_exchange_strong(owner, current) || owner == current;
+}
+
+bool OwnerProcess::isParent() const {
+  const auto owner = generation_.load(std::memory_order_relaxed);
+  return owner != 0 && owner != processGeneration();
 }
 
 }  // namespace orrelo

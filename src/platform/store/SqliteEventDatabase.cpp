@@ -154,8 +154,12 @@ class SqliteEventDatabase final : public EventDatabase,
 
     auto failure = attempt(batch);
     if (failure && batch.size() > 1) {
-      // Retries the operations one by one, so that only those fail that cannot succeed.
-      for (auto& operation : batch) report(operation, attempt({&operation, 1}));
+      // Retries the operations one by one, so that only those fail that cannot succeed. The commit may have
+      // failed after it reached the file.
+      for (auto& operation : batch) {
+        operation.expectRow();
+        report(operation, attempt({&operation, 1}));
+      }
     } else if (failure) {
       report(batch.front(), std::move(failure));
     }
@@ -184,6 +188,7 @@ class SqliteEventDatabase final : public EventDatabase,
         // SQLite reports a failed read as corruption, so the file is opened and read once more.
         if (!std::exchange(isSuspect_, true)) {
           table_.reset();
+          for (auto& operation : batch) operation.expectRow();
           continue;
         }
         if (!replace(failure)) return failure;

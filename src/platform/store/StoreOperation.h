@@ -53,6 +53,11 @@ struct StoreOperation {
   std::variant<Insert, Fetch, DeleteRows, DeleteUpTo> work;
   std::unique_ptr<Error> failure;
 
+  /// An earlier attempt may have stored the row.
+  void expectRow() {
+    if (auto* const insert = std::get_if<Insert>(&work)) insert->isOnce = true;
+  }
+
   bool writes() const { return !std::holds_alternative<Fetch>(work); }
   /// True if the operation is a single statement, which needs no explicit transaction.
   bool isAtomic() const {
