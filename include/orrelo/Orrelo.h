@@ -20,6 +20,7 @@
 #include <optional>
 #include <string_view>
 
+/// The kit for C++ hosts. Start with Orrelo and Platform.
 namespace orrelo {
 
 /// The kit's entry point for hosts. All operations are static; there is no instance.
