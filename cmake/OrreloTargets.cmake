@@ -19,11 +19,14 @@ if(ORRELO_FUZZ)
   target_compile_options(orrelo_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# orrelo_exports(<target>): exports only the kit's own symbols from a shared library. It stays loaded after
-# `dlclose`, since the kit's threads run its code.
+# orrelo_exports(<target>): exports only the kit's own symbols from a shared library, which must name every library
+# that it needs. It stays loaded after `dlclose`, since the kit's threads run its code. An archive has none of this.
 function(orrelo_exports target)
+  if(NOT BUILD_SHARED_LIBS)
+    return()
+  endif()
   set(map ${PROJECT_SOURCE_DIR}/cmake/exports.map)
-  target_link_options(${target} PRIVATE -Wl,--version-script=${map} -Wl,-z,nodelete)
+  target_link_options(${target} PRIVATE -Wl,--version-script=${map} -Wl,-z,nodelete -Wl,-z,defs)
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${map})
 endfunction()
 

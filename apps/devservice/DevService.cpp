@@ -6,6 +6,7 @@
 #include "http/HttpServer.h"
 #include "http/RequestLog.h"
 #include "scenario/Scenario.h"
+#include "scenario/defaultScenario.h"
 #include "store/EventStore.h"
 #include "store/UserDatabase.h"
 
@@ -24,7 +25,7 @@ std::filesystem::path prepare(const std::filesystem::path& directory) {
 }
 
 std::filesystem::path scenarioOr(const std::filesystem::path& directory) {
-  return std::filesystem::absolute(directory.empty() ? ORRELO_DEVSERVICE_SCENARIO : directory);
+  return std::filesystem::absolute(directory.empty() ? defaultScenario() : directory);
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 #include "DevService.h"
+#include "http/Certificate.h"
 
 #include <charconv>
 #include <cstdlib>
 #include <exception>
+#include <iomanip>
 #include <iostream>
 #include <optional>
 #include <signal.h>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -17,7 +20,7 @@ using orrelo::devservice::Options;
 
 constexpr int defaultPort = 9443;
 
-constexpr std::string_view help = R"(Usage: orrelo-devservice [--port N] [--data DIR] [--scenario DIR]
+constexpr std::string_view help = R"(Usage: orrelo-devservice [--port N] [--data DIR] [--scenario DIR] [--print-cpp]
 
 Serves campaigns over HTTPS on this machine, and shows what arrives on a page at its address.
 
@@ -25,6 +28,7 @@ Serves campaigns over HTTPS on this machine, and shows what arrives on a page at
   --data DIR      certificate and database, made if missing
                   ($XDG_DATA_HOME/orrelo-devservice, or ~/.local/share/orrelo-devservice)
   --scenario DIR  what to answer (the scenario that comes with the service)
+  --print-cpp     print the field of a host's HostApplication that uses this service, and exit
   --help          this text
 )";
 
@@ -46,11 +50,36 @@ std::optional<int> toPort(std::string_view text) {
   return port;
 }
 
+std::string quoted(const std::string& text) {
+  std::ostringstream out;
+  out << std::quoted(text);
+  return out.str();
+}
+
+/// Makes the certificate if it is missing, so that the printed file exists.
+int printCpp(const Options& options) {
+  if (options.port == 0) {
+    std::cerr << "orrelo-devservice: --print-cpp needs a --port other than 0\n";
+    return EXIT_FAILURE;
+  }
+  const auto directory = std::filesystem::absolute(options.dataDirectory);
+  std::filesystem::create_directories(directory);
+  const auto certificate = orrelo::devservice::Certificate::loadOrCreate(directory);
+  std::cout << ".developmentService = {" << quoted("https://localhost:" + std::to_string(options.port)) << ", "
+            << quoted(certificate.certificateFile.string()) << "},\n";
+  return EXIT_SUCCESS;
+}
+
 /// The options, or the exit code if there is nothing to run.
 std::variant<Options, int> parse(int argc, char** argv) {
   Options options{.dataDirectory = defaultDataDirectory(), .scenarioDirectory = {}, .port = defaultPort};
+  bool printsCpp = false;
   for (int i = 1; i < argc; ++i) {
     const std::string_view name = argv[i];
+    if (name == "--print-cpp") {
+      printsCpp = true;
+      continue;
+    }
     if (name == "--help") {
       std::cout << help;
       return EXIT_SUCCESS;
@@ -72,6 +101,7 @@ std::variant<Options, int> parse(int argc, char** argv) {
     std::cerr << "orrelo-devservice: " << options.scenarioDirectory << " is no directory\n";
     return EXIT_FAILURE;
   }
+  if (printsCpp) return printCpp(options);
   return options;
 }
 

@@ -22,8 +22,11 @@ namespace orrelo {
 
 class EventValue;
 
+/// A list of values, in order.
 using EventArray = std::vector<EventValue>;
+/// Values by their names.
 using EventDictionary = std::map<std::string, EventValue, std::less<>>;
+/// Bytes, which events cannot carry.
 using EventBytes = std::vector<std::byte>;
 
 /// Distinct values, in the order of their first insertion.

@@ -20,6 +20,7 @@
 #include <optional>
 #include <string_view>
 
+/// The kit for C++ hosts. Start with Orrelo and Platform.
 namespace orrelo {
 
 /// The kit's entry point for hosts. All operations are static; there is no instance.
@@ -86,7 +87,7 @@ class ORRELO_EXPORT Orrelo final {
   /// the kit's files, not in order to exit.
   static bool flush(std::chrono::milliseconds timeout);
   /// Returns at once and calls `completion` with the result, once, on a thread of the kit; never if the
-  /// process ends before.
+  /// process ends before, and never in a forked child.
   static void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion);
 
   /// Opens home for the current user from the host's screen `with`: the user's rewards above the list of

@@ -97,6 +97,7 @@ class ORRELO_EXPORT OrreloWebKit final {
   };
   /// A script to be injected into pages.
   struct UserScript {
+    /// When a page's loading reaches the script.
     enum class InjectionTime { atDocumentStart, atDocumentEnd };
 
     std::string_view source;

@@ -56,6 +56,15 @@ class ORRELO_EXPORT Directories {
   virtual std::filesystem::path cache() const = 0;
 };
 
+/// A campaign service on a developer's machine.
+struct DevelopmentService {
+  /// An https URL, such as "https://localhost:9443". Empty if there is none.
+  std::string url = {};
+  /// A PEM file with the certificates that are trusted for this host, and for no other. If it is empty, the
+  /// system's certificates are used.
+  std::filesystem::path certificateFile = {};
+};
+
 /// Describes the host application to Platform::posix.
 struct HostApplication {
   /// Names the folder of the kit's stores and is sent to the service. Defaults to the executable's name.
@@ -68,6 +77,10 @@ struct HostApplication {
   std::filesystem::path cacheDirectory = {};
   /// Schemes of URLs that the machine or the host itself can open, in addition to "http" and "https".
   std::vector<std::string> urlSchemes = {};
+  /// If it has a URL, this process uses it instead of the service that is selected on the device, and keeps its
+  /// files in folders of their own, "development" within the ones above: nothing of a trial reaches another
+  /// service or stays on the device. `orrelo-devservice --print-cpp` prints it filled in.
+  DevelopmentService developmentService = {};
 };
 
 /// The machine's services that the kit uses. The kit accesses the time, the disk, the network and random
@@ -90,6 +103,8 @@ struct ORRELO_EXPORT Platform {
   std::shared_ptr<ImageCodec> imageCodec;
   /// May be null, as in the POSIX defaults; then animated images show their first frame.
   std::shared_ptr<DisplayLink> displayLink;
+  /// See HostApplication. A URL that is not https selects "https://localhost:9443".
+  DevelopmentService developmentService;
 
   /// The POSIX defaults: POSIX files, curl, SQLite, and RunLoop::main() as the main loop. A front replaces
   /// the members that its toolkit provides.

@@ -13,7 +13,9 @@
 
 namespace orrelo {
 
+/// Bytes of a setting.
 using DefaultsData = std::vector<std::byte>;
+/// The value of a setting.
 using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, DefaultsData>;
 
 /// One suite of a persistent key-value store. Values are typed: a value of another type than requested counts

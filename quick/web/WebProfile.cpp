@@ -43,7 +43,7 @@ bool WebProfile::trusts(const QWebEngineCertificateError& error) {
   const auto url = Url::parse(error.url().toEncoded().toStdString());
   CertificateChain chain;
   for (const auto& certificate : error.certificateChain()) chain.push_back(certificate.toDer().toStdString());
-  const KelsoMutator environment(Platform::current().userDefaults->suite(KelsoMutator::suiteName));
+  const auto environment = KelsoMutator::current();
   return url && error.isOverridable() && environment.trusts(*url, chain);
 }
 

@@ -33,7 +33,7 @@ enum class Tag : std::uint8_t {
 };
 
 // One more than the depth of the deepest collection that OLSEventMapper converts.
-constexpr int maximumDepth = 513;
+constexpr int maximumNesting = 513;
 
 // Integers are little-endian; lengths and counts have seven bits to a byte, the lowest first.
 class Writer {
@@ -141,7 +141,7 @@ class Writer {
 
   template <class Put>
   void nested(Tag collection, Put put) {
-    if (depth_ == maximumDepth) return other("a collection nested too deep");
+    if (depth_ == maximumNesting) return other("a collection nested too deep");
     ++depth_;
     tag(collection);
     put();
@@ -247,7 +247,7 @@ class Reader {
   }
   template <class Read>
   EventValue nested(Read read) {
-    if (depth_ == maximumDepth) throw ReadFailure();
+    if (depth_ == maximumNesting) throw ReadFailure();
     ++depth_;
     EventValue result(read());
     --depth_;

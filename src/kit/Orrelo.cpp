@@ -57,7 +57,7 @@ std::shared_ptr<ViewController> makeErrorScreen() {
 void Orrelo::initialize(const ORLConfig& config) {
   const auto& platform = Platform::current();
   platform.userDefaults->refresh();
-  const KelsoMutator mutator(platform.userDefaults->suite(KelsoMutator::suiteName));
+  const auto mutator = KelsoMutator::current();
   const auto serviceUrl = mutator.serviceUrl();
   if (const auto file = mutator.certificateFile()) platform.urlSession->trust(serviceUrl, *file);
   const auto baseUrl = serviceUrl + "/orreloservice/";

@@ -8,33 +8,44 @@ namespace {
 constexpr auto selectorKey = "ORRELO_SERVICE_URL";
 constexpr std::int64_t development = 3;
 
+std::string developmentUrl(const std::string& text) {
+  const auto url = Url::parse(text);
+  if (!url || url->scheme() != "https" || url->host().empty()) return "https://localhost:9443";
+  // Paths start with "/" and are appended as text, so trailing slashes are removed.
+  return text.substr(0, text.find_last_not_of('/') + 1);
+}
+
 }  // namespace
 
+KelsoMutator KelsoMutator::current() {
+  const auto& platform = Platform::current();
+  return KelsoMutator(platform.userDefaults->suite(suiteName), platform.developmentService);
+}
+
 bool KelsoMutator::isDevelopment() const {
-  return userDefaults_ && userDefaults_->integer(selectorKey) == development;
+  return isStatedByHost() || (userDefaults_ && userDefaults_->integer(selectorKey) == development);
 }
 
 std::string KelsoMutator::serviceUrl() const {
+  if (isDevelopment()) {
+    return developmentUrl(isStatedByHost() ? developmentService_.url
+                                           : userDefaults_->text("ORRELO_DEVELOPMENT_URL").value_or(""));
+  }
   switch (userDefaults_ ? userDefaults_->integer(selectorKey).value_or(0) : 0) {
     case 1:
       return "https://api-staging.orrelo.example";
     case 2:
       return "https://api-staging-qa.orrelo.example";
-    case development:
-      break;
     default:
       return "https://api.orrelo.example";
   }
-  if (const auto text = userDefaults_->text("ORRELO_DEVELOPMENT_URL")) {
-    const auto url = Url::parse(*text);
-    // Paths start with "/" and are appended as text, so trailing slashes are removed.
-    if (url && url->scheme() == "https" && !url->host().empty())
-      return text->substr(0, text->find_last_not_of('/') + 1);
-  }
-  return "https://localhost:9443";
 }
 
 std::optional<std::string> KelsoMutator::certificateFile() const {
+  if (isStatedByHost()) {
+    const auto& file = developmentService_.certificateFile;
+    return file.empty() ? std::nullopt : std::optional(file.string());
+  }
   return isDevelopment() ? userDefaults_->text("ORRELO_DEVELOPMENT_CA") : std::nullopt;
 }
 

@@ -55,6 +55,7 @@ Platform Platform::posix(const HostApplication& host) {
   platform.mainBundle = PosixBundle::main(host);
   platform.kitBundle = PosixBundle::kit();
   platform.application = std::make_shared<PosixApplication>();
+  platform.developmentService = host.developmentService;
   return platform;
 }
 

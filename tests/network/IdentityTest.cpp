@@ -57,6 +57,28 @@ TEST(KelsoMutatorTest, OnlyDevelopmentHasAHostAndACertificateOfItsOwn) {
   }
 }
 
+TEST(KelsoMutatorTest, AServiceThatTheHostNamesGoesBeforeTheSuiteAndNeverFallsBackToProduction) {
+  const auto suite = std::make_shared<MemoryDefaults>();
+  suite->set("ORRELO_DEVELOPMENT_CA", std::string("/suite.pem"));
+  for (const std::int64_t selector : {0, 1, 3}) {
+    suite->set("ORRELO_SERVICE_URL", selector);
+    const KelsoMutator stated(suite, {"https://localhost:1234/", "/host.pem"});
+    EXPECT_TRUE(stated.isDevelopment());
+    EXPECT_EQ(stated.serviceUrl(), "https://localhost:1234");
+    EXPECT_EQ(stated.certificateFile(), "/host.pem");
+    const KelsoMutator mistaken(suite, {"http://localhost:1234", {}});
+    EXPECT_EQ(mistaken.serviceUrl(), "https://localhost:9443");
+    EXPECT_EQ(mistaken.certificateFile(), std::nullopt);
+  }
+  const TemporaryFolder folder;
+  const auto data = [&](DevelopmentService service) {
+    return Platform::posix({.dataDirectory = folder.path(), .developmentService = std::move(service)})
+        .directories->data();
+  };
+  EXPECT_EQ(data({}), folder.path());
+  EXPECT_EQ(data({"https://localhost:1234", {}}), folder.path() / "development");
+}
+
 class HttpHeaderGeneratorTest : public testing::Test {
  protected:
   void install(std::shared_ptr<Bundle> main, std::shared_ptr<Bundle> kit) {

@@ -12,6 +12,7 @@ namespace orrelo {
 /// The application that the kit runs in.
 class ORRELO_EXPORT Application {
  public:
+  /// A change of the application's state.
   enum class Signal { didEnterBackground, willEnterForeground, willTerminate };
   /// Keeps an observation alive until its last copy is released. A callback that is running by then
   /// completes.

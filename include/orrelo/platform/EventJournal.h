@@ -53,6 +53,7 @@ class ORRELO_EXPORT EventJournal {
   /// The size of all records that are not released, in the journals of all processes together.
   static constexpr std::size_t maximumLiveSize = std::size_t{64} * 1024 * 1024;
 
+  /// Why an event was not accepted.
   enum class Refusal {
     /// The record is larger than `maximumRecordSize`.
     tooLarge,
@@ -62,6 +63,7 @@ class ORRELO_EXPORT EventJournal {
     unwritable,
   };
 
+  /// A record of an ended process, which is released by its position.
   struct Adopted {
     Position position;
     Record record;

@@ -15,8 +15,10 @@
 
 namespace orrelo {
 
+/// The fields of a request or reply by their names.
 using HTTPHeaders = std::map<std::string, std::string>;
 
+/// An HTTP request.
 struct ORRELO_EXPORT URLRequest {
   Url url;
   std::string method = "GET";
@@ -33,6 +35,7 @@ struct ORRELO_EXPORT URLRequest {
   std::size_t maximumReplySize = std::size_t{8} * 1024 * 1024;
 };
 
+/// The head of an HTTP reply.
 struct ORRELO_EXPORT HTTPURLResponse {
   int statusCode = 0;
   /// Keyed by lower-case name; the last one wins if a header is repeated.
@@ -61,8 +64,10 @@ enum class URLError {
   cannotDecodeContentData,
   dataLengthExceedsMaximum
 };
+/// The error as a stream or a completion carries it, with a text for the log.
 ORRELO_EXPORT Error makeError(URLError error, std::optional<std::string> message = {});
 
+/// One request of a session. Thread-safe.
 class ORRELO_EXPORT URLSessionTask {
  public:
   virtual ~URLSessionTask() = default;

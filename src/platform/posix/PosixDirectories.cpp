@@ -27,8 +27,9 @@ fs::path baseFolder(const char* variable, const char* belowHome) {
 fs::path choose(const fs::path& stated, const char* variable, const char* belowHome,
                 const HostApplication& host) {
   std::error_code failure;
-  if (!stated.empty()) return fs::absolute(stated, failure);
-  return baseFolder(variable, belowHome) / encodedFileName(bundleIdentifier(host));
+  auto folder = stated.empty() ? baseFolder(variable, belowHome) / encodedFileName(bundleIdentifier(host))
+                               : fs::absolute(stated, failure);
+  return host.developmentService.url.empty() ? folder : folder / "development";
 }
 
 /// Creates the folder if missing. Ignores errors: they surface when a file in the folder is opened.
