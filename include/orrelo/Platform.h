@@ -77,9 +77,9 @@ struct HostApplication {
   std::filesystem::path cacheDirectory = {};
   /// Schemes of URLs that the machine or the host itself can open, in addition to "http" and "https".
   std::vector<std::string> urlSchemes = {};
-  /// If it has a URL, this process uses it instead of the service that is selected on the device, and keeps its
-  /// files in folders of their own, "development" within the ones above: nothing of a trial reaches another
-  /// service or stays on the device. `orrelo-devservice --print-cpp` prints it filled in.
+  /// If it has a URL, this process uses it instead of the service that is selected on the device, and keeps
+  /// its files in folders of their own, "development" within the ones above: nothing of a trial reaches
+  /// another service or stays on the device. `orrelo-devservice --print-cpp` prints it filled in.
   DevelopmentService developmentService = {};
 };
 
