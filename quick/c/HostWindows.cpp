@@ -48,7 +48,7 @@ HostWindows::~HostWindows() {
 
 QQuickWindow* HostWindows::open(const QString& path) {
   QQmlComponent component(&*engine_, QUrl::fromUserInput(path, QDir::currentPath(), QUrl::AssumeLocalFile));
-  std::unique_ptr<QObject> root(component.create());
+  std::unique_ptr<QObject> root(component.isReady() ? component.create() : nullptr);
   if (!root) throw c::CallFailure{ORRELO_FAILED, component.errorString().toStdString()};
   auto* const window = qobject_cast<QQuickWindow*>(root.get());
   if (window == nullptr) {

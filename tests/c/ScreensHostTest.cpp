@@ -23,9 +23,9 @@ TEST(ScreensHostTest, AHostInCShowsCampaigns) {
     EXPECT_EQ(host.wait(), 0);
   }
   EXPECT_THAT(output, HasSubstr("refused: "));
-  EXPECT_THAT(output, HasSubstr("ol_campaign_entry_point_show entry_name=page of C"));
+  EXPECT_THAT(output, HasSubstr("campaign_entry_point_name=page of C"));
   EXPECT_THAT(output, HasSubstr("done after 2 visits"));
-  EXPECT_EQ(service.requestCount("/campaigns/stamp"), 1);
+  EXPECT_GE(service.requestCount("/campaigns/stamp"), 1);
 }
 
 }  // namespace

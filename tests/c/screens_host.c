@@ -27,7 +27,7 @@ static void userEvent(void* context, const char* name, const orrelo_values* valu
   if (strcmp(name, "ol_campaign_entry_point_show") == 0) ++entries;
   if (strcmp(name, "ol_visit") == 0 && ++visits == 1)
     OK(orrelo_main_loop_post(presentAttendance, NULL, NULL));
-  if (visits == 2 && entries == 1) orrelo_quick_application_quit(0);
+  if (visits == 2 && entries == 2) orrelo_quick_application_quit(0);
 }
 
 static void start(char** words) {
@@ -44,9 +44,6 @@ static void start(char** words) {
   orrelo_config* config = orrelo_config_new("c-screens-host");
   OK(orrelo_initialize(config));
   orrelo_config_free(config);
-  orrelo_user* user = orrelo_user_new("minji");
-  OK(orrelo_set_user(user));
-  orrelo_user_free(user);
   OK(orrelo_set_user_event_delegate(userEvent, NULL, NULL));
 }
 
@@ -64,14 +61,22 @@ static void fillPage(void) {
   require(ORRELO_INVALID_ARGUMENT, orrelo_quick_present(page, NULL, false), "an item that is no window");
 }
 
+static void signIn(void) {
+  orrelo_user* user = orrelo_user_new("minji");
+  OK(orrelo_set_user(user));
+  orrelo_user_free(user);
+}
+
 int main(int count, char** words) {
   if (count != 5) return 2;
+  setvbuf(stdout, NULL, _IONBF, 0);
   start(words);
   if (orrelo_quick_window_open("/none.qml") != NULL) return 1;
   printf("refused: %s\n", orrelo_last_error());
   window = orrelo_quick_window_open(words[4]);
   require(ORRELO_OK, orrelo_last_status(), "orrelo_quick_window_open");
   fillPage();
+  signIn();
   orrelo_view_controller* screen = orrelo_quick_host_view_controller(window);
   OK(orrelo_show_campaign("stamp", screen));
   orrelo_view_controller_free(screen);
