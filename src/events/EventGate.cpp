@@ -1,6 +1,6 @@
 #include "events/EventGate.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "events/EventPipeline.h"
 #include "events/KelsoInsight.h"
 #include "reactive/Observable.h"
@@ -22,6 +22,11 @@ constexpr std::size_t partSize = 16;
 
 bool isTooOld(const Event& event) {
   return Platform::current().clock->now() - event.eventTime >= EventPipeline::maximumAge;
+}
+
+std::optional<DropReason> reasonToDrop(const Config& config) {
+  if (config.sdkEnable) return std::nullopt;
+  return config == Config::defaults() ? DropReason::unconfigured : DropReason::disabled;
 }
 
 bool isOfHost(const AcceptedEvent& accepted) {
@@ -67,7 +72,7 @@ void EventGate::connect(Destination destination) {
   }
   if (former) former->disposeBag.dispose();
   for (auto& [number, group] : questions) {
-    group.front().isAdopted ? ask(std::move(group)) : settle(group);
+    group.front().isAdopted ? ask(std::move(group)) : drop(group, DropReason::replaced);
   }
 }
 
@@ -89,16 +94,16 @@ void EventGate::enter(Group group) {
   const auto firstOfKit = std::stable_partition(group.begin(), group.end(), isOfHost);
   Group ofKit(std::make_move_iterator(firstOfKit), std::make_move_iterator(group.end()));
   group.erase(firstOfKit, group.end());
-  if (!ofKit.empty()) finish(std::move(ofKit), true);
+  if (!ofKit.empty()) finish(std::move(ofKit), std::nullopt);
   if (!group.empty()) ask(std::move(group));
 }
 
 void EventGate::ask(Group group) {
   const auto asked = connection();
-  if (!asked) return settle(group);
+  if (!asked) return drop(group, DropReason::homeless);
   auto& fetchConfigUseCase = *asked->destination.fetchConfigUseCase;
   if (const auto config = fetchConfigUseCase.freshConfig())
-    return finish(std::move(group), config->sdkEnable);
+    return finish(std::move(group), reasonToDrop(*config));
 
   std::size_t question = 0;
   {
@@ -111,13 +116,14 @@ void EventGate::ask(Group group) {
     questions_.emplace(question, std::move(group));
   }
   fetchConfigUseCase.fetch()
-      .subscribe({.onNext = [this, question](const Config& config) { answer(question, config.sdkEnable); },
-                  .onError = [this, question](const Error&) { answer(question, false); },
-                  .onCompleted = [this, question] { answer(question, false); }})
+      .subscribe(
+          {.onNext = [this, question](const Config& config) { answer(question, reasonToDrop(config)); },
+           .onError = [this, question](const Error&) { answer(question, DropReason::unconfigured); },
+           .onCompleted = [this, question] { answer(question, DropReason::unconfigured); }})
       .disposedBy(asked->disposeBag);
 }
 
-void EventGate::answer(std::size_t question, bool mayStore) {
+void EventGate::answer(std::size_t question, std::optional<DropReason> reason) {
   Group group;
   {
     const std::lock_guard lock(mutex_);
@@ -126,11 +132,11 @@ void EventGate::answer(std::size_t question, bool mayStore) {
     group = std::move(found->second);
     questions_.erase(found);
   }
-  finish(std::move(group), mayStore);
+  finish(std::move(group), reason);
 }
 
-void EventGate::finish(Group group, bool mayStore) {
-  if (!mayStore) return settle(group);
+void EventGate::finish(Group group, std::optional<DropReason> reason) {
+  if (reason) return drop(group, *reason);
   if (group.size() == 1) return store(group.front(), nullptr);
   storeNext(std::make_shared<Rest>(Rest{std::move(group)}));
 }
@@ -147,8 +153,9 @@ void EventGate::storeNext(const std::shared_ptr<Rest>& rest) {
 
 void EventGate::store(const AcceptedEvent& accepted, const std::shared_ptr<const void>& part) {
   auto content = EventRecord::decode(accepted.record.view());
-  if (!content) log(LogLevel::ERROR, "A record of the journal is no event and is dropped.");
-  if (!content || (accepted.isAdopted && isTooOld(content->event))) return settle({&accepted.place, 1});
+  if (!content || (accepted.isAdopted && isTooOld(content->event))) {
+    return drop({accepted}, content ? DropReason::tooOld : DropReason::unreadable);
+  }
   store(std::make_shared<Pending>(
       Pending{accepted.place, accepted.isAdopted, content->origin, std::move(content->event), part}));
 }
@@ -160,11 +167,11 @@ void EventGate::store(const PendingPtr& pending) {
   };
   if (pending->origin == EventOrigin::kit) {
     const auto insight = KelsoInsight::instance();
-    return insight ? insight->save(pending->event, pending->mayBeStored, completion)
-                   : completion(std::nullopt);
+    if (insight) return insight->save(pending->event, pending->mayBeStored, completion);
+    return drop(*pending, DropReason::homeless);
   }
   const auto current = connection();
-  if (!current) return completion(std::nullopt);
+  if (!current) return drop(*pending, DropReason::homeless);
   current->destination.saveEventUseCase.save(pending->event, pending->mayBeStored, completion);
 }
 
@@ -180,9 +187,10 @@ void EventGate::onRefused(const PendingPtr& pending, const Error& failure) {
     pause = std::exchange(pause_, std::min(2 * pause_, longestPause));
   }
   if (isFirst) {
-    log(LogLevel::WARNING, [&] {
+    explain(ExplanationLevel::warning, [&] {
       return "A store refuses events for now: " + failure.description() +
-             ". They are kept, and tried again with growing pauses for a day.";
+             ". They are kept, and tried again with growing pauses for a day. Free the disk, or end the "
+             "program that holds the file.";
     });
   }
   Platform::current().workers->postAfter(QualityOfService::utility, pause, [this] { retry(); });
@@ -196,14 +204,22 @@ void EventGate::retry() {
     isRetryScheduled_ = false;
   }
   for (const auto& pending : refused) {
-    isTooOld(pending->event) ? settle({&pending->place, 1}) : store(pending);
+    isTooOld(pending->event) ? drop(*pending, DropReason::tooOld) : store(pending);
   }
 }
 
-void EventGate::settle(const Group& group) {
+void EventGate::drop(const Group& group, DropReason reason) {
   std::vector<EventPlace> places;
-  for (const auto& accepted : group) places.push_back(accepted.place);
+  for (const auto& accepted : group) {
+    explainDroppedEvent(accepted.record, reason);
+    places.push_back(accepted.place);
+  }
   settle(places);
+}
+
+void EventGate::drop(const Pending& pending, DropReason reason) {
+  explainDroppedEvent(pending.event.eventName, reason);
+  settle({&pending.place, 1});
 }
 
 void EventGate::settle(std::span<const EventPlace> places) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "config/FetchConfigUseCase.h"
+#include "events/DroppedEvent.h"
 #include "events/EventRecord.h"
 #include "events/FlushWaiters.h"
 #include "events/SaveEventUseCase.h"
@@ -79,13 +80,15 @@ class EventGate {
 
   std::shared_ptr<Connection> connection() const;
   void ask(Group group);
-  void answer(std::size_t question, bool mayStore);
-  void finish(Group group, bool mayStore);
+  void answer(std::size_t question, std::optional<DropReason> reason);
+  /// Stores the events, or drops them for the reason.
+  void finish(Group group, std::optional<DropReason> reason);
+  void drop(const Group& group, DropReason reason);
+  void drop(const Pending& pending, DropReason reason);
   void storeNext(const std::shared_ptr<Rest>& rest);
   void store(const AcceptedEvent& accepted, const std::shared_ptr<const void>& part);
   void store(const PendingPtr& pending);
   void onRefused(const PendingPtr& pending, const Error& failure);
-  void settle(const Group& group);
   void settle(std::span<const EventPlace> places);
 
   FlushWaiters& waiters_;

@@ -1,5 +1,6 @@
 #include "events/EventIntake.h"
 
+#include "events/DroppedEvent.h"
 #include "events/FlushWaiters.h"
 #include "events/UnwrittenEvents.h"
 #include "model/UserManager.h"
@@ -78,7 +79,7 @@ void EventIntake::connect(Destination destination) {
 }
 
 void EventIntake::accept(std::string_view name, EventValues&& values) {
-  if (!isForkedChild() && state_.gate.isDisabled()) return;
+  if (!isForkedChild() && state_.gate.isDisabled()) return explainDroppedEvent(name, DropReason::disabled);
   const auto& platform = Platform::current();
   accept(EventRecord::encode(platform.random->uuid(), platform.clock->now(), currentUserId(), name, values),
          std::move(values));
@@ -100,7 +101,9 @@ void EventIntake::accept(EventJournal::Record record, EventValues&& values) {
   EventPlace place;
   if (const auto* const refusal = std::get_if<EventJournal::Refusal>(&appended)) {
     place.reservedSize = record.size();
-    if (!state_.unwritten.reserve(place.reservedSize, *refusal)) return;
+    if (!state_.unwritten.reserve(place.reservedSize, *refusal)) {
+      return explainDroppedEvent(record, DropReason::refused);
+    }
   } else {
     place.position = std::get<EventJournal::Position>(appended);
     state_.unwritten.journalHasAccepted();

@@ -14,6 +14,19 @@ bool KelsoMutator::isDevelopment() const {
   return userDefaults_ && userDefaults_->integer(selectorKey) == development;
 }
 
+std::string_view KelsoMutator::environment() const {
+  switch (userDefaults_ ? userDefaults_->integer(selectorKey).value_or(0) : 0) {
+    case 1:
+      return "staging";
+    case 2:
+      return "staging QA";
+    case development:
+      return "development";
+    default:
+      return "production";
+  }
+}
+
 std::string KelsoMutator::serviceUrl() const {
   switch (userDefaults_ ? userDefaults_->integer(selectorKey).value_or(0) : 0) {
     case 1:

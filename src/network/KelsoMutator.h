@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace orrelo {
 
@@ -36,6 +37,8 @@ class ORRELO_EXPORT KelsoMutator {
   bool trusts(const Url& url, const CertificateChain& chain) const;
 
   bool isDevelopment() const;
+  /// "production", "staging", "staging QA" or "development".
+  std::string_view environment() const;
 
  private:
   std::shared_ptr<UserDefaults> userDefaults_;
