@@ -113,11 +113,13 @@ std::optional<JsonArray> JsonValue::asArray() const {
 }
 
 JsonObject JsonValue::objectValue() const {
-  return required(asObject(), [this] { return nameOf(*this); }, "an object");
+  return required(
+      asObject(), [this] { return nameOf(*this); }, "an object");
 }
 
 JsonArray JsonValue::arrayValue() const {
-  return required(asArray(), [this] { return nameOf(*this); }, "an array");
+  return required(
+      asArray(), [this] { return nameOf(*this); }, "an array");
 }
 
 std::optional<JsonValue> JsonObject::find(std::string_view key) const {
@@ -147,29 +149,35 @@ JsonValue JsonObject::require(std::string_view key) const {
 }
 
 bool JsonObject::boolean(std::string_view key) const {
-  return required(require(key).asBoolean(), [&] { return nameOf(*this, key); }, "a boolean");
+  return required(
+      require(key).asBoolean(), [&] { return nameOf(*this, key); }, "a boolean");
 }
 
 std::int64_t JsonObject::integer(std::string_view key) const {
-  return required(require(key).asInteger(), [&] { return nameOf(*this, key); }, "an integer");
+  return required(
+      require(key).asInteger(), [&] { return nameOf(*this, key); }, "an integer");
 }
 
 std::string JsonObject::text(std::string_view key) const {
-  return std::string(required(require(key).asText(), [&] { return nameOf(*this, key); }, "a text"));
+  return std::string(required(
+      require(key).asText(), [&] { return nameOf(*this, key); }, "a text"));
 }
 
 JsonObject JsonObject::object(std::string_view key) const {
-  return required(require(key).asObject(), [&] { return nameOf(*this, key); }, "an object");
+  return required(
+      require(key).asObject(), [&] { return nameOf(*this, key); }, "an object");
 }
 
 JsonArray JsonObject::array(std::string_view key) const {
-  return required(require(key).asArray(), [&] { return nameOf(*this, key); }, "an array");
+  return required(
+      require(key).asArray(), [&] { return nameOf(*this, key); }, "an array");
 }
 
 std::optional<std::string> JsonObject::optionalText(std::string_view key) const {
   const auto value = find(key);
   if (!value || value->isNull()) return std::nullopt;
-  return std::string(required(value->asText(), [&] { return nameOf(*this, key); }, "a text"));
+  return std::string(required(
+      value->asText(), [&] { return nameOf(*this, key); }, "a text"));
 }
 
 std::size_t JsonArray::size() const {

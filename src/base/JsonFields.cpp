@@ -19,8 +19,8 @@ bool isTrueText(std::string_view text) {
 
 void explainLeftOut(const JsonValue& value, const Error& why) {
   explain(ExplanationLevel::warning, [&] {
-    return "A reply's " + jsonPointer(value) + " is left out, as if the service had not sent it: " +
-           why.localizedDescription();
+    return "A reply's " + jsonPointer(value) +
+           " is left out, as if the service had not sent it: " + why.localizedDescription();
   });
 }
 

@@ -72,7 +72,8 @@ void explainMissing(const std::vector<std::string>& names) {
   for (const auto& name : names) {
     explain(ExplanationLevel::warning, [&name] {
       return "Platform::install is given no " + name +
-             ", and the POSIX default takes its place: begin with Platform::posix() and replace members of it.";
+             ", and the POSIX default takes its place: begin with Platform::posix() and replace members of "
+             "it.";
     });
   }
 }

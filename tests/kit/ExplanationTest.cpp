@@ -177,14 +177,14 @@ TEST_F(ExplanationTest, AScreenThatIsAskedForOnAnotherThreadIsSaid) {
   const auto wrong = Contains(HasSubstr("does not run the main loop"));
   EXPECT_THAT(linesOf([] { EXPECT_NE(Orrelo::getHomeViewController(), nullptr); }), wrong);
   EXPECT_THAT(linesOf([] { EXPECT_NE(Orrelo::getCampaignViewController("c-1"), nullptr); }), wrong);
-  EXPECT_THAT(linesOf([] {
-                EXPECT_NE(Orrelo::getCampaignViewController(ORLCampaignType::attendance), nullptr);
-              }),
-              wrong);
+  EXPECT_THAT(
+      linesOf([] { EXPECT_NE(Orrelo::getCampaignViewController(ORLCampaignType::attendance), nullptr); }),
+      wrong);
 }
 
 TEST_F(ExplanationTest, AKeyThatNamesTheBundleStopsWithTheReason) {
-  EXPECT_DEATH(Orrelo::initialize(ORLConfig("NSGlobalDomain")), "names no suite.*identifier of the application");
+  EXPECT_DEATH(Orrelo::initialize(ORLConfig("NSGlobalDomain")),
+               "names no suite.*identifier of the application");
 }
 
 }  // namespace

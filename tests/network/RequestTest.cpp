@@ -133,12 +133,13 @@ TEST_F(HTTPClientTest, EachEndOfARequestIsExplainedWithoutTheUser) {
   hear(ScriptedURLSession::reply(200, reply), true);
   reply.resize(std::size_t{3} * 200);
   const std::string name = "GET https://api.example:8/x?page=2&buid=…&userID=…&buid";
-  EXPECT_THAT(explanations.lines(),
-              ElementsAre(testing::StartsWith("warning: " + name + " has failed: URLError.secure"),
-                          "warning: " + name + " has failed: what answers there does not speak HTTP.",
-                          "warning: " + name + " has failed: status 503. The service's own log says why.",
-                          "debug: " + name + ": the reply is empty", "debug: " + name + " has got status 200.",
-                          "debug: " + name + ": the reply begins " + reply + "…"));
+  EXPECT_THAT(
+      explanations.lines(),
+      ElementsAre(testing::StartsWith("warning: " + name + " has failed: URLError.secure"),
+                  "warning: " + name + " has failed: what answers there does not speak HTTP.",
+                  "warning: " + name + " has failed: status 503. The service's own log says why.",
+                  "debug: " + name + ": the reply is empty", "debug: " + name + " has got status 200.",
+                  "debug: " + name + ": the reply begins " + reply + "…"));
   EXPECT_EQ(explainedUrl(*Url::parse("https://a.example/?%62uid=minji&x=&%75ser%49D=minji")),
             "https://a.example/?%62uid=…&x=&%75ser%49D=…");
 }
