@@ -111,7 +111,9 @@ struct ORRELO_EXPORT Platform {
   static Platform posix(const HostApplication& host = {});
 
   /// Makes `platform` the current one. Call it once, before `Orrelo::initialize` and before other threads use
-  /// the kit; without a call the POSIX defaults are used.
+  /// the kit; without a call the POSIX defaults are used. They also take the place of members that are null,
+  /// except `eventJournal`, `imageCodec` and `displayLink`. What runs already when it is called again keeps
+  /// the former platform.
   static void install(Platform platform);
   static const Platform& current();
 };

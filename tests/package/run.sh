@@ -18,7 +18,10 @@ if [ -n "$qmllint" ]; then
   echo "qmllint knows Orrelo"
   "$here/examples.sh" "$work/kit" "$work" "$qmllint" "$(cat "$work/cmake/qml-import-path")"
 fi
-[ ! -e "$work/kit/bin/orrelo-devservice" ] || "$here/tools.sh" "$work/kit" "$work"
+if [ -e "$work/kit/bin/orrelo-devservice" ]; then
+  "$here/tools.sh" "$work/kit" "$work"
+  "$here/readme.sh" "$work/kit" "$work" "$flags"
+fi
 
 mv "$work/kit" "$work/installed"
 cmake -D MANIFEST="$work/install_manifest.txt" -P "$here/../../cmake/Uninstall.cmake" >/dev/null

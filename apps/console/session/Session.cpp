@@ -57,8 +57,8 @@ void Session::play() {
   accounted();
 }
 
-void Session::step(const std::string& what) {
-  std::cout << "[" << ++steps_ << "/7] " << what << std::endl;
+void Session::step(const std::string& what, const std::string& byHand) {
+  std::cout << "[" << ++steps_ << "/7] " << what << "\n      by hand: " << byHand << std::endl;
 }
 
 std::unique_ptr<ConsoleProcess> Session::launch() const {
@@ -69,12 +69,15 @@ std::unique_ptr<ConsoleProcess> Session::launch() const {
 
 void Session::online() {
   service_.start();
-  step("the campaign service answers at " + service_.baseUrl() + " (open it in a browser)");
+  step("the campaign service answers at " + service_.baseUrl() + " (open it in a browser)",
+       "build/dev/apps/devservice/orrelo-devservice, which says where its certificate is");
   console_ = launch();
   console_->command("signin minji optin level=3");
   console_->command(std::string("token ") + token);
   console_->command("send opened screen=home");
-  step("the console is up: minji signed in, can be notified and opened the home screen");
+  step("the console is up: minji signed in, can be notified and opened the home screen",
+       "build/dev/apps/console/orrelo-console --service https://localhost:9443 --certificate FILE, then "
+       "\"signin minji optin level=3\", \"send opened screen=home\"");
   require(service_.waitForEvents(2, deliveryTimeout), "the first events did not arrive");
   require(service_.waitForRequests("/token", 1, deliveryTimeout), "the push token did not arrive");
 }
@@ -85,7 +88,8 @@ void Session::offline() {
   console_->command("send searched words=[\"blue\", \"shoes\"] results=12");
   console_->command("send added_to_cart item=\"blue shoes\" price=39.9 new=true");
   console_->command("send ordered at=date(2026-01-02T03:04:05Z)");
-  step("the service is gone; three events happened meanwhile");
+  step("the service is gone; three events happened meanwhile",
+       "stop the service with Ctrl+C, then \"send ordered price=39.9\" and \"stored\" in the console");
   for (const auto& line : waitForStored(3)) {
     storedIds_.insert(line.substr(2, 36));
     std::cout << "    " << line.substr(2) << "\n";
@@ -105,7 +109,8 @@ std::vector<std::string> Session::waitForStored(std::size_t count) {
 
 void Session::killed() {
   console_->kill();
-  step("the console was killed with SIGKILL, " + std::to_string(storedIds_.size()) + " events in its store");
+  step("the console was killed with SIGKILL, " + std::to_string(storedIds_.size()) + " events in its store",
+       "pkill -KILL orrelo-console");
 }
 
 void Session::restarted() {
@@ -115,7 +120,8 @@ void Session::restarted() {
   console_->command("signin minji optin level=3");
   console_->command("signin minji optin level=3");
   console_->command("send opened_again screen=home");
-  step("service and console are back; two sign-ins and an event more. The rest follows every 10 seconds");
+  step("service and console are back; two sign-ins and an event more. The rest follows every 10 seconds",
+       "start both again as above; \"user\" tells who was signed in");
 }
 
 void Session::accounted() {
@@ -126,7 +132,8 @@ void Session::accounted() {
   }
   require(console_->quit() == 0, "the console did not end well");
   const auto events = service_.events();
-  step("the service received:");
+  step("the service received the events below",
+       "open https://localhost:9443, or curl --cacert FILE https://localhost:9443/admin/state");
   print(events);
 
   std::multiset<std::string> names;
@@ -147,7 +154,8 @@ void Session::accounted() {
     require(std::any_of(events.begin(), events.end(), [&](const auto& event) { return event.eventId == id; }),
             "the stored event " + id + " came under another id or not at all");
   }
-  step("every event arrived, under the id that it was stored with");
+  step("every event arrived, under the id that it was stored with",
+       "compare the ids of \"stored\" with those on the service's page");
 }
 
 }  // namespace orrelo::console

@@ -30,7 +30,7 @@ class Session {
   std::unique_ptr<ConsoleProcess> launch() const;
   /// Waits until the stores hold `count` events and returns the line of each.
   std::vector<std::string> waitForStored(std::size_t count);
-  void step(const std::string& what);
+  void step(const std::string& what, const std::string& byHand);
 
   std::filesystem::path folder_;
   devservice::DevService service_;
