@@ -37,6 +37,19 @@ ORRELO_EXPORT const char* orrelo_version(void);
 /** Turns the log on: ORLLogger::enable. */
 ORRELO_EXPORT void orrelo_logger_enable(void);
 
+enum {
+  ORRELO_EXPLANATION_ERROR = 1,
+  ORRELO_EXPLANATION_WARNING = 2,
+  ORRELO_EXPLANATION_INFO = 3,
+  ORRELO_EXPLANATION_DEBUG = 4
+};
+/** `level` is one of ORRELO_EXPLANATION_…; `line` is valid during the call. */
+typedef void (*orrelo_explanation_sink)(void* context, int32_t level, const char* line);
+/** ORLExplanations::setSink: lines that say what failed, where, and what to do, of `level` and those that
+   matter more. The sink is called on a thread of the kit. NULL ends them. */
+ORRELO_EXPORT orrelo_status orrelo_explanations_set_sink(int32_t level, orrelo_explanation_sink sink,
+                                                         void* context, orrelo_destroy destroy);
+
 /* The host and its platform */
 
 /** Describes the host: HostApplication. */

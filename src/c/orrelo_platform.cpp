@@ -2,12 +2,19 @@
 #include "c/handles.h"
 
 #include <orrelo/MainLoop.h>
+#include <orrelo/ORLExplanations.h>
 #include <orrelo/ORLLogger.h>
 
+#include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
 using namespace orrelo;
 using namespace orrelo::c;
+
+static_assert(static_cast<int>(ExplanationLevel::error) == ORRELO_EXPLANATION_ERROR &&
+              static_cast<int>(ExplanationLevel::debug) == ORRELO_EXPLANATION_DEBUG);
 
 namespace {
 
@@ -24,6 +31,22 @@ const char* orrelo_version() {
 
 void orrelo_logger_enable() {
   ORLLogger::enable();
+}
+
+orrelo_status orrelo_explanations_set_sink(int32_t level, orrelo_explanation_sink sink, void* context,
+                                           orrelo_destroy destroy) {
+  return attempt([&] {
+    const Callback<int32_t, const char*> callback(sink, context, destroy);
+    ORLExplanations::Sink lines;
+    if (callback) {
+      lines = [callback](ExplanationLevel lineLevel, std::string_view line) {
+        callback(static_cast<int32_t>(lineLevel), std::string(line).c_str());
+      };
+    }
+    const bool isKnown = level >= ORRELO_EXPLANATION_ERROR && level <= ORRELO_EXPLANATION_DEBUG;
+    const auto known = isKnown ? std::optional(static_cast<ExplanationLevel>(level)) : std::nullopt;
+    ORLExplanations::setSink(caseOf(known, "level"), std::move(lines));
+  });
 }
 
 orrelo_host_application* orrelo_host_application_new(const char* bundleIdentifier) {

@@ -32,13 +32,7 @@ class HostsTest : public testing::Test {
     command.insert(command.end(), {service_.baseUrl(), service_.certificatePath().string(),
                                    (folder_.path() / "device").string(), end_.string()});
     Program host(command);
-    const auto isThere = [](const char* name) {
-      return [name](const auto& events) {
-        return std::any_of(events.begin(), events.end(),
-                           [&](const auto& event) { return event.eventName == name; });
-      };
-    };
-    ASSERT_TRUE(service_.waitForEvents(isThere("purchase"), std::chrono::seconds(30))) << stopped(host);
+    ASSERT_TRUE(awaitEvents()) << stopped(host);
     ASSERT_TRUE(service_.waitForRequests("/token", 1, std::chrono::seconds(30))) << stopped(host);
     std::ofstream(end_).put('\n');
     output_ = host.output();
@@ -48,11 +42,15 @@ class HostsTest : public testing::Test {
     EXPECT_EQ(service_.tokens()[0].token, token);
   }
 
-  bool awaitPurchase() const {
+  /// Waits for both events of a host.
+  bool awaitEvents() const {
     return service_.waitForEvents(
         [](const auto& events) {
-          return std::any_of(events.begin(), events.end(),
-                             [](const auto& event) { return event.eventName == "purchase"; });
+          const auto isThere = [&](const char* name) {
+            return std::any_of(events.begin(), events.end(),
+                               [&](const auto& event) { return event.eventName == name; });
+          };
+          return isThere("ol_set_user_profile") && isThere("purchase");
         },
         std::chrono::seconds(30));
   }
@@ -80,6 +78,7 @@ TEST_F(HostsTest, InC) {
   run({ORRELO_C_HOST}, "token of C");
   EXPECT_THAT(output_, HasSubstr("refused: Null is not supported class"));
   EXPECT_THAT(output_, HasSubstr("flushed: 1"));
+  EXPECT_THAT(output_, HasSubstr("explained 3: The kit's files lie in "));
   EXPECT_THAT(output_, HasSubstr("done with "));
   EXPECT_THAT(values("purchase"), IsSupersetOf({Pair("user_id", "minji"), Pair("item", "blue \uFFFD shoes"),
                                                 Pair("gift", "true"), Pair("sizes", "[41,42.5]")}));
@@ -91,7 +90,7 @@ TEST_F(HostsTest, OfTheDocumentation) {
   const auto folder = (folder_.path() / "home").string();
   Program host({"env", "XDG_DATA_HOME=" + folder, "XDG_CACHE_HOME=" + folder, ORRELO_DOCUMENT_HOST,
                 service_.baseUrl(), service_.certificatePath().string()});
-  ASSERT_TRUE(awaitPurchase()) << stopped(host);
+  ASSERT_TRUE(awaitEvents()) << stopped(host);
   EXPECT_EQ(stopped(host), "");
   EXPECT_THAT(values("purchase"), IsSupersetOf({Pair("item", "blue shoes"), Pair("price", "39.9")}));
 }

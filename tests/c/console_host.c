@@ -49,6 +49,10 @@ static void buy(void) {
   orrelo_values_free(values);
 }
 
+static void explain(void* prefix, int32_t level, const char* line) {
+  printf("%s %d: %s\n", (const char*)prefix, (int)level, line);
+}
+
 static void countFlush(void* count) {
   printf("flushed: %d\n", ++*(int*)count);
 }
@@ -66,6 +70,7 @@ static void* awaitEnd(void* path) {
 int main(int count, char** words) {
   if (count != 5) return 2;
   require(ORRELO_NOT_INITIALIZED, orrelo_send_event("early", NULL), "an early event");
+  OK(orrelo_explanations_set_sink(ORRELO_EXPLANATION_INFO, explain, "explained", NULL));
   installPlatform(words[1], words[2], words[3]);
   initialize();
   signIn();
