@@ -40,7 +40,7 @@ class ExplanationTest : public testing::Test {
   std::vector<std::string> linesOf(const std::function<void()>& task) {
     const auto before = static_cast<std::ptrdiff_t>(all().size());
     task();
-    platform_.loop->run();
+    platform_.loop->runFor(std::chrono::seconds(1));
     const auto now = all();
     return {now.begin() + before, now.end()};
   }
@@ -117,6 +117,7 @@ TEST_F(ExplanationTest, WhatIsHeldWrongIsSaidAndCrashesNothing) {
   }
   for (const auto timeout : {std::chrono::milliseconds::min(), std::chrono::milliseconds::max()}) {
     Orrelo::flush(timeout, nullptr);
+    platform_.loop->runFor(std::chrono::seconds(1));
     EXPECT_TRUE(Orrelo::flush(timeout)) << "nothing is on its way";
   }
   Orrelo::application({{"Orrelo", 1}}, nullptr);
