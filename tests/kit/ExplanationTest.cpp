@@ -130,9 +130,13 @@ TEST_F(ExplanationTest, WhatIsHeldWrongIsSaidAndCrashesNothing) {
   EXPECT_THAT(linesOf([] { Orrelo::application({}, nullptr); }), Contains(HasSubstr("the host's own")));
 }
 
-TEST_F(ExplanationTest, MessagesThatDoNotComeSayWhy) {
+TEST_F(ExplanationTest, ScreensAndMessagesThatDoNotComeSayWhy) {
   initialize();
   const auto host = std::make_shared<HostViewController>();
+  host->appear(false);
+  EXPECT_THAT(linesOf([&] { Orrelo::showCampaign("c-1", host); }),
+              Contains(HasSubstr("notLoggedIn. Call Orrelo::setUser first")));
+  host->dismiss(false);
   const auto show = [&] { return linesOf([&] { Orrelo::showInAppMessage(host); }); };
   EXPECT_THAT(show(), Contains(HasSubstr("nobody is signed in")));
   signIn();
