@@ -11,7 +11,8 @@ namespace {
 
 std::string_view remedyOf(const Error& error) {
   if (error == makeError(OrreloError::notLoggedIn)) return " Call Orrelo::setUser first.";
-  if (error == makeError(OrreloError::campaignNotExists)) return " The service lists no such campaign for this user.";
+  if (error == makeError(OrreloError::campaignNotExists))
+    return " The service lists no such campaign for this user.";
   if (error == makeError(OrreloError::emptyCampaigns)) return " The service lists no campaign for this user.";
   return "";
 }
