@@ -3,6 +3,7 @@
 #include "base/explain.h"
 #include "ui/KeyWindow.h"
 
+#include <orrelo/Platform.h>
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <QQuickWindow>
@@ -30,6 +31,16 @@ bool hasWindow(const QQuickWindow* window, std::string_view call) {
            "QQuickWindow.";
   });
   return false;
+}
+
+void explainMissingFront(std::string_view call) {
+  if (Platform::current().mainLoop->isCurrent()) return;
+  explain(ExplanationLevel::error, [call] {
+    return std::string(call) +
+           " is called on a thread that does not run the platform's main loop, so that screens do not come: "
+           "call it "
+           "on the GUI thread, after Platform::install(quick::platform()).";
+  });
 }
 
 }  // namespace
@@ -93,16 +104,19 @@ void HostWindow::disappear() {
 }
 
 std::shared_ptr<ViewController> hostViewController(QQuickWindow* window) {
+  explainMissingFront("hostViewController");
   if (!hasWindow(window, "hostViewController")) return std::make_shared<HostViewController>();
   return HostWindow::of(*window).screen();
 }
 
 bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
+  explainMissingFront("present");
   if (!hasWindow(window, "present")) return false;
   return HostWindow::of(*window).root()->topmost()->present(screen, animated);
 }
 
 bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
+  explainMissingFront("push");
   if (!hasWindow(window, "push")) return false;
   const auto& navigation = HostWindow::of(*window).navigation();
   if (!navigation) {

@@ -45,9 +45,8 @@ std::string_view remedyOf(const Error& error) {
     return "Check that the service runs there and that the network reaches it.";
   }
   if (error == makeError(URLError::secureConnectionFailed)) {
-    return "Only the development service can have a certificate of its own: name its file, and the host of "
-           "the "
-           "URL as the certificate does.";
+    return "Name the file of the development service's certificate; the URL's host must be one that it is "
+           "for.";
   }
   if (error == makeError(URLError::badURL) || error == makeError(URLError::unsupportedURL)) {
     return "Only absolute http and https URLs can be requested.";

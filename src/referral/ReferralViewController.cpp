@@ -29,13 +29,14 @@ ReferralViewController::ReferralViewController(std::shared_ptr<const ReferralVie
 void ReferralViewController::viewDidLoad() {
   ORLUIViewController::viewDidLoad();
   const auto self = std::static_pointer_cast<ReferralViewController>(shared_from_this());
-  followOnMain(viewModel_->transform(taps(*verificationButton), taps(*authorizationButton)), self,
-               disposeBag_, &ReferralViewController::render, [](ReferralViewController&, const Error& error) {
-                 explain(ExplanationLevel::error, [&] {
-                   return "A referral code could not be checked, and the screen stops: " +
-                          error.localizedDescription();
-                 });
-               });
+  followOnMain(
+      viewModel_->transform(taps(*verificationButton), taps(*authorizationButton)), self, disposeBag_,
+      &ReferralViewController::render, [](ReferralViewController&, const Error& error) {
+        explain(ExplanationLevel::error, [&] {
+          return "A referral code could not be checked, and the screen stops until it is opened again: " +
+                 error.localizedDescription();
+        });
+      });
 }
 
 reactive::Observable<ReferralViewModel::Tap> ReferralViewController::taps(const RxButton& button) {

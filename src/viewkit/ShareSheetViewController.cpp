@@ -11,7 +11,9 @@ namespace orrelo {
 
 void ShareSheetViewController::share(const std::string& text) {
   const auto root = keyWindowRootViewController();
-  if (!root) return explain(ExplanationLevel::error, "There is no screen to share a text from");
+  if (!root)
+    return explain(ExplanationLevel::error,
+                   "There is no screen to share a text from: make the window with its OrreloHost first.");
   root->topmost()->present(std::make_shared<ShareSheetViewController>(text), true);
 }
 

@@ -40,7 +40,7 @@ class ExplanationTest : public testing::Test {
   std::vector<std::string> linesOf(const std::function<void()>& task) {
     const auto before = static_cast<std::ptrdiff_t>(all().size());
     task();
-    platform_.loop->run();
+    platform_.loop->runFor(std::chrono::seconds(1));
     const auto now = all();
     return {now.begin() + before, now.end()};
   }
@@ -117,6 +117,7 @@ TEST_F(ExplanationTest, WhatIsHeldWrongIsSaidAndCrashesNothing) {
   }
   for (const auto timeout : {std::chrono::milliseconds::min(), std::chrono::milliseconds::max()}) {
     Orrelo::flush(timeout, nullptr);
+    platform_.loop->runFor(std::chrono::seconds(1));
     EXPECT_TRUE(Orrelo::flush(timeout)) << "nothing is on its way";
   }
   Orrelo::application({{"Orrelo", 1}}, nullptr);
@@ -129,9 +130,13 @@ TEST_F(ExplanationTest, WhatIsHeldWrongIsSaidAndCrashesNothing) {
   EXPECT_THAT(linesOf([] { Orrelo::application({}, nullptr); }), Contains(HasSubstr("the host's own")));
 }
 
-TEST_F(ExplanationTest, MessagesThatDoNotComeSayWhy) {
+TEST_F(ExplanationTest, ScreensAndMessagesThatDoNotComeSayWhy) {
   initialize();
   const auto host = std::make_shared<HostViewController>();
+  host->appear(false);
+  EXPECT_THAT(linesOf([&] { Orrelo::showCampaign("c-1", host); }),
+              Contains(HasSubstr("notLoggedIn. Call Orrelo::setUser first")));
+  host->dismiss(false);
   const auto show = [&] { return linesOf([&] { Orrelo::showInAppMessage(host); }); };
   EXPECT_THAT(show(), Contains(HasSubstr("nobody is signed in")));
   signIn();

@@ -27,7 +27,8 @@ declare -A ground=(
 
 # The public headers, by the folder that they belong to.
 declare -A owner=(
-  [Date]=base [Error]=base [EventValue]=base [Export]=base [ORLLogger]=base [Url]=base [Uuid]=base
+  [Date]=base [Error]=base [EventValue]=base [Export]=base [ORLExplanations]=base [ORLLogger]=base
+  [Url]=base [Uuid]=base
   [MainLoop]=platform [Platform]=platform [UserDefaults]=platform
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
   [ORLUserEvent]=model [NotificationResponse]=model [BackgroundFetchResult]=model [UnsupportedEventValueException]=model

@@ -14,12 +14,14 @@ Application::Registration PosixApplication::observe(Signal signal, std::function
 
 void PosixApplication::setPasteboard(const std::string& text) {
   if (pasteboardWriter_) return pasteboardWriter_(text);
-  explain(ExplanationLevel::warning, "This host has no pasteboard");
+  explain(ExplanationLevel::warning,
+          "This host has no pasteboard: install quick::platform(), or a Platform::application of your own.");
 }
 
 void PosixApplication::share(const std::string& text) {
   if (sharer_) return sharer_(text);
-  explain(ExplanationLevel::warning, "This host cannot share texts");
+  explain(ExplanationLevel::warning,
+          "This host cannot share texts: install a Platform::application that can.");
 }
 
 void PosixApplication::send(Signal signal) {

@@ -244,7 +244,7 @@ bool quarantine(const std::filesystem::path& path, Date now, const SqliteFailure
   }
   explain(ExplanationLevel::error, [&] {
     return "The store " + path.string() + " is unusable (" + reason.error().description() + ") and lies in " +
-           target;
+           target + ". A new one takes its place.";
   });
   return true;
 }

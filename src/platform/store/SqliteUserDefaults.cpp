@@ -143,8 +143,11 @@ class SqliteUserDefaults final : public UserDefaults {
           continue;
         }
         if (!failure.isBusy()) file_.reset();
-        explain(ExplanationLevel::warning,
-                [&] { return fileName_ + " refused a value: " + failure.error().description(); });
+        explain(ExplanationLevel::warning, [&] {
+          return fileName_ +
+                 " refused a value, which is kept in memory alone: " + failure.error().description() +
+                 ". Free the disk, or end the program that holds the file.";
+        });
         return;
       }
     }

@@ -131,8 +131,11 @@ void runGuarded(const std::function<void()>& task) {
   try {
     task();
   } catch (...) {
-    explain(ExplanationLevel::error,
-            [] { return "A task threw " + Error::fromCurrentException().description(); });
+    explain(ExplanationLevel::error, [] {
+      return "A task threw " + Error::fromCurrentException().description() +
+             ", and the kit goes on without it. If it is a completion or a delegate of the host, catch the "
+             "exception there.";
+    });
   }
 }
 
