@@ -20,7 +20,8 @@ using orrelo::devservice::Options;
 
 constexpr int defaultPort = 9443;
 
-constexpr std::string_view help = R"(Usage: orrelo-devservice [--port N] [--data DIR] [--scenario DIR] [--print-cpp]
+constexpr std::string_view help =
+    R"(Usage: orrelo-devservice [--port N] [--data DIR] [--scenario DIR] [--print-cpp]
 
 Serves campaigns over HTTPS on this machine, and shows what arrives on a page at its address.
 
@@ -65,8 +66,8 @@ int printCpp(const Options& options) {
   const auto directory = std::filesystem::absolute(options.dataDirectory);
   std::filesystem::create_directories(directory);
   const auto certificate = orrelo::devservice::Certificate::loadOrCreate(directory);
-  std::cout << ".developmentService = {" << quoted("https://localhost:" + std::to_string(options.port)) << ", "
-            << quoted(certificate.certificateFile.string()) << "},\n";
+  std::cout << ".developmentService = {" << quoted("https://localhost:" + std::to_string(options.port))
+            << ", " << quoted(certificate.certificateFile.string()) << "},\n";
   return EXIT_SUCCESS;
 }
 

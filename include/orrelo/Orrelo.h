@@ -7,6 +7,7 @@
 #include <orrelo/ORLCampaignType.h>
 #include <orrelo/ORLConfig.h>
 #include <orrelo/ORLDelegates.h>
+#include <orrelo/ORLExplanations.h>
 #include <orrelo/ORLLogger.h>
 #include <orrelo/ORLUser.h>
 #include <orrelo/ORLUserEvent.h>
@@ -34,10 +35,12 @@ namespace orrelo {
 /// system's memory of a file, and that `flush` waits as long as it is told to. Call `initialize` once and
 /// early.
 ///
-/// Before `initialize`, an operation that needs it does nothing but write a log line.
+/// Before `initialize`, an operation that needs it does nothing but write a log line. Null screens and
+/// completions are allowed everywhere: then nothing is shown or called.
 ///
 /// Errors: an event value of an unsupported type throws UnsupportedEventValueException; no other exception is
-/// ever thrown. Internal failures are reported through ORLLogger only.
+/// ever thrown. Internal failures are reported by lines alone: ORLExplanations says what failed and what to
+/// do, ORLLogger prints a fixed set of lines.
 ///
 /// A complete host:
 ///
@@ -82,7 +85,7 @@ class ORRELO_EXPORT Orrelo final {
 
   /// Waits until all events that were reported before the call, the kit's own included, are committed to the
   /// store or dropped by the configuration; it does not send them. True at once if nothing is on its way, as
-  /// before `initialize`. False at the timeout, which must not be negative, and at once on a thread of the
+  /// before `initialize`. False at the timeout (a negative one counts as 0) and at once on a thread of the
   /// kit, such as that of a completion, and in a forked child. A host needs it before it copies or removes
   /// the kit's files, not in order to exit.
   static bool flush(std::chrono::milliseconds timeout);

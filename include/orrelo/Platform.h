@@ -77,9 +77,9 @@ struct HostApplication {
   std::filesystem::path cacheDirectory = {};
   /// Schemes of URLs that the machine or the host itself can open, in addition to "http" and "https".
   std::vector<std::string> urlSchemes = {};
-  /// If it has a URL, this process uses it instead of the service that is selected on the device, and keeps its
-  /// files in folders of their own, "development" within the ones above: nothing of a trial reaches another
-  /// service or stays on the device. `orrelo-devservice --print-cpp` prints it filled in.
+  /// If it has a URL, this process uses it instead of the service that is selected on the device, and keeps
+  /// its files in folders of their own, "development" within the ones above: nothing of a trial reaches
+  /// another service or stays on the device. `orrelo-devservice --print-cpp` prints it filled in.
   DevelopmentService developmentService = {};
 };
 
@@ -111,7 +111,9 @@ struct ORRELO_EXPORT Platform {
   static Platform posix(const HostApplication& host = {});
 
   /// Makes `platform` the current one. Call it once, before `Orrelo::initialize` and before other threads use
-  /// the kit; without a call the POSIX defaults are used.
+  /// the kit; without a call the POSIX defaults are used. They also take the place of members that are null,
+  /// except `eventJournal`, `imageCodec` and `displayLink`. What runs already when it is called again keeps
+  /// the former platform.
   static void install(Platform platform);
   static const Platform& current();
 };

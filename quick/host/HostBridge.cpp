@@ -34,6 +34,7 @@ void HostBridge::connectToWindow() {
   layers_->set({}, false);
   if (window_) {
     auto& host = HostWindow::of(*window_);
+    host.didGetHost();
     if (pushesScreens_) host.makeNavigation();
     if (host.navigation()) navigation_ = new NavigationBridge(host.navigation(), this);
     root_ = host.root();

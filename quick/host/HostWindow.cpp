@@ -1,6 +1,6 @@
 #include "quick/host/HostWindow.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "ui/KeyWindow.h"
 
 #include <orrelo/quick/OrreloQuick.h>
@@ -24,7 +24,7 @@ std::vector<std::shared_ptr<ViewController>> chain(const std::shared_ptr<ViewCon
 // Returns whether there is a window; otherwise logs how the host should call the function.
 bool hasWindow(const QQuickWindow* window, std::string_view call) {
   if (window != nullptr) return true;
-  log(LogLevel::ERROR, [call] {
+  explain(ExplanationLevel::error, [call] {
     return std::string(call) +
            " was given no window, and nothing will be seen: call it after the QML file has loaded, with its "
            "QQuickWindow.";
@@ -52,10 +52,21 @@ HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {
   });
   if (window.isActive() || !keyWindowRootViewController()) setKeyWindowRootViewController(root());
   if (window.isVisible()) appear();
+  subscriptions_.follow(screen_->presentedChanges(), [this] { explainMissingHost(); });
 }
 
 HostWindow::~HostWindow() {
   disappear();
+}
+
+void HostWindow::explainMissingHost() const {
+  if (hasHost_ || !screen_->presentedViewController()) return;
+  explain(ExplanationLevel::error, [this] {
+    return std::string(screen_->presentedViewController()->kind()) +
+           " is shown in a window without an OrreloHost, so that nothing is seen: wrap the window's content "
+           "in an "
+           "OrreloHost (import Orrelo).";
+  });
 }
 
 void HostWindow::makeNavigation() {
@@ -92,8 +103,14 @@ bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen
 }
 
 bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
-  if (!hasWindow(window, "push") || !screen) return false;
+  if (!hasWindow(window, "push")) return false;
   const auto& navigation = HostWindow::of(*window).navigation();
+  if (!navigation) {
+    explain(ExplanationLevel::error,
+            "push shows nothing, since the window has no OrreloHost that pushes screens: set its "
+            "pushesScreens, or "
+            "call present.");
+  }
   if (navigation) navigation->pushViewController(screen, animated);
   return navigation != nullptr;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quick/bridge/Subscriptions.h"
 #include "ui/NavigationController.h"
 
 #include <QObject>
@@ -22,6 +23,8 @@ class HostWindow final : public QObject {
   /// The container of all screens that are not presented: the stack, or `screen` if there is none.
   std::shared_ptr<ViewController> root() const { return screen_->root(); }
 
+  /// Called by the OrreloHost that draws the window's screens.
+  void didGetHost() { hasHost_ = true; }
   /// Gives the window a stack, which cannot be removed again.
   void makeNavigation();
 
@@ -32,9 +35,12 @@ class HostWindow final : public QObject {
   /// ignore the call.
   void appear();
   void disappear();
+  void explainMissingHost() const;
 
   std::shared_ptr<HostViewController> screen_ = std::make_shared<HostViewController>();
   std::shared_ptr<NavigationController> navigation_;
+  bool hasHost_ = false;
+  Subscriptions subscriptions_;
 };
 
 }  // namespace orrelo::quick

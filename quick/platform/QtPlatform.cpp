@@ -1,4 +1,4 @@
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "base/preconditionFailure.h"
 #include "platform/threads/KitThread.h"
 #include "quick/platform/MotionSetting.h"
@@ -30,7 +30,7 @@ PosixApplication::UrlOpener urlOpener(std::vector<std::string> schemes) {
   const auto open = [](const Url& url) {
     if (QDesktopServices::openUrl(QUrl(QString::fromStdString(url.text())))) return;
     // Only the scheme, since the rest may be the user's own text.
-    log(LogLevel::WARNING, [&] {
+    explain(ExplanationLevel::warning, [&] {
       return "This machine has no program for URLs with the scheme \"" + std::string(url.scheme()) + "\"";
     });
   };

@@ -1,6 +1,8 @@
 #include "base/Json.h"
 
 #include "base/Error.h"
+#include "base/explain.h"
+#include "base/jsonPointer.h"
 
 #include <algorithm>
 #include <bit>
@@ -23,14 +25,20 @@ Node node(JsonHandle handle) {
   return std::bit_cast<Node>(handle);
 }
 
-[[noreturn]] void mismatch(std::string_view key, std::string_view wanted) {
-  throw makeError(DecodingError::typeMismatch,
-                  "\"" + std::string(key) + "\" is not " + std::string(wanted) + ".");
+// The key, or the whole place in the document if somebody reads why a part of it is left out.
+std::string nameOf(const JsonObject& object, std::string_view key) {
+  std::string name = "\"";
+  if (isExplained(ExplanationLevel::warning)) name += jsonPointer(object) + "/";
+  return name.append(key).append("\"");
 }
 
-template <class T>
-T required(std::optional<T> value, std::string_view key, std::string_view wanted) {
-  if (!value) mismatch(key, wanted);
+std::string nameOf(const JsonValue& value) {
+  return isExplained(ExplanationLevel::warning) ? "\"" + jsonPointer(value) + "\"" : "\"value\"";
+}
+
+template <class T, class Name>
+T required(std::optional<T> value, const Name& name, std::string_view wanted) {
+  if (!value) throw makeError(DecodingError::typeMismatch, name() + " is not " + std::string(wanted) + ".");
   return *std::move(value);
 }
 
@@ -105,11 +113,13 @@ std::optional<JsonArray> JsonValue::asArray() const {
 }
 
 JsonObject JsonValue::objectValue() const {
-  return required(asObject(), "value", "an object");
+  return required(
+      asObject(), [this] { return nameOf(*this); }, "an object");
 }
 
 JsonArray JsonValue::arrayValue() const {
-  return required(asArray(), "value", "an array");
+  return required(
+      asArray(), [this] { return nameOf(*this); }, "an array");
 }
 
 std::optional<JsonValue> JsonObject::find(std::string_view key) const {
@@ -130,38 +140,44 @@ void JsonObject::each(void (*visit)(void*, std::string_view, const JsonValue&), 
 JsonValue JsonObject::require(std::string_view key) const {
   const auto value = find(key);
   if (!value) {
-    throw makeError(DecodingError::keyNotFound, "No value associated with key \"" + std::string(key) + "\".");
+    throw makeError(DecodingError::keyNotFound, "No value associated with key " + nameOf(*this, key) + ".");
   }
   if (value->isNull()) {
-    throw makeError(DecodingError::valueNotFound, "\"" + std::string(key) + "\" is null.");
+    throw makeError(DecodingError::valueNotFound, nameOf(*this, key) + " is null.");
   }
   return *value;
 }
 
 bool JsonObject::boolean(std::string_view key) const {
-  return required(require(key).asBoolean(), key, "a boolean");
+  return required(
+      require(key).asBoolean(), [&] { return nameOf(*this, key); }, "a boolean");
 }
 
 std::int64_t JsonObject::integer(std::string_view key) const {
-  return required(require(key).asInteger(), key, "an integer");
+  return required(
+      require(key).asInteger(), [&] { return nameOf(*this, key); }, "an integer");
 }
 
 std::string JsonObject::text(std::string_view key) const {
-  return std::string(required(require(key).asText(), key, "a text"));
+  return std::string(required(
+      require(key).asText(), [&] { return nameOf(*this, key); }, "a text"));
 }
 
 JsonObject JsonObject::object(std::string_view key) const {
-  return required(require(key).asObject(), key, "an object");
+  return required(
+      require(key).asObject(), [&] { return nameOf(*this, key); }, "an object");
 }
 
 JsonArray JsonObject::array(std::string_view key) const {
-  return required(require(key).asArray(), key, "an array");
+  return required(
+      require(key).asArray(), [&] { return nameOf(*this, key); }, "an array");
 }
 
 std::optional<std::string> JsonObject::optionalText(std::string_view key) const {
   const auto value = find(key);
   if (!value || value->isNull()) return std::nullopt;
-  return std::string(required(value->asText(), key, "a text"));
+  return std::string(required(
+      value->asText(), [&] { return nameOf(*this, key); }, "a text"));
 }
 
 std::size_t JsonArray::size() const {

@@ -1,5 +1,8 @@
 #include "base/JsonFields.h"
 
+#include "base/explain.h"
+#include "base/jsonPointer.h"
+
 #include <algorithm>
 
 namespace orrelo {
@@ -13,6 +16,13 @@ bool isTrueText(std::string_view text) {
 }
 
 }  // namespace
+
+void explainLeftOut(const JsonValue& value, const Error& why) {
+  explain(ExplanationLevel::warning, [&] {
+    return "A reply's " + jsonPointer(value) +
+           " is left out, as if the service had not sent it: " + why.localizedDescription();
+  });
+}
 
 std::vector<std::string> textsOf(const JsonObject& json, std::string_view key) {
   const auto array = json.array(key);
@@ -36,7 +46,9 @@ bool flexibleBoolean(const JsonObject& json, std::string_view key) {
 
 std::optional<std::string> tolerantText(const JsonObject& json, std::string_view key) {
   const auto value = json.find(key);
-  const auto text = value ? value->asText() : std::nullopt;
+  if (!value || value->isNull()) return std::nullopt;
+  const auto text = value->asText();
+  if (!text) explainLeftOut(*value, makeError(DecodingError::typeMismatch, "it is not a text."));
   return text ? std::optional(std::string(*text)) : std::nullopt;
 }
 

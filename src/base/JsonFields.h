@@ -11,6 +11,9 @@
 
 namespace orrelo {
 
+/// Explains that a value of a reply is left out, by its place.
+void explainLeftOut(const JsonValue& value, const Error& why);
+
 /// A required array of texts. Throws a DecodingError.
 std::vector<std::string> textsOf(const JsonObject& json, std::string_view key);
 
@@ -38,11 +41,11 @@ template <class Decode>
 auto tolerantRecord(const JsonObject& json, std::string_view key, Decode decode)
     -> std::optional<std::invoke_result_t<Decode&, const JsonObject&>> {
   const auto value = json.find(key);
-  const auto object = value ? value->asObject() : std::nullopt;
-  if (!object) return std::nullopt;
+  if (!value || value->isNull()) return std::nullopt;
   try {
-    return decode(*object);
-  } catch (const Error&) {
+    return decode(value->objectValue());
+  } catch (const Error& error) {
+    explainLeftOut(*value, error);
     return std::nullopt;
   }
 }

@@ -1,5 +1,6 @@
 #include "config/ConfigRepository.h"
 
+#include "base/explain.h"
 #include "reactive/Observable.h"
 
 #include <chrono>
@@ -53,7 +54,17 @@ reactive::Observable<Config> ConfigRepositoryImpl::fetch() {
                           .doOn({.onNext = [weak = weak_from_this()](const Config& config) {
                             if (const auto self = weak.lock()) self->save(config);
                           }});
-  return remote.catchAndReturn(localDataSource_.load().value_or(Config::defaults()));
+  const auto local = localDataSource_.load();
+  return remote
+      .doOn({.onError =
+                 [isKnown = local.has_value()](const Error& error) {
+                   explain(ExplanationLevel::warning, [&] {
+                     return "The service's configuration could not be fetched: " + error.description() +
+                            (isKnown ? ". The last one that came is used."
+                                     : ". None is known yet: events are dropped, and screens are empty.");
+                   });
+                 }})
+      .catchAndReturn(local.value_or(Config::defaults()));
 }
 
 void ConfigRepositoryImpl::save(const Config& config) {

@@ -1,6 +1,6 @@
 #include "events/EventDao.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "base/preconditionFailure.h"
 #include "reactive/Observable.h"
 
@@ -38,7 +38,8 @@ Observable<Unit> batchDelete(Start start) {
       const auto* const failure = std::get_if<Error>(&result);
       if (failure == nullptr) return completion(Unit{});
       if (isStoreRefusal(*failure)) return completion(*failure);
-      log(LogLevel::WARNING, [&] { return "The event store deleted nothing: " + failure->description(); });
+      explain(ExplanationLevel::warning,
+              [&] { return "The event store deleted nothing: " + failure->description(); });
       completion(makeError(CoreDataError::invalidArgument, "batch delete result does not have objectIds"));
     });
   });
@@ -102,7 +103,16 @@ Observable<Unit> EventDao::remove(const std::vector<Event>& events) const {
 
 Observable<Unit> EventDao::removeUpTo(Date date) const {
   return batchDelete([database = database_, time = mapper_.toStoredTime(date)](auto completion) {
-    database->deleteRowsUpTo(time, std::move(completion));
+    database->deleteRowsUpTo(time, [database, completion](const std::variant<std::size_t, Error>& result) {
+      const auto* const count = std::get_if<std::size_t>(&result);
+      if (count != nullptr && *count > 0) {
+        explain(ExplanationLevel::warning, [&] {
+          return std::to_string(*count) + " events are dropped from " + database->location() +
+                 ": they could not be sent within a day.";
+        });
+      }
+      completion(result);
+    });
   });
 }
 

@@ -13,6 +13,11 @@
 namespace orrelo {
 namespace {
 
+std::optional<DropReason> reasonToDrop(const Config& config) {
+  if (config.sdkEnable) return std::nullopt;
+  return config == Config::defaults() ? DropReason::unconfigured : DropReason::disabled;
+}
+
 bool isOfHost(const AcceptedEvent& accepted) {
   return EventRecord::origin(accepted.record.view()) != EventOrigin::kit;
 }
@@ -37,7 +42,9 @@ EventGate::EventGate(FlushWaiters& waiters, UnwrittenEvents& unwritten)
       ofKit_(
           [](const Event& event, bool mayBeStored, auto completion) {
             const auto insight = KelsoInsight::instance();
-            insight ? insight->save(event, mayBeStored, std::move(completion)) : completion(std::nullopt);
+            if (insight) return insight->save(event, mayBeStored, std::move(completion));
+            explainDroppedEvent(event.eventName, DropReason::homeless);
+            completion(std::nullopt);
           },
           [this](const EventPlace& place) {
             settle({&place, 1});
@@ -55,7 +62,7 @@ void EventGate::connect(Destination destination) {
   }
   if (former) former->disposeBag.dispose();
   for (auto& [number, group] : questions) {
-    group.front().isAdopted ? ask(std::move(group)) : settle(group);
+    group.front().isAdopted ? ask(std::move(group)) : drop(group, DropReason::replaced);
   }
 }
 
@@ -83,10 +90,10 @@ void EventGate::enter(Group group) {
 
 void EventGate::ask(Group group) {
   const auto asked = connection();
-  if (!asked) return settle(group);
+  if (!asked) return drop(group, DropReason::homeless);
   auto& fetchConfigUseCase = *asked->destination.fetchConfigUseCase;
   if (const auto config = fetchConfigUseCase.freshConfig())
-    return finish(std::move(group), config->sdkEnable);
+    return finish(std::move(group), reasonToDrop(*config));
 
   std::size_t question = 0;
   {
@@ -99,13 +106,14 @@ void EventGate::ask(Group group) {
     questions_.emplace(question, std::move(group));
   }
   fetchConfigUseCase.fetch()
-      .subscribe({.onNext = [this, question](const Config& config) { answer(question, config.sdkEnable); },
-                  .onError = [this, question](const Error&) { answer(question, false); },
-                  .onCompleted = [this, question] { answer(question, false); }})
+      .subscribe(
+          {.onNext = [this, question](const Config& config) { answer(question, reasonToDrop(config)); },
+           .onError = [this, question](const Error&) { answer(question, DropReason::unconfigured); },
+           .onCompleted = [this, question] { answer(question, DropReason::unconfigured); }})
       .disposedBy(asked->disposeBag);
 }
 
-void EventGate::answer(std::size_t question, bool mayStore) {
+void EventGate::answer(std::size_t question, std::optional<DropReason> reason) {
   Group group;
   {
     const std::lock_guard lock(mutex_);
@@ -114,11 +122,11 @@ void EventGate::answer(std::size_t question, bool mayStore) {
     group = std::move(found->second);
     questions_.erase(found);
   }
-  finish(std::move(group), mayStore);
+  finish(std::move(group), reason);
 }
 
-void EventGate::finish(Group group, bool mayStore) {
-  mayStore ? ofHost_.store(std::move(group)) : settle(group);
+void EventGate::finish(Group group, std::optional<DropReason> reason) {
+  reason ? drop(group, *reason) : ofHost_.store(std::move(group));
 }
 
 void EventGate::restart() {
@@ -128,13 +136,17 @@ void EventGate::restart() {
 
 void EventGate::save(const Event& event, bool mayBeStored, EventPipeline::SaveCompletion completion) const {
   const auto current = connection();
-  if (!current) return completion(std::nullopt);
-  current->destination.saveEventUseCase.save(event, mayBeStored, std::move(completion));
+  if (current) return current->destination.saveEventUseCase.save(event, mayBeStored, std::move(completion));
+  explainDroppedEvent(event.eventName, DropReason::homeless);
+  completion(std::nullopt);
 }
 
-void EventGate::settle(std::span<const AcceptedEvent> events) {
+void EventGate::drop(const Group& group, DropReason reason) {
   std::vector<EventPlace> places;
-  for (const auto& event : events) places.push_back(event.place);
+  for (const auto& accepted : group) {
+    explainDroppedEvent(accepted.record, reason);
+    places.push_back(accepted.place);
+  }
   settle(places);
 }
 

@@ -2,6 +2,7 @@
 
 #include "config/FetchConfigUseCase.h"
 #include "events/AcceptedEvent.h"
+#include "events/DroppedEvent.h"
 #include "events/SaveEventUseCase.h"
 #include "events/StoreQueue.h"
 #include "events/UnwrittenEvents.h"
@@ -51,10 +52,11 @@ class EventGate {
 
   std::shared_ptr<Connection> connection() const;
   void ask(Group group);
-  void answer(std::size_t question, bool mayStore);
-  void finish(Group group, bool mayStore);
+  void answer(std::size_t question, std::optional<DropReason> reason);
+  /// Stores the events, or drops them for the reason.
+  void finish(Group group, std::optional<DropReason> reason);
+  void drop(const Group& group, DropReason reason);
   void save(const Event& event, bool mayBeStored, EventPipeline::SaveCompletion completion) const;
-  void settle(std::span<const AcceptedEvent> events);
   void settle(std::span<const EventPlace> places);
 
   FlushWaiters& waiters_;

@@ -1,6 +1,7 @@
 #include "events/EventIntake.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
+#include "events/DroppedEvent.h"
 #include "events/FlushWaiters.h"
 #include "events/UnwrittenEvents.h"
 #include "model/UserManager.h"
@@ -66,7 +67,8 @@ EventIntake::EventIntake() : state_(*new State) {}
 
 void EventIntake::connect(Destination destination) {
   if (!state_.owner.claim()) {
-    log(LogLevel::ERROR,
+    explain(
+        ExplanationLevel::error,
         "Orrelo.initialize() was called before this process was forked. Its events are left to the journal; "
         "call it in the child alone to send them from there.");
     return;
@@ -90,7 +92,9 @@ void EventIntake::connect(Destination destination) {
 }
 
 void EventIntake::accept(std::string_view name, EventValues&& values) {
-  if (!state_.owner.isParent() && state_.gate.isDisabled()) return;
+  if (!state_.owner.isParent() && state_.gate.isDisabled()) {
+    return explainDroppedEvent(name, DropReason::disabled);
+  }
   const auto& platform = Platform::current();
   accept(EventRecord::encode(platform.random->uuid(), platform.clock->now(), currentUserId(), name, values),
          std::move(values));
@@ -110,15 +114,15 @@ void EventIntake::accept(EventJournal::Record record, EventValues&& values) {
   const auto* const refusal = std::get_if<EventJournal::Refusal>(&appended);
   if (state_.owner.isParent()) {
     // Neither the locks nor the threads of the parent can be used; its next launch or tick adopts the record.
-    if (refusal != nullptr) {
-      log(LogLevel::ERROR, "The journal of a forked process refuses an event, which is lost.");
-    }
+    if (refusal != nullptr) explainDroppedEvent(record, DropReason::refused);
     return;
   }
   EventPlace place;
   if (refusal != nullptr) {
     place.reservedSize = record.size();
-    if (!state_.unwritten.reserve(place.reservedSize, *refusal)) return;
+    if (!state_.unwritten.reserve(place.reservedSize, *refusal)) {
+      return explainDroppedEvent(record, DropReason::refused);
+    }
   } else {
     place.position = std::get<EventJournal::Position>(appended);
     state_.unwritten.journalHasAccepted();

@@ -1,5 +1,6 @@
 #include "events/EventPipeline.h"
 
+#include "base/explain.h"
 #include "events/RefusalWait.h"
 #include "reactive/Observable.h"
 
@@ -56,10 +57,20 @@ void EventPipeline::start() {
       .subscribe({.onNext = [onSent = options_.onSent](const EventBatch& events) { onSent(*events); },
                   .onError =
                       [weak, onEnded = options_.onEnded](const Error& error) {
-                        if (const auto self = weak.lock()) self->stop();
+                        if (const auto self = weak.lock()) self->end(error);
                         onEnded(error);
                       }})
       .disposedBy(disposeBag_);
+}
+
+void EventPipeline::end(const Error& error) {
+  explain(ExplanationLevel::error, [&] {
+    return "Sending the events of " + dao_.location() +
+           " has ended after a second failure: " + error.description() +
+           ". New events are stored; all are sent after the next start of the process or the next "
+           "Orrelo::initialize, if they are not a day old by then.";
+  });
+  stop();
 }
 
 void EventPipeline::stop() {

@@ -64,6 +64,7 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
   EventPipeline(EventDao dao, Options options);
 
   void start();
+  void end(const Error& error);
   /// Acquires the right to send, unless it is already held. Emits nothing if another owner holds it.
   reactive::Observable<reactive::Unit> acquireSending();
   reactive::Observable<reactive::Unit> acceptSending(const std::shared_ptr<const void>& lock);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "reactive/Observable.h"
 
 #include <orrelo/platform/EventDatabase.h>
@@ -43,8 +43,8 @@ class RefusalWait final : public reactive::Cancelable, public std::enable_shared
   void failed(const Error& error) {
     if (!isStoreRefusal(error)) return observer_.onError(error);
     if (pause_ == firstPause) {
-      log(LogLevel::WARNING,
-          [&] { return describe_() + " fails for now and is tried again: " + error.description(); });
+      explain(ExplanationLevel::warning,
+              [&] { return describe_() + " fails for now and is tried again: " + error.description(); });
     }
     scheduler_->scheduleAfter(pause_, [weak = this->weak_from_this()] {
       const auto self = weak.lock();

@@ -1,6 +1,7 @@
 #include "events/StoreQueue.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
+#include "events/DroppedEvent.h"
 #include "events/EventRecord.h"
 
 #include <orrelo/Platform.h>
@@ -53,8 +54,10 @@ void StoreQueue::insert(AcceptedEvent event) {
 
 void StoreQueue::save(const AcceptedEvent& event, const std::shared_ptr<const void>& part) {
   const auto content = EventRecord::decode(event.record.view());
-  if (!content) log(LogLevel::ERROR, "A record of the journal is no event and is dropped.");
-  if (!content || isTooOld(content->event)) return settle_(event.place);
+  if (!content || isTooOld(content->event)) {
+    explainDroppedEvent(event.record, content ? DropReason::tooOld : DropReason::unreadable);
+    return settle_(event.place);
+  }
   save_(content->event, event.mayBeStored, [this, event, part](const std::optional<Error>& failure) {
     failure ? onRefused(event, *failure) : settle_(event.place);
   });
@@ -71,9 +74,10 @@ void StoreQueue::onRefused(AcceptedEvent event, const Error& failure) {
     if (!std::exchange(isRunning_, true)) run = ++run_;
   }
   if (isFirst) {
-    log(LogLevel::WARNING, [&] {
+    explain(ExplanationLevel::warning, [&] {
       return "A store refuses events for now: " + failure.description() +
-             ". They are kept, and tried again with growing pauses for a day.";
+             ". They are kept, and tried again with growing pauses for a day. Free the disk, or end the "
+             "program that holds the file.";
     });
   }
   if (run > 0) endPart(run);

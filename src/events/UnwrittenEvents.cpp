@@ -1,6 +1,6 @@
 #include "events/UnwrittenEvents.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 
 #include <orrelo/Platform.h>
 
@@ -35,12 +35,8 @@ bool UnwrittenEvents::reserve(std::size_t size, EventJournal::Refusal refusal) {
     isNew = std::exchange(reported_, refusal) != refusal;
     hasReported_ = true;
   }
-  if (!hasRoom) {
-    log(LogLevel::ERROR, [&] {
-      return reasonOf(refusal) + ", and the events that wait in memory take 16 MiB: the event is refused.";
-    });
-  } else if (isNew) {
-    log(LogLevel::WARNING, [&] {
+  if (hasRoom && isNew) {
+    explain(ExplanationLevel::warning, [&] {
       return reasonOf(refusal) +
              ": events wait in memory alone until they are stored. A process that is killed "
              "before that loses them.";

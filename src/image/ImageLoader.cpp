@@ -3,6 +3,7 @@
 #include "base/Ascii.h"
 #include "base/Logger.h"
 #include "base/Utf8.h"
+#include "base/explain.h"
 #include "image/gif/GifLoad.h"
 #include "image/gif/GifPlaybackManager.h"
 
@@ -49,6 +50,10 @@ bool ImageLoader::load(std::string_view urlString, const std::shared_ptr<ImageTa
   const auto url = Url::parse(urlEncoded(urlString));
   if (!url) {
     log(LogLevel::WARNING, [&] { return "ImageLoader: " + std::string(urlString) + " is not valid URL"; });
+    explain(ExplanationLevel::warning, [&] {
+      return "A picture is not shown, since \"" + std::string(urlString) +
+             "\" is no URL: mend it in the service.";
+    });
     return false;
   }
   if (pathExtension(*url) == "gif") {

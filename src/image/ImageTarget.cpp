@@ -1,5 +1,6 @@
 #include "image/ImageTarget.h"
 
+#include "image/explainPicture.h"
 #include "image/gif/GifPlayback.h"
 
 #include <utility>
@@ -60,6 +61,7 @@ std::optional<DownloadTask<ImagePtr>> ImageLoad::setImage(const std::shared_ptr<
                                        }
                                        if (image != nullptr && target && target->currentUrl_ == url)
                                          target->setImage(*image);
+                                       if (image == nullptr) explainPicture(*url, std::get<Error>(result));
                                        if (completion) completion(result);
                                      });
   // The completion may already have run and started another load.

@@ -1,5 +1,6 @@
 #include "inappmessage/InAppMessageNavigator.h"
 
+#include "base/explain.h"
 #include "reactive/Combining.h"
 #include "reactive/Observable.h"
 #include "ui/followOnMain.h"
@@ -37,8 +38,13 @@ InAppMessageNavigator::InAppMessageNavigator(
 
 void InAppMessageNavigator::show(const std::shared_ptr<ViewController>& viewController,
                                  const std::string& userId) {
-  const auto messages = fetchInAppMessagesUseCase_->fetch(userId).filter(
-      [](const Messages& fetched) { return !fetched.empty(); });
+  const auto messages = fetchInAppMessagesUseCase_->fetch(userId).filter([](const Messages& fetched) {
+    if (fetched.empty()) {
+      explain(ExplanationLevel::info,
+              "showInAppMessage shows nothing, since the service has no messages for this user.");
+    }
+    return !fetched.empty();
+  });
   const std::weak_ptr<ViewController> from = viewController;
   followOnMain(
       reactive::zip(messages, fetchConfigUseCase_->fetch()), shared_from_this(), disposeBag_,
@@ -48,7 +54,12 @@ void InAppMessageNavigator::show(const std::shared_ptr<ViewController>& viewCont
           presenting->present(self.inAppMessageviewControllerFactory_->make(fetched, config), true);
         }
       },
-      [](InAppMessageNavigator&, const Error&) {},  // a failed fetch deliberately leaves no trace
+      [](InAppMessageNavigator&, const Error& error) {  // the user sees nothing of a failed fetch
+        explain(ExplanationLevel::warning, [&] {
+          return "showInAppMessage shows nothing, since the messages could not be fetched: " +
+                 error.description() + '.';
+        });
+      },
       {concurrentScheduler_, mainScheduler_});
 }
 

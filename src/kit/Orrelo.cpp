@@ -1,5 +1,6 @@
 #include "base/Logger.h"
 #include "base/Utf8.h"
+#include "base/explain.h"
 #include "campaign/ItunesAPIService.h"
 #include "events/EventIntake.h"
 #include "events/EventValueDescription.h"
@@ -7,6 +8,7 @@
 #include "events/OLSEventMapper.h"
 #include "kit/BIEventComponent.h"
 #include "kit/InitializedOrrelo.h"
+#include "kit/explainStart.h"
 #include "model/Delegates.h"
 #include "model/UserManager.h"
 #include "navigation/HomeViewController.h"
@@ -21,6 +23,7 @@
 #include <orrelo/platform/EventJournal.h>
 #include <orrelo/platform/URLSession.h>
 
+#include <algorithm>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -47,6 +50,21 @@ std::string hexText(const std::vector<std::byte>& bytes) {
   return text;
 }
 
+// A longer time cannot be added to the clock's.
+std::chrono::milliseconds clamped(std::chrono::milliseconds timeout) {
+  constexpr std::chrono::milliseconds longest = std::chrono::hours(24 * 365);
+  return std::clamp(timeout, std::chrono::milliseconds(0), longest);
+}
+
+void explainWrongThread(std::string_view operation) {
+  if (Platform::current().mainLoop->isCurrent()) return;
+  explain(ExplanationLevel::error, [operation] {
+    return std::string(operation) +
+           " is called on a thread that does not run the main loop, and its screen may "
+           "fail at any time: call it on the main thread, from a task of the main loop.";
+  });
+}
+
 std::shared_ptr<ViewController> makeErrorScreen() {
   // This text deliberately differs from the text of an error.
   return std::make_shared<ErrorViewController>("잠시 후 다시 시도해주세요.");
@@ -59,6 +77,7 @@ void Orrelo::initialize(const ORLConfig& config) {
   platform.userDefaults->refresh();
   const auto mutator = KelsoMutator::current();
   const auto serviceUrl = mutator.serviceUrl();
+  explainStart(config, mutator);
   if (const auto file = mutator.certificateFile()) platform.urlSession->trust(serviceUrl, *file);
   const auto baseUrl = serviceUrl + "/orreloservice/";
 
@@ -71,6 +90,12 @@ void Orrelo::initialize(const ORLConfig& config) {
   // Concurrent calls must not leave the parts of different trees.
   static auto* const mutex = new std::mutex;
   const std::lock_guard lock(*mutex);
+  if (InitializedOrrelo::current()) {
+    explain(ExplanationLevel::warning,
+            "Orrelo::initialize is called again: the former kit stops sending, and the new one takes over "
+            "what is "
+            "stored. Call it once, unless the application key changes.");
+  }
   InitializedOrrelo::makeCurrent(std::make_shared<InitializedOrrelo>(std::move(component)));
   RunningKit::makeCurrent(runningKit);
   KelsoInsight::makeCurrent(
@@ -109,11 +134,12 @@ void Orrelo::sendEvent(std::string_view name, EventValues values) {
 }
 
 bool Orrelo::flush(std::chrono::milliseconds timeout) {
-  return EventIntake::shared().flush(timeout);
+  return EventIntake::shared().flush(clamped(timeout));
 }
 
 void Orrelo::flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion) {
-  EventIntake::shared().flush(timeout, std::move(completion));
+  if (!completion) completion = [](bool) {};
+  EventIntake::shared().flush(clamped(timeout), std::move(completion));
 }
 
 void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {
@@ -121,6 +147,7 @@ void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {
 }
 
 std::shared_ptr<ViewController> Orrelo::getHomeViewController() {
+  explainWrongThread("getHomeViewController");
   return HomeViewController::create();
 }
 
@@ -129,12 +156,14 @@ void Orrelo::showCampaign(std::string_view id, const std::shared_ptr<ViewControl
 }
 
 std::shared_ptr<ViewController> Orrelo::getCampaignViewController(std::string_view id) {
+  explainWrongThread("getCampaignViewController");
   if (!RunningKit::isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
   return campaignViewControllerFactory()->make(std::string(id));
 }
 
 void Orrelo::showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with) {
   if (!RunningKit::isInitialized("showCampaign(by:with:)")) return;
+  explainMissingScreen(with, "showCampaign");
   onMain(*Platform::current().mainLoop, [type, with] {
     const auto screen = campaignViewControllerFactory()->make(type);
     screen->modalPresentationStyle = ModalPresentationStyle::fullScreen;
@@ -143,6 +172,7 @@ void Orrelo::showCampaign(ORLCampaignType type, const std::shared_ptr<ViewContro
 }
 
 std::shared_ptr<ViewController> Orrelo::getCampaignViewController(ORLCampaignType type) {
+  explainWrongThread("getCampaignViewController");
   if (!RunningKit::isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
   const auto screen = campaignViewControllerFactory()->make(type);
   screen->modalPresentationStyle = ModalPresentationStyle::fullScreen;
@@ -151,6 +181,7 @@ std::shared_ptr<ViewController> Orrelo::getCampaignViewController(ORLCampaignTyp
 
 void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>& with) {
   if (!RunningKit::isInitialized("showNaverPayExchange(with:)")) return;
+  explainMissingScreen(with, "showNaverPayExchange");
   onMain(*Platform::current().mainLoop, [with] {
     InitializedOrrelo::current()->component->externalPointComponent().router->route(
         with, [] { log(LogLevel::DEBUG, "Route to NaverPay Exchanage success"); },
@@ -170,7 +201,15 @@ void Orrelo::showInAppMessage(const std::shared_ptr<ViewController>& with) {
   if (!RunningKit::isInitialized("showInAppMessage(with:)")) return;
   const auto navigator = InitializedOrrelo::current()->component->inAppMessageComponent().navigator;
   const auto userId = currentUserId();
-  if (!userId || navigator->skipTimeCheckService->hasSkippedToday()) return;
+  explainMissingScreen(with, "showInAppMessage");
+  if (!userId) {
+    return explain(ExplanationLevel::warning,
+                   "showInAppMessage shows nothing, since nobody is signed in: call Orrelo::setUser first.");
+  }
+  if (navigator->skipTimeCheckService->hasSkippedToday()) {
+    return explain(ExplanationLevel::info,
+                   "showInAppMessage shows nothing, since the user has declined messages for today.");
+  }
   onMain(*Platform::current().mainLoop,
          [navigator, with, userId = *userId] { navigator->show(with, userId); });
 }

@@ -1,5 +1,6 @@
 #include "base/Error.h"
 #include "base/Json.h"
+#include "kit/eventDictionary.h"
 
 #include <orrelo/Orrelo.h>
 #include <orrelo/OrreloWebKit.h>
@@ -16,35 +17,6 @@ using Missing = OrreloWebkitError::RequiredParamterNotSpecified;
 
 // The parser of a thread keeps the memory for bodies up to this size, in bytes.
 constexpr std::size_t usualSize = std::size_t{16} * 1024;
-
-EventValue toEventValue(const JsonValue& json);
-
-EventDictionary toDictionary(const JsonObject& json) {
-  EventDictionary values;
-  // The first of repeated keys is kept, as everywhere in the kit.
-  json.forEach([&](std::string_view key, const JsonValue& value) {
-    if (!values.contains(key)) values.emplace(key, toEventValue(value));
-  });
-  return values;
-}
-
-EventArray toArray(const JsonArray& json) {
-  EventArray values;
-  values.reserve(json.size());
-  json.forEach([&](const JsonValue& value) { values.push_back(toEventValue(value)); });
-  return values;
-}
-
-// The recursion is limited by the parser's maximum depth.
-EventValue toEventValue(const JsonValue& json) {
-  if (const auto text = json.asText()) return *text;
-  if (const auto integer = json.asInteger()) return *integer;
-  if (const auto number = json.asNumber()) return *number;
-  if (const auto boolean = json.asBoolean()) return *boolean;
-  if (const auto object = json.asObject()) return toDictionary(*object);
-  if (const auto array = json.asArray()) return toArray(*array);
-  return nullptr;
-}
 
 std::optional<std::string_view> textAt(const JsonObject& json, std::string_view key) {
   const auto value = json.find(key);
@@ -81,7 +53,7 @@ Result sendEvent(const JsonObject& parameters) {
   const auto name = textAt(parameters, "event_name");
   if (!name) return Missing{"event_name"};
   const auto values = objectAt(parameters, "event_values");
-  Orrelo::sendEvent(*name, values ? toDictionary(*values) : EventValues());
+  Orrelo::sendEvent(*name, values ? eventDictionary(*values) : EventValues());
   return std::nullopt;
 }
 

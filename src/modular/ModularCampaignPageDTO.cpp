@@ -1,6 +1,8 @@
 #include "modular/ModularCampaignPageDTO.h"
 
 #include "base/JsonFields.h"
+#include "base/explain.h"
+#include "base/jsonPointer.h"
 #include "base/preconditionFailure.h"
 #include "modular/ComponentKinds.h"
 #include "modular/content/BlankComponent.h"
@@ -36,7 +38,8 @@ std::map<std::string_view, Queue<Component>> decodeArrays(const JsonObject& json
     try {
       auto components = optionalRecords(json, kind.arrayKey, kind.decode);
       if (components) arrays.emplace(kind.arrayKey, *std::move(components));
-    } catch (const Error&) {
+    } catch (const Error& error) {
+      if (const auto array = json.find(kind.arrayKey)) explainLeftOut(*array, error);
       // The valid elements of the array are dropped too, since their positions in the order are ambiguous
       // now.
     }
@@ -57,6 +60,14 @@ Queue<std::int64_t> decodeBlanks(const JsonObject& json) {
   return Queue(std::move(heights));
 }
 
+void explainMissingBlock(const JsonObject& json, const std::string& name) {
+  if (name == "blank") return;
+  explain(ExplanationLevel::warning, [&] {
+    return "A reply's " + jsonPointer(json) + "/page_config/layout/component_order names \"" + name +
+           "\", of which there is no block that this version can show: nothing stands in its place.";
+  });
+}
+
 std::vector<Component> ordered(const JsonObject& json, const std::vector<std::string>& order) {
   auto blanks =
       decodeBlanks(json);  // first, since this may reject the page, while a wheel may stop the process
@@ -73,8 +84,17 @@ std::vector<Component> ordered(const JsonObject& json, const std::vector<std::st
         preconditionFailure("\"component_order\" names more blocks than \"" + name + "\" holds");
       }
       components.push_back(array->second.take());
+    } else {
+      explainMissingBlock(json, name);
     }
     appendBlank();
+  }
+  for (const auto& [name, array] : arrays) {
+    if (array.isEmpty()) continue;
+    explain(ExplanationLevel::warning, [&] {
+      return "A reply's " + jsonPointer(json) + "/" + std::string(name) +
+             " has blocks that are left out, since \"component_order\" does not name them often enough.";
+    });
   }
   return components;
 }

@@ -1,5 +1,6 @@
 #include "navigation/CampaignNavigatorImpl.h"
 
+#include "base/explain.h"
 #include "navigation/HomeViewController.h"
 #include "reactive/Combining.h"
 #include "ui/followOnMain.h"
@@ -54,7 +55,11 @@ void CampaignNavigatorImpl::showHome(const std::shared_ptr<ViewController>& with
                                      const std::optional<std::string>& userId) {
   if (!with) return;
   // Both texts deliberately differ from those of `errorText`.
-  if (!userId) return showError("로그인 후 다시 시도해주세요.", with);
+  if (!userId) {
+    explain(ExplanationLevel::warning,
+            "Home asks the user to sign in, since there is no user: call Orrelo::setUser first.");
+    return showError("로그인 후 다시 시도해주세요.", with);
+  }
   const auto destination =
       reactive::zip(fetchCampaignsUseCase_.fetch(*userId), fetchConfigUseCase_->fetch().map(&hasPlugin))
           .map(&onlyCampaign);
@@ -65,7 +70,11 @@ void CampaignNavigatorImpl::showHome(const std::shared_ptr<ViewController>& with
         const auto& factory = *self.campaignViewControllerFactory_;
         showScreen(campaign ? factory.make(*campaign) : HomeViewController::create(), from.lock());
       },
-      [from](CampaignNavigatorImpl&, const Error&) { showError("잠시 후 다시 시도해주세요.", from.lock()); },
+      [from](CampaignNavigatorImpl&, const Error& error) {
+        explain(ExplanationLevel::warning,
+                [&] { return "Home could not be loaded and shows an error: " + error.description() + '.'; });
+        showError("잠시 후 다시 시도해주세요.", from.lock());
+      },
       {concurrentScheduler_, mainScheduler_});
 }
 

@@ -1,6 +1,7 @@
 #include "navigation/ShowPageUseCase.h"
 
 #include "base/Logger.h"
+#include "base/explain.h"
 #include "ui/KeyWindow.h"
 #include "ui/followOnMain.h"
 
@@ -19,8 +20,18 @@ std::optional<Page> pageOf(const Config& config, const std::string& pageId) {
 }
 
 void open(PageRouter& router, const std::string& pageId, const std::optional<Page>& page) {
+  if (!page) {
+    explain(ExplanationLevel::warning, [&] {
+      return "showPage opens nothing, since the service's configuration has no entry \"" + pageId +
+             "\": check the id, and \"entries\" in the configuration.";
+    });
+  }
   if (!page) return log(LogLevel::ERROR, [&] { return "Cannot find pageId: " + pageId; });
   const auto root = keyWindowRootViewController();
+  if (!root) {
+    explain(ExplanationLevel::error,
+            "showPage opens nothing, since there is no window with an OrreloHost: make the window first.");
+  }
   if (!root) return log(LogLevel::ERROR, "Cannot find UIViewController in App while showing Page");
   router.route(root->topmost(), *page);
 }

@@ -1,5 +1,7 @@
 #include "network/HTTPClient.h"
 
+#include "base/explain.h"
+#include "network/explainRequest.h"
 #include "reactive/Observable.h"
 
 #include <orrelo/Platform.h>
@@ -9,21 +11,23 @@
 namespace orrelo {
 
 reactive::Observable<HTTPReply> HTTPClientImpl::run(URLRequest request) {
-  return reactive::create<HTTPReply>([request =
-                                          std::move(request)](reactive::AnyObserver<HTTPReply> observer) {
-    const auto task = Platform::current().urlSession->dataTask(request, [observer](URLSessionResult result) {
-      if (result.error) {
-        observer.onError(*result.error);
-      } else if (result.data && result.response) {
-        observer.onNext({std::move(*result.data), std::move(*result.response)});
-        observer.onCompleted();
-      } else {
-        observer.onError(makeError(NetworkError::nonHttpResponse));
-      }
-    });
-    task->resume();
-    return reactive::Disposables::create([task] { task->cancel(); });
-  });
+  return reactive::create<HTTPReply>(
+      [request = std::move(request)](reactive::AnyObserver<HTTPReply> observer) {
+        const auto task = Platform::current().urlSession->dataTask(
+            request, [observer, method = request.method, url = request.url](URLSessionResult result) {
+              explainResult(method, url, result);
+              if (result.error) {
+                observer.onError(*result.error);
+              } else if (result.data && result.response) {
+                observer.onNext({std::move(*result.data), std::move(*result.response)});
+                observer.onCompleted();
+              } else {
+                observer.onError(makeError(NetworkError::nonHttpResponse));
+              }
+            });
+        task->resume();
+        return reactive::Disposables::create([task] { task->cancel(); });
+      });
 }
 
 reactive::Observable<HTTPReply> requireSuccess(const HTTPReply& reply) {
@@ -36,6 +40,10 @@ reactive::Observable<HTTPReply> send(const URLRequestBuilder& builder, HTTPClien
   try {
     return client.run(builder.build()).flatMap(&requireSuccess);
   } catch (const Error& error) {
+    explain(ExplanationLevel::warning, [&] {
+      return "A request is not sent, since \"" + builder.baseUrl + "\" and \"" + builder.path +
+             "\" do not form a URL: check the application key.";
+    });
     return reactive::error<HTTPReply>(error);
   }
 }

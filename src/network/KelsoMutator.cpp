@@ -26,6 +26,19 @@ bool KelsoMutator::isDevelopment() const {
   return isStatedByHost() || (userDefaults_ && userDefaults_->integer(selectorKey) == development);
 }
 
+std::string_view KelsoMutator::environment() const {
+  switch (userDefaults_ ? userDefaults_->integer(selectorKey).value_or(0) : 0) {
+    case 1:
+      return "staging";
+    case 2:
+      return "staging QA";
+    case development:
+      return "development";
+    default:
+      return "production";
+  }
+}
+
 std::string KelsoMutator::serviceUrl() const {
   if (isDevelopment()) {
     return developmentUrl(isStatedByHost() ? developmentService_.url

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace orrelo {
 
@@ -42,6 +43,8 @@ class ORRELO_EXPORT KelsoMutator {
   bool trusts(const Url& url, const CertificateChain& chain) const;
 
   bool isDevelopment() const;
+  /// "production", "staging", "staging QA" or "development".
+  std::string_view environment() const;
 
  private:
   bool isStatedByHost() const { return !developmentService_.url.empty(); }

@@ -1,4 +1,5 @@
 #include "base/Logger.h"
+#include "base/explain.h"
 #include "platform/http/CurlURLSession.h"
 #include "platform/journal/FileEventJournal.h"
 #include "platform/posix/PosixApplication.h"
@@ -12,9 +13,12 @@
 #include "platform/threads/PosixWorkerPool.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/WorkerPool.h>
 
 #include <atomic>
 #include <mutex>
+#include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -23,6 +27,7 @@ namespace {
 
 std::mutex installMutex;
 std::atomic<const Platform*> installed = nullptr;
+bool hasInstalled = false;  // guarded by the mutex
 
 /// Stores the platform forever, as well as all previous ones: callers may still hold references to them.
 const Platform& keep(Platform platform) {
@@ -30,8 +35,47 @@ const Platform& keep(Platform platform) {
   kept->push_back(std::make_unique<const Platform>(std::move(platform)));
   const auto& current = *kept->back();
   if (current.clock) setLogClock([clock = current.clock] { return clock->now(); });
+  setExplanationExecutor([workers = current.workers](std::function<void()> task) {
+    workers->post(QualityOfService::utility, std::move(task));
+  });
   installed.store(&current, std::memory_order_release);
   return current;
+}
+
+/// Takes what the host has left out from the POSIX defaults, since the kit relies on all members but the last
+/// two. Returns the names of the members.
+std::vector<std::string> complete(Platform& platform) {
+  std::vector<std::string> missing;
+  std::optional<Platform> defaults;
+  const auto take = [&](const char* name, auto Platform::*member) {
+    if (platform.*member) return;
+    if (!defaults) defaults = Platform::posix();
+    platform.*member = (*defaults).*member;
+    missing.emplace_back(name);
+  };
+  take("mainLoop", &Platform::mainLoop);
+  take("workers", &Platform::workers);
+  take("clock", &Platform::clock);
+  take("random", &Platform::random);
+  take("urlSession", &Platform::urlSession);
+  take("userDefaults", &Platform::userDefaults);
+  take("eventDatabases", &Platform::eventDatabases);
+  take("directories", &Platform::directories);
+  take("device", &Platform::device);
+  take("mainBundle", &Platform::mainBundle);
+  take("kitBundle", &Platform::kitBundle);
+  take("application", &Platform::application);
+  return missing;
+}
+
+void explainMissing(const std::vector<std::string>& names) {
+  for (const auto& name : names) {
+    explain(ExplanationLevel::warning, [&name] {
+      return "Platform::install is given no " + name +
+             ", and the POSIX default takes its place: begin with Platform::posix() and replace members of "
+             "it.";
+    });
+  }
 }
 
 }  // namespace
@@ -60,8 +104,22 @@ Platform Platform::posix(const HostApplication& host) {
 }
 
 void Platform::install(Platform platform) {
-  const std::lock_guard lock(installMutex);
-  keep(std::move(platform));
+  explainMissing(complete(platform));
+  bool isFirst = false;
+  bool isLate = false;
+  {
+    const std::lock_guard lock(installMutex);
+    isFirst = installed.load(std::memory_order_relaxed) == nullptr;
+    isLate = !isFirst && !hasInstalled;
+    hasInstalled = true;
+    keep(std::move(platform));
+  }
+  if (isFirst) return;
+  explain(ExplanationLevel::warning, [isLate] {
+    return std::string(isLate ? "Platform::install comes after the first use of the kit"
+                              : "Platform::install is called again") +
+           ": what runs already keeps the former platform. Call it once, before Orrelo::initialize.";
+  });
 }
 
 const Platform& Platform::current() {

@@ -1,6 +1,7 @@
 #include "push/OrreloPush.h"
 
 #include "base/Logger.h"
+#include "base/explain.h"
 #include "platform/threads/onMain.h"
 #include "reactive/Combining.h"
 
@@ -59,6 +60,11 @@ void OrreloPush::startSending() {
                   .onError =
                       [](const Error& error) {
                         log(LogLevel::ERROR, [&] { return "Token save failure: " + error.description(); });
+                        explain(ExplanationLevel::error, [&] {
+                          return "Uploading push tokens has ended: " + error.description() +
+                                 ". It begins again after the next start of the process or the next "
+                                 "Orrelo::initialize.";
+                        });
                       }})
       .disposedBy(disposeBag_);
 }
@@ -75,7 +81,12 @@ void OrreloPush::handle(const EventDictionary& userInfo,
 }
 
 void OrreloPush::open(const EventDictionary& userInfo, std::function<void()> completion) const {
-  if (!userInfo.contains("Orrelo")) return;
+  if (!userInfo.contains("Orrelo")) {
+    return explain(
+        ExplanationLevel::info,
+        "A notification without the key \"Orrelo\" is the host's own: the kit leaves it, and does not "
+        "call its completion.");
+  }
   onMain(*Platform::current().mainLoop,
          [router = router_, page = Page::fromUserInfo(userInfo), completion = std::move(completion)] {
            router->route(page);

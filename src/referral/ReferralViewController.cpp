@@ -1,6 +1,6 @@
 #include "referral/ReferralViewController.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "events/UserEventTracker.h"
 #include "model/UserManager.h"
 #include "ui/followOnMain.h"
@@ -31,7 +31,7 @@ void ReferralViewController::viewDidLoad() {
   const auto self = std::static_pointer_cast<ReferralViewController>(shared_from_this());
   followOnMain(viewModel_->transform(taps(*verificationButton), taps(*authorizationButton)), self,
                disposeBag_, &ReferralViewController::render, [](ReferralViewController&, const Error& error) {
-                 log(LogLevel::ERROR, [&] {
+                 explain(ExplanationLevel::error, [&] {
                    return "A referral code could not be checked, and the screen stops: " +
                           error.localizedDescription();
                  });

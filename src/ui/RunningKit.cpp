@@ -1,6 +1,7 @@
 #include "ui/RunningKit.h"
 
 #include "base/Logger.h"
+#include "base/explain.h"
 #include "model/UserManager.h"
 #include "platform/threads/onMain.h"
 #include "ui/showScreen.h"
@@ -48,11 +49,17 @@ bool RunningKit::isInitialized(std::string_view operation) {
   log(LogLevel::ERROR, [operation] {
     return "Orrelo SDK is not initialized. Call Orrelo.initialize() before " + std::string(operation);
   });
+  explain(ExplanationLevel::error, [operation] {
+    return std::string(operation) +
+           " does nothing, since the kit is not initialized: call Orrelo::initialize " +
+           "first, once and early.";
+  });
   return isSet();  // another thread may have initialized meanwhile
 }
 
 void RunningKit::showCampaign(const std::string& id, const std::shared_ptr<ViewController>& with) {
   if (!isInitialized("showCampaign(by:with:)")) return;
+  explainMissingScreen(with, "showCampaign");
   onMain(*Platform::current().mainLoop, [id, with] {
     if (const auto kit = current()) {
       showScreen(kit->campaignNavigator->campaignViewControllerFactory()->make(id), with);
@@ -62,6 +69,7 @@ void RunningKit::showCampaign(const std::string& id, const std::shared_ptr<ViewC
 
 void RunningKit::showHome(const std::shared_ptr<ViewController>& with) {
   if (!isInitialized("showHome(with:)")) return;
+  explainMissingScreen(with, "showHome");
   onMain(*Platform::current().mainLoop, [with, userId = currentUserId()] {
     if (const auto kit = current()) kit->campaignNavigator->showHome(with, userId);
   });

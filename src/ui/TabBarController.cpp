@@ -1,6 +1,6 @@
 #include "ui/TabBarController.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 
 #include <utility>
 
@@ -31,8 +31,8 @@ std::shared_ptr<ViewController> TabBarController::visibleChild() const {
 void TabBarController::select(std::size_t index) {
   const auto current = state();
   if (index >= current.viewControllers.size()) {
-    return log(LogLevel::WARNING,
-               [index] { return "TabBarController has no screen at " + std::to_string(index); });
+    return explain(ExplanationLevel::warning,
+                   [index] { return "TabBarController has no screen at " + std::to_string(index); });
   }
   if (index == current.selectedIndex) return;
   const auto former = visibleChild();

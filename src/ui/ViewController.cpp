@@ -1,11 +1,18 @@
 #include "ui/ViewController.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "ui/NavigationController.h"
 
 #include <utility>
 
 namespace orrelo {
+namespace {
+
+std::string nameOf(const std::shared_ptr<ViewController>& screen) {
+  return screen ? std::string(screen->kind()) : "a null screen";
+}
+
+}  // namespace
 
 std::shared_ptr<NavigationController> ViewController::navigationController() const {
   for (auto above = parent(); above; above = above->parent()) {
@@ -49,8 +56,9 @@ bool ViewController::present(const std::shared_ptr<ViewController>& screen, bool
 
 bool ViewController::canPresent(const std::shared_ptr<ViewController>& screen) {
   if (!presentedViewController()) return canAdd(screen);
-  log(LogLevel::WARNING, [&] {
-    return std::string(kind()) + " already presents a screen and refuses " + std::string(screen->kind());
+  explain(ExplanationLevel::warning, [&] {
+    return std::string(kind()) + " already presents a screen and refuses " + nameOf(screen) +
+           ": dismiss the former screen first.";
   });
   return false;
 }
@@ -151,9 +159,9 @@ bool ViewController::canAdd(const std::shared_ptr<ViewController>& screen) const
     below = container ? container : below->presentingViewController();
   }
   if (!canAdd) {
-    log(LogLevel::WARNING, [&] {
-      return std::string(kind()) + " refuses " +
-             (screen ? std::string(screen->kind()) + ", which is shown already" : "to show nothing");
+    explain(ExplanationLevel::warning, [&] {
+      return std::string(kind()) + " refuses " + nameOf(screen) +
+             (screen ? ", which is shown already: make a new one for each place." : ": pass a screen.");
     });
   }
   return canAdd;

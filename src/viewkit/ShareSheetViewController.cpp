@@ -1,6 +1,6 @@
 #include "viewkit/ShareSheetViewController.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "ui/KeyWindow.h"
 #include "viewkit/mailtoUrl.h"
 
@@ -11,7 +11,7 @@ namespace orrelo {
 
 void ShareSheetViewController::share(const std::string& text) {
   const auto root = keyWindowRootViewController();
-  if (!root) return log(LogLevel::ERROR, "There is no screen to share a text from");
+  if (!root) return explain(ExplanationLevel::error, "There is no screen to share a text from");
   root->topmost()->present(std::make_shared<ShareSheetViewController>(text), true);
 }
 

@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "base/Json.h"
 #include "base/JsonWriter.h"
+#include "base/jsonPointer.h"
 #include "support/ServiceReplies.h"
 
 #include <cfloat>
@@ -30,6 +31,23 @@ std::string parseCase(std::string_view json) {
 
 std::string nested(std::size_t depth, const std::string& core = "") {
   return std::string(depth, '[') + core + std::string(depth, ']');
+}
+
+TEST(JsonPointerTest, IsThePlaceOfAValueInItsDocument) {
+  JsonParser parser;
+  const auto root = parser.parse(R"({"a":[],"b":{"c/~":[{"x":1},[2,{"y":{}}]]},"z":{"y":1}})");
+  EXPECT_EQ(jsonPointer(root), "");
+  const auto list = root.objectValue().object("b").find("c/~");
+  EXPECT_EQ(jsonPointer(*list), "/b/c~1~0");
+  std::vector<std::string> places;
+  const auto keep = [&](std::string_view, const JsonValue& value) { places.push_back(jsonPointer(value)); };
+  list->arrayValue().forEach([&](const JsonValue& row) {
+    if (row.asObject()) return row.objectValue().forEach(keep);
+    row.arrayValue().forEach([&](const JsonValue& element) { keep("", element); });
+  });
+  root.objectValue().object("z").forEach(keep);
+  const std::vector<std::string> expected{"/b/c~1~0/0/x", "/b/c~1~0/1/0", "/b/c~1~0/1/1", "/z/y"};
+  EXPECT_EQ(places, expected);
 }
 
 TEST(JsonTest, FieldsHaveExactlyTheirTypes) {

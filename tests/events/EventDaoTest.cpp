@@ -1,6 +1,6 @@
 #include "base/preconditionFailure.h"
 #include "events/EventDao.h"
-#include "support/LogCapture.h"
+#include "support/ExplanationCapture.h"
 #include "support/TestPlatform.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -83,7 +83,7 @@ TEST_P(EventDaoTest, ADeletionFromABrokenStoreEndsWithTheProtocolsTextAndARefuse
     }
     return texts;
   };
-  const LogCapture log;
+  const ExplanationCapture log;
   SQLite::Database other(database_->location(), SQLite::OPEN_READWRITE);
   other.exec("BEGIN IMMEDIATE");
   const auto refusal = testing::StartsWith("SQLite.busy");

@@ -2,6 +2,7 @@
 #include "events/Event.h"
 #include "events/RefusalWait.h"
 #include "kit/EventComponent.h"
+#include "support/ExplanationCapture.h"
 #include "support/LogCapture.h"
 #include "support/TestPlatform.h"
 
@@ -51,6 +52,7 @@ class EventPipelineTest : public testing::Test {
                                      {{"Kelso-UUID", "device"}}};
   TestPlatform platform_;
   const LogCapture log_;
+  const ExplanationCapture explanations_;
   std::unique_ptr<EventComponent> component_;
 };
 
@@ -193,14 +195,15 @@ TEST_F(EventPipelineTest, AStoreThatRefusesAStepIsAskedAgainAndIsNoFailure) {
   }
   EXPECT_THAT(sentNames(), ElementsAreArray(names));
   EXPECT_THAT(log_.lines(), Not(Contains(HasSubstr("Failure"))));
-  EXPECT_THAT(log_.lines(), Contains(HasSubstr("OLSCoreDataEvent.sqlite: deleting sent events")).Times(3));
+  EXPECT_THAT(explanations_.lines(),
+              Contains(HasSubstr("OLSCoreDataEvent.sqlite: deleting sent events")).Times(3));
 }
 
 TEST(RefusalWait, GrowsItsPausesUntilTheStepSucceedsFailsOrIsCancelled) {
   const auto clock = std::make_shared<ManualClock>();
   const auto loop = std::make_shared<ManualLoop>(clock);
   const auto scheduler = std::make_shared<reactive::MainScheduler>(loop);
-  const LogCapture log;
+  const ExplanationCapture log;
   std::vector<std::int64_t> attempts;
   std::optional<Error> answer = Error("SQLite", "full");
   const auto step = reactive::create<int>([&](const reactive::AnyObserver<int>& observer) {

@@ -5,7 +5,7 @@
 #include "events/OLSEventMapper.h"
 #include "platform/journal/JournalFormat.h"
 #include "platform/journal/JournalReader.h"
-#include "support/LogCapture.h"
+#include "support/ExplanationCapture.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 
@@ -198,7 +198,7 @@ class EventIntakeTest : public testing::Test {
   }
 
   TestPlatform platform_;
-  const LogCapture log_;
+  const ExplanationCapture log_;
   std::optional<URLSessionResult> configReply_ = ScriptedURLSession::reply(200, configReply());
 };
 
@@ -269,7 +269,7 @@ TEST_F(EventIntakeTest, ALongJournalIsStoredInOrderWithoutWhatIsTooOldOrNoEvent)
   EXPECT_EQ(flushed(milliseconds(10)), true);
   EXPECT_EQ(stored(), expected);
   EXPECT_EQ(waiting(), 0u);
-  EXPECT_THAT(log_.lines(), Contains(HasSubstr("A record of the journal is no event")));
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("its record in the journal is no event")));
 }
 
 TEST_F(EventIntakeTest, AStoreThatRefusesIsAskedAgainUntilItTakesTheEventOnce) {
@@ -304,7 +304,7 @@ TEST_F(EventIntakeTest, WithoutAJournalEventsWaitInMemoryUpToItsBound) {
   const std::string large(1'000'000, 'v');
   for (int i = 0; i < 17; ++i) Orrelo::sendEvent("e" + std::to_string(10 + i), {{"k", large}});
   EXPECT_THAT(log_.lines(), Contains(HasSubstr("events wait in memory alone")).Times(1));
-  EXPECT_THAT(log_.lines(), Contains(HasSubstr("the event is refused")).Times(1));
+  EXPECT_THAT(log_.lines(), Contains(HasSubstr("the 16 MiB of memory for events are full")).Times(1));
   platform_.loop->runFor(seconds(61));
   configReply_ = ScriptedURLSession::reply(200, configReply());
   platform_.journal->refuse(std::nullopt);

@@ -2,6 +2,7 @@
 #include "modular/content/ImageComponent.h"
 #include "modular/dialog/RewardMessageDialogComponent.h"
 #include "modular/dialog/ToastDialogComponent.h"
+#include "support/ExplanationCapture.h"
 
 #include <gmock/gmock.h>
 
@@ -9,6 +10,7 @@ namespace orrelo::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 Lines listed(const Json& page) {
@@ -39,6 +41,22 @@ TEST(ModularCampaignPageTest, EveryNameTakesABlankWhetherItBringsABlockOrNot) {
   EXPECT_THAT(withBlanks({}, {10, 20}), ElementsAre("blank 10"));
   EXPECT_THAT(withBlanks({"image"}, Json::array()), ElementsAre("image"));
   EXPECT_THAT(withBlanks({"image"}, nullptr), ElementsAre("image"));
+}
+
+TEST(ModularCampaignPageTest, WhatIsLeftOutIsExplainedByItsPlace) {
+  auto wheel = block("roulette");
+  wheel["items_v2"][1].erase("reward_text");
+  auto page = pageOf({"image", "roulette", "hologram", "blank"},
+                     {{"image", {block("image"), block("image")}}, {"roulette", {wheel}}, {"a/b", 1}});
+  page["page_config"]["layout"]["dialog"] = {{"toast", {{{"message", 7}}}}};
+  const ExplanationCapture explanations;
+  EXPECT_THAT(listed(page), ElementsAre("image"));
+  EXPECT_THAT(explanations.lines(), ElementsAre(HasSubstr("/page_config/layout/dialog is left out"),
+                                                testing::AllOf(HasSubstr("/roulette is left out"),
+                                                               HasSubstr("/roulette/0/items_v2/1/")),
+                                                HasSubstr("names \"roulette\", of which there is no block"),
+                                                HasSubstr("names \"hologram\", of which there is no block"),
+                                                HasSubstr("/image has blocks that are left out")));
 }
 
 TEST(ModularCampaignPageTest, ARepeatedNameTakesTheNextOfItsArray) {

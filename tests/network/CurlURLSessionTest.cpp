@@ -170,7 +170,10 @@ TEST_F(CurlURLSessionTest, TrustHoldsForItsOriginAlone) {
   redirect(otherHost());
   EXPECT_EQ(outcome(request(url("/config"))), "secureConnectionFailed");
   session_->trust(otherHost(), folder_ / "missing.pem");
-  EXPECT_EQ(outcome(request(otherHost())), "secureConnectionFailed");
+  const auto failure = run(request(otherHost())).error->description();
+  EXPECT_THAT(failure, testing::AllOf(testing::HasSubstr("secureConnectionFailed"),
+                                      testing::HasSubstr("missing.pem)")))
+      << "it names the file";
   session_ = makeCurlURLSession();
   EXPECT_EQ(outcome(request(url("/config"))), "secureConnectionFailed");
 }

@@ -5,14 +5,14 @@ set -euo pipefail
 cd "$1"
 
 layers=(base platform reactive "model page" network config events ui image viewkit modular campaign
-  "rewards referral inappmessage push" navigation kit)
+  "rewards referral inappmessage push" navigation kit c)
 # The front's folders lie above all of them. `quick` itself has the list of the kinds and stands above their folders.
 features="quick/campaign/attendance quick/campaign/entry quick/campaign/list quick/campaign/optinmarketing
   quick/campaign/referral quick/campaign/result quick/campaign/stamp"
 layers+=(quick/include quick/platform quick/bridge quick/image quick/viewkit quick/modular
   "quick/modular/content quick/modular/roulette quick/modular/scratch" quick/campaign "$features quick/campaign/update"
   "quick/rewards/externalpoint quick/rewards/gifticon quick/rewards/point" "quick/rewards quick/referral quick/inappmessage"
-  quick/navigation quick/host quick quick/web)
+  quick/navigation quick/host quick/c quick quick/web)
 
 # What the front takes of the core beside its public headers: screens, views and pictures, and nothing that decides
 # what stands in them.
@@ -22,7 +22,8 @@ declare -A ground=(
   [quick/platform]="base platform"  # realises the interfaces of the machine
   [quick/bridge]="base reactive"    # colours; subscriptions to states
   [quick/host]="base platform"      # the log; whether the user wants less movement
-  [quick/web]="network")            # the environment whose certificate web pages may have
+  [quick/c]="c"                     # the statuses and handles of the C interface
+  [quick/web]="network c")          # the environment whose certificate web pages may have
 
 # The public headers, by the folder that they belong to.
 declare -A owner=(
@@ -31,6 +32,7 @@ declare -A owner=(
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
   [ORLUserEvent]=model [NotificationResponse]=model [BackgroundFetchResult]=model [UnsupportedEventValueException]=model
   [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit
+  [orrelo_c]=c [orrelo_values_c]=c [orrelo_quick_c]=quick/include [orrelo_web_c]=quick/web
   [quick/ExternalPointEntryView]=quick/include [quick/ORLCampaignEntryView]=quick/include
   [quick/ORLCampaignFloatingActionButton]=quick/include [quick/OrreloQuick]=quick/include [quick/OrreloWeb]=quick/web)
 
@@ -60,12 +62,12 @@ while IFS=: read -r file line text; do
     [[ $name == platform/* ]] && from=platform || from=${owner[$name]:-}
     [ -n "$from" ] || { complain "$file: not in the list of public headers"; continue; }
     # Those of the front are for hosts that use Qt.
-    [[ $text =~ \<orrelo/|\<[a-z_]+\>$ || ( $name == quick/* && $text =~ \<Q[A-Za-z]+\>$ ) ]] || complain "$file:$line: a public header includes $text"
+    [[ $text =~ \<orrelo/|\<[a-z_]+\>$|\<std[a-z]+\.h\>$ || ( $name == quick/* && $text =~ \<Q[A-Za-z]+\>$ ) ]] || complain "$file:$line: a public header includes $text"
   else
     find_folder "${file#src/}" || { complain "$file: in no folder of the order"; continue; }
     from=$folder
   fi
-  if [[ $text =~ \<orrelo/([A-Za-z/]+)\.h\> ]]; then
+  if [[ $text =~ \<orrelo/([A-Za-z/_]+)\.h\> ]]; then
     [[ ${BASH_REMATCH[1]} == platform/* ]] && to=platform || to=${owner[${BASH_REMATCH[1]}]:-}
     [ -n "$to" ] || { complain "$file:$line: unknown public header $text"; continue; }
   elif [[ $text =~ \"([^\"]+)\" ]]; then

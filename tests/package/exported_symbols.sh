@@ -3,7 +3,7 @@
 # unload it.
 # Usage: exported_symbols.sh <library>...
 set -euo pipefail
-own='^_Z(T[VIST]|T[hv][0-9n_]+|Tc.*|GV)?Z?NK?6orrelo'
+own='^(_Z(T[VIST]|T[hv][0-9n_]+|Tc.*|GV)?Z?NK?6orrelo|orrelo_[a-z])'
 isClean=0
 for library in "$@"; do
   mapfile -t symbols < <(nm --dynamic --defined-only --extern-only --format=posix "$library" | cut -d' ' -f1)

@@ -232,10 +232,10 @@ TEST_F(FileEventJournalTest, leavesAloneWhatIsNoJournalOfItsOwn) {
   clock_->setNow(Date::fromSeconds(std::time(nullptr)));
   const auto journal = open();
   {
-    const LogCapture log;
+    const ExplanationCapture log;
     for (int n = 0; n < 2; ++n) EXPECT_THAT(adopt(*journal), IsEmpty());
     EXPECT_THAT(log.lines(),
-                AllOf(SizeIs(kept.size() - 4 + 2), Each(StartsWith("[OrreloSDK][WARNING]")),
+                AllOf(SizeIs(kept.size() - 4 + 2), Each(StartsWith("warning: ")),
                       Contains(HasSubstr("300000 bytes")), Contains(HasSubstr("later version"))));
     EXPECT_THAT(files(), ::testing::UnorderedElementsAreArray(kept));
   }
@@ -298,7 +298,7 @@ TEST_F(FileEventJournalTest, countsATornRecordAsNotWritten) {
     }
     return limit(RLIM_INFINITY) && append(*journal, "after") != 0;
   })));
-  const LogCapture log;
+  const ExplanationCapture log;
   EXPECT_THAT(left(), ElementsAre("before", "after"));
   EXPECT_THAT(log.lines(), ElementsAre(HasSubstr("100 bytes")));
 }
@@ -392,14 +392,14 @@ TEST_F(FileEventJournalTest, writesItsRecordsAnewIfItsFileIsLost) {
     journal->release({released});
     append(*journal, "c");
     {
-      const LogCapture log;
+      const ExplanationCapture log;
       adopt(*journal);
       adopt(*journal);
       EXPECT_THAT(log.lines(), Contains(HasSubstr("written anew")).Times(1));
     }
     append(*journal, "d");
     journal.reset();
-    const LogCapture log;
+    const ExplanationCapture log;
     EXPECT_THAT(left(), ElementsAre("a", "b", "c", "d"));
     for (const auto& name : files()) std::filesystem::remove_all(folder_ / name);
   }

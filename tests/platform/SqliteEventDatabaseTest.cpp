@@ -252,15 +252,14 @@ TEST_P(DamagedStoreTest, isSetAsideOnceAndReplaced) {
   reopen();
   std::filesystem::remove(folder_ / "store.sqlite-wal");
   GetParam()(file_);
-  const LogCapture log;
+  const ExplanationCapture log;
   for (int n = 0; n < 3; ++n) {
     EXPECT_TRUE(insert(eventRow("new" + std::to_string(n), 600 + n)));
     fetch();
     deleteUpTo(Date::fromSeconds(500));
   }
   EXPECT_THAT(ids(fetch()), Contains("new2"));
-  EXPECT_THAT(log.lines(),
-              ElementsAre(AllOf(StartsWith("[OrreloSDK][ERROR]"), HasSubstr("20231114-221320"))));
+  EXPECT_THAT(log.lines(), ElementsAre(AllOf(StartsWith("error: "), HasSubstr("20231114-221320"))));
   EXPECT_THAT(fileNames(folder_.path()), Contains("store.sqlite.corrupt-20231114-221320"));
 }
 
@@ -295,7 +294,7 @@ INSTANTIATE_TEST_SUITE_P(, DamagedStoreTest, ::testing::ValuesIn(damages));
 
 TEST_F(SqliteEventDatabaseTest, takesAnEmptyFileForAFreshOne) {
   std::ofstream(file_).flush();
-  const LogCapture log;
+  const ExplanationCapture log;
   EXPECT_TRUE(insert(eventRow("1")));
   EXPECT_THAT(log.lines(), IsEmpty());
 }

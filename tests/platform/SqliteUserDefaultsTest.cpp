@@ -93,7 +93,7 @@ TEST_F(SqliteUserDefaultsTest, givesOneSuiteForOneNameAndRefusesReservedOnes) {
 
 TEST_F(SqliteUserDefaultsTest, setsADamagedFileAsideAndStartsFresh) {
   std::ofstream(folder_ / "defaults.sqlite") << std::string(5000, 'x');
-  const LogCapture log;
+  const ExplanationCapture log;
   auto factory = make();
   EXPECT_EQ(factory.standard()->value("k"), std::nullopt);
   factory.standard()->set("k", true);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/store/SqliteEventDatabase.h"
-#include "support/LogCapture.h"
+#include "support/ExplanationCapture.h"
 #include "support/TemporaryFolder.h"
 #include "support/Twins.h"
 

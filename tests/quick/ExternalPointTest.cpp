@@ -1,5 +1,6 @@
 #include "QuickTest.h"
 #include "rewards/externalpoint/ExternalPointExchangeViewController.h"
+#include "support/ExplanationCapture.h"
 #include "support/LogCapture.h"
 
 #include <orrelo/quick/ExternalPointEntryView.h>
@@ -48,11 +49,12 @@ class ExternalPointTest : public QuickTest {
 TEST_F(ExternalPointTest, WithoutABrowserTheScreenIsWhiteAndCanBeLeft) {
   initialize();
   const LogCapture log;
+  const ExplanationCapture explanations;
   Orrelo::showNaverPayExchange(host());
   ASSERT_TRUE(waitFor([&] { return isOpen(); }));
   EXPECT_THAT(log.lines(), Contains(HasSubstr("Route to NaverPay Exchanage success")));
   const auto picture = grab("exchange-without-browser");
-  EXPECT_THAT(log.lines(), Contains(HasSubstr("orrelo::quick::initializeWeb()")).Times(1));
+  EXPECT_THAT(explanations.lines(), Contains(HasSubstr("orrelo::quick::initializeWeb()")).Times(1));
   EXPECT_EQ(count(picture.copy(0, 0, 390, 390), Qt::white), 390 * 390);
   ASSERT_EQ(drawnBy("ActivityIndicator").size(), 1U);
   const auto* const indicator = drawnBy("ActivityIndicator").front();

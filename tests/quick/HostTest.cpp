@@ -1,9 +1,8 @@
 #include "QuickTest.h"
 #include "platform/posix/PosixApplication.h"
+#include "support/ExplanationCapture.h"
 #include "ui/NavigationController.h"
 #include "viewkit/ErrorViewController.h"
-
-#include <orrelo/ORLLogger.h>
 
 #include <thread>
 #include <vector>
@@ -165,21 +164,24 @@ TEST_F(HostTest, ScreensAppearAndDisappearWithTheWindow) {
   EXPECT_EQ(above->disappeared, 1);
 }
 
-TEST_F(HostTest, AScreenWithoutAWindowIsNotShownAndTheLogSaysWhy) {
-  ORLLogger::enable();  // cannot be undone
-  testing::internal::CaptureStdout();
+TEST_F(HostTest, AScreenWithoutAWindowIsNotShownAndALineSaysWhy) {
+  const ExplanationCapture log;
   const auto nowhere = quick::hostViewController(nullptr);
-  EXPECT_THAT(testing::internal::GetCapturedStdout(),
-              testing::AllOf(testing::HasSubstr("[ERROR]"),
-                             testing::HasSubstr("hostViewController was given no window")));
   const auto lost = std::make_shared<CountingScreen>();
   nowhere->present(lost, true);
   EXPECT_EQ(lost->appeared, 0);
-  testing::internal::CaptureStdout();
   EXPECT_FALSE(quick::present(nullptr, lost));
   EXPECT_FALSE(quick::push(nullptr, lost));
-  EXPECT_THAT(testing::internal::GetCapturedStdout(),
-              testing::AllOf(testing::HasSubstr("present was given"), testing::HasSubstr("push was given")));
+  QQuickWindow bare;
+  EXPECT_TRUE(quick::present(&bare, std::make_shared<CountingScreen>(), false));
+  EXPECT_FALSE(quick::push(&bare, lost));
+  EXPECT_FALSE(quick::present(&bare, nullptr));
+  EXPECT_THAT(log.lines(), testing::ElementsAre(testing::HasSubstr("hostViewController was given no window"),
+                                                testing::HasSubstr("present was given no window"),
+                                                testing::HasSubstr("push was given no window"),
+                                                testing::HasSubstr("without an OrreloHost"),
+                                                testing::HasSubstr("set its pushesScreens"),
+                                                testing::HasSubstr("refuses")));
 }
 
 TEST_F(HostTest, TheApplicationIsInTheBackgroundWhileNoWindowCanBeSeen) {

@@ -1,6 +1,6 @@
 #include "QuickTest.h"
 #include "platform/posix/PosixApplication.h"
-#include "support/LogCapture.h"
+#include "support/ExplanationCapture.h"
 #include "support/Reports.h"
 
 #include <QClipboard>
@@ -158,7 +158,7 @@ TEST_F(ReferralQuickTest, TheSheetCopiesMailsAndIsLeftInEveryWay) {
 using DesktopQuickTest = QuickTest;
 
 TEST_F(DesktopQuickTest, AUrlThatNoProgramTakesIsLoggedByItsSchemeAlone) {
-  const LogCapture log;
+  const ExplanationCapture log;
   Platform::current().application->open(*Url::parse("mailto:?body=MINJI-2026"));
   EXPECT_THAT(log.lines(), ElementsAre(testing::AllOf(testing::HasSubstr("scheme \"mailto\""),
                                                       testing::Not(testing::HasSubstr("MINJI")))));

@@ -3,7 +3,7 @@
 #include "reactive/Observable.h"
 #include "referral/ReferralRouter.h"
 #include "referral/ReferralViewController.h"
-#include "support/LogCapture.h"
+#include "support/ExplanationCapture.h"
 
 #include <gmock/gmock.h>
 
@@ -160,7 +160,7 @@ TEST_F(ReferralScreenTest, ATapThatIsHeldBackTakesTheCodeAndTheUserOfItsOwnMomen
 
 TEST_F(ReferralScreenTest, AFailureOfTheNetworkStopsTheScreenUntilItIsOpenedAnew) {
   openWith("FRIEND-1");
-  const LogCapture log;
+  const ExplanationCapture log;
   verify();
   answer(500, "");
   EXPECT_THAT(log.lines(), ElementsAre(HasSubstr("A referral code could not be checked")));

@@ -1,5 +1,5 @@
 #include "platform/posix/PosixApplication.h"
-#include "support/LogCapture.h"
+#include "support/ExplanationCapture.h"
 #include "support/TestPlatform.h"
 #include "ui/KeyWindow.h"
 #include "viewkit/ShareSheetViewController.h"
@@ -57,7 +57,7 @@ TEST(ShareSheetTest, ItComesOverTheUppermostScreenAndPassesTheTextOn) {
 
 TEST(ShareSheetTest, WhereNothingCanTakeATextALineSaysSo) {
   const TestPlatform platform;
-  const LogCapture log;
+  const ExplanationCapture log;
   setKeyWindowRootViewController(nullptr);
   ShareSheetViewController::share("코드");
   PosixApplication bare;

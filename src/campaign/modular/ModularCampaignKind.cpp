@@ -1,5 +1,7 @@
 #include "campaign/modular/ModularCampaignKind.h"
 
+#include "base/explain.h"
+#include "base/jsonPointer.h"
 #include "campaign/CampaignScreen.h"
 #include "modular/ModularCampaignView.h"
 #include "modular/roulette/RouletteComponent.h"
@@ -14,14 +16,22 @@ namespace {
 constexpr auto roulette = RouletteComponent::key;
 constexpr auto scratchLottery = ScratchLotteryComponent::key;
 
+PageDetailDTO unknown(const JsonObject& page, std::string_view reason) {
+  explain(ExplanationLevel::warning, [&] {
+    return "The page " + jsonPointer(page) + " cannot be shown, since " + std::string(reason) +
+           ": the screen for unknown campaigns stands in its place, which offers an update if there is one.";
+  });
+  return PageDetailDTO::unknown();
+}
+
 }  // namespace
 
 PageDetailDTO ModularCampaignKind::decode(const JsonObject& page) {
   constexpr std::string_view key = "page_details_v2";
   // Checked without an exception, since a list contains many pages that are not modular.
-  if (!page.find(key)) return PageDetailDTO::unknown();
+  if (!page.find(key)) return unknown(page, "it is of no type that this version knows, and has no blocks");
   auto detail = PageDetailDTO::decodeAs<Detail>(page, key);
-  return std::get<Detail>(detail.kind).components.empty() ? PageDetailDTO::unknown() : detail;
+  return std::get<Detail>(detail.kind).components.empty() ? unknown(page, "it has no block to show") : detail;
 }
 
 ModularCampaign ModularCampaignKind::map(Detail&& dto, Campaign& campaign) {

@@ -9,7 +9,8 @@ namespace {
 std::optional<std::vector<std::string>> tolerantTexts(const JsonObject& json, std::string_view key) {
   try {
     return textsOf(json, key);
-  } catch (const Error&) {
+  } catch (const Error& error) {
+    if (const auto value = json.find(key); value && !value->isNull()) explainLeftOut(*value, error);
     return std::nullopt;
   }
 }

@@ -1,5 +1,6 @@
 #include "image/gif/GifLoad.h"
 
+#include "image/explainPicture.h"
 #include "image/gif/GifParseError.h"
 #include "image/gif/GifPlayback.h"
 #include "image/gif/GifPlaybackManager.h"
@@ -117,6 +118,7 @@ void GifLoad::didRead(const Parsed& parsed) {
 }
 
 void GifLoad::fail(const Error& error) {
+  explainPicture(url_, error);
   if (const auto target = takeView()) {
     if (const auto listener = GifPlayback::of(target).delegate.lock()) {
       listener->downloadDidFail(target, url_, error);

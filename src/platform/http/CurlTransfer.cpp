@@ -93,10 +93,13 @@ CURL* CurlTransfer::prepare(const std::optional<TrustedOrigin>& trusted) {
   if (easy == nullptr) return nullptr;
   curl_easy_reset(easy);
   body_.clear();
+  failure_.fill('\0');
+  trust_ = trusted ? "the certificates in " + trusted->certificateFile : "this machine's certificates";
   bodySize_ = 0;
   headerSize_ = 0;
   response_ = {};
 
+  curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, failure_.data());
   curl_easy_setopt(easy, CURLOPT_URL, request_.url.text().c_str());
   curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
@@ -212,7 +215,10 @@ URLSessionResult CurlTransfer::failureOf(CURLcode code) const {
   const bool isNotHttp =
       code == CURLE_WEIRD_SERVER_REPLY || (code == CURLE_UNSUPPORTED_PROTOCOL && status() == 0);
   if (isNotHttp) return {{}, {}, {}};
-  return {makeError(errorOf(code), curl_easy_strerror(code)), {}, {}};
+  const auto error = errorOf(code);
+  std::string message = failure_.front() != '\0' ? failure_.data() : curl_easy_strerror(code);
+  if (error == URLError::secureConnectionFailed) message += " (trusted are " + trust_ + ")";
+  return {makeError(error, std::move(message)), {}, {}};
 }
 
 bool CurlTransfer::follow() {

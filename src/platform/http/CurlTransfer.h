@@ -4,6 +4,7 @@
 
 #include <orrelo/platform/URLSession.h>
 
+#include <array>
 #include <chrono>
 #include <curl/curl.h>
 #include <memory>
@@ -78,6 +79,9 @@ class CurlTransfer {
   std::size_t headerSize_ = 0;
   std::size_t bodySize_ = 0;
   std::string body_;
+  /// Curl's words for a failure, and whose certificates are trusted.
+  std::array<char, CURL_ERROR_SIZE> failure_{};
+  std::string trust_;
   HTTPURLResponse response_;
 
   mutable std::mutex mutex_;

@@ -1,6 +1,6 @@
 #include "platform/journal/LeftJournals.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "platform/journal/JournalFile.h"
 #include "platform/journal/JournalFormat.h"
 #include "platform/store/Files.h"
@@ -164,7 +164,8 @@ void LeftJournals::leaveForLaterVersion(const Journal& journal) {
   struct stat status {};
   if (::fstat(journal.descriptor, &status) == 0 &&
       environment_.clock->now() - Date::fromSeconds(status.st_mtime) >= keepingOfLaterVersions) {
-    log(LogLevel::WARNING,
+    explain(
+        ExplanationLevel::warning,
         "A journal of a later version was not taken over for a day and is removed: " + journal.path.string());
     ::unlink(journal.path.c_str());
   } else {
@@ -175,9 +176,9 @@ void LeftJournals::leaveForLaterVersion(const Journal& journal) {
 
 void LeftJournals::adopt(Journal journal, JournalContent content, const EventJournal::Adopter& adopt) {
   if (content.unreadableSize > 0) {
-    log(LogLevel::WARNING,
-        std::to_string(content.unreadableSize) + " bytes of a journal are unreadable and left out, " +
-            std::to_string(content.live.size()) + " events are kept: " + journal.path.string());
+    explain(ExplanationLevel::warning,
+            std::to_string(content.unreadableSize) + " bytes of a journal are unreadable and left out, " +
+                std::to_string(content.live.size()) + " events are kept: " + journal.path.string());
   }
   if (content.live.empty()) {
     if (!remove(journal)) ::close(journal.descriptor);
@@ -251,7 +252,7 @@ void LeftJournals::updateSize() {
 /// Logs what keeps a file from being adopted, once for each file.
 void LeftJournals::note(const fs::path& path, const std::string& fault) {
   if (!noted_.insert(path).second) return;
-  log(LogLevel::WARNING, "A journal of events " + fault + " and is left alone: " + path.string());
+  explain(ExplanationLevel::warning, "A journal of events " + fault + " and is left alone: " + path.string());
 }
 
 }  // namespace orrelo

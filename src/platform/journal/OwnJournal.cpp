@@ -1,6 +1,6 @@
 #include "platform/journal/OwnJournal.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "platform/journal/JournalFormat.h"
 #include "platform/journal/createJournalFile.h"
 #include "platform/threads/KitThread.h"
@@ -230,9 +230,9 @@ void OwnJournal::examine(const FilePtr& file, bool hasWriter) {
     if (file != file_) return;  // a new one has just taken its place
   }
   if (!isUsable) {
-    log(LogLevel::WARNING,
-        "The journal of events was removed, changed or closed by another program and is written anew: " +
-            file->path().string());
+    explain(ExplanationLevel::warning,
+            "The journal of events was removed, changed or closed by another program and is written anew: " +
+                file->path().string());
   }
   // A file that was made while the stores were busy has a lock that forked children hold, too.
   const bool isInherited = file->maker() == JournalFile::Maker::writer;

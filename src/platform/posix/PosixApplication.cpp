@@ -1,6 +1,6 @@
 #include "platform/posix/PosixApplication.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 
 namespace orrelo {
 
@@ -14,12 +14,12 @@ Application::Registration PosixApplication::observe(Signal signal, std::function
 
 void PosixApplication::setPasteboard(const std::string& text) {
   if (pasteboardWriter_) return pasteboardWriter_(text);
-  log(LogLevel::WARNING, "This host has no pasteboard");
+  explain(ExplanationLevel::warning, "This host has no pasteboard");
 }
 
 void PosixApplication::share(const std::string& text) {
   if (sharer_) return sharer_(text);
-  log(LogLevel::WARNING, "This host cannot share texts");
+  explain(ExplanationLevel::warning, "This host cannot share texts");
 }
 
 void PosixApplication::send(Signal signal) {

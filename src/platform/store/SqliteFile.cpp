@@ -1,7 +1,7 @@
 #include "platform/store/SqliteFile.h"
 
 #include "base/DateFormat.h"
-#include "base/Logger.h"
+#include "base/explain.h"
 
 #include <orrelo/platform/EventDatabase.h>
 
@@ -242,7 +242,7 @@ bool quarantine(const std::filesystem::path& path, Date now, const SqliteFailure
   for (const char* companion : {"-wal", "-shm"}) {
     std::filesystem::rename(path.string() + companion, target + companion, failure);
   }
-  log(LogLevel::ERROR, [&] {
+  explain(ExplanationLevel::error, [&] {
     return "The store " + path.string() + " is unusable (" + reason.error().description() + ") and lies in " +
            target;
   });

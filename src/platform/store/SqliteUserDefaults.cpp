@@ -1,6 +1,6 @@
 #include "platform/store/SqliteUserDefaults.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "platform/store/DefaultsFile.h"
 #include "platform/store/FileNames.h"
 
@@ -143,8 +143,8 @@ class SqliteUserDefaults final : public UserDefaults {
           continue;
         }
         if (!failure.isBusy()) file_.reset();
-        log(LogLevel::WARNING,
-            [&] { return fileName_ + " refused a value: " + failure.error().description(); });
+        explain(ExplanationLevel::warning,
+                [&] { return fileName_ + " refused a value: " + failure.error().description(); });
         return;
       }
     }

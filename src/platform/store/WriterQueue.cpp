@@ -1,6 +1,6 @@
 #include "platform/store/WriterQueue.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "platform/posix/ForkedChild.h"
 #include "platform/store/separateDescriptors.h"
 #include "platform/threads/KitThread.h"
@@ -41,7 +41,10 @@ struct WriterQueue::State {
       thread = startKitThread("orrelo-writer", [self] { self->work(); });
       generation = processGeneration();
     } catch (const std::system_error& error) {
-      log(LogLevel::ERROR, std::string("The stores have no thread yet: ") + error.what());
+      explain(ExplanationLevel::error, [&] {
+        return std::string("The kit's stores have no thread (") + error.what() +
+               "), and nothing is stored until one can be started: raise the limit of threads.";
+      });
     }
   }
 

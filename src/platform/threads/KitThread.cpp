@@ -1,8 +1,8 @@
 #include "platform/threads/KitThread.h"
 
 #include "base/Error.h"
-#include "base/Logger.h"
 #include "base/Utf8.h"
+#include "base/explain.h"
 #include "platform/posix/ForkedChild.h"
 #include "platform/store/separateDescriptors.h"
 
@@ -131,7 +131,8 @@ void runGuarded(const std::function<void()>& task) {
   try {
     task();
   } catch (...) {
-    log(LogLevel::ERROR, [] { return "A task threw " + Error::fromCurrentException().description(); });
+    explain(ExplanationLevel::error,
+            [] { return "A task threw " + Error::fromCurrentException().description(); });
   }
 }
 

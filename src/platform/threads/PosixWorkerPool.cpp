@@ -1,6 +1,6 @@
 #include "platform/threads/PosixWorkerPool.h"
 
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "platform/threads/DelayedTasks.h"
 #include "platform/threads/KitThread.h"
 
@@ -56,6 +56,8 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
   /// The sleeping worker that wakes up when the first delayed task is due.
   Worker* timekeeper = nullptr;
   bool stopping = false;
+  /// Why the first worker could not be started; taken by `report`.
+  std::string startFailure;
 
   bool hasReady() const {
     return std::any_of(ready.begin(), ready.end(), [](const auto& queue) { return !queue.empty(); });
@@ -90,11 +92,18 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
           startKitThread("orrelo-worker", [self = shared_from_this(), &worker] { self->work(worker); });
       ++started;
     } catch (const std::system_error& error) {
-      if (started == 0) {
-        log(LogLevel::ERROR, std::string("The worker pool has no thread yet: ") + error.what());
-      }
+      if (started == 0) startFailure = error.what();
     }
     return nullptr;
+  }
+
+  /// Called without the mutex, since a sink of the explanations is run by this pool.
+  static void report(const std::string& failure) {
+    if (failure.empty()) return;
+    explain(ExplanationLevel::error, [&] {
+      return "The kit's worker pool has no thread (" + failure +
+             "), and nothing is done in the background until one can be started: raise the limit of threads.";
+    });
   }
 
   void work(Worker& worker) {
@@ -161,11 +170,14 @@ PosixWorkerPool::~PosixWorkerPool() {
 void PosixWorkerPool::post(QualityOfService qos, Task task) {
   if (isExiting()) return;
   State::Worker* worker = nullptr;
+  std::string failure;
   {
     const std::lock_guard lock(state_->mutex);
     state_->ready[static_cast<std::size_t>(qos)].push_back(std::move(task));
     worker = state_->acquireWorker();
+    failure.swap(state_->startFailure);
   }
+  State::report(failure);
   if (worker != nullptr) worker->wake.notify_one();
 }
 
@@ -174,6 +186,7 @@ void PosixWorkerPool::postAfter(QualityOfService qos, std::chrono::microseconds 
   if (isExiting()) return;
   const auto due = DelayedTasks<State::Delayed>::after(delay);
   State::Worker* worker = nullptr;
+  std::string failure;
   {
     const std::lock_guard lock(state_->mutex);
     const bool isFirst = state_->delayed.add(due, {static_cast<std::size_t>(qos), std::move(task)});
@@ -185,7 +198,9 @@ void PosixWorkerPool::postAfter(QualityOfService qos, std::chrono::microseconds 
     } else if (isFirst) {
       worker = state_->acquireWorker();
     }
+    failure.swap(state_->startFailure);
   }
+  State::report(failure);
   if (worker != nullptr) worker->wake.notify_one();
 }
 

@@ -1,7 +1,7 @@
 #include "rewards/externalpoint/ExternalPointExchangeViewController.h"
 
 #include "base/Ascii.h"
-#include "base/Logger.h"
+#include "base/explain.h"
 #include "model/UserManager.h"
 #include "platform/http/HttpUrl.h"
 
@@ -63,7 +63,7 @@ bool ExternalPointExchangeViewController::onWebViewSwipeRight(bool canGoBack) {
 }
 
 void ExternalPointExchangeViewController::didFindNoBrowser(std::string_view remedy) const {
-  log(LogLevel::ERROR, [&] {
+  explain(ExplanationLevel::error, [&] {
     return std::string(kindName) + " stays empty without a browser engine: " + std::string(remedy);
   });
 }

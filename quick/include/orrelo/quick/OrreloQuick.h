@@ -40,16 +40,16 @@ ORRELO_EXPORT Platform platform(const HostApplication& host = {});
 /// window owns one, which appears when the window is first shown. Screens keep their state while the window
 /// is hidden and do not appear again when it is shown again. The application is in the background while all
 /// windows are hidden. Never null: without a window the result is a screen that is not visible anywhere, and
-/// an error is logged.
+/// a line of ORLExplanations says so.
 ORRELO_EXPORT std::shared_ptr<ViewController> hostViewController(QQuickWindow* window);
 
 /// Shows a screen that the kit has created, for example with `Orrelo::getCampaignViewController`, over
-/// everything in the window. Returns false and logs a line if that is not possible.
+/// everything in the window. Returns false if that is not possible, and a line of ORLExplanations says why.
 ORRELO_EXPORT bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen,
                            bool animated = true);
 
 /// Pushes the screen onto the window's stack. Returns false if the window's OrreloHost does not push screens,
-/// or if there is no window, which is also logged.
+/// or if there is no window; a line of ORLExplanations says which.
 ORRELO_EXPORT bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen,
                         bool animated = true);
 
