@@ -22,11 +22,10 @@ enum class ExplanationLevel {
 /// Lines for a host's developer that say what failed, where, and what to do. They are separate from the log
 /// of ORLLogger and off by default.
 ///
-/// The environment variable "ORRELO_LOG" with the value "error", "warning", "info" or "debug" ("off" or
-/// empty for none) writes the lines
-/// of this level and those above it to standard error, one line each: "[Orrelo] warning: …". It is read once,
-/// at the first use of the kit, and ignored in a process that runs with the rights of another user (set-uid).
-/// A host gets the lines by a sink, whatever the variable says.
+/// The environment variable "ORRELO_LOG" with the value "error", "warning", "info" or "debug" ("off" or empty
+/// for none) writes the lines of this level and those above it to standard error, one line each: "[Orrelo]
+/// warning: …". It is read once, at the first use of the kit, and ignored in a process that runs with the
+/// rights of another user (set-uid). A host gets the lines by a sink, whatever the variable says.
 ///
 /// A line never has the values of the host's events, an id of a user, or a push token. At `debug`, it has the
 /// first 200 characters of the service's replies.

@@ -56,6 +56,11 @@ ORRELO_EXPORT orrelo_status orrelo_host_application_set_cache_directory(orrelo_h
 /** Adds a scheme of URLs that the machine or the host can open, besides "http" and "https". */
 ORRELO_EXPORT orrelo_status orrelo_host_application_add_url_scheme(orrelo_host_application* host,
                                                                    const char* scheme);
+/** This process uses the service at `url`, an https URL, and keeps its files apart. `certificateFile`, the
+   certificates that are trusted there, may be NULL: those of the system. */
+ORRELO_EXPORT orrelo_status orrelo_host_application_set_development_service(orrelo_host_application* host,
+                                                                            const char* url,
+                                                                            const char* certificateFile);
 
 /** Platform::install with Platform::posix. Call it once, before `orrelo_initialize`. `host` may be NULL. */
 ORRELO_EXPORT orrelo_status orrelo_install_posix_platform(const orrelo_host_application* host);

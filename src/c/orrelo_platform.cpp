@@ -60,6 +60,15 @@ orrelo_status orrelo_host_application_add_url_scheme(orrelo_host_application* ho
   return attempt([&] { required(host, "host")->host.urlSchemes.emplace_back(required(scheme, "scheme")); });
 }
 
+orrelo_status orrelo_host_application_set_development_service(orrelo_host_application* host, const char* url,
+                                                              const char* certificateFile) {
+  return attempt([&] {
+    auto& service = required(host, "host")->host.developmentService;
+    service.url = required(url, "url");
+    service.certificateFile = certificateFile == nullptr ? "" : certificateFile;
+  });
+}
+
 orrelo_status orrelo_install_posix_platform(const orrelo_host_application* host) {
   return attempt(
       [&] { Platform::install(Platform::posix(host == nullptr ? HostApplication() : host->host)); });

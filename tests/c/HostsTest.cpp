@@ -2,12 +2,12 @@
 #include "support/Program.h"
 #include "support/TemporaryFolder.h"
 
-#include <orrelo/Platform.h>
-
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
+#include <stdexcept>
 #include <string>
 #include <sys/stat.h>
 #include <vector>
@@ -28,9 +28,9 @@ class HostsTest : public testing::Test {
   }
 
   /// Runs the host until the service has its events and its token, and then lets it end.
-  void run(const std::string& bundle, std::vector<std::string> command, const std::string& token) {
-    chooseService(bundle);
-    command.insert(command.end(), {device_.string(), end_.string()});
+  void run(std::vector<std::string> command, const std::string& token) {
+    command.insert(command.end(), {service_.baseUrl(), service_.certificatePath().string(),
+                                   (folder_.path() / "device").string(), end_.string()});
     Program host(command);
     const auto isThere = [](const char* name) {
       return [name](const auto& events) {
@@ -48,6 +48,18 @@ class HostsTest : public testing::Test {
     EXPECT_EQ(service_.tokens()[0].token, token);
   }
 
+  bool awaitPurchase() const {
+    return service_.waitForEvents(
+        [](const auto& events) {
+          return std::any_of(events.begin(), events.end(),
+                             [](const auto& event) { return event.eventName == "purchase"; });
+        },
+        std::chrono::seconds(30));
+  }
+  static std::string stopped(Program& host) {
+    host.end();
+    return host.output();
+  }
   /// The values of the event with this name.
   auto values(const std::string& name) const {
     for (const auto& event : service_.events()) {
@@ -61,25 +73,11 @@ class HostsTest : public testing::Test {
   std::string output_;
 
  private:
-  // The host reads the setting at its start.
-  void chooseService(const std::string& bundle) const {
-    const auto suite = Platform::posix({.bundleIdentifier = bundle, .dataDirectory = device_})
-                           .userDefaults->suite("tamrenzo_api_storage_I'm_Ilvane");
-    suite->set("ORRELO_SERVICE_URL", std::int64_t{3});
-    suite->set("ORRELO_DEVELOPMENT_URL", service_.baseUrl());
-    suite->set("ORRELO_DEVELOPMENT_CA", service_.certificatePath().string());
-  }
-  static std::string stopped(Program& host) {
-    host.end();
-    return host.output();
-  }
-
-  const std::filesystem::path device_ = folder_.path() / "device";
   const std::filesystem::path end_ = folder_.path() / "end";
 };
 
 TEST_F(HostsTest, InC) {
-  run("com.example.c-host", {ORRELO_C_HOST}, "token of C");
+  run({ORRELO_C_HOST}, "token of C");
   EXPECT_THAT(output_, HasSubstr("refused: Null is not supported class"));
   EXPECT_THAT(output_, HasSubstr("flushed: 1"));
   EXPECT_THAT(output_, HasSubstr("done with "));
@@ -89,9 +87,18 @@ TEST_F(HostsTest, InC) {
               IsSupersetOf({Pair("level", "3"), Pair("opt_in_marketing", "true")}));
 }
 
+TEST_F(HostsTest, OfTheDocumentation) {
+  const auto folder = (folder_.path() / "home").string();
+  Program host({"env", "XDG_DATA_HOME=" + folder, "XDG_CACHE_HOME=" + folder, ORRELO_DOCUMENT_HOST,
+                service_.baseUrl(), service_.certificatePath().string()});
+  ASSERT_TRUE(awaitPurchase()) << stopped(host);
+  EXPECT_EQ(stopped(host), "");
+  EXPECT_THAT(values("purchase"), IsSupersetOf({Pair("item", "blue shoes"), Pair("price", "39.9")}));
+}
+
 #ifdef ORRELO_PYTHON
 TEST_F(HostsTest, InPython) {
-  run("com.example.python-host", {ORRELO_PYTHON, ORRELO_PYTHON_HOST, ORRELO_LIBRARY}, "token of Python");
+  run({ORRELO_PYTHON, ORRELO_PYTHON_HOST, ORRELO_LIBRARY}, "token of Python");
   EXPECT_THAT(output_, HasSubstr("refused: unsupported event value: Null is not supported class"));
   EXPECT_THAT(output_, HasSubstr("done"));
   EXPECT_THAT(values("purchase"),

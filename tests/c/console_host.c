@@ -1,25 +1,18 @@
 // A host in C without screens: reports events and sends them, until the file that it is called with is
 // opened.
+#include "require.h"
+
 #include <orrelo/orrelo_c.h>
 
 #include <pthread.h>
 #include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
 
-static void require(orrelo_status expected, orrelo_status status, const char* call) {
-  if (status == expected) return;
-  fprintf(stderr, "%s: %s, not %s: %s\n", call, orrelo_status_text(status), orrelo_status_text(expected),
-          orrelo_last_error());
-  exit(1);
-}
-#define OK(call) require(ORRELO_OK, call, #call)
-
-static void installPlatform(const char* folder) {
+static void installPlatform(const char* url, const char* certificate, const char* folder) {
   orrelo_host_application* host = orrelo_host_application_new("com.example.c-host");
   OK(orrelo_host_application_set_version(host, "1.0", "1"));
   OK(orrelo_host_application_set_data_directory(host, folder));
   OK(orrelo_host_application_set_cache_directory(host, folder));
+  OK(orrelo_host_application_set_development_service(host, url, certificate));
   OK(orrelo_install_posix_platform(host));
   orrelo_host_application_free(host);
 }
@@ -71,9 +64,9 @@ static void* awaitEnd(void* path) {
 }
 
 int main(int count, char** words) {
-  if (count != 3) return 2;
+  if (count != 5) return 2;
   require(ORRELO_NOT_INITIALIZED, orrelo_send_event("early", NULL), "an early event");
-  installPlatform(words[1]);
+  installPlatform(words[1], words[2], words[3]);
   initialize();
   signIn();
   buy();
@@ -82,7 +75,7 @@ int main(int count, char** words) {
   int flushes = 0;
   OK(orrelo_flush_async(10000, flushed, &flushes, NULL));
   pthread_t thread;
-  if (pthread_create(&thread, NULL, awaitEnd, words[2]) != 0) return 1;
+  if (pthread_create(&thread, NULL, awaitEnd, words[4]) != 0) return 1;
   OK(orrelo_run_loop_run());
   pthread_join(thread, NULL);
   OK(orrelo_set_user(NULL));

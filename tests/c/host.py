@@ -1,11 +1,11 @@
-"""A host in Python without screens: reports events and sends them, until the file that it is called with is opened.
+"""A host in Python without screens: reports events and sends them, until its last argument, a pipe, is written to.
 
-Usage: host.py <liborrelo> <data folder> <file>
+Usage: host.py <liborrelo> <URL of the service> <its certificate> <data folder> <pipe>
 """
 import ctypes
 import sys
 import threading
-from ctypes import CFUNCTYPE, POINTER, c_bool, c_char_p, c_double, c_int32, c_int64, c_void_p
+from ctypes import CFUNCTYPE, c_bool, c_char_p, c_double, c_int32, c_int64, c_void_p
 
 kit = ctypes.CDLL(sys.argv[1])
 for name, result, arguments in [
@@ -14,6 +14,7 @@ for name, result, arguments in [
     ("orrelo_host_application_new", c_void_p, [c_char_p]),
     ("orrelo_host_application_set_data_directory", c_int32, [c_void_p, c_char_p]),
     ("orrelo_host_application_set_cache_directory", c_int32, [c_void_p, c_char_p]),
+    ("orrelo_host_application_set_development_service", c_int32, [c_void_p, c_char_p, c_char_p]),
     ("orrelo_host_application_free", None, [c_void_p]),
     ("orrelo_install_posix_platform", c_int32, [c_void_p]),
     ("orrelo_config_new", c_void_p, [c_char_p]),
@@ -87,10 +88,11 @@ def send(name, **values):
     with_values(values, lambda handle: check(kit.orrelo_send_event(name.encode(), handle)))
 
 
-def initialize(folder):
+def initialize(url, certificate, folder):
     host = kit.orrelo_host_application_new(b"com.example.python-host")
     check(kit.orrelo_host_application_set_data_directory(host, folder))
     check(kit.orrelo_host_application_set_cache_directory(host, folder))
+    check(kit.orrelo_host_application_set_development_service(host, url, certificate))
     check(kit.orrelo_install_posix_platform(host))
     kit.orrelo_host_application_free(host)
     config = kit.orrelo_config_new(b"python-host")
@@ -116,9 +118,9 @@ def wait_for_end(path):
         kit.orrelo_run_loop_stop()
 
 
-def main(folder, end):
+def main(url, certificate, folder, end):
     expect(NOT_INITIALIZED, lambda: send("early"))
-    initialize(folder.encode())
+    initialize(url.encode(), certificate.encode(), folder.encode())
     user = kit.orrelo_user_new("민지".encode())
     check(kit.orrelo_set_user(user))
     kit.orrelo_user_free(user)
@@ -134,4 +136,4 @@ def main(folder, end):
     print("done")
 
 
-main(sys.argv[2], sys.argv[3])
+main(*sys.argv[2:])

@@ -8,15 +8,18 @@ PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name orrelosdk.pc)")
 export PKG_CONFIG_PATH
 read -ra options <<<"$(pkg-config --cflags orrelosdk-quick)"
 mkdir -p "$work"
-for document in screens entryviews; do
+for document in screens entryviews c; do
   # A block is complete if it begins with its includes or imports.
   awk -v prefix="$work/$document" '
     /^```/ { if (file) { close(file); file = "" } else { kind = substr($0, 4); first = 1 }; next }
-    first && (kind == "cpp" && /^#include/ || kind == "qml" && /^import/) { count++; file = prefix count "." kind }
+    first && (kind ~ /^c(pp)?$/ && /^#include/ || kind == "qml" && /^import/) { count++; file = prefix count "." kind }
     { first = 0 } file { print > file }' "$docs/$document.md"
 done
 for source in "$work"/*.cpp; do
   "${CXX:-c++}" -std=c++20 -fPIC -Wall -Wextra -Werror -fsyntax-only "${options[@]}" "$source"
+done
+for source in "$work"/*.c; do
+  "${CC:-cc}" -std=c11 -pedantic -Wall -Wextra -Werror -fsyntax-only "${options[@]}" "$source"
 done
 "$qmllint" -I "$qml" "$work"/*.qml
 echo "$(find "$work" -name '*.*' -type f | wc -l) examples of docs are complete"

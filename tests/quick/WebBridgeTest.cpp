@@ -2,6 +2,7 @@
 #include "WebTest.h"
 #include "support/LogCapture.h"
 
+#include <orrelo/orrelo_web_c.h>
 #include <orrelo/quick/OrreloWeb.h>
 
 #include <QQmlComponent>
@@ -181,6 +182,35 @@ TEST_F(WebBridgeTest, TheCallForAViewIsTheSame) {
   ASSERT_TRUE(waitFor([&] { return !reported.empty(); }));
   EXPECT_EQ(reported.front(), "methodNotSpecified|methodNotSpecified");
   EXPECT_EQ(reported.size(), 1U);
+}
+
+TEST_F(WebBridgeTest, TheCallInCIsTheSame) {
+  load(QStringLiteral("about:blank"), "");
+  struct Heard {
+    std::vector<std::int32_t> reasons;
+    int destroyed = 0;
+  } heard;
+  const auto install = [&](QObject* item) {
+    return orrelo_web_install_bridge(
+        item,
+        [](void* context, std::int32_t reason, const char*) {
+          static_cast<Heard*>(context)->reasons.push_back(reason);
+        },
+        &heard, [](void* context) { ++static_cast<Heard*>(context)->destroyed; });
+  };
+  EXPECT_EQ(install(view_.get()), ORRELO_OK);
+  EXPECT_EQ(install(window_->contentItem()), ORRELO_FAILED);
+  EXPECT_EQ(install(engine_.get()), ORRELO_INVALID_ARGUMENT);
+  EXPECT_EQ(install(nullptr), ORRELO_INVALID_ARGUMENT);
+  EXPECT_EQ(heard.destroyed, 3);
+  EXPECT_EQ(orrelo_web_initialize(), ORRELO_FAILED) << "after the application";
+  server_.pages[QStringLiteral("/page")] =
+      "<script>webkit.messageHandlers.Orrelo.postMessage('{\"method\":1}')</script>";
+  view_->setProperty("url", QUrl(server_.url(QStringLiteral("/page"))));
+  ASSERT_TRUE(waitFor([&] { return !heard.reasons.empty(); }));
+  EXPECT_EQ(heard.reasons, std::vector<std::int32_t>{ORRELO_WEB_KIT_METHOD_NOT_SPECIFIED});
+  view_.reset();
+  EXPECT_EQ(heard.destroyed, 4);
 }
 
 TEST_F(WebBridgeTest, NothingHappensAfterTheViewIsGone) {
