@@ -9,14 +9,14 @@ file(RELATIVE_PATH libraries_from_programs /${CMAKE_INSTALL_BINDIR} /${CMAKE_INS
 set(ORRELO_PROGRAM_RPATH "$ORIGIN/${libraries_from_programs}")
 
 # orrelo_install_library(<target> COMPONENT <component> HEADERS <folder> DESCRIPTION <text>
-#   [PC_FLAGS <flag>...] [PC_REQUIRES <module>...] [PC_STATIC_REQUIRES <module>...] [PC_STATIC_LIBS <flag>...])
+#   [PC_REQUIRES <module>...] [PC_STATIC_REQUIRES <module>...] [PC_STATIC_LIBS <flag>...])
 #
 # Installs one of the kit's libraries as orrelo::<component>: the library, its headers, its CMake targets in a
 # file of their own, since a package may contain one component without the others, and its pkg-config file. A
 # static library also needs the modules and libraries of the PC_STATIC arguments.
 function(orrelo_install_library target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "COMPONENT;HEADERS;DESCRIPTION"
-    "PC_FLAGS;PC_REQUIRES;PC_STATIC_REQUIRES;PC_STATIC_LIBS")
+    "PC_REQUIRES;PC_STATIC_REQUIRES;PC_STATIC_LIBS")
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${arg_COMPONENT} INSTALL_RPATH "$ORIGIN"
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   install(TARGETS ${target} EXPORT OrreloSDK-${arg_COMPONENT}
@@ -44,8 +44,6 @@ function(orrelo_install_library target)
   endif()
   list(JOIN arg_PC_REQUIRES ", " requires)
   list(JOIN arg_PC_STATIC_LIBS " " static_libs)
-  list(PREPEND arg_PC_FLAGS "")
-  list(JOIN arg_PC_FLAGS " " flags)
   configure_file(${PROJECT_SOURCE_DIR}/cmake/orrelosdk.pc.in ${PROJECT_BINARY_DIR}/${pc_name}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${pc_name}.pc DESTINATION ${pkgconfig_dir})
 endfunction()

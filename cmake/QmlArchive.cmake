@@ -34,6 +34,7 @@ function(orrelo_qml_archive target)
   file(CONFIGURE OUTPUT ${target}_parts.cpp @ONLY CONTENT
     "@declarations@\nextern \"C\" void @target@_parts();\nextern \"C\" void @target@_parts() {\n@calls@}\n")
   target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}_parts.cpp)
-  set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${target}_parts.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+  set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${target}_parts.cpp PROPERTIES
+    SKIP_PRECOMPILE_HEADERS ON SKIP_UNITY_BUILD_INCLUSION ON)
   target_link_options(${target} INTERFACE LINKER:--undefined=${target}_parts)
 endfunction()

@@ -6,7 +6,8 @@
 extern "C" {
 #endif
 
-/* The kit for hosts in C, and for other languages that can call C functions. A C++ host uses `Orrelo.h`,
+/** @file
+   The kit for hosts in C, and for other languages that can call C functions. A C++ host uses `Orrelo.h`,
    where the operations are documented in full; here are the differences. `docs/c.md` has a complete host.
 
    Texts are UTF-8 and end with a zero byte. A malformed sequence becomes U+FFFD where the text is stored or

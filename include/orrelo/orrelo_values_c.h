@@ -10,7 +10,8 @@
 extern "C" {
 #endif
 
-/* Statuses, and the values of events. `orrelo_c.h` includes this header and states the rules for memory,
+/** @file
+   Statuses, and the values of events. `orrelo_c.h` includes this header and states the rules for memory,
    threads and errors, which apply here too. */
 
 /** The result of a call. */

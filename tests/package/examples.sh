@@ -16,7 +16,7 @@ for document in screens entryviews c; do
     { first = 0 } file { print > file }' "$docs/$document.md"
 done
 for source in "$work"/*.cpp; do
-  "${CXX:-c++}" -std=c++20 -Wall -Wextra -Werror -fsyntax-only "${options[@]}" "$source"
+  "${CXX:-c++}" -std=c++20 -fPIC -Wall -Wextra -Werror -fsyntax-only "${options[@]}" "$source"
 done
 for source in "$work"/*.c; do
   "${CC:-cc}" -std=c11 -pedantic -Wall -Wextra -Werror -fsyntax-only "${options[@]}" "$source"

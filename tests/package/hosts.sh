@@ -21,7 +21,7 @@ export PKG_CONFIG_PATH
 byPkgConfig() {
   local source=$1 module=$2 options
   read -ra options <<<"$flags $(pkg-config --cflags --libs "$module")"
-  "${CXX:-c++}" -std=c++20 "$here/$source.cpp" "${options[@]}" \
+  "${CXX:-c++}" -std=c++20 -fPIC "$here/$source.cpp" "${options[@]}" \
     -Wl,-rpath,"$(pkg-config --variable=libdir "$module")" -o "$work/$source-by-pkgconfig"
 }
 echo "by pkg-config:"
