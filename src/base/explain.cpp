@@ -35,7 +35,7 @@ struct Line {
   std::string text;
 };
 
-struct State {
+struct Readers {
   /// Set once, before the threshold.
   std::atomic<int> environmentLevel = 0;
   std::once_flag environmentRead;
@@ -56,9 +56,9 @@ struct State {
 
 thread_local bool isInSink = false;
 
-State& state() {
-  static auto* const state = new State;
-  return *state;
+Readers& readers() {
+  static auto* const readers = new Readers;
+  return *readers;
 }
 
 bool hasForeignRights() {
@@ -84,22 +84,22 @@ void writeToStandardError(Level level, std::string_view text) {
 }
 
 void updateThreshold() {
-  auto& shared = state();
+  auto& shared = readers();
   const int captured = shared.isCaptured ? static_cast<int>(Level::debug) : 0;
   explanationThreshold = std::max({shared.environmentLevel.load(), shared.sinkLevel, captured});
 }
 
 void readEnvironment() {
-  std::call_once(state().environmentRead, [] {
+  std::call_once(readers().environmentRead, [] {
     const char* const value = hasForeignRights() ? nullptr : std::getenv("ORRELO_LOG");
     const auto name = ascii::lowercased(value != nullptr ? value : "");
     const auto* const found = std::find(levelNames.begin(), levelNames.end(), name);
     if (found != levelNames.end()) {
-      state().environmentLevel = static_cast<int>(found - levelNames.begin());
+      readers().environmentLevel = static_cast<int>(found - levelNames.begin());
     } else if (!name.empty()) {
       writeToStandardError(Level::error, "ORRELO_LOG has none of its values: error, warning, info, debug");
     }
-    const std::lock_guard lock(state().mutex);
+    const std::lock_guard lock(readers().mutex);
     updateThreshold();
   });
 }
@@ -122,7 +122,7 @@ void call(const Sink& sink, const Line& line) {
 }
 
 void deliver() {
-  auto& shared = state();
+  auto& shared = readers();
   std::unique_lock lock(shared.mutex);
   if (std::exchange(shared.isDelivering, true)) return;
   while (!shared.waiting.empty()) {
@@ -144,7 +144,7 @@ void deliver() {
 
 // `lock` is released.
 void schedule(std::unique_lock<std::mutex> lock) {
-  auto& shared = state();
+  auto& shared = readers();
   if (!shared.executor || shared.waiting.empty() || std::exchange(shared.isScheduled, true)) return;
   const auto executor = shared.executor;
   lock.unlock();
@@ -157,7 +157,7 @@ void schedule(std::unique_lock<std::mutex> lock) {
 }
 
 void passToReaders(Line line) {
-  auto& shared = state();
+  auto& shared = readers();
   std::unique_lock lock(shared.mutex);
   if (const auto capture = shared.capture) {
     lock.unlock();
@@ -181,7 +181,7 @@ bool hasExplanationReader(ExplanationLevel level) {
 }
 
 void writeExplanation(ExplanationLevel level, std::string_view message) {
-  auto& shared = state();
+  auto& shared = readers();
   auto text = oneLine(message);
   if (shared.environmentLevel >= static_cast<int>(level)) writeToStandardError(level, text);
   // The lock may have been held when a child was forked, which has no thread for the sink either.
@@ -190,7 +190,7 @@ void writeExplanation(ExplanationLevel level, std::string_view message) {
 
 void ORLExplanations::setSink(ExplanationLevel level, Sink sink) {
   readEnvironment();
-  auto& shared = state();
+  auto& shared = readers();
   auto given = sink ? std::make_shared<const Sink>(std::move(sink)) : nullptr;
   const std::lock_guard lock(shared.mutex);
   std::swap(shared.sink, given);  // the former one is destroyed after the lock is released
@@ -201,7 +201,7 @@ void ORLExplanations::setSink(ExplanationLevel level, Sink sink) {
 }
 
 void setExplanationExecutor(std::function<void(std::function<void()>)> executor) {
-  auto& shared = state();
+  auto& shared = readers();
   std::unique_lock lock(shared.mutex);
   std::swap(shared.executor, executor);
   shared.isScheduled = false;  // the former one may not run its task any more
@@ -210,7 +210,7 @@ void setExplanationExecutor(std::function<void(std::function<void()>)> executor)
 
 void setExplanationCapture(ORLExplanations::Sink capture) {
   readEnvironment();
-  auto& shared = state();
+  auto& shared = readers();
   auto given = capture ? std::make_shared<const Sink>(std::move(capture)) : nullptr;
   const std::lock_guard lock(shared.mutex);
   std::swap(shared.capture, given);
