@@ -21,7 +21,7 @@ orrelo_status show(const orrelo_view_controller* with, const Show& onto) {
 }
 
 template <class Make>
-orrelo_view_controller* make(const Make& screen) {
+orrelo_view_controller* makeScreen(const Make& screen) {
   return attemptNew([&] {
     if (!Platform::current().mainLoop->isCurrent()) {
       throw CallFailure{ORRELO_WRONG_THREAD, "screens are made on the main thread"};
@@ -79,13 +79,13 @@ orrelo_status orrelo_show_in_app_message(const orrelo_view_controller* with) {
 }
 
 orrelo_view_controller* orrelo_get_home_view_controller() {
-  return make([] { return Orrelo::getHomeViewController(); });
+  return makeScreen([] { return Orrelo::getHomeViewController(); });
 }
 
 orrelo_view_controller* orrelo_get_campaign_view_controller(const char* id) {
-  return make([&] { return Orrelo::getCampaignViewController(required(id, "id")); });
+  return makeScreen([&] { return Orrelo::getCampaignViewController(required(id, "id")); });
 }
 
 orrelo_view_controller* orrelo_get_campaign_view_controller_of_type(int32_t type) {
-  return make([&] { return Orrelo::getCampaignViewController(typeOf(type)); });
+  return makeScreen([&] { return Orrelo::getCampaignViewController(typeOf(type)); });
 }
