@@ -91,8 +91,8 @@ std::vector<Component> ordered(const JsonObject& json, const std::vector<std::st
   }
   for (const auto& [name, array] : arrays) {
     if (array.isEmpty()) continue;
-    explain(ExplanationLevel::warning, [&] {
-      return "A reply's " + jsonPointer(json) + "/" + std::string(name) +
+    explain(ExplanationLevel::warning, [&, key = std::string(name)] {
+      return "A reply's " + jsonPointer(json) + "/" + key +
              " has blocks that are left out, since \"component_order\" does not name them often enough.";
     });
   }
