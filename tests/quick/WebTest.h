@@ -126,7 +126,7 @@ class WebTest : public QuickTest {
   }
   bool isLoading() const { return engineView()->property("loading").toBool(); }
   /// Waits longer than the base class, since the engine runs several processes.
-  static bool waitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 60'000); }
+  static bool waitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 180'000); }
   QQuickItem* engineView() const { return find(window_->contentItem()); }
   /// The block shows no page any more, and the button below it works.
   void expectEmptyButUsable() {
