@@ -1,3 +1,4 @@
+#include "support/ElsewhereLoop.h"
 #include "support/ExplanationCapture.h"
 #include "support/LogCapture.h"
 #include "support/ServiceReplies.h"
@@ -159,20 +160,6 @@ TEST_F(ExplanationTest, APlatformIsInstalledOnceAndWhole) {
   Orrelo::sendEvent("late");
   platform_.loop->run();
 }
-
-/// A main loop that runs on another thread than the test's.
-class ElsewhereLoop final : public MainLoop {
- public:
-  explicit ElsewhereLoop(std::shared_ptr<MainLoop> loop) : loop_(std::move(loop)) {}
-  void post(Task task) override { loop_->post(std::move(task)); }
-  void postAfter(std::chrono::microseconds delay, Task task) override {
-    loop_->postAfter(delay, std::move(task));
-  }
-  bool isCurrent() const override { return false; }
-
- private:
-  std::shared_ptr<MainLoop> loop_;
-};
 
 TEST_F(ExplanationTest, AScreenThatIsAskedForOnAnotherThreadIsSaid) {
   auto platform = Platform::current();

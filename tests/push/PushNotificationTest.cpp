@@ -1,4 +1,5 @@
 #include "push/OrreloPush.h"
+#include "support/ElsewhereLoop.h"
 #include "support/TestPlatform.h"
 #include "ui/KeyWindow.h"
 #include "ui/NavigationController.h"
@@ -121,18 +122,6 @@ TEST_F(PushNotificationTest, EveryTypeOfValueUnderEveryKey) {
 }
 
 TEST_F(PushNotificationTest, OffTheMainThreadTheRouteIsPostedAndThenTheCompletion) {
-  class ElsewhereLoop final : public MainLoop {
-   public:
-    explicit ElsewhereLoop(std::shared_ptr<MainLoop> loop) : loop_(std::move(loop)) {}
-    void post(Task task) override { loop_->post(std::move(task)); }
-    void postAfter(std::chrono::microseconds delay, Task task) override {
-      loop_->postAfter(delay, std::move(task));
-    }
-    bool isCurrent() const override { return false; }
-
-   private:
-    std::shared_ptr<MainLoop> loop_;
-  };
   auto platform = Platform::current();
   platform.mainLoop = std::make_shared<ElsewhereLoop>(platform_.loop);
   Platform::install(std::move(platform));
