@@ -64,6 +64,15 @@ class ORRELO_EXPORT EventDatabase {
   /// The path of the store's file, for messages.
   virtual std::string location() const = 0;
 
+  struct Status {
+    /// Counted when the file is opened, and then by the operations of this object alone; nullopt if unknown.
+    std::optional<std::size_t> rowCount;
+    /// The error of the last operation, if it failed.
+    std::optional<Error> failure;
+  };
+  /// Returns at once, without an operation, for Orrelo::diagnostics. Any thread.
+  virtual Status status() const { return {}; }
+
   /// Acquires the exclusive right to send the stored events, which the object that it completes with holds
   /// until it is destroyed. Null while another owner holds it, in this process or in another one that shares
   /// the file. A forked child does not hold it.
