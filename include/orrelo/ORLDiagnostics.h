@@ -20,6 +20,7 @@ namespace orrelo {
 /// It contains the application key and URLs, but neither a token nor a value of an event, nor the user's id
 /// unless that was asked for.
 struct ORRELO_EXPORT ORLDiagnostics {
+  /// How the user is named.
   enum class UserIdentity {
     /// The same user of this installation has the same text, which does not reveal the id.
     hashed,
@@ -44,6 +45,7 @@ struct ORRELO_EXPORT ORLDiagnostics {
     std::string dataDirectory;
   };
 
+  /// Whence a configuration came.
   enum class ConfigurationSource {
     /// There was no answer yet.
     none,

@@ -1,35 +1,14 @@
 #include "quick/inspector/InspectorModel.h"
 
-#include <orrelo/Orrelo.h>
-
-#include <QClipboard>
-#include <QGuiApplication>
 #include <algorithm>
+#include <utility>
 
 namespace orrelo::quick {
-namespace {
 
-constexpr std::chrono::seconds updateInterval{1};
-
-}  // namespace
-
-InspectorModel::InspectorModel(QObject* parent) : QAbstractListModel(parent) {
-  update();
-  connect(&timer_, &QTimer::timeout, this, &InspectorModel::update);
-  timer_.start(updateInterval);
-}
-
-void InspectorModel::setSection(inspector::Section section) {
-  if (section_ == section) return;
-  section_ = section;
+void InspectorModel::reset(QList<InspectorRow> rows) {
   beginResetModel();
-  rows_ = inspectorRows(Orrelo::diagnostics(), section_);
+  rows_ = std::move(rows);
   endResetModel();
-  Q_EMIT sectionChanged();
-}
-
-void InspectorModel::copyJson() const {
-  QGuiApplication::clipboard()->setText(QString::fromStdString(Orrelo::diagnostics().json()));
 }
 
 int InspectorModel::rowCount(const QModelIndex& parent) const {
@@ -49,18 +28,19 @@ QVariant InspectorModel::data(const QModelIndex& index, int role) const {
       return row.detail;
     case Tone:
       return QVariant::fromValue(row.tone);
+    case Summary:
+      return row.summary();
     default:
       return {};
   }
 }
 
 QHash<int, QByteArray> InspectorModel::roleNames() const {
-  return {{IsHeading, "isHeading"}, {Title, "title"}, {Value, "value"}, {Detail, "detail"}, {Tone, "tone"}};
+  return {{IsHeading, "isHeading"}, {Title, "title"}, {Value, "value"},
+          {Detail, "detail"},       {Tone, "tone"},   {Summary, "summary"}};
 }
 
-// Keeps the rows that have not changed, so that the list neither jumps nor draws them again.
-void InspectorModel::update() {
-  const auto rows = inspectorRows(Orrelo::diagnostics(), section_);
+void InspectorModel::update(const QList<InspectorRow>& rows) {
   const auto common = std::min(rows.size(), rows_.size());
   for (qsizetype i = 0; i < common; ++i) {
     if (rows_[i] == rows[i]) continue;

@@ -12,6 +12,8 @@ Item {
     required property string detail
     required property int tone
 
+    /// All of it for assistive technology.
+    required property string summary
     readonly property color toneColor: {
         switch (tone) {
         case Inspector.Good: return "#1b7f3b"
@@ -23,7 +25,7 @@ Item {
 
     implicitHeight: isHeading ? heading.implicitHeight + 28 : lines.implicitHeight + 20
     Accessible.role: Accessible.StaticText
-    Accessible.name: [title, value, detail].filter(text => text.length > 0).join(", ")
+    Accessible.name: summary
 
     Rectangle {
         anchors.fill: parent
@@ -54,7 +56,7 @@ Item {
                 id: titleText
                 anchors { left: parent.left; right: valueText.left; rightMargin: row.value.length > 0 ? 16 : 0 }
                 text: row.title
-                wrapMode: Text.WrapAnywhere
+                wrapMode: Text.WrapAtWordBoundaryOrAnywhere
                 Accessible.ignored: true
             }
             KitText {

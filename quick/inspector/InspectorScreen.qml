@@ -10,14 +10,14 @@ FocusScope {
 
     anchors.fill: parent
     // Above everything that the host and the kit draw.
-    z: Number.MAX_SAFE_INTEGER
+    z: 1e9
     focus: true
     Keys.onEscapePressed: closed()
     Keys.onBackPressed: closed()
     Accessible.role: Accessible.Dialog
     Accessible.name: "OrreloSDK inspector"
 
-    InspectorModel { id: inspector }
+    InspectorBridge { id: inspector }
 
     Rectangle {
         anchors.fill: parent
@@ -38,16 +38,15 @@ FocusScope {
     }
     Item {
         id: bar
-        anchors { left: header.left; right: header.right; top: header.top }
+        anchors { left: list.left; right: list.right; top: header.top }
         height: 52
 
         KitText {
             anchors { left: parent.left; leftMargin: 16; right: copy.left; rightMargin: 8; verticalCenter: parent.verticalCenter }
-            text: "OrreloSDK inspector"
+            text: "Inspector"
             size: 17
             maximumScale: 1.2
             font.bold: true
-            elide: Text.ElideRight
             wrapMode: Text.NoWrap
         }
         PressArea {
@@ -90,7 +89,7 @@ FocusScope {
     }
     Row {
         id: tabs
-        anchors { left: header.left; leftMargin: 4; top: bar.bottom }
+        anchors { left: list.left; leftMargin: 4; top: bar.bottom }
         height: Theme.touchSize
 
         Repeater {
@@ -122,7 +121,7 @@ FocusScope {
         id: list
         anchors { top: header.bottom; topMargin: 1; bottom: parent.bottom; horizontalCenter: parent.horizontalCenter }
         width: Math.min(parent.width, 720)
-        model: inspector
+        model: inspector.rows
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true

@@ -153,7 +153,8 @@ InspectorRow rowOf(const ORLDiagnostics::Request& request) {
   if (request.status) values.append(text(*request.status));
   if (request.duration) values.append(QStringLiteral("%1 ms").arg(request.duration->count()));
   row.value = values.join(QStringLiteral(" · "));
-  row.detail = timeText(request.time) + QStringLiteral("  ") + text(request.url);
+  row.detail = timeText(request.time) + QStringLiteral("  ") + url.authority();
+  if (url.hasQuery()) row.detail += u'?' + url.query();
   if (request.failure) row.detail += u'\n' + text(*request.failure);
   const bool isSuccess = request.status.value_or(0) >= 200 && request.status.value_or(0) <= 299;
   row.tone = isSuccess ? Tone::Good : Tone::Bad;
@@ -183,6 +184,13 @@ Rows lastFirst(const std::vector<Item>& items) {
 }
 
 }  // namespace
+
+QString InspectorRow::summary() const {
+  QStringList texts{title};
+  if (!value.isEmpty()) texts.append(value);
+  if (!detail.isEmpty()) texts.append(detail);
+  return texts.join(QStringLiteral(", "));
+}
 
 QList<InspectorRow> inspectorRows(const ORLDiagnostics& snapshot, Section section) {
   switch (section) {

@@ -35,6 +35,9 @@ struct InspectorRow {
   QString detail;
   inspector::Tone tone = inspector::Tone::Plain;
 
+  /// All texts in one line.
+  QString summary() const;
+
   friend bool operator==(const InspectorRow&, const InspectorRow&) = default;
 };
 

@@ -64,6 +64,7 @@ class ORRELO_EXPORT EventDatabase {
   /// The path of the store's file, for messages.
   virtual std::string location() const = 0;
 
+  /// What the store knows about itself.
   struct Status {
     /// Counted when the file is opened, and then by the operations of this object alone; nullopt if unknown.
     std::optional<std::size_t> rowCount;
