@@ -96,6 +96,15 @@ const std::string d = sealedRecord(9, "last");
 const std::string opening = journal::fileHeader(seed);
 const Strings allFour{"first", std::string(70'000, 'b'), "", "last"};
 
+// A folder's journals may be read by a build for another machine.
+TEST(JournalFormatTest, isTheSameOnEveryMachine) {
+  using namespace std::string_literals;
+  EXPECT_EQ(opening, "ORRELOJ1\1\0\0\0\xA5\xF7\xE0\xEA\xEF\xCD\xAB\x89\x67\x45\x23\1"s);
+  EXPECT_EQ(a,
+            "\xB7\xA7\x93\x0C\5\0\0\0\1\0\0\0\0\0\0\0\1\0\0\0\xE8\2\x48\x73"
+            "first"s);
+}
+
 std::string with(std::string bytes, std::size_t at, char value) {
   bytes.at(at) = value;
   return bytes;
