@@ -10,6 +10,14 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   target_compile_options(orrelo_options INTERFACE
     -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds -Wno-maybe-uninitialized)
 endif()
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  # Sizes and numbers of files can have more than 32 bits.
+  target_compile_definitions(orrelo_options INTERFACE _FILE_OFFSET_BITS=64)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "86")
+    # Registers of 80 bits would make a computed number unequal to the same number in memory.
+    target_compile_options(orrelo_options INTERFACE -msse2 -mfpmath=sse)
+  endif()
+endif()
 if(ORRELO_SANITIZE)
   target_compile_options(orrelo_options INTERFACE -fsanitize=${ORRELO_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all)

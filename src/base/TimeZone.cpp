@@ -1,9 +1,12 @@
 #include "base/TimeZone.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <ctime>
 #include <date/tz.h>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -52,9 +55,20 @@ std::string currentIdentifier() {
   return linkedZone("/etc/localtime").value_or("UTC");
 }
 
+/// On some machines `time_t` has 32 bits. A date beyond them is replaced by the same day and time a multiple
+/// of 28 years earlier: weekdays and leap days are the same then, and so is the offset by the zone's last
+/// rules.
+std::time_t systemTime(Date date) {
+  constexpr std::int64_t earliest = std::numeric_limits<std::time_t>::min();
+  constexpr std::int64_t latest = std::numeric_limits<std::time_t>::max();
+  constexpr std::int64_t secondsIn28Years = std::int64_t{28 * 365 + 7} * 24 * 60 * 60;
+  std::int64_t seconds = std::chrono::floor<std::chrono::seconds>(date.sinceEpoch()).count();
+  if (seconds > latest) seconds -= ((seconds - latest - 1) / secondsIn28Years + 1) * secondsIn28Years;
+  return static_cast<std::time_t>(std::max(seconds, earliest));
+}
+
 std::chrono::seconds localOffset(Date date) {
-  const auto seconds =
-      static_cast<std::time_t>(std::chrono::floor<std::chrono::seconds>(date.sinceEpoch()).count());
+  const auto seconds = systemTime(date);
   std::tm local{};
   return localtime_r(&seconds, &local) != nullptr ? std::chrono::seconds(local.tm_gmtoff)
                                                   : std::chrono::seconds(0);

@@ -181,7 +181,10 @@ class Reader {
     for (unsigned shift = 0; shift < 35; shift += 7) {
       const auto next = byte();
       value |= std::uint64_t{next & 0x7FU} << shift;
-      if (next < 0x80U) return static_cast<std::size_t>(value);
+      if (next >= 0x80U) continue;
+      // Each byte and each element takes at least one byte. The size may have more bits than a size_t.
+      if (value > rest_.size()) break;
+      return static_cast<std::size_t>(value);
     }
     throw ReadFailure();
   }

@@ -50,14 +50,14 @@ class FlushWaiters {
  private:
   struct Waiter {
     Ticket last;
-    std::size_t remaining;
+    Ticket remaining;
     Completion completion;
   };
 
   std::atomic<Ticket> lastTicket_ = 0;
 
   std::mutex mutex_;
-  std::size_t settled_ = 0;
+  Ticket settled_ = 0;
   std::size_t lastWaiter_ = 0;
   std::map<std::size_t, Waiter> waiters_;
 };

@@ -113,6 +113,7 @@ TEST(TimeZoneTest, TheCurrentZoneIsTheEnvironments) {
   EXPECT_EQ(dayIn(*RFC3339DateParser::parse("2021-12-31T15:00:00Z"), seoul), "2022-1-1");
   EXPECT_EQ(moved(":America/New_York").identifier(), "America/New_York");
   EXPECT_EQ(TimeZone::current().offset(moment), hours(-5));
+  EXPECT_EQ(TimeZone::current().offset(*RFC3339DateParser::parse("2050-07-01T00:00:00Z")), hours(-4));
   for (const auto* const path : {":/usr/share/zoneinfo/Asia/Seoul", "/usr/share/zoneinfo/posix/Asia/Seoul"}) {
     EXPECT_EQ(moved(path).identifier(), "Asia/Seoul") << path;
   }

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto key = "orrelo_floating_action_button";
+constexpr auto buttonKey = "orrelo_floating_action_button";
 constexpr auto greenLook =
     R"({"iconUrl":"https://img.example/old.png","color":"#00FF00","tooltipMessage":""})";
 const std::string fab =
@@ -64,7 +64,7 @@ class EntryViewTest : public CampaignFixture {
   }
   void keep(const std::string& json) {
     const auto* const bytes = reinterpret_cast<const std::byte*>(json.data());
-    suite_->set(key, DefaultsData(bytes, bytes + json.size()));
+    suite_->set(buttonKey, DefaultsData(bytes, bytes + json.size()));
   }
   std::vector<std::string> takeReports() {
     std::vector<std::string> lines;
@@ -219,7 +219,7 @@ TEST_F(EntryViewTest, TheServiceIsAskedOnceAndThenTheCopyIsUsed) {
   EXPECT_EQ(fetched(), property.encode()) << "a failure counts as the first fetch";
   EXPECT_EQ(requests().size(), 2U);
   initialize();
-  suite_->remove(key);
+  suite_->remove(buttonKey);
   lay("", 500);
   fetched();
   lay(fab);
@@ -242,7 +242,7 @@ TEST_F(EntryViewTest, ACopyThatCannotBeReadCountsAsNone) {
     lay(fab);
     EXPECT_EQ(fetched(), property.encode());
   }
-  suite_->set(key, std::string(greenLook));
+  suite_->set(buttonKey, std::string(greenLook));
   lay(fab);
   EXPECT_EQ(fetched(), property.encode()) << "a text is no data";
   EXPECT_EQ(requests().size(), 2 + broken.size());
@@ -261,7 +261,7 @@ TEST_F(EntryViewTest, EveryFieldOfTheReplyIsRequired) {
       EXPECT_THAT(fetched(), testing::StartsWith("DecodingError.")) << each;
     }
   }
-  EXPECT_FALSE(suite_->data(key)) << "nothing is stored";
+  EXPECT_FALSE(suite_->data(buttonKey)) << "nothing is stored";
   auto huge = reply;
   huge["color"] = huge["icon"] = huge["tool_tip"] = std::string(std::size_t{1} << 20, 'x');
   initialize();

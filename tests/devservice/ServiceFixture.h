@@ -48,7 +48,7 @@ class ServiceFixture : public testing::Test {
     made->enable_server_certificate_verification(true);
     made->set_keep_alive(true);
     made->set_tcp_nodelay(true);
-    made->set_read_timeout(20s);
+    made->set_read_timeout(120s);  // an emulated processor is slow
     return made;
   }
 

@@ -139,8 +139,10 @@ TEST_F(CacheTest, WhatCannotBeReadIsAnError) {
   ASSERT_EQ(mkfifo(fileOf("pipe").c_str(), 0600), 0);
   EXPECT_EQ(read(*cache_, "pipe"), missing);
   std::ofstream(fileOf("large")) << "x";
-  fs::resize_file(fileOf("large"), maximumFileSize + 1);
-  EXPECT_EQ(read(*cache_, "large"), missing);
+  for (const auto size : {std::uintmax_t{maximumFileSize} + 1, (std::uintmax_t{1} << 32U) + 1}) {
+    fs::resize_file(fileOf("large"), size);
+    EXPECT_EQ(read(*cache_, "large"), missing) << size;
+  }
   cache_->store(makeData(std::string(maximumFileSize + 1, 'x')), "new");
   platform_.loop->run();
   EXPECT_FALSE(fs::exists(fileOf("new"))) << "too large to be read, so it is not written";

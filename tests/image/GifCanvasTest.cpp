@@ -151,6 +151,7 @@ TEST(GifCanvasTest, HasBounds) {
   EXPECT_EQ(frameCount(gifFile(4096, 4096, frames(1))), 1u) << "64 MiB";
   EXPECT_EQ(frameCount(gifFile(4097, 4096, frames(1))), 0u);
   EXPECT_EQ(frameCount(gifFile(65535, 65535, frames(1))), 0u);
+  EXPECT_EQ(frameCount(gifFile(32769, 32768, frames(1))), 0u) << "128 KiB in a size of 32 bits";
   EXPECT_EQ(frameCount(gifFile(0, 1, frames(1))), 0u);
   EXPECT_EQ(frameCount(gifFile(1, 1, {})), 0u);
   EXPECT_EQ(frameCount(gifFile(1, 1, frames(1)) + std::string(maximumFileSize, '\0')), 0u);

@@ -59,6 +59,9 @@ TEST(EventRecordTest, KeepsEachTypeOfValueAndReadsNothingElse) {
     EXPECT_FALSE(EventRecord::decode(record.view().substr(0, size))) << size;
   }
   EXPECT_FALSE(EventRecord::decode(std::string(record.view()) + "x"));
+  std::string tooLong(record.view());
+  tooLong.replace(tooLong.find("\5minji"), 1, "\x85\x80\x80\x80\x10");
+  EXPECT_FALSE(EventRecord::decode(tooLong)) << "2^32 bytes more, which a size of 32 bits does not count";
   EventValues deep;
   deep["k"] = 1;
   for (int i = 0; i < 10'000; ++i) {

@@ -175,7 +175,7 @@ TEST_F(FileEventJournalTest, countsATornRecordAsNotWritten) {
       sizes.rlim_cur = std::min(size, sizes.rlim_max);
       return setrlimit(RLIMIT_FSIZE, &sizes) == 0;
     };
-    const auto size = std::filesystem::file_size(onlyFile());
+    const auto size = static_cast<rlim_t>(std::filesystem::file_size(onlyFile()));
     if (!limit(size + 100)) return false;
     for (int n = 0; n < 2; ++n) {
       if (refusal(*journal, std::string(200, 't')) != Refusal::unwritable) return false;

@@ -93,8 +93,17 @@ const std::string a = sealedRecord(1, "first");
 const std::string b = sealedRecord(2, std::string(70'000, 'b'));
 const std::string c = sealedRecord(3, "");
 const std::string d = sealedRecord(9, "last");
-const std::string start = journal::fileHeader(seed);
-const Strings all{"first", std::string(70'000, 'b'), "", "last"};
+const std::string opening = journal::fileHeader(seed);
+const Strings allFour{"first", std::string(70'000, 'b'), "", "last"};
+
+// A folder's journals may be read by a build for another machine.
+TEST(JournalFormatTest, isTheSameOnEveryMachine) {
+  using namespace std::string_literals;
+  EXPECT_EQ(opening, "ORRELOJ1\1\0\0\0\xA5\xF7\xE0\xEA\xEF\xCD\xAB\x89\x67\x45\x23\1"s);
+  EXPECT_EQ(a,
+            "\xB7\xA7\x93\x0C\5\0\0\0\1\0\0\0\0\0\0\0\1\0\0\0\xE8\2\x48\x73"
+            "first"s);
+}
 
 std::string with(std::string bytes, std::size_t at, char value) {
   bytes.at(at) = value;
@@ -113,25 +122,25 @@ TEST(JournalReaderTest, keepsWhatHasARightSum) {
   };
   const std::vector<Case> cases{
       {"empty", "", {}, 0},
-      {"header alone", start, {}, 0},
-      {"whole", start + a + b + c + d, all, 0},
-      {"doubled", start + a + b + c + d + start + a + b + c + d, all, start.size()},
-      {"in another order", start + d + b + a + c, all, 0},
-      {"noise around", start + noise + a + noise + b + c + d + noise, all, 3 * noise.size()},
-      {"noise in place of the header", std::string(500, 'x') + a + b + c + d, all, 500},
-      {"damaged header", with(start, 3, 'x') + a + b + c + d, all, start.size()},
-      {"a record's value changed", start + a + with(b, 60'000, 'x') + c, {"first", ""}, b.size()},
-      {"a length too large", start + tooLong + c + d, {"", "last"}, a.size()},
-      {"a torn record", start + a + b.substr(0, 66'000) + c + d, {"first", "", "last"}, 66'000},
-      {"another file's record", start + sealedRecord(4, "old", seed + 1) + d, {"last"}, 27},
+      {"header alone", opening, {}, 0},
+      {"whole", opening + a + b + c + d, allFour, 0},
+      {"doubled", opening + a + b + c + d + opening + a + b + c + d, allFour, opening.size()},
+      {"in another order", opening + d + b + a + c, allFour, 0},
+      {"noise around", opening + noise + a + noise + b + c + d + noise, allFour, 3 * noise.size()},
+      {"noise in place of the header", std::string(500, 'x') + a + b + c + d, allFour, 500},
+      {"damaged header", with(opening, 3, 'x') + a + b + c + d, allFour, opening.size()},
+      {"a record's value changed", opening + a + with(b, 60'000, 'x') + c, {"first", ""}, b.size()},
+      {"a length too large", opening + tooLong + c + d, {"", "last"}, a.size()},
+      {"a torn record", opening + a + b.substr(0, 66'000) + c + d, {"first", "", "last"}, 66'000},
+      {"another file's record", opening + sealedRecord(4, "old", seed + 1) + d, {"last"}, 27},
       {"a record as a value",
-       start + sealedRecord(4, sealedRecord(5, "inner", seed + 1)),
+       opening + sealedRecord(4, sealedRecord(5, "inner", seed + 1)),
        {sealedRecord(5, "inner", seed + 1)},
        0},
-      {"released", start + a + b + releaseOf(2, 3) + c + d, {"first", "last"}, 0},
-      {"released and doubled", start + a + b + releaseOf(1, 2) + a + d, {"last"}, 0},
+      {"released", opening + a + b + releaseOf(2, 3) + c + d, {"first", "last"}, 0},
+      {"released and doubled", opening + a + b + releaseOf(1, 2) + a + d, {"last"}, 0},
       {"all released",
-       start + a + b + c + d + releaseOf(0, std::numeric_limits<std::uint64_t>::max()),
+       opening + a + b + c + d + releaseOf(0, std::numeric_limits<std::uint64_t>::max()),
        {},
        0}};
   for (const auto& each : cases) {
@@ -140,13 +149,13 @@ TEST(JournalReaderTest, keepsWhatHasARightSum) {
     EXPECT_EQ(content.unreadableSize, each.unreadable) << each.name;
     EXPECT_FALSE(content.isLaterVersion);
   }
-  EXPECT_TRUE(contentOf(with(start, 8, '\2') + a).isLaterVersion);
+  EXPECT_TRUE(contentOf(with(opening, 8, '\2') + a).isLaterVersion);
 }
 
 TEST(JournalReaderTest, keepsTheOtherRecordsIfItIsCutOrChangedAnywhere) {
-  const auto bytes = start + a + c + d;
+  const auto bytes = opening + a + c + d;
   const Strings contents{"first", "", "last"};
-  const std::vector<std::size_t> ends{start.size() + a.size(), start.size() + a.size() + c.size(),
+  const std::vector<std::size_t> ends{opening.size() + a.size(), opening.size() + a.size() + c.size(),
                                       bytes.size()};
   for (std::size_t cut = 0; cut <= bytes.size(); ++cut) {
     const auto whole = std::count_if(ends.begin(), ends.end(), [&](auto end) { return end <= cut; });
@@ -155,7 +164,7 @@ TEST(JournalReaderTest, keepsTheOtherRecordsIfItIsCutOrChangedAnywhere) {
   }
   for (std::size_t at = 0; at < bytes.size(); ++at) {
     auto expected = contents;
-    if (at >= start.size()) {
+    if (at >= opening.size()) {
       expected.erase(expected.begin() + (std::upper_bound(ends.begin(), ends.end(), at) - ends.begin()));
     }
     const auto changed = with(bytes, at, static_cast<char>(~bytes[at]));
@@ -170,15 +179,15 @@ TEST(JournalReaderTest, keepsTheOtherRecordsIfItIsCutOrChangedAnywhere) {
 TEST(JournalReaderTest, givesUpOnAFileFullOfMarkers) {
   auto header = sealedRecord(1, std::string(EventJournal::maximumRecordSize - EventJournal::headerSize, 'x'));
   header.resize(8);
-  auto bytes = start;
+  auto bytes = opening;
   while (bytes.size() < std::size_t{8} * 1024 * 1024) bytes += header;
   const auto content = contentOf(bytes);
   EXPECT_TRUE(content.live.empty());
-  EXPECT_EQ(content.unreadableSize, bytes.size() - start.size());
+  EXPECT_EQ(content.unreadableSize, bytes.size() - opening.size());
 }
 
 TEST(JournalReaderTest, failsIfTheSourceDoes) {
-  const auto bytes = start + a + b + d;
+  const auto bytes = opening + a + b + d;
   for (const std::size_t failing : {0U, 1U, 2U}) {
     std::size_t calls = 0;
     const auto source = [&](std::size_t offset, char* to, std::size_t size) -> std::optional<std::size_t> {

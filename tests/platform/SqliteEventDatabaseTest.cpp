@@ -266,7 +266,7 @@ using Damage = std::function<void(const std::filesystem::path&)>;
 void overwrite(const std::filesystem::path& path, std::uintmax_t from, std::uintmax_t count) {
   std::fstream stream(path, std::ios::in | std::ios::out | std::ios::binary);
   stream.seekp(static_cast<std::streamoff>(from));
-  stream << std::string(count, '\xAA');
+  stream << std::string(static_cast<std::size_t>(count), '\xAA');
 }
 
 class DamagedStoreTest : public SqliteEventDatabaseTest, public ::testing::WithParamInterface<Damage> {};

@@ -18,13 +18,14 @@ constexpr int mostDays = 366;
 std::string encoded(const std::string& text) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string result;
-  for (const unsigned char byte : text) {
+  for (const char byte : text) {
     const bool isAlphanumeric =
         (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-    if (isAlphanumeric || std::string_view("-._~").find(static_cast<char>(byte)) != std::string_view::npos) {
-      result += static_cast<char>(byte);
+    if (isAlphanumeric || std::string_view("-._~").find(byte) != std::string_view::npos) {
+      result += byte;
     } else {
-      result += {'%', digits[byte >> 4U], digits[byte & 15U]};
+      const auto value = static_cast<unsigned char>(byte);
+      result += {'%', digits[value >> 4U], digits[value & 15U]};
     }
   }
   return result;

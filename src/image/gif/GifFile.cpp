@@ -12,6 +12,11 @@ namespace {
 
 constexpr std::size_t maximumPixels = Bitmap::maximumSize / Bitmap::bytesPerPixel;
 
+/// At most 32 bits, as a side has 16. The size in bytes can exceed a size_t of 32 bits.
+std::size_t pixelCount(int width, int height) {
+  return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
 GifDisposal disposalOf(const GraphicsControlBlock& block) {
   switch (block.DisposalMode) {
     case DISPOSE_BACKGROUND:
@@ -34,8 +39,8 @@ class GifFile::Walk {
     if (!isGif(file_.bytes()) || !reader_.open()) return false;
     file_.width_ = reader_.state().SWidth;
     file_.height_ = reader_.state().SHeight;
-    const auto size = Bitmap::sizeOf(file_.width_, file_.height_);
-    return size > 0 && size <= Bitmap::maximumSize;
+    const auto pixels = pixelCount(file_.width_, file_.height_);
+    return pixels > 0 && pixels <= maximumPixels;
   }
 
   /// Stops at the first block that cannot be read.
@@ -76,7 +81,8 @@ class GifFile::Walk {
     frame.top = image.Top;
     frame.width = image.Width;
     frame.height = image.Height;
-    if (frame.pixelCount() > maximumPixels || !reader_.readPixels(frame.pixelCount(), nullptr)) return false;
+    const auto pixels = pixelCount(frame.width, frame.height);
+    if (pixels > maximumPixels || !reader_.readPixels(pixels, nullptr)) return false;
     frame.startsAnew = startsAnew(frame);
     file_.frames_.push_back(frame);
     return skipData();

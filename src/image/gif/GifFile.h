@@ -29,10 +29,6 @@ struct GifFrame {
   int delay = 0;
   /// The place of its description in the file.
   std::size_t place = 0;
-
-  std::size_t pixelCount() const {
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-  }
 };
 
 /// A GIF file whose blocks have been walked once, so that each frame can be decoded alone. The frames end

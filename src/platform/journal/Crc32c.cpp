@@ -6,8 +6,8 @@
 
 #if defined(__x86_64__)
 #include <nmmintrin.h>
-#elif defined(__ARM_FEATURE_CRC32)
-#include <arm_acle.h>
+#elif defined(__aarch64__) && defined(__linux__)
+#include <sys/auxv.h>
 #endif
 
 namespace orrelo {
@@ -38,16 +38,20 @@ __attribute__((target("sse4.2"))) std::uint32_t acceleratedCrc32c(std::string_vi
   for (; at < bytes.size(); ++at) small = _mm_crc32_u8(small, static_cast<unsigned char>(bytes[at]));
   return ~small;
 }
-#elif defined(__ARM_FEATURE_CRC32)
+#elif defined(__aarch64__) && defined(__linux__)
+// Assembler, since g++ and clang have no common name for an instruction that the processor may lack.
 std::uint32_t acceleratedCrc32c(std::string_view bytes, std::uint32_t sum) {
   auto state = ~sum;
   std::size_t at = 0;
   for (; at + sizeof(std::uint64_t) <= bytes.size(); at += sizeof(std::uint64_t)) {
     std::uint64_t word = 0;
     std::memcpy(&word, bytes.data() + at, sizeof(word));
-    state = __crc32cd(state, word);
+    asm(".arch_extension crc\n\tcrc32cx %w0, %w0, %x1" : "+r"(state) : "r"(word));
   }
-  for (; at < bytes.size(); ++at) state = __crc32cb(state, static_cast<unsigned char>(bytes[at]));
+  for (; at < bytes.size(); ++at) {
+    const std::uint32_t byte = static_cast<unsigned char>(bytes[at]);
+    asm(".arch_extension crc\n\tcrc32cb %w0, %w0, %w1" : "+r"(state) : "r"(byte));
+  }
   return ~state;
 }
 #endif
@@ -66,8 +70,9 @@ std::uint32_t crc32c(std::string_view bytes, std::uint32_t sum) {
 #if defined(__x86_64__)
   const bool isAccelerated = __builtin_cpu_supports("sse4.2") != 0;  // reads a variable
   return isAccelerated ? acceleratedCrc32c(bytes, sum) : portableCrc32c(bytes, sum);
-#elif defined(__ARM_FEATURE_CRC32)
-  return acceleratedCrc32c(bytes, sum);
+#elif defined(__aarch64__) && defined(__linux__)
+  static const bool isAccelerated = (getauxval(AT_HWCAP) & HWCAP_CRC32) != 0;
+  return isAccelerated ? acceleratedCrc32c(bytes, sum) : portableCrc32c(bytes, sum);
 #else
   return portableCrc32c(bytes, sum);
 #endif

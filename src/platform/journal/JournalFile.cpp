@@ -15,6 +15,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// With 32 bits each, `fstat` would fail for files of large numbers, which some file systems have.
+static_assert(sizeof(off_t) == 8 && sizeof(ino_t) == 8);
+
 constexpr off_t reservedSize = off_t{256} * 1024;
 constexpr int openFlags = O_RDWR | O_APPEND | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
 
@@ -156,10 +159,10 @@ bool JournalFile::appendByKeeper(std::string_view bytes) {
 }
 
 bool JournalFile::isWhole() const {
-  const std::size_t expected = size_;
+  const std::uintmax_t expected = size_;
   struct stat status {};
   const auto identity = identityOf(::lstat(path_.c_str(), &status), status);
-  return identity == identity_ && static_cast<std::size_t>(status.st_size) >= expected;
+  return identity == identity_ && static_cast<std::uintmax_t>(status.st_size) >= expected;
 }
 
 void JournalFile::remove() const {

@@ -8,8 +8,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <fcntl.h>
 #include <iterator>
+#include <limits>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -46,6 +48,12 @@ int openRegular(const fs::path& path, std::string& fault) {
     if (errno != ENOENT) fault = "cannot be opened (" + systemMessage() + ")";
   }
   return -1;
+}
+
+/// The largest size_t for larger files, which a size_t of 32 bits does not count.
+std::size_t sizeOf(const struct stat& status) {
+  constexpr std::uintmax_t most = std::numeric_limits<std::size_t>::max();
+  return static_cast<std::size_t>(std::min(static_cast<std::uintmax_t>(status.st_size), most));
 }
 
 bool isNamed(int descriptor, const fs::path& path) {
@@ -138,7 +146,7 @@ std::optional<LeftJournals::Journal> LeftJournals::lock(const fs::path& path, st
   if (left.descriptor < 0) return std::nullopt;
   struct stat status {};
   const bool isKnown = ::fstat(left.descriptor, &status) == 0;
-  left.size = isKnown ? static_cast<std::size_t>(status.st_size) : 0;
+  left.size = isKnown ? sizeOf(status) : 0;
   const bool isLocked = ::flock(left.descriptor, LOCK_EX | LOCK_NB) == 0;
   if (!isLocked) othersSize += left.size;
   // Its process may have replaced and removed the file between the opening and the locking.
@@ -204,8 +212,9 @@ void LeftJournals::release(const std::vector<EventJournal::Position>& positions)
     const auto next = adopted_.upper_bound(position);
     if (next == adopted_.begin()) continue;
     auto& [first, journal] = *std::prev(next);
-    if (position - first >= journal.sequences.size()) continue;
-    const auto sequence = std::exchange(journal.sequences[position - first], std::nullopt);
+    const auto offset = position - first;
+    if (offset >= journal.sequences.size()) continue;
+    const auto sequence = std::exchange(journal.sequences[static_cast<std::size_t>(offset)], std::nullopt);
     if (!sequence) continue;
     journal.unwritten.add(*sequence, *sequence);
     --journal.liveCount;

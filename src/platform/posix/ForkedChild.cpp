@@ -8,6 +8,7 @@ namespace orrelo {
 namespace {
 
 using Generation = std::atomic<std::uint64_t>;
+static_assert(Generation::is_always_lock_free, "a lock could stay locked in a forked child");
 
 /// Lies in a page that the kernel clears in a forked child. It is this one where no kernel clears it.
 Generation notCleared = 0;

@@ -111,8 +111,8 @@ void EventTable::runInsert(SQLite::Statement& statement, const EventRow& row) {
 }
 
 std::vector<EventRow> EventTable::fetchOldest(std::size_t limit) {
-  constexpr std::size_t most = std::numeric_limits<std::int64_t>::max();
-  fetch_.bind(1, static_cast<std::int64_t>(std::min(limit, most)));
+  constexpr std::uint64_t most = std::numeric_limits<std::int64_t>::max();
+  fetch_.bind(1, static_cast<std::int64_t>(std::min<std::uint64_t>(limit, most)));
   std::vector<EventRow> rows;
   while (file_.step(fetch_)) {
     rows.push_back({.eventId = readText(fetch_.getColumn(0)),

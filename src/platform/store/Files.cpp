@@ -63,8 +63,10 @@ std::string Files::read(const fs::path& file, std::size_t maximumSize) {
   struct stat status {};
   if (::fstat(descriptor.number(), &status) != 0) throw makeError(FileError::open, systemMessage());
   if (!S_ISREG(status.st_mode)) throw makeError(FileError::open, "This is no plain file");
+  if (status.st_size > 0 && static_cast<std::uintmax_t>(status.st_size) > maximumSize) {
+    throw makeError(FileError::read, messageOf(EFBIG));
+  }
   const auto size = static_cast<std::size_t>(status.st_size);
-  if (size > maximumSize) throw makeError(FileError::read, messageOf(EFBIG));
   std::string bytes(size, '\0');
   std::size_t done = 0;
   while (done < size) {
