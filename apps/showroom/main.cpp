@@ -4,6 +4,7 @@
 #include "Tour.h"
 #include "readPayload.h"
 
+#include <orrelo/Orrelo.h>
 #ifdef SHOWROOM_HAS_WEB
 #include <orrelo/quick/OrreloWeb.h>
 #endif
@@ -14,6 +15,7 @@
 #include <QProcess>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
+#include <QQuickWindow>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -57,7 +59,8 @@ std::string prepareTour(const QString& folder) {
 }
 
 int visit(const QString& folder) {
-  Showroom(folder.toStdString(), Tour::moment).signIn(QStringLiteral("minji"));
+  const Showroom showroom(folder.toStdString(), Tour::moment);
+  orrelo::Orrelo::setUser(orrelo::ORLUser("minji", orrelo::ORLMarketingStatus::optIn));
   return 0;
 }
 
@@ -86,7 +89,6 @@ int run(Showroom& showroom, const QString& tourFolder,
   engine.load(QUrl(QStringLiteral("qrc:/showroom/Main.qml")));
   auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
   if (window == nullptr) return 1;
-  showroom.setWindow(window);
   if (!tourFolder.isEmpty()) {
     QTimer::singleShot(0, window, [&] {
       QCoreApplication::exit(playTour(showroom, *window, tourFolder.toStdString(), *notification));

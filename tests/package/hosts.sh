@@ -13,6 +13,7 @@ cmake --build "$work/cmake" --parallel >/dev/null
 echo "by CMake:"
 # A host that ends right after it has reported an event meets the kit's threads at work: it must end well each time.
 for _ in {1..20}; do "$work/cmake/packaged-host"; done | sort -u
+"$work/cmake/packaged-own-host"
 if [ "$(has quick)" = 1 ]; then
   "$work/cmake/packaged-quick-host" "$here/Host.qml"
   # An archive has no inspector.
