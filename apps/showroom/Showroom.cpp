@@ -1,5 +1,7 @@
 #include "Showroom.h"
 
+#include "Browser.h"
+
 #include <orrelo/Orrelo.h>
 #include <orrelo/platform/Clock.h>
 #include <orrelo/quick/OrreloQuick.h>
@@ -33,6 +35,7 @@ class Showroom::StoppedClock final : public Clock {
 Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> now)
     : service_({.dataDirectory = folder / "service", .now = now}) {
   service_.start();
+  Browser::accept(service_.certificatePath());
   auto platform = quick::platform({.bundleIdentifier = "com.example.orrelo-showroom",
                                    .shortVersion = "1.0",
                                    .bundleVersion = "1",

@@ -1,17 +1,14 @@
 // A host application with the kit's screens. --tour FOLDER plays a tour of them, also on machines without a
 // display.
+#include "Browser.h"
 #include "Showroom.h"
 #include "Tour.h"
 #include "readPayload.h"
 
 #include <orrelo/Orrelo.h>
-#ifdef SHOWROOM_HAS_WEB
-#include <orrelo/quick/OrreloWeb.h>
-#endif
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
-#include <QLoggingCategory>
 #include <QProcess>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
@@ -23,7 +20,6 @@
 #include <fstream>
 #include <iostream>
 #include <optional>
-#include <unistd.h>
 
 namespace {
 
@@ -103,13 +99,7 @@ int run(Showroom& showroom, const QString& tourFolder,
 }  // namespace
 
 int main(int argc, char** argv) {
-#ifdef SHOWROOM_HAS_WEB
-  // The browser engine's sandbox refuses to run as root, as in a container. Going without it is safe here,
-  // because only the showroom's own pages are shown.
-  if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
-  orrelo::quick::initializeWeb();
-#endif
+  Browser::initialize();
   QGuiApplication application(argc, argv);
   application.setApplicationName(QStringLiteral("orrelo-showroom"));
   QCommandLineParser parser;
