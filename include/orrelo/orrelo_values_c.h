@@ -35,8 +35,8 @@ enum {
 ORRELO_EXPORT const char* orrelo_status_text(orrelo_status status);
 /** The status of the calling thread's last call that returns a status or a new handle. */
 ORRELO_EXPORT orrelo_status orrelo_last_status(void);
-/** What was wrong with that call, in English; empty if it succeeded. Never NULL. Valid until the thread's
- * next call. */
+/** What was wrong with that call, in English, in up to 511 bytes; empty if it succeeded. Never NULL. Valid
+   until the thread's next call. */
 ORRELO_EXPORT const char* orrelo_last_error(void);
 
 /** One value of an event. A plain value: it may be used on any thread, but on one at a time. */

@@ -1,3 +1,4 @@
+#include "c/CallStatus.h"
 #include "support/TestPlatform.h"
 #include "ui/RunningKit.h"
 #include "ui/ViewController.h"
@@ -168,6 +169,11 @@ TEST(CInterfaceTest, StatusesBelongToTheirThread) {
     EXPECT_STREQ(orrelo_status_text(status), "unknown status");
   }
   EXPECT_STREQ(orrelo_status_text(ORRELO_FAILED), "failed");
+  const std::string text(510, 'a');
+  c::finish(ORRELO_FAILED, text + "bcd");
+  EXPECT_EQ(orrelo_last_error(), text + "b");
+  c::finish(ORRELO_FAILED, text + "안");
+  EXPECT_EQ(orrelo_last_error(), text) << "cut between code points";
 }
 
 TEST(CInterfaceTest, BeforeInitializeCallsSaySo) {
