@@ -63,10 +63,12 @@ orrelo_status orrelo_quick_application_run(int32_t* exitCode) {
 }
 
 void orrelo_quick_application_quit(int32_t exitCode) {
-  auto* const application = QCoreApplication::instance();
-  if (application == nullptr) return;
-  QMetaObject::invokeMethod(
-      application, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
+  attemptSilently([exitCode] {
+    auto* const application = QCoreApplication::instance();
+    if (application == nullptr) return;
+    QMetaObject::invokeMethod(
+        application, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
+  });
 }
 
 orrelo_status orrelo_quick_application_finish() {

@@ -138,6 +138,9 @@ TEST(CInterfaceTest, AWrongArgumentIsNamedAndChangesNothing) {
   expect((orrelo_config_new(nullptr), orrelo_last_status()), "appKey is NULL");
   expect(orrelo_user_set_marketing_status(user, 3), "status is out of range");
   expect(orrelo_host_application_set_version(host, "1", nullptr), "bundleVersion is NULL");
+  for (const auto* const url : {"", "http://localhost:9443", "https://", "localhost:9443"}) {
+    expect(orrelo_host_application_set_development_service(host, url, nullptr), "not an https URL");
+  }
   expect(orrelo_initialize(nullptr), "config is NULL");
   expect(orrelo_initialize(reserved), "reserved name");
   expect(orrelo_send_event(nullptr, values), "name is NULL");
