@@ -14,9 +14,10 @@ extern "C" {
    sent. A pointer that may be NULL says so; NULL elsewhere is ORRELO_INVALID_ARGUMENT and changes nothing.
 
    Memory: what a `…_new`, `…_copy` or `…_from_…` function returns belongs to the caller, who frees it with
-   the `…_free` function of its type. So do the screens that are returned as `orrelo_view_controller*`. Texts
-   and values that are passed are copied, unless the function says that it takes them. All other pointers that
-   a function returns stay the kit's. Records are opaque, and so they can grow.
+   the `…_free` function of its type. So do the screens that are returned as `orrelo_view_controller*`, and
+   the value that `orrelo_diagnostics` returns. Texts and values that are passed are copied, unless the
+   function says that it takes them. All other pointers that a function returns stay the kit's. Records are
+   opaque, and so they can grow.
 
    Threads: any thread may call any function, but not the same handle on two threads at once; exceptions are
    stated. The main thread is that of the run loop, or that of the QGuiApplication.
@@ -228,7 +229,9 @@ ORRELO_EXPORT const char* orrelo_web_kit_handler_name(void);
 ORRELO_EXPORT const char* orrelo_web_kit_user_script_source(void);
 /** Carries out a message of a page, whose body is a text. `with` may be NULL: then methods that show a screen
    show none. A message that cannot be carried out is ORRELO_INVALID_ARGUMENT, with one of ORRELO_WEB_KIT_… in
-   `reason`, which may be NULL and is -1 otherwise. A message of another handler is ignored. */
+   `reason`, which may be NULL and is -1 otherwise. An event with a value that `orrelo_send_event` refuses is
+   ORRELO_UNSUPPORTED_VALUE. A message of another handler is ignored. Before `orrelo_initialize` no event is
+   reported and no screen is shown, and the result is ORRELO_OK. */
 ORRELO_EXPORT orrelo_status orrelo_web_kit_handle(const orrelo_view_controller* with, const char* messageName,
                                                   const char* messageBody, int32_t* reason);
 
