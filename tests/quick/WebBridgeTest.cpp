@@ -239,8 +239,10 @@ TEST_F(WebBridgeTest, AHostKeepsItsOwnScriptsAndItsOwnChannel) {
   channel->registerObject(QStringLiteral("shop"), &hosts);
   {
     const ExplanationCapture explanations;
-    EXPECT_TRUE(waitFor([&] { return !explanations.lines().empty(); })) << "pages do not reach the object";
-    EXPECT_THAT(explanations.lines(), testing::ElementsAre(testing::HasSubstr("set webChannelWorld")));
+    const testing::Matcher<std::vector<std::string>> line =
+        testing::Contains(testing::HasSubstr("set webChannelWorld"));
+    EXPECT_TRUE(waitFor([&] { return line.Matches(explanations.lines()); }))
+        << "pages do not reach the object";
   }
   view_->setProperty("webChannelWorld", 0U);
   server_.pages[QStringLiteral("/page")] = reporting("page") + R"(<script>
@@ -260,9 +262,9 @@ TEST_F(WebBridgeTest, TheKitsOwnPagesCannotGetIt) {
   EXPECT_FALSE(quick::installBridge(nullptr));
   quick::initializeWeb();
   EXPECT_THAT(explanations.lines(),
-              testing::ElementsAre(testing::HasSubstr("is not installed in QQuickWebEngineView"),
-                                   testing::HasSubstr("is not installed in a null item"),
-                                   testing::HasSubstr("initializeWeb comes after")));
+              testing::IsSupersetOf({testing::HasSubstr("is not installed in QQuickWebEngineView"),
+                                     testing::HasSubstr("is not installed in a null item"),
+                                     testing::HasSubstr("initializeWeb comes after")}));
 }
 
 }  // namespace
