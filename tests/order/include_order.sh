@@ -21,7 +21,8 @@ drawn="ui image viewkit modular campaign rewards referral inappmessage navigatio
 declare -A ground=(
   [quick/platform]="base platform"  # realises the interfaces of the machine
   [quick/bridge]="base reactive"    # colours; subscriptions to states
-  [quick/host]="base platform"      # the log; whether the user wants less movement
+  [quick/host]="base platform model"  # the log; whether the user wants less movement; delegates
+  [quick/inspector]="base"          # the explanations
   [quick/c]="c"                     # the statuses and handles of the C interface
   [quick/web]="network c")          # the environment whose certificate web pages may have
 
