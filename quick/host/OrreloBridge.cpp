@@ -87,9 +87,9 @@ static_assert(hasValue(OrreloBridge::CampaignType::Attendance, ORLCampaignType::
 class OrreloBridge::Relay final : public ORLUserEventDelegate, public ORLOptInMarketingCampaignDelegate {
  public:
   static std::shared_ptr<Relay> shared() {
-    static std::weak_ptr<Relay> current;
-    auto relay = current.lock();
-    if (!relay) current = relay = std::make_shared<Relay>();
+    static auto* const current = new std::weak_ptr<Relay>;
+    auto relay = current->lock();
+    if (!relay) *current = relay = std::make_shared<Relay>();
     return relay;
   }
 
