@@ -6,6 +6,7 @@
 #include "base/explain.h"
 #include "image/gif/GifLoad.h"
 #include "image/gif/GifPlaybackManager.h"
+#include "network/explainRequest.h"
 
 #include <algorithm>
 #include <array>
