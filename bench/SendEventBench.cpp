@@ -149,6 +149,17 @@ std::vector<double> measureBurst() {
   return {kitCount / secondsSince(start) / plainRate, plainRate};
 }
 
+// A snapshot after many requests, with and without its JSON, in milliseconds.
+std::vector<double> measureDiagnostics() {
+  std::vector<double> snapshots;
+  std::vector<double> texts;
+  for (int i = 0; i < 1000; ++i) {
+    snapshots.push_back(timed([] { Orrelo::diagnostics(); }) / 1e6);
+    texts.push_back(timed([] { Orrelo::diagnostics().json(); }) / 1e6);
+  }
+  return {quantile(snapshots, 0.5), quantile(snapshots, 0.99), quantile(texts, 0.5)};
+}
+
 // The kit, sending to a service, for the lifetime of the process.
 struct Kit {
   Kit();
@@ -209,6 +220,13 @@ void addSendEvent() {
       [] {
         startKit();
         return measureBurst();
+      });
+  add({{"diagnostics: p50", "ms", 0.2},
+       {"diagnostics: p99", "ms"},
+       {"diagnostics with its JSON: p50", "ms", 0.2}},
+      [] {
+        startKit();
+        return measureDiagnostics();
       });
 }
 

@@ -5,6 +5,9 @@ import Orrelo
 Window {
     id: root
     property alias textScale: host.textScale
+    property int purchases: 0
+    /// True once the user has pressed the marketing campaign's button: the shop grants consent at once.
+    property bool hasConsent: false
 
     width: 390
     height: 844
@@ -12,6 +15,20 @@ Window {
     title: "파랑상점"
     color: "#f6f4ee"
 
+    function signIn(user: string) {
+        Orrelo.setUser(user, Orrelo.OptIn)
+        showroom.user = user
+    }
+
+    function signOut() {
+        Orrelo.setUser(null)
+        showroom.user = ""
+    }
+
+    Connections {
+        target: Orrelo
+        function onMoveButtonTapped() { root.hasConsent = true }
+    }
     OrreloHost {
         id: host
         anchors.fill: parent
@@ -46,7 +63,7 @@ Window {
                 }
                 ShopButton {
                     text: showroom.user === "" ? "민지로 로그인" : "로그아웃"
-                    onPressed: showroom.user === "" ? showroom.signIn("minji") : showroom.signOut()
+                    onPressed: showroom.user === "" ? root.signIn("minji") : root.signOut()
                 }
                 OrreloCampaignEntryView {
                     width: parent.width
@@ -104,7 +121,7 @@ Window {
                     ShopButton {
                         width: showroom.newsUrl === "" ? parent.width : campaigns.cell
                         text: "혜택 홈 열기"
-                        onPressed: showroom.openHome()
+                        onPressed: Orrelo.showHome()
                     }
                     ShopButton {
                         width: campaigns.cell
@@ -116,7 +133,7 @@ Window {
                 ShopButton {
                     visible: showroom.user !== ""
                     text: "오늘의 메시지 보기"
-                    onPressed: showroom.showMessages()
+                    onPressed: Orrelo.showInAppMessage()
                 }
                 Rectangle {
                     width: parent.width
@@ -139,8 +156,11 @@ Window {
                             color: "#45566b"
                         }
                         ShopButton {
-                            text: showroom.eventCount === 0 ? "구매하기" : "구매하기 (" + showroom.eventCount + ")"
-                            onPressed: showroom.buy()
+                            text: root.purchases === 0 ? "구매하기" : "구매하기 (" + root.purchases + ")"
+                            onPressed: {
+                                Orrelo.sendEvent("purchase", { item: "blue shoes", price: 39.9 })
+                                root.purchases++
+                            }
                         }
                     }
                 }
@@ -156,62 +176,62 @@ Window {
                     ShopButton {
                         width: campaigns.cell
                         text: "출석체크 열기"
-                        onPressed: showroom.openCampaign("attendance")
+                        onPressed: Orrelo.showCampaign("attendance")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "진행 중인 출석"
-                        onPressed: showroom.presentAttendance()
+                        onPressed: Orrelo.showCampaignOfType(Orrelo.Attendance)
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "이벤트 결과 보기"
-                        onPressed: showroom.openCampaign("result")
+                        onPressed: Orrelo.showCampaign("result")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "스탬프 모으기"
-                        onPressed: showroom.openCampaign("stamp")
+                        onPressed: Orrelo.showCampaign("stamp")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "선물 상자 열기"
-                        onPressed: showroom.openPage("gift-box")
+                        onPressed: Orrelo.showPage("gift-box")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "혜택 알림"
-                        onPressed: showroom.openCampaign("marketing")
+                        onPressed: Orrelo.showCampaign("marketing")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "룰렛 돌리러 가기"
-                        onPressed: showroom.openCampaign("roulette")
+                        onPressed: Orrelo.showCampaign("roulette")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "복권 긁으러 가기"
-                        onPressed: showroom.openCampaign("scratch")
+                        onPressed: Orrelo.showCampaign("scratch")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "비밀 복권 열기"
-                        onPressed: showroom.openCampaign("scratch-locked")
+                        onPressed: Orrelo.showCampaign("scratch-locked")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "이벤트 예고 보기"
-                        onPressed: showroom.openCampaign("empty")
+                        onPressed: Orrelo.showCampaign("empty")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "축제 안내 보기"
-                        onPressed: showroom.openCampaign("festival")
+                        onPressed: Orrelo.showCampaign("festival")
                     }
                     ShopButton {
                         width: campaigns.cell
                         text: "행운의 동전 보기"
-                        onPressed: showroom.openCampaign("coins")
+                        onPressed: Orrelo.showCampaign("coins")
                     }
                     ShopButton {
                         width: campaigns.cell
@@ -221,13 +241,13 @@ Window {
                     ShopButton {
                         width: campaigns.cell
                         text: "친구 초대하기"
-                        onPressed: showroom.openCampaign("referral")
+                        onPressed: Orrelo.showCampaign("referral")
                     }
                 }
                 Text {
                     width: parent.width
                     wrapMode: Text.Wrap
-                    visible: showroom.hasConsent
+                    visible: root.hasConsent
                     text: "혜택 알림을 받고 있어요"
                     font.pixelSize: 16
                     color: "#45566b"
@@ -255,7 +275,7 @@ Window {
 
             Connections {
                 target: news.item
-                function onSignedIn(user) { showroom.didSignIn(user) }
+                function onSignedIn(user) { showroom.user = user }
                 function onClosed() { news.active = false }
             }
         }

@@ -37,10 +37,6 @@ Rectangle {
         OrreloWebKit.enabled: true
         OrreloWebKit.onFailed: (error, description) => console.warn(description)
         url: page.address
-        // The certificate of the shop's own service is self-signed.
-        onCertificateError: error => {
-            if (page.isOwn(error.url)) error.acceptCertificate()
-        }
         // The page tells the shop of the user by the last part of its address.
         onUrlChanged: {
             const user = /#user=(\w+)$/.exec(url.toString())

@@ -1,5 +1,7 @@
 #include "Showroom.h"
 
+#include "Browser.h"
+
 #include <orrelo/Orrelo.h>
 #include <orrelo/platform/Clock.h>
 #include <orrelo/quick/OrreloQuick.h>
@@ -30,20 +32,10 @@ class Showroom::StoppedClock final : public Clock {
   const std::shared_ptr<Clock> running_;
 };
 
-// Grants the consent that the marketing campaign's button asks the host for.
-class Showroom::Consent final : public ORLOptInMarketingCampaignDelegate {
- public:
-  explicit Consent(Showroom& showroom) : showroom_(showroom) {}
-  void onMoveButtonTapped(const std::shared_ptr<ViewController>&) override { showroom_.giveConsent(); }
-
- private:
-  Showroom& showroom_;
-};
-
 Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> now)
-    : service_({.dataDirectory = folder / "service", .now = now}),
-      consent_(std::make_shared<Consent>(*this)) {
+    : service_({.dataDirectory = folder / "service", .now = now}) {
   service_.start();
+  Browser::accept(service_.certificatePath());
   auto platform = quick::platform({.bundleIdentifier = "com.example.orrelo-showroom",
                                    .shortVersion = "1.0",
                                    .bundleVersion = "1",
@@ -63,7 +55,6 @@ Showroom::Showroom(const std::filesystem::path& folder, std::optional<Moment> no
   suite->set("ORRELO_DEVELOPMENT_URL", service_.baseUrl());
   suite->set("ORRELO_DEVELOPMENT_CA", service_.certificatePath().string());
   Orrelo::initialize(ORLConfig("showroom"));
-  Orrelo::setOptInMarketingCampaignDelegate(consent_);
   followNotifications();
 }
 
@@ -99,55 +90,10 @@ QString Showroom::newsUrl() const {
 #endif
 }
 
-void Showroom::signIn(const QString& user) {
-  Orrelo::setUser(ORLUser(user.toStdString(), ORLMarketingStatus::optIn, {}));
-  setUser(user);
-}
-
-void Showroom::signOut() {
-  Orrelo::setUser(std::nullopt);
-  setUser({});
-}
-
 void Showroom::setUser(const QString& user) {
   if (user == user_) return;
   user_ = user;
   Q_EMIT userChanged();
-}
-
-void Showroom::buy() {
-  Orrelo::sendEvent("purchase", {{"item", "blue shoes"}, {"price", 39.9}});
-  ++eventCount_;
-  Q_EMIT eventCountChanged();
-}
-
-void Showroom::openCampaign(const QString& id) {
-  Orrelo::showCampaign(id.toStdString(), quick::hostViewController(window_));
-}
-
-void Showroom::openPage(const QString& id) {
-  Orrelo::showPage(id.toStdString());
-}
-
-void Showroom::openHome() {
-  Orrelo::showHome(quick::hostViewController(window_));
-}
-
-void Showroom::showMessages() {
-  Orrelo::showInAppMessage(quick::hostViewController(window_));
-}
-
-void Showroom::didSignIn(const QString& user) {
-  setUser(user);
-}
-
-void Showroom::giveConsent() {
-  hasConsent_ = true;
-  Q_EMIT hasConsentChanged();
-}
-
-void Showroom::presentAttendance() {
-  quick::present(window_, Orrelo::getCampaignViewController(ORLCampaignType::attendance));
 }
 
 }  // namespace orrelo::showroom

@@ -5,10 +5,7 @@
 #include "NotificationInbox.h"
 #include "Notifications.h"
 
-#include <orrelo/ORLDelegates.h>
-
 #include <QObject>
-#include <QQuickWindow>
 #include <QString>
 #include <chrono>
 #include <filesystem>
@@ -17,17 +14,14 @@
 
 namespace orrelo::showroom {
 
-/// The functions of the showroom's QML page: a shop's application with the kit and a campaign service of its
-/// own.
+/// A shop's application with the kit and a campaign service of its own. Its QML page calls the kit itself.
 class Showroom final : public QObject {
   Q_OBJECT
-  Q_PROPERTY(QString user READ user NOTIFY userChanged)
+  /// The user whom the page greets; empty if nobody is signed in.
+  Q_PROPERTY(QString user READ user WRITE setUser NOTIFY userChanged)
   Q_PROPERTY(QString serviceUrl READ serviceUrl CONSTANT)
-  Q_PROPERTY(int eventCount READ eventCount NOTIFY eventCountChanged)
   /// The shop's own web page; empty if the showroom is built without a browser engine.
   Q_PROPERTY(QString newsUrl READ newsUrl CONSTANT)
-  /// True once the user has pressed the marketing campaign's button: the showroom grants consent at once.
-  Q_PROPERTY(bool hasConsent READ hasConsent NOTIFY hasConsentChanged)
 
  public:
   /// Starts the kit and the service, which keep their data in `folder`. `now` fixes the time of both and
@@ -37,7 +31,6 @@ class Showroom final : public QObject {
 
   devservice::DevService& service() { return service_; }
   Notifications& notifications() { return notifications_; }
-  void setWindow(QQuickWindow* window) { window_ = window; }
   /// Lets the kit ask for its configuration again, if the time is fixed: moves the kit's clock on by more
   /// than the lifetime of the copy in its memory.
   void letConfigurationExpire();
@@ -47,41 +40,18 @@ class Showroom final : public QObject {
   /// Advances animated images by a tick of the display, if the time is fixed.
   void tickDisplay();
 
-  /// Empty if nobody is signed in.
   QString user() const { return user_; }
+  void setUser(const QString& user);
   /// Empty if the page must not show it.
   QString serviceUrl() const { return serviceUrl_; }
   QString newsUrl() const;
-  int eventCount() const { return eventCount_; }
-  bool hasConsent() const { return hasConsent_; }
-
-  Q_INVOKABLE void signIn(const QString& user);
-  Q_INVOKABLE void signOut();
-  Q_INVOKABLE void buy();
-  /// Pushes the campaign onto the window's stack.
-  Q_INVOKABLE void openCampaign(const QString& id);
-  /// Opens the page with this id over the current screen.
-  Q_INVOKABLE void openPage(const QString& id);
-  /// Presents the attendance campaign over the window.
-  Q_INVOKABLE void presentAttendance();
-  /// Pushes the kit's home onto the window's stack.
-  Q_INVOKABLE void openHome();
-  /// Shows the service's messages over the window.
-  Q_INVOKABLE void showMessages();
-  /// Takes over the user whom the shop's web page has signed in to the kit.
-  Q_INVOKABLE void didSignIn(const QString& user);
 
  Q_SIGNALS:
   void userChanged();
-  void eventCountChanged();
-  void hasConsentChanged();
 
  private:
-  class Consent;
   class StoppedClock;
 
-  void setUser(const QString& user);
-  void giveConsent();
   void followNotifications();
 
   devservice::DevService service_;
@@ -92,11 +62,7 @@ class Showroom final : public QObject {
   std::shared_ptr<StoppedClock> clock_;
   std::shared_ptr<FrameDisplay> display_;
   QString serviceUrl_;
-  QQuickWindow* window_ = nullptr;
   QString user_;
-  int eventCount_ = 0;
-  bool hasConsent_ = false;
-  std::shared_ptr<ORLOptInMarketingCampaignDelegate> consent_;
 };
 
 }  // namespace orrelo::showroom

@@ -102,6 +102,10 @@ void Tour::signedOut() {
   awaitGone(QStringLiteral("오늘의 선물이 도착했어요"));
 }
 
+void Tour::signInAs(const QString& user) {
+  QMetaObject::invokeMethod(&window_, "signIn", Q_ARG(QString, user));
+}
+
 void Tour::attendance() {
   click(QStringLiteral("출석체크 열기"));
   await(checkInButton);
@@ -135,7 +139,7 @@ void Tour::checkIn() {
   close();
   click(QStringLiteral("진행 중인 출석"));
   await(checkedIn);
-  picture(QStringLiteral("Opened again by its type, over the window: the service remembers"));
+  picture(QStringLiteral("Opened again by its type: the service remembers"));
   close();
 }
 

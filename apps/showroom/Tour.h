@@ -9,6 +9,7 @@
 #include <QList>
 #include <QPointF>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QStringList>
 #include <chrono>
 #include <filesystem>
@@ -86,6 +87,8 @@ class Tour {
 
   /// Lets the display tick, and waits before the last but one for what is being decoded.
   void tick(int count);
+  /// Signs a user in as the shop's page does.
+  void signInAs(const QString& user);
   /// Opens home from the shop's page.
   void openHome();
   /// Runs the event loop until the screen shows an item with this name. Throws std::runtime_error on timeout,

@@ -44,7 +44,7 @@ void Tour::otherKinds() {
   await(QStringLiteral("알림 받으러 가기"));
   picture(QStringLiteral("A marketing campaign hands over to the host"));
   click(QStringLiteral("알림 받으러 가기"));
-  require(showroom_.hasConsent(), QStringLiteral("the host was not asked"));
+  require(window_.property("hasConsent").toBool(), QStringLiteral("the host was not asked"));
   close();
   const auto tomorrow = showroom_.service().orderFault(
       {.kind = Fault::Kind::body,

@@ -26,11 +26,11 @@ void Tour::referral() {
   const auto code = friendsCode();
   enterCode(code);
   friendsReward();
-  showroom_.signIn(QStringLiteral("minji"));
+  signInAs(QStringLiteral("minji"));
 }
 
 QString Tour::friendsCode() {
-  showroom_.signIn(QStringLiteral("jun"));
+  signInAs(QStringLiteral("jun"));
   click(open);
   await(copy);
   click(copy);
@@ -51,7 +51,7 @@ QString Tour::friendsCode() {
 void Tour::enterCode(const QString& code) {
   const auto& service = showroom_.service();
   const auto nonsense = QStringLiteral("NOBODY");
-  showroom_.signIn(QStringLiteral("minji"));
+  signInAs(QStringLiteral("minji"));
   click(open);
   await(box);
   click(box);
@@ -84,7 +84,7 @@ void Tour::enterCode(const QString& code) {
 }
 
 void Tour::friendsReward() {
-  showroom_.signIn(QStringLiteral("jun"));
+  signInAs(QStringLiteral("jun"));
   click(open);
   await(QStringLiteral("가입한 친구 1명"));
   picture(QStringLiteral("The friend sees who has joined"));

@@ -1,19 +1,18 @@
 // A host application with the kit's screens. --tour FOLDER plays a tour of them, also on machines without a
 // display.
+#include "Browser.h"
 #include "Showroom.h"
 #include "Tour.h"
 #include "readPayload.h"
 
-#ifdef SHOWROOM_HAS_WEB
-#include <orrelo/quick/OrreloWeb.h>
-#endif
+#include <orrelo/Orrelo.h>
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
-#include <QLoggingCategory>
 #include <QProcess>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
+#include <QQuickWindow>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -21,7 +20,6 @@
 #include <fstream>
 #include <iostream>
 #include <optional>
-#include <unistd.h>
 
 namespace {
 
@@ -57,7 +55,8 @@ std::string prepareTour(const QString& folder) {
 }
 
 int visit(const QString& folder) {
-  Showroom(folder.toStdString(), Tour::moment).signIn(QStringLiteral("minji"));
+  const Showroom showroom(folder.toStdString(), Tour::moment);
+  orrelo::Orrelo::setUser(orrelo::ORLUser("minji", orrelo::ORLMarketingStatus::optIn));
   return 0;
 }
 
@@ -86,7 +85,6 @@ int run(Showroom& showroom, const QString& tourFolder,
   engine.load(QUrl(QStringLiteral("qrc:/showroom/Main.qml")));
   auto* const window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
   if (window == nullptr) return 1;
-  showroom.setWindow(window);
   if (!tourFolder.isEmpty()) {
     QTimer::singleShot(0, window, [&] {
       QCoreApplication::exit(playTour(showroom, *window, tourFolder.toStdString(), *notification));
@@ -101,13 +99,7 @@ int run(Showroom& showroom, const QString& tourFolder,
 }  // namespace
 
 int main(int argc, char** argv) {
-#ifdef SHOWROOM_HAS_WEB
-  // The browser engine's sandbox refuses to run as root, as in a container. Going without it is safe here,
-  // because only the showroom's own pages are shown.
-  if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
-  orrelo::quick::initializeWeb();
-#endif
+  Browser::initialize();
   QGuiApplication application(argc, argv);
   application.setApplicationName(QStringLiteral("orrelo-showroom"));
   QCommandLineParser parser;

@@ -7,6 +7,7 @@ void addCarousel();
 void addGifPlayback();
 void addGifticonScreen();
 void addHomeScreen();
+void addInspector();
 void addPointHistory();
 void addWheel();
 

@@ -8,12 +8,15 @@
 
 int main(int argumentCount, char** arguments) {
   using namespace orrelo::bench;
+  // Before the stage makes the platform. The inspector costs nothing until it is opened.
+  ::setenv("ORRELO_INSPECTOR", "1", 1);
   const QGuiApplication application(argumentCount, arguments);
   addCampaignScreens();
   addCarousel();
   addGifPlayback();
   addGifticonScreen();
   addHomeScreen();
+  addInspector();
   addPointHistory();
   addWheel();
   const bool allMet = runAll(argumentCount, arguments);

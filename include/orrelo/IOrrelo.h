@@ -7,6 +7,7 @@
 #include <orrelo/ORLCampaignType.h>
 #include <orrelo/ORLConfig.h>
 #include <orrelo/ORLDelegates.h>
+#include <orrelo/ORLDiagnostics.h>
 #include <orrelo/ORLUser.h>
 
 #include <chrono>
@@ -36,6 +37,8 @@ class ORRELO_EXPORT IOrrelo {
   virtual void sendEvent(std::string_view name, EventValues values) = 0;
   virtual bool flush(std::chrono::milliseconds timeout) = 0;
   virtual void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion) = 0;
+
+  virtual ORLDiagnostics diagnostics(ORLDiagnostics::UserIdentity) { return {}; }
 
   virtual void showHome(const std::shared_ptr<ViewController>& with) = 0;
   virtual std::shared_ptr<ViewController> getHomeViewController() = 0;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace orrelo {
 
@@ -39,7 +40,9 @@ class ORRELO_EXPORT ORLUser {
   /// Runs `block` on a new builder and returns the result of its `build`.
   static ORLUser user(const Block& block);
   explicit ORLUser(const Block& block);
-  ORLUser(std::string userId, ORLMarketingStatus marketingStatus, EventValues properties)
+  /// A user of whom no more than the id is known.
+  explicit ORLUser(std::string userId) : ORLUser(std::move(userId), ORLMarketingStatus::unknown) {}
+  ORLUser(std::string userId, ORLMarketingStatus marketingStatus, EventValues properties = {})
       : userId_(std::move(userId)), marketingStatus_(marketingStatus), properties_(std::move(properties)) {}
 
   /// Opaque to the kit; may be empty.

@@ -7,6 +7,7 @@
 #include <orrelo/ORLCampaignType.h>
 #include <orrelo/ORLConfig.h>
 #include <orrelo/ORLDelegates.h>
+#include <orrelo/ORLDiagnostics.h>
 #include <orrelo/ORLExplanations.h>
 #include <orrelo/ORLLogger.h>
 #include <orrelo/ORLUser.h>
@@ -92,6 +93,12 @@ class ORRELO_EXPORT Orrelo final {
   /// Returns at once and calls `completion` with the result, once, on a thread of the kit; never if the
   /// process ends before, and never in a forked child.
   static void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion);
+
+  /// What the kit knows about itself now, for a support page or a report: versions, environment,
+  /// configuration, pipelines, the last requests and pages. It takes a fraction of a millisecond and asks
+  /// nobody. Before `initialize`, and in a forked child, it has little more than the kit's version.
+  static ORLDiagnostics diagnostics(
+      ORLDiagnostics::UserIdentity identity = ORLDiagnostics::UserIdentity::hashed);
 
   /// Opens home for the current user from the host's screen `with`: the user's rewards above the list of
   /// campaigns. If the application has no rewards and the user exactly one campaign, opens that campaign

@@ -85,6 +85,11 @@ struct HostApplication {
 
 /// The machine's services that the kit uses. The kit accesses the time, the disk, the network and random
 /// numbers only through this record.
+///
+/// A host replaces members of Platform::posix() by classes of its own; the interfaces state what they
+/// promise, here and in orrelo/platform. A function that a later version adds to one of them has a default,
+/// so that the host's class goes on compiling. Views and screens are not among them: the kit draws these
+/// itself.
 struct ORRELO_EXPORT Platform {
   std::shared_ptr<MainLoop> mainLoop;
   std::shared_ptr<WorkerPool> workers;

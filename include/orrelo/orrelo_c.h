@@ -137,6 +137,11 @@ ORRELO_EXPORT orrelo_status orrelo_flush_async(int64_t timeoutMilliseconds,
                                                orrelo_flush_completion completion, void* context,
                                                orrelo_destroy destroy);
 
+enum { ORRELO_USER_HASHED = 0, ORRELO_USER_PLAIN = 1 };
+/** Orrelo::diagnostics as a JSON text, which ORLDiagnostics::json describes. `userIdentity` is one of
+   ORRELO_USER_… The caller frees the value. */
+ORRELO_EXPORT orrelo_value* orrelo_diagnostics(int32_t userIdentity);
+
 /* Screens. A host gets the screen `with` from its front, as by `orrelo_quick_host_view_controller`. */
 
 /** A screen. It stays alive while a handle to it or a window holds it. */

@@ -6,6 +6,7 @@
 #include <orrelo/Platform.h>
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <QGuiApplication>
 #include <QQuickWindow>
 #include <algorithm>
 #include <string>
@@ -43,13 +44,34 @@ void explainMissingFront(std::string_view call) {
   });
 }
 
+HostWindow* existing(const QWindow& window) {
+  for (auto* child : window.children()) {
+    if (auto* const found = dynamic_cast<HostWindow*>(child)) return found;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 HostWindow& HostWindow::of(QQuickWindow& window) {
-  for (auto* child : window.children()) {
-    if (auto* const found = dynamic_cast<HostWindow*>(child)) return *found;
+  auto* const found = existing(window);
+  return found != nullptr ? *found : *new HostWindow(window);
+}
+
+std::shared_ptr<HostViewController> HostWindow::keyScreen() {
+  auto* const window = windowOf(keyWindowRootViewController());
+  return window == nullptr ? nullptr : of(*window).screen();
+}
+
+QQuickWindow* HostWindow::windowOf(const std::shared_ptr<ViewController>& screen) {
+  auto lowest = screen;
+  while (lowest && lowest->presentingViewController()) lowest = lowest->presentingViewController();
+  if (!lowest) return nullptr;
+  for (auto* const window : QGuiApplication::allWindows()) {
+    const auto* const host = existing(*window);
+    if (host != nullptr && host->root() == lowest->root()) return static_cast<QQuickWindow*>(window);
   }
-  return *new HostWindow(window);
+  return nullptr;
 }
 
 HostWindow::HostWindow(QQuickWindow& window) : QObject(&window) {

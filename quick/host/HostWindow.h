@@ -17,6 +17,11 @@ class HostWindow final : public QObject {
   static HostWindow& of(QQuickWindow& window);
   ~HostWindow() override;
 
+  /// The host's screen in the window that has the user's focus; null if no window has the kit's screens.
+  static std::shared_ptr<HostViewController> keyScreen();
+  /// The window in which a screen is shown; null if it is not shown.
+  static QQuickWindow* windowOf(const std::shared_ptr<ViewController>& screen);
+
   const std::shared_ptr<HostViewController>& screen() const { return screen_; }
   /// The stack whose lowest screen is `screen`; null while the window has none.
   const std::shared_ptr<NavigationController>& navigation() const { return navigation_; }

@@ -6,6 +6,7 @@
 #include "quick/platform/QtDisplayLink.h"
 #include "quick/platform/QtImageCodec.h"
 #include "quick/platform/QtMainLoop.h"
+#include "quick/platform/loadInspector.h"
 #include "viewkit/ShareSheetViewController.h"
 
 #include <orrelo/quick/OrreloQuick.h>
@@ -59,6 +60,7 @@ Platform platform(const HostApplication& host) {
   new MotionSetting(
       QDBusConnection::sessionBus(),
       [application](bool prefers) { application->setPrefersReducedMotion(prefers); }, qGuiApp);
+  loadInspector();
   return platform;
 }
 

@@ -1,7 +1,6 @@
 #include "base/JsonFields.h"
 
-#include "base/explain.h"
-#include "base/jsonPointer.h"
+#include "base/PageOmissions.h"
 
 #include <algorithm>
 
@@ -18,9 +17,8 @@ bool isTrueText(std::string_view text) {
 }  // namespace
 
 void explainLeftOut(const JsonValue& value, const Error& why) {
-  explain(ExplanationLevel::warning, [&] {
-    return "A reply's " + jsonPointer(value) +
-           " is left out, as if the service had not sent it: " + why.localizedDescription();
+  explainOmission(value, "", [&] {
+    return "is left out, as if the service had not sent it: " + why.localizedDescription();
   });
 }
 

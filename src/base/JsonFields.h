@@ -11,7 +11,7 @@
 
 namespace orrelo {
 
-/// Explains that a value of a reply is left out, by its place.
+/// Explains that a value of a reply is left out, by its place; see explainOmission.
 void explainLeftOut(const JsonValue& value, const Error& why);
 
 /// A required array of texts. Throws a DecodingError.

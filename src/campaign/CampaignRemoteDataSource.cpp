@@ -1,7 +1,11 @@
 #include "campaign/CampaignRemoteDataSource.h"
 
+#include "base/PageOmissions.h"
 #include "campaign/CampaignDTO.h"
 #include "reactive/Observable.h"
+
+#include <orrelo/Platform.h>
+#include <orrelo/platform/Clock.h>
 
 #include <utility>
 
@@ -9,7 +13,9 @@ namespace orrelo {
 
 reactive::Observable<Campaign> CampaignRemoteDataSource::fetch(const std::string& campaignId,
                                                                const std::string& userId) const {
-  return get("/campaigns/" + campaignId, userId).map([mapper = mapper_](const HTTPReply& reply) {
+  const auto path = "/campaigns/" + campaignId;
+  return get(path, userId).map([mapper = mapper_, path](const HTTPReply& reply) {
+    const PageOmissions omissions(Platform::current().clock->now(), path);
     return mapper.map(CampaignDTO::decode(reply.data));
   });
 }

@@ -1,8 +1,7 @@
 #include "campaign/PageDetailDTO.h"
 
 #include "base/Error.h"
-#include "base/explain.h"
-#include "base/jsonPointer.h"
+#include "base/PageOmissions.h"
 #include "campaign/CampaignKinds.h"
 
 namespace orrelo {
@@ -11,8 +10,8 @@ PageDetailDTO PageDetailDTO::decode(std::string_view pageType, const JsonObject&
   try {
     return kindOfPage(pageType).decode(page);
   } catch (const Error& error) {
-    explain(ExplanationLevel::warning, [&] {
-      return "The page " + jsonPointer(page) + " of type \"" + std::string(pageType) +
+    explainOmission(page, "", [&] {
+      return "of type \"" + std::string(pageType) +
              "\" cannot be shown, and the screen for unknown campaigns stands in its place: " +
              error.localizedDescription();
     });

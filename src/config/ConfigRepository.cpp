@@ -57,12 +57,8 @@ reactive::Observable<Config> ConfigRepositoryImpl::fetch() {
   const auto local = localDataSource_.load();
   return remote
       .doOn({.onError =
-                 [isKnown = local.has_value()](const Error& error) {
-                   explain(ExplanationLevel::warning, [&] {
-                     return "The service's configuration could not be fetched: " + error.description() +
-                            (isKnown ? ". The last one that came is used."
-                                     : ". None is known yet: events are dropped, and screens are empty.");
-                   });
+                 [weak = weak_from_this(), local](const Error& error) {
+                   if (const auto self = weak.lock()) self->fallBack(local, error);
                  }})
       .catchAndReturn(local.value_or(Config::defaults()));
 }
@@ -75,6 +71,24 @@ void ConfigRepositoryImpl::save(const Config& config) {
   cachedConfig_ = remembered;
   *disabled_ = !config.sdkEnable;
   cacheExpiredDate_ = expiry;
+  status_ = {ORLDiagnostics::ConfigurationSource::service, expiry - cacheLifetime, config.sdkEnable, {}};
+}
+
+void ConfigRepositoryImpl::fallBack(const std::optional<Config>& local, const Error& error) {
+  explain(ExplanationLevel::warning, [&] {
+    return "The service's configuration could not be fetched: " + error.description() +
+           (local ? ". The last one that came is used."
+                  : ". None is known yet: events are dropped, and screens are empty.");
+  });
+  using Source = ORLDiagnostics::ConfigurationSource;
+  const auto now = currentDateGenerator_();
+  const std::lock_guard lock(mutex_);
+  status_ = {local ? Source::device : Source::defaults, now, local && local->sdkEnable, error.description()};
+}
+
+ORLDiagnostics::Configuration ConfigRepositoryImpl::status() const {
+  const std::lock_guard lock(mutex_);
+  return status_;
 }
 
 }  // namespace orrelo

@@ -8,6 +8,7 @@
 #include "reactive/Scheduler.h"
 
 #include <orrelo/Date.h>
+#include <orrelo/ORLDiagnostics.h>
 
 #include <atomic>
 #include <functional>
@@ -28,6 +29,8 @@ class ConfigRepository {
   /// True as long as the last configuration from the service disables the kit, fresh or not. It can be read
   /// without a lock, since every event needs it.
   virtual std::shared_ptr<const std::atomic<bool>> disabled() const = 0;
+  /// The last configuration that `fetch` has emitted. Any thread.
+  virtual ORLDiagnostics::Configuration status() const = 0;
 };
 
 /// Caches the service's reply in memory for 60 seconds, then asks the service again. If that fails, falls
@@ -48,16 +51,19 @@ class ConfigRepositoryImpl final : public ConfigRepository,
   reactive::Observable<Config> fetch() override;
   std::shared_ptr<const Config> freshConfig() const override;
   std::shared_ptr<const std::atomic<bool>> disabled() const override { return disabled_; }
+  ORLDiagnostics::Configuration status() const override;
 
  private:
   ConfigRepositoryImpl(ConfigLocalDataSource localDataSource, ConfigRemoteDataSource remoteDataSource,
                        CurrentDateGenerator currentDateGenerator, reactive::SchedulerPtr scheduler);
 
   void save(const Config& config);
+  void fallBack(const std::optional<Config>& local, const Error& error);
 
   mutable std::mutex mutex_;
   std::shared_ptr<const Config> cachedConfig_;
   std::optional<Date> cacheExpiredDate_;
+  ORLDiagnostics::Configuration status_;
   const std::shared_ptr<std::atomic<bool>> disabled_ = std::make_shared<std::atomic<bool>>(false);
   ConfigLocalDataSource localDataSource_;
   ConfigRemoteDataSource remoteDataSource_;

@@ -21,6 +21,8 @@ class FetchConfigUseCase {
   virtual std::shared_ptr<const Config> freshConfig() const = 0;
   /// See ConfigRepository::disabled.
   virtual std::shared_ptr<const std::atomic<bool>> disabled() const = 0;
+  /// See ConfigRepository::status.
+  virtual ORLDiagnostics::Configuration status() const { return {}; }
 };
 
 class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
@@ -31,6 +33,7 @@ class FetchConfigUseCaseImpl final : public FetchConfigUseCase {
   reactive::Observable<Config> fetch() override { return repository_->fetch(); }
   std::shared_ptr<const Config> freshConfig() const override { return repository_->freshConfig(); }
   std::shared_ptr<const std::atomic<bool>> disabled() const override { return repository_->disabled(); }
+  ORLDiagnostics::Configuration status() const override { return repository_->status(); }
 
  private:
   std::shared_ptr<ConfigRepository> repository_;

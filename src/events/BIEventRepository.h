@@ -17,6 +17,7 @@ class BIEventRepository {
   virtual void save(const BIEvent& event, bool mayBeStored, EventPipeline::SaveCompletion completion) = 0;
   /// See EventPipeline::stop. Any thread.
   virtual void stopSending() = 0;
+  virtual ORLDiagnostics::Pipeline status() const = 0;
 };
 
 /// Sends the kit's own events, up to 900 per request, after every 30 saves and every 30 seconds.
@@ -29,6 +30,7 @@ class BIEventRepositoryImpl final : public BIEventRepository {
     pipeline_->save(event, mayBeStored, std::move(completion));
   }
   void stopSending() override { pipeline_->stop(); }
+  ORLDiagnostics::Pipeline status() const override { return pipeline_->status(); }
 
  private:
   std::shared_ptr<EventPipeline> pipeline_;

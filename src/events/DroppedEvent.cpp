@@ -3,6 +3,8 @@
 #include "base/EnumTexts.h"
 #include "base/explain.h"
 
+#include <array>
+#include <atomic>
 #include <string>
 
 namespace orrelo {
@@ -21,18 +23,49 @@ constexpr EnumTexts<DropReason, 7> reasons({
     {DropReason::homeless, "the kit that would store it has been replaced"},
 });
 
-}  // namespace
+constexpr EnumTexts<DropReason, 7> names({
+    {DropReason::disabled, "disabled"},
+    {DropReason::unconfigured, "unconfigured"},
+    {DropReason::replaced, "replaced"},
+    {DropReason::tooOld, "tooOld"},
+    {DropReason::refused, "refused"},
+    {DropReason::unreadable, "unreadable"},
+    {DropReason::homeless, "homeless"},
+});
 
-void explainDroppedEvent(std::string_view name, DropReason reason) {
+constinit std::array<std::atomic<std::uint64_t>, 7> counts{};
+
+void explainReason(std::string_view name, DropReason reason) {
   explain(ExplanationLevel::warning, [&] {
     return "The event \"" + std::string(name) + "\" is dropped: " + std::string(reasons.text(reason)) + '.';
   });
 }
 
+}  // namespace
+
+void explainDroppedEvent(std::string_view name, DropReason reason) {
+  countDroppedEvents(reason, 1);
+  explainReason(name, reason);
+}
+
 void explainDroppedEvent(const EventJournal::Record& record, DropReason reason) {
+  countDroppedEvents(reason, 1);
   if (!isExplained(ExplanationLevel::warning)) return;
   const auto content = EventRecord::decode(record.view());
-  explainDroppedEvent(content ? content->event.eventName : "(unreadable)", reason);
+  explainReason(content ? content->event.eventName : "(unreadable)", reason);
+}
+
+void countDroppedEvents(DropReason reason, std::size_t count) {
+  counts[static_cast<std::size_t>(reason)].fetch_add(count, std::memory_order_relaxed);
+}
+
+std::map<std::string, std::uint64_t> droppedEvents() {
+  std::map<std::string, std::uint64_t> dropped;
+  for (std::size_t i = 0; i < counts.size(); ++i) {
+    const auto count = counts[i].load(std::memory_order_relaxed);
+    if (count > 0) dropped.emplace(names.text(static_cast<DropReason>(i)), count);
+  }
+  return dropped;
 }
 
 }  // namespace orrelo

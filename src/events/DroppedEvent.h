@@ -2,7 +2,10 @@
 
 #include "events/EventRecord.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
+#include <string>
 #include <string_view>
 
 namespace orrelo {
@@ -23,8 +26,14 @@ enum class DropReason : std::uint8_t {
   homeless
 };
 
-/// Explains by the event's name, never by its values, that it is dropped.
+/// Counts the event, and explains by its name, never by its values, that it is dropped. Any thread.
 void explainDroppedEvent(std::string_view name, DropReason reason);
 void explainDroppedEvent(const EventJournal::Record& record, DropReason reason);
+
+/// Counts events that a store has dropped.
+void countDroppedEvents(DropReason reason, std::size_t count);
+
+/// The number of dropped events by reason, without the reasons for which none was.
+std::map<std::string, std::uint64_t> droppedEvents();
 
 }  // namespace orrelo

@@ -2,6 +2,7 @@
 
 #include "base/explain.h"
 #include "base/preconditionFailure.h"
+#include "events/DroppedEvent.h"
 #include "reactive/Observable.h"
 
 #include <algorithm>
@@ -106,6 +107,7 @@ Observable<Unit> EventDao::removeUpTo(Date date) const {
     database->deleteRowsUpTo(time, [database, completion](const std::variant<std::size_t, Error>& result) {
       const auto* const count = std::get_if<std::size_t>(&result);
       if (count != nullptr && *count > 0) {
+        countDroppedEvents(DropReason::tooOld, *count);
         explain(ExplanationLevel::warning, [&] {
           return std::to_string(*count) + " events are dropped from " + database->location() +
                  ": they could not be sent within a day.";

@@ -54,6 +54,8 @@ class EventDao {
 
   /// See EventDatabase::location.
   std::string location() const { return database_->location(); }
+  /// See EventDatabase::status.
+  EventDatabase::Status status() const { return database_->status(); }
 
  private:
   std::shared_ptr<EventDatabase> database_;

@@ -214,6 +214,21 @@ void EventIntake::adopt(std::vector<EventJournal::Adopted> records) {
   Platform::current().workers->post(QualityOfService::utility, &processShared);
 }
 
+bool EventIntake::isUsable() const {
+  return !state_.owner.isParent();
+}
+
+ORLDiagnostics::Events EventIntake::counts() {
+  const auto counts = state_.waiters.counts();
+  return {counts.added, counts.added - counts.settled, droppedEvents()};
+}
+
+ORLDiagnostics::Journal EventIntake::journalUsage() {
+  const auto& journal = Platform::current().eventJournal;
+  const auto usage = journal ? journal->usage() : EventJournal::Usage();
+  return {usage.records, usage.bytes, state_.unwritten.size()};
+}
+
 bool EventIntake::flush(std::chrono::milliseconds timeout) {
   if (isKitThread() || state_.owner.isParent()) return false;
   hurry();

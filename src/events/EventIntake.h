@@ -3,6 +3,7 @@
 #include "events/EventGate.h"
 #include "events/EventRecord.h"
 
+#include <orrelo/ORLDiagnostics.h>
 #include <orrelo/platform/EventJournal.h>
 
 #include <chrono>
@@ -41,6 +42,11 @@ class EventIntake {
   bool flush(std::chrono::milliseconds timeout);
   /// Calls `completion` once with the result, on a thread of the kit.
   void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion);
+
+  /// False in a forked child of the process that has initialised the kit, whose locks may be held forever.
+  bool isUsable() const;
+  ORLDiagnostics::Events counts();
+  ORLDiagnostics::Journal journalUsage();
 
  private:
   struct State;

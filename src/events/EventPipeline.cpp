@@ -54,7 +54,11 @@ void EventPipeline::start() {
         return self ? self->sendOldest() : reactive::error<EventBatch>(deallocated);
       })
       .retry(2)
-      .subscribe({.onNext = [onSent = options_.onSent](const EventBatch& events) { onSent(*events); },
+      .subscribe({.onNext =
+                      [weak, onSent = options_.onSent](const EventBatch& events) {
+                        if (const auto self = weak.lock()) self->countSent(events->size());
+                        onSent(*events);
+                      },
                   .onError =
                       [weak, onEnded = options_.onEnded](const Error& error) {
                         if (const auto self = weak.lock()) self->end(error);
@@ -70,7 +74,32 @@ void EventPipeline::end(const Error& error) {
            ". New events are stored; all are sent after the next start of the process or the next "
            "Orrelo::initialize, if they are not a day old by then.";
   });
+  {
+    const std::lock_guard lock(statusMutex_);
+    status_.ended = error.description();
+  }
   stop();
+}
+
+ORLDiagnostics::Pipeline EventPipeline::status() const {
+  const auto store = dao_.status();
+  const std::lock_guard lock(statusMutex_);
+  auto status = status_;
+  status.store = dao_.location();
+  status.waiting = store.rowCount;
+  if (store.failure) status.storeFailure = store.failure->description();
+  return status;
+}
+
+void EventPipeline::countSent(std::size_t count) {
+  const std::lock_guard lock(statusMutex_);
+  status_.sent += count;
+}
+
+void EventPipeline::countFailure(const Error& error) {
+  const std::lock_guard lock(statusMutex_);
+  ++status_.failed;
+  status_.lastFailure = error.description();
 }
 
 void EventPipeline::stop() {
@@ -111,11 +140,14 @@ Observable<Unit> EventPipeline::removeStale() {
   return inStore(dao_.removeUpTo(options_.currentDate() - maximumAge), "deleting expired events");
 }
 
-Observable<EventBatch> EventPipeline::sendOldest() const {
+Observable<EventBatch> EventPipeline::sendOldest() {
+  const auto countFailure = [weak = weak_from_this()](const Error& error) {
+    if (const auto self = weak.lock()) self->countFailure(error);
+  };
   return inStore(dao_.fetchOldest(options_.fetchLimit, options_.concurrentScheduler), "reading events")
       .filter([](const EventBatch& events) { return !events->empty(); })
-      .concatMap([send = options_.send](const EventBatch& events) {
-        return send(*events).map([events](const Unit&) { return events; });
+      .concatMap([send = options_.send, countFailure](const EventBatch& events) {
+        return send(*events).doOn({.onError = countFailure}).map([events](const Unit&) { return events; });
       })
       .concatMap([weak = weak_from_this(), remove = options_.remove](const EventBatch& events) {
         const auto self = weak.lock();

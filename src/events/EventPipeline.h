@@ -4,6 +4,8 @@
 #include "reactive/Scheduler.h"
 #include "reactive/Subjects.h"
 
+#include <orrelo/ORLDiagnostics.h>
+
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -60,6 +62,9 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
   /// Stops sending, so that another pipeline can take over; `save` continues to store events. Any thread.
   void stop();
 
+  /// Any thread.
+  ORLDiagnostics::Pipeline status() const;
+
  private:
   EventPipeline(EventDao dao, Options options);
 
@@ -69,7 +74,9 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
   reactive::Observable<reactive::Unit> acquireSending();
   reactive::Observable<reactive::Unit> acceptSending(const std::shared_ptr<const void>& lock);
   reactive::Observable<reactive::Unit> removeStale();
-  reactive::Observable<EventBatch> sendOldest() const;
+  reactive::Observable<EventBatch> sendOldest();
+  void countSent(std::size_t count);
+  void countFailure(const Error& error);
   /// A step of the store, in which a refusal is a wait.
   template <class T>
   reactive::Observable<T> inStore(reactive::Observable<T> step, const char* name) const;
@@ -80,6 +87,8 @@ class EventPipeline : public std::enable_shared_from_this<EventPipeline> {
   std::mutex sendingMutex_;
   std::shared_ptr<const void> senderLock_;
   bool isStopped_ = false;
+  mutable std::mutex statusMutex_;
+  ORLDiagnostics::Pipeline status_;
   reactive::DisposeBag disposeBag_;
 };
 

@@ -17,6 +17,7 @@ class EventRepository {
   virtual void save(const Event& event, bool mayBeStored, EventPipeline::SaveCompletion completion) = 0;
   /// See EventPipeline::stop. Any thread.
   virtual void stopSending() = 0;
+  virtual ORLDiagnostics::Pipeline status() const = 0;
 };
 
 /// Sends the host's events, one per request, after each save and every 10 seconds.
@@ -33,6 +34,7 @@ class EventRepositoryImpl final : public EventRepository {
     pipeline_->save(event, mayBeStored, std::move(completion));
   }
   void stopSending() override { pipeline_->stop(); }
+  ORLDiagnostics::Pipeline status() const override { return pipeline_->status(); }
 
  private:
   std::shared_ptr<EventPipeline> pipeline_;

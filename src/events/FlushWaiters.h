@@ -27,6 +27,16 @@ class FlushWaiters {
   /// for.
   void settle(Ticket ticket);
 
+  struct Counts {
+    std::uint64_t added;
+    /// At most `added`.
+    std::uint64_t settled;
+  };
+  Counts counts() {
+    const std::lock_guard lock(mutex_);
+    return {lastTicket_.load(std::memory_order_relaxed), settled_};
+  }
+
   /// Waits until all events that are on their way now have arrived; false at the timeout. Must not be called
   /// on a thread of the kit.
   bool wait(std::chrono::milliseconds timeout);

@@ -37,6 +37,7 @@ class KelsoInsight {
     saveBIEventUseCase_.save(event, mayBeStored, std::move(completion));
   }
   void stopSending() const { saveBIEventUseCase_.stopSending(); }
+  ORLDiagnostics::Pipeline status() const { return saveBIEventUseCase_.status(); }
 
  private:
   SaveBIEventUseCase saveBIEventUseCase_;

@@ -19,6 +19,7 @@ class SaveBIEventUseCase {
     repository_->save(event, mayBeStored, std::move(completion));
   }
   void stopSending() const { repository_->stopSending(); }
+  ORLDiagnostics::Pipeline status() const { return repository_->status(); }
 
  private:
   std::shared_ptr<BIEventRepository> repository_;

@@ -25,6 +25,11 @@ class UnwrittenEvents {
   void release(std::size_t size);
   /// The journal has taken an event, so that its next refusal is logged again.
   void journalHasAccepted();
+  /// The reserved bytes.
+  std::size_t size() {
+    const std::lock_guard lock(mutex_);
+    return size_;
+  }
 
  private:
   std::mutex mutex_;

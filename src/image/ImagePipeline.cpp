@@ -11,15 +11,36 @@ Error makeError(ImagePipelineError) {
   return Error("ImagePipelineError", "imageTransformingError");
 }
 
+namespace {
+
+struct SharedPipeline {
+  std::mutex mutex;
+  const Platform* platform = nullptr;
+  std::shared_ptr<ImagePipeline> pipeline;
+};
+
+SharedPipeline& sharedPipeline() {
+  static auto* const shared = new SharedPipeline;
+  return *shared;
+}
+
+}  // namespace
+
 std::shared_ptr<ImagePipeline> ImagePipeline::shared() {
-  static auto* const mutex = new std::mutex;
-  static auto* const current = new std::pair<const Platform*, std::shared_ptr<ImagePipeline>>;
+  auto& current = sharedPipeline();
   const auto& platform = Platform::current();
-  const std::lock_guard lock(*mutex);
-  if (current->first != &platform) {
-    *current = {&platform, std::make_shared<ImagePipeline>("com.tamrenzo.OrreloSDK.MemoryCache", platform)};
+  const std::lock_guard lock(current.mutex);
+  if (current.platform != &platform) {
+    current.pipeline = std::make_shared<ImagePipeline>("com.tamrenzo.OrreloSDK.MemoryCache", platform);
+    current.platform = &platform;
   }
-  return current->second;
+  return current.pipeline;
+}
+
+std::size_t ImagePipeline::sharedMemoryUse() {
+  auto& current = sharedPipeline();
+  const std::lock_guard lock(current.mutex);
+  return current.pipeline ? current.pipeline->cache().memoryCache().used() : 0;
 }
 
 ImagePipeline::ImagePipeline(const std::string& cacheName, const Platform& platform)

@@ -26,6 +26,8 @@ class ImagePipeline : public std::enable_shared_from_this<ImagePipeline> {
 
   /// The pipeline of the installed platform, created at its first use.
   static std::shared_ptr<ImagePipeline> shared();
+  /// The bytes that the shared pipeline keeps in memory; 0 before its first use.
+  static std::size_t sharedMemoryUse();
 
   ImagePipeline(const std::string& cacheName, const Platform& platform);
 

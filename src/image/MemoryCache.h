@@ -26,6 +26,11 @@ class MemoryCache {
   /// The data of the key; null if there is none.
   Data value(const WrappedKey& key);
   bool contains(const WrappedKey& key) const;
+  /// The bytes of all entries.
+  std::size_t used() const {
+    const std::lock_guard lock(mutex_);
+    return used_;
+  }
 
  private:
   struct Entry {

@@ -2,6 +2,7 @@
 
 #include "base/explain.h"
 #include "image/Downloader.h"
+#include "network/RequestHistory.h"
 #include "network/explainRequest.h"
 
 #include <string>
@@ -10,6 +11,7 @@ namespace orrelo {
 
 void explainPicture(const Url& url, const Error& error) {
   if (error == makeError(DownloaderError::canceled)) return;
+  RequestHistory::addPicture(url, error);
   explain(ExplanationLevel::warning, [&] {
     std::string remedy = ".";
     if (error == makeError(DownloaderError::dataConversion)) {

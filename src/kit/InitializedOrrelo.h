@@ -2,16 +2,19 @@
 
 #include "kit/OrreloComponent.h"
 
+#include <orrelo/ORLDiagnostics.h>
+
 #include <memory>
 #include <utility>
 
 namespace orrelo {
 
-/// The result of `Orrelo::initialize`: the component tree.
+/// The result of `Orrelo::initialize`: the component tree, and what it started with.
 class InitializedOrrelo {
  public:
-  explicit InitializedOrrelo(std::unique_ptr<OrreloComponent> orreloComponent)
-      : component(std::move(orreloComponent)) {}
+  InitializedOrrelo(std::unique_ptr<OrreloComponent> orreloComponent,
+                    ORLDiagnostics::Environment startEnvironment)
+      : component(std::move(orreloComponent)), environment(std::move(startEnvironment)) {}
 
   /// The current instance; null until `makeCurrent`. All static functions may be called on any thread.
   static std::shared_ptr<InitializedOrrelo> current();
@@ -19,6 +22,7 @@ class InitializedOrrelo {
   static void makeCurrent(std::shared_ptr<InitializedOrrelo> instance);
 
   const std::unique_ptr<OrreloComponent> component;
+  const ORLDiagnostics::Environment environment;
 };
 
 }  // namespace orrelo

@@ -8,6 +8,7 @@
 #include "events/OLSEventMapper.h"
 #include "kit/BIEventComponent.h"
 #include "kit/InitializedOrrelo.h"
+#include "kit/diagnostics.h"
 #include "kit/explainStart.h"
 #include "model/Delegates.h"
 #include "model/UserManager.h"
@@ -96,7 +97,8 @@ void Orrelo::initialize(const ORLConfig& config) {
             "what is "
             "stored. Call it once, unless the application key changes.");
   }
-  InitializedOrrelo::makeCurrent(std::make_shared<InitializedOrrelo>(std::move(component)));
+  InitializedOrrelo::makeCurrent(
+      std::make_shared<InitializedOrrelo>(std::move(component), environmentOf(config, mutator)));
   RunningKit::makeCurrent(runningKit);
   KelsoInsight::makeCurrent(
       std::make_shared<KelsoInsight>(BIEventComponent(config.appKey(), baseUrl).saveBIEventUseCase));
@@ -140,6 +142,10 @@ bool Orrelo::flush(std::chrono::milliseconds timeout) {
 void Orrelo::flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion) {
   if (!completion) completion = [](bool) {};
   EventIntake::shared().flush(clamped(timeout), std::move(completion));
+}
+
+ORLDiagnostics Orrelo::diagnostics(ORLDiagnostics::UserIdentity identity) {
+  return takeDiagnostics(identity);
 }
 
 void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {

@@ -18,6 +18,9 @@ class OrreloInterface final : public IOrrelo {
   void flush(std::chrono::milliseconds timeout, std::function<void(bool)> completion) override {
     Orrelo::flush(timeout, std::move(completion));
   }
+  ORLDiagnostics diagnostics(ORLDiagnostics::UserIdentity identity) override {
+    return Orrelo::diagnostics(identity);
+  }
   void showHome(const std::shared_ptr<ViewController>& with) override { Orrelo::showHome(with); }
   std::shared_ptr<ViewController> getHomeViewController() override { return Orrelo::getHomeViewController(); }
   void showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) override {

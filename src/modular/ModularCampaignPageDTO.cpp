@@ -1,8 +1,7 @@
 #include "modular/ModularCampaignPageDTO.h"
 
 #include "base/JsonFields.h"
-#include "base/explain.h"
-#include "base/jsonPointer.h"
+#include "base/PageOmissions.h"
 #include "base/preconditionFailure.h"
 #include "modular/ComponentKinds.h"
 #include "modular/content/BlankComponent.h"
@@ -62,8 +61,8 @@ Queue<std::int64_t> decodeBlanks(const JsonObject& json) {
 
 void explainMissingBlock(const JsonObject& json, const std::string& name) {
   if (name == "blank") return;
-  explain(ExplanationLevel::warning, [&] {
-    return "A reply's " + jsonPointer(json) + "/page_config/layout/component_order names \"" + name +
+  explainOmission(json, "/page_config/layout/component_order", [&] {
+    return "names \"" + name +
            "\", of which there is no block that this version can show: nothing stands in its place.";
   });
 }
@@ -91,9 +90,8 @@ std::vector<Component> ordered(const JsonObject& json, const std::vector<std::st
   }
   for (const auto& [name, array] : arrays) {
     if (array.isEmpty()) continue;
-    explain(ExplanationLevel::warning, [&, key = std::string(name)] {
-      return "A reply's " + jsonPointer(json) + "/" + key +
-             " has blocks that are left out, since \"component_order\" does not name them often enough.";
+    explainOmission(json, "/" + std::string(name), [] {
+      return "has blocks that are left out, since \"component_order\" does not name them often enough.";
     });
   }
   return components;

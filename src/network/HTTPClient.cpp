@@ -1,7 +1,7 @@
 #include "network/HTTPClient.h"
 
 #include "base/explain.h"
-#include "network/explainRequest.h"
+#include "network/RequestHistory.h"
 #include "reactive/Observable.h"
 
 #include <orrelo/Platform.h>
@@ -11,23 +11,23 @@
 namespace orrelo {
 
 reactive::Observable<HTTPReply> HTTPClientImpl::run(URLRequest request) {
-  return reactive::create<HTTPReply>(
-      [request = std::move(request)](reactive::AnyObserver<HTTPReply> observer) {
-        const auto task = Platform::current().urlSession->dataTask(
-            request, [observer, method = request.method, url = request.url](URLSessionResult result) {
-              explainResult(method, url, result);
-              if (result.error) {
-                observer.onError(*result.error);
-              } else if (result.data && result.response) {
-                observer.onNext({std::move(*result.data), std::move(*result.response)});
-                observer.onCompleted();
-              } else {
-                observer.onError(makeError(NetworkError::nonHttpResponse));
-              }
-            });
-        task->resume();
-        return reactive::Disposables::create([task] { task->cancel(); });
-      });
+  return reactive::create<HTTPReply>([request =
+                                          std::move(request)](reactive::AnyObserver<HTTPReply> observer) {
+    const auto task = Platform::current().urlSession->dataTask(
+        request, [observer, history = RequestHistory(request.method, request.url)](URLSessionResult result) {
+          history.end(result);
+          if (result.error) {
+            observer.onError(*result.error);
+          } else if (result.data && result.response) {
+            observer.onNext({std::move(*result.data), std::move(*result.response)});
+            observer.onCompleted();
+          } else {
+            observer.onError(makeError(NetworkError::nonHttpResponse));
+          }
+        });
+    task->resume();
+    return reactive::Disposables::create([task] { task->cancel(); });
+  });
 }
 
 reactive::Observable<HTTPReply> requireSuccess(const HTTPReply& reply) {

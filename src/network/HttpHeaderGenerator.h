@@ -16,10 +16,10 @@ class HttpHeaderGenerator {
       : userDefaults_(std::move(userDefaults)) {}
 
   HTTPHeaders generate() const;
-
- private:
+  /// Identifies this installation of the application; made by the first call.
   std::string deviceId() const;
 
+ private:
   std::shared_ptr<UserDefaults> userDefaults_;
 };
 

@@ -12,7 +12,7 @@ namespace orrelo {
 /// Main thread.
 ORRELO_EXPORT std::shared_ptr<ViewController> keyWindowRootViewController();
 
-/// Called when the user activates a window: by the front, or by a host that draws its screens itself.
+/// Called by the front when the user activates a window.
 ORRELO_EXPORT void setKeyWindowRootViewController(const std::shared_ptr<ViewController>& root);
 
 }  // namespace orrelo

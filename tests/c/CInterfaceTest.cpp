@@ -143,6 +143,7 @@ TEST(CInterfaceTest, AWrongArgumentIsNamedAndChangesNothing) {
   expect(orrelo_show_campaign("id", nullptr), "with is NULL");
   expect(orrelo_set_push_token(nullptr), "token is NULL");
   expect(orrelo_flush(-1), "negative");
+  expect((orrelo_diagnostics(2), orrelo_last_status()), "userIdentity is out of range");
   expect(orrelo_explanations_set_sink(0, nullptr, nullptr, nullptr), "level is out of range");
   expect(orrelo_main_loop_post(nullptr, nullptr, nullptr), "task is NULL");
   EXPECT_EQ(orrelo_values_count(values), 0U);

@@ -3,6 +3,7 @@
 Usage: host.py <liborrelo> <URL of the service> <its certificate> <data folder> <pipe>
 """
 import ctypes
+import json
 import sys
 import threading
 from ctypes import CFUNCTYPE, c_bool, c_char_p, c_double, c_int32, c_int64, c_void_p
@@ -34,6 +35,9 @@ for name, result, arguments in [
     ("orrelo_value_new_null", c_void_p, []),
     ("orrelo_send_event", c_int32, [c_char_p, c_void_p]),
     ("orrelo_flush", c_int32, [c_int64]),
+    ("orrelo_diagnostics", c_void_p, [c_int32]),
+    ("orrelo_value_get_text", c_char_p, [c_void_p, c_void_p]),
+    ("orrelo_value_free", None, [c_void_p]),
     ("orrelo_set_push_token", c_int32, [c_char_p]),
     ("orrelo_run_loop_run", c_int32, []),
     ("orrelo_run_loop_stop", None, []),
@@ -113,6 +117,15 @@ def receive_notifications():
     assert len(freed) == 2, freed
 
 
+def check_diagnostics():
+    value = kit.orrelo_diagnostics(1)
+    snapshot = json.loads(kit.orrelo_value_get_text(value, None))
+    kit.orrelo_value_free(value)
+    assert snapshot["isInitialized"] and snapshot["user"] == "민지", snapshot
+    assert snapshot["environment"]["applicationKey"] == "python-host", snapshot
+    assert snapshot["events"]["accepted"] >= 2 and snapshot["events"]["onTheirWay"] == 0, snapshot
+
+
 def wait_for_end(path):
     with open(path):
         kit.orrelo_run_loop_stop()
@@ -129,6 +142,7 @@ def main(url, certificate, folder, end):
     check(kit.orrelo_set_push_token(b"token of Python"))
     receive_notifications()
     check(kit.orrelo_flush(10000))
+    check_diagnostics()
     waiting = threading.Thread(target=wait_for_end, args=[end])
     waiting.start()
     check(kit.orrelo_run_loop_run())

@@ -91,7 +91,7 @@ TEST_F(OrreloTest, EveryGuardedOperationIsRefusedBeforeInitialize) {
 
 TEST_F(OrreloTest, AUserBeforeInitializeIsRememberedAndTheirProfileDropped) {
   const LogCapture log;
-  Orrelo::setUser(ORLUser("early", ORLMarketingStatus::unknown, {}));
+  Orrelo::setUser(ORLUser("early"));
   EXPECT_THAT(log.lines(), testing::Contains(EndsWith("before sendEvent(_:values:)")).Times(1));
   EXPECT_EQ(platform_.defaults->standard()->text("orrelo_user_id"), "early");
   initialize();
@@ -121,8 +121,8 @@ TEST_F(OrreloTest, AnEventTravelsFromTheCallToTheService) {
 TEST_F(OrreloTest, TheProfileGoesOutUnderThePreviousUser) {
   initialize();
   Orrelo::setUser(ORLUser("first", ORLMarketingStatus::optIn, {{"user_id", "mine"}, {"level", 3}}));
-  Orrelo::setUser(ORLUser("second", ORLMarketingStatus::optOut, {}));
-  Orrelo::setUser(ORLUser("second", ORLMarketingStatus::unknown, {}));
+  Orrelo::setUser(ORLUser("second", ORLMarketingStatus::optOut));
+  Orrelo::setUser(ORLUser("second"));
   Orrelo::setUser(std::nullopt);
   Orrelo::sendEvent("after");
   EXPECT_EQ(platform_.defaults->standard()->text("orrelo_user_id"), "second");
@@ -237,13 +237,13 @@ TEST_F(OrreloTest, UnsupportedValuesLeaveAsTheOneException) {
 TEST_F(OrreloTest, TokensBelongToTheInitializationAfterWhichTheyWereSet) {
   Orrelo::setPushToken("before");
   initialize("first");
-  Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
+  Orrelo::setUser(ORLUser("minji"));
   Orrelo::setDeviceToken({std::byte{0x00}, std::byte{0x0F}, std::byte{0xA5}});
   Orrelo::setPushToken("\xFF");
   platform_.loop->run();
   const auto former = InitializedOrrelo::current();
   initialize("second");
-  Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
+  Orrelo::setUser(ORLUser("minji"));
   platform_.loop->run();
   Orrelo::asInterface().setPushToken("again");
   platform_.loop->run();
@@ -282,7 +282,7 @@ TEST_F(OrreloTest, EightThreadsAtOnce) {
     threads.emplace_back([i] {
       for (int n = 0; n < 50; ++n) {
         Orrelo::sendEvent("e", {{"n", n}});
-        Orrelo::setUser(ORLUser("u" + std::to_string(i), ORLMarketingStatus::optIn, {}));
+        Orrelo::setUser(ORLUser("u" + std::to_string(i), ORLMarketingStatus::optIn));
         Orrelo::setUserEventDelegate(nullptr);
         Orrelo::setPushToken("t");
         Orrelo::setDeviceToken({std::byte(n)});

@@ -12,7 +12,7 @@ features="quick/campaign/attendance quick/campaign/entry quick/campaign/list qui
 layers+=(quick/include quick/platform quick/bridge quick/image quick/viewkit quick/modular
   "quick/modular/content quick/modular/roulette quick/modular/scratch" quick/campaign "$features quick/campaign/update"
   "quick/rewards/externalpoint quick/rewards/gifticon quick/rewards/point" "quick/rewards quick/referral quick/inappmessage"
-  quick/navigation quick/host quick/c quick quick/web)
+  quick/navigation quick/host quick/c quick quick/inspector quick/web)
 
 # What the front takes of the core beside its public headers: screens, views and pictures, and nothing that decides
 # what stands in them.
@@ -32,7 +32,7 @@ declare -A owner=(
   [MainLoop]=platform [Platform]=platform [UserDefaults]=platform
   [ORLCampaignType]=model [ORLConfig]=model [ORLDelegates]=model [ORLUser]=model
   [ORLUserEvent]=model [NotificationResponse]=model [BackgroundFetchResult]=model [UnsupportedEventValueException]=model
-  [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit
+  [ORLDiagnostics]=base [IOrrelo]=kit [Orrelo]=kit [OrreloWebKit]=kit
   [orrelo_c]=c [orrelo_values_c]=c [orrelo_quick_c]=quick/include [orrelo_web_c]=quick/web
   [quick/ExternalPointEntryView]=quick/include [quick/ORLCampaignEntryView]=quick/include
   [quick/ORLCampaignFloatingActionButton]=quick/include [quick/OrreloQuick]=quick/include [quick/OrreloWeb]=quick/web)

@@ -13,7 +13,15 @@ cmake --build "$work/cmake" --parallel >/dev/null
 echo "by CMake:"
 # A host that ends right after it has reported an event meets the kit's threads at work: it must end well each time.
 for _ in {1..20}; do "$work/cmake/packaged-host"; done | sort -u
-[ "$(has quick)" = 0 ] || "$work/cmake/packaged-quick-host" "$here/Host.qml"
+"$work/cmake/packaged-own-host"
+if [ "$(has quick)" = 1 ]; then
+  "$work/cmake/packaged-quick-host" "$here/Host.qml"
+  # An archive has no inspector.
+  inspector=$(find "$prefix" -name liborrelo_inspector.so)
+  said=$(ORRELO_INSPECTOR=1 ORRELO_LOG=info "$work/cmake/packaged-quick-host" "$here/Host.qml" 2>&1 | grep -i inspector)
+  echo "$said"
+  [[ $said == *"opens the inspector"* ]] || [ -z "$inspector" ]
+fi
 [ "$(has web)" = 0 ] || "$work/cmake/packaged-web-host" "$here/Host.qml"
 
 PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name orrelosdk.pc)")

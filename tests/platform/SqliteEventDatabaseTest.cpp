@@ -213,6 +213,31 @@ TEST_F(SqliteEventDatabaseTest, insertsOnceWhatHasTheSameTimeAndId) {
   EXPECT_THAT(ids(fetch()), ElementsAre("absent", "a", "b", "a"));
 }
 
+TEST_F(SqliteEventDatabaseTest, countsItsRowsWithoutAnOperation) {
+  EXPECT_EQ(open()->status().rowCount, std::nullopt);
+  for (const auto* const id : {"a", "b", "c"}) insert(eventRow(id, 1));
+  run<std::monostate>(&EventDatabase::insertOnce, eventRow("a", 1));
+  EXPECT_EQ(open()->status().rowCount, 3u);
+  deleteRows({"a", "none"});
+  EXPECT_EQ(open()->status().rowCount, 2u);
+  reopen();
+  fetch(1);
+  EXPECT_EQ(open()->status().rowCount, 2u) << "counted when the file is opened";
+  SQLite::Database other(file_.string(), SQLite::OPEN_READWRITE);
+  other.exec("INSERT INTO events (eventId) VALUES ('other')");
+  fetch();
+  EXPECT_EQ(open()->status().rowCount, 3u) << "another process's rows are found with all others";
+  other.exec("BEGIN IMMEDIATE");
+  insert(eventRow("d", 1));
+  EXPECT_TRUE(isStoreRefusal(open()->status().failure.value()));
+  EXPECT_EQ(open()->status().rowCount, 3u);
+  other.exec("ROLLBACK");
+  insert(eventRow("d", 1));
+  EXPECT_EQ(open()->status().failure, std::nullopt);
+  deleteUpTo(Date::fromSeconds(10));
+  EXPECT_EQ(open()->status().rowCount, fetch().size());
+}
+
 TEST_F(SqliteEventDatabaseTest, letsNobodyElseReadItsFiles) {
   const auto modes = [&] {
     std::map<std::string, mode_t> found;

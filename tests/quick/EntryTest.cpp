@@ -72,7 +72,7 @@ class EntryTest : public QuickTest {
     window_->requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window_));
   }
-  static void signIn(const char* id) { Orrelo::setUser(ORLUser(id, ORLMarketingStatus::unknown, {})); }
+  static void signIn(const char* id) { Orrelo::setUser(ORLUser(id)); }
   /// Waits until the fades of the entry and of the button have been played.
   void waitForFades(double opacity) {
     const auto entries = window_->findChildren<quick::ORLCampaignEntryView*>();

@@ -136,7 +136,7 @@ QuickTest::QuickTest(const std::function<void(Platform&)>& change) {
   platform.workers = std::make_shared<LoopWorkers>(platform.mainLoop);
   Platform::install(std::move(platform));
   Orrelo::initialize(ORLConfig("shop"));
-  Orrelo::setUser(ORLUser("u-1", ORLMarketingStatus::unknown, {}));
+  Orrelo::setUser(ORLUser("u-1"));
   open({390, 844});
 }
 

@@ -32,6 +32,8 @@ class Service final : public URLSession {
   /// Used on the main thread only.
   std::map<std::string, Answer> answers;
   std::vector<std::string> asked;
+  /// The bodies of the requests, in the order of their arrival; empty for a request without one.
+  std::vector<std::string> bodies;
 
   /// Sets an answer and gives it to the requests that wait.
   void answerWaiting(const std::string& path, const Answer& reply) {
@@ -54,10 +56,13 @@ class Service final : public URLSession {
      private:
       std::function<void()> start_;
     };
-    return std::make_shared<Task>(
-        [this, path = std::string(request.url.path()), completion = std::move(completion)] {
-          loop_->post([this, path, completion] { answer(path, completion); });
-        });
+    return std::make_shared<Task>([this, path = std::string(request.url.path()),
+                                   body = request.body.value_or(""), completion = std::move(completion)] {
+      loop_->post([this, path, body, completion] {
+        bodies.push_back(body);
+        answer(path, completion);
+      });
+    });
   }
   std::shared_ptr<URLSessionTask> streamingTask(URLRequest request,
                                                 std::shared_ptr<URLSessionDataDelegate> delegate) override {

@@ -42,7 +42,7 @@ enum class EventTimeStorage { text, date };
 /// renamed with a date suffix and replaced by an empty one, on which the operation is repeated; if the
 /// replacement cannot be opened, the process is aborted. Operations that have not started when the process
 /// begins to exit are not run. Completions must be short, must not throw, and must not use file descriptors
-/// of other threads (see WriterQueue). Any thread.
+/// of other threads: the stores' own thread may have a table of its own. Any thread.
 class ORRELO_EXPORT EventDatabase {
  public:
   template <class T>
@@ -64,6 +64,16 @@ class ORRELO_EXPORT EventDatabase {
   /// The path of the store's file, for messages.
   virtual std::string location() const = 0;
 
+  /// What the store knows about itself.
+  struct Status {
+    /// Counted when the file is opened, and then by the operations of this object alone; nullopt if unknown.
+    std::optional<std::size_t> rowCount;
+    /// The error of the last operation, if it failed.
+    std::optional<Error> failure;
+  };
+  /// Returns at once, without an operation, for Orrelo::diagnostics. Any thread.
+  virtual Status status() const { return {}; }
+
   /// Acquires the exclusive right to send the stored events, which the object that it completes with holds
   /// until it is destroyed. Null while another owner holds it, in this process or in another one that shares
   /// the file. A forked child does not hold it.
@@ -73,6 +83,8 @@ class ORRELO_EXPORT EventDatabase {
 /// True if the store has rejected an operation only for now: the file is busy, full, read-only or forbidden,
 /// the device reports an error, or memory has run out. The same operation may succeed later.
 ORRELO_EXPORT bool isStoreRefusal(const Error& error);
+/// Such an error, for a store of the host's own. The message says why.
+ORRELO_EXPORT Error makeStoreRefusal(std::string message);
 
 /// Opens event stores in the data directory. Requests for the same name return the same store.
 class ORRELO_EXPORT EventDatabaseFactory {

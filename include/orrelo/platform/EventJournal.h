@@ -87,6 +87,15 @@ class ORRELO_EXPORT EventJournal {
   /// process ends soon afterwards, a record may still be adopted by a later one.
   virtual void release(std::vector<Position> positions) = 0;
 
+  /// What the journal holds for this process.
+  struct Usage {
+    /// The records that are not released, adopted ones too.
+    std::size_t records = 0;
+    std::size_t bytes = 0;
+  };
+  /// For Orrelo::diagnostics. Returns at once.
+  virtual Usage usage() const { return {}; }
+
   /// Takes over the journals of ended processes, and repairs its own file if that was removed, shrunk or
   /// replaced. Called at `Orrelo::initialize` and once a minute. `adopt` is called once for each journal that
   /// is taken over, on a thread of the kit; if this process ends, a later one adopts what it has not

@@ -1,7 +1,6 @@
 #include "campaign/modular/ModularCampaignKind.h"
 
-#include "base/explain.h"
-#include "base/jsonPointer.h"
+#include "base/PageOmissions.h"
 #include "campaign/CampaignScreen.h"
 #include "modular/ModularCampaignView.h"
 #include "modular/roulette/RouletteComponent.h"
@@ -17,8 +16,8 @@ constexpr auto roulette = RouletteComponent::key;
 constexpr auto scratchLottery = ScratchLotteryComponent::key;
 
 PageDetailDTO unknown(const JsonObject& page, std::string_view reason) {
-  explain(ExplanationLevel::warning, [&] {
-    return "The page " + jsonPointer(page) + " cannot be shown, since " + std::string(reason) +
+  explainOmission(page, "", [&] {
+    return "cannot be shown, since " + std::string(reason) +
            ": the screen for unknown campaigns stands in its place, which offers an update if there is one.";
   });
   return PageDetailDTO::unknown();

@@ -28,6 +28,7 @@ class FileEventJournal final : public EventJournal {
   /// Does nothing in a forked child, as `maintain`.
   void release(std::vector<Position> positions) override;
   void maintain(Adopter adopt) override;
+  Usage usage() const override { return owner_.isParent() ? Usage() : own_->usage(); }
 
  private:
   struct Child;

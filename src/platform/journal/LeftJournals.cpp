@@ -255,7 +255,11 @@ std::size_t LeftJournals::adoptedSize() const {
 }
 
 void LeftJournals::updateSize() {
-  own_->setOthersSize(othersSize_ + adoptedSize());
+  std::size_t records = 0;
+  for (const auto& [first, journal] : adopted_) records += journal.liveCount;
+  const auto size = adoptedSize();
+  own_->setOthersSize(othersSize_ + size);
+  own_->setAdopted(records, size);
 }
 
 /// Logs what keeps a file from being adopted, once for each file.

@@ -15,6 +15,7 @@ class LiveRecords {
   using Position = EventJournal::Position;
 
   bool empty() const { return count_ == 0; }
+  std::size_t size() const { return count_; }
 
   /// `position` must be larger than all former ones.
   void add(Position position, EventJournal::Record record) {

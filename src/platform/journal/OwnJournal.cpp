@@ -51,6 +51,11 @@ OwnJournal::Position OwnJournal::reservePositions(std::size_t count) {
   return std::exchange(last_, last_ + count) + 1;
 }
 
+EventJournal::Usage OwnJournal::usage() {
+  const std::lock_guard lock(mutex_);
+  return {live_.size() + adoptedRecords_, liveSize_ + adoptedBytes_};
+}
+
 // -- Released records
 
 std::vector<OwnJournal::Position> OwnJournal::release(const std::vector<Position>& positions) {

@@ -39,6 +39,12 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
   Position reservePositions(std::size_t count);
   /// The size of the journals of other processes, which counts towards the limit.
   void setOthersSize(std::size_t size) { othersSize_ = size; }
+  /// What this process has adopted.
+  void setAdopted(std::size_t records, std::size_t bytes) {
+    adoptedRecords_ = records;
+    adoptedBytes_ = bytes;
+  }
+  EventJournal::Usage usage();
 
   /// Replaces the file if it was removed, shrunk or replaced, or if all its records are released. Then calls
   /// `next` in a task of the executor with the name of the current file, which is empty if there is none.
@@ -66,6 +72,8 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
   const JournalEnvironment environment_;
   const Kind kind_;
   std::atomic<std::size_t> othersSize_ = 0;
+  std::atomic<std::size_t> adoptedRecords_ = 0;
+  std::atomic<std::size_t> adoptedBytes_ = 0;
 
   std::mutex mutex_;
   std::condition_variable created_;

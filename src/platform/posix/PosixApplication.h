@@ -2,19 +2,21 @@
 
 #include <orrelo/Export.h>
 #include <orrelo/platform/Application.h>
+#include <orrelo/platform/ApplicationObservers.h>
 
 #include <atomic>
-#include <mutex>
+#include <functional>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace orrelo {
 
-/// Detects nothing by itself: the front, or a host without one, reports signals and settings to it.
+/// Detects nothing by itself: the front reports signals and settings to it.
 class ORRELO_EXPORT PosixApplication final : public Application {
  public:
-  Registration observe(Signal signal, std::function<void()> callback) override;
+  Registration observe(Signal signal, std::function<void()> callback) override {
+    return observers_.observe(signal, std::move(callback));
+  }
   /// False until an opener is set.
   bool canOpen(const Url& url) const override { return opener_.canOpen && opener_.canOpen(url); }
   void open(const Url& url) override {
@@ -42,24 +44,18 @@ class ORRELO_EXPORT PosixApplication final : public Application {
   /// used; a later call replaces the former function.
   void setSharer(TextHandler sharer) { sharer_ = std::move(sharer); }
 
-  /// Calls the observers in the order of their registration. Main thread only.
-  void send(Signal signal);
+  /// Main thread only.
+  void send(Signal signal) { observers_.send(signal); }
   void setScreenScale(double scale) { screenScale_ = scale; }
   void setPrefersReducedMotion(bool prefers) { prefersReducedMotion_ = prefers; }
 
  private:
-  struct Observer {
-    Signal signal;
-    std::function<void()> callback;
-  };
-
   UrlOpener opener_;
   TextHandler pasteboardWriter_;
   TextHandler sharer_;
   std::atomic<double> screenScale_ = 1.0;
   std::atomic<bool> prefersReducedMotion_ = false;
-  std::mutex mutex_;
-  std::vector<std::weak_ptr<const Observer>> observers_;
+  ApplicationObservers observers_;
 };
 
 }  // namespace orrelo

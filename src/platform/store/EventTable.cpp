@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace orrelo {
 namespace {
@@ -58,13 +59,24 @@ EventTable::EventTable(const std::filesystem::path& path, EventTimeStorage timeS
       // oldest ones, which the index on the time finds.
       deleteRow_(file_.prepare("DELETE FROM events WHERE rowid = (SELECT rowid FROM events WHERE eventId = ? "
                                "ORDER BY eventTime, rowid LIMIT 1)")),
-      deleteUpTo_(file_.prepare("DELETE FROM events WHERE eventTime <= ?")) {}
+      deleteUpTo_(file_.prepare("DELETE FROM events WHERE eventTime <= ?")) {
+  auto count = file_.prepare("SELECT count(*) FROM events");
+  file_.step(count);
+  rowCount_ = static_cast<std::size_t>(count.getColumn(0).getInt64());
+}
 
 void EventTable::begin(bool writes) {
   file_.step(writes ? beginWriting_ : beginReading_);
+  rowCountAtBegin_ = rowCount_;
+}
+
+void EventTable::commit() {
+  file_.step(commit_);
+  rowCountAtBegin_.reset();
 }
 
 bool EventTable::rollback() {
+  rowCount_ = std::exchange(rowCountAtBegin_, std::nullopt).value_or(rowCount_);
   if (!file_.isInTransaction()) return true;
   try {
     file_.execute("ROLLBACK");
@@ -95,6 +107,7 @@ void EventTable::runInsert(SQLite::Statement& statement, const EventRow& row) {
   bindTime(statement, 4, row.eventTime);
   bindText(statement, 5, row.eventValues);
   file_.step(statement);
+  rowCount_ += file_.changes();
 }
 
 std::vector<EventRow> EventTable::fetchOldest(std::size_t limit) {
@@ -108,19 +121,27 @@ std::vector<EventRow> EventTable::fetchOldest(std::size_t limit) {
                     .eventTime = readTime(3),
                     .eventValues = readText(fetch_.getColumn(4))});
   }
+  // Other processes insert rows, too.
+  if (rows.size() < limit) rowCount_ = rows.size();
   return rows;
 }
 
 std::size_t EventTable::deleteRow(const std::string& eventId) {
   deleteRow_.bindNoCopy(1, eventId);
   file_.step(deleteRow_);
-  return file_.changes();
+  return countDeleted();
 }
 
 std::size_t EventTable::deleteRowsUpTo(const StoredTime& time) {
   bindTime(deleteUpTo_, 1, time);
   file_.step(deleteUpTo_);
-  return file_.changes();
+  return countDeleted();
+}
+
+std::size_t EventTable::countDeleted() {
+  const auto count = file_.changes();
+  rowCount_ -= std::min(rowCount_, count);
+  return count;
 }
 
 StoredTime EventTable::readTime(int column) const {

@@ -22,7 +22,7 @@ class EventTable {
 
   void setBusyTimeout(std::chrono::milliseconds timeout) { file_.setBusyTimeout(timeout); }
   void begin(bool writes);
-  void commit() { file_.step(commit_); }
+  void commit();
   /// False if the rollback failed and the connection must be closed.
   bool rollback();
   bool hasMoved() const { return file_.hasMoved(); }
@@ -35,9 +35,14 @@ class EventTable {
   std::size_t deleteRow(const std::string& eventId);
   std::size_t deleteRowsUpTo(const StoredTime& time);
 
+  /// The number of rows: counted when the file is opened, and then by the operations of this object.
+  std::size_t rowCount() const { return rowCount_; }
+
  private:
   void runInsert(SQLite::Statement& statement, const EventRow& row);
   StoredTime readTime(int column) const;
+  /// The number of rows that the last statement has deleted.
+  std::size_t countDeleted();
 
   EventTimeStorage timeStorage_;
   SqliteFile file_;
@@ -49,6 +54,9 @@ class EventTable {
   SQLite::Statement fetch_;
   SQLite::Statement deleteRow_;
   SQLite::Statement deleteUpTo_;
+  std::size_t rowCount_ = 0;
+  /// Set during a transaction.
+  std::optional<std::size_t> rowCountAtBegin_;
 };
 
 }  // namespace orrelo

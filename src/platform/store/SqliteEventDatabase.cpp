@@ -66,6 +66,11 @@ class SqliteEventDatabase final : public EventDatabase,
 
   std::string location() const override { return path().string(); }
 
+  Status status() const override {
+    const std::lock_guard lock(mutex_);
+    return status_;
+  }
+
   void acquireSending(Completion<std::shared_ptr<const void>> completion) override {
     executor_->post([self = shared_from_this(), completion = std::move(completion)] {
       runGuarded([&] { completion(self->lockSending()); });
@@ -137,12 +142,20 @@ class SqliteEventDatabase final : public EventDatabase,
       table_.reset();
       for (auto& operation : batch) report(operation, SqliteFailure::fromCurrentException());
     }
+    updateStatus(batch);
     for (auto& operation : batch) operation.complete();
     {
       const std::lock_guard lock(mutex_);
       isDraining_ = !waiting_.empty();
       return isDraining_;
     }
+  }
+
+  void updateStatus(const Batch& batch) {
+    const auto& failure = batch.back().failure;
+    const std::lock_guard lock(mutex_);
+    if (table_) status_.rowCount = table_->rowCount();
+    if (failure || status_.failure) status_.failure = failure ? std::optional(*failure) : std::nullopt;
   }
 
   void run(Batch& batch) {
@@ -232,9 +245,10 @@ class SqliteEventDatabase final : public EventDatabase,
   const std::shared_ptr<Clock> clock_;
   const std::shared_ptr<SerialExecutor> executor_;
 
-  std::mutex mutex_;
+  mutable std::mutex mutex_;
   std::deque<Batch> waiting_;
   bool isDraining_ = false;
+  Status status_;
 
   // Accessed only in the executor's tasks.
   std::shared_ptr<EventTable> table_;

@@ -14,6 +14,7 @@
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace orrelo {
 namespace {
@@ -151,7 +152,12 @@ Error SqliteFailure::error() const {
   return {std::string(domain), found->name, what()};
 }
 
+Error makeStoreRefusal(std::string message) {
+  return {"EventDatabase", "refused", std::move(message)};
+}
+
 bool isStoreRefusal(const Error& error) {
+  if (error == makeStoreRefusal({})) return true;
   return error.domain() == domain && std::any_of(cases.begin(), cases.end(), [&](const Case& known) {
            return known.isRefusal && error.caseName() == known.name;
          });

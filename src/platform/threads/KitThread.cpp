@@ -22,6 +22,7 @@ namespace {
 std::atomic<bool> exitBegan = false;
 std::atomic<int> blockers = 0;
 std::atomic<int> activeTasks = 0;
+std::atomic<std::size_t> threadCount = 0;
 // The process that the kit's threads belong to; 0 before the first one. A forked child has none of them.
 std::atomic<std::uint64_t> threadsGeneration = 0;
 // Excluded from the wait in `beginExit`, since a task itself may end the process.
@@ -85,6 +86,7 @@ std::thread startKitThread(const char* name, std::function<void()> body) {
   if (former != 0 && former != generation) {
     blockers = 0;
     activeTasks = activeTasksHere;
+    threadCount = 0;
   }
   // The host's signals must not be handled on the kit's threads. Signals that a thread raises by its own
   // fault and SIGPROF stay unblocked, since crash reporters and profilers depend on them.
@@ -96,18 +98,25 @@ std::thread startKitThread(const char* name, std::function<void()> body) {
   }
   pthread_sigmask(SIG_SETMASK, &blocked, &before);
   std::thread thread;
+  ++threadCount;
   try {
     thread = std::thread([body = std::move(body)] {
       isStartedHere = true;
       body();
+      --threadCount;
     });
   } catch (...) {
+    --threadCount;
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     throw;
   }
   pthread_sigmask(SIG_SETMASK, &before, nullptr);
   pthread_setname_np(thread.native_handle(), name);
   return thread;
+}
+
+std::size_t kitThreadCount() {
+  return hasThreads() ? threadCount.load() : 0;
 }
 
 bool isKitThread() {

@@ -2,6 +2,7 @@
 
 #include <orrelo/Export.h>
 
+#include <cstddef>
 #include <functional>
 #include <thread>
 
@@ -29,6 +30,9 @@ class ExitBlocker {
 /// Starts a thread that blocks the host's signals. Its name may have at most 15 characters. Throws
 /// std::system_error if no thread can be created, and on the stores' thread, whose descriptors are separate.
 std::thread startKitThread(const char* name, std::function<void()> body);
+
+/// The number of threads that `startKitThread` has started and that have not ended.
+std::size_t kitThreadCount();
 
 /// True on a thread that `startKitThread` has started.
 bool isKitThread();
