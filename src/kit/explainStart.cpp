@@ -13,16 +13,16 @@
 namespace orrelo {
 namespace {
 
-std::string entry(const Bundle& bundle, std::string_view key) {
+std::string infoOf(const Bundle& bundle, std::string_view key) {
   return bundle.info(key).value_or("(none)");
 }
 
 void explainVersions(const ORLConfig& config, const Platform& platform) {
-  const auto version = platform.mainBundle->info("CFBundleShortVersionString");
+  const auto hostVersion = platform.mainBundle->info("CFBundleShortVersionString");
   explain(ExplanationLevel::info, [&] {
-    return "OrreloSDK " + entry(*platform.kitBundle, "CFBundleShortVersionString") + ", build " +
-           entry(*platform.kitBundle, "ORLBuildNumber") + ", is initialized by " +
-           entry(*platform.mainBundle, "CFBundleIdentifier") + " " + (version ? *version + " " : "") +
+    return "OrreloSDK " + infoOf(*platform.kitBundle, "CFBundleShortVersionString") + ", build " +
+           infoOf(*platform.kitBundle, "ORLBuildNumber") + ", is initialized by " +
+           infoOf(*platform.mainBundle, "CFBundleIdentifier") + " " + (hostVersion ? *hostVersion + " " : "") +
            "with the application key \"" + config.appKey() + "\".";
   });
   if (!config.appKey().empty()) return;
