@@ -1,17 +1,28 @@
-# Removes the files in MANIFEST, which `cmake --install` writes, and the folders that this leaves empty.
+# Removes the files in MANIFEST, which `cmake --install` writes, and the folders that this leaves empty. The folder that
+# holds them all, which is the prefix, stays.
 
 if(NOT EXISTS ${MANIFEST})
   message(FATAL_ERROR "There is no ${MANIFEST}: this build folder has not been installed.")
 endif()
 file(STRINGS ${MANIFEST} files)
+list(TRANSFORM files PREPEND "$ENV{DESTDIR}")
+list(GET files 0 prefix)
+cmake_path(GET prefix PARENT_PATH prefix)
 foreach(file IN LISTS files)
-  set(file $ENV{DESTDIR}${file})
+  cmake_path(IS_PREFIX prefix ${file} holds)
+  while(NOT holds)
+    cmake_path(GET prefix PARENT_PATH prefix)
+    cmake_path(IS_PREFIX prefix ${file} holds)
+  endwhile()
+endforeach()
+
+foreach(file IN LISTS files)
   if(EXISTS ${file} OR IS_SYMLINK ${file})
     message(STATUS "Removing ${file}")
     file(REMOVE ${file})
   endif()
   cmake_path(GET file PARENT_PATH folder)
-  while(IS_DIRECTORY ${folder})
+  while(IS_DIRECTORY ${folder} AND NOT folder STREQUAL prefix)
     file(GLOB remaining LIST_DIRECTORIES true ${folder}/* ${folder}/.*)
     if(remaining)
       break()

@@ -35,8 +35,8 @@ enum {
 ORRELO_EXPORT const char* orrelo_status_text(orrelo_status status);
 /** The status of the calling thread's last call that returns a status or a new handle. */
 ORRELO_EXPORT orrelo_status orrelo_last_status(void);
-/** What was wrong with that call, in English; empty if it succeeded. Never NULL. Valid until the thread's
- * next call. */
+/** What was wrong with that call, in English, in up to 511 bytes; empty if it succeeded. Never NULL. Valid
+   until the thread's next call. */
 ORRELO_EXPORT const char* orrelo_last_error(void);
 
 /** One value of an event. A plain value: it may be used on any thread, but on one at a time. */
@@ -67,10 +67,15 @@ enum {
 /* New values belong to the caller until they are put into a collection. NULL on failure. `orrelo_send_event`
    refuses null, bytes and other at the top level. */
 
+/** The value null. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_null(void);
+/** A value of ORRELO_TYPE_BOOL. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_bool(bool value);
+/** A value of ORRELO_TYPE_INTEGER. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_integer(int64_t value);
+/** A value of ORRELO_TYPE_NUMBER. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_number(double value);
+/** Copies the text. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_text(const char* text);
 /** Microseconds from 1970-01-01T00:00:00Z. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_date(int64_t microseconds);
@@ -80,6 +85,7 @@ ORRELO_EXPORT orrelo_value* orrelo_value_new_uuid(const uint8_t* bytes);
 ORRELO_EXPORT orrelo_value* orrelo_value_new_url(const char* text);
 /** Copies the bytes, which may be NULL if `size` is 0. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_bytes(const void* bytes, size_t size);
+/** `typeName` is what the explanations and errors call the type. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_other(const char* typeName);
 /** An empty list; `orrelo_value_append` fills it. */
 ORRELO_EXPORT orrelo_value* orrelo_value_new_list(void);
@@ -91,6 +97,7 @@ ORRELO_EXPORT orrelo_value* orrelo_value_new_dictionary(orrelo_values* entries);
 /** Appends `element` to a list, or to a set that does not hold it yet. Takes `element`, also if it fails. A
    value has at most 512 levels; ORRELO_INVALID_ARGUMENT for more. */
 ORRELO_EXPORT orrelo_status orrelo_value_append(orrelo_value* collection, orrelo_value* element);
+/** A copy with all that the value contains. */
 ORRELO_EXPORT orrelo_value* orrelo_value_copy(const orrelo_value* value);
 /** Does nothing with NULL. */
 ORRELO_EXPORT void orrelo_value_free(orrelo_value* value);
@@ -100,8 +107,11 @@ ORRELO_EXPORT void orrelo_value_free(orrelo_value* value);
 
 /** One of ORRELO_TYPE_…; -1 for NULL. */
 ORRELO_EXPORT int32_t orrelo_value_type(const orrelo_value* value);
+/** The value of an ORRELO_TYPE_BOOL. */
 ORRELO_EXPORT orrelo_status orrelo_value_get_bool(const orrelo_value* value, bool* result);
+/** The value of an ORRELO_TYPE_INTEGER. */
 ORRELO_EXPORT orrelo_status orrelo_value_get_integer(const orrelo_value* value, int64_t* result);
+/** The value of an ORRELO_TYPE_NUMBER; an integer is none. */
 ORRELO_EXPORT orrelo_status orrelo_value_get_number(const orrelo_value* value, double* result);
 /** Microseconds from 1970-01-01T00:00:00Z. */
 ORRELO_EXPORT orrelo_status orrelo_value_get_date(const orrelo_value* value, int64_t* result);
@@ -109,7 +119,9 @@ ORRELO_EXPORT orrelo_status orrelo_value_get_date(const orrelo_value* value, int
 ORRELO_EXPORT orrelo_status orrelo_value_get_uuid(const orrelo_value* value, uint8_t* result);
 /** The text, that of the URL, or the name of the unknown type. `length`, in bytes, may be NULL. */
 ORRELO_EXPORT const char* orrelo_value_get_text(const orrelo_value* value, size_t* length);
+/** The bytes, and their number in `size`. Not NULL if there are none. */
 ORRELO_EXPORT const void* orrelo_value_get_bytes(const orrelo_value* value, size_t* size);
+/** The entries of a dictionary. */
 ORRELO_EXPORT const orrelo_values* orrelo_value_get_dictionary(const orrelo_value* value);
 /** The number of elements of a list or of a set; 0 for any other value. */
 ORRELO_EXPORT size_t orrelo_value_count(const orrelo_value* value);
@@ -121,17 +133,23 @@ ORRELO_EXPORT orrelo_values* orrelo_values_new(void);
 /** The members of a JSON object, of up to 8 MiB and 512 levels; the first of repeated ones. NULL on failure,
    with ORRELO_INVALID_ARGUMENT if the text is no such object. */
 ORRELO_EXPORT orrelo_values* orrelo_values_from_json(const char* json);
+/** A copy with all values. NULL on failure. */
 ORRELO_EXPORT orrelo_values* orrelo_values_copy(const orrelo_values* values);
 /** Does nothing with NULL. */
 ORRELO_EXPORT void orrelo_values_free(orrelo_values* values);
 
 /** Sets the value under `key`, in place of an existing one. Takes `value`, also if it fails. */
 ORRELO_EXPORT orrelo_status orrelo_values_set(orrelo_values* values, const char* key, orrelo_value* value);
+/** `orrelo_values_set` with a new value of ORRELO_TYPE_BOOL. */
 ORRELO_EXPORT orrelo_status orrelo_values_set_bool(orrelo_values* values, const char* key, bool value);
+/** `orrelo_values_set` with a new value of ORRELO_TYPE_INTEGER. */
 ORRELO_EXPORT orrelo_status orrelo_values_set_integer(orrelo_values* values, const char* key, int64_t value);
+/** `orrelo_values_set` with a new value of ORRELO_TYPE_NUMBER. */
 ORRELO_EXPORT orrelo_status orrelo_values_set_number(orrelo_values* values, const char* key, double value);
+/** `orrelo_values_set` with a copy of the text. */
 ORRELO_EXPORT orrelo_status orrelo_values_set_text(orrelo_values* values, const char* key, const char* text);
 
+/** The number of keys; 0 for NULL. */
 ORRELO_EXPORT size_t orrelo_values_count(const orrelo_values* values);
 /** The keys are sorted by their bytes. NULL if there is no such key. */
 ORRELO_EXPORT const char* orrelo_values_key(const orrelo_values* values, size_t index);

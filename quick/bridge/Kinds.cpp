@@ -1,12 +1,11 @@
 #include "quick/bridge/Kinds.h"
 
-#include <QLoggingCategory>
+#include "base/explain.h"
+
 #include <algorithm>
 
 namespace orrelo::quick {
 namespace {
-
-Q_LOGGING_CATEGORY(front, "orrelo.quick")
 
 template <class Row>
 const Row* find(std::span<const Row> Kinds::*rows, std::string_view name) {
@@ -18,6 +17,14 @@ const Row* find(std::span<const Row> Kinds::*rows, std::string_view name) {
   return nullptr;
 }
 
+void explainUndrawn(std::string_view kind) {
+  explain(ExplanationLevel::error, [kind] {
+    return std::string(kind) +
+           " is not seen, since this version of the front draws no such part: use the "
+           "versions of orrelo::core and orrelo::quick that belong together.";
+  });
+}
+
 QUrl fileOf(std::string_view kind) {
   return moduleFile(toQt(kind) + QStringLiteral(".qml"));
 }
@@ -26,13 +33,13 @@ QUrl fileOf(std::string_view kind) {
 
 ViewBridge* makeBridge(const std::shared_ptr<View>& view, QObject* parent) {
   if (const auto* row = find(&Kinds::views, view->kind())) return row->make(view, parent);
-  qCWarning(front) << "no look for the view" << toQt(view->kind());
+  explainUndrawn(view->kind());
   return new ViewBridge(view, parent);
 }
 
 ScreenBridge* makeBridge(const std::shared_ptr<ViewController>& screen, QObject* parent) {
   if (const auto* row = find(&Kinds::screens, screen->kind())) return row->make(screen, parent);
-  qCWarning(front) << "no look for the screen" << toQt(screen->kind());
+  explainUndrawn(screen->kind());
   return new ScreenBridge(screen, parent);
 }
 

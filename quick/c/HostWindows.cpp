@@ -4,6 +4,8 @@
 
 #include <QDir>
 #include <QQmlComponent>
+#include <QThread>
+#include <algorithm>
 #include <utility>
 
 namespace orrelo::quick {
@@ -43,6 +45,7 @@ HostWindows::HostWindows(QByteArrayList arguments) : arguments_(std::move(argume
 }
 
 HostWindows::~HostWindows() {
+  windows_.merge(closing_);
   while (!windows_.empty()) delete *windows_.begin();
 }
 
@@ -56,14 +59,26 @@ QQuickWindow* HostWindows::open(const QString& path) {
   }
   windows_.insert(window);
   // The file itself can destroy its window.
-  QObject::connect(window, &QObject::destroyed, [this, window] { windows_.erase(window); });
+  QObject::connect(window, &QObject::destroyed, [this, window] {
+    windows_.erase(window);
+    closing_.erase(window);
+  });
   root.release();
   return window;
 }
 
-bool HostWindows::close(QQuickWindow* window) {
-  if (!windows_.contains(window)) return false;
-  delete window;
+bool HostWindows::close(const QObject* window) {
+  const auto found = std::find(windows_.begin(), windows_.end(), window);
+  if (found == windows_.end()) return false;
+  auto* const open = *found;
+  if (QThread::currentThread()->loopLevel() == 0) {
+    delete open;
+    return true;
+  }
+  closing_.insert(windows_.extract(found));
+  open->close();
+  open->hide();  // its file can refuse to be closed
+  open->deleteLater();
   return true;
 }
 

@@ -24,8 +24,8 @@ class HostWindows final {
 
   /// The window of this QML file. Throws CallFailure with the file's errors.
   QQuickWindow* open(const QString& path);
-  /// False if the window is not one of these.
-  bool close(QQuickWindow* window);
+  /// False if this is no open window of these; the pointer is only compared.
+  bool close(const QObject* window);
 
  private:
   explicit HostWindows(QByteArrayList arguments);
@@ -37,6 +37,8 @@ class HostWindows final {
   std::optional<QGuiApplication> application_;
   std::optional<QQmlEngine> engine_;
   std::set<QQuickWindow*> windows_;
+  // They are destroyed once their own callbacks have returned.
+  std::set<QQuickWindow*> closing_;
 };
 
 }  // namespace orrelo::quick

@@ -63,15 +63,19 @@ orrelo_status orrelo_quick_application_run(int32_t* exitCode) {
 }
 
 void orrelo_quick_application_quit(int32_t exitCode) {
-  auto* const application = QCoreApplication::instance();
-  if (application == nullptr) return;
-  QMetaObject::invokeMethod(
-      application, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
+  attemptSilently([exitCode] {
+    auto* const application = QCoreApplication::instance();
+    if (application == nullptr) return;
+    QMetaObject::invokeMethod(
+        application, [exitCode] { QCoreApplication::exit(exitCode); }, Qt::QueuedConnection);
+  });
 }
 
 orrelo_status orrelo_quick_application_finish() {
   return attempt([] {
     windows();
+    requireDone(QThread::currentThread()->loopLevel() == 0,
+                "call it after orrelo_quick_application_run has returned");
     HostWindows::finish();
   });
 }
@@ -84,8 +88,8 @@ void* orrelo_quick_window_open(const char* path) {
 
 orrelo_status orrelo_quick_window_close(void* window) {
   return attempt([&] {
-    requireDone(windows().close(objectOf<QQuickWindow>(window, "window")),
-                "orrelo_quick_window_open has not returned this window");
+    if (windows().close(static_cast<const QObject*>(required(window, "window")))) return;
+    throw CallFailure{ORRELO_INVALID_ARGUMENT, "this is no open window of orrelo_quick_window_open"};
   });
 }
 

@@ -3,12 +3,15 @@
 #include "base/explain.h"
 #include "ui/KeyWindow.h"
 
+#include <orrelo/MainLoop.h>
 #include <orrelo/Platform.h>
 #include <orrelo/quick/OrreloQuick.h>
 
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QThread>
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,25 +26,32 @@ std::vector<std::shared_ptr<ViewController>> chain(const std::shared_ptr<ViewCon
   return screens;
 }
 
-// Returns whether there is a window; otherwise logs how the host should call the function.
-bool hasWindow(const QQuickWindow* window, std::string_view call) {
-  if (window != nullptr) return true;
-  explain(ExplanationLevel::error, [call] {
-    return std::string(call) +
-           " was given no window, and nothing will be seen: call it after the QML file has loaded, with its "
-           "QQuickWindow.";
-  });
-  return false;
+void explainCall(std::string_view call, std::string_view cause) {
+  explain(ExplanationLevel::error, [&] { return std::string(call) + std::string(cause); });
+}
+
+// Returns whether the call can be carried out; otherwise a line says how the host should call the function.
+bool canWork(const QQuickWindow* window, std::string_view call) {
+  if (window == nullptr) {
+    explainCall(call,
+                " was given no window, and nothing will be seen: call it after the QML file has loaded, "
+                "with its QQuickWindow.");
+    return false;
+  }
+  if (QThread::currentThread() != window->thread()) {
+    explainCall(call,
+                " is called on another thread than the window's, and does nothing: call it on the GUI "
+                "thread, for example in a task of the main loop.");
+    return false;
+  }
+  return true;
 }
 
 void explainMissingFront(std::string_view call) {
-  if (Platform::current().mainLoop->isCurrent()) return;
-  explain(ExplanationLevel::error, [call] {
-    return std::string(call) +
-           " is called on a thread that does not run the platform's main loop, so that screens do not come: "
-           "call it "
-           "on the GUI thread, after Platform::install(quick::platform()).";
-  });
+  if (std::dynamic_pointer_cast<RunLoop>(Platform::current().mainLoop) == nullptr) return;
+  explainCall(call,
+              " finds a platform without Qt's event loop, so that screens do not come: call "
+              "Platform::install(quick::platform()) before anything else of the kit.");
 }
 
 HostWindow* existing(const QWindow& window) {
@@ -96,9 +106,8 @@ void HostWindow::explainMissingHost() const {
   if (hasHost_ || !screen_->presentedViewController()) return;
   explain(ExplanationLevel::error, [this] {
     return std::string(screen_->presentedViewController()->kind()) +
-           " is shown in a window without an OrreloHost, so that nothing is seen: wrap the window's content "
-           "in an "
-           "OrreloHost (import Orrelo).";
+           " is shown in a window without an OrreloHost, so that nothing is seen: wrap the window's "
+           "content in an OrreloHost (import Orrelo).";
   });
 }
 
@@ -126,26 +135,25 @@ void HostWindow::disappear() {
 }
 
 std::shared_ptr<ViewController> hostViewController(QQuickWindow* window) {
+  if (!canWork(window, "hostViewController")) return std::make_shared<HostViewController>();
   explainMissingFront("hostViewController");
-  if (!hasWindow(window, "hostViewController")) return std::make_shared<HostViewController>();
   return HostWindow::of(*window).screen();
 }
 
 bool present(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
+  if (!canWork(window, "present")) return false;
   explainMissingFront("present");
-  if (!hasWindow(window, "present")) return false;
   return HostWindow::of(*window).root()->topmost()->present(screen, animated);
 }
 
 bool push(QQuickWindow* window, const std::shared_ptr<ViewController>& screen, bool animated) {
+  if (!canWork(window, "push")) return false;
   explainMissingFront("push");
-  if (!hasWindow(window, "push")) return false;
   const auto& navigation = HostWindow::of(*window).navigation();
   if (!navigation) {
     explain(ExplanationLevel::error,
             "push shows nothing, since the window has no OrreloHost that pushes screens: set its "
-            "pushesScreens, or "
-            "call present.");
+            "pushesScreens, or call present.");
   }
   if (navigation) navigation->pushViewController(screen, animated);
   return navigation != nullptr;

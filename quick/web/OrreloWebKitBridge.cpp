@@ -1,8 +1,8 @@
 #include "quick/web/OrreloWebKitBridge.h"
 
+#include "base/explain.h"
 #include "quick/bridge/Conversions.h"
 #include "quick/web/WebProfile.h"
-#include "quick/web/webLog.h"
 
 #include <orrelo/UnsupportedEventValueException.h>
 #include <orrelo/quick/OrreloQuick.h>
@@ -43,13 +43,17 @@ EventValue toEventValue(const QJsonValue& json) {
 }
 
 // The item, if it is a WebEngineView that does not have the profile of the kit's own pages; otherwise null,
-// with a line in the log.
+// with a line that says why.
 QQuickItem* hostsView(QObject* item) {
   auto* const view = qobject_cast<QQuickItem*>(item);
   const auto isView = view != nullptr && view->inherits("QQuickWebEngineView");
   if (isView && qobject_cast<WebProfile*>(view->property("profile").value<QObject*>()) == nullptr)
     return view;
-  qCWarning(webLog) << "The bridge needs a WebEngineView of the host; nothing was installed in" << item;
+  explain(ExplanationLevel::error, [item] {
+    return std::string("The bridge of OrreloWebKit is not installed in ") +
+           (item == nullptr ? "a null item" : item->metaObject()->className()) +
+           ": pass a WebEngineView of the host, not one of the kit's own pages.";
+  });
   return nullptr;
 }
 

@@ -1,6 +1,6 @@
 #include "quick/web/ScriptMessageHandler.h"
 
-#include "quick/web/webLog.h"
+#include "base/explain.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -124,10 +124,9 @@ void ScriptMessageHandler::checkWorld() {
   if (!channel_ || hasWarned_ || !isUsedByHost(*channel_)) return;
   if (view_->property("webChannelWorld").toUInt() != ownWorld) return;
   hasWarned_ = true;
-  qCWarning(webLog)
-      << "Pages cannot reach the objects in the web channel of" << view_.data()
-      << "because they were registered after the handler was installed; register them before, or "
-         "set webChannelWorld";
+  explain(ExplanationLevel::warning,
+          "Pages cannot reach the objects in the web channel of a WebEngineView, since they were registered "
+          "after the bridge was installed: register them before, or set webChannelWorld.");
 }
 
 QList<QWebEngineScript> ScriptMessageHandler::makeScripts(unsigned int world) const {

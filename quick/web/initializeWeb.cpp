@@ -1,5 +1,5 @@
+#include "base/explain.h"
 #include "quick/viewkit/WebPageDelegate.h"
-#include "quick/web/webLog.h"
 
 #include <orrelo/quick/OrreloWeb.h>
 
@@ -10,7 +10,9 @@ namespace orrelo::quick {
 
 void initializeWeb() {
   if (QCoreApplication::instance() != nullptr) {
-    qCWarning(webLog) << "initializeWeb() comes after the application: web pages stay empty";
+    explain(ExplanationLevel::error,
+            "initializeWeb comes after the application, and web pages stay empty: call it before the "
+            "QGuiApplication is created.");
     return;
   }
   QtWebEngineQuick::initialize();

@@ -43,7 +43,17 @@ orrelo_status attempt(const Work& work) noexcept {
   }
 }
 
-/// The same for a call that returns a pointer: what `make` returns, or null if it throws.
+/// Runs the `work` of a call without a status, whose outcome is not stored. Exceptions end here.
+template <class Work>
+void attemptSilently(const Work& work) noexcept {
+  try {
+    work();
+  } catch (...) {
+    // There is nothing that the call could return.
+  }
+}
+
+/// The same as `attempt` for a call that returns a pointer: what `make` returns, or null if it throws.
 template <class Make>
 auto attemptNew(const Make& make) noexcept -> decltype(make()) {
   decltype(make()) made = nullptr;

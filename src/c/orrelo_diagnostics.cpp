@@ -2,7 +2,7 @@
 
 #include <orrelo/Orrelo.h>
 
-#include <memory>
+#include <optional>
 
 using namespace orrelo;
 using namespace orrelo::c;
@@ -10,10 +10,9 @@ using namespace orrelo::c;
 orrelo_value* orrelo_diagnostics(int32_t userIdentity) {
   using Identity = ORLDiagnostics::UserIdentity;
   return attemptNew([&] {
-    if (userIdentity != ORRELO_USER_HASHED && userIdentity != ORRELO_USER_PLAIN) {
-      throw CallFailure{ORRELO_INVALID_ARGUMENT, "userIdentity is out of range"};
-    }
-    const auto identity = userIdentity == ORRELO_USER_PLAIN ? Identity::plain : Identity::hashed;
-    return out(new EventValue(Orrelo::diagnostics(identity).json()));
+    std::optional<Identity> identity;
+    if (userIdentity == ORRELO_USER_HASHED) identity = Identity::hashed;
+    if (userIdentity == ORRELO_USER_PLAIN) identity = Identity::plain;
+    return out(new EventValue(Orrelo::diagnostics(caseOf(identity, "userIdentity")).json()));
   });
 }

@@ -4,6 +4,7 @@
 #include <orrelo/MainLoop.h>
 #include <orrelo/ORLExplanations.h>
 #include <orrelo/ORLLogger.h>
+#include <orrelo/Url.h>
 
 #include <optional>
 #include <string>
@@ -30,7 +31,7 @@ const char* orrelo_version() {
 }
 
 void orrelo_logger_enable() {
-  ORLLogger::enable();
+  attemptSilently([] { ORLLogger::enable(); });
 }
 
 orrelo_status orrelo_explanations_set_sink(int32_t level, orrelo_explanation_sink sink, void* context,
@@ -87,7 +88,11 @@ orrelo_status orrelo_host_application_set_development_service(orrelo_host_applic
                                                               const char* certificateFile) {
   return attempt([&] {
     auto& service = required(host, "host")->host.developmentService;
-    service.url = required(url, "url");
+    const auto known = Url::parse(required(url, "url"));
+    if (!known || known->scheme() != "https" || known->host().empty()) {
+      throw CallFailure{ORRELO_INVALID_ARGUMENT, "url is not an https URL with a host"};
+    }
+    service.url = url;
     service.certificateFile = certificateFile == nullptr ? "" : certificateFile;
   });
 }
@@ -115,7 +120,9 @@ orrelo_status orrelo_main_loop_post_after(int64_t milliseconds, orrelo_task task
 }
 
 bool orrelo_main_loop_is_current() {
-  return Platform::current().mainLoop->isCurrent();
+  bool isCurrent = false;
+  attemptSilently([&] { isCurrent = Platform::current().mainLoop->isCurrent(); });
+  return isCurrent;
 }
 
 orrelo_status orrelo_run_loop_run() {
@@ -127,5 +134,5 @@ orrelo_status orrelo_run_loop_run_for(int64_t milliseconds) {
 }
 
 void orrelo_run_loop_stop() {
-  RunLoop::main().stop();
+  attemptSilently([] { RunLoop::main().stop(); });
 }

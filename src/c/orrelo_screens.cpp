@@ -43,12 +43,10 @@ orrelo_view_controller* orrelo_view_controller_copy(const orrelo_view_controller
 void orrelo_view_controller_free(orrelo_view_controller* screen) {
   if (screen == nullptr) return;
   const std::unique_ptr<orrelo_view_controller> handle(screen);
-  try {
-    // A screen ends on the main thread.
+  attemptSilently([&] {
+    // A screen ends on the main thread, unless there is no memory for the task.
     onMain(*Platform::current().mainLoop, [held = std::exchange(handle->screen, nullptr)] { (void)held; });
-  } catch (...) {
-    // There is no memory for the task, and the screen has ended here.
-  }
+  });
 }
 
 orrelo_status orrelo_show_home(const orrelo_view_controller* with) {

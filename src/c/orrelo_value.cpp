@@ -9,9 +9,21 @@
 namespace orrelo::c {
 namespace {
 
-static_assert(std::is_same_v<std::variant_alternative_t<ORRELO_TYPE_DATE, EventValue::Variant>, Date>);
-static_assert(std::is_same_v<std::variant_alternative_t<ORRELO_TYPE_SET, EventValue::Variant>, EventSet>);
-static_assert(std::is_same_v<std::variant_alternative_t<ORRELO_TYPE_BYTES, EventValue::Variant>, EventBytes>);
+template <int type, class T>
+constexpr bool isOf = std::is_same_v<std::variant_alternative_t<type, EventValue::Variant>, T>;
+static_assert(isOf<ORRELO_TYPE_NULL, std::monostate>);
+static_assert(isOf<ORRELO_TYPE_BOOL, bool>);
+static_assert(isOf<ORRELO_TYPE_INTEGER, std::int64_t>);
+static_assert(isOf<ORRELO_TYPE_NUMBER, double>);
+static_assert(isOf<ORRELO_TYPE_TEXT, std::string>);
+static_assert(isOf<ORRELO_TYPE_DATE, Date>);
+static_assert(isOf<ORRELO_TYPE_UUID, Uuid>);
+static_assert(isOf<ORRELO_TYPE_URL, Url>);
+static_assert(isOf<ORRELO_TYPE_LIST, EventArray>);
+static_assert(isOf<ORRELO_TYPE_SET, EventSet>);
+static_assert(isOf<ORRELO_TYPE_DICTIONARY, EventDictionary>);
+static_assert(isOf<ORRELO_TYPE_BYTES, EventBytes>);
+static_assert(isOf<ORRELO_TYPE_OTHER, EventOther>);
 static_assert(std::variant_size_v<EventValue::Variant> == ORRELO_TYPE_OTHER + 1);
 
 /// The nesting that copies of a value can have on any thread's stack.

@@ -1,3 +1,4 @@
+#include "c/CallStatus.h"
 #include "support/TestPlatform.h"
 #include "ui/RunningKit.h"
 #include "ui/ViewController.h"
@@ -137,6 +138,9 @@ TEST(CInterfaceTest, AWrongArgumentIsNamedAndChangesNothing) {
   expect((orrelo_config_new(nullptr), orrelo_last_status()), "appKey is NULL");
   expect(orrelo_user_set_marketing_status(user, 3), "status is out of range");
   expect(orrelo_host_application_set_version(host, "1", nullptr), "bundleVersion is NULL");
+  for (const auto* const url : {"", "http://localhost:9443", "https://", "localhost:9443"}) {
+    expect(orrelo_host_application_set_development_service(host, url, nullptr), "not an https URL");
+  }
   expect(orrelo_initialize(nullptr), "config is NULL");
   expect(orrelo_initialize(reserved), "reserved name");
   expect(orrelo_send_event(nullptr, values), "name is NULL");
@@ -168,6 +172,11 @@ TEST(CInterfaceTest, StatusesBelongToTheirThread) {
     EXPECT_STREQ(orrelo_status_text(status), "unknown status");
   }
   EXPECT_STREQ(orrelo_status_text(ORRELO_FAILED), "failed");
+  const std::string text(510, 'a');
+  c::finish(ORRELO_FAILED, text + "bcd");
+  EXPECT_EQ(orrelo_last_error(), text + "b");
+  c::finish(ORRELO_FAILED, text + "안");
+  EXPECT_EQ(orrelo_last_error(), text) << "cut between code points";
 }
 
 TEST(CInterfaceTest, BeforeInitializeCallsSaySo) {

@@ -6,6 +6,8 @@
 
 #include <pthread.h>
 #include <stdio.h>
+#include <string.h>
+#include <unistd.h>
 
 static void installPlatform(const char* url, const char* certificate, const char* folder) {
   orrelo_host_application* host = orrelo_host_application_new("com.example.c-host");
@@ -67,8 +69,16 @@ static void* awaitEnd(void* path) {
   return NULL;
 }
 
+// Runs when the main thread's own variables have been destroyed.
+static void callAtExit(void) {
+  if (orrelo_send_event(NULL, NULL) != ORRELO_INVALID_ARGUMENT ||
+      strcmp(orrelo_last_error(), "name is NULL") != 0) {
+    _exit(3);
+  }
+}
+
 int main(int count, char** words) {
-  if (count != 5) return 2;
+  if (count != 5 || atexit(callAtExit) != 0) return 2;
   require(ORRELO_NOT_INITIALIZED, orrelo_send_event("early", NULL), "an early event");
   OK(orrelo_explanations_set_sink(ORRELO_EXPLANATION_INFO, explain, "explained", NULL));
   installPlatform(words[1], words[2], words[3]);

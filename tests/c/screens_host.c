@@ -8,6 +8,7 @@
 
 static void* window = NULL;
 static int visits = 0, entries = 0;
+static bool isClosed = false;
 
 static void presentAttendance(void* context) {
   (void)context;
@@ -27,7 +28,12 @@ static void userEvent(void* context, const char* name, const orrelo_values* valu
   if (strcmp(name, "ol_campaign_entry_point_show") == 0) ++entries;
   if (strcmp(name, "ol_visit") == 0 && ++visits == 1)
     OK(orrelo_main_loop_post(presentAttendance, NULL, NULL));
-  if (visits == 2 && entries == 2) orrelo_quick_application_quit(0);
+  if (visits != 2 || entries != 2 || isClosed) return;
+  isClosed = true;
+  OK(orrelo_quick_window_close(window));
+  require(ORRELO_INVALID_ARGUMENT, orrelo_quick_window_close(window), "a second close");
+  require(ORRELO_FAILED, orrelo_quick_application_finish(), "an end within the loop");
+  orrelo_quick_application_quit(0);
 }
 
 static void start(char** words) {
@@ -83,7 +89,7 @@ int main(int count, char** words) {
   int32_t code = -1;
   OK(orrelo_quick_application_run(&code));
   OK(orrelo_set_user_event_delegate(NULL, NULL, NULL));
-  OK(orrelo_quick_window_close(window));
+  require(ORRELO_INVALID_ARGUMENT, orrelo_quick_window_close(window), "a window that has been destroyed");
   OK(orrelo_quick_application_finish());
   printf("done after %d visits\n", visits);
   return code;

@@ -20,11 +20,12 @@ drawn="ui image viewkit modular campaign rewards referral inappmessage navigatio
 # Further folders of the core, for the front's ground.
 declare -A ground=(
   [quick/platform]="base platform"  # realises the interfaces of the machine
-  [quick/bridge]="base reactive"    # colours; subscriptions to states
-  [quick/host]="base platform model"  # the log; whether the user wants less movement; delegates
+  [quick/bridge]="base reactive"    # colours and explanations; subscriptions to states
+  [quick/rewards/externalpoint]="base"  # the explanations
+  [quick/host]="base platform model"  # the explanations; whether the user wants less movement; delegates
   [quick/inspector]="base"          # the explanations
   [quick/c]="c"                     # the statuses and handles of the C interface
-  [quick/web]="network c")          # the environment whose certificate web pages may have
+  [quick/web]="base network c")     # the explanations; the environment whose certificate web pages may have
 
 # The public headers, by the folder that they belong to.
 declare -A owner=(

@@ -138,6 +138,7 @@ bool waitFor(const char* what, const std::function<bool()>& holds) {
 
 int main() {
   const auto folder = std::filesystem::temp_directory_path() / "packaged-own-host";
+  std::filesystem::remove_all(folder);  // a former run's
   const auto cache = folder / "cache";
   const auto session = std::make_shared<OwnSession>();
   const auto application = std::make_shared<OwnApplication>();

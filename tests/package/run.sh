@@ -25,8 +25,8 @@ fi
 
 mv "$work/kit" "$work/installed"
 cmake -D MANIFEST="$work/install_manifest.txt" -P "$here/../../cmake/Uninstall.cmake" >/dev/null
-if [ -e "$work/installed" ]; then
-  echo "uninstalling leaves:" >&2
+if [ ! -d "$work/installed" ] || [ -n "$(ls -A "$work/installed")" ]; then
+  echo "uninstalling does not leave the empty prefix, but:" >&2
   find "$work/installed" >&2
   exit 1
 fi

@@ -114,7 +114,9 @@ TEST_F(ExternalPointTest, TheEntryViewTakesNoRoomWhereTheExchangeIsDisabled) {
   EXPECT_FALSE(entry->isVisible());
   EXPECT_EQ(entry->implicitWidth(), 0.0);
   EXPECT_EQ(entry->implicitHeight(), 0.0);
+  const ExplanationCapture explanations;
   EXPECT_EQ(quick::makeExternalPointEntryView(nullptr), nullptr);
+  EXPECT_THAT(explanations.lines(), Contains(HasSubstr("makeExternalPointEntryView was given no parent")));
 }
 
 TEST_F(ExternalPointTest, TheParentOfTheEntryViewMayBeAnyItem) {

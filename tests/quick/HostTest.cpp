@@ -184,6 +184,35 @@ TEST_F(HostTest, AScreenWithoutAWindowIsNotShownAndALineSaysWhy) {
                                                 testing::HasSubstr("refuses")));
 }
 
+TEST_F(HostTest, CallsOnAnotherThreadAndWithoutTheFrontHaveTheirLines) {
+  using testing::HasSubstr;
+  const ExplanationCapture log;
+  const auto lost = std::make_shared<CountingScreen>();
+  std::shared_ptr<ViewController> inert;
+  std::thread([&] {
+    inert = quick::hostViewController(window_);
+    EXPECT_FALSE(quick::present(window_, lost));
+    EXPECT_FALSE(quick::push(window_, lost));
+  }).join();
+  ASSERT_NE(inert, nullptr);
+  EXPECT_NE(inert, host());
+  EXPECT_FALSE(inert->isVisible());
+  EXPECT_EQ(lost->appeared, 0);
+
+  const auto front = Platform::current();
+  auto withoutFront = front;
+  withoutFront.mainLoop = std::shared_ptr<MainLoop>(&RunLoop::main(), [](MainLoop*) {});
+  Platform::install(withoutFront);
+  EXPECT_EQ(quick::hostViewController(window_), host());
+  Platform::install(front);
+  const auto elsewhere = [](const char* call) {
+    return HasSubstr(std::string(call) + " is called on another thread than the window's");
+  };
+  EXPECT_THAT(log.lines(), testing::IsSupersetOf(
+                               {elsewhere("hostViewController"), elsewhere("present"), elsewhere("push")}));
+  EXPECT_THAT(log.lines(), testing::Contains(HasSubstr("finds a platform without Qt's event loop")));
+}
+
 TEST_F(HostTest, TheApplicationIsInTheBackgroundWhileNoWindowCanBeSeen) {
   std::vector<std::string> heard;
   std::vector<Application::Registration> registrations;

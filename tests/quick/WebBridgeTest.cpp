@@ -1,5 +1,6 @@
 #include "PlainServer.h"
 #include "WebTest.h"
+#include "support/ExplanationCapture.h"
 #include "support/LogCapture.h"
 
 #include <orrelo/orrelo_web_c.h>
@@ -236,13 +237,11 @@ TEST_F(WebBridgeTest, AHostKeepsItsOwnScriptsAndItsOwnChannel) {
   ASSERT_NE(channel, nullptr);
   QObject hosts;
   channel->registerObject(QStringLiteral("shop"), &hosts);
-  static int warnings;
-  warnings = 0;
-  const auto former = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
-    warnings += text.contains(QStringLiteral("set webChannelWorld"));
-  });
-  EXPECT_TRUE(waitFor([&] { return warnings > 0; })) << "pages do not reach the object";
-  qInstallMessageHandler(former);
+  {
+    const ExplanationCapture explanations;
+    EXPECT_TRUE(waitFor([&] { return !explanations.lines().empty(); })) << "pages do not reach the object";
+    EXPECT_THAT(explanations.lines(), testing::ElementsAre(testing::HasSubstr("set webChannelWorld")));
+  }
   view_->setProperty("webChannelWorld", 0U);
   server_.pages[QStringLiteral("/page")] = reporting("page") + R"(<script>
     webkit.messageHandlers.Orrelo.postMessage(event('shop', {shop})))"
@@ -256,7 +255,14 @@ TEST_F(WebBridgeTest, AHostKeepsItsOwnScriptsAndItsOwnChannel) {
 TEST_F(WebBridgeTest, TheKitsOwnPagesCannotGetIt) {
   show("");
   ASSERT_TRUE(waitForGreen());
+  const ExplanationCapture explanations;
   EXPECT_FALSE(quick::installBridge(engineView()));
+  EXPECT_FALSE(quick::installBridge(nullptr));
+  quick::initializeWeb();
+  EXPECT_THAT(explanations.lines(),
+              testing::ElementsAre(testing::HasSubstr("is not installed in QQuickWebEngineView"),
+                                   testing::HasSubstr("is not installed in a null item"),
+                                   testing::HasSubstr("initializeWeb comes after")));
 }
 
 }  // namespace

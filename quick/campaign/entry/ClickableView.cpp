@@ -3,7 +3,7 @@
 #include "campaign/entry/CampaignFloatingActionButton.h"
 #include "quick/bridge/Conversions.h"
 #include "quick/bridge/engineOf.h"
-#include "quick/bridge/entryLog.h"
+#include "quick/bridge/explainUnloadable.h"
 
 #include <QAccessible>
 #include <QQmlComponent>
@@ -67,7 +67,7 @@ void ClickableView::makeArea() {
   area_ = qobject_cast<QQuickItem*>(
       component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(this)}}));
   if (!area_) {
-    qCWarning(entryLog) << component.errorString();
+    explainUnloadable(component);
     return;
   }
   QQmlEngine::setObjectOwnership(area_, QQmlEngine::CppOwnership);

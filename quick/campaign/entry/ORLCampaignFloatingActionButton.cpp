@@ -1,6 +1,6 @@
 #include "campaign/entry/CampaignFloatingActionButton.h"
 #include "quick/bridge/engineOf.h"
-#include "quick/bridge/entryLog.h"
+#include "quick/bridge/explainUnloadable.h"
 #include "quick/campaign/entry/CampaignFloatingActionButtonBridge.h"
 
 #include <orrelo/quick/ORLCampaignFloatingActionButton.h>
@@ -70,7 +70,7 @@ void ORLCampaignFloatingActionButton::makeLook() {
       {{QStringLiteral("model"), QVariant::fromValue(body_->bridge)},
        {QStringLiteral("parent"), QVariant::fromValue<QQuickItem*>(this)}}));
   if (look == nullptr) {
-    qCWarning(entryLog) << component.errorString();
+    explainUnloadable(component);
     return;
   }
   QQmlEngine::setObjectOwnership(look, QQmlEngine::CppOwnership);

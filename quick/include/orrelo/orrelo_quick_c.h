@@ -27,7 +27,8 @@ ORRELO_EXPORT orrelo_status orrelo_quick_application_run(int32_t* exitCode);
 /** Makes `orrelo_quick_application_run` return. Any thread. */
 ORRELO_EXPORT void orrelo_quick_application_quit(int32_t exitCode);
 /** Destroys the windows and the application, and with them the kit's threads, for the rest of the process.
-   Call it last, or not at all. */
+   Call it last, or not at all. ORRELO_FAILED while the event loop runs: call it after
+   orrelo_quick_application_run has returned. */
 ORRELO_EXPORT orrelo_status orrelo_quick_application_finish(void);
 
 /** Loads a QML file whose root is a Window, and returns its QQuickWindow. `path` may be that of a file, or a
@@ -39,7 +40,8 @@ ORRELO_EXPORT orrelo_status orrelo_quick_application_finish(void);
         Window { visible: true; OrreloHost { anchors.fill: parent } }
 */
 ORRELO_EXPORT void* orrelo_quick_window_open(const char* path);
-/** Destroys a window that `orrelo_quick_window_open` has returned. */
+/** Closes a window that `orrelo_quick_window_open` has returned. It is destroyed when control returns to the
+   event loop, or at once if none runs. Closing it again is ORRELO_INVALID_ARGUMENT. */
 ORRELO_EXPORT orrelo_status orrelo_quick_window_close(void* window);
 /** The QQuickItem with this `objectName` in a window, which owns it; NULL as the name for the item that
    contains all others. NULL if there is none. */

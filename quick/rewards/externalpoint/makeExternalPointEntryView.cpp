@@ -1,5 +1,6 @@
+#include "base/explain.h"
 #include "quick/bridge/engineOf.h"
-#include "quick/bridge/entryLog.h"
+#include "quick/bridge/explainUnloadable.h"
 
 #include <orrelo/quick/ExternalPointEntryView.h>
 
@@ -12,7 +13,9 @@ namespace orrelo::quick {
 
 QQuickItem* makeExternalPointEntryView(QQuickItem* parent) {
   if (parent == nullptr) {
-    qCWarning(entryLog) << "makeExternalPointEntryView() needs a parent";
+    explain(
+        ExplanationLevel::error,
+        "makeExternalPointEntryView was given no parent, and makes no entry: pass the item that it lies in.");
     return nullptr;
   }
   QQmlComponent component(
@@ -20,7 +23,7 @@ QQuickItem* makeExternalPointEntryView(QQuickItem* parent) {
       QUrl(QStringLiteral("qrc:/qt-project.org/imports/Orrelo/OrreloExternalPointEntryView.qml")));
   auto* const item = qobject_cast<QQuickItem*>(component.create(qmlContext(parent)));
   if (item == nullptr) {
-    qCWarning(entryLog) << component.errorString();
+    explainUnloadable(component);
     return nullptr;
   }
   QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);

@@ -8,7 +8,8 @@
 
 class QQuickWindow;
 
-/// The kit's screens in a Qt Quick application. All functions must be called on the GUI thread.
+/// The kit's screens in a Qt Quick application. All functions belong to the GUI thread: on another thread
+/// `platform` must not be called, and the others do as without a window.
 ///
 ///     QGuiApplication app(argc, argv);
 ///     orrelo::Platform::install(orrelo::quick::platform({.bundleIdentifier = "com.example.shop"}));
