@@ -1,8 +1,11 @@
 # Options and functions for this repository's targets.
 
+# clang has no `-Wshadow=local`, and where files are compiled as one unit its `-Wshadow` warns about names of the others.
+set(shadow
+  $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,$<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>>)
 add_library(orrelo_options INTERFACE)
 target_compile_options(orrelo_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>
+  -Wall -Wextra -Wpedantic -Wconversion ${shadow}
   $<$<BOOL:${ORRELO_WARNINGS_ARE_ERRORS}>:-Werror>)
 # g++ 12 gives false warnings about overlapping and unbounded copies in std::string's operator+ (GCC bug
 # 105651), and about reads of the string in an empty optional.

@@ -14,11 +14,11 @@
 namespace orrelo {
 
 /// What the kit knows about itself at one moment, for a host's own support page or report; see
-/// Orrelo::diagnostics. It is taken from counters in memory: no file is read and nobody is asked. Times are
-/// those of the platform's clock.
+/// Orrelo::diagnostics. It is taken from counters in memory; only the threads and the memory of the process
+/// are asked of the system. Times are those of the platform's clock.
 ///
-/// It contains the application key and URLs, but neither a token nor a value of an event, nor the user's id
-/// unless that was asked for.
+/// It contains the application key and URLs, but neither a push token nor a value of an event, nor the user's
+/// id unless that was asked for.
 struct ORRELO_EXPORT ORLDiagnostics {
   /// How the user is named.
   enum class UserIdentity {
@@ -59,20 +59,25 @@ struct ORRELO_EXPORT ORLDiagnostics {
   /// The last configuration.
   struct Configuration {
     ConfigurationSource source = ConfigurationSource::none;
-    /// When it came.
+    /// When it came from the service; nullopt if that was before the start of the process, or never.
     std::optional<Date> time;
     /// Whether it switches the kit on.
     bool isEnabled = false;
     /// Why the service could not be asked the last time.
     std::optional<std::string> failure;
+    std::optional<Date> failureTime;
   };
 
-  /// The events that the host or the kit has reported since the start of the process.
+  /// The events of the host and of the kit since the start of the process.
   struct Events {
+    /// Those that were reported.
     std::uint64_t accepted = 0;
-    /// Those that are not in their store yet.
+    /// Those that ended processes have left in their journals.
+    std::uint64_t adopted = 0;
+    /// Those of both that are not in their store yet.
     std::uint64_t onTheirWay = 0;
-    /// The number of events that were dropped, by the reason.
+    /// The number of events that this process has dropped, by the reason; a store may have kept them for
+    /// longer.
     std::map<std::string, std::uint64_t> dropped;
   };
 
@@ -83,7 +88,7 @@ struct ORRELO_EXPORT ORLDiagnostics {
     /// The events in the store, as far as this process knows: others may use it too. Nullopt until it is
     /// opened, and for a store of the host that does not tell.
     std::optional<std::size_t> waiting;
-    /// Why the store refused the last operation, if it did.
+    /// Why the store has refused an event, until it takes one again.
     std::optional<std::string> storeFailure;
     /// The events that the service has received since `initialize`.
     std::uint64_t sent = 0;
@@ -107,7 +112,7 @@ struct ORRELO_EXPORT ORLDiagnostics {
     /// When it ended.
     Date time;
     std::string method;
-    /// Without the user and the device.
+    /// Without the values of "buid" and "userID" in its query; that of a picture without its query.
     std::string url;
     std::optional<int> status;
     std::optional<std::string> failure;
@@ -123,13 +128,18 @@ struct ORRELO_EXPORT ORLDiagnostics {
     std::string reason;
   };
 
-  /// The reply with one campaign's page.
+  /// A reply with the page of a campaign, or with the list of all campaigns.
   struct Page {
+    static constexpr std::size_t maximumOmissions = 50;
+
     /// When it came.
     Date time;
     /// The path of the request, such as "/campaigns/7".
     std::string path;
+    /// The first `maximumOmissions`.
     std::vector<Omission> omissions;
+    /// The number of all.
+    std::size_t omissionCount = 0;
   };
 
   /// The process that the kit runs in.

@@ -27,14 +27,14 @@ enum class ExplanationLevel {
 /// warning: …". It is read once, at the first use of the kit, and ignored in a process that runs with the
 /// rights of another user (set-uid). A host gets the lines by a sink, whatever the variable says.
 ///
-/// A line never has the values of the host's events, an id of a user, or a push token. At `debug`, it has the
-/// first 200 characters of the service's replies.
+/// A line never has the values of the host's events, an id of a user, or a push token, except that at `debug`
+/// it has the first 200 characters of the service's replies.
 class ORRELO_EXPORT ORLExplanations {
  public:
   /// Called on a thread of the kit, a moment after the line's cause, for one line at a time and in order. No
-  /// lock of the kit is held, so that it may call the kit; lines that are caused by such calls do not come
-  /// back to it. What it throws is ignored. `line` is valid UTF-8 without control characters, and only during
-  /// the call.
+  /// lock of the kit is held, so that it may call the kit. Lines that such a call causes before it returns do
+  /// not come back to it; those that it causes later do, so do not report an event for each line. What it
+  /// throws is ignored. `line` is valid UTF-8 without control characters, and only during the call.
   using Sink = std::function<void(ExplanationLevel level, std::string_view line)>;
 
   ORLExplanations() = delete;
@@ -42,7 +42,8 @@ class ORRELO_EXPORT ORLExplanations {
   /// Replaces the sink, which gets the lines of `level` and those that matter more; an empty one ends them. A
   /// call of the former sink that has begun may still run when this returns. Lines that come before a
   /// platform is there wait for it, and at most 1,000 lines wait for a slow sink. At the end of the process
-  /// the last lines may be lost. A forked child does not call the sink of its parent. Any thread.
+  /// the last lines may be lost. A forked child does not call the sink of its parent and may set one of its
+  /// own. Any thread.
   static void setSink(ExplanationLevel level, Sink sink);
 };
 

@@ -78,8 +78,9 @@ struct HostApplication {
   /// Schemes of URLs that the machine or the host itself can open, in addition to "http" and "https".
   std::vector<std::string> urlSchemes = {};
   /// If it has a URL, this process uses it instead of the service that is selected on the device, and keeps
-  /// its files in folders of their own, "development" within the ones above: nothing of a trial reaches
-  /// another service or stays on the device. `orrelo-devservice --print-cpp` prints it filled in.
+  /// its files in folders of their own, "development" within the ones above: no event of a trial reaches
+  /// another service, and no setting of it applies to another process. `orrelo-devservice --print-cpp` prints
+  /// it filled in.
   DevelopmentService developmentService = {};
 };
 
@@ -108,7 +109,8 @@ struct ORRELO_EXPORT Platform {
   std::shared_ptr<ImageCodec> imageCodec;
   /// May be null, as in the POSIX defaults; then animated images show their first frame.
   std::shared_ptr<DisplayLink> displayLink;
-  /// See HostApplication. A URL that is not https selects "https://localhost:9443".
+  /// Set it by HostApplication, which also keeps the files apart. A URL that is not https selects
+  /// "https://localhost:9443".
   DevelopmentService developmentService;
 
   /// The POSIX defaults: POSIX files, curl, SQLite, and RunLoop::main() as the main loop. A front replaces

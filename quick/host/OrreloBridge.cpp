@@ -1,6 +1,7 @@
 #include "quick/host/OrreloBridge.h"
 
 #include "base/explain.h"
+#include "model/Delegates.h"
 #include "quick/host/HostWindow.h"
 #include "quick/host/eventValues.h"
 
@@ -12,6 +13,8 @@
 #include <QPointer>
 #include <QQuickItem>
 #include <cmath>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -60,9 +63,8 @@ QVariantMap variants(const std::optional<EventValues>& values) {
 void explainOtherDelegate(const char* signal) {
   explain(ExplanationLevel::warning, [signal] {
     return std::string("The signal ") + signal +
-           " of Orrelo is not emitted, since the host has set a delegate in C++, which is called instead: "
-           "use "
-           "one of both.";
+           " of Orrelo is not emitted while the host has a delegate in C++, which is called instead: use one "
+           "of both.";
   });
 }
 
@@ -87,9 +89,9 @@ static_assert(hasValue(OrreloBridge::CampaignType::Attendance, ORLCampaignType::
 class OrreloBridge::Relay final : public ORLUserEventDelegate, public ORLOptInMarketingCampaignDelegate {
  public:
   static std::shared_ptr<Relay> shared() {
-    static std::weak_ptr<Relay> current;
-    auto relay = current.lock();
-    if (!relay) current = relay = std::make_shared<Relay>();
+    static auto* const current = new std::weak_ptr<Relay>;
+    auto relay = current->lock();
+    if (!relay) *current = relay = std::make_shared<Relay>();
     return relay;
   }
 
@@ -153,8 +155,12 @@ void OrreloBridge::showInAppMessage(QObject* place) {
 void OrreloBridge::setUser(const QJSValue& id, const QJSValue& marketingStatus, const QJSValue& properties) {
   run([&] {
     if (id.isNull() || id.isUndefined()) return Orrelo::setUser(std::nullopt);
-    if (!id.isString() && !id.isNumber())
-      throw std::invalid_argument("A user's id is a text, a number or null");
+    // A larger number may stand for several ids.
+    constexpr double firstInexact = 9'007'199'254'740'992.0;
+    const bool isWhole = id.isNumber() && std::trunc(id.toNumber()) == id.toNumber();
+    if (!id.isString() && !(isWhole && std::abs(id.toNumber()) < firstInexact)) {
+      throw std::invalid_argument("A user's id is a text, a whole number below 2^53 or null");
+    }
     auto status = std::optional(MarketingStatus::Unknown);
     if (!marketingStatus.isUndefined()) status = enumerator<MarketingStatus>(marketingStatus);
     if (!status) throw noEnumerator<MarketingStatus>("The marketing status");
@@ -174,14 +180,13 @@ void OrreloBridge::connectNotify(const QMetaMethod& signal) {
     relay_ = Relay::shared();
     relay_->add(this);
   }
-  const auto become = [&](const auto& current, const auto& set) {
-    if (!current) return set(relay_);
-    if (std::dynamic_pointer_cast<Relay>(current) == nullptr) explainOtherDelegate(signal.name().constData());
-  };
+  // A delegate that the host has set in C++ goes before.
   if (isUserEvent) {
-    become(Orrelo::userEventDelegate(), &Orrelo::setUserEventDelegate);
+    if (Orrelo::userEventDelegate()) explainOtherDelegate("userEventDidOccur");
+    setUserEventDelegateOfFront(relay_);
   } else {
-    become(Orrelo::optInMarketingCampaignDelegate(), &Orrelo::setOptInMarketingCampaignDelegate);
+    if (Orrelo::optInMarketingCampaignDelegate()) explainOtherDelegate("moveButtonTapped");
+    setOptInMarketingCampaignDelegateOfFront(relay_);
   }
 }
 

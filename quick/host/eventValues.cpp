@@ -16,6 +16,8 @@ namespace {
 
 // As deep as the kit writes collections.
 constexpr int maximumDepth = 512;
+// More do not fit into a record of the journal.
+constexpr quint32 maximumLength = 256 * 1024;
 // From here on not every whole number has a double of its own.
 constexpr double firstInexact = 9'007'199'254'740'992.0;
 
@@ -102,6 +104,10 @@ class Converter {
     const Level level(depth_);
     EventArray elements;
     const auto length = value.property(QStringLiteral("length")).toUInt();
+    if (length > maximumLength) {
+      throw std::invalid_argument("An event's array has more than " + std::to_string(maximumLength) +
+                                  " elements");
+    }
     for (quint32 i = 0; i < length; ++i) elements.push_back(convert(value.property(i)));
     return elements;
   }

@@ -1,15 +1,14 @@
 #include "quick/inspector/Inspector.h"
 
+#include "base/explain.h"
+
 #include <orrelo/Export.h>
 
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLoggingCategory>
 
 namespace orrelo::quick {
 namespace {
-
-Q_LOGGING_CATEGORY(inspectorLog, "orrelo.inspector")
 
 bool isShortcut(const QKeyEvent& event) {
   return event.key() == Qt::Key_O && event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier) &&
@@ -37,12 +36,18 @@ void Inspector::open(QQuickWindow* window) {
   auto* const item = qobject_cast<QQuickItem*>(component_.createWithInitialProperties(
       {{QStringLiteral("parent"), QVariant::fromValue(window->contentItem())}}));
   if (item == nullptr) {
-    qCWarning(inspectorLog) << "The inspector cannot be shown:" << component_.errorString();
-    return;
+    return explain(ExplanationLevel::error, [this] {
+      return "The inspector cannot be shown: " + component_.errorString().toStdString();
+    });
   }
   // The item dies with its window.
   item->QObject::setParent(window->contentItem());
-  const Screen screen{item, window->activeFocusItem()};
+  Screen screen{item, window->activeFocusItem(), {}};
+  for (auto* const child : window->contentItem()->childItems()) {
+    if (child == item || !child->isEnabled()) continue;
+    child->setEnabled(false);
+    screen.covered.append(child);
+  }
   screens_.insert(window, screen);
   connect(window, &QObject::destroyed, this, [this, window] { screens_.remove(window); });
   connect(item, SIGNAL(closed()), this, SLOT(closeSender()));
@@ -58,6 +63,9 @@ void Inspector::close(QQuickWindow* window) {
   const auto screen = screens_.take(window);
   if (screen.item) screen.item->deleteLater();
   if (screen.item) screen.item->setVisible(false);
+  for (const auto& child : screen.covered) {
+    if (child) child->setEnabled(true);
+  }
   if (screen.focusBefore) screen.focusBefore->forceActiveFocus();
   disconnect(window, nullptr, this, nullptr);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QQmlComponent>
@@ -11,7 +12,7 @@
 namespace orrelo::quick {
 
 /// Opens and closes the inspector's screen with Ctrl+Shift+O in the window that has the focus. It lies over
-/// everything in the window and takes all input. GUI thread only.
+/// everything in the window and takes all input: everything beneath it is disabled. GUI thread only.
 class Inspector : public QObject {
   Q_OBJECT
 
@@ -25,6 +26,8 @@ class Inspector : public QObject {
     QPointer<QQuickItem> item;
     /// What had the focus before.
     QPointer<QQuickItem> focusBefore;
+    /// What lies beneath and gets no input meanwhile.
+    QList<QPointer<QQuickItem>> covered;
   };
 
   void open(QQuickWindow* window);

@@ -23,13 +23,6 @@ FocusScope {
         anchors.fill: parent
         color: "#f3f4f6"
     }
-    // Takes what nothing else on this screen takes, so that the host's content does not get it.
-    MouseArea {
-        anchors.fill: parent
-        acceptedButtons: Qt.AllButtons
-        hoverEnabled: true
-        onWheel: wheel => wheel.accepted = true
-    }
     Rectangle {
         id: header
         anchors { left: parent.left; right: parent.right; top: parent.top }

@@ -76,10 +76,12 @@ void addConfiguration(Rows& rows, const ORLDiagnostics::Configuration& configura
       add(rows, "Source", QStringLiteral("defaults: events are dropped"), Tone::Bad);
       break;
   }
-  if (configuration.time) add(rows, "Received", timeText(*configuration.time));
+  add(rows, "Received",
+      configuration.time ? timeText(*configuration.time) : QStringLiteral("not in this process"));
   add(rows, "Kit", configuration.isEnabled ? QStringLiteral("on") : QStringLiteral("off"),
       configuration.isEnabled ? Tone::Good : Tone::Bad);
   addIfAny(rows, "Last failure", configuration.failure);
+  if (configuration.failureTime) add(rows, "Failed", timeText(*configuration.failureTime));
 }
 
 Rows overview(const ORLDiagnostics& snapshot) {
@@ -128,6 +130,7 @@ Rows events(const ORLDiagnostics& snapshot) {
   Rows rows;
   addHeading(rows, "Reported in this process");
   add(rows, "Accepted", text(snapshot.events.accepted));
+  if (snapshot.events.adopted > 0) add(rows, "Left by ended processes", text(snapshot.events.adopted));
   add(rows, "On their way to a store", text(snapshot.events.onTheirWay));
   for (const auto& [reason, count] : snapshot.events.dropped) {
     rows.append({.title = QStringLiteral("Dropped: ") + text(reason),
@@ -172,7 +175,7 @@ InspectorRow rowOf(const ORLDiagnostics::Page& page) {
   row.detail = details.join(u'\n');
   row.tone = page.omissions.empty() ? Tone::Good : Tone::Warning;
   row.value = page.omissions.empty() ? QStringLiteral("whole")
-                                     : QStringLiteral("%1 left out").arg(page.omissions.size());
+                                     : QStringLiteral("%1 left out").arg(page.omissionCount);
   return row;
 }
 

@@ -1,8 +1,7 @@
 #include "base/Json.h"
 
 #include "base/Error.h"
-#include "base/explain.h"
-#include "base/jsonPointer.h"
+#include "base/PageOmissions.h"
 
 #include <algorithm>
 #include <bit>
@@ -28,12 +27,12 @@ Node node(JsonHandle handle) {
 // The key, or the whole place in the document if somebody reads why a part of it is left out.
 std::string nameOf(const JsonObject& object, std::string_view key) {
   std::string name = "\"";
-  if (isExplained(ExplanationLevel::warning)) name += jsonPointer(object) + "/";
+  if (isOmissionNoted()) name += jsonPointer(object) + "/";
   return name.append(key).append("\"");
 }
 
 std::string nameOf(const JsonValue& value) {
-  return isExplained(ExplanationLevel::warning) ? "\"" + jsonPointer(value) + "\"" : "\"value\"";
+  return isOmissionNoted() ? "\"" + jsonPointer(value) + "\"" : "\"value\"";
 }
 
 template <class T, class Name>

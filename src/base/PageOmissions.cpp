@@ -1,13 +1,15 @@
 #include "base/PageOmissions.h"
 
 #include "base/RecentItems.h"
+#include "base/Utf8.h"
 
 #include <utility>
 
 namespace orrelo {
 namespace {
 
-constexpr std::size_t maximumOmissions = 50;
+/// Of a text in code points.
+constexpr std::size_t maximumLength = 500;
 
 thread_local PageOmissions* currentOmissions = nullptr;
 
@@ -19,10 +21,16 @@ RecentItems<ORLDiagnostics::Page>& pages() {
 }  // namespace
 
 PageOmissions::PageOmissions(Date time, std::string path)
-    : page_{time, std::move(path), {}}, outer_(std::exchange(currentOmissions, this)) {}
+    : page_{time, utf8::beginning(utf8::repaired(path), maximumLength), {}, 0},
+      outer_(std::exchange(currentOmissions, this)) {}
 
 PageOmissions::~PageOmissions() {
   currentOmissions = outer_;
+  const auto unnamed = page_.omissionCount - page_.omissions.size();
+  if (unnamed > 0) {
+    explain(ExplanationLevel::warning,
+            [&] { return std::to_string(unnamed) + " further parts of the same reply are left out."; });
+  }
   pages().add(std::move(page_));
 }
 
@@ -34,9 +42,11 @@ std::vector<ORLDiagnostics::Page> PageOmissions::lastPages() {
   return pages().items();
 }
 
-void PageOmissions::add(std::string pointer, std::string reason) {
-  if (page_.omissions.size() == maximumOmissions) return;
-  page_.omissions.push_back({std::move(pointer), std::move(reason)});
+void PageOmissions::add(std::string_view pointer, std::string_view reason) {
+  ++page_.omissionCount;
+  if (isFull()) return;
+  page_.omissions.push_back({utf8::beginning(utf8::repaired(pointer), maximumLength),
+                             utf8::beginning(utf8::repaired(reason), maximumLength)});
 }
 
 }  // namespace orrelo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Error.h"
 #include "base/Json.h"
 #include "base/explain.h"
 #include "base/jsonPointer.h"
@@ -13,26 +14,48 @@
 
 namespace orrelo {
 
-/// Collects what is left out of the page that the calling thread decodes while this object lives, and then
-/// adds the page to the last pages of the process.
+/// Collects what is left out of the reply with pages that the calling thread decodes.
 class PageOmissions {
  public:
-  PageOmissions(Date time, std::string path);
-  ~PageOmissions();
-  PageOmissions(const PageOmissions&) = delete;
-  PageOmissions& operator=(const PageOmissions&) = delete;
+  /// Returns what `decode` returns, and adds the page to the last pages of the process; one that `decode`
+  /// throws an Error for is left out as a whole.
+  template <class Decode>
+  static auto collect(Date time, std::string path, const Decode& decode) {
+    PageOmissions omissions(time, std::move(path));
+    try {
+      return decode();
+    } catch (const Error& error) {
+      omissions.add("", "cannot be read: " + error.localizedDescription());
+      throw;
+    }
+  }
 
   /// Those of the calling thread; null if it decodes no page.
   static PageOmissions* current();
   /// Any thread.
   static std::vector<ORLDiagnostics::Page> lastPages();
 
-  void add(std::string pointer, std::string reason);
+  PageOmissions(const PageOmissions&) = delete;
+  PageOmissions& operator=(const PageOmissions&) = delete;
+
+  /// Further omissions are only counted, since finding the place of each one takes time.
+  bool isFull() const { return page_.omissions.size() == ORLDiagnostics::Page::maximumOmissions; }
+  void add(std::string_view pointer, std::string_view reason);
+  void addUnnamed() { ++page_.omissionCount; }
 
  private:
+  PageOmissions(Date time, std::string path);
+  ~PageOmissions();
+
   ORLDiagnostics::Page page_;
   PageOmissions* const outer_;
 };
+
+/// True if somebody needs to know what is left out of the reply that the calling thread decodes, and where.
+inline bool isOmissionNoted() {
+  const auto* const page = PageOmissions::current();
+  return page != nullptr ? !page->isFull() : isExplained(ExplanationLevel::warning);
+}
 
 /// Explains that a part of a reply is left out, and adds it to the page that this thread decodes. The line is
 /// "A reply's ", the JSON pointer of `place` with `suffix`, and the text that `reason` returns. `reason` is
@@ -40,12 +63,15 @@ class PageOmissions {
 template <class Place, class Reason>
 void explainOmission(const Place& place, std::string_view suffix, const Reason& reason) {
   auto* const page = PageOmissions::current();
-  if (page == nullptr && !isExplained(ExplanationLevel::warning)) return;
-  auto pointer = jsonPointer(place).append(suffix);
-  std::string text = reason();
+  if (!isOmissionNoted()) {
+    if (page != nullptr) page->addUnnamed();
+    return;
+  }
+  const auto pointer = jsonPointer(place).append(suffix);
+  const std::string text = reason();
   explain(ExplanationLevel::warning,
           [&] { return (pointer.empty() ? "A reply" : "A reply's " + pointer) + ' ' + text; });
-  if (page != nullptr) page->add(std::move(pointer), std::move(text));
+  if (page != nullptr) page->add(pointer, text);
 }
 
 }  // namespace orrelo

@@ -38,6 +38,15 @@ std::string repaired(std::string_view text) {
   return result;
 }
 
+std::string beginning(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (std::size_t begun = 0; end < text.size(); ++end) {
+    const bool begins = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
+    if (begins && begun++ == count) break;
+  }
+  return std::string(text.substr(0, end)) + (end < text.size() ? "…" : "");
+}
+
 std::size_t length(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(
       text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));

@@ -14,6 +14,9 @@ std::string repaired(std::string_view text);
 /// The number of code points of a valid text.
 std::size_t length(std::string_view text);
 
+/// The first `count` code points of a valid text, with "…" in place of the rest.
+std::string beginning(std::string_view text, std::size_t count);
+
 /// The number of user-perceived characters of a valid text: the extended grapheme clusters of Unicode
 /// Standard Annex 29, in Unicode 14. A joined emoji, a flag and a decomposed syllable count as one each.
 std::size_t graphemeCount(std::string_view text);

@@ -109,6 +109,10 @@ std::string oneLine(std::string_view text) {
   auto line = utf8::repaired(text);
   std::replace_if(
       line.begin(), line.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+  // U+0080 to U+009F, of which one begins the commands of a terminal.
+  for (auto at = line.find('\xC2'); at != std::string::npos; at = line.find('\xC2', at + 1)) {
+    if (static_cast<unsigned char>(line[at + 1]) < 0xA0) line.replace(at, 2, "  ");
+  }
   return line;
 }
 
@@ -193,6 +197,11 @@ void ORLExplanations::setSink(ExplanationLevel level, Sink sink) {
   auto& shared = readers();
   auto given = sink ? std::make_shared<const Sink>(std::move(sink)) : nullptr;
   const std::lock_guard lock(shared.mutex);
+  if (shared.process != getpid()) {  // what the parent's threads were doing does not end in a forked child
+    shared.isDelivering = false;
+    shared.isScheduled = false;
+    shared.waiting.clear();
+  }
   std::swap(shared.sink, given);  // the former one is destroyed after the lock is released
   shared.sinkLevel = shared.sink ? static_cast<int>(level) : 0;
   shared.process = getpid();

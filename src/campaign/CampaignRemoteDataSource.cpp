@@ -15,18 +15,20 @@ reactive::Observable<Campaign> CampaignRemoteDataSource::fetch(const std::string
                                                                const std::string& userId) const {
   const auto path = "/campaigns/" + campaignId;
   return get(path, userId).map([mapper = mapper_, path](const HTTPReply& reply) {
-    const PageOmissions omissions(Platform::current().clock->now(), path);
-    return mapper.map(CampaignDTO::decode(reply.data));
+    return PageOmissions::collect(Platform::current().clock->now(), path,
+                                  [&] { return mapper.map(CampaignDTO::decode(reply.data)); });
   });
 }
 
 reactive::Observable<std::vector<Campaign>> CampaignRemoteDataSource::fetchAll(
     const std::string& userId) const {
   return get("/campaigns", userId).map([mapper = mapper_](const HTTPReply& reply) {
-    std::vector<Campaign> campaigns;
-    CampaignDTO::decodeList(reply.data,
-                            [&](CampaignDTO&& dto) { campaigns.push_back(mapper.map(std::move(dto))); });
-    return campaigns;
+    return PageOmissions::collect(Platform::current().clock->now(), "/campaigns", [&] {
+      std::vector<Campaign> campaigns;
+      CampaignDTO::decodeList(reply.data,
+                              [&](CampaignDTO&& dto) { campaigns.push_back(mapper.map(std::move(dto))); });
+      return campaigns;
+    });
   });
 }
 

@@ -28,10 +28,11 @@ reactive::Observable<Campaign> ParticipateCampaignUseCaseImpl::participate(const
   return send(builder, *httpClient_)
       .observeOn(scheduler_)
       .map([mapper = mapper_, displayed = std::move(displayed), path = pathOf(url)](const HTTPReply& reply) {
-        const PageOmissions omissions(Platform::current().clock->now(), path);
-        auto dto = displayed;
-        dto.page = CampaignDTO::PageResponse::decode(reply.data);
-        return mapper.map(std::move(dto));
+        return PageOmissions::collect(Platform::current().clock->now(), path, [&] {
+          auto dto = displayed;
+          dto.page = CampaignDTO::PageResponse::decode(reply.data);
+          return mapper.map(std::move(dto));
+        });
       });
 }
 

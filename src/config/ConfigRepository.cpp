@@ -71,7 +71,7 @@ void ConfigRepositoryImpl::save(const Config& config) {
   cachedConfig_ = remembered;
   *disabled_ = !config.sdkEnable;
   cacheExpiredDate_ = expiry;
-  status_ = {ORLDiagnostics::ConfigurationSource::service, expiry - cacheLifetime, config.sdkEnable, {}};
+  status_ = {ORLDiagnostics::ConfigurationSource::service, expiry - cacheLifetime, config.sdkEnable, {}, {}};
 }
 
 void ConfigRepositoryImpl::fallBack(const std::optional<Config>& local, const Error& error) {
@@ -83,7 +83,10 @@ void ConfigRepositoryImpl::fallBack(const std::optional<Config>& local, const Er
   using Source = ORLDiagnostics::ConfigurationSource;
   const auto now = currentDateGenerator_();
   const std::lock_guard lock(mutex_);
-  status_ = {local ? Source::device : Source::defaults, now, local && local->sdkEnable, error.description()};
+  status_.source = local ? Source::device : Source::defaults;
+  status_.isEnabled = local && local->sdkEnable;
+  status_.failure = error.description();
+  status_.failureTime = now;
 }
 
 ORLDiagnostics::Configuration ConfigRepositoryImpl::status() const {

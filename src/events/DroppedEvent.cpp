@@ -10,7 +10,20 @@
 namespace orrelo {
 namespace {
 
-constexpr EnumTexts<DropReason, 7> reasons({
+constexpr std::size_t reasonCount = 7;
+
+/// In Orrelo::diagnostics.
+constexpr EnumTexts<DropReason, reasonCount> names({
+    {DropReason::disabled, "disabled"},
+    {DropReason::unconfigured, "unconfigured"},
+    {DropReason::replaced, "replaced"},
+    {DropReason::tooOld, "tooOld"},
+    {DropReason::refused, "refused"},
+    {DropReason::unreadable, "unreadable"},
+    {DropReason::homeless, "homeless"},
+});
+
+constexpr EnumTexts<DropReason, reasonCount> reasons({
     {DropReason::disabled, "the service's configuration has switched the kit off for this application key"},
     {DropReason::unconfigured,
      "no configuration could be fetched from the service yet, and without one no event is kept. A line about "
@@ -23,17 +36,7 @@ constexpr EnumTexts<DropReason, 7> reasons({
     {DropReason::homeless, "the kit that would store it has been replaced"},
 });
 
-constexpr EnumTexts<DropReason, 7> names({
-    {DropReason::disabled, "disabled"},
-    {DropReason::unconfigured, "unconfigured"},
-    {DropReason::replaced, "replaced"},
-    {DropReason::tooOld, "tooOld"},
-    {DropReason::refused, "refused"},
-    {DropReason::unreadable, "unreadable"},
-    {DropReason::homeless, "homeless"},
-});
-
-constinit std::array<std::atomic<std::uint64_t>, 7> counts{};
+constinit std::array<std::atomic<std::uint64_t>, reasonCount> counts{};
 
 void explainReason(std::string_view name, DropReason reason) {
   explain(ExplanationLevel::warning, [&] {
@@ -56,7 +59,7 @@ void explainDroppedEvent(const EventJournal::Record& record, DropReason reason) 
 }
 
 void countDroppedEvents(DropReason reason, std::size_t count) {
-  counts[static_cast<std::size_t>(reason)].fetch_add(count, std::memory_order_relaxed);
+  counts.at(static_cast<std::size_t>(reason)).fetch_add(count, std::memory_order_relaxed);
 }
 
 std::map<std::string, std::uint64_t> droppedEvents() {

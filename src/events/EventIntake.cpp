@@ -52,6 +52,7 @@ struct EventIntake::State {
   bool isHurried = false;
   std::size_t restCount = 0;
   std::size_t connectionCount = 0;
+  std::uint64_t adoptedCount = 0;
 
   UnwrittenEvents unwritten;
   FlushWaiters waiters;
@@ -208,6 +209,7 @@ void EventIntake::adopt(std::vector<EventJournal::Adopted> records) {
   }
   {
     const std::lock_guard lock(state_.mutex);
+    state_.adoptedCount += group.size();
     state_.adopted.push_back(std::move(group));
     if (std::exchange(state_.isScheduled, true)) return;
   }
@@ -219,8 +221,13 @@ bool EventIntake::isUsable() const {
 }
 
 ORLDiagnostics::Events EventIntake::counts() {
+  std::uint64_t adopted = 0;
+  {
+    const std::lock_guard lock(state_.mutex);
+    adopted = state_.adoptedCount;
+  }
   const auto counts = state_.waiters.counts();
-  return {counts.added, counts.added - counts.settled, droppedEvents()};
+  return {counts.added - adopted, adopted, counts.added - counts.settled, droppedEvents()};
 }
 
 ORLDiagnostics::Journal EventIntake::journalUsage() {

@@ -12,7 +12,9 @@ using reactive::Observable;
 using reactive::Unit;
 
 EventPipeline::EventPipeline(EventDao dao, Options options)
-    : dao_(std::move(dao)), options_(std::move(options)) {}
+    : dao_(std::move(dao)), options_(std::move(options)) {
+  status_.store = dao_.location();
+}
 
 std::shared_ptr<EventPipeline> EventPipeline::create(EventDao dao, Options options) {
   const std::shared_ptr<EventPipeline> pipeline(new EventPipeline(std::move(dao), std::move(options)));
@@ -85,7 +87,6 @@ ORLDiagnostics::Pipeline EventPipeline::status() const {
   const auto store = dao_.status();
   const std::lock_guard lock(statusMutex_);
   auto status = status_;
-  status.store = dao_.location();
   status.waiting = store.rowCount;
   if (store.failure) status.storeFailure = store.failure->description();
   return status;

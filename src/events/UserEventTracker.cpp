@@ -75,7 +75,7 @@ void UserEventTracker::track(const ORLUserEvent& event, bool skipBI) {
     return "userEventDidOccur. name:" + event.name +
            " values:" + (event.values ? description(*event.values) : std::string());
   });
-  if (const auto delegate = userEventDelegate()) delegate->userEventDidOccur(event);
+  if (const auto delegate = calledUserEventDelegate()) delegate->userEventDidOccur(event);
   if (skipBI) return;
   KelsoInsight::track(event);
 }

@@ -6,6 +6,7 @@
 #include "base/explain.h"
 #include "image/gif/GifLoad.h"
 #include "image/gif/GifPlaybackManager.h"
+#include "network/explainRequest.h"
 
 #include <algorithm>
 #include <array>
@@ -51,7 +52,7 @@ bool ImageLoader::load(std::string_view urlString, const std::shared_ptr<ImageTa
   if (!url) {
     log(LogLevel::WARNING, [&] { return "ImageLoader: " + std::string(urlString) + " is not valid URL"; });
     explain(ExplanationLevel::warning, [&] {
-      return "A picture is not shown, since \"" + std::string(urlString) +
+      return "A picture is not shown, since \"" + withoutQuery(urlString) +
              "\" is no URL: mend it in the service.";
     });
     return false;

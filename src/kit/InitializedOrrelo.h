@@ -5,6 +5,7 @@
 #include <orrelo/ORLDiagnostics.h>
 
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace orrelo {
@@ -13,8 +14,10 @@ namespace orrelo {
 class InitializedOrrelo {
  public:
   InitializedOrrelo(std::unique_ptr<OrreloComponent> orreloComponent,
-                    ORLDiagnostics::Environment startEnvironment)
-      : component(std::move(orreloComponent)), environment(std::move(startEnvironment)) {}
+                    ORLDiagnostics::Environment startEnvironment, std::string installationId)
+      : component(std::move(orreloComponent)),
+        environment(std::move(startEnvironment)),
+        deviceId(std::move(installationId)) {}
 
   /// The current instance; null until `makeCurrent`. All static functions may be called on any thread.
   static std::shared_ptr<InitializedOrrelo> current();
@@ -23,6 +26,7 @@ class InitializedOrrelo {
 
   const std::unique_ptr<OrreloComponent> component;
   const ORLDiagnostics::Environment environment;
+  const std::string deviceId;
 };
 
 }  // namespace orrelo

@@ -69,11 +69,13 @@ class Writer {
       field("time", configuration.time);
       field("isEnabled", configuration.isEnabled);
       field("failure", configuration.failure);
+      field("failureTime", configuration.failureTime);
     });
   }
   void write(const ORLDiagnostics::Events& events) {
     object([&] {
       field("accepted", events.accepted);
+      field("adopted", events.adopted);
       field("onTheirWay", events.onTheirWay);
       field("dropped", events.dropped);
     });
@@ -117,6 +119,7 @@ class Writer {
       field("time", page.time);
       field("path", page.path);
       field("omissions", page.omissions);
+      field("omissionCount", page.omissionCount);
     });
   }
   void write(const ORLDiagnostics::Process& process) {

@@ -1,3 +1,4 @@
+#include "base/Ascii.h"
 #include "base/Logger.h"
 #include "base/Utf8.h"
 #include "base/explain.h"
@@ -8,11 +9,13 @@
 #include "events/OLSEventMapper.h"
 #include "kit/BIEventComponent.h"
 #include "kit/InitializedOrrelo.h"
+#include "kit/applicationSuite.h"
 #include "kit/diagnostics.h"
 #include "kit/explainStart.h"
 #include "model/Delegates.h"
 #include "model/UserManager.h"
 #include "navigation/HomeViewController.h"
+#include "network/HttpHeaderGenerator.h"
 #include "network/KelsoMutator.h"
 #include "platform/threads/onMain.h"
 #include "ui/CampaignViewControllerFactory.h"
@@ -41,12 +44,10 @@ std::shared_ptr<OrreloPush> orreloPush() {
 }
 
 std::string hexText(const std::vector<std::byte>& bytes) {
-  constexpr std::string_view digits = "0123456789abcdef";
   std::string text;
   text.reserve(2 * bytes.size());
   for (const auto byte : bytes) {
-    text += digits[std::to_integer<std::size_t>(byte >> 4)];
-    text += digits[std::to_integer<std::size_t>(byte & std::byte{0xF})];
+    ascii::appendHex(text, std::to_integer<unsigned char>(byte), "0123456789abcdef");
   }
   return text;
 }
@@ -57,18 +58,22 @@ std::chrono::milliseconds clamped(std::chrono::milliseconds timeout) {
   return std::clamp(timeout, std::chrono::milliseconds(0), longest);
 }
 
-void explainWrongThread(std::string_view operation) {
-  if (Platform::current().mainLoop->isCurrent()) return;
-  explain(ExplanationLevel::error, [operation] {
-    return std::string(operation) +
-           " is called on a thread that does not run the main loop, and its screen may "
-           "fail at any time: call it on the main thread, from a task of the main loop.";
-  });
-}
-
 std::shared_ptr<ViewController> makeErrorScreen() {
   // This text deliberately differs from the text of an error.
   return std::make_shared<ErrorViewController>("잠시 후 다시 시도해주세요.");
+}
+
+/// The screen that `make` returns, or on a wrong thread one that asks to try again, since screens belong to
+/// the main thread.
+template <class Make>
+std::shared_ptr<ViewController> onMainThread(std::string_view operation, const Make& make) {
+  if (Platform::current().mainLoop->isCurrent()) return make();
+  explain(ExplanationLevel::error, [operation] {
+    return std::string(operation) +
+           " is called on a thread that does not run the main loop, and returns an error screen: call it on "
+           "the main thread, from a task of the main loop.";
+  });
+  return makeErrorScreen();
 }
 
 }  // namespace
@@ -94,11 +99,11 @@ void Orrelo::initialize(const ORLConfig& config) {
   if (InitializedOrrelo::current()) {
     explain(ExplanationLevel::warning,
             "Orrelo::initialize is called again: the former kit stops sending, and the new one takes over "
-            "what is "
-            "stored. Call it once, unless the application key changes.");
+            "what is stored. Call it once, unless the application key changes.");
   }
+  const auto deviceId = HttpHeaderGenerator(applicationSuite(config.appKey())).deviceId();
   InitializedOrrelo::makeCurrent(
-      std::make_shared<InitializedOrrelo>(std::move(component), environmentOf(config, mutator)));
+      std::make_shared<InitializedOrrelo>(std::move(component), environmentOf(config, mutator), deviceId));
   RunningKit::makeCurrent(runningKit);
   KelsoInsight::makeCurrent(
       std::make_shared<KelsoInsight>(BIEventComponent(config.appKey(), baseUrl).saveBIEventUseCase));
@@ -153,8 +158,7 @@ void Orrelo::showHome(const std::shared_ptr<ViewController>& with) {
 }
 
 std::shared_ptr<ViewController> Orrelo::getHomeViewController() {
-  explainWrongThread("getHomeViewController");
-  return HomeViewController::create();
+  return onMainThread("getHomeViewController", &HomeViewController::create);
 }
 
 void Orrelo::showCampaign(std::string_view id, const std::shared_ptr<ViewController>& with) {
@@ -162,9 +166,10 @@ void Orrelo::showCampaign(std::string_view id, const std::shared_ptr<ViewControl
 }
 
 std::shared_ptr<ViewController> Orrelo::getCampaignViewController(std::string_view id) {
-  explainWrongThread("getCampaignViewController");
-  if (!RunningKit::isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
-  return campaignViewControllerFactory()->make(std::string(id));
+  return onMainThread("getCampaignViewController", [id]() -> std::shared_ptr<ViewController> {
+    if (!RunningKit::isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
+    return campaignViewControllerFactory()->make(std::string(id));
+  });
 }
 
 void Orrelo::showCampaign(ORLCampaignType type, const std::shared_ptr<ViewController>& with) {
@@ -178,11 +183,12 @@ void Orrelo::showCampaign(ORLCampaignType type, const std::shared_ptr<ViewContro
 }
 
 std::shared_ptr<ViewController> Orrelo::getCampaignViewController(ORLCampaignType type) {
-  explainWrongThread("getCampaignViewController");
-  if (!RunningKit::isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
-  const auto screen = campaignViewControllerFactory()->make(type);
-  screen->modalPresentationStyle = ModalPresentationStyle::fullScreen;
-  return screen;
+  return onMainThread("getCampaignViewController", [type]() -> std::shared_ptr<ViewController> {
+    if (!RunningKit::isInitialized("getCampaignViewController(by:)")) return makeErrorScreen();
+    const auto screen = campaignViewControllerFactory()->make(type);
+    screen->modalPresentationStyle = ModalPresentationStyle::fullScreen;
+    return screen;
+  });
 }
 
 void Orrelo::showNaverPayExchange(const std::shared_ptr<ViewController>& with) {

@@ -6,9 +6,7 @@
 #include "events/KelsoInsight.h"
 #include "image/ImagePipeline.h"
 #include "kit/InitializedOrrelo.h"
-#include "kit/applicationSuite.h"
 #include "model/UserManager.h"
-#include "network/HttpHeaderGenerator.h"
 #include "network/RequestHistory.h"
 #include "platform/posix/PosixBundle.h"
 #include "platform/posix/SystemClock.h"
@@ -33,9 +31,9 @@ std::string entry(const Bundle& bundle, const char* key) {
 }
 
 /// The beginning of the SHA-256 of the id, with the device's id as the salt.
-std::string hashed(const std::string& userId, const std::string& applicationKey) {
+std::string hashed(const std::string& userId, const std::string& deviceId) {
   constexpr std::size_t length = 8;
-  const auto salted = HttpHeaderGenerator(applicationSuite(applicationKey)).deviceId() + ' ' + userId;
+  const auto salted = deviceId + ' ' + userId;
   std::array<unsigned char, SHA256_DIGEST_LENGTH> bytes{};
   SHA256(reinterpret_cast<const unsigned char*>(salted.data()), salted.size(), bytes.data());
   std::string text;
@@ -92,7 +90,7 @@ ORLDiagnostics takeDiagnostics(ORLDiagnostics::UserIdentity identity) {
   snapshot.configuration = component.configComponent().fetchConfigUseCase->status();
   snapshot.user = currentUserId();
   if (snapshot.user && identity == ORLDiagnostics::UserIdentity::hashed) {
-    snapshot.user = hashed(*snapshot.user, orrelo->environment.applicationKey);
+    snapshot.user = hashed(*snapshot.user, orrelo->deviceId);
   }
   snapshot.events = intake.counts();
   snapshot.hostEvents = component.eventComponent().saveEventUseCase.status();

@@ -13,23 +13,37 @@
 namespace orrelo {
 namespace {
 
-std::string entry(const Bundle& bundle, std::string_view key) {
+std::string infoOf(const Bundle& bundle, std::string_view key) {
   return bundle.info(key).value_or("(none)");
 }
 
 void explainVersions(const ORLConfig& config, const Platform& platform) {
+  const auto hostVersion = platform.mainBundle->info("CFBundleShortVersionString");
   explain(ExplanationLevel::info, [&] {
-    return "OrreloSDK " + entry(*platform.kitBundle, "CFBundleShortVersionString") + ", build " +
-           entry(*platform.kitBundle, "ORLBuildNumber") + ", is initialized by " +
-           entry(*platform.mainBundle, "CFBundleIdentifier") + " " +
-           entry(*platform.mainBundle, "CFBundleShortVersionString") + " with the application key \"" +
-           config.appKey() + "\".";
+    return "OrreloSDK " + infoOf(*platform.kitBundle, "CFBundleShortVersionString") + ", build " +
+           infoOf(*platform.kitBundle, "ORLBuildNumber") + ", is initialized by " +
+           infoOf(*platform.mainBundle, "CFBundleIdentifier") + " " + (hostVersion ? *hostVersion + " " : "") +
+           "with the application key \"" + config.appKey() + "\".";
   });
   if (!config.appKey().empty()) return;
   explain(
       ExplanationLevel::error,
       "The application key is empty, so that the service will refuse every request: pass the key that the "
       "service gave you to ORLConfig.");
+}
+
+void explainDevelopmentService(const DevelopmentService& service) {
+  const auto url = Url::parse(service.url);
+  if (service.url.empty() && !service.certificateFile.empty()) {
+    explain(ExplanationLevel::error,
+            "HostApplication::developmentService has a certificate file and no URL, so that it is ignored: "
+            "name the service's URL.");
+  } else if (!service.url.empty() && (!url || url->scheme() != "https" || url->host().empty())) {
+    explain(ExplanationLevel::error, [&] {
+      return "HostApplication::developmentService has \"" + service.url +
+             "\", which is no https URL, so that https://localhost:9443 is used instead.";
+    });
+  }
 }
 
 void explainCertificates(const KelsoMutator& mutator) {
@@ -65,6 +79,7 @@ void explainStart(const ORLConfig& config, const KelsoMutator& mutator) {
     return "The service is " + mutator.serviceUrl() + ", the environment is " +
            std::string(mutator.environment()) + ".";
   });
+  explainDevelopmentService(platform.developmentService);
   explainCertificates(mutator);
   explainFolder(platform);
 }

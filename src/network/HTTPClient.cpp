@@ -2,6 +2,7 @@
 
 #include "base/explain.h"
 #include "network/RequestHistory.h"
+#include "network/explainRequest.h"
 #include "reactive/Observable.h"
 
 #include <orrelo/Platform.h>
@@ -41,7 +42,7 @@ reactive::Observable<HTTPReply> send(const URLRequestBuilder& builder, HTTPClien
     return client.run(builder.build()).flatMap(&requireSuccess);
   } catch (const Error& error) {
     explain(ExplanationLevel::warning, [&] {
-      return "A request is not sent, since \"" + builder.baseUrl + "\" and \"" + builder.path +
+      return "A request is not sent, since \"" + builder.baseUrl + "\" and \"" + withoutQuery(builder.path) +
              "\" do not form a URL: check the application key.";
     });
     return reactive::error<HTTPReply>(error);

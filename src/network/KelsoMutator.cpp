@@ -27,13 +27,12 @@ bool KelsoMutator::isDevelopment() const {
 }
 
 std::string_view KelsoMutator::environment() const {
+  if (isDevelopment()) return "development";
   switch (userDefaults_ ? userDefaults_->integer(selectorKey).value_or(0) : 0) {
     case 1:
       return "staging";
     case 2:
       return "staging QA";
-    case development:
-      return "development";
     default:
       return "production";
   }

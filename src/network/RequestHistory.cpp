@@ -1,6 +1,7 @@
 #include "network/RequestHistory.h"
 
 #include "base/RecentItems.h"
+#include "base/Utf8.h"
 #include "network/explainRequest.h"
 
 #include <orrelo/Platform.h>
@@ -11,9 +12,17 @@
 namespace orrelo {
 namespace {
 
+constexpr std::size_t maximumLength = 500;
+
 RecentItems<ORLDiagnostics::Request>& requests() {
   static auto* const requests = new RecentItems<ORLDiagnostics::Request>(ORLDiagnostics::maximumRequests);
   return *requests;
+}
+
+void add(ORLDiagnostics::Request request) {
+  request.url = utf8::beginning(request.url, maximumLength);
+  if (request.failure) request.failure = utf8::beginning(utf8::repaired(*request.failure), maximumLength);
+  requests().add(std::move(request));
 }
 
 }  // namespace
@@ -32,12 +41,17 @@ void RequestHistory::end(const URLSessionResult& result) const {
   } else {
     request.failure = "what answers there does not speak HTTP";
   }
-  requests().add(std::move(request));
+  add(std::move(request));
   explainResult(method_, url_, result);
 }
 
 void RequestHistory::addPicture(const Url& url, const Error& failure) {
-  requests().add({Platform::current().clock->now(), "GET", explainedUrl(url), {}, failure.description(), {}});
+  add({Platform::current().clock->now(),
+       "GET",
+       withoutQuery(explainedUrl(url)),
+       {},
+       failure.description(),
+       {}});
 }
 
 std::vector<ORLDiagnostics::Request> RequestHistory::lastRequests() {

@@ -61,16 +61,6 @@ std::string_view remedyOf(int status) {
   return "";
 }
 
-// The beginning of the reply, cut between code points.
-std::string beginningOf(std::string_view reply) {
-  std::size_t end = 0;
-  for (std::size_t count = 0; end < reply.size(); ++end) {
-    const bool begins = (static_cast<unsigned char>(reply[end]) & 0xC0U) != 0x80U;
-    if (begins && count++ == replyLength) break;
-  }
-  return std::string(reply.substr(0, end)) + (end < reply.size() ? "…" : "");
-}
-
 void explainReply(const std::string& name, int status, const std::string& reply) {
   const bool isSuccess = status >= 200 && status <= 299;
   explain(isSuccess ? ExplanationLevel::debug : ExplanationLevel::warning, [&] {
@@ -78,11 +68,17 @@ void explainReply(const std::string& name, int status, const std::string& reply)
            std::string(remedyOf(status));
   });
   explain(ExplanationLevel::debug, [&] {
-    return reply.empty() ? name + ": the reply is empty" : name + ": the reply begins " + beginningOf(reply);
+    if (reply.empty()) return name + ": the reply is empty";
+    return name + ": the reply begins " + utf8::beginning(reply, replyLength);
   });
 }
 
 }  // namespace
+
+std::string withoutQuery(std::string_view text) {
+  const auto path = text.substr(0, text.find('?'));
+  return std::string(path) + (path.size() < text.size() ? "?…" : "");
+}
 
 std::string explainedUrl(const Url& url) {
   std::string shown(url.scheme());

@@ -35,15 +35,21 @@ const Platform& keep(Platform platform) {
   kept->push_back(std::make_unique<const Platform>(std::move(platform)));
   const auto& current = *kept->back();
   if (current.clock) setLogClock([clock = current.clock] { return clock->now(); });
-  setExplanationExecutor([workers = current.workers](std::function<void()> task) {
-    workers->post(QualityOfService::utility, std::move(task));
-  });
   installed.store(&current, std::memory_order_release);
   return current;
 }
 
-/// Takes what the host has left out from the POSIX defaults, since the kit relies on all members but the last
-/// two. Returns the names of the members.
+/// Without the lock, since lines that wait are posted at once to the host's own workers, which may use the
+/// platform.
+const Platform& explainOn(const Platform& platform) {
+  setExplanationExecutor([workers = platform.workers](std::function<void()> task) {
+    workers->post(QualityOfService::utility, std::move(task));
+  });
+  return platform;
+}
+
+/// Takes what the host has left out from the POSIX defaults, since the kit relies on all members but the
+/// journal, the codec and the display link. Returns the names of the members.
 std::vector<std::string> complete(Platform& platform) {
   std::vector<std::string> missing;
   std::optional<Platform> defaults;
@@ -107,13 +113,15 @@ void Platform::install(Platform platform) {
   explainMissing(complete(platform));
   bool isFirst = false;
   bool isLate = false;
+  const Platform* current = nullptr;
   {
     const std::lock_guard lock(installMutex);
     isFirst = installed.load(std::memory_order_relaxed) == nullptr;
     isLate = !isFirst && !hasInstalled;
     hasInstalled = true;
-    keep(std::move(platform));
+    current = &keep(std::move(platform));
   }
+  explainOn(*current);
   if (isFirst) return;
   explain(ExplanationLevel::warning, [isLate] {
     return std::string(isLate ? "Platform::install comes after the first use of the kit"
@@ -124,9 +132,11 @@ void Platform::install(Platform platform) {
 
 const Platform& Platform::current() {
   if (const auto* platform = installed.load(std::memory_order_acquire)) return *platform;
-  const std::lock_guard lock(installMutex);
+  std::unique_lock lock(installMutex);
   if (const auto* platform = installed.load(std::memory_order_relaxed)) return *platform;
-  return keep(posix());
+  const auto& platform = keep(posix());
+  lock.unlock();
+  return explainOn(platform);
 }
 
 }  // namespace orrelo

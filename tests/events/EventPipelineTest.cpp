@@ -205,7 +205,7 @@ TEST(RefusalWait, GrowsItsPausesUntilTheStepSucceedsFailsOrIsCancelled) {
   const auto scheduler = std::make_shared<reactive::MainScheduler>(loop);
   const ExplanationCapture log;
   std::vector<std::int64_t> attempts;
-  std::optional<Error> answer = Error("SQLite", "full");
+  std::optional<Error> answer = makeStoreRefusal("full");
   const auto step = reactive::create<int>([&](const reactive::AnyObserver<int>& observer) {
     attempts.push_back(clock->steady().count() / 100'000);
     answer ? observer.onError(*answer) : (observer.onNext(1), observer.onCompleted());

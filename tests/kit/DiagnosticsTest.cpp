@@ -1,5 +1,6 @@
 #include "base/Json.h"
 #include "inappmessage/InAppMessageSkipTimeCheckService.h"
+#include "support/MemoryEventJournal.h"
 #include "support/ServiceReplies.h"
 #include "support/TestPlatform.h"
 #include "ui/ViewController.h"
@@ -11,6 +12,7 @@
 namespace orrelo::test {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -86,6 +88,8 @@ TEST_F(DiagnosticsTest, FaultsAreCountedWithTheirReasons) {
   platform_.loop->run();
   auto now = Orrelo::diagnostics();
   EXPECT_EQ(now.configuration.source, Source::defaults);
+  EXPECT_EQ(now.configuration.time, std::nullopt);
+  EXPECT_EQ(now.configuration.failureTime, now.time);
   EXPECT_THAT(now.configuration.failure.value(), HasSubstr("cannotConnectToHost"));
   EXPECT_THAT(now.events.dropped, ElementsAre(Pair("unconfigured", 1u)));
   EXPECT_THAT(now.requests.back().failure.value(), HasSubstr("cannotConnectToHost"));
@@ -110,6 +114,32 @@ TEST_F(DiagnosticsTest, FaultsAreCountedWithTheirReasons) {
   EXPECT_EQ(Orrelo::diagnostics().requests.size(), ORLDiagnostics::maximumRequests);
 }
 
+TEST_F(DiagnosticsTest, EventsOfEndedProcessesAreCountedApart) {
+  auto platform = Platform::current();
+  const auto journal = std::make_shared<MemoryEventJournal>();
+  platform.eventJournal = journal;
+  Platform::install(platform);
+  initialize();
+  report(3);
+  journal->abandon();
+  initialize();
+  platform_.loop->run();
+  const auto now = Orrelo::diagnostics();
+  EXPECT_EQ(now.events.accepted, 3u);
+  EXPECT_EQ(now.events.adopted, 3u);
+  EXPECT_EQ(now.journal.unwrittenBytes, 0u);
+}
+
+TEST_F(DiagnosticsTest, AForkedChildGetsLittleAndWaitsForNothing) {
+  initialize();
+  EXPECT_EXIT(
+      {
+        const auto snapshot = Orrelo::diagnostics();
+        std::_Exit(!snapshot.isInitialized && snapshot.environment.kitVersion == "1.0.0" ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
+}
+
 TEST_F(DiagnosticsTest, APageSaysWhatWasLeftOut) {
   initialize();
   Orrelo::setUser(ORLUser("minji", ORLMarketingStatus::unknown, {}));
@@ -129,6 +159,24 @@ TEST_F(DiagnosticsTest, APageSaysWhatWasLeftOut) {
   ASSERT_THAT(pages.back().omissions, SizeIs(1));
   EXPECT_EQ(pages.back().omissions[0].pointer, "/page");
   EXPECT_THAT(pages.back().omissions[0].reason, HasSubstr("unknown campaigns"));
+
+  const auto unreadable = open("[]");
+  EXPECT_EQ(unreadable.back().omissions.at(0).pointer, "");
+  EXPECT_THAT(unreadable.back().omissions[0].reason, AllOf(HasSubstr("cannot be read"), HasSubstr("/page")));
+
+  // Each name is left out at a place that takes time to find.
+  constexpr int count = 50'000;
+  std::string fillers;
+  std::string names = "\"blank\"";
+  for (int n = 0; n < count; ++n) {
+    fillers += "\"f" + std::to_string(n) + "\":0,";
+    names += ",\"rocket\"";
+  }
+  const auto many = open("{" + fillers + R"("page_type":"m","page_id":"p","page_details_v2":{"blank":[8],
+      "page_config":{"layout":{"toolbar":{"text":""},"component_order":[)" +
+                         names + "]}}}}");
+  EXPECT_THAT(many.back().omissions, SizeIs(ORLDiagnostics::Page::maximumOmissions));
+  EXPECT_EQ(many.back().omissionCount, static_cast<std::size_t>(count));
 }
 
 TEST_F(DiagnosticsTest, TheJsonHasEverythingButTheUser) {

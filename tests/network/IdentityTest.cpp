@@ -20,6 +20,8 @@ TEST(KelsoMutatorTest, AStoredNumberChoosesTheService) {
   const auto url = [&suite] { return KelsoMutator(suite).serviceUrl(); };
   const auto production = url();
   EXPECT_EQ(KelsoMutator(nullptr).serviceUrl(), production);
+  EXPECT_EQ(KelsoMutator(nullptr).environment(), "production");
+  EXPECT_EQ(KelsoMutator(nullptr, {.url = "https://localhost:1"}).environment(), "development");
   for (const std::int64_t selector : {0, -1, 4, 7}) {
     suite->set("ORRELO_SERVICE_URL", selector);
     EXPECT_EQ(url(), production) << selector;

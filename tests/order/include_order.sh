@@ -22,7 +22,8 @@ declare -A ground=(
   [quick/platform]="base platform"  # realises the interfaces of the machine
   [quick/bridge]="base reactive"    # colours and explanations; subscriptions to states
   [quick/rewards/externalpoint]="base"  # the explanations
-  [quick/host]="base platform"      # the explanations; whether the user wants less movement
+  [quick/host]="base platform model"  # the explanations; whether the user wants less movement; delegates
+  [quick/inspector]="base"          # the explanations
   [quick/c]="c"                     # the statuses and handles of the C interface
   [quick/web]="base network c")     # the explanations; the environment whose certificate web pages may have
 

@@ -232,6 +232,8 @@ TEST_F(SqliteEventDatabaseTest, countsItsRowsWithoutAnOperation) {
   EXPECT_TRUE(isStoreRefusal(open()->status().failure.value()));
   EXPECT_EQ(open()->status().rowCount, 3u);
   other.exec("ROLLBACK");
+  deleteUpTo(Date::fromSeconds(-10));
+  EXPECT_TRUE(open()->status().failure.has_value()) << "looking for rows is not writing";
   insert(eventRow("d", 1));
   EXPECT_EQ(open()->status().failure, std::nullopt);
   deleteUpTo(Date::fromSeconds(10));

@@ -1,4 +1,5 @@
 #include "QuickTest.h"
+#include "model/Delegates.h"
 #include "support/ExplanationCapture.h"
 #include "support/Reports.h"
 
@@ -13,7 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 constexpr auto listener = R"(
   property var heard: []
@@ -109,6 +109,7 @@ TEST_F(OrreloBridgeTest, WhatIsWrongIsThrownToQml) {
   const auto types =
       "TypeError: The type of a campaign is one of Orrelo.Attendance, Orrelo.Referral, "
       "Orrelo.OptInMarketing, Orrelo.ScratchLottery, Orrelo.Roulette";
+  const std::string id = "TypeError: A user's id is a text, a whole number below 2^53 or null";
   const auto statuses =
       "TypeError: The marketing status is one of Orrelo.Unknown, Orrelo.OptIn, Orrelo.OptOut";
   const auto values = R"(TypeError: An event's values are the members of an object, such as {"price": 39.9})";
@@ -119,7 +120,8 @@ TEST_F(OrreloBridgeTest, WhatIsWrongIsThrownToQml) {
       {"Orrelo.showCampaignOfType(5)", types},
       {"Orrelo.showCampaignOfType(0.5)", types},
       {"Orrelo.setUser('u', 'OptIn')", statuses},
-      {"Orrelo.setUser({})", "TypeError: A user's id is a text, a number or null"},
+      {"Orrelo.setUser({})", id},
+      {"Orrelo.setUser(1e16)", id},
       {"Orrelo.setUser('u', Orrelo.OptIn, { a: null })", "TypeError: Null is not supported class"},
       {"Orrelo.sendEvent('e', { a: undefined })", "TypeError: Null is not supported class"},
       {"Orrelo.sendEvent('e', { a: () => 1 })", "TypeError: Function is not supported class"},
@@ -168,9 +170,9 @@ TEST_F(OrreloBridgeTest, AScreenIsShownInTheWindowThatIsNamedOrElseInTheActiveOn
 TEST_F(OrreloBridgeTest, APlaceWithoutTheKitsScreensIsExplained) {
   const ExplanationCapture log;
   QQuickWindow bare;
-  const QQuickItem nowhere;
+  QQuickItem nowhere;
   EXPECT_EQ(run("Orrelo.showCampaign('c-1', place)", &bare), "");
-  EXPECT_EQ(run("Orrelo.showCampaign('c-1', place)", const_cast<QQuickItem*>(&nowhere)), "");
+  EXPECT_EQ(run("Orrelo.showCampaign('c-1', place)", &nowhere), "");
   open({390, 844});
   delete std::exchange(window_, nullptr);
   EXPECT_EQ(run("Orrelo.showHome(); Orrelo.showCampaign('c-1')"), "");
@@ -181,10 +183,10 @@ TEST_F(OrreloBridgeTest, APlaceWithoutTheKitsScreensIsExplained) {
 
 TEST_F(OrreloBridgeTest, TheDelegatesAreSignalsOfAllEnginesUntilTheHostSetsItsOwn) {
   EXPECT_EQ(run("Orrelo.sendEvent('e')"), "");
-  EXPECT_EQ(Orrelo::userEventDelegate(), nullptr) << "nobody listens";
+  EXPECT_EQ(calledUserEventDelegate(), nullptr) << "nobody listens";
   auto one = make(*engine_, listener);
-  QQmlEngine second;
-  const auto other = make(second, listener);
+  auto second = std::make_unique<QQmlEngine>();
+  auto other = make(*second, listener);
   showCampaign();
   const QString button = "알림 받으러 가기";
   ASSERT_TRUE(waitForNamed(button));
@@ -197,25 +199,24 @@ TEST_F(OrreloBridgeTest, TheDelegatesAreSignalsOfAllEnginesUntilTheHostSetsItsOw
   }
   one.reset();
   engine_.reset();
-  Orrelo::userEventDelegate()->userEventDidOccur({"ol_e", EventValues{{"page_name", "p"}}});
+  EXPECT_EQ(Orrelo::userEventDelegate(), nullptr) << "the host has set none";
+  calledUserEventDelegate()->userEventDidOccur({"ol_e", EventValues{{"page_name", "p"}}});
   EXPECT_EQ(other->property("heard").toStringList().back(), R"(ol_e {"page_name":"p"})");
 
-  const auto reports = std::make_shared<Reports>();
+  other.reset();
+  second.reset();
+  EXPECT_EQ(calledOptInMarketingCampaignDelegate(), nullptr) << "no engine leaves it behind";
+
+  auto reports = std::make_shared<Reports>();
   Orrelo::setUserEventDelegate(reports);
   open({390, 844});
   const ExplanationCapture log;
   one = make(*engine_, listener);
-  EXPECT_EQ(Orrelo::userEventDelegate(), reports);
+  EXPECT_EQ(calledUserEventDelegate(), reports);
   EXPECT_THAT(log.lines(), ElementsAre(HasSubstr("userEventDidOccur of Orrelo is not emitted")));
-}
-
-TEST_F(OrreloBridgeTest, NoDelegateIsLeftBehindByAnEngine) {
-  auto file = make(*engine_, listener);
-  EXPECT_NE(Orrelo::optInMarketingCampaignDelegate(), nullptr);
-  file.reset();
-  engine_.reset();
-  EXPECT_EQ(Orrelo::optInMarketingCampaignDelegate(), nullptr);
-  EXPECT_EQ(Orrelo::userEventDelegate(), nullptr);
+  reports.reset();
+  calledUserEventDelegate()->userEventDidOccur({"ol_e", std::nullopt});
+  EXPECT_EQ(one->property("heard").toStringList(), QStringList("ol_e {}")) << "the host's own has gone";
 }
 
 }  // namespace

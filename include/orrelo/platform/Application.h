@@ -20,7 +20,8 @@ class ORRELO_EXPORT Application {
 
   virtual ~Application() = default;
 
-  /// Calls `callback` on the main thread at each signal. May be called on any thread.
+  /// Calls `callback` on the main thread at each signal. May be called on any thread. An ApplicationObservers
+  /// does it for a host's own class.
   [[nodiscard]] virtual Registration observe(Signal signal, std::function<void()> callback) = 0;
   /// True if the machine or the host can open this URL; `open` opens it. Main thread only.
   virtual bool canOpen(const Url& url) const = 0;

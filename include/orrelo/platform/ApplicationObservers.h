@@ -10,8 +10,19 @@
 
 namespace orrelo {
 
-/// Keeps the observers of an application, for a host's own class: its `observe` calls that of a member of
-/// this type, and `send` tells the kit that the application goes to the background, or returns.
+/// Keeps the observers of an application, for a host's own class:
+///
+///     class ShopApplication final : public orrelo::Application {
+///      public:
+///       Registration observe(Signal signal, std::function<void()> callback) override {
+///         return observers_.observe(signal, std::move(callback));
+///       }
+///       void didHide() { observers_.send(Signal::didEnterBackground); }
+///       …
+///
+///      private:
+///       orrelo::ApplicationObservers observers_;
+///     };
 class ORRELO_EXPORT ApplicationObservers {
  public:
   /// Any thread.

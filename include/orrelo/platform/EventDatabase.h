@@ -68,7 +68,7 @@ class ORRELO_EXPORT EventDatabase {
   struct Status {
     /// Counted when the file is opened, and then by the operations of this object alone; nullopt if unknown.
     std::optional<std::size_t> rowCount;
-    /// The error of the last operation, if it failed.
+    /// Why an operation was rejected, until one that changes rows has succeeded.
     std::optional<Error> failure;
   };
   /// Returns at once, without an operation, for Orrelo::diagnostics. Any thread.

@@ -97,7 +97,7 @@ class ORRELO_EXPORT URLSessionDataDelegate {
 /// timeout may run forever, so they are limited to 48 in total and 4 per host and cannot block the others.
 class ORRELO_EXPORT URLSession {
  public:
-  /// Called once, after `resume` has returned, on a thread of the session.
+  /// Called once, on a thread of the session, and never within `resume`.
   using Completion = std::function<void(URLSessionResult)>;
 
   virtual ~URLSession() = default;

@@ -32,7 +32,8 @@ void OptInMarketingCampaignView::passTapsToHost(const std::shared_ptr<CampaignSc
     const auto shown = weak.lock();
     if (!shown) return;
     log(LogLevel::DEBUG, "(ORLOptInMarketingCampaignDelegate) onMoveButtonTapped:in");
-    if (const auto host = optInMarketingCampaignDelegate()) host->onMoveButtonTapped(shown->viewController());
+    if (const auto host = calledOptInMarketingCampaignDelegate())
+      host->onMoveButtonTapped(shown->viewController());
   };
 }
 

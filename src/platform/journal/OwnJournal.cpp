@@ -42,7 +42,8 @@ std::variant<EventJournal::Position, Refusal> OwnJournal::append(const Record& r
   journal::seal(record.data(), record.size(), file_->seed(), position, journal::RecordKind::event);
   if (!file_->append(record.view())) return Refusal::unwritable;
   if (kind_ == Kind::ofProcess) live_.add(position, record);
-  liveSize_ += record.size();
+  liveSize_.store(liveSize_ + record.size(), std::memory_order_relaxed);
+  liveCount_.store(live_.size(), std::memory_order_relaxed);
   return position;
 }
 
@@ -51,9 +52,8 @@ OwnJournal::Position OwnJournal::reservePositions(std::size_t count) {
   return std::exchange(last_, last_ + count) + 1;
 }
 
-EventJournal::Usage OwnJournal::usage() {
-  const std::lock_guard lock(mutex_);
-  return {live_.size() + adoptedRecords_, liveSize_ + adoptedBytes_};
+EventJournal::Usage OwnJournal::usage() const {
+  return {liveCount_ + adoptedRecords_, liveSize_ + adoptedBytes_};
 }
 
 // -- Released records
@@ -69,8 +69,9 @@ std::vector<OwnJournal::Position> OwnJournal::release(const std::vector<Position
       const std::lock_guard lock(mutex_);
       for (std::size_t i = 0; i < part.size(); ++i) {
         forgotten[i] = live_.take(part[i]);
-        liveSize_ -= forgotten[i].size();
+        liveSize_.store(liveSize_ - forgotten[i].size(), std::memory_order_relaxed);
       }
+      liveCount_.store(live_.size(), std::memory_order_relaxed);
     }
     for (std::size_t i = 0; i < part.size(); ++i) {
       if (std::exchange(forgotten[i], {})) {

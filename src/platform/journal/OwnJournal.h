@@ -44,7 +44,8 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
     adoptedRecords_ = records;
     adoptedBytes_ = bytes;
   }
-  EventJournal::Usage usage();
+  /// Takes no lock, since `append` may wait for the disk.
+  EventJournal::Usage usage() const;
 
   /// Replaces the file if it was removed, shrunk or replaced, or if all its records are released. Then calls
   /// `next` in a task of the executor with the name of the current file, which is empty if there is none.
@@ -83,7 +84,9 @@ class OwnJournal final : public std::enable_shared_from_this<OwnJournal> {
   std::chrono::microseconds nextCreation_{0};
   Position last_;
   LiveRecords live_;
-  std::size_t liveSize_ = 0;
+  /// Written under the lock only.
+  std::atomic<std::size_t> liveSize_ = 0;
+  std::atomic<std::size_t> liveCount_ = 0;
   bool isRenewing_ = false;
   /// A renewal has failed; the next one is tried by `maintain`.
   bool isRenewalRefused_ = false;

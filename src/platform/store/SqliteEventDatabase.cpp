@@ -152,10 +152,15 @@ class SqliteEventDatabase final : public EventDatabase,
   }
 
   void updateStatus(const Batch& batch) {
-    const auto& failure = batch.back().failure;
     const std::lock_guard lock(mutex_);
     if (table_) status_.rowCount = table_->rowCount();
-    if (failure || status_.failure) status_.failure = failure ? std::optional(*failure) : std::nullopt;
+    for (const auto& operation : batch) {
+      if (operation.failure) {
+        status_.failure = *operation.failure;
+      } else if (status_.failure && operation.hasChangedRows()) {
+        status_.failure.reset();
+      }
+    }
   }
 
   void run(Batch& batch) {

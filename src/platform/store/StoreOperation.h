@@ -58,6 +58,13 @@ struct StoreOperation {
     if (auto* const insert = std::get_if<Insert>(&work)) insert->isOnce = true;
   }
 
+  /// True if the operation, which has not failed, has written rows, and not only looked for them.
+  bool hasChangedRows() const {
+    if (const auto* const deletion = std::get_if<DeleteRows>(&work)) return deletion->result > 0;
+    if (const auto* const deletion = std::get_if<DeleteUpTo>(&work)) return deletion->result > 0;
+    return std::holds_alternative<Insert>(work);
+  }
+
   bool writes() const { return !std::holds_alternative<Fetch>(work); }
   /// True if the operation is a single statement, which needs no explicit transaction.
   bool isAtomic() const {
