@@ -14,7 +14,8 @@ namespace orrelo::quick {
 ///
 /// The item has an implicit size. It is invisible with an implicit size of 0 unless the service enables the
 /// exchange, for which it asks once, when it comes into a window; `Orrelo::initialize` comes before that. The
-/// parent, which may be any item, owns it. Returns null and logs a line if the parent is null. GUI thread.
+/// parent, which may be any item, owns it. Returns null if the parent is null, and a line of
+/// ORLExplanations says so. GUI thread.
 ORRELO_EXPORT QQuickItem* makeExternalPointEntryView(QQuickItem* parent);
 
 }  // namespace orrelo::quick

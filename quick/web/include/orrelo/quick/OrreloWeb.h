@@ -16,9 +16,9 @@ namespace orrelo::quick {
 ///     orrelo::quick::initializeWeb();
 ///     QGuiApplication app(argc, argv);
 ///
-/// If it is not called, or called after the application has been created (which is logged), the area of a web
-/// page stays empty. All data that pages store, from cookies and cache to the history of their addresses,
-/// lies below the kit's own folders and is separate from the host's.
+/// If it is not called, or called after the application has been created (a line of ORLExplanations says so),
+/// the area of a web page stays empty. All data that pages store, from cookies and cache to the history of
+/// their addresses, lies below the kit's own folders and is separate from the host's.
 ORRELO_EXPORT void initializeWeb();
 
 /// Reports a message that a page sent and that was not carried out. `error` is absent if an event held a
@@ -36,8 +36,8 @@ using BridgeFailure =
 /// Screens are shown in the view's window. GUI thread.
 ///
 /// It takes effect with the next page that is loaded, so call it before the view has a URL. It ends with the
-/// view; a second call for the same view replaces `onFailure`. Returns false and logs a line if the item is
-/// not a WebEngineView or shows the kit's own pages. In QML the same is done by
+/// view; a second call for the same view replaces `onFailure`. Returns false, with a line of ORLExplanations,
+/// if the item is not a WebEngineView or shows the kit's own pages. In QML the same is done by
 ///
 ///     import Orrelo.Web
 ///     WebEngineView {
@@ -50,8 +50,8 @@ using BridgeFailure =
 ///
 /// The view's web channel serves as the transport. If it has no objects of the host when the bridge is
 /// installed, it is moved to a `webChannelWorld` of its own, which pages cannot reach. A host with objects
-/// for its pages registers them before, or sets `webChannelWorld` itself afterwards; otherwise a line is
-/// logged.
+/// for its pages registers them before, or sets `webChannelWorld` itself afterwards; otherwise a line of
+/// ORLExplanations says what is missing.
 ORRELO_EXPORT bool installBridge(QQuickItem* webEngineView, BridgeFailure onFailure = {});
 
 }  // namespace orrelo::quick
