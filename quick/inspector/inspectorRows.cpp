@@ -94,7 +94,7 @@ Rows overview(const ORLDiagnostics& snapshot) {
     add(rows, "State", QStringLiteral("Orrelo::initialize was not called"), Tone::Bad);
     return rows;
   }
-  add(rows, "Host", text(environment.hostIdentifier) + u' ' + text(environment.hostVersion));
+  add(rows, "Host", (text(environment.hostIdentifier) + u' ' + text(environment.hostVersion)).trimmed());
   add(rows, "System", text(environment.systemVersion));
   add(rows, "User", text(snapshot.user, "nobody is signed in"), snapshot.user ? Tone::Plain : Tone::Warning);
   for (const auto& skipped : snapshot.skippedToday) add(rows, "Declined for today", text(skipped));

@@ -22,8 +22,8 @@ void explainVersions(const ORLConfig& config, const Platform& platform) {
   explain(ExplanationLevel::info, [&] {
     return "OrreloSDK " + infoOf(*platform.kitBundle, "CFBundleShortVersionString") + ", build " +
            infoOf(*platform.kitBundle, "ORLBuildNumber") + ", is initialized by " +
-           infoOf(*platform.mainBundle, "CFBundleIdentifier") + " " + (hostVersion ? *hostVersion + " " : "") +
-           "with the application key \"" + config.appKey() + "\".";
+           infoOf(*platform.mainBundle, "CFBundleIdentifier") + " " +
+           (hostVersion ? *hostVersion + " " : "") + "with the application key \"" + config.appKey() + "\".";
   });
   if (!config.appKey().empty()) return;
   explain(

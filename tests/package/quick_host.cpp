@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
       window != nullptr && quick::push(window, Orrelo::getCampaignViewController("unknown"), false);
   const bool isDone = isCovered && isShown && user == "user-1";
   std::cout << (isCovered ? "QML shows a screen, " : "QML shows nothing, ")
-            << (isShown ? "C++ another one, " : "C++ nothing, ") << "the user is " << user.value_or("nobody") << "\n";
+            << (isShown ? "C++ another one, " : "C++ nothing, ") << "the user is " << user.value_or("nobody")
+            << "\n";
   return isDone ? 0 : 1;
 }
