@@ -2,6 +2,7 @@
 #include "screens/ScreenBenches.h"
 #include "screens/Stage.h"
 
+#include <QQuickItem>
 #include <QTest>
 #include <ctime>
 
