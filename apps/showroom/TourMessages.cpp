@@ -9,7 +9,7 @@ const QString show = QStringLiteral("오늘의 메시지 보기");
 const QString skip = QStringLiteral("오늘 하루 그만 보기");
 const QString only = QStringLiteral("이벤트 배너");
 
-QString banner(int number) {
+QString bannerOf(int number) {
   return QStringLiteral("이벤트 배너, 3개 중 %1번째").arg(number);
 }
 
@@ -23,20 +23,20 @@ void Tour::messages() {
 
 void Tour::threeMessages() {
   click(show);
-  await(banner(1));
+  await(bannerOf(1));
   picture(QStringLiteral("Three messages over the host's page"));
-  drag(banner(1), {{0.9, 0.5}, {0.1, 0.5}});
-  await(banner(2));
+  drag(bannerOf(1), {{0.9, 0.5}, {0.1, 0.5}});
+  await(bannerOf(2));
   picture(QStringLiteral("The second, after a swipe"));
   press(Qt::Key_Right);
-  await(banner(3));
+  await(bannerOf(3));
   picture(QStringLiteral("The third, turned to by a key"));
   const auto original = window_.size();
   window_.resize(1100, 760);
   picture(QStringLiteral("It stays there in a desktop window"));
   window_.resize(original);
   settle();
-  click(banner(3));
+  click(bannerOf(3));
   await(QStringLiteral("뒤로"));
   awaitGone(skip);
   picture(QStringLiteral("A press opens its campaign on the host's stack"));
@@ -72,7 +72,7 @@ void Tour::skippedMessages() {
   require(find(skip) == nullptr, QStringLiteral("the messages came although they were declined"));
   showroom_.letTheNextDayBegin();
   click(show);
-  await(banner(1));
+  await(bannerOf(1));
   picture(QStringLiteral("The next day they are there again"));
   // A request of the declined show would have been sent by now.
   require(service.requestCount("/in-app-message/banner") == requests + 1,
