@@ -61,7 +61,7 @@ struct ORRELO_EXPORT ORLDiagnostics {
     ConfigurationSource source = ConfigurationSource::none;
     /// When it came from the service; nullopt if that was before the start of the process, or never.
     std::optional<Date> time;
-    /// Whether it switches the kit on.
+    /// True if it switches the kit on.
     bool isEnabled = false;
     /// Why the service could not be asked the last time.
     std::optional<std::string> failure;

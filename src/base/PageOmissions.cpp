@@ -8,7 +8,7 @@
 namespace orrelo {
 namespace {
 
-/// Of a text in code points.
+/// The length of a text that is kept, in code points.
 constexpr std::size_t maximumLength = 500;
 
 thread_local PageOmissions* currentOmissions = nullptr;

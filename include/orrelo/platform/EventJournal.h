@@ -91,7 +91,7 @@ class ORRELO_EXPORT EventJournal {
   struct Usage {
     /// The records that are not released, adopted ones too.
     std::size_t records = 0;
-    /// Of these records; of adopted ones that of their files.
+    /// The size of these records; adopted ones count with the size of their files.
     std::size_t bytes = 0;
   };
   /// For Orrelo::diagnostics. Returns at once.
