@@ -7,6 +7,7 @@
 
 #include <concepts>
 #include <string_view>
+#include <utility>
 
 namespace orrelo {
 namespace {
