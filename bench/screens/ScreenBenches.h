@@ -8,6 +8,7 @@ void addGifPlayback();
 void addGifticonScreen();
 void addHomeScreen();
 void addInspector();
+void addPageOpening();
 void addPointHistory();
 void addWheel();
 

@@ -3,27 +3,30 @@
 #include <orrelo/Orrelo.h>
 #include <orrelo/quick/OrreloQuick.h>
 
+#include <QBuffer>
+#include <QImage>
 #include <condition_variable>
 #include <mutex>
 
 namespace orrelo::bench {
+
+std::string pngFile(int width, int height) {
+  QImage image(width, height, QImage::Format_ARGB32);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgba(x, y, x ^ y, 255 - x * 255 / width));
+  }
+  QBuffer file;
+  image.save(&file, "PNG");
+  return file.data().toStdString();
+}
 
 /// The kit's worker pool, which can be waited for.
 class Stage::CountedWorkers final : public WorkerPool {
  public:
   explicit CountedWorkers(std::shared_ptr<WorkerPool> pool) : pool_(std::move(pool)) {}
 
-  void post(QualityOfService quality, Task task) override {
-    {
-      const std::lock_guard lock(mutex_);
-      ++running_;
-    }
-    pool_->post(quality, [this, task = std::move(task)] {
-      task();
-      const std::lock_guard lock(mutex_);
-      if (--running_ == 0) idle_.notify_all();
-    });
-  }
+  void post(QualityOfService quality, Task task) override { pool_->post(quality, counted(std::move(task))); }
+  void postDecoding(Task task) override { pool_->postDecoding(counted(std::move(task))); }
   void postAfter(QualityOfService quality, std::chrono::microseconds delay, Task task) override {
     pool_->postAfter(quality, delay, std::move(task));
   }
@@ -33,6 +36,17 @@ class Stage::CountedWorkers final : public WorkerPool {
   }
 
  private:
+  /// The task, which counts as running from now on.
+  Task counted(Task task) {
+    const std::lock_guard lock(mutex_);
+    ++running_;
+    return [this, task = std::move(task)] {
+      task();
+      const std::lock_guard finished(mutex_);
+      if (--running_ == 0) idle_.notify_all();
+    };
+  }
+
   const std::shared_ptr<WorkerPool> pool_;
   std::mutex mutex_;
   std::condition_variable idle_;
@@ -78,6 +92,14 @@ void Stage::close() {
   const auto framesBefore = frames_;
   host()->dismiss(false);
   runUntil([&] { return gone.expired() && frames_ > framesBefore; });
+}
+
+void Stage::passThroughBackground() {
+  window_->hide();
+  QCoreApplication::processEvents();
+  const auto framesBefore = frames_;
+  window_->show();
+  runUntil([&] { return frames_ > framesBefore; });
 }
 
 std::shared_ptr<ViewController> Stage::host() const {

@@ -38,6 +38,9 @@ void runUntil(const Holds& holds) {
   }
 }
 
+/// A PNG file of a picture with many colours.
+std::string pngFile(int width, int height);
+
 /// A host's window and the kit, with a service in this process.
 class Stage {
  public:
@@ -60,8 +63,11 @@ class Stage {
   /// Closes the screen. Waits until it is destroyed and the next frame has freed its graphics resources.
   void close();
 
-  /// The page of the screen that is open.
-  std::shared_ptr<View> content() const { return screen()->state().content; }
+  /// Hides the window, which ends what the kit keeps only in the foreground, and shows it again.
+  void passThroughBackground();
+
+  /// The page of the screen that is open; null if there is none.
+  std::shared_ptr<View> content() const { return screen() ? screen()->state().content : nullptr; }
   QQuickWindow& window() const { return *window_; }
   /// The host's screen, from which the kit's screens are presented.
   std::shared_ptr<ViewController> host() const;

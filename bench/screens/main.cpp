@@ -1,8 +1,8 @@
 // Measures the screens' targets in Qt's software renderer, without a display.
 #include "Targets.h"
 #include "screens/ScreenBenches.h"
+#include "screens/TimedApplication.h"
 
-#include <QGuiApplication>
 #include <cstdio>
 #include <cstdlib>
 
@@ -10,13 +10,14 @@ int main(int argumentCount, char** arguments) {
   using namespace orrelo::bench;
   // Before the stage makes the platform. The inspector costs nothing until it is opened.
   ::setenv("ORRELO_INSPECTOR", "1", 1);
-  const QGuiApplication application(argumentCount, arguments);
+  const TimedApplication application(argumentCount, arguments);
   addCampaignScreens();
   addCarousel();
   addGifPlayback();
   addGifticonScreen();
   addHomeScreen();
   addInspector();
+  addPageOpening();
   addPointHistory();
   addWheel();
   const bool allMet = runAll(argumentCount, arguments);

@@ -3,6 +3,7 @@
 #include "quick/bridge/ViewBridge.h"
 #include "ui/StackView.h"
 
+#include <QAccessible>
 #include <QVariantList>
 
 namespace orrelo::quick {
@@ -14,11 +15,14 @@ class StackBridge final : public orrelo::quick::ViewBridge {
   QML_ELEMENT
   QML_UNCREATABLE("")
   Q_PROPERTY(QVariantList rows MEMBER rows CONSTANT)
+  /// True if assistive technology, which reads the whole page, is in use.
+  Q_PROPERTY(bool isRead MEMBER isRead CONSTANT)
 
  public:
   StackBridge(const std::shared_ptr<StackView>& view, QObject* parent);
 
   const QVariantList rows;
+  const bool isRead = QAccessible::isActive();
 };
 
 }  // namespace orrelo::quick

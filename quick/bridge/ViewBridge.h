@@ -2,6 +2,7 @@
 
 #include "quick/bridge/Conversions.h"
 #include "quick/bridge/Subscriptions.h"
+#include "quick/bridge/TextMeasure.h"
 #include "ui/View.h"
 
 #include <QObject>
@@ -32,11 +33,24 @@ class ViewBridge : public QObject {
 
   /// Passes the size of the item that draws the view to the core.
   Q_INVOKABLE void reportSize(double width, double height) { view_->setSize({width, height}); }
+  /// The height of the item that will draw the view, before it exists; -1 if only the item itself knows.
+  /// `text` is a KitText for a TextMeasure.
+  Q_INVOKABLE double heightFor(double width, QQuickItem* text) const {
+    return text != nullptr ? measuredHeight(width, TextMeasure(*text)) : unknownHeight;
+  }
 
  Q_SIGNALS:
   void stateChanged();
 
  protected:
+  static constexpr double unknownHeight = -1.0;
+
+  /// Kinds whose items take long to create tell their height, so that a page creates them after its first
+  /// frame. It must be the height of the item to the pixel, as the test of the blocks' heights checks.
+  virtual double measuredHeight(double /*width*/, const TextMeasure& /*measure*/) const {
+    return unknownHeight;
+  }
+
   /// Emits `stateChanged` immediately and at each change of `followed`.
   template <class State>
   void follow(const Followed<State>& followed) {

@@ -30,13 +30,19 @@ class PictureNode final : public QSGNode {
 
 }  // namespace
 
+BitmapItem::BitmapItem(QQuickItem* parent)
+    : QQuickItem(parent),
+      tracker_(*this, [this](ImageView::Placement placement) { takePlacement(placement); }) {
+  setFlag(ItemHasContents);
+}
+
 BitmapItem::~BitmapItem() {
   if (source_) source_->removePlacement(*this);
 }
 
 void BitmapItem::setSource(ImageBridge* source) {
   if (source == source_) return;
-  tracker_.reset();
+  reportsPlacement_ = false;
   if (source_) {
     source_->disconnect(this);
     source_->removePlacement(*this);
@@ -58,21 +64,23 @@ void BitmapItem::setCornerRadius(double radius) {
   Q_EMIT cornerRadiusChanged();
 }
 
+void BitmapItem::takePlacement(ImageView::Placement placement) {
+  const auto former = std::exchange(placement_, placement);
+  if (placement.isOnScreen != former.isOnScreen) update();
+  if (reportsPlacement_ && source_) source_->setPlacement(*this, placement);
+}
+
 void BitmapItem::showFrame() {
-  if (!source_->isAnimated()) {
-    tracker_.reset();
-  } else if (!tracker_) {
-    tracker_ = std::make_unique<PlacementTracker>(*this, [this](ImageView::Placement placement) {
-      if (source_) source_->setPlacement(*this, placement);
-    });
-  }
+  const bool isAnimated = source_->isAnimated();
+  if (isAnimated && !reportsPlacement_) source_->setPlacement(*this, placement_);
+  reportsPlacement_ = isAnimated;
   update();
 }
 
 QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
   auto* node = static_cast<PictureNode*>(former);
   const auto image = source_ ? source_->image() : nullptr;
-  if (!image || !image->bitmap.pixels || width() <= 0 || height() <= 0) {
+  if (!placement_.isOnScreen || !image || !image->bitmap.pixels || width() <= 0 || height() <= 0) {
     delete node;
     return nullptr;
   }

@@ -5,12 +5,11 @@
 
 #include <QPointer>
 #include <QQuickItem>
-#include <memory>
 
 namespace orrelo::quick {
 
-/// Draws a loaded image or a frame of an animation, stretched over the item's whole area. It reports where it
-/// is while the image is an animation.
+/// Draws a loaded image or a frame of an animation, stretched over the item's whole area. It has a texture
+/// only while it is in sight, and reports where it is while the image is an animation.
 class BitmapItem : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
@@ -20,7 +19,7 @@ class BitmapItem : public QQuickItem {
   Q_PROPERTY(double cornerRadius READ cornerRadius WRITE setCornerRadius NOTIFY cornerRadiusChanged)
 
  public:
-  explicit BitmapItem(QQuickItem* parent = nullptr) : QQuickItem(parent) { setFlag(ItemHasContents); }
+  explicit BitmapItem(QQuickItem* parent = nullptr);
   ~BitmapItem() override;
 
   ImageBridge* source() const { return source_; }
@@ -36,12 +35,15 @@ class BitmapItem : public QQuickItem {
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
+  void takePlacement(ImageView::Placement placement);
   void showFrame();
 
   QPointer<ImageBridge> source_;
   double cornerRadius_ = 0.0;
-  /// Null unless the image is an animation.
-  std::unique_ptr<PlacementTracker> tracker_;
+  /// True while the image is an animation.
+  bool reportsPlacement_ = false;
+  ImageView::Placement placement_;
+  PlacementTracker tracker_;
 };
 
 }  // namespace orrelo::quick

@@ -43,6 +43,8 @@ class ImageBridge final : public orrelo::quick::ViewBridge {
   double height() const { return autoLayout_ != nullptr ? autoLayout_->height.value() : 0.0; }
   bool showsSpinner() const { return image_.showsSpinner.value(); }
   bool showsPlayButton() const { return image_.showsPlayButton.value(); }
+  /// True with a loaded image, and while an animation is being loaded.
+  bool hasContent() const { return image_.state.value().image != nullptr || showsSpinner(); }
   /// Starts an animation that waits because the user prefers reduced motion.
   Q_INVOKABLE void play() { image_.play(); }
 

@@ -15,6 +15,8 @@ PageScroll {
     StackView {
         width: parent.width
         model: view.model.stack
+        sightTop: view.contentY
+        sightBottom: view.contentY + (view.height > 0 ? view.height : Screen.height)
     }
     // The background fills the whole page, also below the last block.
     Rectangle {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quick/bridge/ViewBridge.h"
+#include "quick/viewkit/blockHeights.h"
 #include "viewkit/InformationView.h"
 
 namespace orrelo::quick {
@@ -23,6 +24,13 @@ class InformationBridge final : public orrelo::quick::ViewBridge {
   const QString firstTitle;
   const QString secondTitle;
   const QString guideMessage;
+
+ protected:
+  double measuredHeight(double width, const TextMeasure& measure) const override {
+    const double inner = width - 2 * blockMargin;
+    return titleRowsHeight(firstTitle, secondTitle, inner, measure) +
+           measure.height(guideMessage, inner, {.size = 16.0});
+  }
 };
 
 }  // namespace orrelo::quick

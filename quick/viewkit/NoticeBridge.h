@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quick/bridge/ViewBridge.h"
+#include "quick/viewkit/blockHeights.h"
 #include "viewkit/NoticeView.h"
 
 namespace orrelo::quick {
@@ -16,6 +17,11 @@ class NoticeBridge final : public orrelo::quick::ViewBridge {
       : ViewBridge(view, parent), text(toQt(view->text)) {}
 
   const QString text;
+
+ protected:
+  double measuredHeight(double width, const TextMeasure& measure) const override {
+    return measure.height(text, width - 2 * blockMargin, {.size = 12.0, .lineHeight = 1.4});
+  }
 };
 
 }  // namespace orrelo::quick

@@ -3,7 +3,6 @@
 #include "image/gif/GifCanvas.h"
 #include "platform/threads/KitThread.h"
 
-#include <orrelo/platform/Application.h>
 #include <orrelo/platform/WorkerPool.h>
 
 #include <utility>
@@ -21,9 +20,16 @@ std::optional<Bitmap> firstFrame(const Data& data) {
 }  // namespace
 
 ImageConvertible::ImageConvertible(const Platform& platform)
-    : codec_(platform.imageCodec), workers_(platform.workers), application_(platform.application) {}
+    : codec_(platform.imageCodec),
+      workers_(platform.workers),
+      application_(platform.application),
+      background_(
+          application_->observe(Application::Signal::didEnterBackground, [weak = std::weak_ptr(kept_)] {
+            if (const auto kept = weak.lock()) kept->removeAll();
+          })) {}
 
 void ImageConvertible::value(Data data, Completion completion) {
+  if (auto kept = kept_->value(data.get())) return completion(std::move(kept));
   ImagePtr known;
   {
     const std::lock_guard lock(mutex_);
@@ -33,17 +39,22 @@ void ImageConvertible::value(Data data, Completion completion) {
       decoding.waiting.push_back(std::move(completion));
       if (decoding.waiting.size() > 1) return;
       waiting_.push_back(std::move(data));
-      startNext();
+      return startNext();
     }
   }
-  if (known) completion(known);
+  keep(known);
+  completion(std::move(known));
+}
+
+void ImageConvertible::keep(const ImagePtr& image) {
+  kept_->insert(image->encoded.get(), image, image->bitmap.size() + image->encoded->size());
 }
 
 void ImageConvertible::startNext() {
   if (running_ == maximumRunning || waiting_.empty()) return;
   ++running_;
-  workers_->post(QualityOfService::userInteractive,
-                 [self = shared_from_this(), data = std::move(waiting_.front())] { self->decode(data); });
+  workers_->postDecoding(
+      [self = shared_from_this(), data = std::move(waiting_.front())] { self->decode(data); });
   waiting_.pop_front();
 }
 
@@ -61,6 +72,7 @@ ImagePtr ImageConvertible::decoded(const Data& data) const {
 
 void ImageConvertible::decode(const Data& data) {
   const auto image = decoded(data);
+  if (image) keep(image);
   std::vector<Completion> waiting;
   {
     const std::lock_guard lock(mutex_);

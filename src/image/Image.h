@@ -1,8 +1,10 @@
 #pragma once
 
 #include "image/Data.h"
+#include "image/RecentlyUsed.h"
 
 #include <orrelo/Platform.h>
+#include <orrelo/platform/Application.h>
 #include <orrelo/platform/Bitmap.h>
 #include <orrelo/platform/ImageCodec.h>
 
@@ -27,15 +29,18 @@ struct Image {
 using ImagePtr = std::shared_ptr<const Image>;
 
 /// Decodes files to images at the main screen's scale, and encodes images. Of a GIF it gives the first frame,
-/// also without a codec. Files are decoded on the worker pool, two at a time, which limits the memory that
-/// the codec uses in addition to the bitmaps of live images. Data whose image is still alive is not decoded
-/// again.
+/// also without a codec. Files are decoded by the worker pool's `postDecoding`, two at a time, which limits
+/// the memory that the codec uses in addition to the bitmaps of live images. Data whose image is still alive
+/// is not decoded again. The images that were used last stay alive, until the application enters the
+/// background, so that a screen that is opened again has its pictures in its first frame.
 class ImageConvertible final : public DataConvertible<ImagePtr>,
                                public std::enable_shared_from_this<ImageConvertible> {
  public:
   using Completion = std::function<void(std::optional<ImagePtr>)>;
 
   static constexpr int maximumRunning = 2;
+  /// The pixels and files of the images that are kept, in bytes.
+  static constexpr std::size_t keptBudget = std::size_t{16} * 1024 * 1024;
 
   explicit ImageConvertible(const Platform& platform);
 
@@ -54,6 +59,7 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
   };
 
   ImagePtr decoded(const Data& data) const;
+  void keep(const ImagePtr& image);
   void startNext();
   void decode(const Data& data);
   void removeExpired();
@@ -61,6 +67,11 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
   std::shared_ptr<ImageCodec> codec_;
   std::shared_ptr<WorkerPool> workers_;
   std::shared_ptr<Application> application_;
+
+  /// By the address of the data.
+  using KeptImages = RecentlyUsed<const std::string*, ImagePtr>;
+  const std::shared_ptr<KeptImages> kept_ = std::make_shared<KeptImages>(keptBudget);
+  Application::Registration background_;
 
   std::mutex mutex_;
   /// Keyed by the address of the data, which stays unique while the image or the decoding owns the data.

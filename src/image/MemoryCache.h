@@ -1,12 +1,11 @@
 #pragma once
 
 #include "image/Data.h"
+#include "image/RecentlyUsed.h"
 #include "image/WrappedKey.h"
 
 #include <cstddef>
-#include <list>
-#include <mutex>
-#include <unordered_map>
+#include <utility>
 
 namespace orrelo {
 
@@ -18,35 +17,22 @@ class MemoryCache {
   /// The overhead of an entry that counts against the budget, in bytes.
   static constexpr std::size_t entryCost = 256;
 
-  explicit MemoryCache(std::size_t budget = defaultBudget) : budget_(budget) {}
+  explicit MemoryCache(std::size_t budget = defaultBudget) : entries_(budget) {}
 
-  void insert(const WrappedKey& key, Data value);
-  void remove(const WrappedKey& key);
-  void removeAll();
-  /// The data of the key; null if there is none.
-  Data value(const WrappedKey& key);
-  bool contains(const WrappedKey& key) const;
-  /// The bytes of all entries.
-  std::size_t used() const {
-    const std::lock_guard lock(mutex_);
-    return used_;
+  void insert(const WrappedKey& key, Data value) {
+    const auto cost = value->size() + entryCost;
+    entries_.insert(key, std::move(value), cost);
   }
+  void remove(const WrappedKey& key) { entries_.remove(key); }
+  void removeAll() { entries_.removeAll(); }
+  /// The data of the key; null if there is none.
+  Data value(const WrappedKey& key) { return entries_.value(key); }
+  bool contains(const WrappedKey& key) const { return entries_.contains(key); }
+  /// The bytes of all entries.
+  std::size_t used() const { return entries_.used(); }
 
  private:
-  struct Entry {
-    WrappedKey key;
-    Data value;
-    std::size_t cost() const { return value->size() + entryCost; }
-  };
-
-  void drop(std::list<Entry>::iterator entry);
-
-  const std::size_t budget_;
-  mutable std::mutex mutex_;
-  std::size_t used_ = 0;
-  /// The most recently used entry comes first.
-  std::list<Entry> entries_;
-  std::unordered_map<WrappedKey, std::list<Entry>::iterator> backingCache_;
+  RecentlyUsed<WrappedKey, Data> entries_;
 };
 
 }  // namespace orrelo

@@ -114,13 +114,22 @@ TEST_F(ImageLoaderTest, AHundredViewsShareOneRequestAndOneBitmap) {
   EXPECT_TRUE(views[0]->shown);
   EXPECT_EQ(platform_.codec->decodes, 1);
 
-  loadAll();  // no view shows the bitmap any more: the file in memory is decoded again, once
+  views.clear();
+  loadAll();  // at once, with the bitmap that is kept for the next screen
+  for (const auto& view : views) ASSERT_EQ(view->shown, views[0]->shown);
+  EXPECT_TRUE(views[0]->shown);
+  EXPECT_EQ(platform_.codec->decodes, 1);
+
+  views.clear();
+  platform_.application->send(Application::Signal::didEnterBackground);
+  loadAll();  // the bitmap was given back: the file in memory is decoded again, once
+  EXPECT_FALSE(views[0]->shown);
   platform_.loop->run();
   for (const auto& view : views) ASSERT_EQ(view->shown, views[0]->shown);
   EXPECT_TRUE(views[0]->shown);
   EXPECT_EQ(platform_.codec->decodes, 2);
   EXPECT_EQ(requested(), "https://a/x.png ");
-  EXPECT_EQ(heard_.size(), 200u);
+  EXPECT_EQ(heard_.size(), 300u);
 }
 
 TEST_F(ImageLoaderTest, TwoFilesAreDecodedAtATime) {

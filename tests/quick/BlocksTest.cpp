@@ -1,5 +1,10 @@
 #include "QuickTest.h"
 
+#include <QAccessible>
+#include <algorithm>
+#include <functional>
+#include <utility>
+
 namespace orrelo::test {
 namespace {
 
@@ -61,6 +66,78 @@ class BlocksTest : public QuickTest {
     return found;
   }
 };
+
+/// Opens a page of which nothing but a space is above the fold, without assistive technology.
+class LateBlocksTest : public BlocksTest {
+ protected:
+  LateBlocksTest() {
+    auto page = blocksPage();
+    const std::string blank = R"("blank":[24,)";
+    page.replace(page.find(blank), blank.size(), R"("blank":[2000,)");
+    service_->answers["/campaigns/c-1"] = {200, campaignReply(page)};
+    QAccessible::setActive(false);
+  }
+  ~LateBlocksTest() override { QAccessible::setActive(true); }
+
+  /// Opens the page in a new window, twice, so that its pictures are there from the beginning, and calls
+  /// `act` after the first frame.
+  void openTwice(QSize size, double textScale, const std::function<void()>& act) {
+    open(size, textScale);
+    showCampaign();
+    ASSERT_TRUE(waitFor([&] { return places().size() == blockCount; }));
+    settle();
+    host()->dismiss(false);
+    ASSERT_TRUE(waitFor([&] { return page() == nullptr; }));
+    bool hasActed = false;
+    const auto frames = QObject::connect(window_, &QQuickWindow::frameSwapped, [&] {
+      if (page() != nullptr && !std::exchange(hasActed, true)) act();
+    });
+    showCampaign();
+    ASSERT_TRUE(waitFor([&] { return hasActed; }));
+    QObject::disconnect(frames);
+  }
+  QQuickItem* page() const {
+    const auto pages = drawnBy("ModularCampaignView");
+    return pages.empty() ? nullptr : pages.front();
+  }
+  double height() const { return page()->property("contentHeight").toDouble(); }
+
+  static constexpr std::size_t blockCount = 12;
+};
+
+TEST_F(LateBlocksTest, TheHeightIsRightFromTheFirstFrame) {
+  for (const auto& [width, textScale] : {std::pair(320, 1.0), {320, 2.0}, {390, 1.0}, {600, 1.5}}) {
+    SCOPED_TRACE(testing::Message() << width << " points, scale " << textScale);
+    double firstHeight = 0.0;
+    std::size_t firstCount = 0;
+    openTwice({width, 568}, textScale, [&] {
+      firstHeight = height();
+      firstCount = places().size();
+    });
+    EXPECT_LT(firstCount, 5U) << "a space, and pictures and the web view, which are created at once";
+    ASSERT_TRUE(waitFor([&] { return places().size() == blockCount; }));
+    settle();
+    EXPECT_DOUBLE_EQ(height(), firstHeight);
+  }
+}
+
+TEST_F(LateBlocksTest, AJumpToTheEndShowsNoHole) {
+  std::size_t count = 0;
+  openTwice({390, 568}, 1.0, [&] {
+    page()->setProperty("contentY", height() - 568);
+    count = drawnBy("NoticeView").size() + drawnBy("ActionButtonView").size();
+  });
+  EXPECT_EQ(count, 2U) << "the notice and the last button";
+}
+
+TEST_F(LateBlocksTest, TheKeyboardFindsEveryBlock) {
+  std::size_t count = 0;
+  openTwice({390, 568}, 1.0, [&] {
+    press(Qt::Key_Tab);
+    count = places().size();
+  });
+  EXPECT_EQ(count, blockCount);
+}
 
 TEST_F(BlocksTest, BlocksStandInOrderWithTheSpacingThatWasSent) {
   openPage();

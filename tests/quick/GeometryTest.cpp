@@ -115,7 +115,7 @@ TEST_F(GeometryTest, CampaignPages) {
   const auto* const day = text("17일, 출석");
   const auto* const today = text("18일, 오늘");
   auto* const number17 = day->childItems().at(2);
-  auto* const belowToday = today->childItems().at(3);
+  auto* const belowToday = today->childItems().at(3)->childItems().at(0);
   const auto* const bonus = text("20일, 보너스");
   const double bonusIconHeight = imageIn(bonus)->height();
   expectSizes({

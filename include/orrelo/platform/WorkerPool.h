@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <functional>
+#include <utility>
 
 namespace orrelo {
 
@@ -20,6 +21,10 @@ class ORRELO_EXPORT WorkerPool {
 
   virtual void post(QualityOfService qos, Task task) = 0;
   virtual void postAfter(QualityOfService qos, std::chrono::microseconds delay, Task task) = 0;
+  /// Posts a task that decodes an image, which takes milliseconds of processor time; at most two are posted
+  /// at a time. The kit's own pool runs them on threads that give way to all others of the process. By
+  /// default they are tasks of the highest priority.
+  virtual void postDecoding(Task task) { post(QualityOfService::userInteractive, std::move(task)); }
 };
 
 }  // namespace orrelo

@@ -39,12 +39,15 @@ Item {
         text: cell.modelData.day
         Accessible.ignored: true
     }
-    Text {
+    Loader {
         anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: cell.height * 0.08 }
-        visible: cell.hasBottom
-        font { family: Theme.fontFamily; pixelSize: cell.bottomSize }
-        color: cell.modelData.bottomColor
-        text: cell.modelData.bottomText
-        Accessible.ignored: true
+        active: cell.hasBottom
+
+        sourceComponent: Text {
+            font { family: Theme.fontFamily; pixelSize: cell.bottomSize }
+            color: cell.modelData.bottomColor
+            text: cell.modelData.bottomText
+            Accessible.ignored: true
+        }
     }
 }

@@ -4,6 +4,7 @@
 #include "quick/bridge/ViewBridge.h"
 
 #include <QColor>
+#include <algorithm>
 
 namespace orrelo::quick {
 
@@ -34,6 +35,13 @@ class ActionButtonBridge final : public orrelo::quick::ViewBridge {
   const QColor titleColor;
 
   Q_INVOKABLE void onClick() { action_.onClick(); }
+
+ protected:
+  double measuredHeight(double width, const TextMeasure& measure) const override {
+    const double inner = width - 2 * 16.0;
+    const double label = measure.height(text, inner - 2 * 16.0, {.size = 16.0, .isBold = true});
+    return std::max(56.0, label + 24.0) + 10.0 + measure.height(statusMessage, inner, {.size = 12.0});
+  }
 
  private:
   const ActionButtonView& action_;

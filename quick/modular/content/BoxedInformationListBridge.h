@@ -2,6 +2,7 @@
 
 #include "modular/content/BoxedInformationListView.h"
 #include "quick/modular/content/InformationBoxBridge.h"
+#include "quick/viewkit/blockHeights.h"
 
 #include <QVariantList>
 
@@ -22,6 +23,18 @@ class BoxedInformationListBridge final : public orrelo::quick::ViewBridge {
 
   const QString title;
   const QVariantList boxes;
+
+ protected:
+  double measuredHeight(double width, const TextMeasure& measure) const override {
+    constexpr double spacing = 8.0;
+    const double inner = width - 2 * blockMargin;
+    double height = measure.height(title, inner, {.size = 18.0, .isBold = true});
+    for (const auto& each : boxes) {
+      if (height > 0.0) height += spacing;
+      height += each.value<InformationBoxBridge*>()->measuredHeight(inner, measure);
+    }
+    return height;
+  }
 };
 
 }  // namespace orrelo::quick

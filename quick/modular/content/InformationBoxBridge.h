@@ -41,6 +41,8 @@ class InformationBoxBridge final : public orrelo::quick::ViewBridge {
 
   double imageWidth() const { return box_.imageWidth.value().value_or(0.0); }
 
+  double measuredHeight(double width, const TextMeasure& measure) const override;
+
  private:
   const InformationBox& box_;
 };

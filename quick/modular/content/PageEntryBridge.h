@@ -4,6 +4,7 @@
 #include "quick/image/ImageBridge.h"
 
 #include <QUrl>
+#include <algorithm>
 
 namespace orrelo::quick {
 
@@ -33,6 +34,17 @@ class PageEntryBridge final : public orrelo::quick::ViewBridge {
   const QUrl tapAsset = assetFile(PageEntryView::tapAsset);
 
   Q_INVOKABLE void didAction() { entry_.didAction(); }
+
+ protected:
+  double measuredHeight(double width, const TextMeasure& measure) const override {
+    const double panel = width - 2 * 24.0;
+    const double iconAndGap = icon->hasContent() ? 32.0 + 10.0 : 0.0;
+    const double lines = panel - 20.0 - iconAndGap - 10.0 - 16.0 - 20.0;
+    const double titleHeight = measure.height(title, lines, {.size = 16.0, .isBold = true});
+    const double labelHeight = measure.height(label, lines, {.size = 12.0});
+    const double gap = titleHeight > 0.0 && labelHeight > 0.0 ? 4.0 : 0.0;
+    return std::max(64.0, titleHeight + gap + labelHeight + 32.0);
+  }
 
  private:
   const PageEntryView& entry_;

@@ -2,6 +2,7 @@
 
 #include "modular/content/TooltipInformationView.h"
 #include "quick/viewkit/TooltipBridge.h"
+#include "quick/viewkit/blockHeights.h"
 
 #include <QUrl>
 
@@ -37,6 +38,13 @@ class TooltipInformationBridge final : public orrelo::quick::ViewBridge {
   TooltipBridge* const tooltip;
 
   Q_INVOKABLE void tooltipTitleTapped() { information_.tooltipTitleTapped(); }
+
+ protected:
+  double measuredHeight(double width, const TextMeasure& measure) const override {
+    const double inner = width - 2 * blockMargin;
+    return titleRowsHeight(firstTitle, secondTitle, inner, measure) +
+           guideLineHeight(tooltipTitle, 16.0, inner, measure);
+  }
 
  private:
   TooltipInformationView& information_;

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <array>
+#include <utility>
 
 namespace orrelo::quick {
 namespace {
@@ -61,12 +62,20 @@ void paint(QPainter& painter, const RouletteDrawing::Pin& pin) {
 
 }  // namespace
 
-RoulettePart::RoulettePart(QQuickItem* parent) : QQuickPaintedItem(parent) {
+RoulettePart::RoulettePart(QQuickItem* parent) : PaintedItem(parent) {
   setAntialiasing(true);
   for (const auto changed :
        {&RoulettePart::rouletteChanged, &RoulettePart::partChanged, &RoulettePart::fontFamilyChanged}) {
     connect(this, changed, this, [this] { update(); });
   }
+}
+
+QSGNode* RoulettePart::updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) {
+  // The signals are queued to the main thread, since the scene may be rendered on another thread.
+  if (!std::exchange(hasAppeared_, true)) {
+    QMetaObject::invokeMethod(this, &RoulettePart::appeared, Qt::QueuedConnection);
+  }
+  return PaintedItem::updatePaintNode(node, data);
 }
 
 void RoulettePart::paint(QPainter* painter) {
@@ -87,7 +96,6 @@ void RoulettePart::paint(QPainter* painter) {
     }
     quick::paint(*painter, drawing.pin);
   }
-  // The signal is queued to the main thread, since painting may run on another thread.
   QMetaObject::invokeMethod(this, &RoulettePart::painted, Qt::QueuedConnection);
 }
 

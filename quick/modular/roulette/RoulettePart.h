@@ -1,16 +1,16 @@
 #pragma once
 
+#include "quick/image/PaintedItem.h"
 #include "quick/modular/roulette/RouletteBridge.h"
 
 #include <QPointer>
-#include <QQuickPaintedItem>
 
 namespace orrelo::quick {
 
-/// Paints, once, either the wheel with its rim or the parts that stand still above it. The item's position
-/// and size select the painted section of the drawing. The rim is rotationally symmetric, so it can turn with
-/// the wheel and needs no texture of its own.
-class RoulettePart : public QQuickPaintedItem {
+/// Paints, when it comes into sight, either the wheel with its rim or the parts that stand still above it.
+/// The item's position and size select the painted section of the drawing. The rim is rotationally symmetric,
+/// so it can turn with the wheel and needs no texture of its own.
+class RoulettePart : public orrelo::quick::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(orrelo::quick::RouletteBridge* roulette MEMBER roulette_ NOTIFY rouletteChanged REQUIRED)
@@ -29,13 +29,19 @@ class RoulettePart : public QQuickPaintedItem {
   void rouletteChanged();
   void partChanged();
   void fontFamilyChanged();
+  /// Emitted with the item's first frame, whether it is in sight or not.
+  void appeared();
   /// Emitted after each painting.
   void painted();
+
+ protected:
+  QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
   QPointer<RouletteBridge> roulette_;
   Part part_ = Wheel;
   QString fontFamily_;
+  bool hasAppeared_ = false;
 };
 
 }  // namespace orrelo::quick

@@ -1,7 +1,7 @@
 import QtQuick
 import Orrelo.Kit
 
-/// A wheel of fortune, which is painted once and then rotated as the core requests.
+/// A wheel of fortune, which is painted once it is in sight and then rotated as the core requests.
 Item {
     id: view
 
@@ -40,7 +40,8 @@ Item {
             // The software renderer rotates a layer smoothly, but not a painted item.
             layer { enabled: true; smooth: true }
             fontFamily: Theme.fontFamily
-            onPainted: view.model.wheelDidAppear()
+            // A wheel that must spin does so below the fold, too.
+            onAppeared: view.model.wheelDidAppear()
         }
         RoulettePart {
             // Kept as small as possible, because it is blended again in every frame of the rotation.

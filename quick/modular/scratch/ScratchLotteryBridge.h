@@ -57,6 +57,9 @@ class ScratchLotteryBridge final : public orrelo::quick::ViewBridge {
   /// Parts of the mask may have been removed.
   void maskTouched();
 
+ protected:
+  double measuredHeight(double /*width*/, const TextMeasure& /*measure*/) const override { return 80.0; }
+
  private:
   template <class Handler>
   void touch(Handler handler) {

@@ -2,11 +2,15 @@
 
 #include <QImageReader>
 #include <QPainter>
+#include <QPixmap>
+#include <QPixmapCache>
+#include <algorithm>
+#include <cstdint>
 
 namespace orrelo::quick {
 namespace {
 
-QImage maskPicture(QSize size) {
+QImage readMaskPicture(QSize size) {
   QImageReader reader(QLatin1Char(':') + assetFile(ScratchMaskView::asset).path());
   reader.setScaledSize(size);
   auto picture = reader.read();
@@ -15,6 +19,22 @@ QImage maskPicture(QSize size) {
     picture.fill(QColor(0xc9, 0xce, 0xd6));
   }
   return picture.scaled(size).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+// Shared by all cards of one size, and kept by Qt for the page that follows.
+QImage maskPicture(QSize size) {
+  const auto key = QStringLiteral("orrelo/scratch_mask/%1x%2").arg(size.width()).arg(size.height());
+  QPixmap picture;
+  if (!QPixmapCache::find(key, &picture)) {
+    picture = QPixmap::fromImage(readMaskPicture(size));
+    QPixmapCache::insert(key, picture);
+  }
+  return picture.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+bool isIntact(const AlphaMask& mask) {
+  return std::all_of(mask.pixels().begin(), mask.pixels().end(),
+                     [](std::uint8_t alpha) { return alpha == 255; });
 }
 
 QRgb faded(QRgb pixel, int alpha) {
@@ -34,7 +54,7 @@ void ScratchMaskItem::setLottery(ScratchLotteryBridge* lottery) {
 }
 
 void ScratchMaskItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
-  QQuickPaintedItem::geometryChange(newGeometry, oldGeometry);
+  PaintedItem::geometryChange(newGeometry, oldGeometry);
   takeTouched();
 }
 
@@ -42,13 +62,14 @@ void ScratchMaskItem::takeTouched() {
   if (!lottery_ || width() <= 0 || height() <= 0) return;
   lottery_->mask().setSize({width(), height()});
   const auto* const mask = lottery_->mask().mask();
-  if (mask == nullptr) return;
+  if (mask == nullptr || !isInSight()) return;
   const QSize size(mask->width(), mask->height());
   auto touched = lottery_->mask().takeTouched();
   if (picture_.size() != size) {
     picture_ = maskPicture(size);
     masked_ = picture_;
-    touched = mask->bounds();
+    touched = isIntact(*mask) ? PixelRect() : mask->bounds();
+    update();
   }
   if (touched.isEmpty()) return;
   for (int y = touched.y; y < touched.y + touched.height; ++y) {

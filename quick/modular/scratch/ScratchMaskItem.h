@@ -1,22 +1,22 @@
 #pragma once
 
+#include "quick/image/PaintedItem.h"
 #include "quick/modular/scratch/ScratchLotteryBridge.h"
 
 #include <QImage>
 #include <QPointer>
-#include <QQuickPaintedItem>
 
 namespace orrelo::quick {
 
 /// Paints the mask's image where it has not been scratched off. Only the touched area is updated.
-class ScratchMaskItem : public QQuickPaintedItem {
+class ScratchMaskItem : public orrelo::quick::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(orrelo::quick::ScratchLotteryBridge* lottery READ lottery WRITE setLottery NOTIFY lotteryChanged
                  REQUIRED)
 
  public:
-  using QQuickPaintedItem::QQuickPaintedItem;
+  using PaintedItem::PaintedItem;
 
   ScratchLotteryBridge* lottery() const { return lottery_; }
   void setLottery(ScratchLotteryBridge* lottery);
@@ -27,6 +27,7 @@ class ScratchMaskItem : public QQuickPaintedItem {
   void lotteryChanged();
 
  protected:
+  void comeIntoSight() override { takeTouched(); }
   void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
 
  private:

@@ -21,20 +21,31 @@
 namespace orrelo {
 namespace {
 
-// Called by each worker, whose work must not delay the host's threads. The nice value gives precedence to the
-// main thread, which may be building a screen while workers decode images. SCHED_BATCH keeps a worker that
+/// What the threads of a group have in common. A thread keeps its nice value: an unprivileged process may
+/// only raise it, which is why decoding has threads of its own.
+struct Group {
+  const char* name;
+  std::size_t maximumCount;
+  int nice;
+};
+
+constexpr Group workerGroup{.name = "orrelo-worker", .maximumCount = 4, .nice = 5};
+// Two threads that decode give way to the main thread, which builds the screen that shows the images.
+constexpr Group decoderGroup{.name = "orrelo-decoder", .maximumCount = 2, .nice = 19};
+
+// Called by each thread, whose work must not delay the host's threads. SCHED_BATCH keeps a worker that
 // `sendEvent` wakes from preempting the caller before the call returns.
-void lowerPriority() {
+void lowerPriority([[maybe_unused]] int nice) {
 #ifdef __linux__  // elsewhere both calls affect the whole process
   const sched_param batchPriority{};
   pthread_setschedparam(pthread_self(), SCHED_BATCH, &batchPriority);
-  setpriority(PRIO_PROCESS, 0, 5);
+  setpriority(PRIO_PROCESS, 0, nice);
 #endif
 }
 
 }  // namespace
 
-struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::State> {
+struct PosixWorkerPool::Threads : std::enable_shared_from_this<PosixWorkerPool::Threads> {
   /// A delayed task and the index of the queue that it enters when it is due.
   struct Delayed {
     std::size_t queue;
@@ -47,10 +58,13 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
     bool isAwake = true;
   };
 
+  explicit Threads(const Group& kind) : group(kind) {}
+
+  const Group group;
   std::mutex mutex;
   std::array<std::deque<Task>, 5> ready;  // one for each QualityOfService
   DelayedTasks<Delayed> delayed;
-  std::array<Worker, 4> workers;
+  std::array<Worker, 4> workers;  // of which the group uses its maximum count
   std::size_t started = 0;
   std::vector<Worker*> sleeping;
   /// The sleeping worker that wakes up when the first delayed task is due.
@@ -85,11 +99,11 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
       worker->isAwake = true;
       return worker;
     }
-    if (started == workers.size()) return nullptr;
+    if (started == group.maximumCount) return nullptr;
     try {
       auto& worker = workers[started];
       worker.thread =
-          startKitThread("orrelo-worker", [self = shared_from_this(), &worker] { self->work(worker); });
+          startKitThread(group.name, [self = shared_from_this(), &worker] { self->work(worker); });
       ++started;
     } catch (const std::system_error& error) {
       if (started == 0) startFailure = error.what();
@@ -107,7 +121,7 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
   }
 
   void work(Worker& worker) {
-    lowerPriority();
+    lowerPriority(group.nice);
     std::unique_lock lock(mutex);
     bool hasYielded = false;
     while (!stopping) {
@@ -150,58 +164,75 @@ struct PosixWorkerPool::State : std::enable_shared_from_this<PosixWorkerPool::St
     }
     if (!worker.isAwake) std::erase(sleeping, &worker);
   }
+
+  void post(QualityOfService qos, Task task) {
+    if (isExiting()) return;
+    Worker* worker = nullptr;
+    std::string failure;
+    {
+      const std::lock_guard lock(mutex);
+      ready[static_cast<std::size_t>(qos)].push_back(std::move(task));
+      worker = acquireWorker();
+      failure.swap(startFailure);
+    }
+    report(failure);
+    if (worker != nullptr) worker->wake.notify_one();
+  }
+
+  void postAfter(QualityOfService qos, std::chrono::microseconds delay, Task task) {
+    if (isExiting()) return;
+    const auto due = DelayedTasks<Delayed>::after(delay);
+    Worker* worker = nullptr;
+    std::string failure;
+    {
+      const std::lock_guard lock(mutex);
+      const bool isFirst = delayed.add(due, {static_cast<std::size_t>(qos), std::move(task)});
+      // The timekeeper waits for a later task and must wake up to wait for this one.
+      if (isFirst && timekeeper != nullptr) {
+        worker = timekeeper;
+        if (!worker->isAwake) std::erase(sleeping, worker);
+        worker->isAwake = true;
+      } else if (isFirst) {
+        worker = acquireWorker();
+      }
+      failure.swap(startFailure);
+    }
+    report(failure);
+    if (worker != nullptr) worker->wake.notify_one();
+  }
+
+  void stop() {
+    {
+      const std::lock_guard lock(mutex);
+      stopping = true;
+      for (auto* worker : sleeping) {
+        worker->isAwake = true;
+        worker->wake.notify_one();
+      }
+      sleeping.clear();
+    }
+    for (auto& worker : workers) finish(worker.thread);
+  }
 };
 
-PosixWorkerPool::PosixWorkerPool() : state_(std::make_shared<State>()) {}
+PosixWorkerPool::PosixWorkerPool()
+    : workers_(std::make_shared<Threads>(workerGroup)), decoders_(std::make_shared<Threads>(decoderGroup)) {}
 
 PosixWorkerPool::~PosixWorkerPool() {
-  {
-    const std::lock_guard lock(state_->mutex);
-    state_->stopping = true;
-    for (auto* worker : state_->sleeping) {
-      worker->isAwake = true;
-      worker->wake.notify_one();
-    }
-    state_->sleeping.clear();
-  }
-  for (auto& worker : state_->workers) finish(worker.thread);
+  for (const auto& threads : {workers_, decoders_}) threads->stop();
 }
 
 void PosixWorkerPool::post(QualityOfService qos, Task task) {
-  if (isExiting()) return;
-  State::Worker* worker = nullptr;
-  std::string failure;
-  {
-    const std::lock_guard lock(state_->mutex);
-    state_->ready[static_cast<std::size_t>(qos)].push_back(std::move(task));
-    worker = state_->acquireWorker();
-    failure.swap(state_->startFailure);
-  }
-  State::report(failure);
-  if (worker != nullptr) worker->wake.notify_one();
+  workers_->post(qos, std::move(task));
+}
+
+void PosixWorkerPool::postDecoding(Task task) {
+  decoders_->post(QualityOfService::userInteractive, std::move(task));
 }
 
 void PosixWorkerPool::postAfter(QualityOfService qos, std::chrono::microseconds delay, Task task) {
   if (delay.count() <= 0) return post(qos, std::move(task));
-  if (isExiting()) return;
-  const auto due = DelayedTasks<State::Delayed>::after(delay);
-  State::Worker* worker = nullptr;
-  std::string failure;
-  {
-    const std::lock_guard lock(state_->mutex);
-    const bool isFirst = state_->delayed.add(due, {static_cast<std::size_t>(qos), std::move(task)});
-    // The timekeeper waits for a later task and must wake up to wait for this one.
-    if (isFirst && state_->timekeeper != nullptr) {
-      worker = state_->timekeeper;
-      if (!worker->isAwake) std::erase(state_->sleeping, worker);
-      worker->isAwake = true;
-    } else if (isFirst) {
-      worker = state_->acquireWorker();
-    }
-    failure.swap(state_->startFailure);
-  }
-  State::report(failure);
-  if (worker != nullptr) worker->wake.notify_one();
+  workers_->postAfter(qos, delay, std::move(task));
 }
 
 }  // namespace orrelo

@@ -6,8 +6,8 @@
 
 namespace orrelo {
 
-/// A pool of at most four threads, which are started on demand, but not by posts of the stores' thread. Tasks
-/// that have not started when the process begins to exit are not run.
+/// A pool of at most four threads, and two more for decoding, which are started on demand, but not by posts
+/// of the stores' thread. Tasks that have not started when the process begins to exit are not run.
 class PosixWorkerPool final : public WorkerPool {
  public:
   PosixWorkerPool();
@@ -16,10 +16,12 @@ class PosixWorkerPool final : public WorkerPool {
 
   void post(QualityOfService qos, Task task) override;
   void postAfter(QualityOfService qos, std::chrono::microseconds delay, Task task) override;
+  void postDecoding(Task task) override;
 
  private:
-  struct State;
-  std::shared_ptr<State> state_;
+  struct Threads;
+  const std::shared_ptr<Threads> workers_;
+  const std::shared_ptr<Threads> decoders_;
 };
 
 }  // namespace orrelo
