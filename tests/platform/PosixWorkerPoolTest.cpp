@@ -15,6 +15,7 @@
 #include <mutex>
 #include <stdexcept>
 #include <string>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -127,6 +128,25 @@ TEST_F(PosixWorkerPoolTest, usesFourThreadsAndSurvivesWhatATaskThrows) {
   occupy();  // ends only if four tasks run at once
   oneReleased_.count_down();
   released_.count_down();
+}
+
+TEST_F(PosixWorkerPoolTest, decodesOnTwoThreadsThatGiveWayToTheOthers) {
+  const auto niceHere = [] { return getpriority(PRIO_PROCESS, 0); };
+  occupy();  // decoding waits for no worker
+  std::array<std::promise<int>, 2> decoders;
+  std::latch bothRun{2};
+  for (auto& nice : decoders) {
+    pool_->postDecoding([&] {
+      bothRun.arrive_and_wait();
+      nice.set_value(niceHere());
+    });
+  }
+  for (auto& nice : decoders) EXPECT_EQ(nice.get_future().get(), 19);
+  std::promise<int> worker;
+  pool_->post(QualityOfService::userInteractive, [&] { worker.set_value(niceHere()); });
+  oneReleased_.count_down();
+  released_.count_down();
+  EXPECT_EQ(worker.get_future().get(), 5);
 }
 
 TEST_F(PosixWorkerPoolTest, takesTasksFromManyThreadsAndFromTasks) {

@@ -121,6 +121,17 @@ TEST_F(LateBlocksTest, TheHeightIsRightFromTheFirstFrame) {
   }
 }
 
+TEST_F(LateBlocksTest, APageThatIsOpenedAgainHasItsPicturesInItsFirstFrame) {
+  std::size_t firstCount = 0;
+  openTwice({390, 568}, 1.0, [&] {
+    press(Qt::Key_Tab);  // creates all blocks
+    firstCount = drawnBy("KitImage").size();
+  });
+  settle();
+  EXPECT_EQ(firstCount, 5U) << "two pictures, two in boxes and an icon";
+  EXPECT_EQ(drawnBy("KitImage").size(), firstCount);
+}
+
 TEST_F(LateBlocksTest, AJumpToTheEndShowsNoHole) {
   std::size_t count = 0;
   openTwice({390, 568}, 1.0, [&] {

@@ -1,6 +1,10 @@
 #include "QuickTest.h"
 
+#include <QQuickPaintedItem>
+#include <QSignalSpy>
 #include <algorithm>
+#include <memory>
+#include <string_view>
 #include <vector>
 
 namespace orrelo::test {
@@ -108,6 +112,27 @@ TEST_F(GamesTest, TheWheelSpinsToItsSectorAndTheServiceIsTold) {
   const auto done = grab("roulette-done");
   EXPECT_GT(differing(idle, done), 1000);
   EXPECT_EQ(service_->timesAsked("/done"), 1);
+}
+
+TEST_F(GamesTest, AWheelBelowTheFoldSpinsAndIsPaintedWhenItComesIntoSight) {
+  const auto farDown = [](std::string page) {
+    constexpr std::string_view blank = R"("blank":[24,)";
+    return page.replace(page.find(blank), blank.size(), R"("blank":[2000,)");
+  };
+  service_->answers["/done"] = {200, farDown(wheelPage(R"({"state":"done","result_index":2})"))};
+  openPage(farDown(wheelPage(R"({"state":"running","result_index":2,"done_url":"/done"})")));
+  ASSERT_TRUE(waitFor([&] { return !drawnBy("RouletteView").empty(); }));
+  std::vector<std::unique_ptr<QSignalSpy>> paints;
+  for (auto* const part : drawnBy("RouletteView").front()->findChildren<QQuickPaintedItem*>()) {
+    paints.push_back(std::make_unique<QSignalSpy>(part, SIGNAL(painted())));
+  }
+  ASSERT_EQ(paints.size(), 2U) << "the wheel and what stands still above it";
+  const auto above = grab("roulette-below-the-fold");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return service_->timesAsked("/done") == 1; }, 8000));
+  for (const auto& spy : paints) EXPECT_EQ(spy->count(), 0);
+  settle();
+  press(Qt::Key_End);
+  EXPECT_GT(differing(above, grab("roulette-scrolled-to")), 10'000);
 }
 
 TEST_F(GamesTest, ACardIsScratchedByStrokesThatDriftAndTheServiceIsToldOnce) {
