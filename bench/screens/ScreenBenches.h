@@ -8,6 +8,7 @@ void addGifPlayback();
 void addGifticonScreen();
 void addHomeScreen();
 void addInspector();
+void addFrontSize();
 void addPointHistory();
 void addWheel();
 

@@ -18,6 +18,7 @@ int main(int argumentCount, char** arguments) {
   addHomeScreen();
   addInspector();
   addPointHistory();
+  addFrontSize();
   addWheel();
   const bool allMet = runAll(argumentCount, arguments);
   std::fflush(stdout);
