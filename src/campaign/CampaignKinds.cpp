@@ -47,8 +47,8 @@ constexpr CampaignKind kind(bool (*matches)(std::string_view pageType)) {
     using Detail = typename Kind::Detail;
     row.detail = alternativeIndex<Detail>(std::type_identity<PageDetailDTO::Kind>());
     row.decode = &Kind::decode;
-    row.map = [](PageDetailDTO::Kind&& detail, Campaign& campaign) -> Campaign::CampaignType {
-      return Kind::map(std::get<Detail>(std::move(detail)), campaign);
+    row.map = [](PageDetailDTO::Kind&& detail, Campaign& campaign) {
+      campaign.type = Kind::map(std::get<Detail>(std::move(detail)), campaign);
     };
   }
   return row;
