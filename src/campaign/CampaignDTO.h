@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/InPlace.h"
 #include "base/Json.h"
 #include "campaign/PageDetailDTO.h"
 
@@ -45,7 +46,7 @@ struct CampaignDTO {
     std::vector<std::invoke_result_t<Map&, CampaignDTO&&>> list;
     visitList(json, [&](std::size_t count, CampaignDTO&& dto) {
       list.reserve(count);
-      list.push_back(map(std::move(dto)));
+      list.emplace_back(InPlace([&] { return map(std::move(dto)); }));
     });
     return list;
   }

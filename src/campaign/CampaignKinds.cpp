@@ -1,5 +1,6 @@
 #include "campaign/CampaignKinds.h"
 
+#include "base/InPlace.h"
 #include "campaign/attendance/AttendanceCampaignKind.h"
 #include "campaign/deprecated/DeprecatedCampaignKind.h"
 #include "campaign/modular/ModularCampaignKind.h"
@@ -48,7 +49,12 @@ constexpr CampaignKind kind(bool (*matches)(std::string_view pageType)) {
     row.detail = alternativeIndex<Detail>(std::type_identity<PageDetailDTO::Kind>());
     row.decode = &Kind::decode;
     row.map = [](PageDetailDTO::Kind&& detail, Campaign& campaign) {
-      campaign.type = Kind::map(std::get<Detail>(std::move(detail)), campaign);
+      const auto map = [&] { return Kind::map(std::get<Detail>(std::move(detail)), campaign); };
+      if constexpr (std::is_same_v<decltype(map()), Record>) {
+        campaign.type.template emplace<Record>(InPlace(map));
+      } else {
+        campaign.type = map();
+      }
     };
   }
   return row;
