@@ -5,8 +5,8 @@
 
 namespace orrelo {
 
-/// The argument of an `emplace` whose new element is the result of `make`. The result is constructed in its place
-/// and not moved there, which matters for records of many texts.
+/// The argument of an `emplace` whose new element is the result of `make`. The result is constructed in its
+/// place and not moved there, which matters for records of many texts.
 template <class Make>
 class InPlace {
  public:
