@@ -14,5 +14,6 @@ void addScratch();
 void addModular();
 void addWebKit();
 void addPush();
+void addSize();
 
 }  // namespace orrelo::bench

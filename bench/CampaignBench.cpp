@@ -52,9 +52,8 @@ std::vector<double> measure() {
     benchmark::DoNotOptimize(element);
   };
   const auto read = [&] {
-    std::vector<Campaign> campaigns;
-    CampaignDTO::decodeList(
-        json, [&](CampaignDTO&& dto) { campaigns.push_back(CampaignMapper().map(std::move(dto))); });
+    const auto campaigns =
+        CampaignDTO::decodeList(json, [](CampaignDTO&& dto) { return CampaignMapper().map(std::move(dto)); });
     if (campaigns.size() != 100) throw std::runtime_error("campaigns are missing");
     benchmark::DoNotOptimize(campaigns);
   };
@@ -73,7 +72,7 @@ std::vector<double> measure() {
 }  // namespace
 
 void addCampaign() {
-  add({{"reading 100 campaigns, against a bare parse", "times", 6}}, &measure);
+  add({{"reading 100 campaigns, against a bare parse", "times", 4}}, &measure);
 }
 
 }  // namespace orrelo::bench

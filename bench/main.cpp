@@ -6,6 +6,7 @@
 
 int main(int argumentCount, char** arguments) {
   using namespace orrelo::bench;
+  addSize();
   addChain();
   addCampaign();
   addImage();

@@ -37,30 +37,50 @@ function(orrelo_exports target)
     return()
   endif()
   set(map ${PROJECT_SOURCE_DIR}/cmake/exports.map)
-  target_link_options(${target} PRIVATE -Wl,--version-script=${map} -Wl,-z,nodelete -Wl,-z,defs)
+  target_link_options(${target} PRIVATE -Wl,--version-script=${map} -Wl,-z,nodelete -Wl,-z,defs
+    ${ORRELO_SIZE_LINK_OPTIONS})
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${map})
 endfunction()
 
-# Precompiles the standard library's headers that most files include, once for all targets without Qt. Each
-# file must still include what it uses, so that a build with CMAKE_DISABLE_PRECOMPILE_HEADERS works.
-file(CONFIGURE OUTPUT precompiled.cpp CONTENT "")
-add_library(orrelo_precompiled OBJECT ${PROJECT_BINARY_DIR}/precompiled.cpp)
-target_link_libraries(orrelo_precompiled PRIVATE orrelo_options)
-target_precompile_headers(orrelo_precompiled PRIVATE
-  <algorithm> <array> <atomic> <chrono> <cmath> <cstdint> <deque> <functional> <map> <memory> <mutex> <optional> <string>
-  <string_view> <tuple> <utility> <variant> <vector>)
+# Precompiles the standard library's headers that most files include, once for all targets without Qt and each
+# optimisation, which a precompiled header must share. Each file must still include what it uses, so that a build
+# with CMAKE_DISABLE_PRECOMPILE_HEADERS works.
+function(orrelo_precompile name)
+  file(CONFIGURE OUTPUT ${name}.cpp CONTENT "")
+  add_library(orrelo_${name} OBJECT ${PROJECT_BINARY_DIR}/${name}.cpp)
+  target_link_libraries(orrelo_${name} PRIVATE orrelo_options)
+  target_compile_options(orrelo_${name} PRIVATE ${ARGN})
+  target_precompile_headers(orrelo_${name} PRIVATE
+    <algorithm> <array> <atomic> <chrono> <cmath> <cstdint> <deque> <functional> <map> <memory> <mutex> <optional>
+    <string> <string_view> <tuple> <utility> <variant> <vector>)
+endfunction()
+orrelo_precompile(precompiled ${ORRELO_SIZE_FLAGS})
+if(ORRELO_FOR_SIZE)
+  orrelo_precompile(precompiled_fast ${ORRELO_SPEED_FLAGS})
+endif()
 
-# orrelo_subsystem(<name> SOURCES <file>... [USES <subsystem>...] [LINKS <library>...])
+# orrelo_subsystem(<name> SOURCES <file>... [FAST <file>...] [USES <subsystem>...] [LINKS <library>...])
 #
-# Defines the target of one folder of src/. USES names the subsystems that it may include from. The compiler
-# does not enforce this list; the test `include_order` does.
+# Defines the target of one folder of src/. FAST names the sources on paths that the benchmarks measure, see
+# OrreloSize.cmake. USES names the subsystems that it may include from. The compiler does not enforce this list; the
+# test `include_order` does.
 function(orrelo_subsystem name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LINKS")
-  add_library(orrelo_${name} OBJECT ${arg_SOURCES})
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;FAST;USES;LINKS")
+  list(TRANSFORM arg_USES PREPEND orrelo_)
+  if(ORRELO_FOR_SIZE AND arg_FAST)
+    orrelo_objects(${name}_fast precompiled_fast "${ORRELO_SPEED_FLAGS}" ${arg_FAST})
+    set(arg_FAST "")
+  endif()
+  orrelo_objects(${name} precompiled "${ORRELO_SIZE_FLAGS}" ${arg_SOURCES} ${arg_FAST})
+endfunction()
+
+# Uses the lists of the function above.
+function(orrelo_objects name precompiled flags)
+  add_library(orrelo_${name} OBJECT ${ARGN})
   target_include_directories(orrelo_${name} PUBLIC
     ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
-  list(TRANSFORM arg_USES PREPEND orrelo_)
   target_link_libraries(orrelo_${name} PUBLIC ${arg_USES} ${arg_LINKS} PRIVATE orrelo_options)
-  target_precompile_headers(orrelo_${name} REUSE_FROM orrelo_precompiled)
+  target_compile_options(orrelo_${name} PRIVATE ${flags})
+  target_precompile_headers(orrelo_${name} REUSE_FROM orrelo_${precompiled})
   set_property(GLOBAL APPEND PROPERTY ORRELO_SUBSYSTEMS orrelo_${name})
 endfunction()

@@ -19,7 +19,13 @@ constexpr std::array<std::string_view, 25> blanks{
     "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",
     "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"};
 
+// False only for the characters of ASCII that are visible.
+bool mayBelongToBlank(char c) {
+  return c <= ' ' || c > '~';
+}
+
 std::string_view trimmed(std::string_view text) {
+  if (!text.empty() && !mayBelongToBlank(text.front()) && !mayBelongToBlank(text.back())) return text;
   const auto leads = [&text](std::string_view blank) { return text.starts_with(blank); };
   const auto ends = [&text](std::string_view blank) { return text.ends_with(blank); };
   for (auto blank = blanks.end();

@@ -24,6 +24,28 @@ Node node(JsonHandle handle) {
   return std::bit_cast<Node>(handle);
 }
 
+// Finds the first field with this key. Records are decoded key by key, so this runs for every field.
+// Comparing the first characters excludes most keys of the same length without a call of memcmp.
+inline bool findField(JsonHandle handle, std::string_view key, dom::element& value) {
+  const auto object = node<dom::object>(handle);
+  const char first = key.empty() ? '\0' : key.front();
+  const auto end = object.end();
+  for (auto field = object.begin(); field != end; ++field) {
+    if (field.key_length() != key.size() || *field.key_c_str() != first || !field.key_equals(key)) continue;
+    value = field.value();
+    return true;
+  }
+  return false;
+}
+
+// The text of a field; nullopt if there is none, whatever the reason.
+inline std::optional<std::string_view> findText(JsonHandle handle, std::string_view key) {
+  dom::element element;
+  std::string_view text;
+  const bool isText = findField(handle, key, element) && element.get(text) == simdjson::SUCCESS;
+  return isText ? std::optional(text) : std::nullopt;
+}
+
 // The key, or the whole place in the document if somebody reads why a part of it is left out.
 std::string nameOf(const JsonObject& object, std::string_view key) {
   std::string name = "\"";
@@ -123,8 +145,7 @@ JsonArray JsonValue::arrayValue() const {
 
 std::optional<JsonValue> JsonObject::find(std::string_view key) const {
   dom::element element;
-  const auto error = node<dom::object>(handle_).at_key(key).get(element);
-  return error == simdjson::SUCCESS ? std::optional(JsonValue(handleOf(element))) : std::nullopt;
+  return findField(handle_, key, element) ? std::optional(JsonValue(handleOf(element))) : std::nullopt;
 }
 
 std::size_t JsonObject::size() const {
@@ -158,6 +179,7 @@ std::int64_t JsonObject::integer(std::string_view key) const {
 }
 
 std::string JsonObject::text(std::string_view key) const {
+  if (const auto text = findText(handle_, key)) return std::string(*text);
   return std::string(required(
       require(key).asText(), [&] { return nameOf(*this, key); }, "a text"));
 }
@@ -173,6 +195,7 @@ JsonArray JsonObject::array(std::string_view key) const {
 }
 
 std::optional<std::string> JsonObject::optionalText(std::string_view key) const {
+  if (const auto text = findText(handle_, key)) return std::string(*text);
   const auto value = find(key);
   if (!value || value->isNull()) return std::nullopt;
   return std::string(required(

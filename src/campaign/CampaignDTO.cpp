@@ -36,9 +36,12 @@ CampaignDTO CampaignDTO::decode(std::string_view json) {
   return readDocument(json, [](const JsonValue& campaign) { return decode(campaign.objectValue()); });
 }
 
-void CampaignDTO::decodeList(std::string_view json, const std::function<void(CampaignDTO&&)>& visit) {
+void CampaignDTO::visitList(std::string_view json,
+                            const std::function<void(std::size_t, CampaignDTO&&)>& visit) {
   readDocument(json, [&visit](const JsonValue& list) {
-    list.arrayValue().forEach([&visit](const JsonValue& row) { visit(decode(row.objectValue())); });
+    const auto rows = list.arrayValue();
+    rows.forEach(
+        [&visit, count = rows.size()](const JsonValue& row) { visit(count, decode(row.objectValue())); });
   });
 }
 

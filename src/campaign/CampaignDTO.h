@@ -1,11 +1,16 @@
 #pragma once
 
+#include "base/InPlace.h"
 #include "base/Json.h"
 #include "campaign/PageDetailDTO.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
 
 namespace orrelo {
 
@@ -34,11 +39,23 @@ struct CampaignDTO {
   /// Throw a DecodingError.
   static CampaignDTO decode(std::string_view json);
   static CampaignDTO decode(const JsonObject& json);
-  /// Calls `visit` for each campaign of a list, in order. Throws at the first campaign that cannot be
-  /// decoded.
-  static void decodeList(std::string_view json, const std::function<void(CampaignDTO&&)>& visit);
+  /// Returns the results of `map`, called for each campaign of a list in order. Throws at the first campaign
+  /// that cannot be decoded.
+  template <class Map>
+  static auto decodeList(std::string_view json, Map map) {
+    std::vector<std::invoke_result_t<Map&, CampaignDTO&&>> list;
+    visitList(json, [&](std::size_t count, CampaignDTO&& dto) {
+      list.reserve(count);
+      list.emplace_back(InPlace([&] { return map(std::move(dto)); }));
+    });
+    return list;
+  }
 
   friend bool operator==(const CampaignDTO&, const CampaignDTO&) = default;
+
+ private:
+  /// Calls `visit` for each campaign, with the number of all.
+  static void visitList(std::string_view json, const std::function<void(std::size_t, CampaignDTO&&)>& visit);
 };
 
 }  // namespace orrelo

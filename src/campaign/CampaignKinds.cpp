@@ -1,5 +1,6 @@
 #include "campaign/CampaignKinds.h"
 
+#include "base/InPlace.h"
 #include "campaign/attendance/AttendanceCampaignKind.h"
 #include "campaign/deprecated/DeprecatedCampaignKind.h"
 #include "campaign/modular/ModularCampaignKind.h"
@@ -47,8 +48,13 @@ constexpr CampaignKind kind(bool (*matches)(std::string_view pageType)) {
     using Detail = typename Kind::Detail;
     row.detail = alternativeIndex<Detail>(std::type_identity<PageDetailDTO::Kind>());
     row.decode = &Kind::decode;
-    row.map = [](PageDetailDTO::Kind&& detail, Campaign& campaign) -> Campaign::CampaignType {
-      return Kind::map(std::get<Detail>(std::move(detail)), campaign);
+    row.map = [](PageDetailDTO::Kind&& detail, Campaign& campaign) {
+      const auto map = [&] { return Kind::map(std::get<Detail>(std::move(detail)), campaign); };
+      if constexpr (std::is_same_v<decltype(map()), Record>) {
+        campaign.type.template emplace<Record>(InPlace(map));
+      } else {
+        campaign.type = map();
+      }
     };
   }
   return row;

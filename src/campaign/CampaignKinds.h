@@ -27,9 +27,9 @@ struct CampaignKind {
   bool (*matches)(std::string_view pageType) = nullptr;
   /// Decodes the page's detail; throws a DecodingError.
   PageDetailDTO (*decode)(const JsonObject& page) = nullptr;
-  /// Maps the detail to the record. The fields of `campaign` that are common to all kinds are set; a kind may
-  /// replace the title.
-  Campaign::CampaignType (*map)(PageDetailDTO::Kind&& detail, Campaign& campaign) = nullptr;
+  /// Maps the detail to the campaign's record. The fields of `campaign` that are common to all kinds are set;
+  /// a kind may replace the title.
+  void (*map)(PageDetailDTO::Kind&& detail, Campaign& campaign) = nullptr;
 
   /// The page name in the event "ol_visit".
   std::string (*pageName)(const Campaign& campaign) = nullptr;

@@ -10,7 +10,7 @@ Campaign CampaignMapper::map(CampaignDTO&& dto) const {
   auto& detail = dto.page.pageDetail;
   Campaign campaign{std::move(dto.id), std::move(dto.label), std::move(dto.name), std::move(dto.iconUrl),
                     std::move(detail.toolbarText)};
-  campaign.type = kindOf(detail.kind).map(std::move(detail.kind), campaign);
+  kindOf(detail.kind).map(std::move(detail.kind), campaign);
   return campaign;
 }
 

@@ -24,10 +24,8 @@ reactive::Observable<std::vector<Campaign>> CampaignRemoteDataSource::fetchAll(
     const std::string& userId) const {
   return get("/campaigns", userId).map([mapper = mapper_](const HTTPReply& reply) {
     return PageOmissions::collect(Platform::current().clock->now(), "/campaigns", [&] {
-      std::vector<Campaign> campaigns;
-      CampaignDTO::decodeList(reply.data,
-                              [&](CampaignDTO&& dto) { campaigns.push_back(mapper.map(std::move(dto))); });
-      return campaigns;
+      return CampaignDTO::decodeList(reply.data,
+                                     [&](CampaignDTO&& dto) { return mapper.map(std::move(dto)); });
     });
   });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/InPlace.h"
 #include "base/Json.h"
 #include "campaign/attendance/AttendanceCampaignPageDetailDTO.h"
 #include "campaign/deprecated/DeprecatedPageDTO.h"
@@ -13,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace orrelo {
@@ -36,7 +38,8 @@ struct PageDetailDTO {
   template <class Detail>
   static PageDetailDTO decodeAs(const JsonObject& page, std::string_view key = "page_detail") {
     const auto json = page.object(key);
-    return {Detail::decode(json), json.optionalText("toolbar_text")};
+    return {Kind(std::in_place_type<Detail>, InPlace([&] { return Detail::decode(json); })),
+            json.optionalText("toolbar_text")};
   }
   static PageDetailDTO unknown();
 

@@ -33,8 +33,36 @@ std::string md5(std::string_view text) {
   return hex;
 }
 
+/// The digests of the texts that a thread asked for last. A page asks for the same URLs whenever it is shown.
+class RecentDigests {
+ public:
+  const std::string& digest(std::string_view text) {
+    auto& entry = entries_[std::hash<std::string_view>()(text) % entries_.size()];
+    if (entry.digest.empty() || entry.text != text) {
+      entry.digest = md5(text);
+      entry.text = text;
+    }
+    return entry.digest;
+  }
+
+ private:
+  struct Entry {
+    std::string text;
+    std::string digest;
+  };
+  std::array<Entry, 64> entries_;
+};
+
+std::string recentDigest(std::string_view text) {
+  constexpr std::size_t longest = 512;  // so that the texts of one thread take at most 32 KiB
+  if (text.size() > longest) return md5(text);
+  thread_local const auto recent = std::make_unique<RecentDigests>();
+  return recent->digest(text);
+}
+
 }  // namespace
 
-WrappedKey::WrappedKey(std::string_view text) : key_(md5(text)), hash_(std::hash<std::string>()(key_)) {}
+WrappedKey::WrappedKey(std::string_view text)
+    : key_(recentDigest(text)), hash_(std::hash<std::string>()(key_)) {}
 
 }  // namespace orrelo

@@ -43,9 +43,7 @@ std::string described(Campaign::CampaignType type) {
 }
 
 std::vector<CampaignDTO> decodedList(const std::string& json) {
-  std::vector<CampaignDTO> list;
-  CampaignDTO::decodeList(json, [&](CampaignDTO&& dto) { list.push_back(std::move(dto)); });
-  return list;
+  return CampaignDTO::decodeList(json, [](CampaignDTO&& dto) { return std::move(dto); });
 }
 
 CalendarDate day(int year, int month, int number) {

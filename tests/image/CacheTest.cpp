@@ -62,6 +62,18 @@ TEST_F(CacheTest, AKeyIsAnMd5InLowerCase) {
             "9e107d9d372bb6826bd81d3542a419d6");
 }
 
+// A thread keeps the keys of the texts that it asked for last, in a table that many texts share.
+TEST_F(CacheTest, AKeyDoesNotDependOnTheKeysBefore) {
+  std::set<std::string> keys;
+  for (int round = 0; round < 2; ++round) {
+    for (int i = 0; i < 1000; ++i) keys.insert(WrappedKey("https://a/" + std::to_string(i)).key());
+  }
+  EXPECT_EQ(keys.size(), 1000u);
+  const std::string longText(1000, 'a');
+  EXPECT_EQ(WrappedKey(longText).key(), "cabe45dcc9ae5b66ba86600cca6b8ba8");
+  EXPECT_EQ(WrappedKey("").key(), "d41d8cd98f00b204e9800998ecf8427e");
+}
+
 TEST_F(CacheTest, IsServedByMemoryThenByDisk) {
   EXPECT_EQ(std::get<bool>(cache_->isCached("k")), false);
   EXPECT_EQ(read(*cache_, "k"), missing);
