@@ -13,6 +13,7 @@ int main(int argumentCount, char** arguments) {
   const QGuiApplication application(argumentCount, arguments);
   addCampaignScreens();
   addCarousel();
+  addFirstCampaign();
   addGifPlayback();
   addGifticonScreen();
   addHomeScreen();
