@@ -4,6 +4,7 @@ namespace orrelo::bench {
 
 void addCampaignScreens();
 void addCarousel();
+void addFirstCampaign();
 void addFrontSize();
 void addGifPlayback();
 void addGifticonScreen();

@@ -13,6 +13,7 @@ int main(int argumentCount, char** arguments) {
   const TimedApplication application(argumentCount, arguments);
   addCampaignScreens();
   addCarousel();
+  addFirstCampaign();
   addFrontSize();
   addGifPlayback();
   addGifticonScreen();

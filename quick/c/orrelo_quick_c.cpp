@@ -110,6 +110,13 @@ orrelo_status orrelo_quick_install_platform(const orrelo_host_application* host)
   });
 }
 
+orrelo_status orrelo_quick_set_warm_up_enabled(bool isOn) {
+  return attempt([isOn] {
+    requireMainThread();
+    quick::setWarmUpEnabled(isOn);
+  });
+}
+
 orrelo_view_controller* orrelo_quick_host_view_controller(void* window) {
   orrelo_view_controller* made = nullptr;
   attemptInWindow(window, [&](QQuickWindow* host) {

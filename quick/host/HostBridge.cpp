@@ -1,8 +1,10 @@
 #include "quick/host/HostBridge.h"
 
 #include "quick/host/HostWindow.h"
+#include "quick/host/WarmUp.h"
 
 #include <QEvent>
+#include <QQmlEngine>
 #include <utility>
 #include <vector>
 
@@ -18,6 +20,7 @@ void HostBridge::setWindow(QQuickWindow* window) {
   window_ = window;
   if (window_) window_->installEventFilter(this);
   connectToWindow();
+  if (auto* const engine = qmlEngine(this); engine != nullptr && window_) WarmUp::begin(*engine, *window_);
   Q_EMIT windowChanged();
 }
 

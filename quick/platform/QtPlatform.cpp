@@ -7,6 +7,7 @@
 #include "quick/platform/QtImageCodec.h"
 #include "quick/platform/QtMainLoop.h"
 #include "quick/platform/loadInspector.h"
+#include "quick/platform/warmUpThreads.h"
 #include "viewkit/ShareSheetViewController.h"
 
 #include <orrelo/quick/OrreloQuick.h>
@@ -60,6 +61,7 @@ Platform platform(const HostApplication& host) {
   new MotionSetting(
       QDBusConnection::sessionBus(),
       [application](bool prefers) { application->setPrefersReducedMotion(prefers); }, qGuiApp);
+  setWarmUpThreads({platform.mainLoop, platform.workers});
   loadInspector();
   return platform;
 }

@@ -31,7 +31,7 @@ PressArea {
         id: row
         anchors.verticalCenter: parent.verticalCenter
         spacing: 5
-        layoutDirection: guide.isAssetFirst ? Qt.RightToLeft : Qt.LeftToRight
+        LayoutMirroring.enabled: guide.isAssetFirst
 
         KitText {
             width: Math.min(implicitWidth, guide.width - icon.width - row.spacing)

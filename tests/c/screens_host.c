@@ -44,6 +44,7 @@ static void start(char** words) {
   require(ORRELO_FAILED, orrelo_quick_install_platform(host), "a platform before the application");
   OK(orrelo_quick_application_start(1, (const char* const*)words));
   require(ORRELO_FAILED, orrelo_quick_application_start(0, NULL), "a second application");
+  OK(orrelo_quick_set_warm_up_enabled(true));
   OK(orrelo_quick_install_platform(host));
   orrelo_host_application_free(host);
 

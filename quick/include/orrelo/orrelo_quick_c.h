@@ -54,6 +54,10 @@ ORRELO_EXPORT void* orrelo_quick_window_item(void* window, const char* objectNam
    the process. */
 ORRELO_EXPORT orrelo_status orrelo_quick_install_platform(const orrelo_host_application* host);
 
+/** quick::setWarmUpEnabled: switches on or off what prepares the process for its first campaign while the
+   host rests. It is on. Call it before the window is opened. */
+ORRELO_EXPORT orrelo_status orrelo_quick_set_warm_up_enabled(bool isOn);
+
 /** The screen of the host's own content in this window, from which the kit's screens are shown. The caller
    frees the handle. */
 ORRELO_EXPORT orrelo_view_controller* orrelo_quick_host_view_controller(void* window);

@@ -37,6 +37,15 @@ namespace orrelo::quick {
 /// the kit's threads for the rest of the process.
 ORRELO_EXPORT Platform platform(const HostApplication& host = {});
 
+/// Switches on or off what prepares the process for its first campaign; it is on. While the host rests after
+/// its first frame in a window with an OrreloHost, the kit has Qt load what this campaign would otherwise
+/// wait for: image plugins and QML files on other threads, fonts and the first objects of QML types on the
+/// GUI thread, in steps that are meant to take less than 2 ms each, and none while a window draws frames or
+/// takes input. It takes some tenths of a second and 2 MiB of memory, most of which the campaign would take
+/// anyway. Call it before the window is created. ORRELO_WARM_UP=0 in the environment does the same as
+/// `false`.
+ORRELO_EXPORT void setWarmUpEnabled(bool isOn);
+
 /// The screen that represents the host's own content in a window; the kit's screens are shown from it. Each
 /// window owns one, which appears when the window is first shown. Screens keep their state while the window
 /// is hidden and do not appear again when it is shown again. The application is in the background while all
