@@ -26,10 +26,12 @@ double linesOfSource() {
 }  // namespace
 
 void addSize() {
+#if ORRELO_IS_SHARED
   add({{"liborrelo stripped, KB for 1,000 lines of src", "", 95}, {"liborrelo stripped, KB", ""}}, [] {
     const double size = strippedSize(ORRELO_CORE_LIBRARY);
     return std::vector{size / (linesOfSource() / 1000.0), size};
   });
+#endif
 }
 
 }  // namespace orrelo::bench

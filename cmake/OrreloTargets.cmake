@@ -42,9 +42,9 @@ function(orrelo_exports target)
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${map})
 endfunction()
 
-# Precompiles the standard library's headers that most files include, once for all targets without Qt and each
-# optimisation, which a precompiled header must share. Each file must still include what it uses, so that a build
-# with CMAKE_DISABLE_PRECOMPILE_HEADERS works.
+# Precompiles the standard library's headers that most files include, for all targets without Qt: once for each level
+# of optimisation, because a precompiled header serves only the level that it was compiled with. Each file must still
+# include what it uses, so that a build with CMAKE_DISABLE_PRECOMPILE_HEADERS works.
 function(orrelo_precompile name)
   file(CONFIGURE OUTPUT ${name}.cpp CONTENT "")
   add_library(orrelo_${name} OBJECT ${PROJECT_BINARY_DIR}/${name}.cpp)
@@ -61,7 +61,7 @@ endif()
 
 # orrelo_subsystem(<name> SOURCES <file>... [FAST <file>...] [USES <subsystem>...] [LINKS <library>...])
 #
-# Defines the target of one folder of src/. FAST names the sources on paths that the benchmarks measure, see
+# Defines the target of one folder of src/. FAST names the sources that are compiled for speed, see
 # OrreloSize.cmake. USES names the subsystems that it may include from. The compiler does not enforce this list; the
 # test `include_order` does.
 function(orrelo_subsystem name)
@@ -69,12 +69,13 @@ function(orrelo_subsystem name)
   list(TRANSFORM arg_USES PREPEND orrelo_)
   if(ORRELO_FOR_SIZE AND arg_FAST)
     orrelo_objects(${name}_fast precompiled_fast "${ORRELO_SPEED_FLAGS}" ${arg_FAST})
-    set(arg_FAST "")
+    orrelo_objects(${name} precompiled "${ORRELO_SIZE_FLAGS}" ${arg_SOURCES})
+  else()
+    orrelo_objects(${name} precompiled "${ORRELO_SIZE_FLAGS}" ${arg_SOURCES} ${arg_FAST})
   endif()
-  orrelo_objects(${name} precompiled "${ORRELO_SIZE_FLAGS}" ${arg_SOURCES} ${arg_FAST})
 endfunction()
 
-# Uses the lists of the function above.
+# A part of `orrelo_subsystem`, whose lists USES and LINKS it reads.
 function(orrelo_objects name precompiled flags)
   add_library(orrelo_${name} OBJECT ${ARGN})
   target_include_directories(orrelo_${name} PUBLIC

@@ -6,8 +6,12 @@
 namespace orrelo::bench {
 
 void addFrontSize() {
-  add({{"liborrelo_quick stripped, KB", "", 1574.52}},
+#if ORRELO_IS_SHARED
+  // The size that g++ 12 gave before relocations were packed.
+  constexpr double formerSize = 1575.0;
+  add({{"liborrelo_quick stripped, KB", "", formerSize}},
       [] { return std::vector{strippedSize(ORRELO_QUICK_LIBRARY)}; });
+#endif
 }
 
 }  // namespace orrelo::bench

@@ -33,7 +33,7 @@ class ViewBridge : public QObject {
 
   /// Passes the size of the item that draws the view to the core.
   Q_INVOKABLE void reportSize(double width, double height) { view_->setSize({width, height}); }
-  /// The height of the item that will draw the view, before it exists; -1 if only the item itself knows.
+  /// The height of the item that will draw the view, before it exists; -1 if only the item itself knows it.
   /// `text` is a KitText for a TextMeasure.
   Q_INVOKABLE double heightFor(double width, QQuickItem* text) const {
     return text != nullptr ? measuredHeight(width, TextMeasure(*text)) : unknownHeight;
@@ -46,7 +46,7 @@ class ViewBridge : public QObject {
   static constexpr double unknownHeight = -1.0;
 
   /// Kinds whose items take long to create tell their height, so that a page creates them after its first
-  /// frame. It must be the height of the item to the pixel, as the test of the blocks' heights checks.
+  /// frame. It must be the height of the item to the pixel, which LateBlocksTest checks.
   virtual double measuredHeight(double /*width*/, const TextMeasure& /*measure*/) const {
     return unknownHeight;
   }

@@ -32,7 +32,7 @@ class PictureNode final : public QSGNode {
 
 BitmapItem::BitmapItem(QQuickItem* parent)
     : QQuickItem(parent),
-      tracker_(*this, [this](ImageView::Placement placement) { takePlacement(placement); }) {
+      tracker_(*this, [this](const PlacementTracker::Place& place) { takePlace(place); }) {
   setFlag(ItemHasContents);
 }
 
@@ -64,10 +64,11 @@ void BitmapItem::setCornerRadius(double radius) {
   Q_EMIT cornerRadiusChanged();
 }
 
-void BitmapItem::takePlacement(ImageView::Placement placement) {
-  const auto former = std::exchange(placement_, placement);
-  if (placement.isOnScreen != former.isOnScreen) update();
-  if (reportsPlacement_ && source_) source_->setPlacement(*this, placement);
+void BitmapItem::takePlace(const PlacementTracker::Place& place) {
+  const bool isDrawn = place.isInSight || (isDrawn_ && place.isNearSight);
+  if (isDrawn != std::exchange(isDrawn_, isDrawn)) update();
+  if (place.placement == std::exchange(placement_, place.placement)) return;
+  if (reportsPlacement_ && source_) source_->setPlacement(*this, placement_);
 }
 
 void BitmapItem::showFrame() {
@@ -80,7 +81,7 @@ void BitmapItem::showFrame() {
 QSGNode* BitmapItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
   auto* node = static_cast<PictureNode*>(former);
   const auto image = source_ ? source_->image() : nullptr;
-  if (!placement_.isOnScreen || !image || !image->bitmap.pixels || width() <= 0 || height() <= 0) {
+  if (!isDrawn_ || !image || !image->bitmap.pixels || width() <= 0 || height() <= 0) {
     delete node;
     return nullptr;
   }

@@ -9,7 +9,7 @@
 namespace orrelo::quick {
 
 /// Draws a loaded image or a frame of an animation, stretched over the item's whole area. It has a texture
-/// only while it is in sight, and reports where it is while the image is an animation.
+/// only in and near sight, and reports where it is while the image is an animation.
 class BitmapItem : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
@@ -35,7 +35,7 @@ class BitmapItem : public QQuickItem {
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
-  void takePlacement(ImageView::Placement placement);
+  void takePlace(const PlacementTracker::Place& place);
   void showFrame();
 
   QPointer<ImageBridge> source_;
@@ -43,6 +43,7 @@ class BitmapItem : public QQuickItem {
   /// True while the image is an animation.
   bool reportsPlacement_ = false;
   ImageView::Placement placement_;
+  bool isDrawn_ = false;
   PlacementTracker tracker_;
 };
 

@@ -17,13 +17,13 @@ class PaintedItem : public QQuickPaintedItem {
   explicit PaintedItem(QQuickItem* parent = nullptr);
 
  protected:
-  bool isInSight() const { return isInSight_; }
-  /// Called on the main thread before the first frame in which the item is in sight.
+  bool isDrawn() const { return isDrawn_; }
+  /// Called on the main thread before the item is painted for the first time and after it was out of sight.
   virtual void comeIntoSight() {}
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
-  bool isInSight_ = false;
+  bool isDrawn_ = false;
   PlacementTracker tracker_;
 };
 

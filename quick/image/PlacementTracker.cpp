@@ -13,31 +13,42 @@ bool isExposed(QQuickWindow& window) {
   return shown != nullptr ? shown->isExposed() : window.isExposed();
 }
 
-// Opacity is not considered: items fade in and out.
-bool isInSight(const QQuickItem& item) {
+// By `reach` times its own size, the visible area is larger on each side. Opacity is not considered: items
+// fade in and out.
+bool isVisibleWithin(const QQuickItem& item, double reach) {
+  const auto around = [reach](const QRectF& area) {
+    const double x = reach * area.width();
+    const double y = reach * area.height();
+    return area.adjusted(-x, -y, x, y);
+  };
+  const auto* const content = item.window()->contentItem();
   auto rect = item.mapRectToScene({0, 0, item.width(), item.height()}) &
-              QRectF(QPointF(), item.window()->contentItem()->size());
-  for (const auto* around = item.parentItem(); around != nullptr && !rect.isEmpty();
-       around = around->parentItem()) {
-    if (around->clip()) rect &= around->mapRectToScene(around->clipRect());
+              around(content->mapRectToScene({QPointF(), content->size()}));
+  for (const auto* outer = item.parentItem(); outer != nullptr && !rect.isEmpty();
+       outer = outer->parentItem()) {
+    if (outer->clip()) rect &= around(outer->mapRectToScene(outer->clipRect()));
   }
   return !rect.isEmpty();
 }
 
 }  // namespace
 
-PlacementTracker::PlacementTracker(QQuickItem& item, std::function<void(Placement)> report)
-    : item_(item), report_(std::move(report)), placement_(placementOf(item)) {
+PlacementTracker::PlacementTracker(QQuickItem& item, std::function<void(const Place&)> report)
+    : item_(item), report_(std::move(report)), place_(placeOf(item)) {
   connect(&item, &QQuickItem::windowChanged, this, [this] { followWindow(); });
   connect(&item, &QQuickItem::visibleChanged, this, [this] { update(); });
   followWindow();
-  report_(placement_);
+  report_(place_);
 }
 
-PlacementTracker::Placement PlacementTracker::placementOf(const QQuickItem& item) {
+PlacementTracker::Place PlacementTracker::placeOf(const QQuickItem& item) {
   auto* const window = item.window();
-  if (window == nullptr) return {.hasSuperview = false, .isOnScreen = false};
-  return {.hasSuperview = true, .isOnScreen = isExposed(*window) && item.isVisible() && isInSight(item)};
+  if (window == nullptr) return {.placement = {.hasSuperview = false, .isOnScreen = false}};
+  const bool isNear = item.isVisible() && isVisibleWithin(item, 1.0);
+  const bool isInSight = isNear && isVisibleWithin(item, 0.0);
+  return {.placement = {.hasSuperview = true, .isOnScreen = isInSight && isExposed(*window)},
+          .isInSight = isInSight,
+          .isNearSight = isNear};
 }
 
 void PlacementTracker::followWindow() {
@@ -54,9 +65,9 @@ void PlacementTracker::followWindow() {
 }
 
 void PlacementTracker::update() {
-  const auto placement = placementOf(item_);
-  if (placement == std::exchange(placement_, placement)) return;
-  report_(placement);
+  const auto place = placeOf(item_);
+  if (place == std::exchange(place_, place)) return;
+  report_(place);
 }
 
 bool PlacementTracker::eventFilter(QObject*, QEvent* event) {

@@ -15,23 +15,31 @@ namespace orrelo::quick {
 /// whenever the window or the item appears or disappears.
 class PlacementTracker final : public QObject {
  public:
-  using Placement = ImageTarget::Placement;
+  struct Place {
+    ImageTarget::Placement placement;
+    /// True if a part of the item is visible in the window's scene, whether the window is exposed or not: a
+    /// window may also be rendered into a picture.
+    bool isInSight = false;
+    /// True if that holds or would hold after scrolling by at most one screen.
+    bool isNearSight = false;
+
+    friend bool operator==(const Place&, const Place&) = default;
+  };
 
   /// Calls `report` at once and after each change.
-  PlacementTracker(QQuickItem& item, std::function<void(Placement)> report);
-
-  static Placement placementOf(const QQuickItem& item);
+  PlacementTracker(QQuickItem& item, std::function<void(const Place&)> report);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  static Place placeOf(const QQuickItem& item);
   void followWindow();
   void update();
 
   QQuickItem& item_;
-  const std::function<void(Placement)> report_;
+  const std::function<void(const Place&)> report_;
   QPointer<QQuickWindow> window_;
-  Placement placement_;
+  Place place_;
 };
 
 }  // namespace orrelo::quick

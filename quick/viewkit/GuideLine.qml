@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A line of text with an icon; a tap on it shows an explanation.
+// blockHeights.h repeats what determines the height.
 PressArea {
     id: guide
 

@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// Two title rows above a text.
+// InformationBridge.h repeats what determines the height.
 Column {
     id: view
 

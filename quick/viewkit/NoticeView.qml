@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A notice with one line per item.
+// NoticeBridge.h repeats what determines the height.
 KitText {
     required property NoticeBridge model
 

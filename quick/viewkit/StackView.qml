@@ -4,9 +4,9 @@ import Orrelo.Kit
 /// Blocks in a column, each followed by its own spacing. A block with nothing to show takes no space.
 ///
 /// A page that is longer than the screen is shown before the blocks below the fold exist, if they tell their height before;
-/// the stack has its whole height from the beginning. They are created afterwards, a few in each frame. A block that comes
-/// into sight is created at once, and all are as soon as the keyboard or assistive technology is used, which may move
-/// through the page.
+/// the stack has its whole height from the beginning. They are created after the first frame, a few at a time. A block that
+/// comes into sight is created at once, and all are as soon as the keyboard is used, or at the beginning if assistive
+/// technology is in use: both may move through the whole page.
 Column {
     id: stack
 
@@ -16,50 +16,63 @@ Column {
     property real sightBottom: Infinity
     readonly property bool needsAll: Theme.showsFocus || model.isRead
     /// The rows whose blocks do not exist yet, from top to bottom.
-    property var late: []
-    /// The height of the rows so far, while they are created.
-    property real filled: 0
-    /// Measures texts for the heights of late blocks. It is complete before the stack is, unlike a child.
+    property var pendingRows: []
+    /// True from the first frame on, before which rows have no place.
+    property bool isShown: false
+    /// The height of the rows that have been made so far.
+    property real heightSoFar: 0
+    /// Measures texts for the heights of pending blocks. It is complete before the stack is, unlike a child.
     property Item measure: null
 
-    /// Creates the late blocks that are in sight.
-    function show() {
-        late = late.filter(row => {
-            const top = Math.max(row.start, row.y)
-            if (top >= sightBottom || top + row.height <= sightTop) return true
+    function createInSight() {
+        if (pendingRows.length === 0) return
+        pendingRows = pendingRows.filter(row => {
+            const y = isShown ? row.y : row.estimatedY
+            if (y >= sightBottom || y + row.height <= sightTop) return true
             row.create()
             return false
         })
     }
-    /// Creates late blocks from the top for at least two milliseconds, or all of them.
-    function createLate(isWhole) {
-        const rows = late.slice()
+    /// Creates blocks from the top for about two milliseconds.
+    function createSome() {
+        const rows = pendingRows.slice()
         const end = Date.now() + 2
         do rows.shift().create()
-        while (rows.length > 0 && (isWhole || Date.now() < end))
-        late = rows
+        while (rows.length > 0 && Date.now() < end)
+        pendingRows = rows
+    }
+    function createAll() {
+        for (const row of pendingRows) row.create()
+        pendingRows = []
     }
 
-    onSightTopChanged: if (late.length > 0) show()
-    onSightBottomChanged: if (late.length > 0) show()
-    onNeedsAllChanged: if (late.length > 0) createLate(true)
-    onWidthChanged: if (late.length > 0) createLate(true)
+    onSightTopChanged: createInSight()
+    onSightBottomChanged: createInSight()
+    onPositioningComplete: createInSight()
+    onNeedsAllChanged: createAll()
+    onWidthChanged: createAll()
 
     Connections {
         target: Theme
-        function onTextScaleChanged() { if (stack.late.length > 0) stack.createLate(true) }
+        function onTextScaleChanged() { stack.createAll() }
+    }
+    Connections {
+        target: stack.Window.window
+        enabled: !stack.isShown
+        function onFrameSwapped() { stack.isShown = true }
     }
     Timer {
         interval: 1
         repeat: true
-        running: stack.late.length > 0
-        onTriggered: stack.createLate(false)
+        running: stack.isShown && stack.pendingRows.length > 0
+        onTriggered: stack.createSome()
     }
     Component {
         id: measureComponent
         KitText {
             readonly property real textScale: Theme.textScale
             visible: false
+            Accessible.ignored: true
         }
     }
     Repeater {
@@ -72,13 +85,12 @@ Column {
             readonly property Item block: loader.item as Item
             readonly property bool hasBlock: block?.visible ?? false
             /// The height of a block that does not exist yet.
-            property real lateHeight: 0
-            /// Where the row begins, at least.
-            property real start: 0
-            readonly property real exactHeight: (hasBlock ? block.height : lateHeight) + modelData.spacingAfter
+            property real pendingHeight: 0
+            property real estimatedY: 0
+            readonly property real exactHeight: (hasBlock ? block.height : pendingHeight) + modelData.spacingAfter
 
             function create() {
-                lateHeight = 0
+                pendingHeight = 0
                 if (modelData.block.delegate.toString().length > 0)
                     loader.setSource(modelData.block.delegate, { model: modelData.block })
             }
@@ -89,17 +101,17 @@ Column {
             height: Math.floor(exactHeight * Screen.devicePixelRatio) / Screen.devicePixelRatio
             z: block?.z ?? 0
             Component.onCompleted: {
-                start = stack.filled
-                const isBelow = start > stack.sightBottom && !stack.needsAll && modelData.inset !== null && width > 0
+                estimatedY = stack.heightSoFar
+                const isBelow = estimatedY > stack.sightBottom && !stack.needsAll && modelData.inset !== null && width > 0
                 if (isBelow && !stack.measure) stack.measure = measureComponent.createObject(stack)
                 const height = isBelow ? modelData.block.heightFor(loader.width, stack.measure) : -1
                 if (height < 0) {
                     create()
                 } else {
-                    lateHeight = height
-                    stack.late = stack.late.concat([row])
+                    pendingHeight = height
+                    stack.pendingRows = stack.pendingRows.concat([row])
                 }
-                stack.filled += exactHeight
+                stack.heightSoFar += row.height
             }
 
             Loader {

@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// The two title rows of a page or a block, and the spacing below them.
+// blockHeights.h repeats what determines the height.
 Column {
     id: rows
 

@@ -6,7 +6,7 @@
 namespace orrelo {
 
 /// The argument of an `emplace` whose new element is the result of `make`. The result is constructed in its
-/// place and not moved there, which matters for records of many texts.
+/// place and, by g++, not moved there, which matters for records of many texts.
 template <class Make>
 class InPlace {
  public:

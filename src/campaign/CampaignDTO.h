@@ -44,8 +44,10 @@ struct CampaignDTO {
   template <class Map>
   static auto decodeList(std::string_view json, Map map) {
     std::vector<std::invoke_result_t<Map&, CampaignDTO&&>> list;
+    // No campaign is shorter, so that the memory is in proportion to the reply.
+    const std::size_t mostCampaigns = json.size() / 32;
     visitList(json, [&](std::size_t count, CampaignDTO&& dto) {
-      list.reserve(count);
+      list.reserve(std::min(count, mostCampaigns));
       list.emplace_back(InPlace([&] { return map(std::move(dto)); }));
     });
     return list;

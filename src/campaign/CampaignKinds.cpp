@@ -52,7 +52,7 @@ constexpr CampaignKind kind(bool (*matches)(std::string_view pageType)) {
       const auto map = [&] { return Kind::map(std::get<Detail>(std::move(detail)), campaign); };
       if constexpr (std::is_same_v<decltype(map()), Record>) {
         campaign.type.template emplace<Record>(InPlace(map));
-      } else {
+      } else {  // a kind whose page may turn out to be another kind's
         campaign.type = map();
       }
     };

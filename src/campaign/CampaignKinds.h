@@ -28,7 +28,8 @@ struct CampaignKind {
   /// Decodes the page's detail; throws a DecodingError.
   PageDetailDTO (*decode)(const JsonObject& page) = nullptr;
   /// Maps the detail to the campaign's record. The fields of `campaign` that are common to all kinds are set;
-  /// a kind may replace the title.
+  /// a kind may replace the title,
+  /// and must not use the type.
   void (*map)(PageDetailDTO::Kind&& detail, Campaign& campaign) = nullptr;
 
   /// The page name in the event "ol_visit".

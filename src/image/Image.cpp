@@ -20,16 +20,21 @@ std::optional<Bitmap> firstFrame(const Data& data) {
 }  // namespace
 
 ImageConvertible::ImageConvertible(const Platform& platform)
-    : codec_(platform.imageCodec),
-      workers_(platform.workers),
-      application_(platform.application),
-      background_(
-          application_->observe(Application::Signal::didEnterBackground, [weak = std::weak_ptr(kept_)] {
-            if (const auto kept = weak.lock()) kept->removeAll();
-          })) {}
+    : codec_(platform.imageCodec), workers_(platform.workers), application_(platform.application) {
+  using Signal = Application::Signal;
+  const auto enter = [this](Signal signal, bool isInBackground) {
+    return application_->observe(signal, [weak = std::weak_ptr(kept_), isInBackground] {
+      const auto kept = weak.lock();
+      if (!kept) return;
+      kept->isInBackground = isInBackground;
+      if (isInBackground) kept->images.removeAll();
+    });
+  };
+  registrations_ = {enter(Signal::didEnterBackground, true), enter(Signal::willEnterForeground, false)};
+}
 
 void ImageConvertible::value(Data data, Completion completion) {
-  if (auto kept = kept_->value(data.get())) return completion(std::move(kept));
+  if (auto kept = kept_->images.value(data.get())) return completion(std::move(kept));
   ImagePtr known;
   {
     const std::lock_guard lock(mutex_);
@@ -39,23 +44,28 @@ void ImageConvertible::value(Data data, Completion completion) {
       decoding.waiting.push_back(std::move(completion));
       if (decoding.waiting.size() > 1) return;
       waiting_.push_back(std::move(data));
-      return startNext();
     }
   }
+  if (!known) return startNext();
   keep(known);
   completion(std::move(known));
 }
 
 void ImageConvertible::keep(const ImagePtr& image) {
-  kept_->insert(image->encoded.get(), image, image->bitmap.size() + image->encoded->size());
+  if (kept_->isInBackground) return;
+  kept_->images.insert(image->encoded.get(), image, image->bitmap.size() + image->encoded->size());
 }
 
 void ImageConvertible::startNext() {
-  if (running_ == maximumRunning || waiting_.empty()) return;
-  ++running_;
-  workers_->postDecoding(
-      [self = shared_from_this(), data = std::move(waiting_.front())] { self->decode(data); });
-  waiting_.pop_front();
+  Data data;
+  {
+    const std::lock_guard lock(mutex_);
+    if (running_ == maximumRunning || waiting_.empty()) return;
+    ++running_;
+    data = std::move(waiting_.front());
+    waiting_.pop_front();
+  }
+  workers_->postDecoding([self = shared_from_this(), data = std::move(data)] { self->decode(data); });
 }
 
 ImagePtr ImageConvertible::decoded(const Data& data) const {
@@ -81,8 +91,8 @@ void ImageConvertible::decode(const Data& data) {
     decoding.image = image;
     removeExpired();
     --running_;
-    startNext();
   }
+  startNext();
   for (const auto& completion : waiting) {
     runGuarded([&] { completion(image ? std::optional(image) : std::nullopt); });
   }

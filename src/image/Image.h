@@ -8,6 +8,8 @@
 #include <orrelo/platform/Bitmap.h>
 #include <orrelo/platform/ImageCodec.h>
 
+#include <array>
+#include <atomic>
 #include <deque>
 #include <map>
 #include <mutex>
@@ -31,8 +33,8 @@ using ImagePtr = std::shared_ptr<const Image>;
 /// Decodes files to images at the main screen's scale, and encodes images. Of a GIF it gives the first frame,
 /// also without a codec. Files are decoded by the worker pool's `postDecoding`, two at a time, which limits
 /// the memory that the codec uses in addition to the bitmaps of live images. Data whose image is still alive
-/// is not decoded again. The images that were used last stay alive, until the application enters the
-/// background, so that a screen that is opened again has its pictures in its first frame.
+/// is not decoded again. While the application is in the foreground, the images that were used last stay
+/// alive, so that a screen that is opened again has its pictures in its first frame.
 class ImageConvertible final : public DataConvertible<ImagePtr>,
                                public std::enable_shared_from_this<ImageConvertible> {
  public:
@@ -70,8 +72,12 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
 
   /// By the address of the data.
   using KeptImages = RecentlyUsed<const std::string*, ImagePtr>;
-  const std::shared_ptr<KeptImages> kept_ = std::make_shared<KeptImages>(keptBudget);
-  Application::Registration background_;
+  struct Kept {
+    KeptImages images{keptBudget};
+    std::atomic<bool> isInBackground = false;
+  };
+  const std::shared_ptr<Kept> kept_ = std::make_shared<Kept>();
+  std::array<Application::Registration, 2> registrations_;
 
   std::mutex mutex_;
   /// Keyed by the address of the data, which stays unique while the image or the decoding owns the data.

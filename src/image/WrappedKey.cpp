@@ -33,15 +33,13 @@ std::string md5(std::string_view text) {
   return hex;
 }
 
-/// The digests of the texts that a thread asked for last. A page asks for the same URLs whenever it is shown.
+/// Digests that a thread has computed, one for each value of a short hash. A page asks for the same URLs
+/// whenever it is shown.
 class RecentDigests {
  public:
   const std::string& digest(std::string_view text) {
     auto& entry = entries_[std::hash<std::string_view>()(text) % entries_.size()];
-    if (entry.digest.empty() || entry.text != text) {
-      entry.digest = md5(text);
-      entry.text = text;
-    }
+    if (entry.digest.empty() || entry.text != text) entry = Entry{std::string(text), md5(text)};
     return entry.digest;
   }
 
@@ -54,7 +52,7 @@ class RecentDigests {
 };
 
 std::string recentDigest(std::string_view text) {
-  constexpr std::size_t longest = 512;  // so that the texts of one thread take at most 32 KiB
+  constexpr std::size_t longest = 512;  // which bounds the memory of a thread
   if (text.size() > longest) return md5(text);
   thread_local const auto recent = std::make_unique<RecentDigests>();
   return recent->digest(text);

@@ -61,7 +61,12 @@ void attempt(Decode decode) {
 }
 
 void replay(std::string_view json) {
-  attempt([&] { CampaignDTO::decodeList(json, &show); });
+  attempt([&] {
+    CampaignDTO::decodeList(json, [](CampaignDTO&& campaign) {
+      show(std::move(campaign));
+      return true;
+    });
+  });
   attempt([&] { show(CampaignDTO::decode(json)); });
   attempt([&] { show({"id", "label", "name", "icon", CampaignDTO::PageResponse::decode(json)}); });
 }

@@ -57,7 +57,9 @@ class CacheTest : public testing::Test {
 constexpr auto missing = "ImagePipelineInputStreamError.uninitializedInputStream";
 
 TEST_F(CacheTest, AKeyIsAnMd5InLowerCase) {
-  EXPECT_EQ(WrappedKey("").key(), "d41d8cd98f00b204e9800998ecf8427e");
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(WrappedKey("").key(), "d41d8cd98f00b204e9800998ecf8427e");
+  }
   EXPECT_EQ(WrappedKey("The quick brown fox jumps over the lazy dog").key(),
             "9e107d9d372bb6826bd81d3542a419d6");
 }
@@ -66,7 +68,12 @@ TEST_F(CacheTest, AKeyIsAnMd5InLowerCase) {
 TEST_F(CacheTest, AKeyDoesNotDependOnTheKeysBefore) {
   std::set<std::string> keys;
   for (int round = 0; round < 2; ++round) {
-    for (int i = 0; i < 1000; ++i) keys.insert(WrappedKey("https://a/" + std::to_string(i)).key());
+    for (int i = 0; i < 1000; ++i) {
+      const auto url = "https://a/" + std::to_string(i);
+      const auto key = WrappedKey(url).key();
+      EXPECT_EQ(WrappedKey(url).key(), key);
+      keys.insert(key);
+    }
   }
   EXPECT_EQ(keys.size(), 1000u);
   const std::string longText(1000, 'a');

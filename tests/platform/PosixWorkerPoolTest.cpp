@@ -3,6 +3,7 @@
 #include "platform/threads/KitThread.h"
 #include "platform/threads/PosixWorkerPool.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdlib>
@@ -130,6 +131,7 @@ TEST_F(PosixWorkerPoolTest, usesFourThreadsAndSurvivesWhatATaskThrows) {
   released_.count_down();
 }
 
+#ifdef __linux__  // elsewhere threads have no priority of their own
 TEST_F(PosixWorkerPoolTest, decodesOnTwoThreadsThatGiveWayToTheOthers) {
   const auto niceHere = [] { return getpriority(PRIO_PROCESS, 0); };
   occupy();  // decoding waits for no worker
@@ -141,13 +143,15 @@ TEST_F(PosixWorkerPoolTest, decodesOnTwoThreadsThatGiveWayToTheOthers) {
       nice.set_value(niceHere());
     });
   }
-  for (auto& nice : decoders) EXPECT_EQ(nice.get_future().get(), 19);
+  const int own = niceHere();
+  for (auto& nice : decoders) EXPECT_EQ(nice.get_future().get(), std::max(own, 15));
   std::promise<int> worker;
   pool_->post(QualityOfService::userInteractive, [&] { worker.set_value(niceHere()); });
   oneReleased_.count_down();
   released_.count_down();
-  EXPECT_EQ(worker.get_future().get(), 5);
+  EXPECT_EQ(worker.get_future().get(), std::max(own, 5));
 }
+#endif
 
 TEST_F(PosixWorkerPoolTest, takesTasksFromManyThreadsAndFromTasks) {
   constexpr int posters = 4;

@@ -55,9 +55,9 @@ class BlocksTest : public QuickTest {
   /// The scene rectangle of each block, from top to bottom.
   std::vector<std::pair<std::string, QRectF>> places() const {
     std::vector<std::pair<std::string, QRectF>> found;
-    for (const auto* const file :
-         {"SpacerView", "AutoLayoutImageView", "InformationView", "ActionButtonView",
-          "TooltipInformationView", "BoxedInformationListView", "WebView", "PageEntryView", "NoticeView"}) {
+    for (const auto* const file : {"SpacerView", "AutoLayoutImageView", "InformationView", "ActionButtonView",
+                                   "TooltipInformationView", "BoxedInformationListView", "WebView",
+                                   "PageEntryView", "NoticeView", "RouletteView", "ScratchLotteryView"}) {
       for (const auto* const item : drawnBy(file)) found.emplace_back(file, sceneRect(item));
     }
     std::stable_sort(found.begin(), found.end(), [](const auto& one, const auto& other) {
@@ -74,10 +74,19 @@ class LateBlocksTest : public BlocksTest {
     auto page = blocksPage();
     const std::string blank = R"("blank":[24,)";
     page.replace(page.find(blank), blank.size(), R"("blank":[2000,)");
+    const std::string order = R"("image"]}})";  // the end of the order
+    page.replace(page.find(order), order.size(), R"("image","roulette","scratch_lottery","action"]}},
+      "roulette":[{"progress":{"state":"idle"},"items_v2":[{"reward_type":"쿠폰","reward_text":"커피"},
+        {"reward_type":"","reward_text":"꽝"}],"primary_color":"#5B50E8","secondary_color":"#E5E3FF"}],
+      "scratch_lottery":[{"state":"idle","scratchable":true,"result":"커피","mot_url":"/no","done_url":"/no",
+        "primary_color":"#5B50E8","secondary_color":"#E5E3FF"}])");
+    const std::string buttons = R"("button_color":"#5B50E8"}],)";  // the end of the last one
+    page.replace(page.find(buttons), buttons.size(), R"("button_color":"#5B50E8"},{"button_text":"",
+      "status_message":"","button_enable":true,"button_url":"/no","button_color":"#5B50E8"}],)");
     service_->answers["/campaigns/c-1"] = {200, campaignReply(page)};
     QAccessible::setActive(false);
   }
-  ~LateBlocksTest() override { QAccessible::setActive(true); }
+  ~LateBlocksTest() override { QAccessible::setActive(wasActive_); }
 
   /// Opens the page in a new window, twice, so that its pictures are there from the beginning, and calls
   /// `act` after the first frame.
@@ -102,7 +111,10 @@ class LateBlocksTest : public BlocksTest {
   }
   double height() const { return page()->property("contentHeight").toDouble(); }
 
-  static constexpr std::size_t blockCount = 12;
+  static constexpr std::size_t blockCount = 15;
+
+ private:
+  const bool wasActive_ = QAccessible::isActive();
 };
 
 TEST_F(LateBlocksTest, TheHeightIsRightFromTheFirstFrame) {
@@ -114,7 +126,7 @@ TEST_F(LateBlocksTest, TheHeightIsRightFromTheFirstFrame) {
       firstHeight = height();
       firstCount = places().size();
     });
-    EXPECT_LT(firstCount, 5U) << "a space, and pictures and the web view, which are created at once";
+    EXPECT_EQ(firstCount, 5U) << "a space, two pictures, the web view and the wheel are created at once";
     ASSERT_TRUE(waitFor([&] { return places().size() == blockCount; }));
     settle();
     EXPECT_DOUBLE_EQ(height(), firstHeight);
@@ -128,17 +140,18 @@ TEST_F(LateBlocksTest, APageThatIsOpenedAgainHasItsPicturesInItsFirstFrame) {
     firstCount = drawnBy("KitImage").size();
   });
   settle();
-  EXPECT_EQ(firstCount, 5U) << "two pictures, two in boxes and an icon";
+  EXPECT_EQ(firstCount, 3U) << "two in boxes and an icon";
   EXPECT_EQ(drawnBy("KitImage").size(), firstCount);
 }
 
 TEST_F(LateBlocksTest, AJumpToTheEndShowsNoHole) {
   std::size_t count = 0;
   openTwice({390, 568}, 1.0, [&] {
+    EXPECT_TRUE(drawnBy("ScratchLotteryView").empty() && drawnBy("ActionButtonView").empty());
     page()->setProperty("contentY", height() - 568);
-    count = drawnBy("NoticeView").size() + drawnBy("ActionButtonView").size();
+    count = drawnBy("ScratchLotteryView").size() + drawnBy("ActionButtonView").size();
   });
-  EXPECT_EQ(count, 2U) << "the notice and the last button";
+  EXPECT_EQ(count, 2U) << "the card and the last button";
 }
 
 TEST_F(LateBlocksTest, TheKeyboardFindsEveryBlock) {

@@ -122,17 +122,44 @@ TEST_F(GamesTest, AWheelBelowTheFoldSpinsAndIsPaintedWhenItComesIntoSight) {
   service_->answers["/done"] = {200, farDown(wheelPage(R"({"state":"done","result_index":2})"))};
   openPage(farDown(wheelPage(R"({"state":"running","result_index":2,"done_url":"/done"})")));
   ASSERT_TRUE(waitFor([&] { return !drawnBy("RouletteView").empty(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return service_->timesAsked("/done") == 1; }, 8000));
+  settle();
   std::vector<std::unique_ptr<QSignalSpy>> paints;
   for (auto* const part : drawnBy("RouletteView").front()->findChildren<QQuickPaintedItem*>()) {
     paints.push_back(std::make_unique<QSignalSpy>(part, SIGNAL(painted())));
   }
   ASSERT_EQ(paints.size(), 2U) << "the wheel and what stands still above it";
-  const auto above = grab("roulette-below-the-fold");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return service_->timesAsked("/done") == 1; }, 8000));
-  for (const auto& spy : paints) EXPECT_EQ(spy->count(), 0);
+  const auto countPaints = [&](int count) {
+    return std::all_of(paints.begin(), paints.end(), [&](const auto& spy) { return spy->count() == count; });
+  };
+  window_->grabWindow();
+  EXPECT_TRUE(countPaints(0));
+  press(Qt::Key_End);
+  EXPECT_TRUE(waitFor([&] { return countPaints(1); }));
+  const auto shown = grab("roulette-scrolled-to");
+  press(Qt::Key_Home);
   settle();
   press(Qt::Key_End);
-  EXPECT_GT(differing(above, grab("roulette-scrolled-to")), 10'000);
+  EXPECT_EQ(differing(shown, grab("roulette-scrolled-to-again")), 0);
+  EXPECT_TRUE(countPaints(2)) << "it gives its pixels back far out of sight";
+}
+
+TEST_F(GamesTest, AScratchedCardLooksTheSameWhenItComesBackIntoSight) {
+  auto page = cardPage("idle");
+  const std::string order = R"("component_order":["scratch_lottery"]}},"blank":[24])";
+  page.replace(
+      page.find(order), order.size(),
+      R"("component_order":["scratch_lottery","notice"]}},"blank":[24,3000],"notice":[{"items":["끝"]}])");
+  open({390, 844});
+  openCard(page);
+  const auto whole = grab("scratch-before-scrolling");
+  drag(stroke({{40, 40}, {120, 40}}), false);
+  const auto scratched = grab("scratch-scrolled-from");
+  ASSERT_GT(differing(whole, scratched), 500);
+  press(Qt::Key_End);
+  settle();
+  press(Qt::Key_Home);
+  EXPECT_EQ(differing(scratched, grab("scratch-scrolled-back-to")), 0);
 }
 
 TEST_F(GamesTest, ACardIsScratchedByStrokesThatDriftAndTheServiceIsToldOnce) {

@@ -114,8 +114,8 @@ TEST_F(GeometryTest, CampaignPages) {
   openPage(richAttendancePage(), "출석체크 하기");
   const auto* const day = text("17일, 출석");
   const auto* const today = text("18일, 오늘");
-  auto* const number17 = day->childItems().at(2);
-  auto* const belowToday = today->childItems().at(3)->childItems().at(0);
+  auto* const number17 = day->childItems().at(1);
+  auto* const belowToday = today->childItems().at(0)->childItems().at(0)->childItems().back();
   const auto* const bonus = text("20일, 보너스");
   const double bonusIconHeight = imageIn(bonus)->height();
   expectSizes({

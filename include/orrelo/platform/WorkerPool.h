@@ -22,8 +22,8 @@ class ORRELO_EXPORT WorkerPool {
   virtual void post(QualityOfService qos, Task task) = 0;
   virtual void postAfter(QualityOfService qos, std::chrono::microseconds delay, Task task) = 0;
   /// Posts a task that decodes an image, which takes milliseconds of processor time; at most two are posted
-  /// at a time. The kit's own pool runs them on threads that give way to all others of the process. By
-  /// default they are tasks of the highest priority.
+  /// at a time. On Linux the kit's own pool runs them on two threads that give way to the others of the
+  /// process. By default they are tasks of the highest priority.
   virtual void postDecoding(Task task) { post(QualityOfService::userInteractive, std::move(task)); }
 };
 

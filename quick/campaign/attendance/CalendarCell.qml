@@ -13,21 +13,39 @@ Item {
     Accessible.name: modelData.accessibilityLabel
     Accessible.ignored: modelData.accessibilityLabel.length === 0
 
-    Rectangle {
-        anchors { fill: parent; margins: 1.5 }
-        radius: Theme.cornerRadius
-        color: cell.modelData.backgroundColor
-        border { width: cell.modelData.borderWidth; color: cell.modelData.borderColor }
-    }
+    // Most cells have none of this.
     Loader {
-        anchors { horizontalCenter: parent.horizontalCenter; verticalCenter: parent.verticalCenter }
-        anchors.verticalCenterOffset: cell.hasBottom ? -cell.bottomSize * 0.45 : 0
-        active: cell.modelData.icon !== null
+        active: !cell.modelData.isPlain
 
-        sourceComponent: KitImage {
-            width: cell.height / 1.5
-            height: width
-            model: cell.modelData.icon
+        sourceComponent: Item {
+            width: cell.width
+            height: cell.height
+
+            Rectangle {
+                anchors { fill: parent; margins: 1.5 }
+                radius: Theme.cornerRadius
+                color: cell.modelData.backgroundColor
+                border { width: cell.modelData.borderWidth; color: cell.modelData.borderColor }
+            }
+            Loader {
+                anchors { horizontalCenter: parent.horizontalCenter; verticalCenter: parent.verticalCenter }
+                anchors.verticalCenterOffset: cell.hasBottom ? -cell.bottomSize * 0.45 : 0
+                active: cell.modelData.icon !== null
+
+                sourceComponent: KitImage {
+                    width: cell.height / 1.5
+                    height: width
+                    model: cell.modelData.icon
+                }
+            }
+            Text {
+                anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: cell.height * 0.08 }
+                visible: cell.hasBottom
+                font { family: Theme.fontFamily; pixelSize: cell.bottomSize }
+                color: cell.modelData.bottomColor
+                text: cell.modelData.bottomText
+                Accessible.ignored: true
+            }
         }
     }
     Text {
@@ -38,16 +56,5 @@ Item {
         color: cell.modelData.dayColor
         text: cell.modelData.day
         Accessible.ignored: true
-    }
-    Loader {
-        anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom; bottomMargin: cell.height * 0.08 }
-        active: cell.hasBottom
-
-        sourceComponent: Text {
-            font { family: Theme.fontFamily; pixelSize: cell.bottomSize }
-            color: cell.modelData.bottomColor
-            text: cell.modelData.bottomText
-            Accessible.ignored: true
-        }
     }
 }

@@ -21,6 +21,8 @@ class CalendarCellBridge final : public QObject {
   Q_PROPERTY(double borderWidth READ borderWidth NOTIFY stateChanged)
   Q_PROPERTY(QColor borderColor READ borderColor NOTIFY stateChanged)
   Q_PROPERTY(bool hasIcon READ hasIcon NOTIFY stateChanged)
+  /// True if there is nothing but the day: no background, border, icon or second text.
+  Q_PROPERTY(bool isPlain READ isPlain NOTIFY stateChanged)
   /// Null if the service provides no icon.
   Q_PROPERTY(orrelo::quick::ImageBridge* icon READ icon NOTIFY stateChanged)
   Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY stateChanged)
@@ -36,6 +38,10 @@ class CalendarCellBridge final : public QObject {
   double borderWidth() const { return cell_.borderWidth; }
   QColor borderColor() const { return toQt(cell_.borderColor); }
   bool hasIcon() const { return cell_.hasIcon; }
+  bool isPlain() const {
+    return cell_.backgroundColor.alpha <= 0.0 && cell_.borderWidth <= 0.0 && icon_ == nullptr &&
+           cell_.bottomText.empty();
+  }
   ImageBridge* icon() const { return icon_; }
   QString accessibilityLabel() const { return toQt(cell_.accessibilityLabel); }
 

@@ -37,9 +37,11 @@ class ActionButtonBridge final : public orrelo::quick::ViewBridge {
   Q_INVOKABLE void onClick() { action_.onClick(); }
 
  protected:
+  // The layout of ActionButtonView.qml. A button without a text has the height of one line.
   double measuredHeight(double width, const TextMeasure& measure) const override {
     const double inner = width - 2 * 16.0;
-    const double label = measure.height(text, inner - 2 * 16.0, {.size = 16.0, .isBold = true});
+    const double label = measure.height(text.isEmpty() ? QStringLiteral(" ") : text, inner - 2 * 16.0,
+                                        {.size = 16.0, .isBold = true});
     return std::max(56.0, label + 24.0) + 10.0 + measure.height(statusMessage, inner, {.size = 12.0});
   }
 

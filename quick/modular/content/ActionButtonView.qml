@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A button that participates in the campaign, above a line that shows the user's status.
+// ActionButtonBridge.h repeats what determines the height.
 Column {
     id: view
 

@@ -25,6 +25,7 @@ class BoxedInformationListBridge final : public orrelo::quick::ViewBridge {
   const QVariantList boxes;
 
  protected:
+  // The layout of BoxedInformationListView.qml.
   double measuredHeight(double width, const TextMeasure& measure) const override {
     constexpr double spacing = 8.0;
     const double inner = width - 2 * blockMargin;

@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A list of boxes below a title.
+// BoxedInformationListBridge.h repeats what determines the height.
 Column {
     id: view
 

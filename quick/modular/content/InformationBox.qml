@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A text with an image on the left and another text on the right, or below if both do not fit in a row.
+// InformationBoxBridge.cpp repeats what determines the height.
 Rectangle {
     id: box
 

@@ -36,10 +36,15 @@ class PageEntryBridge final : public orrelo::quick::ViewBridge {
   Q_INVOKABLE void didAction() { entry_.didAction(); }
 
  protected:
+  // The layout of PageEntryView.qml.
   double measuredHeight(double width, const TextMeasure& measure) const override {
+    constexpr double margin = 20.0;
+    constexpr double iconSide = 32.0;
+    constexpr double arrowSide = 16.0;
+    constexpr double spacing = 10.0;
     const double panel = width - 2 * 24.0;
-    const double iconAndGap = icon->hasContent() ? 32.0 + 10.0 : 0.0;
-    const double lines = panel - 20.0 - iconAndGap - 10.0 - 16.0 - 20.0;
+    const double left = margin + (icon->hasContent() ? iconSide + spacing : 0.0);
+    const double lines = panel - left - spacing - arrowSide - margin;
     const double titleHeight = measure.height(title, lines, {.size = 16.0, .isBold = true});
     const double labelHeight = measure.height(label, lines, {.size = 12.0});
     const double gap = titleHeight > 0.0 && labelHeight > 0.0 ? 4.0 : 0.0;

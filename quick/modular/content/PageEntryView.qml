@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A button that opens another page: an icon, two lines of text and an arrow on a rounded background.
+// PageEntryBridge.h repeats what determines the height.
 PressArea {
     id: view
 

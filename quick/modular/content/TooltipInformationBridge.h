@@ -40,6 +40,7 @@ class TooltipInformationBridge final : public orrelo::quick::ViewBridge {
   Q_INVOKABLE void tooltipTitleTapped() { information_.tooltipTitleTapped(); }
 
  protected:
+  // The layout of TooltipInformationView.qml.
   double measuredHeight(double width, const TextMeasure& measure) const override {
     const double inner = width - 2 * blockMargin;
     return titleRowsHeight(firstTitle, secondTitle, inner, measure) +

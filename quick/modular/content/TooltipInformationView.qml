@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// Two title rows and a line whose tooltip overlaps the blocks below.
+// TooltipInformationBridge.h repeats what determines the height.
 Item {
     id: view
 

@@ -46,9 +46,6 @@ class RouletteBridge final : public orrelo::quick::ViewBridge {
   Q_INVOKABLE void wheelDidAppear() { roulette_.wheelDidAppear(); }
   Q_INVOKABLE void animationDidStop() { roulette_.animationDidStop(true); }
 
- protected:
-  double measuredHeight(double /*width*/, const TextMeasure& /*measure*/) const override { return side; }
-
  private:
   RouletteView& roulette_;
 };

@@ -31,7 +31,7 @@ class RoulettePart : public orrelo::quick::PaintedItem {
   void fontFamilyChanged();
   /// Emitted with the item's first frame, whether it is in sight or not.
   void appeared();
-  /// Emitted after each painting.
+  /// Emitted after each painting, for measurements.
   void painted();
 
  protected:

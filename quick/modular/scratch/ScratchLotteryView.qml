@@ -2,6 +2,7 @@ import QtQuick
 import Orrelo.Kit
 
 /// A scratch card: a result below a mask that the user scratches off.
+// ScratchLotteryBridge.h repeats what determines the height.
 FocusScope {
     id: card
 

@@ -2,8 +2,6 @@
 
 #include <QImageReader>
 #include <QPainter>
-#include <QPixmap>
-#include <QPixmapCache>
 #include <algorithm>
 #include <cstdint>
 
@@ -21,15 +19,11 @@ QImage readMaskPicture(QSize size) {
   return picture.scaled(size).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-// Shared by all cards of one size, and kept by Qt for the page that follows.
-QImage maskPicture(QSize size) {
-  const auto key = QStringLiteral("orrelo/scratch_mask/%1x%2").arg(size.width()).arg(size.height());
-  QPixmap picture;
-  if (!QPixmapCache::find(key, &picture)) {
-    picture = QPixmap::fromImage(readMaskPicture(size));
-    QPixmapCache::insert(key, picture);
-  }
-  return picture.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+// Shared by all cards of one size, and kept for the page that follows: at most 1 MB on a phone.
+const QImage& maskPicture(QSize size) {
+  static auto* const picture = new QImage;
+  if (picture->size() != size) *picture = readMaskPicture(size);
+  return *picture;
 }
 
 bool isIntact(const AlphaMask& mask) {
@@ -62,7 +56,7 @@ void ScratchMaskItem::takeTouched() {
   if (!lottery_ || width() <= 0 || height() <= 0) return;
   lottery_->mask().setSize({width(), height()});
   const auto* const mask = lottery_->mask().mask();
-  if (mask == nullptr || !isInSight()) return;
+  if (mask == nullptr || !isDrawn()) return;
   const QSize size(mask->width(), mask->height());
   auto touched = lottery_->mask().takeTouched();
   if (picture_.size() != size) {

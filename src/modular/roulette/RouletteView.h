@@ -24,8 +24,8 @@ class RouletteViewDelegate {
   virtual void spinDidEnd(const std::string& actionUrl) = 0;
 };
 
-/// A wheel of fortune that stops at a given sector. A front paints `drawing` once, calls `wheelDidAppear` and
-/// then rotates the wheel as the state says.
+/// A wheel of fortune that stops at a given sector. A front calls `wheelDidAppear` with the wheel's
+/// first frame, paints `drawing` while it is in sight, and rotates the wheel as the state says.
 class ORRELO_EXPORT RouletteView final : public View {
  public:
   struct State {
@@ -69,7 +69,7 @@ class ORRELO_EXPORT RouletteView final : public View {
   std::string accessibilityLabel() const;
 
   // Called by the front.
-  /// The wheel was painted for the first time. Later calls have no effect.
+  /// The wheel is part of a frame for the first time, in sight or not. Later calls have no effect.
   void wheelDidAppear();
   /// The wheel cannot be painted, so it will not spin. Qt's painter never reports this.
   void wheelDidFail(const Error& error);

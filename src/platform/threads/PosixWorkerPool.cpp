@@ -31,7 +31,7 @@ struct Group {
 
 constexpr Group workerGroup{.name = "orrelo-worker", .maximumCount = 4, .nice = 5};
 // Two threads that decode give way to the main thread, which builds the screen that shows the images.
-constexpr Group decoderGroup{.name = "orrelo-decoder", .maximumCount = 2, .nice = 19};
+constexpr Group decoderGroup{.name = "orrelo-decoder", .maximumCount = 2, .nice = 15};
 
 // Called by each thread, whose work must not delay the host's threads. SCHED_BATCH keeps a worker that
 // `sendEvent` wakes from preempting the caller before the call returns.
@@ -165,6 +165,14 @@ struct PosixWorkerPool::Threads : std::enable_shared_from_this<PosixWorkerPool::
     if (!worker.isAwake) std::erase(sleeping, &worker);
   }
 
+  /// Starts a thread if there is none yet. Returns false if that fails.
+  bool hasThread() {
+    const std::lock_guard lock(mutex);
+    if (started == 0) acquireWorker();
+    startFailure.clear();
+    return started > 0;
+  }
+
   void post(QualityOfService qos, Task task) {
     if (isExiting()) return;
     Worker* worker = nullptr;
@@ -219,7 +227,7 @@ PosixWorkerPool::PosixWorkerPool()
     : workers_(std::make_shared<Threads>(workerGroup)), decoders_(std::make_shared<Threads>(decoderGroup)) {}
 
 PosixWorkerPool::~PosixWorkerPool() {
-  for (const auto& threads : {workers_, decoders_}) threads->stop();
+  for (const auto& threads : {decoders_, workers_}) threads->stop();  // a decoder's task may post others
 }
 
 void PosixWorkerPool::post(QualityOfService qos, Task task) {
@@ -227,7 +235,8 @@ void PosixWorkerPool::post(QualityOfService qos, Task task) {
 }
 
 void PosixWorkerPool::postDecoding(Task task) {
-  decoders_->post(QualityOfService::userInteractive, std::move(task));
+  const bool hasDecoder = !isExiting() && decoders_->hasThread();
+  (hasDecoder ? decoders_ : workers_)->post(QualityOfService::userInteractive, std::move(task));
 }
 
 void PosixWorkerPool::postAfter(QualityOfService qos, std::chrono::microseconds delay, Task task) {
