@@ -34,21 +34,21 @@ ImageConvertible::ImageConvertible(const Platform& platform)
 }
 
 void ImageConvertible::value(Data data, Completion completion) {
-  if (auto kept = kept_->images.value(data.get())) return completion(std::move(kept));
-  ImagePtr known;
-  {
+  auto image = kept(data);
+  if (!image) {
     const std::lock_guard lock(mutex_);
     auto& decoding = decodings_[data.get()];
-    known = decoding.image.lock();
-    if (!known) {
+    image = decoding.image.lock();
+    if (!image) {
       decoding.waiting.push_back(std::move(completion));
       if (decoding.waiting.size() > 1) return;
       waiting_.push_back(std::move(data));
+    } else {
+      keep(image);
     }
   }
-  if (!known) return startNext();
-  keep(known);
-  completion(std::move(known));
+  if (!image) return startNext();
+  completion(std::move(image));
 }
 
 void ImageConvertible::keep(const ImagePtr& image) {

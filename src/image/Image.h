@@ -46,6 +46,8 @@ class ImageConvertible final : public DataConvertible<ImagePtr>,
 
   explicit ImageConvertible(const Platform& platform);
 
+  /// The image of the data if it is one of those that were used last; null otherwise.
+  ImagePtr kept(const Data& data) { return kept_->images.value(data.get()); }
   /// Completes at once if the image of the data is alive, otherwise on a worker.
   void value(Data data, Completion completion) override;
   /// The file from which the image was decoded, or a new PNG file.

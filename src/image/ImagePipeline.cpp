@@ -55,6 +55,12 @@ std::optional<DownloadTask<ImagePtr>> ImagePipeline::image(const Url& url,
                                                            Completion completion) {
   const WrappedKey key(imageTransformer ? url.text() + imageTransformer->identifier() : url.text());
   const MainCompletion complete(mainLoop_, std::move(completion));
+  if (const auto file = cache_->memoryCache().value(key)) {
+    if (auto kept = convertible_->kept(file)) {
+      complete(std::move(kept));
+      return std::nullopt;
+    }
+  }
   const auto isCached = cache_->isCached(key);
   if (std::holds_alternative<bool>(isCached) && std::get<bool>(isCached)) {
     // A failed read completes with its error. It deliberately does not fall back to a download.
