@@ -21,18 +21,6 @@
 namespace orrelo {
 namespace {
 
-/// What the threads of a group have in common. A thread keeps its nice value: an unprivileged process may
-/// only raise it, which is why decoding has threads of its own.
-struct Group {
-  const char* name;
-  std::size_t maximumCount;
-  int nice;
-};
-
-constexpr Group workerGroup{.name = "orrelo-worker", .maximumCount = 4, .nice = 5};
-// Two threads that decode give way to the main thread, which builds the screen that shows the images.
-constexpr Group decoderGroup{.name = "orrelo-decoder", .maximumCount = 2, .nice = 15};
-
 // Called by each thread, whose work must not delay the host's threads. SCHED_BATCH keeps a worker that
 // `sendEvent` wakes from preempting the caller before the call returns.
 void lowerPriority([[maybe_unused]] int nice) {
@@ -58,13 +46,24 @@ struct PosixWorkerPool::Threads : std::enable_shared_from_this<PosixWorkerPool::
     bool isAwake = true;
   };
 
+  /// What the threads of a group have in common. A thread keeps its nice value: an unprivileged process may
+  /// only raise it, which is why decoding has threads of its own.
+  struct Group {
+    const char* name;
+    std::size_t maximumCount;
+    int nice;
+  };
+  static constexpr Group workers{.name = "orrelo-worker", .maximumCount = 4, .nice = 5};
+  // Two threads that decode give way to the main thread, which builds the screen that shows the images.
+  static constexpr Group decoders{.name = "orrelo-decoder", .maximumCount = 2, .nice = 15};
+
   explicit Threads(const Group& kind) : group(kind) {}
 
   const Group group;
   std::mutex mutex;
   std::array<std::deque<Task>, 5> ready;  // one for each QualityOfService
   DelayedTasks<Delayed> delayed;
-  std::array<Worker, 4> workers;  // of which the group uses its maximum count
+  std::array<Worker, 4> threads;  // of which the group uses its maximum count
   std::size_t started = 0;
   std::vector<Worker*> sleeping;
   /// The sleeping worker that wakes up when the first delayed task is due.
@@ -101,7 +100,7 @@ struct PosixWorkerPool::Threads : std::enable_shared_from_this<PosixWorkerPool::
     }
     if (started == group.maximumCount) return nullptr;
     try {
-      auto& worker = workers[started];
+      auto& worker = threads[started];
       worker.thread =
           startKitThread(group.name, [self = shared_from_this(), &worker] { self->work(worker); });
       ++started;
@@ -219,12 +218,13 @@ struct PosixWorkerPool::Threads : std::enable_shared_from_this<PosixWorkerPool::
       }
       sleeping.clear();
     }
-    for (auto& worker : workers) finish(worker.thread);
+    for (auto& worker : threads) finish(worker.thread);
   }
 };
 
 PosixWorkerPool::PosixWorkerPool()
-    : workers_(std::make_shared<Threads>(workerGroup)), decoders_(std::make_shared<Threads>(decoderGroup)) {}
+    : workers_(std::make_shared<Threads>(Threads::workers)),
+      decoders_(std::make_shared<Threads>(Threads::decoders)) {}
 
 PosixWorkerPool::~PosixWorkerPool() {
   for (const auto& threads : {decoders_, workers_}) threads->stop();  // a decoder's task may post others
